@@ -1,0 +1,32 @@
+# Language level, visibility and warnings of everything built here.
+
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    find_program(KELUTV_CCACHE ccache)
+    if(KELUTV_CCACHE)
+        set(CMAKE_C_COMPILER_LAUNCHER "${KELUTV_CCACHE}")
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${KELUTV_CCACHE}")
+    endif()
+endif()
+
+set(CMAKE_C_STANDARD 11)
+set(CMAKE_C_STANDARD_REQUIRED ON)
+set(CMAKE_C_EXTENSIONS OFF)
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_C_VISIBILITY_PRESET hidden)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+add_library(kelutv_warnings INTERFACE)
+target_compile_options(
+    kelutv_warnings
+    INTERFACE -Wall
+              -Wextra
+              -Wpedantic
+              -Wshadow
+              -Wconversion
+              -Wno-sign-conversion
+              -Werror)

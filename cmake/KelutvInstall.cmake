@@ -1,0 +1,57 @@
+# What is installed, in the components runtime, development and tools.
+
+include(CMakePackageConfigHelpers)
+
+set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/kelutvbaseclient")
+if(KELUTV_STAND_INS)
+    set(stand_ins log kqdroid keluemclient kqcommon)
+    # The stand-ins stand beside the library wherever it is installed.
+    set_target_properties(kelutvbaseclient ${stand_ins} PROPERTIES INSTALL_RPATH "$ORIGIN")
+    install(TARGETS ${stand_ins} LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
+    install(
+        DIRECTORY "${PROJECT_SOURCE_DIR}/platform/include/"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/kelutv-platform"
+        COMPONENT development)
+endif()
+
+set_target_properties(kelutv_headers PROPERTIES EXPORT_NAME headers)
+set_target_properties(kelutvbaseclient PROPERTIES EXPORT_NAME client)
+install(
+    TARGETS kelutv_headers kelutvbaseclient
+    EXPORT kelutvbaseclientTargets
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
+install(
+    DIRECTORY "${PROJECT_SOURCE_DIR}/include/kelutv"
+    TYPE INCLUDE
+    COMPONENT development
+    FILES_MATCHING
+    PATTERN "*.h")
+
+install(
+    EXPORT kelutvbaseclientTargets
+    NAMESPACE kelutv::
+    DESTINATION "${package_dir}"
+    COMPONENT development)
+configure_package_config_file(
+    "${CMAKE_CURRENT_LIST_DIR}/kelutvbaseclientConfig.cmake.in" "${PROJECT_BINARY_DIR}/kelutvbaseclientConfig.cmake"
+    INSTALL_DESTINATION "${package_dir}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/kelutvbaseclientConfigVersion.cmake"
+                                 COMPATIBILITY SameMajorVersion)
+install(
+    FILES "${PROJECT_BINARY_DIR}/kelutvbaseclientConfig.cmake"
+          "${PROJECT_BINARY_DIR}/kelutvbaseclientConfigVersion.cmake"
+    DESTINATION "${package_dir}"
+    COMPONENT development)
+
+file(RELATIVE_PATH pc_prefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" pc_prefix "${pc_prefix}")
+configure_file("${CMAKE_CURRENT_LIST_DIR}/kelutvbaseclient.pc.in" "${PROJECT_BINARY_DIR}/kelutvbaseclient.pc" @ONLY)
+install(
+    FILES "${PROJECT_BINARY_DIR}/kelutvbaseclient.pc"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+    COMPONENT development)
+
+if(TARGET kelutv-simulator)
+    install(TARGETS kelutv-simulator RUNTIME COMPONENT tools)
+    set_target_properties(kelutv-simulator PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+endif()

@@ -1,0 +1,74 @@
+# kelutv_add_test(<name>
+#                 SOURCES <file>...
+#                 [LIBRARIES <target>...]      linked besides GoogleTest and the test support
+#                 [ENVIRONMENT <NAME=value>...]
+#                 [LINKS up|absent|dead...]    one test <name>.<link> each, KELUTV_TEST_LINK set
+#                 [TIMEOUT <seconds>]          120 unless given
+#                 [NO_EMULATOR <reason>])      cannot run under user-mode emulation
+#
+# Builds one GoogleTest program and registers it with ctest.
+
+include_guard(GLOBAL)
+
+if(CMAKE_CROSSCOMPILING)
+    set(KELUTV_GOOGLETEST_SOURCE_DIR "/usr/src/googletest" CACHE PATH "GoogleTest sources for cross builds")
+    set(INSTALL_GTEST OFF)
+    add_subdirectory("${KELUTV_GOOGLETEST_SOURCE_DIR}" "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+else()
+    find_package(GTest REQUIRED)
+endif()
+
+# Programs that a test starts itself need the emulator too.
+set(KELUTV_TEST_ENVIRONMENT "")
+if(CMAKE_CROSSCOMPILING_EMULATOR)
+    list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " KELUTV_EMULATOR)
+    set(KELUTV_TEST_ENVIRONMENT "KELUTV_EMULATOR=${KELUTV_EMULATOR}")
+endif()
+
+# kelutv_configure_test(<test> [ENVIRONMENT ...] [TIMEOUT ...] [NO_EMULATOR ...])
+#
+# Gives any registered test the properties kelutv_add_test() gives its own.
+function(kelutv_configure_test test)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;NO_EMULATOR" "ENVIRONMENT")
+    if(ARG_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "kelutv_configure_test(${test}): unexpected ${ARG_UNPARSED_ARGUMENTS}")
+    endif()
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
+    set_property(TEST ${test} PROPERTY TIMEOUT ${ARG_TIMEOUT})
+    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT ${KELUTV_TEST_ENVIRONMENT} ${ARG_ENVIRONMENT})
+    if(ARG_NO_EMULATOR)
+        set_property(TEST ${test} APPEND PROPERTY LABELS no-emulator)
+        set_property(GLOBAL APPEND_STRING PROPERTY KELUTV_NO_EMULATOR_LIST "${test}: ${ARG_NO_EMULATOR}\n")
+    endif()
+endfunction()
+
+function(kelutv_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;NO_EMULATOR" "SOURCES;LIBRARIES;ENVIRONMENT;LINKS")
+    if(ARG_UNPARSED_ARGUMENTS OR NOT ARG_SOURCES)
+        message(FATAL_ERROR "kelutv_add_test(${name}): needs SOURCES; unexpected: ${ARG_UNPARSED_ARGUMENTS}")
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(
+        ${name} PRIVATE ${ARG_LIBRARIES} $<TARGET_NAME_IF_EXISTS:kelutv_test_support> GTest::gtest GTest::gtest_main
+                        kelutv_warnings)
+
+    if(NOT ARG_LINKS)
+        add_test(NAME ${name} COMMAND ${name})
+        kelutv_configure_test(
+            ${name} TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}" ENVIRONMENT ${ARG_ENVIRONMENT})
+    endif()
+    foreach(link IN LISTS ARG_LINKS)
+        add_test(NAME ${name}.${link} COMMAND ${name})
+        kelutv_configure_test(
+            ${name}.${link} TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}"
+            ENVIRONMENT KELUTV_TEST_LINK=${link} ${ARG_ENVIRONMENT})
+    endforeach()
+endfunction()
+
+# Writes no-emulator.txt: the tests a run under an emulator leaves out, each with its reason.
+function(kelutv_write_no_emulator_list)
+    get_property(list GLOBAL PROPERTY KELUTV_NO_EMULATOR_LIST)
+    file(WRITE "${CMAKE_BINARY_DIR}/no-emulator.txt" "${list}")
+endfunction()
