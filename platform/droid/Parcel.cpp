@@ -1,0 +1,260 @@
+#include <binder/Parcel.h>
+
+#include "Utf.h"
+
+#include <android/log.h>
+#include <binder/IPCThreadState.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+namespace android {
+
+namespace {
+
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "words travel in little-endian order");
+
+constexpr size_t kLargest = INT32_MAX;
+constexpr int32_t kStrictModePenaltyGather = 0x40 << 16;
+
+constexpr size_t padded(size_t length) { return (length + 3) & ~size_t{3}; }
+
+} // namespace
+
+// The storage is left as it is: only what was written is ever read.
+Parcel::Parcel() noexcept {}
+
+Parcel::~Parcel() { freeData(); }
+
+void Parcel::useInlineStorage() {
+    mData = mInline;
+    mCapacity = kInlineCapacity;
+    mBorrowed = false;
+}
+
+void Parcel::freeData() {
+    if (mData != mInline && !mBorrowed) {
+        ::operator delete(mData);
+    }
+    useInlineStorage();
+    mSize = 0;
+    mPosition = 0;
+}
+
+void Parcel::setDataPosition(size_t position) const { mPosition = std::min(position, mSize); }
+
+bool Parcel::reserve(size_t capacity) {
+    if (capacity <= mCapacity) {
+        return true;
+    }
+    const size_t larger = std::max(capacity, mCapacity + mCapacity / 2);
+    auto* const moved = static_cast<uint8_t*>(::operator new(larger, std::nothrow));
+    if (moved == nullptr) {
+        return false;
+    }
+    std::memcpy(moved, mData, mSize);
+    if (mData != mInline && !mBorrowed) {
+        ::operator delete(mData);
+    }
+    mData = moved;
+    mCapacity = larger;
+    mBorrowed = false;
+    return true;
+}
+
+/** Room for `length` more bytes at the position, their padding zeroed; null when there is none to be had. */
+uint8_t* Parcel::grow(size_t length) {
+    if (length > kLargest || mPosition + padded(length) > kLargest || !reserve(mPosition + padded(length))) {
+        return nullptr;
+    }
+    uint8_t* const place = mData + mPosition;
+    if (const size_t padding = padded(length) - length; padding != 0) {
+        std::memset(place + length, 0, padding);
+    }
+    mPosition += padded(length);
+    mSize = std::max(mSize, mPosition);
+    return place;
+}
+
+status_t Parcel::setData(const uint8_t* buffer, size_t length) {
+    if (length > kLargest) {
+        return BAD_VALUE;
+    }
+    freeData();
+    if (!reserve(length)) {
+        return NO_MEMORY;
+    }
+    if (length > 0) {
+        std::memcpy(mData, buffer, length);
+    }
+    mSize = length;
+    return NO_ERROR;
+}
+
+status_t Parcel::appendFrom(const Parcel* parcel, size_t start, size_t length) {
+    if (start > parcel->mSize || length > parcel->mSize - start) {
+        return BAD_VALUE;
+    }
+    return write(parcel->mData + start, length);
+}
+
+status_t Parcel::writeInterfaceToken(const String16& interface) {
+    const status_t status = writeInt32(IPCThreadState::self()->getStrictModePolicy() | kStrictModePenaltyGather);
+    return status != NO_ERROR ? status : writeString16(interface);
+}
+
+bool Parcel::enforceInterface(const String16& interface, IPCThreadState*) const {
+    int32_t strictMode = 0;
+    size_t length = 0;
+    const bool complete = readInt32(&strictMode) == NO_ERROR;
+    const char16_t* const text = complete ? readString16Inplace(&length) : nullptr;
+    if (text != nullptr && length == interface.size() && std::equal(text, text + length, interface.string())) {
+        return true;
+    }
+    __android_log_print(ANDROID_LOG_WARN, "Parcel", "request names the interface \"%s\" and not \"%s\"",
+                        text == nullptr ? "" : utf16ToUtf8(text, length).c_str(),
+                        utf16ToUtf8(interface.string(), interface.size()).c_str());
+    return false;
+}
+
+status_t Parcel::write(const void* bytes, size_t length) {
+    if (length > kLargest) {
+        return BAD_VALUE;
+    }
+    uint8_t* const place = grow(length);
+    if (place == nullptr) {
+        return NO_MEMORY;
+    }
+    if (length > 0) {
+        std::memcpy(place, bytes, length);
+    }
+    return NO_ERROR;
+}
+
+template <typename T> status_t Parcel::writeScalar(T value) {
+    uint8_t* const place = grow(sizeof(value));
+    if (place == nullptr) {
+        return NO_MEMORY;
+    }
+    std::memcpy(place, &value, sizeof(value));
+    return NO_ERROR;
+}
+
+status_t Parcel::writeInt32(int32_t value) { return writeScalar(value); }
+status_t Parcel::writeInt64(int64_t value) { return writeScalar(value); }
+status_t Parcel::writeDouble(double value) { return writeScalar(value); }
+
+status_t Parcel::writeCString(const char* text) {
+    const char* const written = text == nullptr ? "" : text;
+    return write(written, std::strlen(written) + 1);
+}
+
+status_t Parcel::writeString16(const String16& text) { return writeString16(text.string(), text.size()); }
+
+status_t Parcel::writeString16(const char16_t* text, size_t length) {
+    if (text == nullptr) {
+        return writeInt32(-1);
+    }
+    if (length >= kLargest / sizeof(char16_t)) {
+        return BAD_VALUE;
+    }
+    const status_t status = writeInt32(static_cast<int32_t>(length));
+    if (status != NO_ERROR) {
+        return status;
+    }
+    const size_t bytes = length * sizeof(char16_t);
+    uint8_t* const place = grow(bytes + sizeof(char16_t));
+    if (place == nullptr) {
+        return NO_MEMORY;
+    }
+    std::memcpy(place, text, bytes);
+    std::memset(place + bytes, 0, sizeof(char16_t));
+    return NO_ERROR;
+}
+
+const void* Parcel::readInplace(size_t length) const {
+    if (length > dataAvail() || padded(length) > dataAvail()) {
+        return nullptr;
+    }
+    const uint8_t* const place = mData + mPosition;
+    mPosition += padded(length);
+    return place;
+}
+
+status_t Parcel::read(void* bytes, size_t length) const {
+    const void* const place = readInplace(length);
+    if (place == nullptr) {
+        return NOT_ENOUGH_DATA;
+    }
+    if (length > 0) {
+        std::memcpy(bytes, place, length);
+    }
+    return NO_ERROR;
+}
+
+template <typename T> status_t Parcel::readScalar(T* value) const { return read(value, sizeof(*value)); }
+
+status_t Parcel::readInt32(int32_t* value) const { return readScalar(value); }
+status_t Parcel::readInt64(int64_t* value) const { return readScalar(value); }
+status_t Parcel::readDouble(double* value) const { return readScalar(value); }
+
+int32_t Parcel::readInt32() const {
+    int32_t value = 0;
+    readScalar(&value);
+    return value;
+}
+int64_t Parcel::readInt64() const {
+    int64_t value = 0;
+    readScalar(&value);
+    return value;
+}
+double Parcel::readDouble() const {
+    double value = 0;
+    readScalar(&value);
+    return value;
+}
+
+const char* Parcel::readCString() const {
+    const uint8_t* const start = mData + mPosition;
+    const auto* const end =
+        dataAvail() == 0 ? nullptr : static_cast<const uint8_t*>(std::memchr(start, 0, dataAvail()));
+    if (end == nullptr) {
+        return nullptr;
+    }
+    setDataPosition(mPosition + padded(static_cast<size_t>(end - start) + 1));
+    return reinterpret_cast<const char*>(start);
+}
+
+const char16_t* Parcel::readString16Inplace(size_t* length) const {
+    const size_t start = mPosition;
+    int32_t units = -1;
+    *length = 0;
+    if (readInt32(&units) == NO_ERROR && units >= 0 && static_cast<size_t>(units) < dataAvail()) {
+        const size_t count = static_cast<size_t>(units);
+        if (const void* const text = readInplace((count + 1) * sizeof(char16_t)); text != nullptr) {
+            *length = count;
+            return static_cast<const char16_t*>(text);
+        }
+    }
+    mPosition = start;
+    return nullptr;
+}
+
+status_t Parcel::readString16(String16* text) const {
+    size_t length = 0;
+    const char16_t* const units = readString16Inplace(&length);
+    if (units == nullptr) {
+        return UNEXPECTED_NULL;
+    }
+    *text = String16(units, length);
+    return NO_ERROR;
+}
+
+String16 Parcel::readString16() const {
+    String16 text;
+    readString16(&text);
+    return text;
+}
+
+} // namespace android

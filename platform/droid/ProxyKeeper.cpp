@@ -1,0 +1,71 @@
+#include "ProxyKeeper.h"
+
+#include "socket/ProcessLife.h"
+
+#include <binder/Binder.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <mutex>
+#include <set>
+
+namespace android {
+
+namespace {
+
+struct Proxies {
+    std::mutex mutex;
+    std::set<BpRefBase*> all;
+};
+
+/** Never destroyed: used by threads that outlive static objects. */
+Proxies& proxies() {
+    static Proxies* const instance = new Proxies;
+    return *instance;
+}
+
+void holdAll() {
+    if (kq::inForkedChild()) {
+        return;
+    }
+    const std::lock_guard<std::mutex> lock(proxies().mutex);
+    for (const BpRefBase* proxy : proxies().all) {
+        proxy->getWeakRefs()->attemptIncStrong(proxy);
+    }
+}
+
+void registerExitHandler() {
+    static const int registered = std::atexit(holdAll);
+    static_cast<void>(registered);
+}
+
+std::atomic<bool> gArmed{false};
+
+} // namespace
+
+void ProxyKeeper::add(BpRefBase* proxy) {
+    if (kq::inForkedChild()) {
+        return;
+    }
+    const std::lock_guard<std::mutex> lock(proxies().mutex);
+    proxies().all.insert(proxy);
+}
+
+void ProxyKeeper::remove(BpRefBase* proxy) {
+    if (kq::inForkedChild()) {
+        return;
+    }
+    const std::lock_guard<std::mutex> lock(proxies().mutex);
+    proxies().all.erase(proxy);
+}
+
+void ProxyKeeper::arm() {
+    // Exit handlers run last in, first out: the first call comes after the static object that holds the proxy was made,
+    // so the handler runs before that object is destroyed.
+    if (!gArmed.load(std::memory_order_relaxed)) {
+        registerExitHandler();
+        gArmed.store(true, std::memory_order_relaxed);
+    }
+}
+
+} // namespace android

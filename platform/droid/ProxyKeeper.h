@@ -1,0 +1,22 @@
+#pragma once
+
+namespace android {
+
+class BpRefBase;
+
+/**
+ * Keeps proxies from being destroyed once the process has begun to exit.
+ *
+ * Threads of the application may still be inside a call, or start one, while the static objects that hold the proxies
+ * are destroyed by the exiting thread.
+ */
+class ProxyKeeper {
+public:
+    static void add(BpRefBase* proxy);
+    static void remove(BpRefBase* proxy);
+
+    /** Called with each call that goes out; the first one registers the exit handler. */
+    static void arm();
+};
+
+} // namespace android

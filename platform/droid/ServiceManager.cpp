@@ -1,0 +1,75 @@
+#include <binder/IServiceManager.h>
+
+#include "Transport.h"
+#include "socket/ProcessLife.h"
+
+#include <android/log.h>
+#include <binder/Binder.h>
+
+#include <chrono>
+#include <cstdlib>
+
+namespace android {
+
+namespace {
+
+constexpr long kDefaultWait = 1000;
+constexpr long kLongestWait = 60'000;
+constexpr size_t kLongestName = 127;
+
+/** The time that one getService may wait, from KQDROID_SERVICE_WAIT_MS. */
+std::chrono::milliseconds serviceWait() {
+    const char* const text = std::getenv("KQDROID_SERVICE_WAIT_MS");
+    if (text == nullptr) {
+        return std::chrono::milliseconds(kDefaultWait);
+    }
+    char* end = nullptr;
+    const long wait = std::strtol(text, &end, 10);
+    if (end == text || *end != '\0' || wait < 0 || wait > kLongestWait) {
+        __android_log_print(ANDROID_LOG_ERROR, "kqdroid",
+                            "KQDROID_SERVICE_WAIT_MS is \"%s\", not a number from 0 to %ld; waiting %ld ms", text,
+                            kLongestWait, kDefaultWait);
+        return std::chrono::milliseconds(kDefaultWait);
+    }
+    return std::chrono::milliseconds(wait);
+}
+
+class ServiceManager : public IServiceManager {
+public:
+    sp<IBinder> getService(const String16& name) const override {
+        return usable(name) ? Transport::get().waitFor(name, serviceWait()) : nullptr;
+    }
+
+    sp<IBinder> checkService(const String16& name) const override {
+        return usable(name) ? Transport::get().find(name) : nullptr;
+    }
+
+    status_t addService(const String16& name, const sp<IBinder>& service, bool, int) override {
+        if (kq::inForkedChild()) {
+            return INVALID_OPERATION;
+        }
+        BBinder* const local = service == nullptr ? nullptr : service->localBinder();
+        if (local == nullptr || name.size() == 0 || name.size() > kLongestName) {
+            return BAD_VALUE;
+        }
+        return Transport::get().publish(name, local);
+    }
+
+    Vector<String16> listServices(int) override {
+        return kq::inForkedChild() ? Vector<String16>() : Transport::get().names();
+    }
+
+private:
+    static bool usable(const String16& name) {
+        return !kq::inForkedChild() && name.size() > 0 && name.size() <= kLongestName;
+    }
+};
+
+} // namespace
+
+sp<IServiceManager> defaultServiceManager() {
+    static const sp<IServiceManager>* const manager = new sp<IServiceManager>(new ServiceManager);
+    return *manager;
+}
+
+} // namespace android

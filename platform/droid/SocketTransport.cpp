@@ -1,0 +1,97 @@
+#include "SocketTransport.h"
+
+#include "BpBinder.h"
+#include "EntryName.h"
+#include "SocketObject.h"
+#include "socket/ProcessLife.h"
+
+#include <android/log.h>
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace android {
+
+namespace {
+
+constexpr const char* kServicesRoom = "services";
+
+/** A connection to the service; empty, with the reason in errno, when there is none. */
+kq::UniqueFd connectToService(const kq::RuntimeDirectory& directory, const std::string& path) {
+    kq::UniqueFd connection = kq::connectTo(path);
+    if (connection || errno != ECONNREFUSED) {
+        return connection;
+    }
+    // Nobody listens: the service is dead, or is publishing the name just now and holds the lock until it listens.
+    const kq::UniqueFd lock = directory.lock();
+    connection = kq::connectTo(path);
+    if (!connection && errno == ECONNREFUSED) {
+        ::unlink(path.c_str());
+        errno = ENOENT;
+    }
+    return connection;
+}
+
+} // namespace
+
+SocketTransport::SocketTransport() { kq::watchForks(); }
+
+sp<IBinder> SocketTransport::findIn(const kq::RuntimeDirectory& directory, const std::string& entry) {
+    if (const sp<BBinder> own = mServer.published(entry); own != nullptr) {
+        return own;
+    }
+    std::string path = directory.pathOf(entry);
+    kq::UniqueFd connection = connectToService(directory, path);
+    if (!connection) {
+        if (errno != ENOENT) {
+            __android_log_print(ANDROID_LOG_ERROR, "kqdroid", "calling %s: %s", path.c_str(), std::strerror(errno));
+        }
+        return nullptr;
+    }
+    return new BpBinder(std::make_unique<SocketObject>(std::move(path), std::move(connection)));
+}
+
+sp<IBinder> SocketTransport::find(const String16& name) { return waitFor(name, std::chrono::milliseconds(0)); }
+
+sp<IBinder> SocketTransport::waitFor(const String16& name, std::chrono::milliseconds time) {
+    const std::optional<kq::RuntimeDirectory> directory = kq::RuntimeDirectory::open(kServicesRoom);
+    if (!directory) {
+        return nullptr;
+    }
+    const std::string entry = entryNameOf(name);
+    sp<IBinder> found;
+    directory->waitUntil(time, [&] {
+        found = findIn(*directory, entry);
+        return found != nullptr;
+    });
+    return found;
+}
+
+status_t SocketTransport::publish(const String16& name, const sp<BBinder>& object) {
+    return mServer.publish(entryNameOf(name), object);
+}
+
+Vector<String16> SocketTransport::names() {
+    Vector<String16> names;
+    const std::optional<kq::RuntimeDirectory> directory = kq::RuntimeDirectory::open(kServicesRoom);
+    if (!directory) {
+        return names;
+    }
+    for (const std::string& entry : directory->entries()) {
+        if (findIn(*directory, entry) != nullptr) {
+            names.push_back(serviceNameOf(entry));
+        }
+    }
+    return names;
+}
+
+Transport& Transport::get() {
+    // Never destroyed: calls may be under way while the process exits.
+    static Transport* const transport = new SocketTransport;
+    return *transport;
+}
+
+} // namespace android

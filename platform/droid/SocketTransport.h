@@ -1,0 +1,27 @@
+#pragma once
+
+#include "SocketServer.h"
+#include "Transport.h"
+
+#include <string>
+
+namespace android {
+
+/** Calls over Unix domain sockets; services are found by name in the runtime directory. */
+class SocketTransport : public Transport {
+public:
+    SocketTransport();
+
+    sp<IBinder> find(const String16& name) override;
+    sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) override;
+    status_t publish(const String16& name, const sp<BBinder>& object) override;
+    Vector<String16> names() override;
+    void serve() override { mServer.serve(); }
+
+private:
+    sp<IBinder> findIn(const kq::RuntimeDirectory& directory, const std::string& entry);
+
+    SocketServer mServer;
+};
+
+} // namespace android

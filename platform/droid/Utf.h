@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace android {
+
+/** UTF-8 to UTF-16; a byte that starts no valid sequence becomes U+FFFD. */
+std::u16string utf8ToUtf16(const char* text, std::size_t length);
+
+/** UTF-16 to UTF-8; a surrogate without its pair becomes U+FFFD. */
+std::string utf16ToUtf8(const char16_t* text, std::size_t length);
+
+} // namespace android

@@ -1,0 +1,121 @@
+#include "SeqPacket.h"
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace kq {
+
+namespace {
+
+bool addressOf(const std::string& path, sockaddr_un* address) {
+    if (path.size() >= sizeof(address->sun_path)) {
+        errno = ENAMETOOLONG;
+        return false;
+    }
+    *address = {};
+    address->sun_family = AF_UNIX;
+    std::memcpy(address->sun_path, path.c_str(), path.size() + 1);
+    return true;
+}
+
+UniqueFd newSocket() { return UniqueFd(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0)); }
+
+const sockaddr* generic(const sockaddr_un* address) { return reinterpret_cast<const sockaddr*>(address); }
+
+int connectRetrying(int socket, const sockaddr_un& address) {
+    int result = 0;
+    do {
+        result = ::connect(socket, generic(&address), sizeof(address));
+    } while (result != 0 && errno == EINTR);
+    return result;
+}
+
+UniqueFd failed(int error) {
+    errno = error;
+    return UniqueFd();
+}
+
+} // namespace
+
+UniqueFd listenAt(const std::string& path) {
+    sockaddr_un address{};
+    if (!addressOf(path, &address)) {
+        return UniqueFd();
+    }
+    UniqueFd listener = newSocket();
+    if (!listener || ::bind(listener.get(), generic(&address), sizeof(address)) != 0 ||
+        ::listen(listener.get(), SOMAXCONN) != 0) {
+        return failed(errno);
+    }
+    return listener;
+}
+
+UniqueFd connectTo(const std::string& path) {
+    sockaddr_un address{};
+    if (!addressOf(path, &address)) {
+        return UniqueFd();
+    }
+    UniqueFd socket = newSocket();
+    if (!socket || connectRetrying(socket.get(), address) != 0) {
+        return failed(errno);
+    }
+    if (peerOf(socket.get()).uid != ::geteuid()) {
+        return failed(EACCES);
+    }
+    return socket;
+}
+
+UniqueFd acceptFrom(int listener, Peer* peer) {
+    UniqueFd socket(::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC));
+    if (!socket) {
+        return socket;
+    }
+    *peer = peerOf(socket.get());
+    if (peer->uid != ::geteuid()) {
+        return failed(EACCES);
+    }
+    return socket;
+}
+
+bool isStale(const std::string& path) { return !connectTo(path) && errno == ECONNREFUSED; }
+
+Peer peerOf(int socket) {
+    ucred credentials{};
+    socklen_t size = sizeof(credentials);
+    if (::getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &credentials, &size) != 0) {
+        return {0, static_cast<uid_t>(-1)};
+    }
+    return {credentials.pid, credentials.uid};
+}
+
+bool sendPacket(int socket, const void* bytes, size_t length) {
+    ssize_t sent = 0;
+    do {
+        sent = ::send(socket, bytes, length, MSG_NOSIGNAL);
+    } while (sent < 0 && errno == EINTR);
+    return sent >= 0;
+}
+
+bool sendPacket(int socket, const iovec* pieces, size_t count) {
+    msghdr message{};
+    message.msg_iov = const_cast<iovec*>(pieces);
+    message.msg_iovlen = count;
+    ssize_t sent = 0;
+    do {
+        sent = ::sendmsg(socket, &message, MSG_NOSIGNAL);
+    } while (sent < 0 && errno == EINTR);
+    return sent >= 0;
+}
+
+size_t receivePacket(int socket, void* buffer, size_t capacity) {
+    ssize_t received = 0;
+    do {
+        received = ::recv(socket, buffer, capacity, MSG_TRUNC);
+    } while (received < 0 && errno == EINTR);
+    return received < 0 ? 0 : static_cast<size_t>(received);
+}
+
+} // namespace kq

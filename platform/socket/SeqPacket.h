@@ -1,0 +1,49 @@
+#pragma once
+
+#include "UniqueFd.h"
+
+#include <sys/types.h>
+#include <sys/uio.h>
+
+#include <cstddef>
+#include <string>
+
+namespace kq {
+
+/** Who is at the other end of a connection, as the kernel says. */
+struct Peer {
+    pid_t pid;
+    uid_t uid;
+};
+
+/**
+ * @name Unix SEQPACKET sockets, close-on-exec.
+ *
+ * The functions that give a descriptor give an empty one on failure, with the reason in errno.
+ * @{
+ */
+
+/** A socket that listens at `path`. EADDRINUSE when there is an entry already, living or stale. */
+UniqueFd listenAt(const std::string& path);
+/** A connection to whoever listens at `path`; EACCES when that is another user's process. */
+UniqueFd connectTo(const std::string& path);
+/** The next waiting connection; EACCES, with the connection closed, when it is another user's. */
+UniqueFd acceptFrom(int listener, Peer* peer);
+
+/** True when the entry at `path` has nobody listening any more. */
+bool isStale(const std::string& path);
+/** @} */
+
+/** The peer of a connected socket. */
+Peer peerOf(int socket);
+
+/** Sends one packet; false when the peer is gone. */
+bool sendPacket(int socket, const void* bytes, size_t length);
+
+/** Sends one packet made of `count` pieces; false when the peer is gone. */
+bool sendPacket(int socket, const iovec* pieces, size_t count);
+
+/** Receives one packet: its length, 0 when the peer is gone, `capacity` + 1 or more when it did not fit. */
+size_t receivePacket(int socket, void* buffer, size_t capacity);
+
+} // namespace kq
