@@ -1,0 +1,67 @@
+#include "ReplyReaders.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace kelutv::internal {
+
+void writeWords(android::Parcel& request, std::initializer_list<int> words) {
+    for (const int word : words) {
+        request.writeInt32(word);
+    }
+}
+
+void readWords(const android::Parcel& reply, std::initializer_list<int*> words) {
+    for (int* word : words) {
+        *word = reply.readInt32();
+    }
+}
+
+void readItemValues(const android::Parcel& reply, int* values) {
+    for (int i = 0; i < kItemValueCount; ++i) {
+        values[i] = reply.readInt32();
+    }
+}
+
+bool copyText(const android::Parcel& reply, char* text) {
+    const char* found = reply.readCString();
+    if (found == nullptr) {
+        return false;
+    }
+    std::memcpy(text, found, std::strlen(found) + 1);
+    return true;
+}
+
+std::list<std::string> readTexts(const android::Parcel& reply) {
+    std::list<std::string> texts;
+    while (reply.dataAvail() > 0) {
+        const char* text = reply.readCString();
+        if (text == nullptr) {
+            break;
+        }
+        texts.emplace_back(text);
+    }
+    return texts;
+}
+
+int storeFlag(const ItemAnswer& answer, bool* flag) {
+    storeIfGiven(flag, answer.values[0] != 0);
+    return answer.result;
+}
+
+int storeValue(const ItemAnswer& answer, int* value) {
+    storeIfGiven(value, answer.values[0]);
+    return answer.result;
+}
+
+int storeList(const ItemAnswer& answer, int* list, int* size) {
+    const int count = answer.values[0];
+    if (count <= 0) {
+        return -1;
+    }
+    *size = count;
+    std::copy_n(answer.values.begin() + 1, std::min(count, kItemValueCount - 1), list);
+    return 0;
+}
+
+} // namespace kelutv::internal

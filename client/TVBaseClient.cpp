@@ -1,0 +1,81 @@
+#include <kelutv/link/DeathNotifier.h>
+#include <kelutv/link/TVBaseClient.h>
+
+#include "EventModules.h"
+
+#include <android/log.h>
+#include <binder/IServiceManager.h>
+#include <keluem/emal.h>
+
+#include <cstdio>
+
+namespace android {
+
+namespace {
+
+constexpr const char* kServiceName = "TVBaseService";
+constexpr int kLastTry = 4;
+
+sp<IBinder> findService() {
+    for (int tries = 0; tries <= kLastTry; ++tries) {
+        std::fprintf(stderr, "D/TvbaseClient %s() Try get %s next times [%d]\n", "TVBaseClient", kServiceName, tries);
+        if (const sp<IBinder> binder = defaultServiceManager()->getService(String16(kServiceName)); binder != nullptr) {
+            return binder;
+        }
+    }
+    return nullptr;
+}
+
+int subscribeToEvents() {
+    int result = 0;
+    for (const KELU_EM_MODE_E module : kelutv::internal::kEventModules) {
+        result |= EMAL_AddListener(module, TVBaseClient::eventNotify);
+    }
+    return result;
+}
+
+} // namespace
+
+TVBaseClient::EventCallback TVBaseClient::mEventCallback = nullptr;
+
+TVBaseClient* TVBaseClient::self() {
+    static TVBaseClient mObj;
+    return &mObj;
+}
+
+TVBaseClient::TVBaseClient() {
+    const sp<IBinder> binder = findService();
+    if (binder == nullptr) {
+        std::fprintf(stderr, "E/TvbaseClient %s() Get %s failed\n", "TVBaseClient", kServiceName);
+        return;
+    }
+    mDeathRecipient = new DeathNotifier;
+    binder->linkToDeath(mDeathRecipient, nullptr, 0);
+    mBpTvbaseService = interface_cast<ITVBaseService>(binder);
+    __android_log_print(ANDROID_LOG_DEBUG, "TVBaseService@Client", "ret = %d", subscribeToEvents());
+}
+
+TVBaseClient::~TVBaseClient() = default;
+
+status_t TVBaseClient::invoke(const Parcel& request, Parcel* reply) {
+    if (mBpTvbaseService == nullptr) {
+        return DEAD_OBJECT;
+    }
+    return mBpTvbaseService->invoke(request, reply);
+}
+
+sp<ITVBaseService>& TVBaseClient::getBpTvbaseService() { return mBpTvbaseService; }
+
+sp<IBinder::DeathRecipient>& TVBaseClient::getDeathRecipient() { return mDeathRecipient; }
+
+void TVBaseClient::registCallback(void (*callback)(unsigned int, void*, unsigned int, void*)) {
+    mEventCallback = callback;
+}
+
+void TVBaseClient::eventNotify(unsigned int eventId, void* msg, unsigned int msgLength, void* prev) {
+    if (mEventCallback != nullptr) {
+        mEventCallback(eventId, msg, msgLength, prev);
+    }
+}
+
+} // namespace android

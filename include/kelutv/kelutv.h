@@ -1,0 +1,23 @@
+/**
+ * @file
+ * The whole client interface: vocabulary and C functions, and for C++ the classes.
+ */
+#ifndef KELUTV_KELUTV_H
+#define KELUTV_KELUTV_H
+
+#include <kelutv/audio_types.h>
+#include <kelutv/commands.h>
+#include <kelutv/events.h>
+#include <kelutv/items.h>
+#include <kelutv/linux_kelutv_audio.h>
+#include <kelutv/linux_kelutv_notify.h>
+#include <kelutv/linux_kelutv_pcmplayer.h>
+#include <kelutv/pcmplayer_types.h>
+#include <kelutv/source_types.h>
+
+#ifdef __cplusplus
+#include <kelutv/Audio.h>
+#include <kelutv/PCMPlayer.h>
+#endif
+
+#endif
