@@ -1,0 +1,18 @@
+#include "Samples.h"
+
+#include <algorithm>
+
+namespace kelutv::bench {
+
+double Samples::percentile(double share) const {
+    if (mMicroseconds.empty()) {
+        return 0;
+    }
+    std::vector<double> sorted = mMicroseconds;
+    const auto last = static_cast<double>(sorted.size() - 1);
+    const auto at = sorted.begin() + static_cast<std::ptrdiff_t>(share * last);
+    std::nth_element(sorted.begin(), at, sorted.end());
+    return *at;
+}
+
+} // namespace kelutv::bench

@@ -1,0 +1,202 @@
+#!/usr/bin/env python3
+"""The catalogue of the library's operations: reading, checking, and what other programs derive from it.
+
+    python3 catalogue/catalogue.py check                 every table against the headers and the hand-written tests
+    python3 catalogue/catalogue.py list                  every operation, one a line
+    python3 catalogue/catalogue.py exports               every symbol the library exports
+    python3 catalogue/catalogue.py show Audio::setMute   one operation in full
+"""
+
+from __future__ import annotations
+
+import argparse
+import difflib
+import re
+import sys
+from dataclasses import dataclass
+from pathlib import Path
+
+from model import Catalogue, Function, Method, Reply, State, WireItem
+from reader import read_catalogue
+from tables import CatalogueError
+
+ROOT = Path(__file__).resolve().parent.parent
+
+
+@dataclass(frozen=True)
+class CommandView:
+    """One command as a service sees it; state names are the module's own."""
+
+    name: str
+    value: int
+    module: str
+    request: tuple[WireItem, ...]
+    reply: Reply
+    state: State | None
+    items: bool
+
+
+@dataclass(frozen=True)
+class ItemView:
+    """One item inside its module's generic item command; the state's operands index the whole request."""
+
+    name: str
+    value: int
+    module: str
+    command: str
+    state: State | None
+
+
+def service_commands(catalogue: Catalogue) -> list[CommandView]:
+    """What a service dispatches on; an `items` command dispatches further by its first request item."""
+    return [
+        CommandView(m.command, m.value, m.module, m.request, m.reply, m.state, m.items) for m in catalogue.methods
+    ]
+
+
+def service_items(catalogue: Catalogue) -> list[ItemView]:
+    """The items of all modules, in the order of the catalogue."""
+    return [
+        ItemView(f.item, f.item_value, f.module, f.method.command, f.state)
+        for f in catalogue.functions
+        if f.item is not None
+    ]
+
+
+def expected_exports(catalogue: Catalogue) -> list[str]:
+    """The demangled functions and objects that the library must export, type information apart."""
+    symbols = [function.name for function in catalogue.functions]
+    symbols += [f"{method.owner}::{method.signature.mangled_as}" for method in catalogue.methods]
+    symbols += [f"{module.owner}::instance()" for module in catalogue.modules if module.owner]
+    symbols += [f"android::TVBaseClient::{overload}" for overload in catalogue.overloads]
+    return symbols + catalogue.link_symbols
+
+
+def exported_classes(catalogue: Catalogue) -> dict[str, bool]:
+    """Every exported class and whether it is polymorphic."""
+    classes = dict(catalogue.link_classes)
+    for module in catalogue.modules:
+        if module.owner:
+            classes[module.owner] = any(method.signature.virtual for method in module.methods)
+    return classes
+
+
+def irregular_markers(tests: Path) -> dict[str, str]:
+    """The operations that hand-written tests name by a comment `// irregular: NAME`, each with its place."""
+    markers = {}
+    for path in sorted(tests.rglob("*.cpp")):
+        for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+            match = re.fullmatch(r"\s*// irregular: (.+)", line)
+            for name in re.split(r",\s*", match[1].strip()) if match else []:
+                markers.setdefault(name, f"{path}:{number}")
+    return markers
+
+
+def check_irregular(catalogue: Catalogue, tests: Path) -> list[str]:
+    """Complaints about irregular rows without a test and about tests that name no operation."""
+    markers = irregular_markers(tests)
+    untested = [o for o in catalogue.operations if o.irregular and o.name not in markers]
+    complaints = [
+        f"{o.place}: {o.name} is irregular, but no test under {tests} says '// irregular: {o.name}'" for o in untested
+    ]
+    for name, place in markers.items():
+        if catalogue.operation(name) is None:
+            complaints.append(f"{place}: '{name}' is not an operation of the catalogue{_nearest(catalogue, name)}")
+    return complaints
+
+
+def _nearest(catalogue: Catalogue, name: str) -> str:
+    close = difflib.get_close_matches(name, [operation.name for operation in catalogue.operations], 1)
+    return f"; the nearest is {close[0]}" if close else ""
+
+
+def _request_text(request: tuple[WireItem, ...]) -> str:
+    texts = [f"{item.source} ({item.kind}{f', {item.length} of them' if item.length else ''})" for item in request]
+    return ", ".join(texts) or "nothing"
+
+
+def _method_lines(method: Method) -> list[str]:
+    return [
+        f"{method.command} 0x{method.value:04X}, {method.overload.name}",
+        f"sends: {_request_text(method.request)}",
+        f"reply: {method.reply.shape}" + "".join(f" {field.name}" for field in method.reply.fields),
+        f"returns: {method.result}",
+    ]
+
+
+def _function_lines(function: Function) -> list[str]:
+    if function.method is None:
+        return ["sends nothing"]
+    lines = [f"calls: {function.method.name}({', '.join(function.arguments)})"]
+    return lines + [f"sends: {_request_text(function.request)}", f"returns: {function.result}"]
+
+
+def describe(operation: Method | Function) -> str:
+    """One operation for a reader."""
+    lines = _method_lines(operation) if isinstance(operation, Method) else _function_lines(operation)
+    if operation.null:
+        lines.append(f"null gives -1, nothing sent: {', '.join(operation.null)}")
+    for name, values in operation.values.items():
+        lines.append(f"{name}: {values.enumeration or f'{values.low} to {values.high}'}")
+    if operation.irregular:
+        lines.append(f"irregular: {operation.irregular}")
+    return "\n".join([f"{operation.name}", f"  {operation.signature}", *(f"  {line}" for line in lines)])
+
+
+def _check(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
+    complaints = check_irregular(catalogue, arguments.tests)
+    for complaint in complaints:
+        print(complaint, file=sys.stderr)
+    if not complaints:
+        print(f"{len(catalogue.methods)} methods and {len(catalogue.functions)} C functions are in order")
+    return 1 if complaints else 0
+
+
+def _list(catalogue: Catalogue, _: argparse.Namespace) -> int:
+    for operation in catalogue.operations:
+        print(operation.name)
+    return 0
+
+
+def _exports(catalogue: Catalogue, _: argparse.Namespace) -> int:
+    for symbol in sorted(expected_exports(catalogue)):
+        print(symbol)
+    return 0
+
+
+def _show(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
+    operation = catalogue.operation(arguments.name)
+    if operation is None:
+        print(f"no operation '{arguments.name}'{_nearest(catalogue, arguments.name)}", file=sys.stderr)
+        return 1
+    print(describe(operation))
+    return 0
+
+
+def _arguments(argv: list[str] | None) -> argparse.Namespace:
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--catalogue", type=Path, default=ROOT / "catalogue", help="folder of the tables")
+    parser.add_argument("--include", type=Path, default=ROOT / "include", help="folder of the public headers")
+    commands = parser.add_subparsers(required=True)
+    check = commands.add_parser("check", help="check the tables")
+    check.add_argument("--tests", type=Path, default=ROOT / "tests", help="folder of the hand-written tests")
+    check.set_defaults(run=_check)
+    commands.add_parser("list", help="list the operations").set_defaults(run=_list)
+    commands.add_parser("exports", help="list the exported symbols").set_defaults(run=_exports)
+    show = commands.add_parser("show", help="show one operation")
+    show.add_argument("name", help="Audio::setMute or linux_tv_Audio_setMute")
+    show.set_defaults(run=_show)
+    return parser.parse_args(argv)
+
+
+def main(argv: list[str] | None = None) -> int:
+    arguments = _arguments(argv)
+    try:
+        return arguments.run(read_catalogue(arguments.catalogue, arguments.include), arguments)
+    except CatalogueError as error:
+        print(error, file=sys.stderr)
+        return 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,165 @@
+"""What the public headers declare: enumerations, records, C functions, class methods.
+
+The headers are regular by convention: one enumerator per line with an explicit value, tags equal to typedef names.
+"""
+
+from __future__ import annotations
+
+import re
+from dataclasses import dataclass, field
+from pathlib import Path
+
+from tables import RowError
+
+
+@dataclass(frozen=True)
+class Parameter:
+    type: str
+    name: str
+
+
+@dataclass(frozen=True)
+class Signature:
+    """A declaration; types are written the demangler's way (`char const*`)."""
+
+    result: str
+    name: str
+    parameters: tuple[Parameter, ...]
+    virtual: bool = False
+
+    def __str__(self) -> str:
+        parameters = ", ".join(f"{p.type} {p.name}" for p in self.parameters)
+        return f"{'virtual ' if self.virtual else ''}{self.result} {self.name}({parameters})"
+
+    @property
+    def mangled_as(self) -> str:
+        """The name as a demangled symbol shows it."""
+        return f"{self.name}({', '.join(p.type for p in self.parameters)})"
+
+    def parameter(self, name: str) -> Parameter:
+        for parameter in self.parameters:
+            if parameter.name == name:
+                return parameter
+        raise RowError(f"'{name}' is not a parameter of {self.name}")
+
+
+@dataclass(frozen=True)
+class Enumeration:
+    name: str
+    values: dict[str, int]
+
+
+@dataclass(frozen=True)
+class Field:
+    type: str
+    name: str
+    count: int | None = None
+
+
+@dataclass(frozen=True)
+class Record:
+    name: str
+    fields: tuple[Field, ...]
+
+
+@dataclass
+class Headers:
+    enumerations: dict[str, Enumeration] = field(default_factory=dict)
+    records: dict[str, Record] = field(default_factory=dict)
+    functions: dict[str, dict[str, Signature]] = field(default_factory=dict)
+    methods: dict[str, list[Signature]] = field(default_factory=dict)
+
+    def enumerator(self, name: str) -> int | None:
+        for enumeration in self.enumerations.values():
+            if name in enumeration.values:
+                return enumeration.values[name]
+        return None
+
+
+def canonical_type(text: str) -> str:
+    """`const char *` and `char const*` alike become `char const*`."""
+    words = re.sub(r"([*&])", r" \1 ", text).split()
+    stars = "".join(word for word in words if word in "*&")
+    base = [word for word in words if word not in "*&" and word not in ("struct", "enum")]
+    if "const" in base:
+        base.remove("const")
+        base.append("const")
+    return " ".join(base) + stars
+
+
+def _split_parameters(text: str) -> list[str]:
+    text = text.strip()
+    return [] if text in ("", "void") else [part.strip() for part in text.split(",")]
+
+
+def _parameter(text: str) -> Parameter:
+    match = re.fullmatch(r"(.*[\s*&])(\w+)", text)
+    if not match:
+        raise RowError(f"parameter '{text}' needs a type and a name")
+    return Parameter(canonical_type(match[1]), match[2])
+
+
+def parse_signature(text: str) -> Signature:
+    """Reads one declaration such as `bool getMute(int channel)`."""
+    match = re.fullmatch(r"(virtual\s+)?(.*[\s*&>])(\w+)\s*\((.*)\)", text.strip())
+    if not match:
+        raise RowError(f"'{text}' is not a declaration: TYPE NAME(TYPE NAME, ...)")
+    parameters = tuple(_parameter(part) for part in _split_parameters(match[4]))
+    if len({p.name for p in parameters}) != len(parameters):
+        raise RowError(f"'{text}' names a parameter twice")
+    return Signature(canonical_type(match[2]), match[3], parameters, bool(match[1]))
+
+
+def _without_comments(text: str) -> str:
+    text = re.sub(r"/\*.*?\*/", " ", text, flags=re.S)
+    return re.sub(r"//[^\n]*", " ", text)
+
+
+def _enumerations(text: str) -> list[Enumeration]:
+    found = []
+    for match in re.finditer(r"typedef\s+enum\s+(\w+)[^{;]*\{(.*?)\}\s*(\w+)\s*;", text, re.S):
+        values = {name: int(value, 0) for name, value in re.findall(r"(\w+)\s*=\s*(-?\w+)", match[2])}
+        found.append(Enumeration(match[3], values))
+    return found
+
+
+def _field(text: str) -> Field:
+    match = re.fullmatch(r"(.*[\s*])(\w+)(?:\[(\d+)\])?", text.strip())
+    if not match:
+        raise RowError(f"record field '{text.strip()}' is not TYPE NAME or TYPE NAME[COUNT]")
+    return Field(canonical_type(match[1]), match[2], int(match[3]) if match[3] else None)
+
+
+def _records(text: str) -> list[Record]:
+    found = []
+    for match in re.finditer(r"typedef\s+struct\s+\w+\s*\{(.*?)\}\s*(\w+)\s*;", text, re.S):
+        fields = tuple(_field(part) for part in match[1].split(";") if part.strip())
+        found.append(Record(match[2], fields))
+    return found
+
+
+def _functions(text: str) -> dict[str, Signature]:
+    signatures = (parse_signature(match[1]) for match in re.finditer(r"KELUTV_API\s+([\w\s*]+\([^()]*\))\s*;", text))
+    return {signature.name: signature for signature in signatures}
+
+
+def _methods(text: str) -> dict[str, list[Signature]]:
+    found = {}
+    for match in re.finditer(r"class\s+KELUTV_API\s+(\w+)[^{;]*\{(.*?)\n\};", text, re.S):
+        public = re.split(r"\b(?:private|protected)\s*:", match[2])[0]
+        declarations = re.findall(r"((?:virtual\s+)?[\w:<>*&\s]+?[\s*&>]\w+\s*\([^()]*\))\s*;", public)
+        declarations = [re.sub(r"^\s*(public\s*:)?\s*", "", text) for text in declarations]
+        found[match[1]] = [parse_signature(text) for text in declarations if not text.startswith("static ")]
+    return found
+
+
+def read_headers(include: Path) -> Headers:
+    """Reads every header below `include`/kelutv except the service link's own."""
+    headers = Headers()
+    for path in sorted((include / "kelutv").glob("*.h")):
+        text = _without_comments(path.read_text(encoding="utf-8"))
+        headers.enumerations.update({e.name: e for e in _enumerations(text)})
+        headers.records.update({r.name: r for r in _records(text)})
+        headers.functions[f"kelutv/{path.name}"] = _functions(text)
+        headers.methods.update(_methods(text))
+    return headers

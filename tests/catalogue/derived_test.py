@@ -1,0 +1,49 @@
+#!/usr/bin/env python3
+"""What a service is told about commands and items."""
+
+from __future__ import annotations
+
+import unittest
+
+from fixture import CatalogueTest
+
+from catalogue import exported_classes, service_commands, service_items
+
+
+class ServiceView(CatalogueTest):
+    def command(self, name: str):
+        return next(command for command in service_commands(self.read()) if command.name == name)
+
+    def item(self, name: str):
+        return next(item for item in service_items(self.read()) if item.name == name)
+
+    def test_a_set_stores_what_the_matching_get_reads(self) -> None:
+        stored, read = self.command("CMD_LAMP_SETLEVEL").state, self.command("CMD_LAMP_GETLEVEL").state
+        self.assertTrue(stored.is_set)
+        self.assertFalse(read.is_set)
+        self.assertEqual(stored.name, read.name)
+        self.assertEqual([key.index for key in stored.keys], [0])
+        self.assertEqual([value.index for value in stored.values], [1])
+
+    def test_a_record_is_stored_field_by_field(self) -> None:
+        values = self.command("CMD_LAMP_SETCOLOR").state.values
+        self.assertEqual([value.index for value in values], [1, 2, 3, 4, 6])
+
+    def test_item_commands_dispatch_by_item(self) -> None:
+        self.assertTrue(self.command("CMD_LAMP_SETITEM").items)
+        item = self.item("CMDID_LAMP_SET_TIMER")
+        self.assertEqual((item.value, item.command), (0x1001, "CMD_LAMP_SETITEM"))
+        self.assertEqual([key.index for key in item.state.keys], [1])
+        self.assertEqual([value.index for value in item.state.values], [2])
+
+    def test_a_state_may_hold_a_constant(self) -> None:
+        self.change("level[lamp] = level", "level[lamp] = LAMP_RIGHT")
+        values = self.command("CMD_LAMP_SETLEVEL").state.values
+        self.assertEqual([(value.index, value.literal) for value in values], [(None, 1)])
+
+    def test_a_class_with_a_virtual_method_is_polymorphic(self) -> None:
+        self.assertEqual(exported_classes(self.read()), {"android::Link": True, "Lamp": True})
+
+
+if __name__ == "__main__":
+    unittest.main()
