@@ -96,7 +96,13 @@ status_t Parcel::appendFrom(const Parcel* parcel, size_t start, size_t length) {
     if (start > parcel->mSize || length > parcel->mSize - start) {
         return BAD_VALUE;
     }
-    return write(parcel->mData + start, length);
+    uint8_t* const place = grow(length);
+    if (place == nullptr) {
+        return NO_MEMORY;
+    }
+    // Only now, since a parcel that is appended to itself has moved.
+    std::memmove(place, parcel->mData + start, length);
+    return NO_ERROR;
 }
 
 status_t Parcel::writeInterfaceToken(const String16& interface) {

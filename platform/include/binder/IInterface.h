@@ -24,8 +24,8 @@ template <typename INTERFACE> sp<INTERFACE> interface_cast(const sp<IBinder>& ob
 /** Base of a service's implementation of INTERFACE. */
 template <typename INTERFACE> class BnInterface : public INTERFACE, public BBinder {
 public:
-    sp<IInterface> queryLocalInterface(const String16& descriptor) override {
-        return descriptor == INTERFACE::descriptor ? sp<IInterface>(this) : nullptr;
+    sp<IInterface> queryLocalInterface(const String16& name) override {
+        return name == INTERFACE::descriptor ? sp<IInterface>(this) : nullptr;
     }
     const String16& getInterfaceDescriptor() const override { return INTERFACE::descriptor; }
 
