@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace keluem {
+
+#pragma GCC visibility push(default)
+
+/** Largest payload of an event, in bytes. */
+constexpr std::size_t kMaxPayload = 65536;
+
+/** Most events that wait for one slow subscriber. */
+constexpr std::size_t kMaxQueuedEvents = 1024;
+
+/** Most payload bytes that wait for one slow subscriber. */
+constexpr std::size_t kMaxQueuedPayload = 1024 * 1024;
+
+/**
+ * Sends events to every process of this user that has a listener for their module.
+ *
+ * Events of one publisher reach each subscriber in the order of their publication. A subscriber that does not keep up
+ * holds up nobody: its events wait in a queue of its own, bounded by `kMaxQueuedEvents` and `kMaxQueuedPayload`, from
+ * which the oldest are dropped. All members may be called from any thread and never throw.
+ */
+class Publisher {
+public:
+    Publisher() noexcept;
+
+    /** Closes the connections; events still queued for slow subscribers are dropped. */
+    ~Publisher();
+
+    Publisher(const Publisher&) = delete;
+    Publisher& operator=(const Publisher&) = delete;
+
+    /**
+     * Sends one event; never waits for a subscriber. The first call opens the runtime directory.
+     * @param eventId identifier of the event; its upper 16 bits name the module
+     * @param payload copied before the return; may be null when `length` is 0
+     * @param length in bytes, 0 to `kMaxPayload`
+     * @return 0 when every subscriber of the module was sent the event or has it queued (none at all included); -EINVAL
+     *         for a null payload with a length, -EMSGSIZE for too long a payload, -EPERM in the child of a fork,
+     *         another negative errno value when the runtime directory (KQDROID_RUNTIME_DIR) cannot be used
+     */
+    int publish(unsigned int eventId, const void* payload, std::size_t length) noexcept;
+
+    /** Number of events dropped so far because a subscriber did not keep up; counts each subscriber by itself. */
+    std::uint64_t droppedEvents() const noexcept;
+
+private:
+    class Implementation;
+    std::unique_ptr<Implementation> mImplementation;
+};
+
+#pragma GCC visibility pop
+
+} // namespace keluem

@@ -1,0 +1,84 @@
+#include "SubscriberProcess.h"
+
+#include <keluem/publisher.h>
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using kelutv::test::SubscriberProcess;
+
+constexpr unsigned int kModule = 0xD0000;
+
+/** Publishes events without end for as long as the object lives. */
+class EndlessEvents {
+public:
+    EndlessEvents() {
+        kelutv::test::runtimeDir();
+        mThread = std::thread([this] {
+            while (!mStop) {
+                mPublisher.publish(kModule, "payload", 7);
+                std::this_thread::yield();
+            }
+        });
+    }
+    ~EndlessEvents() {
+        mStop = true;
+        mThread.join();
+    }
+    EndlessEvents(const EndlessEvents&) = delete;
+    EndlessEvents& operator=(const EndlessEvents&) = delete;
+
+private:
+    keluem::Publisher mPublisher;
+    std::atomic<bool> mStop{false};
+    std::thread mThread;
+};
+
+/** Starts that many processes side by side and expects each to end well. */
+void expectCleanExits(const char* subscriberCase, std::size_t processes) {
+    std::vector<std::unique_ptr<SubscriberProcess>> started;
+    for (std::size_t i = 0; i < processes; ++i) {
+        started.push_back(std::make_unique<SubscriberProcess>(subscriberCase, kModule));
+        ASSERT_TRUE(started.back()->ready());
+    }
+    for (const auto& process : started) {
+        ASSERT_EQ(process->process().exitCode(), 0);
+    }
+}
+
+TEST(ExitOfASubscriber, isCleanWhileEventsArrive) {
+    const EndlessEvents events;
+    for (int batch = 0; batch < 5; ++batch) {
+        expectCleanExits("exit-main", 10);
+    }
+}
+
+TEST(ExitOfASubscriber, mayBeCalledByItsListener) {
+    const EndlessEvents events;
+    expectCleanExits("exit-listener", 10);
+}
+
+TEST(ExitOfASubscriber, doesNotWaitForEverForAStuckListener) {
+    SubscriberProcess process("exit-stuck", kModule);
+    ASSERT_TRUE(process.ready());
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(process.process().exitCode(), 0);
+}
+
+TEST(ExitOfASubscriber, leavesNoEntry) {
+    SubscriberProcess process("exit-listener", kModule);
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(process.process().exitCode(), 0);
+    EXPECT_EQ(kelutv::test::entriesOf(process.process().pid()), 0U);
+}
+
+} // namespace

@@ -1,0 +1,134 @@
+#include "EventRecorder.h"
+#include "support/Capture.h"
+#include "support/ChildProcess.h"
+
+#include <keluem/publisher.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using kelutv::test::ChildProcess;
+using kelutv::test::EventRecorder;
+using kelutv::test::LogCapture;
+
+constexpr unsigned int kModule = 0x100000;
+constexpr const char* kSameUser = "0"; // as the peer program understands it
+constexpr const char* kNobody = "65534";
+
+ChildProcess::Options capturing() {
+    ChildProcess::Options options;
+    options.captureOutput = true;
+    return options;
+}
+
+bool canBecomeNobody() {
+    if (::geteuid() == 0) {
+        return true;
+    }
+    std::cout << "not run by root, so no program can be run as another user; only this user's own are tried\n";
+    return false;
+}
+
+/** The runtime directory open to all for as long as the object lives: only the users' identity keeps them apart. */
+class OpenedDirectory {
+public:
+    OpenedDirectory() { setModes(0777); }
+    ~OpenedDirectory() { setModes(0700); }
+    OpenedDirectory(const OpenedDirectory&) = delete;
+    OpenedDirectory& operator=(const OpenedDirectory&) = delete;
+
+private:
+    static void setModes(mode_t mode) {
+        ::chmod(kelutv::test::runtimeDir().path().c_str(), mode);
+        ::chmod(kelutv::test::eventRoom().c_str(), mode);
+        for (const std::string& entry : kelutv::test::eventEntries()) {
+            ::chmod((kelutv::test::eventRoom() + '/' + entry).c_str(), mode);
+        }
+    }
+};
+
+bool logged(LogCapture& log, const std::string& text) {
+    const auto entries = log.take();
+    return std::any_of(entries.begin(), entries.end(), [&](const auto& entry) { return entry.text == text; });
+}
+
+std::string ownSocket() {
+    const std::string prefix = std::to_string(::getpid()) + '-';
+    for (const std::string& entry : kelutv::test::eventEntries()) {
+        if (entry.rfind(prefix, 0) == 0 && entry.find('.') == std::string::npos) {
+            return kelutv::test::eventRoom() + '/' + entry;
+        }
+    }
+    return "";
+}
+
+TEST(ForeignPublisher, ofThisUserIsHeard) {
+    EventRecorder recorder(kModule);
+    ChildProcess peer({KELUTV_EVENT_PEER, "publish", kSameUser, ownSocket(), std::to_string(kModule)}, capturing());
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule});
+}
+
+TEST(ForeignPublisher, ofAnotherUserIsShutOut) {
+    if (!canBecomeNobody()) {
+        return;
+    }
+    EventRecorder recorder(kModule);
+    LogCapture log;
+    {
+        const OpenedDirectory opened;
+        ChildProcess peer({KELUTV_EVENT_PEER, "publish", kNobody, ownSocket(), std::to_string(kModule)}, capturing());
+        EXPECT_EQ(peer.exitCode(), 0);
+        EXPECT_EQ(peer.output().text(), "sent\nclosed\n");
+    }
+    EXPECT_TRUE(logged(log, "publisher of uid 65534 refused"));
+    keluem::Publisher publisher;
+    publisher.publish(kModule + 1, nullptr, 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+}
+
+TEST(ForeignSubscriber, ofThisUserIsServed) {
+    EventRecorder recorder(kModule);
+    const std::string path = kelutv::test::eventRoom() + "/1-peer";
+    kelutv::test::writeModuleList(path, kModule);
+    ChildProcess peer({KELUTV_EVENT_PEER, "subscribe", kSameUser, path}, capturing());
+    ASSERT_TRUE(peer.output().waitFor("ready\n"));
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(peer.exitCode(), 0);
+    EXPECT_EQ(peer.output().text(), "ready\nevent\n");
+    ::unlink(path.c_str());
+    kelutv::test::removeModuleList(path);
+}
+
+TEST(ForeignSubscriber, ofAnotherUserIsSentNothing) {
+    if (!canBecomeNobody()) {
+        return;
+    }
+    EventRecorder recorder(kModule);
+    LogCapture log;
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    const std::string path = kelutv::test::eventRoom() + "/1-peer";
+    kelutv::test::writeModuleList(path, kModule);
+    {
+        const OpenedDirectory opened;
+        ChildProcess peer({KELUTV_EVENT_PEER, "subscribe", kNobody, path}, capturing());
+        ASSERT_TRUE(peer.output().waitFor("ready\n"));
+        EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
+        EXPECT_EQ(peer.exitCode(), 0);
+        EXPECT_EQ(peer.output().text(), "ready\nclosed\n");
+    }
+    EXPECT_TRUE(logged(log, "subscriber of uid 65534 refused"));
+    EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kModule, kModule + 1}));
+    ::unlink(path.c_str());
+    kelutv::test::removeModuleList(path);
+}
+
+} // namespace

@@ -1,0 +1,99 @@
+#include "EventRecorder.h"
+#include "SubscriberProcess.h"
+#include "support/Capture.h"
+
+#include <keluem/emal.h>
+#include <keluem/publisher.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using kelutv::test::EventRecorder;
+using kelutv::test::SubscriberProcess;
+
+constexpr unsigned int kModule = 0xE0000;
+
+/** Runs `work` in a forked child; its exit code is the first 8 bits of what `work` gives. */
+template <typename Work> int inForkedChild(Work work) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::alarm(20);
+        ::_exit(work());
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void ignore(unsigned int /*id*/, void* /*payload*/, unsigned int /*length*/, void* /*previous*/) {}
+
+TEST(ForkedChild, isRefusedByEveryCall) {
+    EventRecorder recorder(kModule);
+    auto publisher = std::make_unique<keluem::Publisher>();
+    publisher->publish(kModule, nullptr, 0);
+    EXPECT_EQ(inForkedChild([] { return -EMAL_AddListener(0xF0000, ignore); }), EPERM);
+    EXPECT_EQ(inForkedChild([] { return -EMAL_RemoveListener(kModule); }), EPERM);
+    EXPECT_EQ(inForkedChild([&] { return -publisher->publish(kModule, nullptr, 0); }), EPERM);
+    EXPECT_EQ(inForkedChild([&] {
+                  publisher.reset();
+                  return 7;
+              }),
+              7);
+}
+
+TEST(ForkedChild, leavesItsParentAsItWas) {
+    EventRecorder recorder(kModule);
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(recorder.takeIds(1).size(), 1U);
+    EXPECT_EQ(inForkedChild([] { return 0; }), 0);
+    publisher.publish(kModule + 1, nullptr, 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+}
+
+TEST(ForkedChild, getsNoEventsAndItsParentGetsThemAll) {
+    SubscriberProcess process("fork", kModule);
+    ASSERT_TRUE(process.ready());
+    keluem::Publisher publisher;
+    publisher.publish(kModule, "x", 1);
+    publisher.publish(kModule + 0xFFFF, "y", 1);
+    EXPECT_EQ(process.process().exitCode(), 0);
+    EXPECT_EQ(process.printed(), "e0000 x\neffff y\n");
+}
+
+pid_t childNamedBy(SubscriberProcess& process) {
+    const std::string text = process.process().output().text();
+    return std::stoi(text.substr(text.find("child ") + 6));
+}
+
+TEST(ForkedChild, doesNotKeepItsDeadParentSubscribed) {
+    kelutv::test::LogCapture log;
+    SubscriberProcess process("fork", kModule);
+    ASSERT_TRUE(process.ready());
+    keluem::Publisher publisher;
+    publisher.publish(kModule, "x", 1);
+    process.process().kill(SIGKILL);
+    process.process().wait();
+    EXPECT_EQ(publisher.publish(kModule, "x", 1), 0);
+    EXPECT_EQ(kelutv::test::entriesOf(process.process().pid()), 0U);
+    EXPECT_EQ(::kill(childNamedBy(process), SIGKILL), 0);
+}
+
+TEST(ForkedChild, maySubscribeWhenItsParentNeverDid) {
+    SubscriberProcess process("fork-first", kModule);
+    ASSERT_TRUE(process.ready());
+    keluem::Publisher publisher;
+    publisher.publish(kModule + 0xFFFF, "x", 1);
+    EXPECT_EQ(process.process().exitCode(), 0);
+}
+
+} // namespace

@@ -1,0 +1,142 @@
+#include "EventRecorder.h"
+#include "FakeSubscriber.h"
+#include "support/Capture.h"
+
+#include <keluem/publisher.h>
+
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using kelutv::test::EventRecorder;
+using kelutv::test::FakeSubscriber;
+using kelutv::test::LogCapture;
+using kelutv::test::LogEntry;
+
+constexpr unsigned int kModule = 0xA0000;
+
+void publishRange(keluem::Publisher& publisher, unsigned int first, unsigned int count, const std::string& payload) {
+    for (unsigned int id = first; id < first + count; ++id) {
+        ASSERT_EQ(publisher.publish(id, payload.data(), payload.size()), 0);
+    }
+}
+
+std::vector<unsigned int> idsFrom(unsigned int first, std::size_t count) {
+    std::vector<unsigned int> ids(count);
+    std::iota(ids.begin(), ids.end(), first);
+    return ids;
+}
+
+std::size_t overflowLines(LogCapture& log) {
+    const std::vector<LogEntry> entries = log.take();
+    return static_cast<std::size_t>(std::count_if(entries.begin(), entries.end(), [](const LogEntry& entry) {
+        return entry.tag == "keluem" && entry.text.find("does not keep up") != std::string::npos;
+    }));
+}
+
+/** Checks that `ids` begins the range and ends with its last `queued`, with everything between dropped. */
+void expectHeadAndTail(const std::vector<unsigned int>& ids, unsigned int first, unsigned int count,
+                       std::size_t queued) {
+    ASSERT_GT(ids.size(), queued);
+    const std::size_t head = ids.size() - queued;
+    EXPECT_EQ(std::vector<unsigned int>(ids.begin(), ids.end() - static_cast<long>(queued)), idsFrom(first, head));
+    EXPECT_EQ(std::vector<unsigned int>(ids.end() - static_cast<long>(queued), ids.end()),
+              idsFrom(first + count - static_cast<unsigned int>(queued), queued));
+}
+
+TEST(SlowSubscriber, losesTheOldestBeyondTheBoundOfEvents) {
+    constexpr unsigned int kCount = 5000;
+    LogCapture log;
+    FakeSubscriber slow("1-slow", kModule);
+    keluem::Publisher publisher;
+    publishRange(publisher, kModule, kCount, "sixteen bytes ..");
+    const std::uint64_t dropped = publisher.droppedEvents();
+    slow.accept();
+    const std::vector<unsigned int> ids = slow.idsUntil(kModule + kCount - 1);
+    expectHeadAndTail(ids, kModule, kCount, keluem::kMaxQueuedEvents);
+    EXPECT_EQ(ids.size() + dropped, kCount);
+    EXPECT_EQ(publisher.droppedEvents(), dropped);
+    EXPECT_EQ(overflowLines(log), 1U);
+}
+
+TEST(SlowSubscriber, losesTheOldestBeyondTheBoundOfPayload) {
+    constexpr unsigned int kCount = 100;
+    FakeSubscriber slow("1-slow", kModule);
+    LogCapture log;
+    keluem::Publisher publisher;
+    publishRange(publisher, kModule, kCount, std::string(keluem::kMaxPayload, 'x'));
+    const std::uint64_t dropped = publisher.droppedEvents();
+    slow.accept();
+    const std::vector<unsigned int> ids = slow.idsUntil(kModule + kCount - 1);
+    expectHeadAndTail(ids, kModule, kCount, keluem::kMaxQueuedPayload / keluem::kMaxPayload);
+    EXPECT_EQ(ids.size() + dropped, kCount);
+}
+
+TEST(SlowSubscriber, isNamedOncePerOverflow) {
+    LogCapture log;
+    FakeSubscriber slow("1-slow", kModule);
+    keluem::Publisher publisher;
+    publishRange(publisher, kModule, 4000, "x");
+    slow.accept();
+    slow.idsUntil(kModule + 3999);
+    EXPECT_EQ(overflowLines(log), 1U);
+    publishRange(publisher, kModule + 5000, 4000, "x");
+    EXPECT_EQ(overflowLines(log), 1U);
+}
+
+TEST(SlowSubscriber, holdsUpNobodyElse) {
+    LogCapture log;
+    FakeSubscriber slow("1-slow", kModule);
+    EventRecorder prompt(kModule);
+    keluem::Publisher publisher;
+    for (unsigned int first = 0; first < 5000; first += 500) {
+        publishRange(publisher, kModule + first, 500, "x");
+        EXPECT_EQ(prompt.takeIds(500), idsFrom(kModule + first, 500));
+    }
+    EXPECT_GT(publisher.droppedEvents(), 0U);
+}
+
+TEST(SlowSubscriber, thatCatchesUpGetsEventsInOrder) {
+    FakeSubscriber slow("1-slow", kModule);
+    keluem::Publisher publisher;
+    publishRange(publisher, kModule, 800, std::string(1000, 'x'));
+    slow.accept();
+    EXPECT_EQ(slow.idsUntil(kModule + 799), idsFrom(kModule, 800));
+    publishRange(publisher, kModule + 800, 10, "x");
+    EXPECT_EQ(slow.idsUntil(kModule + 809), idsFrom(kModule + 800, 10));
+    EXPECT_EQ(publisher.droppedEvents(), 0U);
+}
+
+TEST(SlowSubscriber, withAFullBacklogIsReachedLater) {
+    FakeSubscriber slow("1-slow", kModule);
+    slow.limitBacklog(1);
+    keluem::Publisher first;
+    keluem::Publisher second;
+    EXPECT_EQ(first.publish(kModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(second.publish(kModule + 2, nullptr, 0), 0);
+    EXPECT_EQ(second.publish(kModule + 3, nullptr, 0), 0);
+    slow.accept();
+    EXPECT_EQ(slow.nextId(), kModule + 1);
+    slow.accept();
+    EXPECT_EQ(slow.idsUntil(kModule + 3), (std::vector<unsigned int>{kModule + 2, kModule + 3}));
+}
+
+TEST(SlowSubscriber, isForgottenWhenItDies) {
+    LogCapture log;
+    FakeSubscriber slow("1-slow", kModule);
+    keluem::Publisher publisher;
+    publishRange(publisher, kModule, 3000, "x");
+    slow.accept();
+    slow.die();
+    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    const std::uint64_t dropped = publisher.droppedEvents();
+    publishRange(publisher, kModule, 3000, "x");
+    EXPECT_EQ(publisher.droppedEvents(), dropped);
+}
+
+} // namespace
