@@ -21,8 +21,10 @@ status_t BBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, uin
         answer->freeData();
     }
     const status_t status = code == PING_TRANSACTION ? pingBinder() : onTransact(code, data, answer, flags);
-    if (answer != nullptr) {
-        status == NO_ERROR ? answer->setDataPosition(0) : answer->freeData();
+    if (answer != nullptr && status == NO_ERROR) {
+        answer->setDataPosition(0);
+    } else if (answer != nullptr) {
+        answer->freeData();
     }
     return status;
 }

@@ -89,6 +89,9 @@ status_t SocketServer::listen(const std::string& entry, const sp<BBinder>& objec
 }
 
 void SocketServer::serve() {
+    if (kq::inForkedChild()) {
+        return;
+    }
     const std::lock_guard<std::mutex> lock(mMutex);
     mServing = mServing || startRuntimeThread("kq:accept", [this] { acceptConnections(); });
 }

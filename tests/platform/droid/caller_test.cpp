@@ -1,0 +1,33 @@
+#include "Calls.h"
+#include "DroidTest.h"
+#include "peer/Peer.h"
+#include "peer/PeerProtocol.h"
+#include "peer/PeerService.h"
+
+#include <binder/IPCThreadState.h>
+
+#include <unistd.h>
+
+namespace kelutv::test {
+namespace {
+
+using CallerTest = DroidTest;
+
+Bytes thisProcess() { return replyOf({::getpid(), static_cast<int32_t>(::getuid())}); }
+
+TEST_F(CallerTest, isTheCallingProcessInsideACall) {
+    const Peer peer;
+    EXPECT_EQ(call(peer.binder(), kCaller).bytes, thisProcess());
+}
+
+TEST_F(CallerTest, isThisProcessOutsideACall) {
+    const Peer peer;
+    peer.binder()->pingBinder();
+    EXPECT_EQ(android::IPCThreadState::self()->getCallingPid(), ::getpid());
+    EXPECT_EQ(android::IPCThreadState::self()->getCallingUid(), ::getuid());
+}
+
+TEST_F(CallerTest, isThisProcessInALocalCall) { EXPECT_EQ(call(new PeerService, kCaller).bytes, thisProcess()); }
+
+} // namespace
+} // namespace kelutv::test

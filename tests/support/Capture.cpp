@@ -1,0 +1,66 @@
+#include "support/Capture.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+namespace kelutv::test {
+
+bool operator==(const LogEntry& a, const LogEntry& b) {
+    return a.priority == b.priority && a.tag == b.tag && a.text == b.text;
+}
+
+std::ostream& operator<<(std::ostream& out, const LogEntry& entry) {
+    return out << '{' << entry.priority << ", " << (entry.tag ? '"' + *entry.tag + '"' : "no tag") << ", \""
+               << entry.text << "\"}";
+}
+
+LogCapture::LogCapture() { kqlog::installSink(this); }
+
+LogCapture::~LogCapture() { kqlog::removeSink(); }
+
+std::vector<LogEntry> LogCapture::take() {
+    const std::lock_guard lock(mMutex);
+    return std::exchange(mEntries, {});
+}
+
+void LogCapture::write(int priority, const char* tag, const char* text) {
+    const std::lock_guard lock(mMutex);
+    mEntries.push_back({priority, tag != nullptr ? std::optional<std::string>(tag) : std::nullopt, text});
+}
+
+FdCapture::FdCapture(int fd) : mFd(fd), mReal(-1) {
+    flush();
+    mReal = ::fcntl(fd, F_DUPFD_CLOEXEC, 0);
+    if (mReal < 0 || ::dup2(mFile.fd(), fd) < 0) {
+        throw std::system_error(errno, std::generic_category(), "cannot take over descriptor " + std::to_string(fd));
+    }
+}
+
+FdCapture::~FdCapture() {
+    const std::string rest = take();
+    ::dup2(mReal, mFd);
+    ::close(mReal);
+    std::fwrite(rest.data(), 1, rest.size(), mFd == STDERR_FILENO ? stderr : stdout);
+}
+
+std::string FdCapture::take() {
+    flush();
+    return mFile.take();
+}
+
+bool FdCapture::waitFor(const std::string& part, std::chrono::milliseconds patience) const {
+    return mFile.waitFor(part, patience);
+}
+
+void FdCapture::flush() {
+    std::cout.flush();
+    std::fflush(nullptr);
+}
+
+} // namespace kelutv::test

@@ -1,0 +1,121 @@
+#include "support/ScriptedBinder.h"
+
+#include "support/Deadline.h"
+#include "support/ScriptedProtocol.h"
+
+#include <binder/IPCThreadState.h>
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <thread>
+
+namespace kelutv::test {
+
+using android::Parcel;
+using android::status_t;
+
+namespace {
+
+char stateOf(pid_t thread) {
+    std::ifstream status("/proc/self/task/" + std::to_string(thread) + "/stat");
+    std::string text;
+    std::getline(status, text);
+    const std::size_t afterName = text.rfind(')');
+    return afterName + 2 < text.size() ? text[afterName + 2] : '?';
+}
+
+/** The runtime tells nobody that a reply is out; its thread going back to sleep shows it. */
+void exitWhenAsleep(pid_t thread) {
+    std::thread([thread] {
+        eventually([thread] { return stateOf(thread) == 'S'; });
+        std::_Exit(0);
+    }).detach();
+}
+
+} // namespace
+
+status_t ScriptedBinder::onTransact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t) {
+    return code == scripted::kRequest ? answer(data, reply) : obey(code, data, reply);
+}
+
+status_t ScriptedBinder::answer(const Parcel& data, Parcel* reply) {
+    std::unique_lock lock(mMutex);
+    mRequests.emplace_back(data.data(), data.data() + data.dataSize());
+    mCallerUid = static_cast<int>(android::IPCThreadState::self()->getCallingUid());
+    mCallerPid = static_cast<int>(android::IPCThreadState::self()->getCallingPid());
+    if (mExit == Exit::BeforeReply) {
+        std::_Exit(0);
+    }
+    hang(lock);
+    if (mExit == Exit::AfterReply) {
+        exitWhenAsleep(::gettid());
+    }
+    return mStatus != android::NO_ERROR ? mStatus : reply->setData(mReply.data(), mReply.size());
+}
+
+status_t ScriptedBinder::obey(uint32_t code, const Parcel& data, Parcel* reply) {
+    const std::lock_guard lock(mMutex);
+    switch (code) {
+    case scripted::kReplyWith:
+        takeReply(data);
+        break;
+    case scripted::kReplyStatus:
+        mStatus = data.readInt32();
+        break;
+    case scripted::kTakeRequests:
+        writeRequests(reply);
+        break;
+    case scripted::kHangNext:
+        mHangNext = true;
+        break;
+    case scripted::kIsHanging:
+        reply->writeInt32(mHanging ? 1 : 0);
+        break;
+    case scripted::kRelease:
+        mHangNext = false;
+        mHanging = false;
+        mChanged.notify_all();
+        break;
+    case scripted::kExitBeforeReply:
+        mExit = Exit::BeforeReply;
+        break;
+    case scripted::kExitAfterReply:
+        mExit = Exit::AfterReply;
+        break;
+    case scripted::kLastCaller:
+        reply->writeInt32(mCallerUid);
+        reply->writeInt32(mCallerPid);
+        break;
+    default:
+        return android::UNKNOWN_TRANSACTION;
+    }
+    return android::NO_ERROR;
+}
+
+void ScriptedBinder::takeReply(const Parcel& data) {
+    mReply.resize(static_cast<std::size_t>(data.readInt32()));
+    data.read(mReply.data(), mReply.size());
+    mStatus = android::NO_ERROR;
+}
+
+void ScriptedBinder::hang(std::unique_lock<std::mutex>& lock) {
+    if (mHangNext) {
+        mHangNext = false;
+        mHanging = true;
+        mChanged.wait_for(lock, kPatience, [this] { return !mHanging; });
+    }
+}
+
+void ScriptedBinder::writeRequests(Parcel* reply) {
+    reply->writeInt32(static_cast<std::int32_t>(mRequests.size()));
+    for (const Bytes& request : mRequests) {
+        reply->writeInt32(static_cast<std::int32_t>(request.size()));
+        reply->write(request.data(), request.size());
+    }
+    mRequests.clear();
+}
+
+} // namespace kelutv::test
