@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+
+namespace simulator {
+
+/** The result word of a refused request; a request that is refused changes nothing. */
+enum class Result : std::int32_t {
+    Ok = 0,
+    WrongToken = -101,
+    UnknownCommand = -102,
+    MissingData = -103,
+    UnterminatedText = -104,
+    TooMuchData = -105,
+    UnknownItem = -106,
+    OutOfRange = -107,
+};
+
+} // namespace simulator

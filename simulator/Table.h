@@ -1,0 +1,128 @@
+#pragma once
+
+#include "Scalar.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace simulator {
+
+/** A table of constants that lives as long as the program. */
+template <typename Row> class Rows {
+public:
+    constexpr Rows() = default;
+    template <std::size_t count>
+    constexpr Rows(const Row (&rows)[count]) : mRows(rows), mCount(count) {} // NOLINT(google-explicit-constructor)
+
+    constexpr const Row* begin() const { return mRows; }
+    constexpr const Row* end() const { return mRows + mCount; }
+    constexpr std::size_t size() const { return mCount; }
+    constexpr const Row& operator[](std::size_t index) const { return mRows[index]; }
+
+private:
+    const Row* mRows = nullptr;
+    std::size_t mCount = 0;
+};
+
+struct EnumeratorName {
+    std::int32_t value;
+    const char* name;
+};
+using EnumerationNames = Rows<EnumeratorName>;
+
+enum class Kind { Int32, Double, CString, String16, Ints, Doubles, Bytes };
+
+/** The length of a block of which the request does not say how long it is: it fills the rest. */
+constexpr int kRestOfRequest = -1;
+
+struct RequestItem {
+    Kind kind;
+    const char* name;
+    const EnumerationNames* names;
+    /** Of a block: the request item that holds its length, or `kRestOfRequest`. */
+    int lengthItem;
+};
+
+/** A field that fills the rest of the reply. */
+constexpr int kRestOfReply = -1;
+
+struct ReplyField {
+    Kind kind;
+    /** Null unless the field belongs to a record. */
+    const char* name;
+    const EnumerationNames* names;
+    int count;
+};
+
+/** What the result word and the words behind it mean; see the command calls of the client. */
+enum class Shape { Status, Value, Parcel };
+
+/** A number, or a text when that is not null. Without a destructor, since requests come until the process is gone. */
+struct InitialValue {
+    std::int32_t number;
+    const char* text;
+};
+
+/** One thing that the television keeps, possibly once for each of several keys. */
+struct StateSlot {
+    const char* name;
+    const char* module;
+    Rows<InitialValue> initial;
+    bool bounded;
+    std::int32_t low;
+    std::int32_t high;
+    /** Published when the value changes; 0 for none. */
+    unsigned int event;
+};
+
+/** The request item at `index`; the literal when that is negative. */
+struct Operand {
+    int index;
+    std::int32_t literal;
+};
+
+/** What a set stores is what the matching get returns. */
+struct Rule {
+    enum class Kind { None, Set, Get };
+
+    Kind kind;
+    const StateSlot* slot;
+    Rows<Operand> keys;
+    Rows<Operand> values;
+};
+
+struct Operation {
+    Rows<RequestItem> request;
+    Shape shape;
+    Rows<ReplyField> reply;
+    Rule rule;
+};
+
+struct Command {
+    const char* name;
+    Operation operation;
+    std::int32_t value;
+    /** The first request item picks one of the module's items. */
+    bool hasItems;
+};
+
+/** One item behind a module's item command. */
+struct Item {
+    std::int32_t command;
+    std::int32_t value;
+    Operation operation;
+};
+
+/** Generated from the catalogue: the commands by ascending value, the items by ascending command and value. */
+Rows<Command> allCommands();
+Rows<Item> allItems();
+Rows<StateSlot> allStates();
+
+/** Null when there is none. */
+const Command* findCommand(std::int32_t value);
+const StateSlot* findState(const char* name);
+
+/** What a command does with these arguments; null when it names an item that does not exist. */
+const Operation* operationOf(const Command& command, const Arguments& arguments);
+
+} // namespace simulator

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace simulator {
+
+/** UTF-8 from UTF-16; a surrogate without its partner becomes U+FFFD. */
+std::string toUtf8(std::u16string_view text);
+
+} // namespace simulator

@@ -1,0 +1,254 @@
+#!/usr/bin/env python3
+"""Writes the simulator's command table: what every command of the catalogue carries, and what it does to the state."""
+
+from __future__ import annotations
+
+import argparse
+import json
+import re
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "catalogue"))
+
+from cells import record_leaves  # noqa: E402
+from model import Catalogue, Function, Method, Operand, Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
+from reader import read_catalogue  # noqa: E402
+from tables import CatalogueError  # noqa: E402
+
+KINDS = {
+    "int32": "Int32",
+    "int": "Int32",
+    "bool": "Int32",
+    "double": "Double",
+    "cstring": "CString",
+    "str16": "String16",
+    "ints": "Ints",
+    "doubles": "Doubles",
+    "bytes": "Bytes",
+}
+REST = -1
+DEFAULTS = ROOT / "simulator" / "defaults.json"
+SETTINGS = {"initial", "range", "event"}
+
+
+class GenerationError(Exception):
+    """Why there is no table."""
+
+
+def text(value: str) -> str:
+    return json.dumps(value)
+
+
+def state_key(operation: Method | Function, state: State) -> str:
+    return f"{operation.module}.{state.name}"
+
+
+class Defaults:
+    """What the television starts with: defaults.json, held against the states of the catalogue."""
+
+    def __init__(self, path: Path, states: set[str]):
+        self.path = path
+        try:
+            modules = json.loads(path.read_text(encoding="utf-8"))
+        except json.JSONDecodeError as error:
+            raise GenerationError(f"{path}: {error}") from error
+        self.settings = {f"{module}.{name}": entry for module, names in modules.items() for name, entry in names.items()}
+        for name, settings in self.settings.items():
+            self._check(name, settings, states)
+
+    def _check(self, name: str, settings: dict, states: set[str]) -> None:
+        if name not in states:
+            raise GenerationError(f"{self.path}: the catalogue has no state '{name}'")
+        if not isinstance(settings, dict) or not set(settings) <= SETTINGS:
+            raise GenerationError(f"{self.path}: '{name}' takes only {', '.join(sorted(SETTINGS))}")
+        for value in self.initial(name):
+            if type(value) not in (int, str):
+                raise GenerationError(f"{self.path}: '{name}': initial value {value!r} is neither an integer nor a text")
+        bounds = self.range(name)
+        if len(bounds) != 2 or any(type(bound) is not int for bound in bounds) or bounds[0] > bounds[1]:
+            raise GenerationError(f"{self.path}: '{name}': range {bounds} is not [LOWEST, HIGHEST]")
+        if not re.fullmatch(r"0|k[A-Z]\w*", self.event(name)):
+            raise GenerationError(f"{self.path}: '{name}': event '{self.event(name)}' is not a name of Events.h")
+
+    def initial(self, name: str) -> list[int | str]:
+        value = self.settings.get(name, {}).get("initial", [])
+        return value if isinstance(value, list) else [value]
+
+    def bounded(self, name: str) -> bool:
+        return "range" in self.settings.get(name, {})
+
+    def range(self, name: str) -> list[int]:
+        return self.settings.get(name, {}).get("range", [0, 0])
+
+    def event(self, name: str) -> str:
+        return self.settings.get(name, {}).get("event", "0")
+
+
+class TableWriter:
+    def __init__(self, catalogue: Catalogue, defaults: Path):
+        self.catalogue = catalogue
+        self.headers = catalogue.headers
+        operations = catalogue.operations
+        self.states = sorted({state_key(op, op.state) for op in operations if op.state})
+        self.defaults = Defaults(defaults, set(self.states))
+        self.enumerations: dict[str, str] = {}
+        self.arrays: dict[str, str] = {}
+
+    def _array(self, row_type: str, rows: list[str]) -> str:
+        """The name of a table with these rows; equal tables are written once."""
+        if not rows:
+            return "{}"
+        body = f"constexpr {row_type} %s[] = {{{', '.join(rows)}}};"
+        return self.arrays.setdefault(body, f"k{row_type}s{len(self.arrays)}")
+
+    def _names(self, type_name: str, values: ValueSet | None) -> str:
+        enumeration = values.enumeration if values and values.enumeration else type_name
+        if enumeration not in self.headers.enumerations:
+            return "nullptr"
+        self.enumerations[enumeration] = f"k{enumeration}"
+        return f"&k{enumeration}"
+
+    def _request(self, operation: Method | Function) -> str:
+        method = operation if isinstance(operation, Method) else operation.method
+        rows = []
+        for item, declared in zip(operation.request, method.request):
+            named = item if item.literal is None else declared
+            values = (operation if item.literal is None else method).values.get(named.source.lstrip("*"))
+            names = self._names(named.type, values)
+            length = self._length_item(operation, item)
+            rows.append(f"{{Kind::{KINDS[item.kind]}, {text(named.source)}, {names}, {length}}}")
+        return self._array("RequestItem", rows)
+
+    @staticmethod
+    def _length_item(operation: Method | Function, item: WireItem) -> int:
+        """Where the request says how long a block is; a block of unsaid length must be the last item."""
+        sources = [sent.source for sent in operation.request]
+        if item.length in sources:
+            return sources.index(item.length)
+        if item.length and item is not operation.request[-1]:
+            raise GenerationError(f"{operation.place}: {item.source} is not the last item and its length is not sent")
+        return REST
+
+    def _reply_field(self, field: ReplyField, values: dict[str, ValueSet]) -> list[str]:
+        if field.kind in self.headers.records:
+            return [
+                f"{{Kind::{KINDS[self._leaf_kind(kind)]}, {text(path[1:])}, {self._names(kind, None)}, 1}}"
+                for path, kind in record_leaves(self.headers, field.kind, "")
+            ]
+        count = REST if field.repeated else 1
+        if field.count is not None:
+            count = int(field.count) if field.count.isdigit() else REST
+        names = self._names(field.kind, values.get(field.target or "return"))
+        return [f"{{Kind::{KINDS[field.kind]}, nullptr, {names}, {count}}}"]
+
+    def _leaf_kind(self, type_name: str) -> str:
+        return "int" if type_name in self.headers.enumerations or type_name == "unsigned int" else type_name
+
+    def _reply(self, reply: Reply, values: dict[str, ValueSet]) -> str:
+        if reply.shape == "value":
+            reply = Reply("parcel", (ReplyField("int", "value"),))
+        return self._array("ReplyField", [row for field in reply.fields for row in self._reply_field(field, values)])
+
+    def _operands(self, operands: tuple[Operand, ...]) -> str:
+        rows = [f"{{{op.index}, 0}}" if op.literal is None else f"{{-1, {op.literal}}}" for op in operands]
+        return self._array("Operand", rows)
+
+    def _rule(self, operation: Method | Function) -> str:
+        state = operation.state
+        if state is None:
+            return "{Rule::Kind::None, nullptr, {}, {}}"
+        kind = "Set" if state.is_set else "Get"
+        slot = f"&kStates[{self.states.index(state_key(operation, state))}]"
+        return f"{{Rule::Kind::{kind}, {slot}, {self._operands(state.keys)}, {self._operands(state.values or ())}}}"
+
+    def _operation(self, operation: Method | Function) -> str:
+        method = operation if isinstance(operation, Method) else operation.method
+        reply = self._reply(method.reply, operation.values)
+        shape = method.reply.shape.capitalize()
+        return f"{{{self._request(operation)}, Shape::{shape}, {reply}, {self._rule(operation)}}}"
+
+    def _commands(self) -> list[str]:
+        rows: dict[int, tuple[str, Method]] = {}
+        for method in self.catalogue.methods:
+            operation, has_items = self._operation(method), str(method.items).lower()
+            row = f"{{{text(method.command)}, {operation}, 0x{method.value:X}, {has_items}}}"
+            known = rows.setdefault(method.value, (row, method))
+            if known[0] != row:
+                raise GenerationError(f"{method.place}: {method.command} differs from its row at {known[1].place}")
+        return [rows[value][0] for value in sorted(rows)]
+
+    def _items(self) -> list[str]:
+        rows: dict[tuple[int, int], tuple[str, Function]] = {}
+        for function in self.catalogue.functions:
+            if function.item is None:
+                continue
+            key = (function.method.value, function.item_value)
+            row = f"{{0x{key[0]:X}, {key[1]}, {self._operation(function)}}}"
+            known = rows.setdefault(key, (row, function))
+            if known[0] != row:
+                raise GenerationError(f"{function.place}: {function.item} differs from its row at {known[1].place}")
+        return [rows[key][0] for key in sorted(rows)]
+
+    def _state_rows(self) -> list[str]:
+        rows = []
+        for name in self.states:
+            initial = [
+                f"{{0, {text(value)}}}" if isinstance(value, str) else f"{{{value}, nullptr}}"
+                for value in self.defaults.initial(name)
+            ]
+            low, high = self.defaults.range(name)
+            bounded = str(self.defaults.bounded(name)).lower()
+            module = text(name.split(".")[0])
+            array = self._array("InitialValue", initial)
+            rows.append(f"{{{text(name)}, {module}, {array}, {bounded}, {low}, {high}, {self.defaults.event(name)}}}")
+        return rows
+
+    def _enumeration_lines(self) -> list[str]:
+        lines = []
+        for name, constant in self.enumerations.items():
+            values = self.headers.enumerations[name].values
+            rows = ", ".join(f'{{{value}, "{enumerator}"}}' for enumerator, value in values.items())
+            lines.append(f"constexpr EnumeratorName {constant}Names[] = {{{rows}}};")
+            lines.append(f"constexpr EnumerationNames {constant} = {constant}Names;")
+        return lines
+
+    def write(self) -> str:
+        states, commands, items = self._state_rows(), self._commands(), self._items()
+        arrays = [body % name for body, name in self.arrays.items()]
+        tables = {"StateSlot kStates": states, "Command kCommands": commands, "Item kItems": items}
+        return "\n".join(
+            [
+                "// Generated from the catalogue and defaults.json.",
+                '#include "simulator/Events.h"',
+                '#include "simulator/Table.h"\n',
+                "namespace simulator {\n\nnamespace {\n",
+                *self._enumeration_lines(),
+                *arrays,
+                *(f"constexpr {name}[] = {{\n    " + ",\n    ".join(rows) + ",\n};" for name, rows in tables.items()),
+                "\n} // namespace\n",
+                "Rows<Command> allCommands() { return kCommands; }",
+                "Rows<Item> allItems() { return kItems; }",
+                "Rows<StateSlot> allStates() { return kStates; }",
+                "\n} // namespace simulator\n",
+            ]
+        )
+
+
+def main() -> int:
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("output", type=Path, help="the C++ source to write")
+    parser.add_argument("--defaults", type=Path, default=DEFAULTS, help="what the television starts with")
+    arguments = parser.parse_args()
+    try:
+        catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
+        arguments.output.write_text(TableWriter(catalogue, arguments.defaults).write(), encoding="utf-8")
+    except (CatalogueError, GenerationError) as error:
+        print(error, file=sys.stderr)
+        return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

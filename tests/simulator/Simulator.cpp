@@ -1,0 +1,80 @@
+#include "simulator/Simulator.h"
+
+#include <binder/IServiceManager.h>
+#include <binder/Parcel.h>
+
+#include <csignal>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+namespace kelutv::test {
+
+namespace {
+
+constexpr char kReadyLine[] = "kelutv-simulator: ready (TVBaseService)\n";
+
+ChildProcess::Options captured() {
+    ChildProcess::Options options;
+    options.captureOutput = true;
+    options.captureError = true;
+    return options;
+}
+
+} // namespace
+
+Simulator::Simulator() : mProcess({KELUTV_SIMULATOR, "--trace"}, captured()) {
+    if (!mProcess.output().waitFor(kReadyLine)) {
+        throw std::runtime_error("the simulator did not get ready: " + mProcess.error().text());
+    }
+    mProcess.output().take();
+}
+
+std::vector<std::string> Simulator::takeTrace() {
+    std::istringstream text(mProcess.output().take());
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(text, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), KELUTV_SIMULATOR);
+    return std::make_unique<ChildProcess>(std::move(arguments), captured());
+}
+
+SimulatorEnvironment& SimulatorEnvironment::install() {
+    auto* const environment = new SimulatorEnvironment;
+    ::testing::AddGlobalTestEnvironment(environment);
+    return *environment;
+}
+
+void SimulatorEnvironment::SetUp() {
+    mRuntimeDir.emplace();
+    mSimulator.emplace();
+}
+
+void SimulatorEnvironment::TearDown() {
+    mSimulator->process().kill(SIGTERM);
+    EXPECT_EQ(mSimulator->process().exitCode(), 0) << mSimulator->process().error().text();
+    mSimulator.reset();
+    mRuntimeDir.reset();
+}
+
+Bytes SimulatorEnvironment::transact(const Bytes& request) {
+    const auto service = android::defaultServiceManager()->getService(android::String16("TVBaseService"));
+    if (service == nullptr) {
+        throw std::runtime_error("the simulator is gone");
+    }
+    android::Parcel data;
+    android::Parcel reply;
+    data.setData(request.data(), request.size());
+    const android::status_t status = service->transact(android::IBinder::FIRST_CALL_TRANSACTION, data, &reply);
+    if (status != android::NO_ERROR) {
+        throw std::runtime_error("the transaction failed with " + std::to_string(status));
+    }
+    return Bytes(reply.data(), reply.data() + reply.dataSize());
+}
+
+} // namespace kelutv::test

@@ -1,0 +1,102 @@
+#include "simulator/Simulator.h"
+#include "support/RuntimeDir.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <atomic>
+#include <csignal>
+#include <stdexcept>
+#include <thread>
+
+namespace kelutv::test {
+
+namespace {
+
+class CommandLine : public ::testing::Test {
+protected:
+    const RuntimeDir mRuntimeDir;
+};
+
+TEST_F(CommandLine, ExplainsItself) {
+    const auto simulator = startSimulator({"--help"});
+    EXPECT_EQ(simulator->exitCode(), 0);
+    EXPECT_NE(simulator->output().text().find("--trace"), std::string::npos);
+    EXPECT_NE(simulator->output().text().find("TVBaseService"), std::string::npos);
+}
+
+TEST_F(CommandLine, TellsItsVersion) {
+    const auto simulator = startSimulator({"--version"});
+    EXPECT_EQ(simulator->exitCode(), 0);
+    EXPECT_EQ(simulator->output().text(), "kelutv-simulator " KELUTV_VERSION "\n");
+}
+
+TEST_F(CommandLine, RefusesWhatItDoesNotKnow) {
+    for (const char* const argument : {"--tracing", "volume"}) {
+        const auto simulator = startSimulator({argument});
+        EXPECT_EQ(simulator->exitCode(), 2);
+        EXPECT_NE(simulator->error().text().find(argument), std::string::npos) << simulator->error().text();
+        EXPECT_EQ(simulator->output().text(), "");
+    }
+}
+
+TEST_F(CommandLine, EndsCleanlyOnASignal) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        Simulator simulator;
+        simulator.process().kill(signal);
+        EXPECT_EQ(simulator.process().exitCode(), 0);
+        EXPECT_EQ(simulator.process().error().text(), "");
+    }
+}
+
+TEST_F(CommandLine, EndsCleanlyWhileItServes) {
+    for (int run = 0; run < 5; ++run) {
+        Simulator simulator;
+        std::atomic<int> answers{0};
+        std::thread client([&answers] {
+            try {
+                for (;;) {
+                    SimulatorEnvironment::transact(requestOf(0x2008, {0, answers % 100}));
+                    ++answers;
+                }
+            } catch (const std::runtime_error&) {
+                // The simulator has ended.
+            }
+        });
+        EXPECT_TRUE(eventually([&answers] { return answers >= 10; }));
+        simulator.process().kill(SIGTERM);
+        EXPECT_EQ(simulator.process().exitCode(), 0) << simulator.process().error().text();
+        client.join();
+    }
+}
+
+TEST_F(CommandLine, RefusesToRunTwice) {
+    Simulator first;
+    const auto second = startSimulator({});
+    EXPECT_EQ(second->exitCode(), 1);
+    EXPECT_NE(second->error().text().find("kelutv-simulator: another process already serves TVBaseService\n"),
+              std::string::npos)
+        << second->error().text();
+    EXPECT_EQ(second->output().text(), "");
+    EXPECT_EQ(SimulatorEnvironment::transact(requestOf(0x2009, {0})), replyOf({0, 20}));
+}
+
+TEST_F(CommandLine, PrintsOnlyThatItIsReadyUnlessToldToTrace) {
+    const auto simulator = startSimulator({});
+    ASSERT_TRUE(simulator->output().waitFor("kelutv-simulator: ready (TVBaseService)\n"));
+    EXPECT_EQ(SimulatorEnvironment::transact(requestOf(0x2008, {0, 35})), replyOf({0}));
+    EXPECT_EQ(simulator->output().text(), "kelutv-simulator: ready (TVBaseService)\n");
+}
+
+TEST_F(CommandLine, SaysThatItCannotServeInAnOpenDirectory) {
+    ASSERT_EQ(::chmod(mRuntimeDir.path().c_str(), 0755), 0);
+    const auto simulator = startSimulator({});
+    EXPECT_EQ(simulator->exitCode(), 1);
+    EXPECT_NE(simulator->error().text().find("kelutv-simulator: cannot serve TVBaseService: "), std::string::npos)
+        << simulator->error().text();
+}
+
+} // namespace
+
+} // namespace kelutv::test
