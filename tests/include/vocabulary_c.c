@@ -1,0 +1,1 @@
+#include "vocabulary_values.h"

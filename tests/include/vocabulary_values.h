@@ -1,0 +1,117 @@
+#ifndef KELUTV_TESTS_VOCABULARY_VALUES_H
+#define KELUTV_TESTS_VOCABULARY_VALUES_H
+
+// Values and layouts that C and C++ must see alike.
+
+#include <kelutv/kelutv.h>
+
+#include <assert.h>
+#include <stddef.h>
+
+// The ends of every command block.
+static_assert(CMD_PICTURE_SETPICTUREMODE == 0x1002, "picture");
+static_assert(CMD_PICTURE_GETDREAMPANEL_BYPICMODE == 0x1094, "picture");
+static_assert(CMD_AUDIO_SETSOUNDMODE == 0x2002, "audio");
+static_assert(CMD_AUDIO_SETSUBWOOFERGEQ == 0x2070, "audio");
+static_assert(CMD_CHANNEL_GETMAXTUNERFREQ == 0x6000, "channel");
+static_assert(CMD_CHANNEL_SET_MOVE == 0x6107, "channel");
+static_assert(CMD_SOURCE_SELECTSOURCE == 0x7000, "source");
+static_assert(CMD_SOURCE_GETWINDOWRECT == 0x701C, "source");
+static_assert(CMD_SYSTEM_DTV_CHANGE_CHANNEL == 0x8100, "system");
+static_assert(CMD_SYSTEM_DTV_CMD_TO_TV == 0x8101, "system");
+static_assert(CMD_TEST_GETTVSERVERSTARTTIME == 0xC001, "test");
+static_assert(CMD_TEST_COMMON_GET_ITEM_VALUE == 0xC00F, "test");
+static_assert(CMD_TV_TTX_INIT == 0xD001, "TV");
+static_assert(CMD_TV_TTX_UNREGISTCALLBACK == 0xD006, "TV");
+static_assert(CMD_PCMPLAYER_START_PLAY == 0xE001, "PCM player");
+static_assert(CMD_PCMPLAYER_SET_GAIN == 0xE004, "PCM player");
+static_assert(CMD_EXTRA_INVOKE == 0xF000, "extra");
+static_assert(CMD_EXTRA_CUSTOMER == 0xF100, "extra");
+static_assert(CMD_CONFIG_GET_CECSWITCHMODE == 0x10001, "configuration");
+static_assert(CMD_CONFIG_SET_ARCMODE == 0x1000C, "configuration");
+
+// Values on both sides of a gap.
+static_assert(CMD_AUDIO_GET_AVC_RELEASETIME == 0x2069, "before the audio gap");
+static_assert(CMD_CHANNEL_GETMTSMODELIST == 0x602B, "before the channel gap");
+static_assert(CMD_CHANNEL_SETNEXTSOUNDMODE == 0x6103, "after the channel gap");
+static_assert(CMD_SYSTEM_GET_SOUNDBAR_MODE == 0x8019, "before the first system gap");
+static_assert(CMD_SYSTEM_PRESUSPEND == 0x802A, "after the first system gap");
+static_assert(CMD_SYSTEM_SET_TIMER_WAKEUP_PARAM == 0x8054, "before the second system gap");
+static_assert(CMD_EXTRA_GETGMACCLKENABLE == 0xF00D, "after the first extra gap");
+static_assert(CMD_EXTRA_GETEDIDTYPE == 0xF027, "inside the extra block");
+static_assert(CMD_EXTRA_GETREALCLRSYS == 0xF032, "inside the extra block");
+static_assert(CMD_EXTRA_SETENTERIRWBADJ == 0xF04B, "inside the extra block");
+static_assert(CMD_EXTRA_SETLOGLEVEL == 0xF052, "inside the extra block");
+static_assert(CMD_EXTRA_ATV_DEBUG_NOTIFY == 0xF055, "before the second extra gap");
+static_assert(CMD_PICTURE_GETSCOPE == 0x104A, "before the picture gap");
+static_assert(CMD_PICTURE_SETLDAREANUM == 0x104D, "after the picture gap");
+static_assert(CMD_FACTORY_SETMACADDRESS == 0x905D, "before a factory gap");
+static_assert(CMD_FACTORY_UPGRADESYSTEM == 0x905F, "after a factory gap");
+static_assert(CMD_FACTORY_UPATANLATOSURCEO == 0x90D0, "before the last factory gap");
+static_assert(CMD_FACTORY_SET_PQ_GAMMA_VALUE == 0x90E0, "after the last factory gap");
+
+// Names whose prefix or spelling stands alone.
+static_assert(CMD_FACOTRY_UPGRADENTPQIC == 0x90AF, "first of its spelling");
+static_assert(CMD_FACOTRY_COMMON_COPY_SOURCE_COLOR_LUT == 0x90CF, "last of its spelling");
+static_assert(CMD_CEC_MODIFY_MUTE == 0x205E, "in the audio block");
+static_assert(CMDID_AUDIO_GET_OUTPUT_LIST == 0x2058, "a command");
+static_assert(CMDID_AUDIO_GET_OUTPUT_ENABLE == 0x2059, "a command");
+static_assert(CIDMD_AUDIO_SET_OUTPUT_ENABLE == 0x2015, "an item");
+static_assert(CIDMD_AUDIO_SET_OUTPUT_DISENABLE == 0x2016, "an item");
+static_assert(CMD_AUDIO_GETDRCATTR == 0x205C && CMD_AUDIO_SETDRCATTR == 0x205D, "get below set");
+static_assert(CMD_AUDIO_GETDEFAULTSNDOUTPUTDEV == 0x2060 && CMD_AUDIO_SETDEFAULTSNDOUTPUTDEV == 0x2061,
+              "get below set");
+
+// Items: bases and one row of each block that has any.
+static_assert(CMDID_PICTURE_MODULE_START == 0x1000, "base");
+static_assert(CMDID_AUDIO_MODULE_START == 0x2000, "base");
+static_assert(CMDID_VIDEO_MODULE_START == 0x3000, "base");
+static_assert(CMDID_PCSETTING_MODULE_START == 0x4000, "base");
+static_assert(CMDID_HDMICEC_MODULE_START == 0x5000, "base");
+static_assert(CMDID_ATV_CHANNEL_MODULE_START == 0x6000, "base");
+static_assert(CMDID_SOURCE_MODULE_START == 0x7000, "base");
+static_assert(CMDID_SYSTEM_MODULE_START == 0x8000, "base");
+static_assert(CMDID_FACTORY_MODULE_START == 0x9000, "base");
+static_assert(CMDID_SYS_MODULE_START == 0xA000, "base");
+static_assert(CMDID_TEST_MODULE_START == 0xC000, "base");
+static_assert(CMDID_EXTRA_MODULE_START == 0xF000, "base");
+static_assert(CMDID_PICTURE_COPY_CURPICDATA_TO_USER == 4104, "picture item");
+static_assert(CMDID_AUDIO_SET_MAX_VOLUME == 8203, "audio item");
+static_assert(CMDID_AUDIO_GET_INTERNAL_DEF_OUTPUT_LIST == 8222, "audio item");
+static_assert(CMDID_SYSTEM_REBOOT == 33026, "system item");
+
+static_assert(KELU_EM_MODE_ATVPLAYER == 0x10000, "event module");
+static_assert(KELU_EM_MODE_FACTOY == 0x30000, "event module");
+static_assert(KELU_EM_MODE_CEC == 0x1A0000, "event module");
+static_assert(KELU_EM_MODE_GRAPHICTEXT_RSP == 0x200000, "event module after the gap");
+static_assert(KELU_EM_MODE_BUTT == 0x200001, "end of the event modules");
+
+static_assert(KELU_TV_SND_MUTE_EXTERNAL_SPEAKER == 12, "before the mute gap");
+static_assert(KELU_TV_SND_MUTE_MEDIA == 16, "after the mute gap");
+static_assert(KELU_TV_SND_MUTE_BUTT == 18, "end of the mute owners");
+static_assert(KELU_TV_AUDIO_CHANNEL_BUTT == 9, "channels");
+static_assert(KELU_TV_SIF_OUTMODE_BUTT == 14, "stereo modes");
+static_assert(KELU_TV_SNDMODE_BUTT == 9, "sound modes");
+static_assert(KELU_TV_ARC_PASSTHROUGH == 3, "SPDIF outputs");
+static_assert(KELU_TV_AUDIO_EFFECT_PARAM_BUTT == 11, "effects");
+static_assert(KELU_TV_AUDIO_ADVANCED_EFFECT_PARAM_BUTT == 23, "advanced effects");
+static_assert(KELU_TV_AUDIO_STREAM_TYPE_BUTT == 34, "stream types");
+static_assert(KELU_TV_PCMPLAYER_BUTT == 2, "player states");
+
+static_assert(KELU_TV_SRC_HDMI1 == 9 && KELU_TV_SRC_HDMI_MAX == KELU_TV_SRC_HDMI4, "sources");
+static_assert(KELU_TV_SRC_MEDIA == KELU_TV_SRC_MEDIA1 && KELU_TV_SRC_BUTT == 18, "sources");
+static_assert((int)KELU_MW_SRC_HDMI1 == (int)KELU_TV_SRC_HDMI1, "sources on the wire");
+static_assert((int)KELU_MW_SRC_BUTT == (int)KELU_TV_SRC_BUTT, "sources on the wire");
+
+static_assert(sizeof(ATV_CMD_ID_E) == 4 && sizeof(KELU_TV_CMDID_E) == 4, "enumerations are one word");
+static_assert(sizeof(MuteType) == 4 && sizeof(KELU_TV_PCMPLAYER_STATUS_E) == 4, "enumerations are one word");
+static_assert(sizeof(PreScaleInfo) == 8 && offsetof(PreScaleInfo, decimal) == 4, "layout");
+static_assert(sizeof(NRAttrData) == 8 && offsetof(NRAttrData, value) == 4, "layout");
+static_assert(sizeof(KELU_TV_SND_DRC_ATTR_S) == 8 && offsetof(KELU_TV_SND_DRC_ATTR_S, intLimit) == 4, "layout");
+static_assert(sizeof(KELU_TV_SND_PEQ_BAND_ATTR_S) == 16 && offsetof(KELU_TV_SND_PEQ_BAND_ATTR_S, intGain) == 12,
+              "layout");
+static_assert(sizeof(KELU_TV_SND_PEQ_ATTR_S) == 164 && offsetof(KELU_TV_SND_PEQ_ATTR_S, stEqParam) == 4, "layout");
+static_assert(sizeof(KELU_TV_SUBWOOFER_GEQ) == 20 && offsetof(KELU_TV_SUBWOOFER_GEQ, geqBand4) == 16, "layout");
+static_assert(sizeof(KELU_TV_SND_PRECIGAIN_ATTR_S) == 8, "layout");
+
+#endif
