@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <sstream>
@@ -22,6 +23,13 @@ std::vector<std::string> emulated(std::vector<std::string> arguments) {
     }
     command.insert(command.end(), arguments.begin(), arguments.end());
     return command;
+}
+
+/** Spawning does not tell of a missing program under every emulator. */
+void requireProgram(const std::string& program) {
+    if (program.find('/') != std::string::npos && ::access(program.c_str(), X_OK) != 0) {
+        throw std::system_error(errno, std::generic_category(), "cannot start " + program);
+    }
 }
 
 std::string nameOf(const std::string& setting) { return setting.substr(0, setting.find('=') + 1); }
@@ -73,6 +81,7 @@ private:
 ChildProcess::ChildProcess(std::vector<std::string> arguments, const Options& options)
     : mOutput(options.captureOutput ? std::make_unique<OutputFile>() : nullptr),
       mError(options.captureError ? std::make_unique<OutputFile>() : nullptr), mOwner(::getpid()) {
+    requireProgram(arguments.front());
     std::vector<std::string> command = emulated(std::move(arguments));
     std::vector<std::string> environment = environmentWith(options.environment);
     FileActions actions;

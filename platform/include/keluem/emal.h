@@ -9,9 +9,9 @@
  * All listeners of a process run on one thread of the library, one after the other, events of one publisher in the
  * order of their publication. Listeners may themselves subscribe, unsubscribe and publish.
  *
- * At process exit no listener is called any more once the exit handlers run; exit waits at most two seconds for a
- * listener in progress, and not at all when that listener itself called exit. After fork the child gets no events
- * and cannot subscribe; the parent goes on as before.
+ * At process exit no listener is called any more from the moment the static objects that existed at the first event
+ * begin to be destroyed; exit waits at most two seconds for a listener in progress, and not at all when that listener
+ * itself called exit. After fork the child gets no events and cannot subscribe; the parent goes on as before.
  */
 
 #ifdef __cplusplus

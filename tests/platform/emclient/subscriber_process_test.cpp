@@ -85,6 +85,17 @@ TEST(SubscriberProcess, thatIsKilledIsForgottenByPublishers) {
     EXPECT_EQ(survivor.printed(), lineOf(kModule, "x") + lineOf(kLast, "y"));
 }
 
+TEST(SubscriberProcess, isRefusedWithoutADirectory) {
+    kelutv::test::ChildProcess::Options options;
+    options.environment = {"KQDROID_RUNTIME_DIR=/nowhere/at/all"};
+    options.captureOutput = true;
+    options.captureError = true;
+    kelutv::test::ChildProcess process({KELUTV_EVENT_SUBSCRIBER, "print", std::to_string(kModule)}, options);
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_EQ(process.output().text(), "refused\n");
+    EXPECT_NE(process.error().text().find("/nowhere/at/all"), std::string::npos);
+}
+
 TEST(SubscriberProcess, withAStuckListenerLosesOnlyItsOwnEvents) {
     kelutv::test::LogCapture log;
     SubscriberProcess slow("slow", kModule);
