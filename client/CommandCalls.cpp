@@ -6,7 +6,8 @@ namespace android {
 
 namespace {
 
-const String16 TBS_INTERFACE_NAME("android.ITVBaseService");
+// Never destroyed: threads of the application may be in calls until the process is gone.
+const String16& TBS_INTERFACE_NAME = *new String16("android.ITVBaseService");
 
 constexpr int kFailed = -1;
 constexpr size_t kResultSize = sizeof(int32_t);

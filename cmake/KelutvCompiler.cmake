@@ -20,6 +20,9 @@ set(CMAKE_C_VISIBILITY_PRESET hidden)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
+# Directory positions and inode numbers outgrow 32 bits.
+add_compile_definitions(_FILE_OFFSET_BITS=64)
+
 add_library(kelutv_warnings INTERFACE)
 target_compile_options(
     kelutv_warnings

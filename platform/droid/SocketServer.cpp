@@ -9,6 +9,7 @@
 
 #include <android/log.h>
 
+#include <poll.h>
 #include <sys/epoll.h>
 
 #include <cerrno>
@@ -22,6 +23,7 @@ namespace {
 constexpr const char* kTag = "kqdroid";
 // Beyond this many, callers wait in the listening socket's queue until a connection ends.
 constexpr size_t kMostConnections = 1024;
+constexpr int kAcceptPauseMs = 100;
 
 status_t statusOf(int error) { return error == 0 ? UNKNOWN_ERROR : -error; }
 
@@ -110,11 +112,17 @@ void SocketServer::accept(const Service* service) {
     kq::Peer caller{};
     kq::UniqueFd socket = kq::acceptFrom(service->listener.get(), &caller);
     if (!socket) {
-        if (errno == EACCES) {
+        const int error = errno;
+        connectionEnded();
+        if (error == EACCES) {
             __android_log_print(ANDROID_LOG_WARN, kTag, "%s: process %d of uid %u refused", service->entry.c_str(),
                                 caller.pid, static_cast<unsigned>(caller.uid));
+        } else {
+            __android_log_print(ANDROID_LOG_ERROR, kTag, "%s: accepting a caller: %s", service->entry.c_str(),
+                                std::strerror(error));
+            // Out of descriptors or memory: the caller still waits, and asking again at once would only spin.
+            ::poll(nullptr, 0, kAcceptPauseMs);
         }
-        connectionEnded();
         return;
     }
     // Shared, since a std::function must be copyable.

@@ -15,10 +15,10 @@
 
 #include "Event.h"
 #include "ModuleList.h"
-#include "QuietThread.h"
 #include "SubscriberLink.h"
 #include "SubscriberRoom.h"
 #include "socket/ProcessLife.h"
+#include "socket/QuietThread.h"
 #include "socket/UniqueFd.h"
 
 namespace keluem {
@@ -102,7 +102,7 @@ int Publisher::Implementation::startFlushing() {
         return -errno;
     }
     try {
-        mFlushing = startQuietThread("keluem-publish", [this] { runFlushing(); });
+        mFlushing = kq::startQuietThread("keluem-publish", [this] { runFlushing(); });
     } catch (const std::system_error& error) {
         return -error.code().value();
     }

@@ -17,8 +17,8 @@
 #include "Event.h"
 #include "ListenerTable.h"
 #include "ModuleList.h"
-#include "QuietThread.h"
 #include "socket/ProcessLife.h"
+#include "socket/QuietThread.h"
 #include "socket/RuntimeDirectory.h"
 #include "socket/SeqPacket.h"
 
@@ -102,7 +102,7 @@ int Subscription::open() {
 int Subscription::startDelivery() {
     mPolled.assign(1, {mListener.get(), POLLIN, 0});
     try {
-        startQuietThread("keluem-events", [this] { run(); }).detach();
+        kq::startQuietThread("keluem-events", [this] { run(); }).detach();
     } catch (const std::system_error& error) {
         leaveRoom();
         return -error.code().value();

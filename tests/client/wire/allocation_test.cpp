@@ -1,6 +1,6 @@
 // Once the link stands, a call that carries nothing but numbers takes no memory.
 
-#include "client/wire/AllocationGuard.h"
+#include "support/AllocationGuard.h"
 #include "client/wire/WireTable.h"
 #include "support/Link.h"
 

@@ -1,32 +1,8 @@
+#include "support/AllocationGuard.h"
+
 #include <binder/Parcel.h>
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <new>
-
-namespace {
-
-thread_local int tAllocations = 0;
-
-void* counted(std::size_t size) {
-    ++tAllocations;
-    return std::malloc(size == 0 ? 1 : size);
-}
-
-} // namespace
-
-// Every allocation of C++ code in this process, the libraries included, comes through here.
-void* operator new(std::size_t size) {
-    if (void* const memory = counted(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return counted(size); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t&) noexcept { std::free(memory); }
 
 namespace kelutv::test {
 namespace {
@@ -36,7 +12,7 @@ using android::Parcel;
 TEST(ParcelAllocation, smallRequestAndReplyAllocateNothing) {
     const android::String16 descriptor("android.ITVBaseService");
     int32_t sum = 0;
-    tAllocations = 0;
+    const AllocationGuard guard;
     {
         Parcel request;
         request.writeInterfaceToken(descriptor);
@@ -52,17 +28,17 @@ TEST(ParcelAllocation, smallRequestAndReplyAllocateNothing) {
         }
         reply.freeData();
     }
-    EXPECT_EQ(tAllocations, 0);
+    EXPECT_EQ(guard.allocations(), 0);
     EXPECT_EQ(sum, 1);
 }
 
 TEST(ParcelAllocation, largeOneAllocatesFarLessThanOncePerItem) {
-    tAllocations = 0;
+    const AllocationGuard guard;
     Parcel parcel;
     for (int i = 0; i < 10'000; ++i) {
         parcel.writeInt32(i);
     }
-    const int allocations = tAllocations;
+    const int allocations = guard.allocations();
     EXPECT_GT(allocations, 0) << "allocations are not seen";
     EXPECT_LT(allocations, 20);
 }

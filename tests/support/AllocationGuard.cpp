@@ -1,4 +1,4 @@
-#include "client/wire/AllocationGuard.h"
+#include "support/AllocationGuard.h"
 
 #include <execinfo.h>
 #include <unistd.h>

@@ -6,7 +6,7 @@
 #include <thread>
 #include <utility>
 
-namespace keluem {
+namespace kq {
 
 /** Starts a thread on which no signal handler of the program runs. Throws std::system_error. */
 template <typename Function> std::thread startQuietThread(const char* name, Function&& function) {
@@ -29,4 +29,4 @@ template <typename Function> std::thread startQuietThread(const char* name, Func
     return thread;
 }
 
-} // namespace keluem
+} // namespace kq
