@@ -1,7 +1,7 @@
 // Once the link stands, a call that carries nothing but numbers takes no memory.
 
-#include "support/AllocationGuard.h"
 #include "client/wire/WireTable.h"
+#include "support/AllocationGuard.h"
 #include "support/Link.h"
 
 #include <cstdlib>
