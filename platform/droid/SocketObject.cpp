@@ -87,7 +87,7 @@ void SocketObject::giveBack(std::unique_ptr<Connection> connection) {
         Connection* none = nullptr;
         if (mIdle[(own + i) % mIdle.size()].compare_exchange_strong(none, connection.get(), std::memory_order_release,
                                                                     std::memory_order_relaxed)) {
-            connection.release();
+            static_cast<void>(connection.release());
             return;
         }
     }
@@ -103,7 +103,7 @@ status_t SocketObject::transact(uint32_t code, const Parcel& data, Parcel* reply
         return DEAD_OBJECT;
     }
     MessageStream& stream = connection->stream();
-    if (!stream.send(head, &data) || !stream.receive(&head)) {
+    if (!stream.send(head, data) || !stream.receive(&head)) {
         return DEAD_OBJECT;
     }
     status_t status = head.status;
@@ -122,7 +122,7 @@ status_t SocketObject::sendOneWay(const MessageHead& head, const Parcel& data) {
     if (mOneWay == nullptr) {
         return DEAD_OBJECT;
     }
-    if (!mOneWay->stream().send(head, &data)) {
+    if (!mOneWay->stream().send(head, data)) {
         mOneWay.reset();
         return DEAD_OBJECT;
     }

@@ -21,16 +21,14 @@ constexpr size_t kHeadSize = sizeof(MessageHead);
 
 MessageStream::MessageStream(int socket) : mSocket(socket), mPacket(new uint8_t[kHeadSize + kPacketBody]) {}
 
-bool MessageStream::send(MessageHead head, const Parcel* body) {
-    const size_t size = body == nullptr ? 0 : body->dataSize();
+bool MessageStream::send(MessageHead head, const Parcel& body) {
+    const size_t size = body.dataSize();
     head.size = static_cast<uint32_t>(size);
     if (kHeadSize + size > mSmall.size()) {
-        return sendInPieces(head, body->data());
+        return sendInPieces(head, body.data());
     }
     std::memcpy(mSmall.data(), &head, kHeadSize);
-    if (size > 0) {
-        std::memcpy(mSmall.data() + kHeadSize, body->data(), size);
-    }
+    std::memcpy(mSmall.data() + kHeadSize, body.data(), size);
     return kq::sendPacket(mSocket, mSmall.data(), kHeadSize + size);
 }
 

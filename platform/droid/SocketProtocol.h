@@ -28,7 +28,7 @@ public:
     explicit MessageStream(int socket);
 
     /** False when the peer is gone. `head.size` is filled in. */
-    bool send(MessageHead head, const Parcel* body);
+    bool send(MessageHead head, const Parcel& body);
     /** False when the peer is gone or sent what is no message. */
     bool receive(MessageHead* head);
 

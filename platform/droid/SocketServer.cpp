@@ -38,8 +38,9 @@ bool answer(MessageStream& stream, const MessageHead& request, const sp<BBinder>
     status_t status = object->transact(request.code, data.parcel(), &reply, request.flags);
     if (status == NO_ERROR && reply.dataSize() > kMaxTransaction) {
         status = FAILED_TRANSACTION;
+        reply.freeData();
     }
-    return stream.send({0, request.code, request.flags, status}, status == NO_ERROR ? &reply : nullptr);
+    return stream.send({0, request.code, request.flags, status}, reply);
 }
 
 } // namespace

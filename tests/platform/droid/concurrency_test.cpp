@@ -47,7 +47,7 @@ TEST_F(ConcurrencyTest, threadsGetTheirOwnAnswers) {
             line.wait();
             bool all = true;
             for (int32_t i = 0; i < 100; ++i) {
-                const Bytes mine = pattern(static_cast<size_t>(thread * 1000 + i));
+                const Bytes mine = pattern(static_cast<size_t>(thread) * 1000 + static_cast<size_t>(i));
                 all = all && call(binder, kEcho, mine).bytes == mine;
             }
             return all;

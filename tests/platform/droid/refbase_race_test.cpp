@@ -72,6 +72,7 @@ TEST(RefBaseRace, copiesFromManyThreadsEndInOneDestruction) {
         copiers.emplace_back([&line, mine = strong]() mutable {
             line.wait();
             for (int round = 0; round < kRounds; ++round) {
+                // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is what is tested.
                 const sp<Watched> copy = mine;
                 const wp<Watched> weak = copy;
                 EXPECT_EQ(weak.promote(), mine);

@@ -46,6 +46,7 @@ TEST_F(RefBaseTest, countsEveryStrongPointer) {
     sp<Counted> first = new Counted(&destroyed);
     EXPECT_EQ(first->getStrongCount(), 1);
     {
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is what is counted.
         const sp<Counted> second = first;
         const sp<Counted> third(second.get());
         EXPECT_EQ(first->getStrongCount(), 3);
@@ -149,6 +150,7 @@ TEST_F(RefBaseTest, countsWeakReferences) {
     const int before = strong->getWeakRefs()->getWeakCount();
     {
         const wp<Counted> first = strong;
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is what is counted.
         const wp<Counted> second = first;
         wp<Counted> third = wp<Counted>(second);
         EXPECT_EQ(strong->getWeakRefs()->getWeakCount(), before + 3);
