@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -42,8 +43,8 @@ TEST(ParcelReading, givesBackWhatWasWritten) {
 std::unique_ptr<Parcel> holding(const Bytes& bytes) {
     auto parcel = std::make_unique<Parcel>();
     // More than fits into the parcel itself, then cut down to what is left at the end.
-    Bytes padded(1024, 0xAA);
-    padded.insert(padded.end(), bytes.begin(), bytes.end());
+    Bytes padded(1024 + bytes.size(), 0xAA);
+    std::copy(bytes.begin(), bytes.end(), padded.begin() + 1024);
     parcel->setData(padded.data(), padded.size());
     parcel->setDataPosition(1024);
     return parcel;
