@@ -1,3 +1,5 @@
+#include "InterfaceToken.h"
+
 #include <kelutv/link/TVBaseClient.h>
 
 #include <android/log.h>
@@ -6,9 +8,6 @@ namespace android {
 
 namespace {
 
-// Never destroyed: threads of the application may be in calls until the process is gone.
-const String16& TBS_INTERFACE_NAME = *new String16("android.ITVBaseService");
-
 constexpr int kFailed = -1;
 constexpr size_t kResultSize = sizeof(int32_t);
 
@@ -16,7 +15,7 @@ constexpr size_t kResultSize = sizeof(int32_t);
 class Call {
 public:
     Call(TVBaseClient& client, int cmd) : mClient(client) {
-        mRequest.writeInterfaceToken(TBS_INTERFACE_NAME);
+        mRequest.writeInterfaceToken(kelutv::internal::TBS_INTERFACE_NAME);
         mRequest.writeInt32(cmd);
     }
 

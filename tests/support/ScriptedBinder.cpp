@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -35,6 +36,22 @@ void exitWhenAsleep(pid_t thread) {
     }).detach();
 }
 
+Bytes bytesOf(const Parcel& data) {
+    Bytes bytes(static_cast<std::size_t>(data.readInt32()));
+    data.read(bytes.data(), bytes.size());
+    return bytes;
+}
+
+/** The word behind the interface token; 0 for a request that is too short to have one. */
+std::int32_t commandOf(const Parcel& request) {
+    static const std::size_t kTokenSize = Wire::request(0).bytes().size() - sizeof(std::int32_t);
+    std::int32_t command = 0;
+    if (request.dataSize() >= kTokenSize + sizeof command) {
+        std::memcpy(&command, request.data() + kTokenSize, sizeof command);
+    }
+    return command;
+}
+
 } // namespace
 
 status_t ScriptedBinder::onTransact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t) {
@@ -53,15 +70,26 @@ status_t ScriptedBinder::answer(const Parcel& data, Parcel* reply) {
     if (mExit == Exit::AfterReply) {
         exitWhenAsleep(::gettid());
     }
-    return mStatus != android::NO_ERROR ? mStatus : reply->setData(mReply.data(), mReply.size());
+    if (mStatus != android::NO_ERROR) {
+        return mStatus;
+    }
+    const Bytes& bytes = replyTo(data);
+    return reply->setData(bytes.data(), bytes.size());
 }
 
 status_t ScriptedBinder::obey(uint32_t code, const Parcel& data, Parcel* reply) {
     const std::lock_guard lock(mMutex);
     switch (code) {
     case scripted::kReplyWith:
-        takeReply(data);
+        mReply = bytesOf(data);
+        mReplies.clear();
+        mStatus = android::NO_ERROR;
         break;
+    case scripted::kReplyToCommand: {
+        const std::int32_t command = data.readInt32();
+        mReplies[command] = bytesOf(data);
+        break;
+    }
     case scripted::kReplyStatus:
         mStatus = data.readInt32();
         break;
@@ -95,10 +123,9 @@ status_t ScriptedBinder::obey(uint32_t code, const Parcel& data, Parcel* reply) 
     return android::NO_ERROR;
 }
 
-void ScriptedBinder::takeReply(const Parcel& data) {
-    mReply.resize(static_cast<std::size_t>(data.readInt32()));
-    data.read(mReply.data(), mReply.size());
-    mStatus = android::NO_ERROR;
+const Bytes& ScriptedBinder::replyTo(const Parcel& request) const {
+    const auto found = mReplies.find(commandOf(request));
+    return found == mReplies.end() ? mReply : found->second;
 }
 
 void ScriptedBinder::hang(std::unique_lock<std::mutex>& lock) {

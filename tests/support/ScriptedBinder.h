@@ -6,6 +6,7 @@
 #include <binder/Parcel.h>
 
 #include <condition_variable>
+#include <map>
 #include <mutex>
 #include <vector>
 
@@ -22,7 +23,7 @@ private:
 
     android::status_t answer(const android::Parcel& data, android::Parcel* reply);
     android::status_t obey(uint32_t code, const android::Parcel& data, android::Parcel* reply);
-    void takeReply(const android::Parcel& data);
+    const Bytes& replyTo(const android::Parcel& request) const;
     void hang(std::unique_lock<std::mutex>& lock);
     void writeRequests(android::Parcel* reply);
 
@@ -30,6 +31,7 @@ private:
     std::condition_variable mChanged;
     std::vector<Bytes> mRequests;
     Bytes mReply = replyOf({0});
+    std::map<std::int32_t, Bytes> mReplies;
     android::status_t mStatus = android::NO_ERROR;
     Exit mExit = Exit::Never;
     bool mHangNext = false;

@@ -8,6 +8,7 @@ namespace kelutv::test::scripted {
 enum Control : std::uint32_t {
     kRequest = 1,
     kReplyWith = 1000,
+    kReplyToCommand,
     kReplyStatus,
     kTakeRequests,
     kHangNext,

@@ -23,6 +23,11 @@ void transact(const android::sp<android::IBinder>& binder, scripted::Control cod
     }
 }
 
+void writeBytes(Parcel& data, const Bytes& bytes) {
+    data.writeInt32(static_cast<std::int32_t>(bytes.size()));
+    data.write(bytes.data(), bytes.size());
+}
+
 } // namespace
 
 void ScriptedService::start() {
@@ -41,9 +46,16 @@ void ScriptedService::start() {
 void ScriptedService::reply(const Bytes& bytes) {
     Parcel data;
     Parcel answer;
-    data.writeInt32(static_cast<std::int32_t>(bytes.size()));
-    data.write(bytes.data(), bytes.size());
+    writeBytes(data, bytes);
     transact(mBinder, scripted::kReplyWith, data, answer);
+}
+
+void ScriptedService::replyTo(int command, const Bytes& bytes) {
+    Parcel data;
+    Parcel answer;
+    data.writeInt32(command);
+    writeBytes(data, bytes);
+    transact(mBinder, scripted::kReplyToCommand, data, answer);
 }
 
 void ScriptedService::replyStatus(status_t status) {

@@ -33,6 +33,9 @@ public:
     /** The bytes that answer every following request. */
     void reply(const Bytes& bytes);
 
+    /** The bytes that answer every following request of this command, up to the next `reply`. */
+    void replyTo(int command, const Bytes& bytes);
+
     /** Makes every following transaction fail with this status instead of an answer. */
     void replyStatus(android::status_t status);
 

@@ -36,6 +36,22 @@ TEST_F(ScriptedServiceTest, answersAsToldAndRemembers) {
     EXPECT_TRUE(service.takeRequests().empty());
 }
 
+TEST_F(ScriptedServiceTest, answersOneCommandInItsOwnWay) {
+    const auto answered = [this](int command) {
+        android::Parcel request;
+        const Bytes bytes = requestOf(command);
+        request.setData(bytes.data(), bytes.size());
+        EXPECT_EQ(service.binder()->transact(scripted::kRequest, request, &answer, 0), android::NO_ERROR);
+        return answer.readInt32();
+    };
+    service.reply(replyOf({5}));
+    service.replyTo(0x2003, replyOf({6}));
+    EXPECT_EQ(answered(0x2003), 6);
+    EXPECT_EQ(answered(0x2004), 5);
+    service.reply(replyOf({7}));
+    EXPECT_EQ(answered(0x2003), 7);
+}
+
 TEST_F(ScriptedServiceTest, answersWithOddLengths) {
     service.reply({1, 2, 3});
     ASSERT_EQ(ask(1), android::NO_ERROR);
