@@ -66,7 +66,8 @@ def service_items(catalogue: Catalogue) -> list[ItemView]:
 def expected_exports(catalogue: Catalogue) -> list[str]:
     """The demangled functions and objects that the library must export, type information apart."""
     symbols = [function.name for function in catalogue.functions]
-    symbols += [f"{method.owner}::{method.signature.mangled_as}" for method in catalogue.methods]
+    methods = [method for module in catalogue.modules for method in module.methods]
+    symbols += [f"{method.owner}::{method.signature.mangled_as}" for method in methods]
     symbols += [f"{module.owner}::instance()" for module in catalogue.modules if module.owner]
     symbols += [f"android::TVBaseClient::{overload}" for overload in catalogue.overloads]
     return symbols + catalogue.link_symbols
@@ -116,6 +117,8 @@ def _request_text(request: tuple[WireItem, ...]) -> str:
 
 
 def _method_lines(method: Method) -> list[str]:
+    if method.command is None:
+        return ["sends nothing"]
     return [
         f"{method.command} 0x{method.value:04X}, {method.overload.name}",
         f"sends: {_request_text(method.request)}",
@@ -125,6 +128,8 @@ def _method_lines(method: Method) -> list[str]:
 
 
 def _function_lines(function: Function) -> list[str]:
+    if function.steps:
+        return [f"calls: {', then '.join(method.name for method in function.steps)}"]
     if function.method is None:
         return ["sends nothing"]
     lines = [f"calls: {function.method.name}({', '.join(function.arguments)})"]
@@ -148,7 +153,8 @@ def _check(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
     for complaint in complaints:
         print(complaint, file=sys.stderr)
     if not complaints:
-        print(f"{len(catalogue.methods)} methods and {len(catalogue.functions)} C functions are in order")
+        methods = sum(len(module.methods) for module in catalogue.modules)
+        print(f"{methods} methods and {len(catalogue.functions)} C functions are in order")
     return 1 if complaints else 0
 
 

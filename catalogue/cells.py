@@ -10,7 +10,7 @@ from tables import RowError
 
 _NUMBER = re.compile(r"-?(?:0[xX][0-9a-fA-F]+|\d+)")
 _PATH = re.compile(r"\w+(?:\[\d+\])?(?:\.\w+(?:\[\d+\])?)*")
-_BLOCKS = {"ints": "int", "doubles": "double", "bytes": "char", "str16": "char"}
+_BLOCKS = {"ints": ("int",), "doubles": ("double",), "bytes": ("char", "void"), "str16": ("char",)}
 _SCALAR_TYPES = {"int", "unsigned int", "bool"}
 
 
@@ -84,8 +84,8 @@ def _block_item(kind: str, inner: str, signature: Signature, headers: Headers) -
     if len(parts) != (1 if kind == "str16" else 2):
         raise RowError(f"{kind}({inner}) takes {'a pointer' if kind == 'str16' else 'a pointer and a length'}")
     declared = path_type(parts[0], signature, headers)
-    if not declared.endswith("*") or _BLOCKS[kind] not in declared:
-        raise RowError(f"{kind}({inner}): {parts[0]} is {declared}, not a pointer to {_BLOCKS[kind]}")
+    if not declared.endswith("*") or not any(name in declared for name in _BLOCKS[kind]):
+        raise RowError(f"{kind}({inner}): {parts[0]} is {declared}, not a pointer to {' or '.join(_BLOCKS[kind])}")
     if len(parts) == 2 and number_of(parts[1], headers) is None:
         path_type(parts[1].lstrip("*"), signature, headers)
     return WireItem(kind, parts[0], declared, length=parts[1] if len(parts) == 2 else None)
@@ -118,10 +118,12 @@ def parse_sends(text: str, signature: Signature, headers: Headers) -> tuple[Wire
 
 
 def _reply_field(text: str, signature: Signature, headers: Headers) -> ReplyField:
-    match = re.fullmatch(r"(\w+)(?:\[(\w+)\])?(\.\.\.)?(?:\s+(\w+))?(?:\s*->\s*([\w.\[\]]+))?", text)
+    match = re.fullmatch(r"(\w+)(?:\[(\w+(?:\*\w+)*)\])?(\.\.\.)?(?:\s+(\w+))?(?:\s*->\s*([\w.\[\]]+))?", text)
     if not match:
         raise RowError(f"reply field '{text}' is not TYPE[COUNT]... NAME -> TARGET")
     kind, count, repeated, name, target = match.groups()
+    for factor in count.split("*") if count and "*" in count else []:
+        path_type(factor, signature, headers)
     if kind not in ("int", "bool", "double", "cstring", "ints", "doubles") and kind not in headers.records:
         raise RowError(f"unknown reply type '{kind}'")
     if (kind in ("ints", "doubles")) != (count is not None):
@@ -131,8 +133,10 @@ def _reply_field(text: str, signature: Signature, headers: Headers) -> ReplyFiel
     return ReplyField(kind, name or target or kind, count, repeated is not None, target)
 
 
-def parse_reply(text: str, signature: Signature, headers: Headers) -> Reply:
-    """`status`, `value`, or the fields of a parcel."""
+def parse_reply(text: str, signature: Signature, headers: Headers) -> Reply | None:
+    """`status`, `value`, or the fields of a parcel; nothing for a method that sends nothing."""
+    if text == "-":
+        return None
     if text in ("status", "value"):
         return Reply(text)
     return Reply("parcel", tuple(_reply_field(part, signature, headers) for part in split_list(text)))
@@ -194,29 +198,45 @@ def parse_null(text: str, signature: Signature, headers: Headers) -> tuple[str, 
 
 
 def parse_log(text: str) -> tuple[LogLine, ...]:
-    """`null "TEXT"; failure "TEXT"; call debug "TEXT"`, error priority where none is named."""
+    """`null "TEXT"; failure "TEXT"; success debug "TEXT"; call "TEXT"`, error priority where none is named."""
     lines = []
     for part in split_list(text, ";"):
-        match = re.fullmatch(r'(call|null|failure)(?:\s+(error|debug|info))?\s+"(.*)"', part)
+        match = re.fullmatch(r'(call|null|success|failure)(?:\s+(error|debug|info))?\s+"(.*)"', part)
         if not match:
-            raise RowError(f"log '{part}' is not call|null|failure [error|debug|info] \"TEXT\"")
+            raise RowError(f"log '{part}' is not call|null|success|failure [error|debug|info] \"TEXT\"")
         lines.append(LogLine(match[1], match[2] or "error", match[3]))
     return tuple(lines)
 
 
-def _output(text: str, signature: Signature, headers: Headers) -> Output:
+def _list_output(text: str) -> Output | None:
+    match = re.fullmatch(r"(?:(\w+)\[\]\s*=\s*result|\*(\w+)\s*=\s*count)", text)
+    if not match:
+        return None
+    return Output(match[1] or match[2], None, part="entries" if match[1] else "count")
+
+
+def _plain_output(text: str) -> Output:
     match = re.fullmatch(r"(?:\*(\w+)|(\w+)->(\w+))\s*=\s*(?:item\[(\d+)\](\s*!=\s*0)?|result)", text)
     if not match:
-        raise RowError(f"output '{text}' is not *P or P->FIELD = item[N], item[N] != 0 or result")
-    target = match[1] or f"{match[2]}.{match[3]}"
-    if not path_type(match[1] or match[2], signature, headers).endswith("*"):
-        raise RowError(f"output '{target}' is not a pointer")
-    path_type(target, signature, headers)
-    return Output(target, int(match[4]) if match[4] else None, match[5] is not None)
+        raise RowError(
+            f"output '{text}' is not *P or P->FIELD = item[N], item[N] != 0 or result, nor P[] = result or *P = count"
+        )
+    return Output(match[1] or f"{match[2]}.{match[3]}", int(match[4]) if match[4] else None, match[5] is not None)
+
+
+def _output(text: str, signature: Signature, headers: Headers) -> Output:
+    output = _list_output(text) or _plain_output(text)
+    if not path_type(output.target.split(".")[0], signature, headers).endswith("*"):
+        raise RowError(f"output '{output.target}' is not a pointer")
+    path_type(output.target, signature, headers)
+    return output
 
 
 def parse_outputs(text: str, signature: Signature, headers: Headers) -> tuple[Output, ...]:
-    """What a C function writes itself: `*pEnable = item[0] != 0, pAttr->gain = item[1], *pInfo = result`."""
+    """What a C function writes itself: `*pEnable = item[0] != 0, pAttr->gain = item[1], *pInfo = result`.
+
+    Of a list: `pModes[] = result, *pSize = count`.
+    """
     return tuple(_output(part, signature, headers) for part in split_list(text))
 
 

@@ -1,6 +1,7 @@
 """What the public headers declare: enumerations, records, C functions, class methods.
 
-The headers are regular by convention: one enumerator per line with an explicit value, tags equal to typedef names.
+The headers are regular by convention: one enumerator per line with an explicit value, tags equal to typedef names. A
+typedef of int is an enumeration whose names the service keeps to itself.
 """
 
 from __future__ import annotations
@@ -101,7 +102,8 @@ def _parameter(text: str) -> Parameter:
 
 def parse_signature(text: str) -> Signature:
     """Reads one declaration such as `bool getMute(int channel)`."""
-    match = re.fullmatch(r"(virtual\s+)?(.*[\s*&>])(\w+)\s*\((.*)\)", text.strip())
+    text = " ".join(text.split())
+    match = re.fullmatch(r"(virtual\s+)?(.*[\s*&>])(\w+)\s*\((.*)\)", text)
     if not match:
         raise RowError(f"'{text}' is not a declaration: TYPE NAME(TYPE NAME, ...)")
     parameters = tuple(_parameter(part) for part in _split_parameters(match[4]))
@@ -120,7 +122,7 @@ def _enumerations(text: str) -> list[Enumeration]:
     for match in re.finditer(r"typedef\s+enum\s+(\w+)[^{;]*\{(.*?)\}\s*(\w+)\s*;", text, re.S):
         values = {name: int(value, 0) for name, value in re.findall(r"(\w+)\s*=\s*(-?\w+)", match[2])}
         found.append(Enumeration(match[3], values))
-    return found
+    return found + [Enumeration(name, {}) for name in re.findall(r"typedef\s+int\s+(\w+)\s*;", text)]
 
 
 def _field(text: str) -> Field:

@@ -20,7 +20,9 @@ class Overload:
     def arguments(self) -> list[str]:
         """The types after the command identifier, without the parcel that receives the reply."""
         types = [part.strip() for part in self.name[self.name.index("(") + 1 : -1].split(",")]
-        return [part for part in types[1:] if part != "android::Parcel&"]
+        if types[0] == "int":
+            del types[0]
+        return [part for part in types if part not in ("android::Parcel&", "android::Parcel*")]
 
 
 @dataclass(frozen=True)
@@ -28,7 +30,8 @@ class WireItem:
     """One item of a request.
 
     `kind` is int32, double, cstring, str16, or ints, doubles, bytes with a `length`. `source` is the parameter or
-    record field it comes from (`prescale.integer`, `*size`); a fixed number has a `literal` instead of a source.
+    record field it comes from (`prescale.integer`, `*size`); a fixed number has a `literal` instead of a source. What a
+    function works out itself is `computed` and has no source either.
     """
 
     kind: str
@@ -36,13 +39,15 @@ class WireItem:
     type: str
     literal: int | None = None
     length: str | None = None
+    computed: bool = False
 
 
 @dataclass(frozen=True)
 class ReplyField:
     """One field of a parcel reply: int, bool, double, cstring, ints, doubles or a record.
 
-    `count` is a number or the name of an earlier field or parameter; a `repeated` field fills the rest of the reply.
+    `count` is a number, the name of an earlier field or parameter, or a product of parameters (`width*height`); a
+    `repeated` field fills the rest of the reply.
     `target` is the parameter that receives it; without one it belongs to the return value.
     """
 
@@ -91,7 +96,7 @@ class ValueSet:
 
 @dataclass(frozen=True)
 class LogLine:
-    """A text the class logs: `event` is call, null (a refused null argument) or failure."""
+    """A text the class logs: `event` is call, null (a refused null argument), success or failure."""
 
     event: str
     priority: str
@@ -100,15 +105,17 @@ class LogLine:
 
 @dataclass(frozen=True)
 class Method:
+    """A class method; one that sends nothing has neither command nor value nor overload nor reply."""
+
     place: Place
     module: str
     owner: str
     signature: Signature
-    command: str
-    value: int
-    overload: Overload
+    command: str | None
+    value: int | None
+    overload: Overload | None
     request: tuple[WireItem, ...]
-    reply: Reply
+    reply: Reply | None
     null: tuple[str, ...]
     log: tuple[LogLine, ...]
     result: str
@@ -124,16 +131,23 @@ class Method:
 
 @dataclass(frozen=True)
 class Output:
-    """An output of a C function: item buffer entry `index` (as a flag when `flag`), or the method's result."""
+    """An output of a C function: item buffer entry `index` (as a flag when `flag`), or the method's result.
+
+    Of a result that is a list, the `entries` or their `count`.
+    """
 
     target: str
     index: int | None
     flag: bool = False
+    part: str | None = None
 
 
 @dataclass(frozen=True)
 class Function:
-    """A C function; `request` and `reply` are those of the method it calls, in terms of its own parameters."""
+    """A C function; `request` and `reply` are those of the method it calls, in terms of its own parameters.
+
+    One that calls several methods has them as its `steps`, in order, and none as its `method`.
+    """
 
     place: Place
     module: str
@@ -150,6 +164,7 @@ class Function:
     state: State | None
     values: dict[str, ValueSet]
     irregular: str | None
+    steps: tuple[Method, ...] = ()
 
     @property
     def name(self) -> str:
@@ -184,7 +199,8 @@ class Catalogue:
 
     @property
     def methods(self) -> list[Method]:
-        return [method for module in self.modules for method in module.methods]
+        """Every method that sends a command."""
+        return [method for module in self.modules for method in module.methods if method.command]
 
     @property
     def functions(self) -> list[Function]:
@@ -192,7 +208,7 @@ class Catalogue:
 
     @property
     def operations(self) -> list[Method | Function]:
-        return [*self.methods, *self.functions]
+        return [*(method for module in self.modules for method in module.methods), *self.functions]
 
     def operation(self, name: str) -> Method | Function | None:
         return next((operation for operation in self.operations if operation.name == name), None)

@@ -20,7 +20,9 @@ LINK_COLUMNS = {
     "Exported symbols": ["symbol"],
 }
 MODULE_KEYS = ["class", "header", "C prefix", "C header", "item set", "item get", "log tag"]
-METHOD_RESULTS = ["status", "value", "bool", "zero-or-fail", "record", "list", "irregular"]
+METHOD_RESULTS = ["status", "value", "bool", "zero-or-fail", "zero", "record", "list", "irregular"]
+FUNCTION_RESULTS = ["same", "bool", "zero", "list", "item[N]", "item[N] != 0", "irregular"]
+COMPUTED = "computed"
 LINK_FILE = "link.md"
 
 
@@ -74,7 +76,7 @@ class _Reader:
 
     @staticmethod
     def _overload(row: Row) -> Overload:
-        if not re.fullmatch(r"exeCmd[SG]et\(int.*\)", row["overload"]):
+        if not re.fullmatch(r"exeCmd[SG]et\(int.*\)|invoke\(.*\)", row["overload"]):
             raise RowError(f"'{row['overload']}' is not a command call")
         _one_of("reply", row["reply"], ["status", "value", "parcel"])
         _one_of("log", row["log"], ["transaction", "failure", "-"])
@@ -95,8 +97,11 @@ class _Reader:
         signature = parse_signature(row["method"])
         if module.method(signature.name):
             raise RowError(f"{signature.name} stands twice")
+        sends_nothing = row["command"] == "-"
+        if sends_nothing:
+            _check_sends_nothing(row)
         overload = self.catalogue.overloads.get(row["call"])
-        if overload is None:
+        if overload is None and not sends_nothing:
             raise RowError(f"'{row['call']}' is not a command call of {LINK_FILE}")
         request = cells.parse_sends(row["sends"], signature, self.headers)
         items = row["state"] == "items"
@@ -107,8 +112,8 @@ class _Reader:
             module=module.name,
             owner=module.owner,
             signature=signature,
-            command=row["command"],
-            value=self._command_value(row),
+            command=cells.parse_optional(row["command"]),
+            value=None if sends_nothing else self._command_value(row),
             overload=overload,
             request=request,
             reply=cells.parse_reply(row["reply"], signature, self.headers),
@@ -120,8 +125,9 @@ class _Reader:
             values=cells.parse_values(row["values"], signature, self.headers),
             irregular=cells.parse_optional(row["irregular"]),
         )
-        _check_overload(method)
-        _check_method_result(method, self.headers)
+        if not sends_nothing:
+            _check_overload(method)
+            _check_method_result(method, self.headers)
         _check_irregular(method.result, method.irregular)
         module.methods.append(method)
 
@@ -141,9 +147,10 @@ class _Reader:
             raise RowError(f"{signature.name} does not begin with {module.prefix}")
         if self.catalogue.operation(signature.name):
             raise RowError(f"{signature.name} stands twice")
-        method, arguments, item = self._called(module, row["calls"])
+        steps = self._steps(row["calls"])
+        method, arguments, item = (None, (), None) if steps else self._called(module, row["calls"])
         for argument in arguments:
-            if cells.number_of(argument, self.headers) is None:
+            if argument != COMPUTED and cells.number_of(argument, self.headers) is None:
                 cells.path_type(argument, signature, self.headers)
         names = dict(zip((p.name for p in method.signature.parameters), arguments)) if method else {}
         request = tuple(self._substituted(wire, names) for wire in method.request) if method else ()
@@ -163,22 +170,35 @@ class _Reader:
             state=cells.parse_state(row["state"], request, self.headers),
             values=cells.parse_values(row["values"], signature, self.headers),
             irregular=cells.parse_optional(row["irregular"]),
+            steps=steps,
         )
         _check_function(function)
         module.functions.append(function)
+
+    def _steps(self, text: str) -> tuple[Method, ...]:
+        """The methods of `CLASS::METHOD then CLASS::METHOD`; none for the one call of most functions."""
+        names = text.split(" then ")
+        return tuple(self._method(name) for name in names) if len(names) > 1 else ()
+
+    def _method(self, name: str) -> Method:
+        method = self.catalogue.operation(name)
+        if not isinstance(method, Method):
+            raise RowError(f"{name} is not in the catalogue")
+        return method
 
     def _called(self, module: Module, text: str) -> tuple[Method | None, tuple[str, ...], str | None]:
         if text == "-":
             return None, (), None
         match = re.fullmatch(r"(?:(\w+)::)?(\w+)\((.*)\)", text)
         if not match:
-            raise RowError(f"'{text}' is not CLASS::METHOD(ARGUMENTS), set(ITEM, ...) or get(ITEM, ...)")
+            raise RowError(
+                f"'{text}' is not CLASS::METHOD(ARGUMENTS), set(ITEM, ...), get(ITEM, ...) "
+                "or CLASS::METHOD then CLASS::METHOD"
+            )
         arguments = tuple(cells.split_list(match[3] or "-"))
         if match[1] is None:
             return self._called_item(module, match[2], arguments)
-        method = self.catalogue.operation(f"{match[1]}::{match[2]}")
-        if not isinstance(method, Method):
-            raise RowError(f"{match[1]}::{match[2]} is not in the catalogue")
+        method = self._method(f"{match[1]}::{match[2]}")
         _check_argument_count(method, arguments)
         return method, arguments, None
 
@@ -201,6 +221,8 @@ class _Reader:
             return wire
         stars, root, rest = re.fullmatch(r"(\*?)(\w+)(.*)", wire.source).groups()
         argument = names[root]
+        if argument == COMPUTED:
+            return WireItem(wire.kind, argument, wire.type, computed=True)
         literal = cells.number_of(argument, self.headers)
         length = names.get(wire.length, wire.length) if wire.length else None
         return WireItem(wire.kind, f"{stars}{argument}{rest}", wire.type, literal, length)
@@ -211,24 +233,28 @@ class _Reader:
             if item is None:
                 raise RowError(f"result '{text}' without an item call")
             return text
-        _one_of("result", text, ["same", "bool", "zero", "item[N]", "item[N] != 0", "irregular"])
+        _one_of("result", text, FUNCTION_RESULTS)
         if method is None and text in ("same", "bool"):
             raise RowError(f"result '{text}' without a call")
+        if text == "list" and (method is None or method.result != "list"):
+            raise RowError("result 'list' without a call that gives a list")
         return text
 
     def _check_item_states(self) -> None:
-        stored = {f.state.name for f in self.catalogue.functions if f.state and f.state.is_set}
+        stored = {(f.module, f.state.name) for f in self.catalogue.functions if f.state and f.state.is_set}
         for function in self.catalogue.functions:
             if function.state and function.item is None:
                 self.errors.append(f"{function.place}: only an item call has a state of its own")
         for method in self.catalogue.methods:
-            if method.state and method.state.name in stored:
+            if method.state and (method.module, method.state.name) in stored:
                 self.errors.append(f"{method.place}: state '{method.state.name}' is also an item's")
 
     def _check_headers(self, module: Module) -> None:
         if module.owner:
             declared = self.headers.methods.get(module.owner)
             self._check_declared(module, module.owner, declared, [m.signature for m in module.methods])
+        if module.c_header is None:
+            return
         declared = self.headers.functions.get(module.c_header)
         functions = list(declared.values()) if declared is not None else None
         self._check_declared(module, module.c_header, functions, [f.signature for f in module.functions])
@@ -255,6 +281,14 @@ def _wire_type(item: WireItem) -> str:
     return {"int32": "int", "cstring": "char const*", "bytes": "unsigned char*"}.get(item.kind, item.kind)
 
 
+def _check_sends_nothing(row: Row) -> None:
+    filled = [column for column in ("value", "call", "sends", "reply", "state") if row[column] != "-"]
+    if filled:
+        raise RowError(f"a method without a command sends nothing, but has: {', '.join(filled)}")
+    if row["result"] != "irregular":
+        raise RowError("a method without a command has the result 'irregular'")
+
+
 def _check_overload(method: Method) -> None:
     if method.reply.shape != method.overload.reply:
         raise RowError(f"{method.overload.name} gives a {method.overload.reply} reply, not {method.reply.shape}")
@@ -273,7 +307,8 @@ def _check_method_result(method: Method, headers: Headers) -> None:
         "status": method.reply.shape == "status",
         "value": method.reply.shape != "status",
         "bool": returned == "bool",
-        "zero-or-fail": method.reply.shape == "parcel",
+        "zero-or-fail": method.reply.shape != "value",
+        "zero": method.reply.shape == "parcel",
         "record": returned in headers.records,
         "list": "list<" in returned or "vector<" in returned,
         "irregular": True,
@@ -301,6 +336,12 @@ def _check_function(function: Function) -> None:
     _check_irregular(function.result, function.irregular)
     if any(output.index is not None for output in function.outputs) and function.item is None:
         raise RowError("an output names an item entry, but the function makes no item call")
+    if any(output.part for output in function.outputs) and function.result not in ("list", "irregular"):
+        raise RowError("an output is part of a list, but the result is not 'list'")
+    if COMPUTED in function.arguments and function.irregular is None:
+        raise RowError("a computed argument needs a sentence in column 'irregular'")
+    if function.steps and function.result != "irregular":
+        raise RowError("a function with several calls has the result 'irregular'")
     if function.irregular:
         return
     used = [*function.arguments, *(output.target for output in function.outputs)]
@@ -309,13 +350,17 @@ def _check_function(function: Function) -> None:
             raise RowError(f"parameter '{parameter.name}' is neither passed on nor written")
 
 
-def _retargeted(reply: Reply, names: dict[str, str]) -> Reply:
+def _retargeted(reply: Reply | None, names: dict[str, str]) -> Reply | None:
+    if reply is None:
+        return None
+
     def retarget(field: ReplyField) -> ReplyField:
         if field.target is None:
             return field
         root, dot, rest = field.target.partition(".")
         target = f"{names[root]}{dot}{rest}" if root in names else None
-        return ReplyField(field.kind, field.name, names.get(field.count, field.count), field.repeated, target)
+        count = field.count and "*".join(names.get(factor, factor) for factor in field.count.split("*"))
+        return ReplyField(field.kind, field.name, count, field.repeated, target)
 
     return Reply(reply.shape, tuple(retarget(field) for field in reply.fields))
 

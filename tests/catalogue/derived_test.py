@@ -5,9 +5,9 @@ from __future__ import annotations
 
 import unittest
 
-from fixture import CatalogueTest
+from fixture import SET_CURVE, CatalogueTest
 
-from catalogue import exported_classes, service_commands, service_items
+from catalogue import describe, expected_exports, exported_classes, service_commands, service_items
 
 
 class ServiceView(CatalogueTest):
@@ -40,6 +40,18 @@ class ServiceView(CatalogueTest):
         self.change("level[lamp] = level", "level[lamp] = LAMP_RIGHT")
         values = self.command("CMD_LAMP_SETLEVEL").state.values
         self.assertEqual([(value.index, value.literal) for value in values], [(None, 1)])
+
+    def test_a_method_that_sends_nothing_is_no_command(self) -> None:
+        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | - | Never built. |")
+        catalogue = self.read()
+        self.assertNotIn(None, [command.value for command in service_commands(catalogue)])
+        self.assertIn("Lamp::setCurve(double*, int)", expected_exports(catalogue))
+        self.assertIn("sends nothing", describe(catalogue.operation("Lamp::setCurve")))
+
+    def test_the_steps_of_a_function_are_shown(self) -> None:
+        self.change("Color const* pColor) | - |", "Color const* pColor) | Lamp::getLevel then Lamp::setLevel |")
+        shown = describe(self.read().operation("linux_tv_Lamp_getColor"))
+        self.assertIn("calls: Lamp::getLevel, then Lamp::setLevel", shown)
 
     def test_a_class_with_a_virtual_method_is_polymorphic(self) -> None:
         self.assertEqual(exported_classes(self.read()), {"android::Link": True, "Lamp": True})

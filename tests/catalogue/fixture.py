@@ -74,6 +74,7 @@ LINK = """
 | exeCmdGet(int, int) | value | - |
 | exeCmdGet(int, int, android::Parcel&) | parcel | - |
 | exeCmdGet(int, int, int, android::Parcel&) | parcel | - |
+| invoke(android::Parcel const&, android::Parcel*) | status | - |
 
 ## Classes
 
@@ -123,6 +124,11 @@ LAMP = """# Lamp
 | int linux_tv_Lamp_getTimer(LAMP_E lamp, int* pMinutes) | get(CMDID_LAMP_GET_TIMER, lamp) | pMinutes | same | *pMinutes = item[0] | timer[lamp] | - | - |
 | int linux_tv_Lamp_getColor(Color const* pColor) | - | - | irregular | - | - | - | Gives a fixed colour. |
 """
+
+SET_CURVE = (
+    "| CMD_LAMP_SETCURVE | 0x1006 | exeCmdSet(int, android::Parcel const&) | length, doubles(curve, length) "
+    "| status | - | - | status | - | - | - |"
+)
 
 
 class CatalogueTest(unittest.TestCase):

@@ -5,7 +5,7 @@ from __future__ import annotations
 
 import unittest
 
-from fixture import CatalogueTest
+from fixture import SET_CURVE, CatalogueTest
 
 
 class GoodTables(CatalogueTest):
@@ -32,6 +32,71 @@ class GoodTables(CatalogueTest):
         field = self.read().operation("Lamp::getItem").reply.fields[0]
         self.assertEqual((field.kind, field.count, field.target), ("ints", "255", "pData"))
 
+    def test_a_reply_may_be_as_long_as_a_product(self) -> None:
+        self.change("ints[255]", "ints[cmdID*param1]")
+        self.assertEqual(self.read().operation("Lamp::getItem").reply.fields[0].count, "cmdID*param1")
+        argument = self.read().operation("linux_tv_Lamp_getTimer").reply.fields[0].count
+        self.assertEqual(argument, "CMDID_LAMP_GET_TIMER*lamp")
+
+    def test_a_method_may_send_nothing(self) -> None:
+        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | - | Never built. |")
+        catalogue = self.read()
+        method = catalogue.operation("Lamp::setCurve")
+        self.assertEqual((method.command, method.value, method.overload, method.reply), (None, None, None, None))
+        self.assertNotIn(method, catalogue.methods)
+
+    def test_a_function_may_take_several_steps(self) -> None:
+        self.change("Color const* pColor) | - |", "Color const* pColor) | Lamp::getLevel then Lamp::setLevel |")
+        function = self.read().operation("linux_tv_Lamp_getColor")
+        self.assertEqual([step.name for step in function.steps], ["Lamp::getLevel", "Lamp::setLevel"])
+        self.assertEqual((function.method, function.request), (None, ()))
+
+    def test_a_method_may_build_its_own_request(self) -> None:
+        self.change("int setCurve(double* curve", "int setCurve(void* curve", "include/kelutv/Lamp.h")
+        self.change("int setCurve(double* curve", "int setCurve(void* curve")
+        self.change(
+            "exeCmdSet(int, android::Parcel const&) | length, doubles(curve, length) | status | - | - | status",
+            "invoke(android::Parcel const&, android::Parcel*) | length, bytes(curve, length) | status | - "
+            '| success debug "sent" | zero-or-fail',
+        )
+        method = self.read().operation("Lamp::setCurve")
+        self.assertEqual(method.overload.arguments, ["android::Parcel const&"])
+        self.assertEqual([(item.kind, item.length) for item in method.request], [("int32", None), ("bytes", "length")])
+        self.assertEqual([(line.event, line.priority) for line in method.log], [("success", "debug")])
+
+    def test_a_method_may_hide_a_failure(self) -> None:
+        self.change("zero-or-fail", "zero")
+        self.assertEqual(self.read().operation("Lamp::getItem").result, "zero")
+
+    def test_an_item_argument_may_be_computed(self) -> None:
+        self.change("lamp, minutes) | - | same | - | timer[lamp] = minutes | - | - |",
+                    "lamp, computed) | - | same | - | - | - | Doubles the minutes. |")
+        request = self.read().operation("linux_tv_Lamp_setTimer").request
+        self.assertEqual([item.computed for item in request], [False, False, True])
+
+    def test_a_module_may_have_no_c_functions(self) -> None:
+        self.change("| `kelutv/linux_lamp.h` |", "| - |")
+        text = (self.folder / "catalogue/lamp.md").read_text(encoding="utf-8")
+        self.write("catalogue/lamp.md", text[: text.index("## C functions")])
+        self.assertEqual(self.read().functions, [])
+
+    def test_a_typedef_of_int_is_an_enumeration_without_names(self) -> None:
+        self.write("include/kelutv/state.h", "typedef int LAMP_STATE_E;\n")
+        self.assertEqual(self.read().headers.enumerations["LAMP_STATE_E"].values, {})
+
+    def test_a_list_is_handed_on_with_its_count(self) -> None:
+        self.change("Color getColor(int lamp);", "std::list<int> getColor(int lamp);", "include/kelutv/Lamp.h")
+        self.change("| Color getColor(int lamp)", "| std::list<int> getColor(int lamp)")
+        self.change("| Color | - | - | record |", "| int... | - | - | list |")
+        self.change(
+            "get(CMDID_LAMP_GET_TIMER, lamp) | pMinutes | same | *pMinutes = item[0] | timer[lamp]",
+            "Lamp::getColor(lamp) | pMinutes | list | pMinutes[] = result, *pMinutes = count | -",
+        )
+        function = self.read().operation("linux_tv_Lamp_getTimer")
+        self.assertEqual(function.result, "list")
+        outputs = [(output.target, output.part) for output in function.outputs]
+        self.assertEqual(outputs, [("pMinutes", "entries"), ("pMinutes", "count")])
+
     def test_logged_texts_have_an_event_and_a_priority(self) -> None:
         lines = [(line.event, line.priority, line.text) for line in self.read().operation("Lamp::getItem").log]
         self.assertEqual(lines, [("null", "error", "no buffer"), ("failure", "debug", "failed")])
@@ -41,6 +106,10 @@ class GoodTables(CatalogueTest):
         self.assertEqual((function.item, function.item_value), ("CMDID_LAMP_SET_TIMER", 0x1001))
         self.assertEqual([item.source for item in function.request], ["CMDID_LAMP_SET_TIMER", "lamp", "minutes"])
         self.assertEqual(function.request[0].literal, 0x1001)
+
+    def test_a_declaration_may_take_several_lines(self) -> None:
+        self.change("setTimer(LAMP_E lamp, int", "setTimer(LAMP_E lamp,\n        int", "include/kelutv/linux_lamp.h")
+        self.assertEqual(len(self.read().operation("linux_tv_Lamp_setTimer").signature.parameters), 2)
 
     def test_types_compare_whatever_the_place_of_const(self) -> None:
         function = self.read().operation("linux_tv_Lamp_getColor")
@@ -161,11 +230,11 @@ class BadMethods(CatalogueTest):
         self.assert_bad("pData | pData |", "pData | param1 |", "null names 'param1', which is not a pointer")
 
     def test_bad_log(self) -> None:
-        message = "log 'never \"no buffer\"' is not call|null|failure [error|debug|info] \"TEXT\""
+        message = "log 'never \"no buffer\"' is not call|null|success|failure [error|debug|info] \"TEXT\""
         self.assert_bad('null "no buffer"', 'never "no buffer"', message)
 
     def test_unknown_result(self) -> None:
-        message = "result 'word' is not one of: status, value, bool, zero-or-fail, record, list, irregular"
+        message = "result 'word' is not one of: status, value, bool, zero-or-fail, zero, record, list, irregular"
         self.assert_bad("| value | level[lamp]", "| word | level[lamp]", message)
 
     def test_result_that_does_not_fit(self) -> None:
@@ -201,6 +270,18 @@ class BadMethods(CatalogueTest):
         self.assert_bad("lamp=LAMP_E,", "lamp=LAMP_E,,", "'lamp=LAMP_E,, level=1..9' has an empty entry")
 
 
+    def test_product_of_unknown_factors(self) -> None:
+        self.assert_bad("ints[255]", "ints[param1*lump]", "'lump' is not a parameter of getItem")
+
+    def test_row_without_a_command_that_sends(self) -> None:
+        message = "a method without a command sends nothing, but has: value, call, sends, reply"
+        self.assert_bad("CMD_LAMP_SETCURVE", "-", message)
+
+    def test_row_without_a_command_with_a_result(self) -> None:
+        message = "a method without a command has the result 'irregular'"
+        self.assert_bad(SET_CURVE, "| - | - | - | - | - | - | - | status | - | - | - |", message)
+
+
 class BadFunctions(CatalogueTest):
     def assert_bad(self, old: str, new: str, message: str) -> None:
         self.assert_complaint(self.change(old, new), message)
@@ -213,7 +294,10 @@ class BadFunctions(CatalogueTest):
         self.assert_bad("linux_tv_Lamp_setTimer", "linux_tv_Lamp_setLevel", "linux_tv_Lamp_setLevel stands twice")
 
     def test_bad_call(self) -> None:
-        message = "'Lamp.setLevel' is not CLASS::METHOD(ARGUMENTS), set(ITEM, ...) or get(ITEM, ...)"
+        message = (
+            "'Lamp.setLevel' is not CLASS::METHOD(ARGUMENTS), set(ITEM, ...), get(ITEM, ...) "
+            "or CLASS::METHOD then CLASS::METHOD"
+        )
         self.assert_bad("Lamp::setLevel(lamp, level)", "Lamp.setLevel", message)
 
     def test_unknown_method(self) -> None:
@@ -257,8 +341,31 @@ class BadFunctions(CatalogueTest):
         self.assert_bad("| - | - | irregular |", "| - | - | same |", "result 'same' without a call")
 
     def test_bad_output(self) -> None:
-        message = "output '*pMinutes = 0' is not *P or P->FIELD = item[N], item[N] != 0 or result"
+        message = (
+            "output '*pMinutes = 0' is not *P or P->FIELD = item[N], item[N] != 0 or result, "
+            "nor P[] = result or *P = count"
+        )
         self.assert_bad("*pMinutes = item[0]", "*pMinutes = 0", message)
+
+    def test_part_of_a_list_where_there_is_none(self) -> None:
+        message = "an output is part of a list, but the result is not 'list'"
+        self.assert_bad("*pMinutes = item[0]", "*pMinutes = count", message)
+
+    def test_list_result_without_a_list(self) -> None:
+        message = "result 'list' without a call that gives a list"
+        self.assert_bad("level) | - | same |", "level) | - | list |", message)
+
+    def test_unknown_step(self) -> None:
+        message = "Lamp::setLvl is not in the catalogue"
+        self.assert_bad("Color const* pColor) | - |", "Color const* pColor) | Lamp::getLevel then Lamp::setLvl |", message)
+
+    def test_several_calls_with_one_result(self) -> None:
+        message = "a function with several calls has the result 'irregular'"
+        self.assert_bad("Lamp::setLevel(lamp, level) | - | same", "Lamp::getLevel then Lamp::setLevel | - | zero", message)
+
+    def test_computed_argument_without_a_sentence(self) -> None:
+        message = "a computed argument needs a sentence in column 'irregular'"
+        self.assert_bad("lamp, minutes) | - | same | - | timer[lamp] = minutes", "lamp, computed) | - | same | - | -", message)
 
     def test_state_without_an_item(self) -> None:
         message = "only an item call has a state of its own"

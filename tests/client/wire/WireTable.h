@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <list>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 namespace kelutv::test {
 
@@ -65,6 +67,11 @@ public:
 
     template <std::size_t count> void add(const char* label, const int (&values)[count]) {
         addNumbers(label, values, count);
+    }
+
+    void add(const char* label, const std::list<int>& numbers) {
+        const std::vector<int> values(numbers.begin(), numbers.end());
+        addNumbers(label, values.data(), values.size());
     }
 
     template <typename List, typename = typename List::value_type> void add(const char* label, const List& texts) {

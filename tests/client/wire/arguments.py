@@ -12,6 +12,7 @@ UNTOUCHED_INT = 0x5A5A5A5A
 UNTOUCHED_TEXT = "untouched"
 BUFFER_INTS = 256
 BUFFER_CHARS = 256
+BUFFER_BYTES = 256
 WORDS = ["alpha", "bravo", "charlie", "delta", "echo", "foxtrot"]
 
 
@@ -26,7 +27,7 @@ class Call:
 
     setup: dict[str, list[str]] = field(default_factory=dict)
     arguments: dict[str, str] = field(default_factory=dict)
-    sent: dict[str, int | str] = field(default_factory=dict)
+    sent: dict[str, int | str | bytes] = field(default_factory=dict)
     seen: dict[str, int | str | list[int]] = field(default_factory=dict)
     expressions: dict[str, str] = field(default_factory=dict)
     flags: list[bool] = field(default_factory=list)
@@ -39,6 +40,7 @@ class CallBuilder:
         self.signature: Signature = operation.signature
         self.values: dict[str, ValueSet] = operation.values
         self.headers = headers
+        self.blocks = {item.source for item in operation.request if item.kind == "bytes"}
         self.flag = not first_flag
         self.call = Call()
 
@@ -104,6 +106,10 @@ class CallBuilder:
         if parameter.type == "char const*":
             self.call.arguments[name] = f'"{word}"'
             self.call.sent[name] = word
+        elif name in self.blocks:
+            fill = f"std::iota({name}, {name} + {BUFFER_BYTES}, static_cast<unsigned char>(1));"
+            self.call.setup[name] = [f"unsigned char {name}[{BUFFER_BYTES}];", fill]
+            self.call.sent[name] = bytes(i % 256 for i in range(1, BUFFER_BYTES + 1))
         elif base == "char":
             self.call.setup[name] = [f'char {name}[{BUFFER_CHARS}] = "{UNTOUCHED_TEXT}";']
             self._see(name, UNTOUCHED_TEXT, name)

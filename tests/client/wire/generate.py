@@ -29,6 +29,12 @@ def text_literal(text: str | None) -> str:
     return '"' + text.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n") + '"'
 
 
+def _sends_one_request(operation: Method | Function) -> bool:
+    method = operation if isinstance(operation, Method) else operation.method
+    computed = any(item.computed for item in operation.request)
+    return method is not None and method.command is not None and not computed
+
+
 class ModuleWriter:
     def __init__(self, catalogue: Catalogue, module: Module):
         self.catalogue = catalogue
@@ -96,8 +102,9 @@ class ModuleWriter:
         return table
 
     def _add_call(self, operation: Method | Function, call: Call) -> None:
-        outcomes = Outcomes(operation, self.module, self.catalogue.headers, call)
-        method = outcomes.method
+        method = operation if isinstance(operation, Method) else operation.method
+        owner = next(module for module in self.catalogue.modules if module.name == method.module)
+        outcomes = Outcomes(operation, owner, self.catalogue.headers, call)
         failure = outcomes.failure()
         name = "_".join([operation.name.replace("::", "_"), *("true" if flag else "false" for flag in call.flags)])
         function = self._call_function(operation, call)
@@ -110,7 +117,7 @@ class ModuleWriter:
 
     def write(self) -> str:
         for operation in [*self.module.methods, *self.module.functions]:
-            if isinstance(operation, Method) or operation.method is not None:
+            if _sends_one_request(operation):
                 for call in build_calls(operation, self.catalogue.headers):
                     self._add_call(operation, call)
         if not self.rows:
@@ -122,7 +129,7 @@ class ModuleWriter:
         return "\n\n".join(
             [
                 "\n".join(["// Generated from the catalogue."] + [f"#include <{header}>" for header in headers]),
-                '#include "client/wire/WireTable.h"\n\n#include <algorithm>',
+                '#include "client/wire/WireTable.h"\n\n#include <algorithm>\n#include <numeric>',
                 "namespace kelutv::test {\n\nusing namespace std::string_view_literals;\n\nnamespace {",
                 *self.functions,
                 *answers,

@@ -3,13 +3,14 @@
 from __future__ import annotations
 
 import copy
+import math
 import struct
 from dataclasses import dataclass
 
 from arguments import WORDS, Call
 from cells import record_leaves
 from headers import Headers
-from model import Function, LogLine, Method, Module, ReplyField, WireItem
+from model import Function, LogLine, Method, Module, Output, ReplyField, WireItem
 
 TRANSACTION_LOG = "E/TVBaseService@Client: invoke failure\n;"
 ITEM_COUNT = 255
@@ -33,8 +34,21 @@ def word(number: int) -> bytes:
 
 
 def text(value: str) -> bytes:
-    data = value.encode() + b"\0"
+    return padded(value.encode() + b"\0")
+
+
+def padded(data: bytes) -> bytes:
     return data + b"\0" * (-len(data) % 4)
+
+
+def _encoded(item: WireItem, value: int | str | bytes, call: Call) -> bytes:
+    if item.kind == "int32":
+        return word(int(value != 0) if item.type == "bool" else value)
+    if item.kind == "cstring":
+        return text(value)
+    if item.kind == "bytes":
+        return padded(value[: call.sent[item.length]])
+    raise ValueError(f"no marker for a {item.kind} item")
 
 
 def request_payload(request: tuple[WireItem, ...], call: Call) -> bytes:
@@ -42,9 +56,7 @@ def request_payload(request: tuple[WireItem, ...], call: Call) -> bytes:
     payload = b""
     for item in request:
         value = item.literal if item.literal is not None else call.sent[item.source]
-        if item.kind not in ("int32", "cstring"):
-            raise ValueError(f"no marker for a {item.kind} item")
-        payload += text(value) if item.kind == "cstring" else word(value)
+        payload += _encoded(item, value, call)
     return payload
 
 
@@ -75,12 +87,16 @@ def observed_text(result: Value | dict[str, int], seen: dict[str, Value]) -> str
 class _Fields:
     """Encodes a parcel reply and stores what a caller reads of it; a short one ends inside its block of ints."""
 
-    def __init__(self, headers: Headers, seen: dict[str, Value], short: bool):
+    def __init__(self, headers: Headers, call: Call, seen: dict[str, Value], short: bool):
         self.headers = headers
+        self.call = call
         self.seen = seen
         self.short = short
         self.result: Value | dict[str, int] | None = None
         self.payload = b""
+
+    def _count(self, text: str) -> int:
+        return math.prod(int(f) if f.isdigit() else self.call.sent[f] for f in text.split("*"))
 
     def _store(self, field: ReplyField, value: Value) -> None:
         if field.target is None:
@@ -114,7 +130,7 @@ class _Fields:
         elif field.kind in self.headers.records:
             self._add_record(field, marker)
         elif field.kind == "ints":
-            count = int(field.count)
+            count = self._count(field.count)
             numbers = [marker + i for i in range(SHORT_COUNT if self.short else count)] if marker else [0] * count
             self.payload += b"".join(map(word, numbers))
             self._store(field, numbers + [0] * (count - len(numbers)))
@@ -144,20 +160,25 @@ class Outcomes:
         return "".join(f"{letters[l.priority]}/{self.tag}: {l.text};" for l in lines if l.event == event)
 
     def _log(self, *events: str) -> str | None:
-        if self.method.result == "irregular":
+        if "irregular" in (self.method.result, self.operation.result):
             return None
         return "".join(self._lines(event, self.method.log) for event in events)
 
     def _failure_log(self, transaction: bool) -> str | None:
-        log = self._log("call", "failure" if self.method.reply.shape == "parcel" or transaction else "none")
+        before = self._log("call")
+        after = self._log("failure") if self.method.reply.shape == "parcel" or transaction else ""
+        if before is None or after is None:
+            return None
         logs_here = self.method.overload.log == "failure" or (transaction and self.method.overload.log == "transaction")
-        return TRANSACTION_LOG + log if log is not None and logs_here else log
+        return before + (TRANSACTION_LOG if logs_here else "") + after
 
     def _method_failure(self) -> Value | dict[str, int]:
         if self.method.result == "record":
             return {path: 0 for path, _ in record_leaves(self.headers, self.method.signature.result, "")}
         if self.method.result == "list":
             return []
+        if self.method.result == "zero":
+            return 0
         return 1 if self.method.result == "bool" else -1
 
     def _function_result(self, result: Value | dict[str, int], item: list[int]) -> int | Value:
@@ -165,19 +186,29 @@ class Outcomes:
         if kind.startswith("item["):
             value = item[int(kind[5 : kind.index("]")])]
             return int(value != 0) if kind.endswith("!= 0") else value
+        if kind == "list":
+            return 0 if result else -1
         return {"same": result, "bool": int(result != 0), "zero": 0}[kind]
 
+    @staticmethod
+    def _output_values(output: Output, result: Value, item: list[int]) -> list[int]:
+        if output.part:
+            return result if output.part == "entries" else [len(result)]
+        value = result if output.index is None else item[output.index]
+        return [int(value != 0) if output.flag else value]
+
     def _write_outputs(self, seen: dict[str, Value], result: Value | dict[str, int], item: list[int]) -> None:
+        if self.operation.result == "list" and not result:
+            return
         for output in self.operation.outputs:
             if output.index is None and isinstance(result, dict):
                 seen.update({f"{output.target}{path}": number for path, number in result.items()})
                 continue
-            value = result if output.index is None else item[output.index]
-            value = int(value != 0) if output.flag else value
+            values = self._output_values(output, result, item)
             if isinstance(seen[output.target], list):
-                seen[output.target][0] = value
+                seen[output.target][: len(values)] = values
             else:
-                seen[output.target] = value
+                seen[output.target] = values[0]
 
     def _observed(self, result: Value | dict[str, int], seen: dict[str, Value], item: list[int]) -> str | None:
         if "irregular" in (self.method.result, self.operation.result):
@@ -192,14 +223,18 @@ class Outcomes:
         observed = self._observed(result, copy.deepcopy(self.call.seen), [0] * ITEM_COUNT)
         return Outcome(b"".join(map(word, words)), observed, log)
 
+    def _status(self, status: int) -> Outcome:
+        failed = self.method.result == "zero-or-fail" and status != 0
+        return self._scalar([status], -1 if failed else status, self._log("call", "failure" if failed else "success"))
+
     def _parcel(self, marker: int, short: bool = False) -> Outcome:
         seen = copy.deepcopy(self.call.seen)
-        fields = _Fields(self.headers, seen, short)
+        fields = _Fields(self.headers, self.call, seen, short)
         for position, field in enumerate(self.reply.fields):
             fields.add(field, marker * (position + 1))
-        result = 0 if self.method.result == "zero-or-fail" else fields.result
+        result = 0 if self.method.result in ("zero-or-fail", "zero") else fields.result
         item = fields.result if self.method.items else [0] * ITEM_COUNT
-        return Outcome(word(0) + fields.payload, self._observed(result, seen, item), self._log("call"))
+        return Outcome(word(0) + fields.payload, self._observed(result, seen, item), self._log("call", "success"))
 
     def _parcel_failure(self) -> Outcome:
         outcome = self.failure(transaction=False)
@@ -214,7 +249,7 @@ class Outcomes:
         """Success in several values, and the service's own error."""
         log = self._log("call")
         if self.reply.shape == "status":
-            return [self._scalar([status], status, log) for status in (0, 5, -7)]
+            return [self._status(status) for status in (0, 5, -7)]
         if self.reply.shape == "value":
             return [self._scalar([0, v], v, log) for v in (0, 7, -7)] + [self._scalar([SERVICE_ERROR, 7], -1, log)]
         short = [self._parcel(71, short=True)] if any(field.kind == "ints" for field in self.reply.fields) else []
