@@ -11,16 +11,38 @@ void writeWords(android::Parcel& request, std::initializer_list<int> words) {
     }
 }
 
+void writeWords(android::Parcel& request, std::initializer_list<unsigned int> words) {
+    for (const unsigned int word : words) {
+        request.writeInt32(static_cast<int>(word));
+    }
+}
+
 void readWords(const android::Parcel& reply, std::initializer_list<int*> words) {
     for (int* word : words) {
         *word = reply.readInt32();
     }
 }
 
-void readItemValues(const android::Parcel& reply, int* values) {
-    for (int i = 0; i < kItemValueCount; ++i) {
+void readWords(const android::Parcel& reply, std::initializer_list<unsigned int*> words) {
+    for (unsigned int* word : words) {
+        *word = static_cast<unsigned int>(reply.readInt32());
+    }
+}
+
+void readValues(const android::Parcel& reply, int* values, std::int64_t count) {
+    for (std::int64_t i = 0; i < count; ++i) {
         values[i] = reply.readInt32();
     }
+}
+
+void readItemValues(const android::Parcel& reply, int* values) { readValues(reply, values, kItemValueCount); }
+
+std::list<int> readNumbers(const android::Parcel& reply) {
+    std::list<int> numbers;
+    while (reply.dataAvail() >= sizeof(std::int32_t)) {
+        numbers.push_back(reply.readInt32());
+    }
+    return numbers;
 }
 
 bool copyText(const android::Parcel& reply, char* text) {
@@ -52,6 +74,21 @@ int storeFlag(const ItemAnswer& answer, bool* flag) {
 int storeValue(const ItemAnswer& answer, int* value) {
     storeIfGiven(value, answer.values[0]);
     return answer.result;
+}
+
+void copyNumbers(const std::list<int>& numbers, int* list, int* size) {
+    if (list != nullptr) {
+        std::copy(numbers.begin(), numbers.end(), list);
+    }
+    storeIfGiven(size, static_cast<int>(numbers.size()));
+}
+
+int storeNumbers(const std::list<int>& numbers, int* list, int* size) {
+    if (numbers.empty()) {
+        return -1;
+    }
+    copyNumbers(numbers, list, size);
+    return 0;
 }
 
 int storeList(const ItemAnswer& answer, int* list, int* size) {

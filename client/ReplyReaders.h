@@ -3,6 +3,7 @@
 #include <binder/Parcel.h>
 
 #include <array>
+#include <cstdint>
 #include <initializer_list>
 #include <list>
 #include <string>
@@ -13,7 +14,8 @@ namespace kelutv::internal {
 /** An item answer always holds this many ints. */
 constexpr int kItemValueCount = 255;
 
-using ItemBuffer = std::array<int, kItemValueCount>;
+/** One more than an answer fills; the last stays 0. */
+using ItemBuffer = std::array<int, kItemValueCount + 1>;
 
 /** One answered item of the C layer; all zeros when the read failed. */
 struct ItemAnswer {
@@ -23,12 +25,20 @@ struct ItemAnswer {
 
 /** Appends one int32 per word. */
 void writeWords(android::Parcel& request, std::initializer_list<int> words);
+void writeWords(android::Parcel& request, std::initializer_list<unsigned int> words);
 
 /** Reads one int32 into each word; 0 where the reply has ended. */
 void readWords(const android::Parcel& reply, std::initializer_list<int*> words);
+void readWords(const android::Parcel& reply, std::initializer_list<unsigned int*> words);
+
+/** Writes `count` ints, none for a count below 1; 0 where the reply has ended. */
+void readValues(const android::Parcel& reply, int* values, std::int64_t count);
 
 /** Writes `kItemValueCount` ints; 0 where the reply has ended. */
 void readItemValues(const android::Parcel& reply, int* values);
+
+/** The ints up to the end of the reply; bytes that make no whole int are dropped. */
+std::list<int> readNumbers(const android::Parcel& reply);
 
 /** Copies the reply's next text, terminator included; false, with nothing written, when the reply has none. */
 bool copyText(const android::Parcel& reply, char* text);
@@ -48,6 +58,15 @@ int storeFlag(const ItemAnswer& answer, bool* flag);
 
 /** Stores the first value; returns the read's result. */
 int storeValue(const ItemAnswer& answer, int* value);
+
+/** Stores the whole list, which may be empty, and its count, each where the caller gave a place for it. */
+void copyNumbers(const std::list<int>& numbers, int* list, int* size);
+
+/**
+ * Stores the whole list and its count, each where the caller gave a place for it. Returns 0, or -1 with nothing stored
+ * when the list is empty.
+ */
+int storeNumbers(const std::list<int>& numbers, int* list, int* size);
 
 /**
  * Stores a list that is led by its count. The count is stored as it came; no more entries are copied than an answer

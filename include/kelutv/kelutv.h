@@ -12,12 +12,21 @@
 #include <kelutv/linux_kelutv_audio.h>
 #include <kelutv/linux_kelutv_notify.h>
 #include <kelutv/linux_kelutv_pcmplayer.h>
+#include <kelutv/linux_kelutv_picture.h>
+#include <kelutv/linux_kelutv_sourcemanager.h>
+#include <kelutv/linux_kelutv_video.h>
 #include <kelutv/pcmplayer_types.h>
+#include <kelutv/picture_types.h>
 #include <kelutv/source_types.h>
+#include <kelutv/video_types.h>
 
 #ifdef __cplusplus
 #include <kelutv/Audio.h>
 #include <kelutv/PCMPlayer.h>
+#include <kelutv/Picture.h>
+#include <kelutv/SourceManager.h>
+#include <kelutv/SystemSetting.h>
+#include <kelutv/Video3D.h>
 #endif
 
 #endif

@@ -1,11 +1,13 @@
 /**
  * @file
- * Input sources.
+ * Input sources, and the records of the source manager.
  */
 #ifndef KELUTV_SOURCE_TYPES_H
 #define KELUTV_SOURCE_TYPES_H
 
 #include <kelutv/export.h>
+
+#include <stdbool.h>
 
 /** Input sources as applications name them; each `..._MAX` is the last source of its kind. */
 typedef enum KELU_TV_SRC_E KELUTV_INT_ENUM {
@@ -64,5 +66,26 @@ typedef enum KELU_MW_SRC_E KELUTV_INT_ENUM {
     KELU_MW_SRC_AUTO = 17,
     KELU_MW_SRC_BUTT = 18,
 } KELU_MW_SRC_E;
+
+/** A rectangle on the screen, in pixels. */
+typedef struct KeluRect {
+    unsigned int x;
+    unsigned int y;
+    unsigned int width;
+    unsigned int height;
+} KeluRect;
+
+/** The timing of the current signal. */
+typedef struct TimingScreen {
+    unsigned int width;     /**< Pixels in a line; 0 without a signal. */
+    unsigned int height;    /**< Lines in a frame. */
+    unsigned int frameRate; /**< Frame rate in the service's unit. */
+    bool interlace;         /**< Whether the signal is interlaced. */
+    int formatHDMI;         /**< Kind of HDMI signal, as the service numbers it. */
+    int format3d;           /**< 3D format, as the service numbers it. */
+    int colorSpace;         /**< Colour space, as the service numbers it. */
+    bool MHL;               /**< Whether the signal comes over MHL. */
+    bool graphicMode;       /**< Whether it is a computer's graphics mode. */
+} TimingScreen;
 
 #endif

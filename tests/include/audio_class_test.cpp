@@ -14,6 +14,9 @@ static_assert(!std::has_virtual_destructor_v<Audio>);
 static_assert(sizeof(Audio) == sizeof(void*));
 static_assert(!std::is_polymorphic_v<PCMPlayer>);
 static_assert(std::is_empty_v<PCMPlayer>);
+static_assert(!std::is_polymorphic_v<Picture>);
+static_assert(std::is_empty_v<Picture>);
+static_assert(std::is_same_v<decltype(&Picture::getAvailAspectList), std::list<int> (Picture::*)()>);
 static_assert(std::is_same_v<decltype(&Audio::setMute), int (Audio::*)(int, bool, MuteType)>);
 static_assert(std::is_same_v<decltype(&Audio::setSubwooferGeq), int (Audio::*)(KELU_TV_SUBWOOFER_GEQ)>);
 
@@ -50,6 +53,7 @@ TEST(AudioClass, TableHasOneSlotBehindItsTwoHeaderWords) {
 TEST(AudioClass, InstanceIsOne) {
     EXPECT_EQ(Audio::instance(), Audio::instance());
     EXPECT_EQ(PCMPlayer::instance(), PCMPlayer::instance());
+    EXPECT_EQ(Picture::instance(), Picture::instance());
     EXPECT_NE(Audio::instance(), nullptr);
 }
 

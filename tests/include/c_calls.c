@@ -24,6 +24,11 @@ static int defaultOutputListWithoutList(void) {
     return linux_tv_Audio_GetDefaultSndOutputList(NULL, &size);
 }
 
+static int muteStatusWithoutFreeze(void) {
+    bool mute = false;
+    return linux_tv_Video_getMuteWindowStatus(&mute, NULL);
+}
+
 int acceptedNullPointers(void) {
     const int results[] = {
         linux_tv_Audio_getAudioItemValue(CMDID_AUDIO_GET_EQ_ENABLE, 0, 0, NULL),
@@ -39,6 +44,19 @@ int acceptedNullPointers(void) {
         newOutputListWithoutList(),
         defaultOutputListWithoutSize(),
         defaultOutputListWithoutList(),
+        linux_tv_SourceManager_getWindowRect(NULL, 0),
+        linux_tv_SourceManager_getTimingInfo(NULL),
+        linux_tv_Video_getVideoItemValue(CMDID_VIDEO_GET_ISLOCK, 0, 0, NULL),
+        muteStatusWithoutFreeze(),
+        linux_tv_Picture_getColorTempPara(NULL),
+        linux_tv_Picture_getColorControlInfoPara(NULL),
+        linux_tv_Picture_getBrightnessHistogram(NULL),
+        linux_tv_Picture_getMicroDimmingData(1, 1, NULL),
+        linux_tv_Picture_getVideoScreenShot(1, 1, NULL, true),
+        linux_tv_Picture_getColorAdvancedItem(0, 0, NULL),
+        linux_tv_Picture_getPictureItemValue(CMDID_PICTURE_MODULE_START, 0, 0, NULL),
+        linux_tv_Picture_setCameraEnhancePictureMode(0, NULL, ""),
+        linux_tv_Picture_setCameraEnhancePictureMode(0, "", NULL),
     };
     int accepted = 0;
     for (size_t i = 0; i < sizeof results / sizeof results[0]; ++i) {

@@ -103,6 +103,11 @@ static_assert(KELU_TV_SRC_MEDIA == KELU_TV_SRC_MEDIA1 && KELU_TV_SRC_BUTT == 18,
 static_assert((int)KELU_MW_SRC_HDMI1 == (int)KELU_TV_SRC_HDMI1, "sources on the wire");
 static_assert((int)KELU_MW_SRC_BUTT == (int)KELU_TV_SRC_BUTT, "sources on the wire");
 
+static_assert(CMDID_VIDEO_SET_WORKMODE == 12289 && CMDID_VIDEO_GET_WINDOW_MUTE_STATUS == 12297, "video items");
+static_assert(KELU_TV_3DMODE_AUTO == 6 && KELU_TV_3DMODE_BUTT == 7, "3D modes");
+static_assert(KELU_TV_WINDOW_MAIN == 0 && KELU_TV_WINDOW_BUTT == 3, "windows");
+static_assert(KELU_TV_TVD_WORK_MODE_CHAN_SCAN == 1 && KELU_TV_TVD_WORK_MODE_BUTT == 2, "work modes");
+
 static_assert(sizeof(ATV_CMD_ID_E) == 4 && sizeof(KELU_TV_CMDID_E) == 4, "enumerations are one word");
 static_assert(sizeof(MuteType) == 4 && sizeof(KELU_TV_PCMPLAYER_STATUS_E) == 4, "enumerations are one word");
 static_assert(sizeof(PreScaleInfo) == 8 && offsetof(PreScaleInfo, decimal) == 4, "layout");
@@ -113,5 +118,48 @@ static_assert(sizeof(KELU_TV_SND_PEQ_BAND_ATTR_S) == 16 && offsetof(KELU_TV_SND_
 static_assert(sizeof(KELU_TV_SND_PEQ_ATTR_S) == 164 && offsetof(KELU_TV_SND_PEQ_ATTR_S, stEqParam) == 4, "layout");
 static_assert(sizeof(KELU_TV_SUBWOOFER_GEQ) == 20 && offsetof(KELU_TV_SUBWOOFER_GEQ, geqBand4) == 16, "layout");
 static_assert(sizeof(KELU_TV_SND_PRECIGAIN_ATTR_S) == 8, "layout");
+
+// The picture.
+static_assert(KELU_TV_PIC_MODE_DOBLY_VISION_MOVIE_DARK == 7, "so spelled");
+static_assert(KELU_TV_PIC_MODE_DOBLY_VISION_MOVIE_BRIGHT == 8, "so spelled");
+static_assert(KELU_TV_PIC_MODE_AI == 16, "last mode of applications");
+static_assert(KELU_TV_PIC_MODE_NEW_CARE == 11, "last index for standard range");
+static_assert(KELU_TV_PIC_MODE_HDR_AI == 4, "last index for HDR10 and HLG");
+static_assert(KELU_TV_PIC_MODE_HDR_PLUS_AI == 4, "last index for HDR10+");
+static_assert(KELU_TV_PIC_MODE_DOLBY_STANDARD == 3, "last index for Dolby HDR");
+static_assert(KELU_TV_PHOTO == 5, "a stream type without the common prefix");
+static_assert(KELU_TV_HDR_TYPE_BUTT == 7, "stream types");
+static_assert(KELU_TV_COLORTEMP_BUTT == 4, "colour temperatures");
+static_assert(KELU_TV_ASPECT_BUTT == 13, "aspects");
+static_assert(KELU_TV_IMAGE_RGB_TYPE_BUTT == 3, "colour ranges");
+static_assert(KELU_TV_CLRSYS_BUTT == 9, "colour systems");
+static_assert(KELU_TV_LEVEL_BUTT == 5, "levels");
+static_assert(KELU_TV_LDLIGHTPOS_BUTT == 2, "places of the lights");
+static_assert(KELU_TV_PANELLEVEL_BUTT == 5, "dream panel");
+static_assert(KELU_TV_LDM_DEMO_BUTT == 12, "demonstrations of local dimming");
+static_assert(KELU_TV_CMD_SUPPORT_SWTICH_DECONTOUR == 3, "so spelled");
+static_assert(KELU_TV_CMD_SUPPORT_SWITCH_BUTT == 9, "settings");
+static_assert(KELU_TV_SUPPORT_SWITCH_MODE_BUTT == 5, "positions of a setting");
+static_assert(KELU_TV_PICTURE_FUNC_BUTT == 2, "functions");
+static_assert(KELU_TV_IMAGE_BACKLIGHT == 5, "values of the image");
+static_assert(KELU_MW_PICMODE_SOFTNESS == 9, "the service's modes for standard range");
+static_assert(KELU_MW_PICMODE_BUTT == 12, "the service's modes for standard range");
+static_assert(KELU_MW_PICMODE_HDR_BUTT == 5, "the service's modes for HDR10 and HLG");
+static_assert(KELU_MW_PICMODE_HDR_PLUS_BUTT == 5, "the service's modes for HDR10+");
+static_assert(KELU_MW_PICMODE_DOLBY_BUTT == 4, "the service's modes for Dolby HDR");
+static_assert(KELU_MW_PICMODE_PHOTO_BUTT == 2, "the service's modes for photographs");
+static_assert(KELU_MW_PCMODE_BUTT == 3, "computer pictures");
+static_assert(KELU_MW_HDR_MODE_BUTT == 4, "dynamic ranges");
+static_assert(sizeof(ColorTempData) == 24, "six ints");
+static_assert(sizeof(ScopeInfo) == 16, "four ints");
+static_assert(sizeof(ColorControlInfoData) == 28, "seven ints");
+static_assert(sizeof(KeluRect) == 16 && offsetof(KeluRect, height) == 12, "layout");
+static_assert(sizeof(TimingScreen) == 32 && offsetof(TimingScreen, interlace) == 12, "layout");
+static_assert(offsetof(TimingScreen, formatHDMI) == 16 && offsetof(TimingScreen, MHL) == 28, "layout");
+static_assert(sizeof(KELU_TV_COLOR_S) == 12 && offsetof(KELU_TV_COLOR_S, blue) == 8, "layout");
+static_assert(sizeof(KELU_TV_CROP_RECT_S) == 16 && offsetof(KELU_TV_CROP_RECT_S, rightOffset) == 8, "layout");
+static_assert(sizeof(KELU_TV_RECT_S) == 16 && sizeof(KELU_TV_NONLINEAR_SCL_S) == 12, "layout");
+static_assert(sizeof(KELU_TV_WINDOW_ATTR_S) == 68 && offsetof(KELU_TV_WINDOW_ATTR_S, videoRect) == 36, "layout");
+static_assert(sizeof(KELU_TV_SIGNAL_E) == 4 && sizeof(KELU_TV_WINDOW_E) == 4, "enumerations are one word");
 
 #endif
