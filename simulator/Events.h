@@ -10,10 +10,20 @@ namespace simulator {
  * An event is published once per change, before the call that made it returns; setting a value anew is no change.
  */
 enum Event : unsigned int {
+    /** Words: window (of `KELU_TV_WINDOW_E`), source (of `KELU_TV_SRC_E`). */
+    kSourceChanged = KELU_EM_MODE_SRCDETECT + 1,
+    /** Words: 1 when the main window has a signal, or 0. */
+    kSignalChanged = KELU_EM_MODE_SRCDETECT + 2,
+    /** Words: the nine fields of `TimingScreen`. */
+    kTimingChanged = KELU_EM_MODE_SRCDETECT + 3,
+    /** Words: 3D mode (of `KELU_TV_3DMODE_E`). */
+    kMode3dChanged = KELU_EM_MODE_3DSIGNAL + 1,
     /** Words: channel (of `KELU_TV_AUDIO_CHANNEL_E`), volume. */
     kVolumeChanged = KELU_EM_MODE_VOLUME + 1,
     /** Words: channel (of `KELU_TV_AUDIO_CHANNEL_E`), 1 for mute or 0. */
     kMuteChanged = KELU_EM_MODE_VOLUME + 2,
+    /** Words: stream type (of `KELU_TV_HDR_TYPE_E`). */
+    kStreamTypeChanged = KELU_EM_MODE_COMMON + 1,
 };
 
 } // namespace simulator

@@ -14,6 +14,7 @@ enum class Result : std::int32_t {
     TooMuchData = -105,
     UnknownItem = -106,
     OutOfRange = -107,
+    UnknownSource = -108,
 };
 
 } // namespace simulator

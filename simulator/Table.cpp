@@ -21,6 +21,13 @@ const StateSlot* findState(const char* name) {
     return found != states.end() ? found : nullptr;
 }
 
+const Source* findSource(std::int32_t id) {
+    const Rows<Source> sources = allSources();
+    const auto* const found =
+        std::find_if(sources.begin(), sources.end(), [id](const Source& source) { return source.id == id; });
+    return found != sources.end() ? found : nullptr;
+}
+
 const Operation* operationOf(const Command& command, const Arguments& arguments) {
     if (!command.hasItems) {
         return &command.operation;

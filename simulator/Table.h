@@ -63,6 +63,12 @@ struct InitialValue {
     const char* text;
 };
 
+/** What a slot starts with for one value of its first key. */
+struct KeyedInitial {
+    std::int32_t key;
+    Rows<InitialValue> values;
+};
+
 /** One thing that the television keeps, possibly once for each of several keys. */
 struct StateSlot {
     const char* name;
@@ -73,6 +79,24 @@ struct StateSlot {
     std::int32_t high;
     /** Published when the value changes; 0 for none. */
     unsigned int event;
+    /** Goes before `initial`. */
+    Rows<KeyedInitial> initialByKey;
+    /** Shows something of the signal of the main window's source. */
+    bool ofSignal;
+    bool keyIsSource;
+    bool valueIsSource;
+};
+
+/** What a signal puts into one of the slots that show it. */
+struct SignalValue {
+    const StateSlot* slot;
+    Rows<InitialValue> values;
+};
+
+/** An input of the television with the signal it carries. */
+struct Source {
+    std::int32_t id;
+    Rows<SignalValue> signal;
 };
 
 /** The request item at `index`; the literal when that is negative. */
@@ -117,10 +141,12 @@ struct Item {
 Rows<Command> allCommands();
 Rows<Item> allItems();
 Rows<StateSlot> allStates();
+Rows<Source> allSources();
 
 /** Null when there is none. */
 const Command* findCommand(std::int32_t value);
 const StateSlot* findState(const char* name);
+const Source* findSource(std::int32_t id);
 
 /** What a command does with these arguments; null when it names an item that does not exist. */
 const Operation* operationOf(const Command& command, const Arguments& arguments);

@@ -1,9 +1,12 @@
 #include "Television.h"
 
+#include "Sources.h"
+
 #include <kelutv/audio_types.h>
 #include <kelutv/commands.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace simulator {
 
@@ -22,14 +25,6 @@ Scalars collect(const Rows<Operand>& operands, const Arguments& arguments) {
     return scalars;
 }
 
-Scalars initialOf(const StateSlot& slot) {
-    Scalars scalars;
-    for (const InitialValue& value : slot.initial) {
-        scalars.push_back(value.text != nullptr ? Scalar(value.text) : Scalar(value.number));
-    }
-    return scalars;
-}
-
 bool inRange(const StateSlot& slot, const Scalars& values) {
     return !slot.bounded || std::all_of(values.begin(), values.end(), [&slot](const Scalar& value) {
         const auto* const number = std::get_if<std::int32_t>(&value);
@@ -41,77 +36,73 @@ std::string rangeOf(const StateSlot& slot) {
     return std::string(slot.name) + " goes from " + std::to_string(slot.low) + " to " + std::to_string(slot.high);
 }
 
+std::optional<Fault> objectionToSource(const Scalar& scalar) {
+    const auto id = std::get<std::int32_t>(scalar);
+    if (findSource(id) == nullptr) {
+        return Fault{Result::UnknownSource, "there is no source " + std::to_string(id)};
+    }
+    return std::nullopt;
+}
+
+std::optional<Fault> objection(const StateSlot& slot, const Scalars& keys, const Scalars& values) {
+    if (!inRange(slot, values)) {
+        return Fault{Result::OutOfRange, rangeOf(slot)};
+    }
+    if (slot.keyIsSource) {
+        return objectionToSource(keys.front());
+    }
+    return slot.valueIsSource && !values.empty() ? objectionToSource(values.front()) : std::nullopt;
+}
+
 } // namespace
 
 Reply Television::perform(const Request& request) {
-    const Operation& operation = *request.operation;
     switch (request.command->value) {
     case CMD_CEC_MODIFY_MUTE:
         toggleSpeakerMute();
         return {};
     case CMD_AUDIO_RESTORESOUNDSETS:
-        restore("audio");
+        mState.restore("audio");
+        return {};
+    case CMD_PICTURE_RESTOREPICTURESETS:
+        mState.restore("picture");
         return {};
     default:
         break;
     }
-    const Rule& rule = operation.rule;
+    const Rule& rule = request.operation->rule;
+    return rule.kind == Rule::Kind::None ? replyWith(*request.operation, {}) : apply(request, rule);
+}
+
+Reply Television::apply(const Request& request, const Rule& rule) {
+    const Scalars keys = collect(rule.keys, request.arguments);
+    const Scalars values = collect(rule.values, request.arguments);
+    if (const auto fault = objection(*rule.slot, keys, values)) {
+        return refusal(*fault);
+    }
     if (rule.kind == Rule::Kind::Set) {
-        return store(operation, request.arguments);
+        store(request.command->value, *rule.slot, keys, values);
+        return replyWith(*request.operation, {});
     }
-    const bool reads = rule.kind == Rule::Kind::Get;
-    return replyWith(operation, reads ? kept(*rule.slot, collect(rule.keys, request.arguments)) : Scalars{});
+    const auto consequence = workedOut(mState, *rule.slot, keys);
+    return replyWith(*request.operation, consequence ? *consequence : mState.kept(*rule.slot, keys));
 }
 
-std::vector<Change> Television::takeChanges() { return std::exchange(mChanges, {}); }
-
-Reply Television::store(const Operation& operation, const Arguments& arguments) {
-    const Rule& rule = operation.rule;
-    const Scalars values = collect(rule.values, arguments);
-    if (!inRange(*rule.slot, values)) {
-        return refusal({Result::OutOfRange, rangeOf(*rule.slot)});
+void Television::store(std::int32_t command, const StateSlot& slot, const Scalars& keys, const Scalars& values) {
+    if (command == CMD_SOURCE_SELECTSOURCE) {
+        selectSource(mState, std::get<std::int32_t>(values.front()), std::get<std::int32_t>(keys.front()));
+        return;
     }
-    keep(*rule.slot, collect(rule.keys, arguments), values);
-    return replyWith(operation, {});
-}
-
-Scalars Television::kept(const StateSlot& slot, const Scalars& keys) const {
-    const auto found = mState.find({&slot, keys});
-    return found != mState.end() ? found->second : initialOf(slot);
-}
-
-void Television::keep(const StateSlot& slot, const Scalars& keys, const Scalars& values) {
-    if (kept(slot, keys) != values) {
-        mState[{&slot, keys}] = values;
-        noteChange(slot, keys);
+    if (command == CMD_SOURCE_DESELECTSOURCE) {
+        deselectSource(mState, std::get<std::int32_t>(keys.front()));
     }
-}
-
-void Television::noteChange(const StateSlot& slot, const Scalars& keys) {
-    if (slot.event != 0) {
-        mChanges.push_back({&slot, keys, kept(slot, keys)});
-    }
+    mState.keep(slot, keys, values);
 }
 
 void Television::toggleSpeakerMute() {
     const StateSlot& mute = *findState("audio.mute");
     const Scalars speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
-    keep(mute, speaker, {std::int32_t{kept(mute, speaker) == Scalars{std::int32_t{0}}}});
-}
-
-void Television::restore(const std::string& module) {
-    for (auto entry = mState.begin(); entry != mState.end();) {
-        const auto [slot, keys] = entry->first;
-        const Scalars before = entry->second;
-        if (slot->module != module) {
-            ++entry;
-            continue;
-        }
-        entry = mState.erase(entry);
-        if (kept(*slot, keys) != before) {
-            noteChange(*slot, keys);
-        }
-    }
+    mState.keep(mute, speaker, {std::int32_t{mState.kept(mute, speaker) == Scalars{std::int32_t{0}}}});
 }
 
 } // namespace simulator

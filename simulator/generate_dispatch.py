@@ -5,7 +5,6 @@ from __future__ import annotations
 
 import argparse
 import json
-import re
 import sys
 from pathlib import Path
 
@@ -13,6 +12,7 @@ ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "catalogue"))
 
 from cells import record_leaves  # noqa: E402
+from defaults import Defaults, GenerationError, Values  # noqa: E402
 from model import Catalogue, Function, Method, Operand, Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
@@ -30,11 +30,6 @@ KINDS = {
 }
 REST = -1
 DEFAULTS = ROOT / "simulator" / "defaults.json"
-SETTINGS = {"initial", "range", "event"}
-
-
-class GenerationError(Exception):
-    """Why there is no table."""
 
 
 def text(value: str) -> str:
@@ -45,63 +40,25 @@ def state_key(operation: Method | Function, state: State) -> str:
     return f"{operation.module}.{state.name}"
 
 
-class Defaults:
-    """What the television starts with: defaults.json, held against the states of the catalogue."""
-
-    def __init__(self, path: Path, states: set[str]):
-        self.path = path
-        try:
-            modules = json.loads(path.read_text(encoding="utf-8"))
-        except json.JSONDecodeError as error:
-            raise GenerationError(f"{path}: {error}") from error
-        self.settings = {f"{module}.{name}": entry for module, names in modules.items() for name, entry in names.items()}
-        for name, settings in self.settings.items():
-            self._check(name, settings, states)
-
-    def _check(self, name: str, settings: dict, states: set[str]) -> None:
-        if name not in states:
-            raise GenerationError(f"{self.path}: the catalogue has no state '{name}'")
-        if not isinstance(settings, dict) or not set(settings) <= SETTINGS:
-            raise GenerationError(f"{self.path}: '{name}' takes only {', '.join(sorted(SETTINGS))}")
-        for value in self.initial(name):
-            if type(value) not in (int, str):
-                raise GenerationError(f"{self.path}: '{name}': initial value {value!r} is neither an integer nor a text")
-        bounds = self.range(name)
-        if len(bounds) != 2 or any(type(bound) is not int for bound in bounds) or bounds[0] > bounds[1]:
-            raise GenerationError(f"{self.path}: '{name}': range {bounds} is not [LOWEST, HIGHEST]")
-        if not re.fullmatch(r"0|k[A-Z]\w*", self.event(name)):
-            raise GenerationError(f"{self.path}: '{name}': event '{self.event(name)}' is not a name of Events.h")
-
-    def initial(self, name: str) -> list[int | str]:
-        value = self.settings.get(name, {}).get("initial", [])
-        return value if isinstance(value, list) else [value]
-
-    def bounded(self, name: str) -> bool:
-        return "range" in self.settings.get(name, {})
-
-    def range(self, name: str) -> list[int]:
-        return self.settings.get(name, {}).get("range", [0, 0])
-
-    def event(self, name: str) -> str:
-        return self.settings.get(name, {}).get("event", "0")
-
-
 class TableWriter:
     def __init__(self, catalogue: Catalogue, defaults: Path):
         self.catalogue = catalogue
         self.headers = catalogue.headers
         operations = catalogue.operations
         self.states = sorted({state_key(op, op.state) for op in operations if op.state})
-        self.defaults = Defaults(defaults, set(self.states))
+        enumerators = {n: v for e in self.headers.enumerations.values() for n, v in e.values.items()}
+        self.defaults = Defaults(defaults, set(self.states), enumerators)
         self.enumerations: dict[str, str] = {}
         self.arrays: dict[str, str] = {}
+        self.signals: dict[str, str] = {}
 
-    def _array(self, row_type: str, rows: list[str]) -> str:
+    def _array(self, row_type: str, rows: list[str], arrays: dict[str, str] | None = None) -> str:
         """The name of a table with these rows; equal tables are written once."""
         if not rows:
             return "{}"
+        arrays = self.arrays if arrays is None else arrays
         body = f"constexpr {row_type} %s[] = {{{', '.join(rows)}}};"
-        return self.arrays.setdefault(body, f"k{row_type}s{len(self.arrays)}")
+        return arrays.setdefault(body, f"k{row_type}s{len(arrays)}")
 
     def _names(self, type_name: str, values: ValueSet | None) -> str:
         enumeration = values.enumeration if values and values.enumeration else type_name
@@ -191,19 +148,40 @@ class TableWriter:
                 raise GenerationError(f"{function.place}: {function.item} differs from its row at {known[1].place}")
         return [rows[key][0] for key in sorted(rows)]
 
+    def _initial_values(self, values: Values) -> str:
+        rows = [f"{{0, {text(v)}}}" if isinstance(v, str) else f"{{{v}, nullptr}}" for v in values]
+        return self._array("InitialValue", rows)
+
     def _state_rows(self) -> list[str]:
-        rows = []
-        for name in self.states:
-            initial = [
-                f"{{0, {text(value)}}}" if isinstance(value, str) else f"{{{value}, nullptr}}"
-                for value in self.defaults.initial(name)
-            ]
-            low, high = self.defaults.range(name)
-            bounded = str(self.defaults.bounded(name)).lower()
-            module = text(name.split(".")[0])
-            array = self._array("InitialValue", initial)
-            rows.append(f"{{{text(name)}, {module}, {array}, {bounded}, {low}, {high}, {self.defaults.event(name)}}}")
-        return rows
+        return [f"{{{', '.join(self._state_cells(name))}}}" for name in self.states]
+
+    def _state_cells(self, name: str) -> list[str]:
+        low, high = self.defaults.range(name)
+        by_key = self.defaults.initial_by_key(name).items()
+        keyed = [f"{{{key}, {self._initial_values(values)}}}" for key, values in by_key]
+        flags = [
+            name in self.defaults.signal_states,
+            self.defaults.is_source(name, "key"),
+            self.defaults.is_source(name, "value"),
+        ]
+        return [
+            text(name),
+            text(name.split(".")[0]),
+            self._initial_values(self.defaults.initial(name)),
+            str(self.defaults.bounded(name)).lower(),
+            str(low),
+            str(high),
+            self.defaults.event(name),
+            self._array("KeyedInitial", keyed),
+            *(str(flag).lower() for flag in flags),
+        ]
+
+    def _source_rows(self) -> list[str]:
+        return [f"{{{source.value}, {self._signal(source.signal)}}}" for source in self.defaults.sources]
+
+    def _signal(self, signal: dict[str, Values]) -> str:
+        rows = [f"{{&kStates[{self.states.index(n)}], {self._initial_values(v)}}}" for n, v in signal.items()]
+        return self._array("SignalValue", rows, self.signals)
 
     def _enumeration_lines(self) -> list[str]:
         lines = []
@@ -215,9 +193,10 @@ class TableWriter:
         return lines
 
     def write(self) -> str:
-        states, commands, items = self._state_rows(), self._commands(), self._items()
-        arrays = [body % name for body, name in self.arrays.items()]
-        tables = {"StateSlot kStates": states, "Command kCommands": commands, "Item kItems": items}
+        states, commands, items, sources = self._state_rows(), self._commands(), self._items(), self._source_rows()
+        tables = {"Command kCommands": commands, "Item kItems": items}
+        if sources:
+            tables["Source kSources"] = sources
         return "\n".join(
             [
                 "// Generated from the catalogue and defaults.json.",
@@ -225,15 +204,22 @@ class TableWriter:
                 '#include "simulator/Table.h"\n',
                 "namespace simulator {\n\nnamespace {\n",
                 *self._enumeration_lines(),
-                *arrays,
-                *(f"constexpr {name}[] = {{\n    " + ",\n    ".join(rows) + ",\n};" for name, rows in tables.items()),
+                *(body % name for body, name in self.arrays.items()),
+                self._table("StateSlot kStates", states),
+                *(body % name for body, name in self.signals.items()),
+                *(self._table(name, rows) for name, rows in tables.items()),
                 "\n} // namespace\n",
                 "Rows<Command> allCommands() { return kCommands; }",
                 "Rows<Item> allItems() { return kItems; }",
                 "Rows<StateSlot> allStates() { return kStates; }",
+                f"Rows<Source> allSources() {{ return {'kSources' if sources else '{}'}; }}",
                 "\n} // namespace simulator\n",
             ]
         )
+
+    @staticmethod
+    def _table(name: str, rows: list[str]) -> str:
+        return f"constexpr {name}[] = {{\n    " + ",\n    ".join(rows) + ",\n};"
 
 
 def main() -> int:

@@ -27,8 +27,8 @@ constexpr int kGetRest = 6;
 constexpr int kNothing = 7;
 
 constexpr StateSlot kStates[] = {
-    {"test.curve", "test", {}, false, 0, 0, 0},
-    {"test.rest", "test", {}, false, 0, 0, 0},
+    {"test.curve", "test", {}, false, 0, 0, 0, {}, false, false, false},
+    {"test.rest", "test", {}, false, 0, 0, 0, {}, false, false, false},
 };
 constexpr RequestItem kCurve[] = {{Kind::Int32, "count", nullptr, kRestOfRequest},
                                   {Kind::Doubles, "curve", nullptr, 0},
@@ -135,5 +135,7 @@ Rows<Command> allCommands() { return kCommands; }
 Rows<Item> allItems() { return {}; }
 
 Rows<StateSlot> allStates() { return kStates; }
+
+Rows<Source> allSources() { return {}; }
 
 } // namespace simulator

@@ -56,6 +56,32 @@ class GenerateDispatch(unittest.TestCase):
         self.assertEqual(self.generate('{"audio": {"outputList": {"initial": ["a\\"b", 7]}}}'), (0, ""))
         self.assertIn(r'{{0, "a\"b"}, {7, nullptr}}', self.table.read_text(encoding="utf-8"))
 
+    def test_starts_with_the_signal_of_the_current_source(self) -> None:
+        sources = {
+            "KELU_TV_SRC_HDMI1": {"sourcemanager.signalStatus": 1},
+            "KELU_TV_SRC_HDMI2": {"picture.hdrStreamType": "KELU_TV_HDR_TYPE_HDR10"},
+        }
+        modules = {"sourcemanager": {"curSource": {"initial": "KELU_TV_SRC_HDMI2"}}, "sources": sources}
+        self.assertEqual(self.generate(json.dumps(modules)), (0, ""))
+        table = self.table.read_text(encoding="utf-8")
+        arrays = dict(re.findall(r"constexpr InitialValue (\w+)\[\] = \{(.*)\};", table))
+        starts = dict(re.findall(r'^    \{"(\w+\.\w+)", "\w+", (\w+),', table, re.M))
+        self.assertEqual(arrays[starts["picture.hdrStreamType"]], "{1, nullptr}")
+        self.assertEqual(arrays[starts["sourcemanager.signalStatus"]], "{0, nullptr}")
+
+    def test_refuses_signals_that_fit_no_state(self) -> None:
+        self.assert_refused({"sources": {"KELU_TV_SRC_ATV": {"sourcemanager.smell": 1}}}, "sourcemanager.smell")
+        sources = {"KELU_TV_SRC_ATV": {"video.mode3d": 1}, "KELU_TV_SRC_VGA": {"video.mode3d": [1, 2]}}
+        self.assert_refused({"sources": sources}, "video.mode3d", "lengths")
+
+    def test_refuses_names_that_the_headers_do_not_have(self) -> None:
+        self.assert_refused({"sources": {"KELU_TV_SRC_HDMI9": {}}}, "KELU_TV_SRC_HDMI9")
+        by_key = {"picture": {"picModeEnable": {"initial": {"KELU_TV_HDR_TYPE_SUPER": [1]}}}}
+        self.assert_refused(by_key, "picture.picModeEnable", "KELU_TV_HDR_TYPE_SUPER")
+
+    def test_refuses_a_source_in_an_unknown_place(self) -> None:
+        self.assert_refused({"sourcemanager": {"curSource": {"source": "window"}}}, "sourcemanager.curSource", "source")
+
     def test_refuses_a_state_that_the_catalogue_does_not_have(self) -> None:
         self.assert_refused({"audio": {"loudness": {"initial": 1}}}, "audio.loudness")
         self.assert_refused({"radio": {"volume": {"initial": 1}}}, "radio.volume")

@@ -36,6 +36,21 @@ def operand_values(operation: Operation, operands: tuple[Operand, ...], call: Ca
     return values
 
 
+def read_by(getter: Operation, call: Call, keys: list[int | str]) -> None:
+    """Lets the getter's call ask for the keys that the setter's call has."""
+    types = {parameter.name: parameter.type for parameter in getter.signature.parameters}
+    for operand, key in zip(rule_of(getter).keys, keys):
+        source = getter.request[operand.index].source if operand.literal is None else None
+        if types.get(source) == "int":
+            call.sent[source] = key
+            call.arguments[source] = str(key)
+
+
+def is_covered_by_its_method(getter: Operation) -> bool:
+    """Whether it is a C function that treats in its own way what a regular method gives."""
+    return isinstance(getter, Function) and getter.result == "irregular" and getter.method.result != "irregular"
+
+
 class StoredOutcome(Outcomes):
     """What a get operation must show when the television keeps `values`."""
 
@@ -46,7 +61,7 @@ class StoredOutcome(Outcomes):
             return self._observed(result, seen, [0] * ITEM_COUNT)
         left = list(values)
         results = [self._stored(field, left, seen) for field in self.reply.fields]
-        result = 0 if self.method.result == "zero-or-fail" else results[0]
+        result = 0 if self.method.result in ("zero-or-fail", "zero") else results[0]
         return self._observed(result, seen, (values + [0] * ITEM_COUNT)[:ITEM_COUNT])
 
     def _stored(self, field: ReplyField, left: list, seen: dict[str, Value]) -> Value | dict[str, Value]:
@@ -72,13 +87,14 @@ class PairWriter(ModuleWriter):
         operations = [op for op in [*self.module.methods, *self.module.functions] if rule_of(op)]
         for setter in (op for op in operations if rule_of(op).is_set):
             for getter in (op for op in operations if not rule_of(op).is_set):
-                if rule_of(getter).name == rule_of(setter).name:
+                if rule_of(getter).name == rule_of(setter).name and not is_covered_by_its_method(getter):
                     self._add_pair(setter, getter)
 
     def _add_pair(self, setter: Operation, getter: Operation) -> None:
         """Flags go to one side, to the other and back, so that whatever the state was, each side is seen to arrive."""
         calls = build_calls(setter, self.catalogue.headers)
         get_call = build_calls(getter, self.catalogue.headers)[0]
+        read_by(getter, get_call, operand_values(setter, rule_of(setter).keys, calls[0]))
         steps = [self._step(setter, call, getter, get_call) for call in calls]
         steps += steps[:1] if len(steps) > 1 else []
         table = f"kSteps{len(self.tables)}"

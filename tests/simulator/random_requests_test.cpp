@@ -14,8 +14,8 @@ namespace {
 const auto& environment = SimulatorEnvironment::install();
 
 constexpr int kRequestsPerThread = 500;
-constexpr std::array<int, 12> kCommands{0x2008, 0x2009, 0x200A, 0x2020, 0x203A, 0x2053,
-                                        0x2054, 0x2056, 0x2057, 0x2059, 0x205A, 0xE001};
+constexpr std::array<int, 20> kCommands{0x2008, 0x2009, 0x200A, 0x2020, 0x203A, 0x2053, 0x2054, 0x2056, 0x2057, 0x2059,
+                                        0x205A, 0xE001, 0x1002, 0x1003, 0x3002, 0x300E, 0x7000, 0x7001, 0x700A, 0x7018};
 
 /** Requests of every degree of wrongness; the seed makes them the same in every run. */
 class RequestMaker {

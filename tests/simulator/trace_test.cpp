@@ -92,6 +92,12 @@ TEST_F(Trace, SaysWhyARequestWasRefused) {
                                "(audio.volume goes from 0 to 100)")});
 }
 
+TEST_F(Trace, NamesAnUnknownSource) {
+    SourceManager::instance()->selectSource(77, KELU_TV_WINDOW_MAIN);
+    EXPECT_EQ(lines(), std::vector<std::string>{
+                           own("CMD_SOURCE_SELECTSOURCE(srcId=77, mainWindow=0) -> -108 (there is no source 77)")});
+}
+
 } // namespace
 
 } // namespace kelutv::test
