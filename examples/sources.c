@@ -10,7 +10,6 @@
 #include <stdbool.h>
 #include <stdio.h>
 #include <stdlib.h>
-#include <string.h>
 #include <unistd.h>
 
 enum { kMainWindow = KELU_TV_WINDOW_MAIN, kPatienceMs = 5000 };
@@ -36,12 +35,9 @@ static int eventPipe[2];
 
 static void onEvent(int id, void* data, unsigned int length, void* unused) {
     (void)unused;
-    int words[2];
-    if (((unsigned int)id & 0xFFFF0000U) == KELU_EM_MODE_SRCDETECT && length == sizeof(words)) {
-        memcpy(words, data, sizeof(words));
-        if (write(eventPipe[1], words, sizeof(words)) != (ssize_t)sizeof(words)) {
-            perror("sources: cannot hand over an event");
-        }
+    if (((unsigned int)id & 0xFFFF0000U) == KELU_EM_MODE_SRCDETECT && length == 2 * sizeof(int) &&
+        write(eventPipe[1], data, length) != (ssize_t)length) {
+        perror("sources: cannot hand over an event");
     }
 }
 
