@@ -69,12 +69,14 @@ sp<ITVBaseService>& TVBaseClient::getBpTvbaseService() { return mBpTvbaseService
 sp<IBinder::DeathRecipient>& TVBaseClient::getDeathRecipient() { return mDeathRecipient; }
 
 void TVBaseClient::registCallback(void (*callback)(unsigned int, void*, unsigned int, void*)) {
-    mEventCallback = callback;
+    // Applications change the callback while events come in. Each side touches the plain pointer once, whole.
+    __atomic_store_n(&mEventCallback, callback, __ATOMIC_RELEASE);
 }
 
 void TVBaseClient::eventNotify(unsigned int eventId, void* msg, unsigned int msgLength, void* prev) {
-    if (mEventCallback != nullptr) {
-        mEventCallback(eventId, msg, msgLength, prev);
+    const EventCallback callback = __atomic_load_n(&mEventCallback, __ATOMIC_ACQUIRE);
+    if (callback != nullptr) {
+        callback(eventId, msg, msgLength, prev);
     }
 }
 
