@@ -57,6 +57,21 @@ TEST_F(Events, ofOtherModulesNeverArrive) {
     EXPECT_EQ(events.received(), kNoEvents);
 }
 
+TEST_F(Events, mayComeInWhileTheCallbackIsChanged) {
+    constexpr int kChanges = 200;
+    for (int change = 0; change < kChanges; ++change) {
+        events.publish(0x60001, "payload");
+        TVBaseClient::registCallback(
+            change % 2 == 0 ? nullptr : reinterpret_cast<TVBaseClient::EventCallback>(EventRecorder::first));
+    }
+    TVBaseClient::registCallback(nullptr);
+    const std::vector<Event> received = events.received();
+    EXPECT_LE(received.size(), static_cast<size_t>(kChanges));
+    for (const Event& event : received) {
+        EXPECT_EQ(event, (Event{"first", 0x60001, "payload", nullptr}));
+    }
+}
+
 TEST_F(Events, beforeARegistrationAreLost) {
     events.publish(0x60001, "early");
     EXPECT_EQ(events.received(), kNoEvents);
