@@ -33,13 +33,4 @@ void pinCaller(Pinning) { allow(::getpid(), onlyCore(0)); }
 
 void pinAnswerer(pid_t process, Pinning pinning) { allow(process, onlyCore(pinning == Pinning::SameCore ? 0 : 1)); }
 
-void unpin(pid_t process) {
-    cpu_set_t cores;
-    CPU_ZERO(&cores);
-    for (long core = 0; core < ::sysconf(_SC_NPROCESSORS_ONLN); ++core) {
-        CPU_SET(static_cast<int>(core), &cores);
-    }
-    allow(process, cores);
-}
-
 } // namespace kelutv::bench

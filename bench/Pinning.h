@@ -11,7 +11,5 @@ enum class Pinning { SameCore, TwoCores };
 void pinCaller(Pinning pinning);
 /** The answering side: another process, all its threads. */
 void pinAnswerer(pid_t process, Pinning pinning);
-/** Both sides may run anywhere. */
-void unpin(pid_t process);
 
 } // namespace kelutv::bench
