@@ -16,7 +16,7 @@ import sys
 from dataclasses import dataclass
 from pathlib import Path
 
-from model import Catalogue, Function, Method, Reply, State, WireItem
+from model import Catalogue, Function, Method, Operation, Reply, State, WireItem
 from reader import read_catalogue
 from tables import CatalogueError
 
@@ -55,20 +55,20 @@ def service_commands(catalogue: Catalogue) -> list[CommandView]:
 
 
 def service_items(catalogue: Catalogue) -> list[ItemView]:
-    """The items of all modules, in the order of the catalogue."""
+    """The items of all modules, in the order of the catalogue; the module is that of the item command."""
     return [
-        ItemView(f.item, f.item_value, f.module, f.method.command, f.state)
-        for f in catalogue.functions
-        if f.item is not None
+        ItemView(call.item, call.item_value, call.method.module, call.method.command, call.state)
+        for call in catalogue.item_calls
     ]
 
 
 def expected_exports(catalogue: Catalogue) -> list[str]:
     """The demangled functions and objects that the library must export, type information apart."""
     symbols = [function.name for function in catalogue.functions]
-    methods = [method for module in catalogue.modules for method in module.methods]
-    symbols += [f"{method.owner}::{method.signature.mangled_as}" for method in methods]
-    symbols += [f"{module.owner}::instance()" for module in catalogue.modules if module.owner]
+    methods = [method for module in catalogue.modules for method in module.class_methods]
+    symbols += [f"{method.owner}::{catalogue.headers.demangled(method.signature)}" for method in methods]
+    owners = [module.owner for module in catalogue.modules if module.owner and not module.constructed]
+    symbols += [f"{owner}::instance()" for owner in owners]
     symbols += [f"android::TVBaseClient::{overload}" for overload in catalogue.overloads]
     return symbols + catalogue.link_symbols
 
@@ -78,7 +78,7 @@ def exported_classes(catalogue: Catalogue) -> dict[str, bool]:
     classes = dict(catalogue.link_classes)
     for module in catalogue.modules:
         if module.owner:
-            classes[module.owner] = any(method.signature.virtual for method in module.methods)
+            classes[module.owner] = any(method.signature.virtual for method in module.class_methods)
     return classes
 
 
@@ -129,18 +129,18 @@ def _method_lines(method: Method) -> list[str]:
 
 def _function_lines(function: Function) -> list[str]:
     if function.steps:
-        return [f"calls: {', then '.join(method.name for method in function.steps)}"]
-    if function.method is None:
+        return [f"calls: {', then '.join(step.name for step in function.steps)}"]
+    if function.callee is None:
         return ["sends nothing"]
-    lines = [f"calls: {function.method.name}({', '.join(function.arguments)})"]
+    lines = [f"calls: {function.callee.name}({', '.join(function.arguments)})"]
     return lines + [f"sends: {_request_text(function.request)}", f"returns: {function.result}"]
 
 
-def describe(operation: Method | Function) -> str:
+def describe(operation: Operation) -> str:
     """One operation for a reader."""
     lines = _method_lines(operation) if isinstance(operation, Method) else _function_lines(operation)
     if operation.null:
-        lines.append(f"null gives -1, nothing sent: {', '.join(operation.null)}")
+        lines.append(f"null is refused, nothing sent: {', '.join(operation.null)}")
     for name, values in operation.values.items():
         lines.append(f"{name}: {values.enumeration or f'{values.low} to {values.high}'}")
     if operation.irregular:
@@ -153,7 +153,7 @@ def _check(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
     for complaint in complaints:
         print(complaint, file=sys.stderr)
     if not complaints:
-        methods = sum(len(module.methods) for module in catalogue.modules)
+        methods = sum(len(module.class_methods) for module in catalogue.modules)
         print(f"{methods} methods and {len(catalogue.functions)} C functions are in order")
     return 1 if complaints else 0
 

@@ -12,17 +12,18 @@ _NUMBER = re.compile(r"-?(?:0[xX][0-9a-fA-F]+|\d+)")
 _PATH = re.compile(r"\w+(?:\[\d+\])?(?:\.\w+(?:\[\d+\])?)*")
 _BLOCKS = {"ints": ("int",), "doubles": ("double",), "bytes": ("char", "void"), "str16": ("char",)}
 _SCALAR_TYPES = {"int", "unsigned int", "bool"}
+LOG_EVENTS = ("call", "null", "success", "failure", "missing")
 
 
 def split_list(text: str, separator: str = ",") -> list[str]:
-    """Splits at separators outside brackets; `-` is the empty list."""
+    """Splits at separators outside brackets and quotes; `-` is the empty list."""
     if text == "-":
         return []
-    parts, depth, start = [], 0, 0
+    parts, depth, start, quoted = [], 0, 0, False
     for position, character in enumerate(text):
-        depth += character in "([" 
-        depth -= character in ")]"
-        if character == separator and depth == 0:
+        quoted ^= character == '"'
+        depth += 0 if quoted else (character in "([") - (character in ")]")
+        if character == separator and depth == 0 and not quoted:
             parts.append(text[start:position].strip())
             start = position + 1
     parts.append(text[start:].strip())
@@ -36,6 +37,11 @@ def number_of(text: str, headers: Headers) -> int | None:
     if _NUMBER.fullmatch(text):
         return int(text, 0)
     return headers.enumerator(text)
+
+
+def text_of(argument: str) -> str | None:
+    """The text of a quoted literal; nothing for any other argument."""
+    return argument[1:-1] if len(argument) > 1 and argument[0] == argument[-1] == '"' else None
 
 
 def pointee(type_name: str) -> str:
@@ -117,17 +123,24 @@ def parse_sends(text: str, signature: Signature, headers: Headers) -> tuple[Wire
     return tuple(item for part in split_list(text) for item in _send(part, signature, headers))
 
 
-def _reply_field(text: str, signature: Signature, headers: Headers) -> ReplyField:
+def _check_count(count: str, signature: Signature, headers: Headers, earlier: list[ReplyField]) -> None:
+    counted = {field.name for field in earlier if field.kind == "int"}
+    for factor in count.split("*"):
+        if not factor.isdigit() and factor not in counted:
+            path_type(factor, signature, headers)
+
+
+def _reply_field(text: str, signature: Signature, headers: Headers, earlier: list[ReplyField]) -> ReplyField:
     match = re.fullmatch(r"(\w+)(?:\[(\w+(?:\*\w+)*)\])?(\.\.\.)?(?:\s+(\w+))?(?:\s*->\s*([\w.\[\]]+))?", text)
     if not match:
         raise RowError(f"reply field '{text}' is not TYPE[COUNT]... NAME -> TARGET")
     kind, count, repeated, name, target = match.groups()
-    for factor in count.split("*") if count and "*" in count else []:
-        path_type(factor, signature, headers)
     if kind not in ("int", "bool", "double", "cstring", "ints", "doubles") and kind not in headers.records:
         raise RowError(f"unknown reply type '{kind}'")
     if (kind in ("ints", "doubles")) != (count is not None):
         raise RowError(f"reply field '{text}': ints and doubles, and only these, need a count")
+    if count:
+        _check_count(count, signature, headers, earlier)
     if target and not path_type(target.split(".")[0], signature, headers).endswith("*"):
         raise RowError(f"reply target '{target}' is not a pointer")
     return ReplyField(kind, name or target or kind, count, repeated is not None, target)
@@ -139,14 +152,18 @@ def parse_reply(text: str, signature: Signature, headers: Headers) -> Reply | No
         return None
     if text in ("status", "value"):
         return Reply(text)
-    return Reply("parcel", tuple(_reply_field(part, signature, headers) for part in split_list(text)))
+    fields: list[ReplyField] = []
+    for part in split_list(text):
+        fields.append(_reply_field(part, signature, headers, fields))
+    return Reply("parcel", tuple(fields))
 
 
 def _operands(text: str, request: tuple[WireItem, ...], headers: Headers) -> list[Operand]:
+    """The request items that `text` names; a number, or an enumerator that is not sent, stands for itself."""
+    found = [Operand(i) for i, item in enumerate(request) if re.match(rf"\*?{re.escape(text)}(?![\w])", item.source)]
     literal = number_of(text, headers)
     if literal is not None:
-        return [Operand(None, literal)]
-    found = [Operand(i) for i, item in enumerate(request) if re.match(rf"\*?{re.escape(text)}(?![\w])", item.source)]
+        return [Operand(None, literal)] if _NUMBER.fullmatch(text) or not found else found[:1]
     if not found:
         raise RowError(f"state names '{text}', which is not sent")
     return found
@@ -197,15 +214,24 @@ def parse_null(text: str, signature: Signature, headers: Headers) -> tuple[str, 
     return names
 
 
-def parse_log(text: str) -> tuple[LogLine, ...]:
+def parse_log(text: str, tag: str | None, events: tuple[str, ...] = LOG_EVENTS) -> tuple[LogLine, ...]:
     """`null "TEXT"; failure "TEXT"; success debug "TEXT"; call "TEXT"`, error priority where none is named."""
     lines = []
     for part in split_list(text, ";"):
-        match = re.fullmatch(r'(call|null|success|failure)(?:\s+(error|debug|info))?\s+"(.*)"', part)
+        match = re.fullmatch(rf'({"|".join(events)})(?:\s+(error|debug|info))?\s+"(.*)"', part)
         if not match:
-            raise RowError(f"log '{part}' is not call|null|success|failure [error|debug|info] \"TEXT\"")
-        lines.append(LogLine(match[1], match[2] or "error", match[3]))
+            raise RowError(f"log '{part}' is not {'|'.join(events)} [error|debug|info] \"TEXT\"")
+        lines.append(LogLine(match[1], match[2] or "error", match[3], tag))
     return tuple(lines)
+
+
+def parse_result(text: str, allowed: list[str]) -> tuple[str, str | None]:
+    """The kind of a result and, for one that names a text to fall back on, that text."""
+    match = re.fullmatch(r'(\w+) "(.+)"', text)
+    kind = f'{match[1]} "TEXT"' if match else text
+    if kind not in allowed:
+        raise RowError(f"result '{text}' is not one of: {', '.join(allowed)}")
+    return (match[1], match[2]) if match else (text, None)
 
 
 def _list_output(text: str) -> Output | None:
@@ -233,7 +259,7 @@ def _output(text: str, signature: Signature, headers: Headers) -> Output:
 
 
 def parse_outputs(text: str, signature: Signature, headers: Headers) -> tuple[Output, ...]:
-    """What a C function writes itself: `*pEnable = item[0] != 0, pAttr->gain = item[1], *pInfo = result`.
+    """What an operation writes itself: `*pEnable = item[0] != 0, pAttr->gain = item[1], *pInfo = result`.
 
     Of a list: `pModes[] = result, *pSize = count`.
     """
@@ -243,3 +269,9 @@ def parse_outputs(text: str, signature: Signature, headers: Headers) -> tuple[Ou
 def parse_optional(text: str) -> str | None:
     """A cell without markup; `-` is nothing."""
     return None if text == "-" else text.strip("`")
+
+
+def check_irregular(result: str, irregular: str | None) -> None:
+    """An irregular result is explained in the row's last column."""
+    if result == "irregular" and irregular is None:
+        raise RowError("result 'irregular' needs a sentence in column 'irregular'")

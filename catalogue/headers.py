@@ -1,11 +1,12 @@
 """What the public headers declare: enumerations, records, C functions, class methods.
 
-The headers are regular by convention: one enumerator per line with an explicit value, tags equal to typedef names. A
-typedef of int is an enumeration whose names the service keeps to itself.
+The headers are regular by convention: one enumerator per line with an explicit value. A typedef of int is an enumeration
+whose names the service keeps to itself.
 """
 
 from __future__ import annotations
 
+import math
 import re
 from dataclasses import dataclass, field
 from pathlib import Path
@@ -31,11 +32,6 @@ class Signature:
     def __str__(self) -> str:
         parameters = ", ".join(f"{p.type} {p.name}" for p in self.parameters)
         return f"{'virtual ' if self.virtual else ''}{self.result} {self.name}({parameters})"
-
-    @property
-    def mangled_as(self) -> str:
-        """The name as a demangled symbol shows it."""
-        return f"{self.name}({', '.join(p.type for p in self.parameters)})"
 
     def parameter(self, name: str) -> Parameter:
         for parameter in self.parameters:
@@ -69,12 +65,20 @@ class Headers:
     records: dict[str, Record] = field(default_factory=dict)
     functions: dict[str, dict[str, Signature]] = field(default_factory=dict)
     methods: dict[str, list[Signature]] = field(default_factory=dict)
+    enumerators: dict[str, int] = field(default_factory=dict)
+    callbacks: set[str] = field(default_factory=set)
+    symbol_types: dict[str, str] = field(default_factory=dict)
 
     def enumerator(self, name: str) -> int | None:
-        for enumeration in self.enumerations.values():
-            if name in enumeration.values:
-                return enumeration.values[name]
-        return None
+        return self.enumerators.get(name)
+
+    def demangled(self, signature: Signature) -> str:
+        """The name and parameter types as a demangled symbol shows them, typedefs resolved."""
+        return f"{signature.name}({', '.join(self._in_symbols(p.type) for p in signature.parameters)})"
+
+    def _in_symbols(self, type_name: str) -> str:
+        named = re.sub(r"\w+", lambda word: self.symbol_types.get(word[0], word[0]), type_name)
+        return re.sub(r"std::(vector|list)<([^<>]+)>", r"std::\1<\2, std::allocator<\2> >", named)
 
 
 def canonical_type(text: str) -> str:
@@ -126,10 +130,11 @@ def _enumerations(text: str) -> list[Enumeration]:
 
 
 def _field(text: str) -> Field:
-    match = re.fullmatch(r"(.*[\s*])(\w+)(?:\[(\d+)\])?", text.strip())
+    match = re.fullmatch(r"(.*[\s*])(\w+)((?:\[\d+\])*)", text.strip())
     if not match:
         raise RowError(f"record field '{text.strip()}' is not TYPE NAME or TYPE NAME[COUNT]")
-    return Field(canonical_type(match[1]), match[2], int(match[3]) if match[3] else None)
+    counts = [int(count) for count in re.findall(r"\d+", match[3])]
+    return Field(canonical_type(match[1]), match[2], math.prod(counts) if counts else None)
 
 
 def _records(text: str) -> list[Record]:
@@ -140,8 +145,23 @@ def _records(text: str) -> list[Record]:
     return found
 
 
+def _symbol_types(text: str) -> dict[str, str]:
+    """What stands for a typedef in a demangled symbol: the tag, int, or the type of a function pointer."""
+    tags = re.findall(r"typedef\s+(?:enum|struct)\s+(\w+)[^{;]*\{.*?\}\s*(\w+)\s*;", text, re.S)
+    return {name: tag for tag, name in tags} | {name: "int" for name in re.findall(r"typedef\s+int\s+(\w+)\s*;", text)}
+
+
+def _callbacks(text: str) -> dict[str, str]:
+    """The typedefs of function pointers, each with its type."""
+    found = {}
+    for result, name, parameters in re.findall(r"typedef\s+([\w\s*]+?)\(\s*\*\s*(\w+)\s*\)\s*\(([^()]*)\)\s*;", text):
+        types = ", ".join(_parameter(part).type for part in _split_parameters(parameters))
+        found[name] = f"{canonical_type(result)} (*)({types})"
+    return found
+
+
 def _functions(text: str) -> dict[str, Signature]:
-    signatures = (parse_signature(match[1]) for match in re.finditer(r"KELUTV_API\s+([\w\s*]+\([^()]*\))\s*;", text))
+    signatures = (parse_signature(match[1]) for match in re.finditer(r"KELUTV_API\s+([\w:<>\s*]+\([^()]*\))\s*;", text))
     return {signature.name: signature for signature in signatures}
 
 
@@ -151,7 +171,8 @@ def _methods(text: str) -> dict[str, list[Signature]]:
         public = re.split(r"\b(?:private|protected)\s*:", match[2])[0]
         declarations = re.findall(r"((?:virtual\s+)?[\w:<>*&\s]+?[\s*&>]\w+\s*\([^()]*\))\s*;", public)
         declarations = [re.sub(r"^\s*(public\s*:)?\s*", "", text) for text in declarations]
-        found[match[1]] = [parse_signature(text) for text in declarations if not text.startswith("static ")]
+        passed_over = re.compile(rf"static\s|{match[1]}\s*\(")
+        found[match[1]] = [parse_signature(text) for text in declarations if not passed_over.match(text)]
     return found
 
 
@@ -161,7 +182,12 @@ def read_headers(include: Path) -> Headers:
     for path in sorted((include / "kelutv").glob("*.h")):
         text = _without_comments(path.read_text(encoding="utf-8"))
         headers.enumerations.update({e.name: e for e in _enumerations(text)})
+        callbacks = _callbacks(text)
+        headers.callbacks.update(callbacks)
+        headers.symbol_types.update(_symbol_types(text) | callbacks)
         headers.records.update({r.name: r for r in _records(text)})
         headers.functions[f"kelutv/{path.name}"] = _functions(text)
         headers.methods.update(_methods(text))
+    for enumeration in headers.enumerations.values():
+        headers.enumerators.update(enumeration.values)
     return headers

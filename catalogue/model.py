@@ -30,14 +30,14 @@ class WireItem:
     """One item of a request.
 
     `kind` is int32, double, cstring, str16, or ints, doubles, bytes with a `length`. `source` is the parameter or
-    record field it comes from (`prescale.integer`, `*size`); a fixed number has a `literal` instead of a source. What a
-    function works out itself is `computed` and has no source either.
+    record field it comes from (`prescale.integer`, `*size`); a fixed number or text has a `literal` instead of a source.
+    What a function works out itself is `computed` and has no source either.
     """
 
     kind: str
     source: str
     type: str
-    literal: int | None = None
+    literal: int | str | None = None
     length: str | None = None
     computed: bool = False
 
@@ -96,16 +96,63 @@ class ValueSet:
 
 @dataclass(frozen=True)
 class LogLine:
-    """A text the class logs: `event` is call, null (a refused null argument), success or failure."""
+    """A text that a class logs under its tag.
+
+    `event` is call, null (a refused null argument), success, failure or missing (the answer lacks its text).
+    """
 
     event: str
     priority: str
     text: str
+    tag: str | None
+
+
+@dataclass(frozen=True)
+class Output:
+    """An output of an operation that calls another: item buffer entry `index` (as a flag when `flag`), or the result.
+
+    Of a result that is a list, the `entries` or their `count`.
+    """
+
+    target: str
+    index: int | None
+    flag: bool = False
+    part: str | None = None
+
+
+@dataclass(frozen=True)
+class Layer:
+    """What an operation makes of the result of the one it calls; `call_log` goes out before the call."""
+
+    result: str
+    returns: str
+    outputs: tuple[Output, ...] = ()
+    call_log: tuple[LogLine, ...] = ()
+
+
+@dataclass(frozen=True)
+class Refusal:
+    """A null `parameter` with which nothing is sent; `result` passes through the `layers` above the test."""
+
+    parameter: str
+    result: int | list
+    log: tuple[LogLine, ...]
+    layers: tuple[Layer, ...] = ()
+
+
+def refusals(null: tuple[str, ...], log: tuple[LogLine, ...], signature: Signature) -> tuple[Refusal, ...]:
+    """The refusals of an operation that tests its parameters `null` itself."""
+    result = [] if "<" in signature.result else 1 if signature.result == "bool" else -1
+    lines = tuple(line for line in log if line.event == "null")
+    return tuple(Refusal(name, result, lines) for name in null)
 
 
 @dataclass(frozen=True)
 class Method:
-    """A class method; one that sends nothing has neither command nor value nor overload nor reply."""
+    """A class method; one that sends nothing has neither command nor value nor overload nor reply.
+
+    `fallback` is the text that results `fallback` and `characters` leave behind after a failure.
+    """
 
     place: Place
     module: str
@@ -119,6 +166,7 @@ class Method:
     null: tuple[str, ...]
     log: tuple[LogLine, ...]
     result: str
+    fallback: str | None
     state: State | None
     items: bool
     values: dict[str, ValueSet]
@@ -128,64 +176,90 @@ class Method:
     def name(self) -> str:
         return f"{self.owner}::{self.signature.name}"
 
+    @property
+    def method(self) -> Method:
+        """The method that sends."""
+        return self
 
-@dataclass(frozen=True)
-class Output:
-    """An output of a C function: item buffer entry `index` (as a flag when `flag`), or the method's result.
+    @property
+    def layers(self) -> tuple[Layer, ...]:
+        return ()
 
-    Of a result that is a list, the `entries` or their `count`.
-    """
-
-    target: str
-    index: int | None
-    flag: bool = False
-    part: str | None = None
+    @property
+    def refusals(self) -> tuple[Refusal, ...]:
+        return refusals(self.null, self.log, self.signature)
 
 
 @dataclass(frozen=True)
 class Function:
-    """A C function; `request` and `reply` are those of the method it calls, in terms of its own parameters.
+    """A C function or, with an `owner`, a composed method: it leaves the sending to the operation that it calls.
 
-    One that calls several methods has them as its `steps`, in order, and none as its `method`.
+    `request`, `reply`, `layers` and `refusals` are those of the whole chain down to the `method` that sends, in terms of
+    its own parameters. One that makes several calls has them as its `steps`, in order, and no `callee`.
     """
 
     place: Place
     module: str
+    owner: str | None
     signature: Signature
-    method: Method | None
+    callee: Method | Function | None
     arguments: tuple[str, ...]
     item: str | None
     item_value: int | None
     request: tuple[WireItem, ...]
     reply: Reply | None
     null: tuple[str, ...]
+    log: tuple[LogLine, ...]
     result: str
     outputs: tuple[Output, ...]
+    layers: tuple[Layer, ...]
+    refusals: tuple[Refusal, ...]
     state: State | None
     values: dict[str, ValueSet]
     irregular: str | None
-    steps: tuple[Method, ...] = ()
+    steps: tuple[Method | Function, ...] = ()
 
     @property
     def name(self) -> str:
-        return self.signature.name
+        return f"{self.owner}::{self.signature.name}" if self.owner else self.signature.name
+
+    @property
+    def method(self) -> Method | None:
+        return self.callee.method if self.callee else None
+
+
+Operation = Method | Function
 
 
 @dataclass
 class Module:
+    """One table; `pairs` names the methods behind `set`, `get`, `settext` and `gettext`.
+
+    The object of a class is its `instance()` unless it is `constructed` by applications.
+    """
+
     name: str
     place: Place
     owner: str | None
     header: str | None
-    prefix: str
-    c_header: str
-    item_set: str | None
-    item_get: str | None
+    constructed: bool
+    prefixes: tuple[str, ...]
+    c_header: str | None
+    pairs: dict[str, str | None]
     log_tag: str | None
     methods: list[Method] = field(default_factory=list)
+    composed: list[Function] = field(default_factory=list)
     functions: list[Function] = field(default_factory=list)
 
-    def method(self, name: str) -> Method | None:
+    @property
+    def class_methods(self) -> list[Operation]:
+        return [*self.methods, *self.composed]
+
+    @property
+    def operations(self) -> list[Operation]:
+        return [*self.class_methods, *self.functions]
+
+    def method(self, name: str | None) -> Method | None:
         return next((method for method in self.methods if method.signature.name == name), None)
 
 
@@ -207,8 +281,17 @@ class Catalogue:
         return [function for module in self.modules for function in module.functions]
 
     @property
-    def operations(self) -> list[Method | Function]:
-        return [*(method for module in self.modules for method in module.methods), *self.functions]
+    def item_calls(self) -> list[Function]:
+        """Every C function and composed method that reads or writes one item."""
+        return [call for module in self.modules for call in [*module.composed, *module.functions] if call.item]
 
-    def operation(self, name: str) -> Method | Function | None:
+    @property
+    def operations(self) -> list[Operation]:
+        class_methods = (method for module in self.modules for method in module.class_methods)
+        return [*class_methods, *self.functions]
+
+    def module(self, name: str) -> Module | None:
+        return next((module for module in self.modules if module.name == name), None)
+
+    def operation(self, name: str) -> Operation | None:
         return next((operation for operation in self.operations if operation.name == name), None)

@@ -36,6 +36,9 @@ public:
 
     Scalars deal(const ReplyField& field) {
         const auto rest = static_cast<std::size_t>(mEnd - mNext);
+        if (field.count == kCountOfRest) {
+            return {Scalar(static_cast<std::int32_t>(rest))};
+        }
         const std::size_t count = field.count == kRestOfReply ? rest : static_cast<std::size_t>(field.count);
         Scalars scalars;
         for (std::size_t i = 0; i < count; ++i) {

@@ -1,28 +1,11 @@
 #pragma once
 
+#include "Rows.h"
 #include "Scalar.h"
 
-#include <cstddef>
 #include <cstdint>
 
 namespace simulator {
-
-/** A table of constants that lives as long as the program. */
-template <typename Row> class Rows {
-public:
-    constexpr Rows() = default;
-    template <std::size_t count>
-    constexpr Rows(const Row (&rows)[count]) : mRows(rows), mCount(count) {} // NOLINT(google-explicit-constructor)
-
-    constexpr const Row* begin() const { return mRows; }
-    constexpr const Row* end() const { return mRows + mCount; }
-    constexpr std::size_t size() const { return mCount; }
-    constexpr const Row& operator[](std::size_t index) const { return mRows[index]; }
-
-private:
-    const Row* mRows = nullptr;
-    std::size_t mCount = 0;
-};
 
 struct EnumeratorName {
     std::int32_t value;
@@ -45,6 +28,8 @@ struct RequestItem {
 
 /** A field that fills the rest of the reply. */
 constexpr int kRestOfReply = -1;
+/** One number: how many values are left for the rest of the reply. */
+constexpr int kCountOfRest = -2;
 
 struct ReplyField {
     Kind kind;

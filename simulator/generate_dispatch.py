@@ -13,7 +13,7 @@ sys.path.insert(0, str(ROOT / "catalogue"))
 
 from cells import record_leaves  # noqa: E402
 from defaults import Defaults, GenerationError, Values  # noqa: E402
-from model import Catalogue, Function, Method, Operand, Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
+from model import Catalogue, Function, Method, Operand, Operation, Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 
@@ -29,6 +29,7 @@ KINDS = {
     "bytes": "Bytes",
 }
 REST = -1
+COUNT_OF_REST = -2
 DEFAULTS = ROOT / "simulator" / "defaults.json"
 
 
@@ -36,8 +37,8 @@ def text(value: str) -> str:
     return json.dumps(value)
 
 
-def state_key(operation: Method | Function, state: State) -> str:
-    return f"{operation.module}.{state.name}"
+def state_key(operation: Operation, state: State) -> str:
+    return f"{operation.method.module}.{state.name}"
 
 
 class TableWriter:
@@ -67,8 +68,8 @@ class TableWriter:
         self.enumerations[enumeration] = f"k{enumeration}"
         return f"&k{enumeration}"
 
-    def _request(self, operation: Method | Function) -> str:
-        method = operation if isinstance(operation, Method) else operation.method
+    def _request(self, operation: Operation) -> str:
+        method = operation.method
         rows = []
         for item, declared in zip(operation.request, method.request):
             named = item if item.literal is None else declared
@@ -79,7 +80,7 @@ class TableWriter:
         return self._array("RequestItem", rows)
 
     @staticmethod
-    def _length_item(operation: Method | Function, item: WireItem) -> int:
+    def _length_item(operation: Operation, item: WireItem) -> int:
         """Where the request says how long a block is; a block of unsaid length must be the last item."""
         sources = [sent.source for sent in operation.request]
         if item.length in sources:
@@ -88,13 +89,13 @@ class TableWriter:
             raise GenerationError(f"{operation.place}: {item.source} is not the last item and its length is not sent")
         return REST
 
-    def _reply_field(self, field: ReplyField, values: dict[str, ValueSet]) -> list[str]:
+    def _reply_field(self, field: ReplyField, values: dict[str, ValueSet], leads: bool) -> list[str]:
         if field.kind in self.headers.records:
             return [
                 f"{{Kind::{KINDS[self._leaf_kind(kind)]}, {text(path[1:])}, {self._names(kind, None)}, 1}}"
                 for path, kind in record_leaves(self.headers, field.kind, "")
             ]
-        count = REST if field.repeated else 1
+        count = REST if field.repeated else COUNT_OF_REST if leads else 1
         if field.count is not None:
             count = int(field.count) if field.count.isdigit() else REST
         names = self._names(field.kind, values.get(field.target or "return"))
@@ -106,13 +107,15 @@ class TableWriter:
     def _reply(self, reply: Reply, values: dict[str, ValueSet]) -> str:
         if reply.shape == "value":
             reply = Reply("parcel", (ReplyField("int", "value"),))
-        return self._array("ReplyField", [row for field in reply.fields for row in self._reply_field(field, values)])
+        counts = {field.count for field in reply.fields}
+        rows = [self._reply_field(field, values, field.name in counts) for field in reply.fields]
+        return self._array("ReplyField", [row for leaves in rows for row in leaves])
 
     def _operands(self, operands: tuple[Operand, ...]) -> str:
         rows = [f"{{{op.index}, 0}}" if op.literal is None else f"{{-1, {op.literal}}}" for op in operands]
         return self._array("Operand", rows)
 
-    def _rule(self, operation: Method | Function) -> str:
+    def _rule(self, operation: Operation) -> str:
         state = operation.state
         if state is None:
             return "{Rule::Kind::None, nullptr, {}, {}}"
@@ -120,8 +123,8 @@ class TableWriter:
         slot = f"&kStates[{self.states.index(state_key(operation, state))}]"
         return f"{{Rule::Kind::{kind}, {slot}, {self._operands(state.keys)}, {self._operands(state.values or ())}}}"
 
-    def _operation(self, operation: Method | Function) -> str:
-        method = operation if isinstance(operation, Method) else operation.method
+    def _operation(self, operation: Operation) -> str:
+        method = operation.method
         reply = self._reply(method.reply, operation.values)
         shape = method.reply.shape.capitalize()
         return f"{{{self._request(operation)}, Shape::{shape}, {reply}, {self._rule(operation)}}}"
@@ -137,16 +140,16 @@ class TableWriter:
         return [rows[value][0] for value in sorted(rows)]
 
     def _items(self) -> list[str]:
-        rows: dict[tuple[int, int], tuple[str, Function]] = {}
-        for function in self.catalogue.functions:
-            if function.item is None:
-                continue
-            key = (function.method.value, function.item_value)
-            row = f"{{0x{key[0]:X}, {key[1]}, {self._operation(function)}}}"
-            known = rows.setdefault(key, (row, function))
-            if known[0] != row:
-                raise GenerationError(f"{function.place}: {function.item} differs from its row at {known[1].place}")
-        return [rows[key][0] for key in sorted(rows)]
+        """Of several rows for one item the first that says what is kept counts; the others must not say otherwise."""
+        calls: dict[tuple[int, int], Function] = {}
+        for call in self.catalogue.item_calls:
+            key = (call.method.value, call.item_value)
+            known = calls.setdefault(key, call)
+            if known.state and call.state and self._rule(known) != self._rule(call):
+                raise GenerationError(f"{call.place}: {call.item} differs from its row at {known.place}")
+            if call.state and not known.state:
+                calls[key] = call
+        return [f"{{0x{key[0]:X}, {key[1]}, {self._operation(calls[key])}}}" for key in sorted(calls)]
 
     def _initial_values(self, values: Values) -> str:
         rows = [f"{{0, {text(v)}}}" if isinstance(v, str) else f"{{{v}, nullptr}}" for v in values]

@@ -119,7 +119,8 @@ class GoodTables(CatalogueTest):
 class BadTables(CatalogueTest):
     def test_unknown_section(self) -> None:
         line = self.change("## C functions", "## C operations")
-        self.assert_complaint(line, "unknown section 'C operations', expected one of: Module, Methods, C functions")
+        expected = "Module, Methods, Composed methods, C functions"
+        self.assert_complaint(line, f"unknown section 'C operations', expected one of: {expected}")
 
     def test_section_twice(self) -> None:
         line = self.change("## C functions", "## Methods")
@@ -149,7 +150,8 @@ class BadTables(CatalogueTest):
         self.change("| log tag | LAMP |\n", "")
         self.assert_complaint(
             3,
-            "section 'Module' needs exactly these keys: class, header, C prefix, C header, item set, item get, log tag",
+            "section 'Module' needs these keys once each: class, header, C prefix, C header, item set, item get, log tag; "
+            "it may have: object, text set, text get",
         )
 
 
@@ -230,11 +232,14 @@ class BadMethods(CatalogueTest):
         self.assert_bad("pData | pData |", "pData | param1 |", "null names 'param1', which is not a pointer")
 
     def test_bad_log(self) -> None:
-        message = "log 'never \"no buffer\"' is not call|null|success|failure [error|debug|info] \"TEXT\""
+        message = "log 'never \"no buffer\"' is not call|null|success|failure|missing [error|debug|info] \"TEXT\""
         self.assert_bad('null "no buffer"', 'never "no buffer"', message)
 
     def test_unknown_result(self) -> None:
-        message = "result 'word' is not one of: status, value, bool, zero-or-fail, zero, record, list, irregular"
+        message = (
+            "result 'word' is not one of: status, value, bool, zero-or-fail, zero, record, list, "
+            'fallback "TEXT", characters "TEXT", irregular'
+        )
         self.assert_bad("| value | level[lamp]", "| word | level[lamp]", message)
 
     def test_result_that_does_not_fit(self) -> None:
@@ -253,7 +258,7 @@ class BadMethods(CatalogueTest):
         self.assert_bad("| level[lamp] |", "| level lamp |", message)
 
     def test_items_outside_the_item_pair(self) -> None:
-        message = "state 'items' belongs to the module's item set and item get, and to these only"
+        message = "state 'items' belongs to the module's item and text pairs, and to these only"
         self.assert_bad("| level[lamp] |", "| items |", message)
 
     def test_missing_value_set(self) -> None:
@@ -295,8 +300,8 @@ class BadFunctions(CatalogueTest):
 
     def test_bad_call(self) -> None:
         message = (
-            "'Lamp.setLevel' is not CLASS::METHOD(ARGUMENTS), set(ITEM, ...), get(ITEM, ...) "
-            "or CLASS::METHOD then CLASS::METHOD"
+            "'Lamp.setLevel' is not OPERATION(ARGUMENTS), set(ITEM, ...), get(ITEM, ...), settext(ITEM, ...), "
+            "gettext(ITEM, ...) or OPERATION then OPERATION"
         )
         self.assert_bad("Lamp::setLevel(lamp, level)", "Lamp.setLevel", message)
 
@@ -319,8 +324,8 @@ class BadFunctions(CatalogueTest):
         self.assert_bad("CMDID_LAMP_SET_TIMER", "CMDID_LAMP_SET_TIME", message)
 
     def test_wrong_number_of_item_arguments(self) -> None:
-        message = "get() takes an item and 1 numbers, not 2"
-        self.assert_bad("get(CMDID_LAMP_GET_TIMER, lamp)", "get(CMDID_LAMP_GET_TIMER, lamp, 0)", message)
+        message = "Lamp::getItem takes 3 arguments, not 4"
+        self.assert_bad("get(CMDID_LAMP_GET_TIMER, lamp)", "get(CMDID_LAMP_GET_TIMER, lamp, pMinutes, 0)", message)
 
     def test_item_call_of_a_module_without_items(self) -> None:
         self.change("| item set | `setItem` |", "| item set | - |")

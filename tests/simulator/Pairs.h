@@ -1,30 +1,20 @@
 #pragma once
 
-#include "client/wire/WireTable.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
+#include "client/wire/Observed.h"
+#include "client/wire/Offered.h"
 
 namespace kelutv::test {
 
 /** A call that sets something, and what the getter shows from then on. */
 struct Step {
-    std::string (*set)();
+    void (*set)(Observed& observed, int null);
     const char* shown;
 };
 
 struct Pair {
     const char* name;
-    Rows<Step> steps;
-    std::string (*get)();
+    simulator::Rows<Step> steps;
+    void (*get)(Observed& observed, int null);
 };
-
-/** Every set operation of the catalogue with every get operation of the same state. */
-class Pairs : public ::testing::TestWithParam<Pair> {};
-
-std::string pairName(const ::testing::TestParamInfo<Pair>& info);
-
-void PrintTo(const Pair& pair, std::ostream* out);
 
 } // namespace kelutv::test

@@ -1,6 +1,6 @@
 // Once the link stands, a call that carries nothing but numbers takes no memory.
 
-#include "client/wire/WireTable.h"
+#include "client/wire/WireTest.h"
 #include "support/AllocationGuard.h"
 #include "support/Link.h"
 
@@ -26,17 +26,22 @@ TEST(AllocationGuard, countsWhatItForbids) {
     EXPECT_EQ(guard.allocations(), 2);
 }
 
-TEST_P(WireTable, takesNoMemory) {
-    if (GetParam().bare == nullptr) {
+TEST_P(WireTest, takesNoMemory) {
+    const WireOperation& operation = *GetParam();
+    if (!operation.numbersOnly) {
         return;
     }
     environment.service().reply(Wire::reply().i32(0).i32(7).bytes());
-    GetParam().bare();
+    Observed seen;
+    operation.call(seen, 0);
     const AllocationGuard guard;
     for (int call = 0; call < kCalls; ++call) {
-        GetParam().bare();
+        seen.clear();
+        operation.call(seen, 0);
     }
     EXPECT_EQ(guard.allocations(), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, WireTest, ::testing::ValuesIn(everyOperation()), operationName);
 
 } // namespace kelutv::test

@@ -6,14 +6,25 @@ from dataclasses import dataclass, field
 
 from cells import pointee, record_leaves
 from headers import Headers, Parameter, Signature
-from model import Function, Method, ValueSet
+from model import Operation, ValueSet
 
 UNTOUCHED_INT = 0x5A5A5A5A
-UNTOUCHED_TEXT = "untouched"
-BUFFER_INTS = 256
-BUFFER_CHARS = 256
-BUFFER_BYTES = 256
+UNTOUCHED_DOUBLE = -0.5
+BUFFER_SIZE = 256
+FIRST_INT = 1001
+FIRST_DOUBLE = 1.25
+FRACTION = 0.25
+RECORDS = 16
+SHORTEST_BLOCK = 3
 WORDS = ["alpha", "bravo", "charlie", "delta", "echo", "foxtrot"]
+NUMBERS = ("int", "unsigned int", "bool", "double")
+
+Value = int | float | str | list
+
+
+def shown_characters(written: str = "") -> str:
+    """What a text buffer shows after `written`, without terminator, went into it."""
+    return f"{written}x*{BUFFER_SIZE - 1 - len(written)}"
 
 
 @dataclass
@@ -21,14 +32,13 @@ class Call:
     """One call under construction.
 
     `sent` maps a wire source to its value. `seen` maps a label to what the call may write there and starts with the
-    value it has before; `expressions` gives the C++ text that reads each label. `setup` holds each parameter's
-    preparing statements.
+    value it has before; `expressions` gives the C++ text that reads each label. `setup` prepares the arguments.
     """
 
-    setup: dict[str, list[str]] = field(default_factory=dict)
+    setup: list[str] = field(default_factory=list)
     arguments: dict[str, str] = field(default_factory=dict)
-    sent: dict[str, int | str | bytes] = field(default_factory=dict)
-    seen: dict[str, int | str | list[int]] = field(default_factory=dict)
+    sent: dict[str, Value | bytes] = field(default_factory=dict)
+    seen: dict[str, Value] = field(default_factory=dict)
     expressions: dict[str, str] = field(default_factory=dict)
     flags: list[bool] = field(default_factory=list)
 
@@ -36,17 +46,19 @@ class Call:
 class CallBuilder:
     """Gives every parameter a marker; flags alternate, starting with `first_flag`."""
 
-    def __init__(self, operation: Method | Function, headers: Headers, first_flag: bool):
+    def __init__(self, operation: Operation, headers: Headers, first_flag: bool):
         self.signature: Signature = operation.signature
         self.values: dict[str, ValueSet] = operation.values
         self.headers = headers
-        self.blocks = {item.source for item in operation.request if item.kind == "bytes"}
+        self.kinds = {item.source: item.kind for item in operation.request}
+        counts = [f.count for f in operation.reply.fields if f.count] + [i.length for i in operation.request if i.length]
+        self.lengths = {name for count in counts for name in count.split("*")}
         self.flag = not first_flag
         self.call = Call()
 
     def build(self) -> Call:
         for position, parameter in enumerate(self.signature.parameters):
-            self._add(parameter, (position + 1) * 11, WORDS[position % len(WORDS)])
+            self._add(parameter, position)
         return self.call
 
     def _next_flag(self) -> bool:
@@ -54,28 +66,33 @@ class CallBuilder:
         self.call.flags.append(self.flag)
         return self.flag
 
-    def _add(self, parameter: Parameter, marker: int, word: str) -> None:
+    def _add(self, parameter: Parameter, position: int) -> None:
         base = pointee(parameter.type)
         if base in self.headers.records:
-            self._add_record(parameter, base, marker)
+            self._add_record(parameter, base, (position + 1) * 1100)
         elif parameter.type.endswith("*"):
-            self._add_pointer(parameter, base, word)
+            self._add_pointer(parameter, base, WORDS[position % len(WORDS)])
+        elif parameter.type in self.headers.callbacks:
+            self.call.arguments[parameter.name] = "nullptr"
         else:
-            self._add_scalar(parameter, marker)
+            small = parameter.name in self.lengths
+            self._add_scalar(parameter, SHORTEST_BLOCK + position if small else (position + 1) * 11)
 
-    def _number(self, path: str, type_name: str, marker: int) -> int:
+    def _number(self, path: str, type_name: str, marker: int) -> int | float:
         if type_name == "bool":
             return int(self._next_flag())
         allowed = self.values.get(path)
         if allowed and allowed.low is not None:
             return min(allowed.low + 2, allowed.high)
-        return marker
+        return marker + FRACTION if type_name == "double" else marker
 
-    def _literal(self, type_name: str, number: int) -> str:
+    def _literal(self, type_name: str, number: int | float) -> str:
         if type_name == "bool":
             return "true" if number else "false"
-        if type_name in ("int", "unsigned int"):
+        if type_name in ("int", "double"):
             return str(number)
+        if type_name == "unsigned int":
+            return f"{number}U"
         if type_name in self.headers.enumerations:
             return f"static_cast<{type_name}>({number})"
         raise ValueError(f"{self.signature.name}: no marker for an argument of type {type_name}")
@@ -85,46 +102,76 @@ class CallBuilder:
         self.call.arguments[parameter.name] = self._literal(parameter.type, number)
         self.call.sent[parameter.name] = number
 
+    def _is_number(self, type_name: str) -> bool:
+        return type_name in NUMBERS or type_name in self.headers.enumerations
+
     def _add_record(self, parameter: Parameter, record: str, marker: int) -> None:
+        name = parameter.name
         by_pointer = parameter.type.endswith("*")
-        setup = self.call.setup[parameter.name] = [f"{record} {parameter.name}{{}};"]
-        for position, (path, type_name) in enumerate(record_leaves(self.headers, record, parameter.name), 1):
-            number = self._number(path, type_name, marker * 100 + position)
-            setup.append(f"{path} = {self._literal(type_name, number)};")
+        leaves = record_leaves(self.headers, record, name)
+        if by_pointer and not all(self._is_number(type_name) for _, type_name in leaves):
+            self._prepare(name, f"{record} {name}[{RECORDS}]{{}};", name)
+            return
+        self._prepare(name, f"{record} {name}{{}};", f"&{name}" if by_pointer else name)
+        for position, (path, type_name) in enumerate(leaves, 1):
+            number = self._number(path, type_name, marker + position)
+            self.call.setup.append(f"{path} = {self._literal(type_name, number)};")
             self.call.sent[path] = number
             if by_pointer and not parameter.type.endswith("const*"):
-                self._see(path, number, path)
-        self.call.arguments[parameter.name] = f"{'&' if by_pointer else ''}{parameter.name}"
+                self._see(path, number)
 
-    def _see(self, label: str, value: int | str | list[int], expression: str) -> None:
+    def _prepare(self, name: str, setup: str, argument: str) -> None:
+        self.call.setup.append(setup)
+        self.call.arguments[name] = argument
+
+    def _see(self, label: str, value: Value) -> None:
         self.call.seen[label] = value
-        self.call.expressions[label] = expression
+        self.call.expressions[label] = label
 
     def _add_pointer(self, parameter: Parameter, base: str, word: str) -> None:
         name = parameter.name
-        self.call.arguments[name] = name
+        sent_as = self.kinds.get(name)
         if parameter.type == "char const*":
             self.call.arguments[name] = f'"{word}"'
             self.call.sent[name] = word
-        elif name in self.blocks:
-            fill = f"std::iota({name}, {name} + {BUFFER_BYTES}, static_cast<unsigned char>(1));"
-            self.call.setup[name] = [f"unsigned char {name}[{BUFFER_BYTES}];", fill]
-            self.call.sent[name] = bytes(i % 256 for i in range(1, BUFFER_BYTES + 1))
+        elif sent_as in ("ints", "doubles", "bytes"):
+            self._add_block(name, sent_as)
         elif base == "char":
-            self.call.setup[name] = [f'char {name}[{BUFFER_CHARS}] = "{UNTOUCHED_TEXT}";']
-            self._see(name, UNTOUCHED_TEXT, name)
+            self._add_text(name, word if sent_as else None)
         elif base in ("int", "void"):
-            fill = f"std::fill_n({name}, {BUFFER_INTS}, {UNTOUCHED_INT});"
-            self.call.setup[name] = [f"int {name}[{BUFFER_INTS}];", fill]
-            self._see(name, [UNTOUCHED_INT] * BUFFER_INTS, name)
+            self._add_buffer(name, "IntBuffer", UNTOUCHED_INT)
+        elif base == "double":
+            self._add_buffer(name, "DoubleBuffer", UNTOUCHED_DOUBLE)
+        elif base.startswith("std::vector<"):
+            self._prepare(name, f"{base} {name};", f"&{name}")
         else:
             number = self._number(name, base, UNTOUCHED_INT)
-            self.call.setup[name] = [f"{base} {name} = {self._literal(base, number)};"]
-            self.call.arguments[name] = f"&{name}"
-            self._see(name, number, name)
+            self._prepare(name, f"{base} {name} = {self._literal(base, number)};", f"&{name}")
+            self._see(name, number)
+
+    def _add_block(self, name: str, kind: str) -> None:
+        buffer, first = {
+            "ints": ("IntBuffer", FIRST_INT),
+            "doubles": ("DoubleBuffer", FIRST_DOUBLE),
+            "bytes": ("ByteBuffer", 1),
+        }[kind]
+        values = [first + i for i in range(BUFFER_SIZE)]
+        self._prepare(name, f"{buffer} {name}({first});", f"{name}.values")
+        self.call.sent[name] = bytes(value % 256 for value in values) if kind == "bytes" else values
+
+    def _add_text(self, name: str, word: str | None) -> None:
+        self._prepare(name, f'CharBuffer {name}("{word}");' if word else f"CharBuffer {name};", f"{name}.values")
+        self._see(name, word or shown_characters())
+        if word:
+            self.call.sent[name] = word
+
+    def _add_buffer(self, name: str, buffer: str, untouched: int | float) -> None:
+        self._prepare(name, f"{buffer} {name};", f"{name}.values")
+        self._see(name, [untouched] * BUFFER_SIZE)
+        self.call.sent[f"*{name}"] = untouched
 
 
-def build_calls(operation: Method | Function, headers: Headers) -> list[Call]:
+def build_calls(operation: Operation, headers: Headers) -> list[Call]:
     """One call, or two with all flags reversed when the operation has any."""
     call = CallBuilder(operation, headers, True).build()
     return [call, CallBuilder(operation, headers, False).build()] if call.flags else [call]

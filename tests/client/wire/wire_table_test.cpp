@@ -1,4 +1,4 @@
-#include "client/wire/WireTable.h"
+#include "client/wire/WireTest.h"
 #include "support/Capture.h"
 #include "support/Link.h"
 
@@ -40,11 +40,12 @@ Bytes requestBytes(const WireOperation& operation) {
 }
 
 /** Makes the call and compares what it gave and logged; a null expectation is not compared. */
-void expectOutcome(std::string (*call)(), const char* observed, const char* log) {
+void expectOutcome(const WireOperation& operation, int null, const char* observed, const char* log) {
     LogCapture capture;
-    const std::string seen = call();
+    Observed seen;
+    operation.call(seen, null);
     if (observed != nullptr) {
-        EXPECT_EQ(seen, observed);
+        EXPECT_EQ(seen.text(), observed);
     }
     if (log != nullptr) {
         EXPECT_EQ(textOf(capture.take()), log);
@@ -62,37 +63,41 @@ void expectAnswersRead(const WireOperation& operation) {
         const Bytes reply = bytesOf(answer.reply);
         SCOPED_TRACE("answer " + hex(reply));
         environment.service().reply(reply);
-        expectOutcome(operation.call, answer.observed, answer.log);
+        expectOutcome(operation, 0, answer.observed, answer.log);
         expectOneRequest(operation);
     }
 }
 
 void expectFailure(const WireOperation& operation) {
     SCOPED_TRACE("failing transaction");
-    expectOutcome(operation.call, operation.observedOnFailure, operation.logOnFailure);
+    expectOutcome(operation, 0, operation.observedOnFailure, operation.logOnFailure);
 }
 
 void expectNullsRefused(const WireOperation& operation) {
+    int position = 0;
     for (const RefusedNull& null : operation.nulls) {
         SCOPED_TRACE(std::string("null ") + null.parameter);
-        expectOutcome(null.call, null.observed, null.log);
+        expectOutcome(operation, ++position, null.observed, null.log);
     }
 }
 
 } // namespace
 
-TEST_P(WireTable, holds) {
+TEST_P(WireTest, holds) {
+    const WireOperation& operation = *GetParam();
     if (environment.link() == Link::Up) {
-        expectAnswersRead(GetParam());
+        expectAnswersRead(operation);
         environment.service().replyStatus(android::UNKNOWN_ERROR);
-        expectFailure(GetParam());
-        expectOneRequest(GetParam());
-        expectNullsRefused(GetParam());
+        expectFailure(operation);
+        expectOneRequest(operation);
+        expectNullsRefused(operation);
         EXPECT_TRUE(environment.service().takeRequests().empty());
     } else {
-        expectFailure(GetParam());
-        expectNullsRefused(GetParam());
+        expectFailure(operation);
+        expectNullsRefused(operation);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, WireTest, ::testing::ValuesIn(everyOperation()), operationName);
 
 } // namespace kelutv::test

@@ -1,0 +1,33 @@
+# kelutv_generate_from_catalogue(<variable>
+#                                GENERATOR <script>    run as: <script> <folder> <prefix>
+#                                PREFIX <prefix>
+#                                [DEPENDS <file>...])  what the script needs besides the catalogue
+#
+# Sets <variable> to one generated source <prefix><module>.cpp per table of the catalogue.
+
+include_guard(GLOBAL)
+
+function(kelutv_generate_from_catalogue variable)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "GENERATOR;PREFIX" "DEPENDS")
+    find_package(Python3 3.11 REQUIRED COMPONENTS Interpreter)
+    set(folder "${PROJECT_SOURCE_DIR}/catalogue")
+    file(GLOB tables CONFIGURE_DEPENDS "${folder}/*.md")
+    file(GLOB other_inputs CONFIGURE_DEPENDS "${folder}/*.py" "${PROJECT_SOURCE_DIR}/include/kelutv/*.h")
+
+    set(sources "")
+    foreach(table IN LISTS tables)
+        get_filename_component(module "${table}" NAME_WE)
+        if(NOT module MATCHES "^(link|README)$")
+            list(APPEND sources "${CMAKE_CURRENT_BINARY_DIR}/${ARG_PREFIX}${module}.cpp")
+        endif()
+    endforeach()
+    add_custom_command(
+        OUTPUT ${sources}
+        COMMAND Python3::Interpreter -B "${ARG_GENERATOR}" "${CMAKE_CURRENT_BINARY_DIR}" "${ARG_PREFIX}"
+        DEPENDS "${ARG_GENERATOR}" ${ARG_DEPENDS} ${tables} ${other_inputs}
+        COMMENT "Generating ${ARG_PREFIX}*.cpp from the catalogue"
+        VERBATIM)
+    # Thousands of short calls, each made a few times: compiling them well costs more than it gives.
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS "-O0;-g0")
+    set(${variable} "${sources}" PARENT_SCOPE)
+endfunction()
