@@ -29,6 +29,15 @@ void readWords(const android::Parcel& reply, std::initializer_list<unsigned int*
     }
 }
 
+bool readWord(const android::Parcel& reply, unsigned int& word) {
+    std::int32_t read = 0;
+    if (reply.readInt32(&read) != android::NO_ERROR) {
+        return false;
+    }
+    word = static_cast<unsigned int>(read);
+    return true;
+}
+
 void readValues(const android::Parcel& reply, int* values, std::int64_t count) {
     for (std::int64_t i = 0; i < count; ++i) {
         values[i] = reply.readInt32();
@@ -45,6 +54,15 @@ std::list<int> readNumbers(const android::Parcel& reply) {
     return numbers;
 }
 
+bool readText(const android::Parcel& reply, std::string& text) {
+    const char* found = reply.readCString();
+    if (found == nullptr) {
+        return false;
+    }
+    text = found;
+    return true;
+}
+
 bool copyText(const android::Parcel& reply, char* text) {
     const char* found = reply.readCString();
     if (found == nullptr) {
@@ -56,12 +74,8 @@ bool copyText(const android::Parcel& reply, char* text) {
 
 std::list<std::string> readTexts(const android::Parcel& reply) {
     std::list<std::string> texts;
-    while (reply.dataAvail() > 0) {
-        const char* text = reply.readCString();
-        if (text == nullptr) {
-            break;
-        }
-        texts.emplace_back(text);
+    for (std::string text; readText(reply, text);) {
+        texts.push_back(text);
     }
     return texts;
 }
@@ -89,6 +103,16 @@ int storeNumbers(const std::list<int>& numbers, int* list, int* size) {
     }
     copyNumbers(numbers, list, size);
     return 0;
+}
+
+int entriesOf(const ItemAnswer& answer) { return std::clamp(answer.values[0], 0, kItemValueCount - 1); }
+
+int storeCountedList(const ItemAnswer& answer, int* list, int* size) {
+    if (list != nullptr) {
+        std::copy_n(answer.values.begin() + 1, entriesOf(answer), list);
+    }
+    storeIfGiven(size, answer.values[0]);
+    return answer.result;
 }
 
 int storeList(const ItemAnswer& answer, int* list, int* size) {

@@ -31,6 +31,9 @@ void writeWords(android::Parcel& request, std::initializer_list<unsigned int> wo
 void readWords(const android::Parcel& reply, std::initializer_list<int*> words);
 void readWords(const android::Parcel& reply, std::initializer_list<unsigned int*> words);
 
+/** Reads one int32; false, with nothing written, where the reply has ended. */
+bool readWord(const android::Parcel& reply, unsigned int& word);
+
 /** Writes `count` ints, none for a count below 1; 0 where the reply has ended. */
 void readValues(const android::Parcel& reply, int* values, std::int64_t count);
 
@@ -39,6 +42,9 @@ void readItemValues(const android::Parcel& reply, int* values);
 
 /** The ints up to the end of the reply; bytes that make no whole int are dropped. */
 std::list<int> readNumbers(const android::Parcel& reply);
+
+/** Reads the reply's next text; false, with nothing written, when the reply has none. */
+bool readText(const android::Parcel& reply, std::string& text);
 
 /** Copies the reply's next text, terminator included; false, with nothing written, when the reply has none. */
 bool copyText(const android::Parcel& reply, char* text);
@@ -67,6 +73,15 @@ void copyNumbers(const std::list<int>& numbers, int* list, int* size);
  * when the list is empty.
  */
 int storeNumbers(const std::list<int>& numbers, int* list, int* size);
+
+/** How many entries of a list led by its count an answer holds: the count, within what there is room for. */
+int entriesOf(const ItemAnswer& answer);
+
+/**
+ * Stores a list that is led by its count, and the count as it came, 0 after a failed read, each where the caller gave a
+ * place for it. No more entries are copied than an answer holds. Returns the read's result.
+ */
+int storeCountedList(const ItemAnswer& answer, int* list, int* size);
 
 /**
  * Stores a list that is led by its count. The count is stored as it came; no more entries are copied than an answer

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <kelutv/export.h>
+#include <kelutv/system_types.h>
+
+#include <list>
 
 /**
  * The settings of the television as a whole.
@@ -17,6 +20,631 @@ public:
     SystemSetting(const SystemSetting&) = delete;
     SystemSetting& operator=(const SystemSetting&) = delete;
 
+    /** @name Defaults and screen @{ */
+
+    /**
+     * Restores the settings of the television to their defaults.
+     * Sends `CMD_SYSTEM_RESTOREDEFAULT`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int restoreDefault();
+
+    /**
+     * Tells whether the screen turns blue without a signal.
+     * Sends `CMD_SYSTEM_GETSCREENBLUE`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isScreenBlueEnable();
+
+    /**
+     * Makes the screen blue without a signal, or leaves it black.
+     * Sends `CMD_SYSTEM_SETSCREENBLUE`: `onoff`.
+     * @param onoff True makes it blue.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enableScreenBlue(bool onoff);
+
+    /**
+     * Fixes the frame rate that the panel is driven with.
+     * Sends `CMD_SYSTEM_SETPANELFIXOUTRATE`: `fixFrmRate`.
+     * @param fixFrmRate Frame rate as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setDispFixOutRate(int fixFrmRate);
+
+    /**
+     * Tells the service what an application is showing.
+     * Sends `CMD_SYSTEM_NOTIFY_PLATFROM_MEDIAINFO`: `width`, `heigh`, `hdrType`, `isVideo`.
+     * @param width,heigh Size in pixels.
+     * @param hdrType Dynamic range, one of `KELU_TV_HDR_TYPE_E`.
+     * @param isVideo 1 for a video, 0 for a picture.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int notifyPlatfromMediaInfo(int width, int heigh, int hdrType, int isVideo);
+
+    /**
+     * Reads which resolutions the television can show.
+     * Sends `CMD_SYSTEM_GETSUPPORTEDTVRESOLUTION`; the answer holds ints until its end.
+     * @return The resolutions as the service numbers them, in its order; empty when the service or the link
+     * fails.
+     */
+    std::list<int> getSupportedTvResolution();
+
+    /** @} */
+
+    /** @name Power @{ */
+
+    /**
+     * Enters the standby that keeps the state in memory.
+     * Sends `CMD_SYSTEM_SET_ENTER_STR_SUSPEND`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enterStrSuspend();
+
+    /**
+     * Leaves the standby that keeps the state in memory.
+     * Sends `CMD_SYSTEM_SET_STR_RESUME`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int strResume();
+
+    /**
+     * Enters the normal standby.
+     * Sends `CMD_SYSTEM_SET_ENTER_NORMAL_SUSPEND`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enterNormalSuspend();
+
+    /**
+     * Enters the shallow standby, in which only the screen is off.
+     * Sends `CMD_SYSTEM_SET_ENTER_SHALLOW_SUSPEND`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enterShallowSuspend();
+
+    /**
+     * Leaves the shallow standby.
+     * Sends `CMD_SYSTEM_SET_SHALLOW_RESUME`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int shallowResume();
+
+    /**
+     * Prepares a standby on behalf of a plug-in.
+     * Sends `CMD_SYSTEM_PRESUSPEND_FOR_PLUGIN`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int preSuspendForPlugin();
+
+    /**
+     * Prepares a restart of the television.
+     * Sends `CMD_SYSTEM_PREPARE_REBOOT`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int prepareReboot();
+
+    /**
+     * Prepares a standby.
+     * Sends `CMD_SYSTEM_PRESUSPEND`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int preSuspend();
+
+    /**
+     * Enters standby.
+     * Sends `CMD_SYSTEM_SUSPEND`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int suspend();
+
+    /**
+     * Leaves standby.
+     * Sends `CMD_SYSTEM_RESUME`: `powerType`.
+     * @param powerType What the television is switched on for, as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int resume(int powerType);
+
+    /**
+     * Tells the service why the television goes into standby.
+     * Sends `CMD_SYSTEM_SETSTANDBYREASON`: `reason`.
+     * @param reason Reason as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setStandbyReason(int reason);
+
+    /**
+     * Switches the half standby on or off.
+     * Sends `CMD_SYSTEM_SETHALFSTANDBY`: `value`.
+     * @param value Value as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setHalfStandby(int value);
+
+    /**
+     * Reads the half standby.
+     * Sends `CMD_SYSTEM_GETHALFSTANDBY`.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int getHalfStandby();
+
+    /**
+     * Reads what woke the television.
+     * Sends `CMD_SYSTEM_GETWAKEUPMODE`.
+     * @return The mode as the service numbers it; -1 when the service or the link fails.
+     */
+    int getWakeupMode();
+
+    /**
+     * Tells the television when to wake by itself. A get command by its form: the answer is a value behind a
+     * result.
+     * Sends `CMD_SYSTEM_SET_TIMER_WAKEUP_PARAM`: `wakeupTime`, `timerWakeupMode`, `isNeedPanelOn`.
+     * @param wakeupTime Time as the service counts it.
+     * @param timerWakeupMode Mode as the service numbers it.
+     * @param isNeedPanelOn 1 to light the panel, 0 to leave it dark.
+     * @return The value that the service answers; -1 when the service or the link fails.
+     */
+    int setTimerWakeupParam(int wakeupTime, int timerWakeupMode, int isNeedPanelOn);
+
+    /**
+     * Reads how the television was last switched off.
+     * Sends `CMD_SYSTEM_GETLASTPOWEROFFMODE`.
+     * @return The mode as the service numbers it; -1 when the service or the link fails.
+     */
+    int getLastPowerOffMode();
+
+    /** @} */
+
+    /** @name Start @{ */
+
+    /**
+     * Reads the version of the boot program.
+     * Sends `CMD_SYSTEM_GETBOOTVERSION`; the answer holds one text.
+     * @param pStr Receives the text with its terminator; there must be room for all of it. Untouched on failure.
+     * @return 0; -1 when the service or the link fails or there is no text, and for a null `pStr`, with nothing
+     * sent. All three are logged under the tag "TVBASEMW@SystemSetting".
+     */
+    int getBootVersion(char* pStr);
+
+    /**
+     * Names the picture that is shown while the television starts.
+     * Sends `CMD_SYSTEM_SETBOOTPICPATH`: `path`.
+     * @param path Path of the picture; must not be null.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setBootPicPath(char const* path);
+
+    /**
+     * Reads what the television starts into.
+     * Sends `CMD_SYSTEM_GET_TV_START_MODE`.
+     * @return The mode as the service numbers it; -1 when the service or the link fails.
+     */
+    int getTvStartMode();
+
+    /**
+     * Chooses what the television starts into.
+     * Sends `CMD_SYSTEM_SET_TV_START_MODE`: `mode`.
+     * @param mode Mode as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setTvStartMode(int mode);
+
+    /** @} */
+
+    /** @name Keys and camera @{ */
+
+    /**
+     * Tells whether the keys at the set itself work.
+     * Sends `CMD_SYSTEM_GETLSADCKEY`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isLSADCKeyEnable();
+
+    /**
+     * Switches the keys at the set itself on or off.
+     * Sends `CMD_SYSTEM_SETLSADCKEY`: `onoff`.
+     * @param onoff True switches them on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enableLSADCKey(bool onoff);
+
+    /**
+     * Reports a key to the service.
+     * Sends `CMD_SYSTEM_SET_REPOKEYEVENT`: `iKeyValue`, `iStatus`.
+     * @param iKeyValue The key.
+     * @param iStatus Whether it was pressed or released.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int reportKeyEvent(KELU_TV_LINUX_KEYCODE_E iKeyValue, KELU_TV_KPC_EV_KEY_E iStatus);
+
+    /**
+     * Moves the camera up or down.
+     * Sends `CMD_SYSTEM_SETCAMERAUPDOWN`: `mode`.
+     * @param mode Position as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setCameraUpDown(int mode);
+
+    /** @} */
+
+    /** @name Storage @{ */
+
+    /**
+     * Reads one byte of the EEPROM.
+     * Sends `CMD_SYSTEM_GETEEPBYTE`: `u32Address`.
+     * @param u32Address Address; the service enforces the range.
+     * @return The byte; -1 when the service or the link fails.
+     */
+    int getEepByte(int u32Address);
+
+    /**
+     * Reads a block of the EEPROM.
+     * Sends `CMD_SYSTEM_GETEEPMULTI`: `u32Address`, `u32Len`; the answer holds `u32Len` ints.
+     * @param u32Address First address; the service enforces the range.
+     * @param buf Room for `u32Len` ints, one per byte of the block; all are written, 0 where the service sent
+     * less. Untouched on failure.
+     * @param u32Len Bytes in the block; below 1 the command is sent and nothing is written.
+     * @return 0; -1 when the service or the link fails, and for a null `buf`, logged under the tag
+     * "TVBASEMW@SystemSetting" and with nothing sent.
+     */
+    int getEepMulti(int u32Address, int* buf, int u32Len);
+
+    /**
+     * Writes one byte of the EEPROM.
+     * Sends `CMD_SYSTEM_SETEEPBYTE`: `u32Address`, `value`.
+     * @param u32Address Address; the service enforces the range.
+     * @param value The byte.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setEepByte(int u32Address, int value);
+
+    /**
+     * Writes a block of the EEPROM.
+     * Sends `CMD_SYSTEM_SETEEPMULTI`: `u32Address`, `u32Len`, then the ints.
+     * @param u32Address First address; the service enforces the range.
+     * @param buf One int per byte of the block; not looked at when `u32Len` is below 1, else not null.
+     * @param u32Len Bytes in the block; below 1 the command is sent without any.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setEepMulti(int u32Address, int* buf, int u32Len);
+
+    /**
+     * Reads one byte of the flash EEPROM.
+     * Sends `CMD_SYSTEM_GETFLASHEEPBYTE`: `u32Address`.
+     * @param u32Address Address; the service enforces the range.
+     * @return The byte; -1 when the service or the link fails.
+     */
+    int getFlashEepByte(int u32Address);
+
+    /**
+     * Reads a block of the flash EEPROM.
+     * Sends `CMD_SYSTEM_GETFLASHEEPMULTI`: `u32Address`, `u32Len`; the answer holds `u32Len` ints.
+     * @param u32Address First address; the service enforces the range.
+     * @param buf Room for `u32Len` ints, one per byte of the block; all are written, 0 where the service sent
+     * less. Untouched on failure.
+     * @param u32Len Bytes in the block; below 1 the command is sent and nothing is written.
+     * @return 0; -1 when the service or the link fails, and for a null `buf`, logged under the tag
+     * "TVBASEMW@SystemSetting" and with nothing sent.
+     */
+    int getFlashEepMulti(int u32Address, int* buf, int u32Len);
+
+    /**
+     * Writes one byte of the flash EEPROM.
+     * Sends `CMD_SYSTEM_SETFLASHEEPBYTE`: `u32Address`, `value`.
+     * @param u32Address Address; the service enforces the range.
+     * @param value The byte.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setFlashEepByte(int u32Address, int value);
+
+    /**
+     * Writes a block of the flash EEPROM.
+     * Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the ints.
+     * @param u32Address First address; the service enforces the range.
+     * @param buf One int per byte of the block; not looked at when `u32Len` is below 1, else not null.
+     * @param u32Len Bytes in the block; below 1 the command is sent without any.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setFlashEepMulti(int u32Address, int* buf, int u32Len);
+
+    /**
+     * Commits what was written to the flash EEPROM.
+     * Sends `CMD_SYSTEM_SETFLASHEEPFLUSH`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setFlashEepFlush();
+
+    /** @} */
+
+    /** @name Lamps and sound bar @{ */
+
+    /**
+     * Sets one pulse-width modulated output.
+     * Sends `CMD_SYSTEM_SET_PWM_INFO`: `pwmType`, `enable`, `freq`, `duty`, `invert`.
+     * @param pwmType Output as the service numbers it.
+     * @param enable True switches it on.
+     * @param freq Frequency as the service counts it.
+     * @param duty Share of the time that it is on, as the service counts it.
+     * @param invert True exchanges on and off.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPWMInfo(int pwmType, bool enable, int freq, int duty, bool invert);
+
+    /**
+     * Switches the sound bar mode on or off.
+     * Sends `CMD_SYSTEM_SET_SOUNDBAR_MODE`: `enable`.
+     * @param enable True switches it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enableSoundbarMode(bool enable);
+
+    /**
+     * Tells whether the sound bar mode is on.
+     * Sends `CMD_SYSTEM_GET_SOUNDBAR_MODE`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSoundbarModeEnable();
+
+    /** @} */
+
+    /** @name OLED panel @{ */
+
+    /**
+     * Tells whether the panel is an OLED panel.
+     * Sends `CMD_SYSTEM_OLEDENABLED`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isOledEnabled();
+
+    /**
+     * Repairs the panel. A get command by its form: the answer is a value behind a result.
+     * Sends `CMD_SYSTEM_OLEDREPAIRPROC`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool OledJbOffrsRepairProc();
+
+    /**
+     * Reads how long the panel was in use since its last repair.
+     * Sends `CMD_SYSTEM_GETOLEDOFFRSTIME`.
+     * @return The time as the service counts it; -1 when the service or the link fails.
+     */
+    int getOledOffRsTime();
+
+    /**
+     * Starts the repair that runs while the panel is off. A get command by its form: the answer is a value
+     * behind a result.
+     * Sends `CMD_SYSTEM_SETOLEDOFFRSPROC`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool setPanelOffrsRepair();
+
+    /** @} */
+
+    /** @name Output of a box @{ */
+
+    /**
+     * Reads the output mode of 4K pictures.
+     * Sends `CMD_SYSTEM_GETOUTPUT4K2K`.
+     * @return The mode as the service numbers it; -1 when the service or the link fails.
+     */
+    int getOutput4k2k();
+
+    /**
+     * Chooses the output mode of 4K pictures.
+     * Sends `CMD_SYSTEM_SETOUTPUT4K2K`: `mode`.
+     * @param mode Mode as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setOutput4k2k(int mode);
+
+    /**
+     * Sets the edges of the picture that a box puts out.
+     * Sends `CMD_SYSTEM_SET_BOX_OUTPUT_DISP_PARA`: `iLeft`, `iTop`, `iRight`, `iBottom`.
+     * @param iLeft,iTop,iRight,iBottom Edges as the service counts them.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setBoxOutputDispPara(int iLeft, int iTop, int iRight, int iBottom);
+
+    /**
+     * Reads the geometry of the picture that a box puts out.
+     * Sends `CMD_SYSTEM_GET_BOX_OUTPUT_DISP_PARA`; the answer holds 12 ints.
+     * @param pbuf Room for 12 ints; all are written, 0 where the service sent less. Untouched on failure. Must
+     * not be null.
+     * @return 0; -1 when the service or the link fails.
+     */
+    int getBoxOutputDispPara(int* pbuf);
+
+    /**
+     * Reads the format that a box puts out.
+     * Sends `CMD_SYSTEM_GET_BOX_OUTPUT_FORMAT`.
+     * @return The format as the service numbers it; -1 when the service or the link fails.
+     */
+    int getBoxOutputFormat();
+
+    /**
+     * Chooses the format that a box puts out.
+     * Sends `CMD_SYSTEM_SET_BOX_OUTPUT_FORMAT`: `format`.
+     * @param format Format as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setBoxOutputFormat(int format);
+
+    /** @} */
+
+    /** @name Ambient display and screen saving @{ */
+
+    /**
+     * Switches the ambient display on or off.
+     * Sends `CMD_SYSTEM_SET_AOD_STATE`: `mode`.
+     * @param mode State as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setAodState(int mode);
+
+    /**
+     * Chooses what the ambient display shows.
+     * Sends `CMD_SYSTEM_SET_AODUI_MODE`: `mode`.
+     * @param mode Mode as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setAodUIMode(int mode);
+
+    /**
+     * Reads what the ambient display shows.
+     * Sends `CMD_SYSTEM_GET_AODUI_MODE`.
+     * @return The mode as the service numbers it; -1 when the service or the link fails.
+     */
+    int getAodUIMode();
+
+    /**
+     * Reads whether the screen closes by itself.
+     * Sends `CMD_SYSTEM_GET_AICLOSESCREENMODE`.
+     * @return The mode as the service numbers it; -1 when the service or the link fails.
+     */
+    int getAICloseScreenMode();
+
+    /**
+     * Lets the screen close by itself, or not.
+     * Sends `CMD_SYSTEM_SET_AICLOSESCREENMODE`: `mode`.
+     * @param mode Mode as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setAICloseScreenMode(int mode);
+
+    /**
+     * Lets a screen that closed by itself go into standby, or not.
+     * Sends `CMD_SYSTEM_SET_AICLOSESCREENSTANDBY`: `mode`.
+     * @param mode Mode as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setAIScreenStandby(int mode);
+
+    /**
+     * Tells whether the television can go into standby by itself.
+     * Sends `CMD_SYSTEM_GETISSUPPORTAISTANDBY`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSupportAIStandby();
+
+    /** @} */
+
+    /** @name Generic items @{ */
+
+    /**
+     * Sets one item.
+     * Sends `CMD_SYSTEM_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
+     * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2,param3,param4 What the item defines.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setSystemItemValue(int cmdID, int param1, int param2, int param3, int param4);
+
+    /**
+     * Reads one item.
+     * Sends `CMD_SYSTEM_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
+     * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2 What the item defines.
+     * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on
+     * failure.
+     * @return 0; -1 when the service or the link fails, and for a null `pData`, logged under the tag
+     * "TVBASEMW@SystemSetting" and with nothing sent.
+     */
+    int getSystemItemValue(int cmdID, int param1, int param2, int* pData);
+
+    /**
+     * Reads the text of one item.
+     * Sends `CMD_SYSTEM_COMMON_GET_ITEM_STRVALUE`: `cmdID`, `param1`, `param2`; the answer holds one text.
+     * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2 What the item defines.
+     * @param data Receives the text with its terminator; there must be room for all of it. Untouched on failure.
+     * @return 0; -1 when the service or the link fails or there is no text, and for a null `data`, with nothing sent.
+     * All three are logged under the tag "TVBASEMW@SystemSetting".
+     */
+    int getSystemItemStrValue(int cmdID, int param1, int param2, char* data);
+
+    /**
+     * Sets the text of one item.
+     * Sends `CMD_SYSTEM_COMMON_SET_ITEM_STRVALUE`: `cmdID`, `param1`, `stringParam`, `param2`.
+     * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2 What the item defines.
+     * @param stringParam The text; must not be null.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setSystemItemStrValue(int cmdID, int param1, int param2, char const* stringParam);
+
+    /** @} */
+
+    /** @name Single items @{ */
+
+    /**
+     * Restarts the television.
+     * Sets the item `CMDID_SYSTEM_REBOOT`: 0, 0, 0, 0.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int systemReboot();
+
+    /**
+     * Sets the pin of the wireless subwoofer.
+     * Sets the item `CMDID_SYSTEM_SET_WIRELESS_SUBWOOFER_GPIO`: `value`, 0, 0, 0.
+     * @param value Level of the pin.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetWirelessSubWooferGpio(int value);
+
+    /**
+     * Chooses the language of the menus.
+     * Sets the item `CMDID_SYSTEM_SET_MENU_LANGUAGE`: `value`, 0, 0, 0.
+     * @param value Language, of `kq_lang_type_s`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetMenuLanguage(int value);
+
+    /**
+     * Reads the language of the menus.
+     * Reads the item `CMDID_SYSTEM_GET_MENU_LANGUAGE`: 0, 0.
+     * @param planguage Room for 255 ints, all written as `getSystemItemValue` does; the first is the language, of
+     * `kq_lang_type_s`.
+     * @return As `getSystemItemValue`.
+     */
+    int GetMenuLanguage(int* planguage);
+
+    /**
+     * Reads whether the cable and the wireless network can be in use together.
+     * Reads the item `CMDID_SYSTEM_GET_IS_ETHANDWIFICOMPATIBLE`: 0, 0.
+     * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
+     * @return As `getSystemItemValue`.
+     */
+    int GetIsEthandWifiCompatible(int* pdata);
+
+    /**
+     * Reads whether the television has the sound care mode.
+     * Reads the item `CMDID_SYSTEM_GET_IS_SUPPORT_SOUND_CARE_MODE`: 0, 0.
+     * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
+     * @return As `getSystemItemValue`.
+     */
+    int GetIsSupportSoundCareMode(int* pdata);
+
+    /**
+     * Chooses the input that the sound bar plays.
+     * Sets the item `CMDID_SYSTEM_SET_SOUNDBAR_AUDIO_INPUT_SOURCE`: `value`, 0, 0, 0.
+     * @param value Input as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetSoundBarAudioInputSource(int value);
+
+    /**
+     * Reads the input that the sound bar plays.
+     * Reads the item `CMDID_SYSTEM_GET_SOUNDBAR_AUDIO_INPUT_SOURCE`: 0, 0.
+     * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is the input as the service
+     * numbers it.
+     * @return As `getSystemItemValue`.
+     */
+    int GetSoundBarAudioInputSource(int* pdata);
+
+    /** @} */
+
+    /** @name Raw channels @{ */
+
     /**
      * Hands a command to the player of digital television.
      * Sends `CMD_SYSTEM_DTV_CHANGE_CHANNEL`: `cmd`, `dataSize`, then the bytes when there are any. Success and failure
@@ -27,6 +655,24 @@ public:
      * @return 0; -1 when the service or the link fails.
      */
     int dtvControl(int cmd, void* pData, int dataSize);
+
+    /**
+     * Hands a command to the television's own service and takes its answer.
+     * Sends `CMD_SYSTEM_DTV_CMD_TO_TV`: `cmd`, `inSize`, `*outSize` or 0, then the bytes when there are any. The call,
+     * its end and the size of the answer are logged under the tag "TVBASEMW@SystemSetting"; there is no
+     * "invoke failure\n".
+     * @param cmd Command as the service numbers it.
+     * @param pInputData What the command carries; may be null, which sends no bytes.
+     * @param inSize Its size in bytes, sent as it is; below 1 no bytes are sent.
+     * @param pOutputData Receives the answer; null takes none. The service's size is not held against the room here:
+     * there must be room for all it sends, and no more bytes are written than arrived. Untouched on failure.
+     * @param outSize In: the room in bytes, told to the service. Out: the size as the service gives it; untouched on
+     * failure, and without `pOutputData`. May be null, which takes no answer.
+     * @return 0; -1 when the service or the link fails.
+     */
+    int sendCmdToTVServer(int cmd, void* pInputData, int inSize, void* pOutputData, int* outSize);
+
+    /** @} */
 
 private:
     SystemSetting() = default;

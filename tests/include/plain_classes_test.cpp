@@ -16,6 +16,10 @@ static_assert(std::is_same_v<decltype(&SourceManager::deselectSource), int (Sour
 static_assert(std::is_same_v<decltype(&SourceManager::setWindowRect), int (SourceManager::*)(KeluRect, int, int)>);
 static_assert(std::is_same_v<decltype(&Video3D::set3dto2d), int (Video3D::*)(int)>);
 static_assert(std::is_same_v<decltype(&SystemSetting::dtvControl), int (SystemSetting::*)(int, void*, int)>);
+static_assert(std::is_same_v<decltype(&SystemSetting::OledJbOffrsRepairProc), bool (SystemSetting::*)()>);
+static_assert(std::is_same_v<decltype(&SystemSetting::setAIScreenStandby), int (SystemSetting::*)(int)>);
+static_assert(std::is_same_v<decltype(linux_tv_SystemSetting_setAIScreenStandby), bool(int)>);
+static_assert(std::is_same_v<decltype(linux_tv_SystemSetting_setAICloseScreenMode), int(bool)>);
 
 TEST(PlainClasses, haveOneInstance) {
     EXPECT_NE(SourceManager::instance(), nullptr);

@@ -162,4 +162,21 @@ static_assert(sizeof(KELU_TV_RECT_S) == 16 && sizeof(KELU_TV_NONLINEAR_SCL_S) ==
 static_assert(sizeof(KELU_TV_WINDOW_ATTR_S) == 68 && offsetof(KELU_TV_WINDOW_ATTR_S, videoRect) == 36, "layout");
 static_assert(sizeof(KELU_TV_SIGNAL_E) == 4 && sizeof(KELU_TV_WINDOW_E) == 4, "enumerations are one word");
 
+// The system module: the ends of its value sets and the spots where the numbering jumps.
+static_assert(KELU_TV_KPC_EV_KEY_RELEASE == 0 && KELU_TV_KPC_EV_KEY_PRESS == 1, "key event");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_0 == 11 && KELU_TV_LINUX_KEYCODE_KELU_KEY_9 == 10, "digits");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_INPUT_NUMBER == 483, "first private key");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_FACTORY_AV3 == 523, "before a gap");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_FACTORY_DTMB == 525, "out of order");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_FACTORY_DTV == 704, "after a gap");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_FACTORY_3D == 720, "before a gap");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_FACTORY_LOGOUT == 722, "after a gap");
+static_assert(KELU_TV_LINUX_KEYCODE_KELU_KEY_FACTORY_WHITE_BALANCE_NEW == 760, "last key");
+static_assert(SOC_TV_PLATFORM_DEFAULT == 0 && SOC_TV_PLATFORM_HISI_LINUX_STB == 4, "platform");
+static_assert(SOC_TV_PLATFORM_MSTAR_ANDROID_TV == 11 && SOC_TV_PLATFORM_REALTEK_ANDROID_STB == 22, "platform");
+static_assert(SOC_TV_PLATFORM_AMLOGIC_LINUX_TV == 33 && SOC_TV_PLATFORM_NOVATEK_LINUX_STB == 44, "platform");
+static_assert(SOC_TV_PLATFORM_MTK_LINUX_STB == 54 && SOC_TV_PLATFORM_BUTT == 55, "platform");
+static_assert(KQ_LANG_CZECH == 3 && KQ_LANG_ITALIAN == 14 && KQ_LANG_BUTT == 511, "language");
+static_assert(KELU_TV_PLAYER_START == 0 && KELU_TV_PLAYER_BUTT == 2, "play status");
+
 #endif

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <kelutv/config_types.h>
+#include <kelutv/export.h>
+
+/**
+ * The switches of HDMI control that the service keeps: CEC, powering devices on and off, the audio return channel.
+ *
+ * Every operation is one command to the TV base service, which owns all values; the object keeps none, and applications
+ * make one wherever they need it. A `bool` travels as 0 or 1. An operation blocks until the service has answered, may
+ * be called from any thread, and writes nothing to the log, save that a set command whose link fails is logged as
+ * "invoke failure\n". Two of the getters return a `bool` that is true for a failure.
+ */
+class KELUTV_API CConfig {
+public:
+    /**
+     * Reads whether CEC is on.
+     * Sends `CMD_CONFIG_GET_CECSWITCHMODE`.
+     * @param aMode Receives true for anything but the service's 0; untouched on failure.
+     * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aMode`, with nothing
+     * sent.
+     */
+    int GetCECSwitchMode(bool* aMode);
+
+    /**
+     * Turns CEC on or off.
+     * Sends `CMD_CONFIG_SET_CECSWITCHMODE`: `aMode`.
+     * @param aMode True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetCECSwitchMode(bool aMode);
+
+    /**
+     * Reads whether connected devices are switched off with the television.
+     * Sends `CMD_CONFIG_GET_DEVICEAUTO_POWEROFF`.
+     * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
+     * @return False; true when the service or the link fails or the service gave -1, and for a null `aSwitch`, with
+     * nothing sent.
+     */
+    bool GetCECDeviceAutoPowerOff(bool* aSwitch);
+
+    /**
+     * Has connected devices switched off with the television, or not.
+     * Sends `CMD_CONFIG_SET_DEVICEAUTO_POWEROFF`: `aSwitch`.
+     * @param aSwitch True has them switched off.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetCECDeviceAutoPowerOff(bool aSwitch);
+
+    /**
+     * Reads whether a connected device can switch the television on.
+     * Sends `CMD_CONFIG_GET_TVAUTO_POWERON`.
+     * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
+     * @return False; true when the service or the link fails or the service gave -1, and for a null `aSwitch`, with
+     * nothing sent.
+     */
+    bool GetCECTVAutoPowerOn(bool* aSwitch);
+
+    /**
+     * Lets connected devices switch the television on, or not.
+     * Sends `CMD_CONFIG_SET_TVAUTO_POWERON`: `aSwitch`.
+     * @param aSwitch True lets it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetCECTVAutoPowerOn(bool aSwitch);
+
+    /**
+     * Reads whether a connected device can switch the television off.
+     * Sends `CMD_CONFIG_GET_TVAUTO_POWEROFF`.
+     * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
+     * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aSwitch`, with nothing
+     * sent.
+     */
+    int GetCECTvAutoPowerOff(bool* aSwitch);
+
+    /**
+     * Lets connected devices switch the television off, or not.
+     * Sends `CMD_CONFIG_SET_TVAUTO_POWEROFF`: `aSwitch`.
+     * @param aSwitch True lets it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetCECTvAutoPowerOff(bool aSwitch);
+
+    /**
+     * Reads whether the audio return channel is on.
+     * Sends `CMD_CONFIG_GET_ARCENABLE`.
+     * @param aEnable Receives true for anything but the service's 0; untouched on failure.
+     * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aEnable`, with nothing
+     * sent.
+     */
+    int GetARCEnable(bool* aEnable);
+
+    /**
+     * Turns the audio return channel on or off.
+     * Sends `CMD_CONFIG_SET_ARCENABLE`: `aEnable`.
+     * @param aEnable True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetARCEnable(bool aEnable);
+
+    /**
+     * Reads the format of the sound on the audio return channel.
+     * Sends `CMD_CONFIG_GET_ARCMODE`.
+     * @param aArcMode Receives the integer that the service gave; untouched on failure.
+     * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aArcMode`, with nothing
+     * sent.
+     */
+    int GetARCMode(KELU_MW_SND_ARC_MODE_E* aArcMode);
+
+    /**
+     * Chooses the format of the sound on the audio return channel.
+     * Sends `CMD_CONFIG_SET_ARCMODE`: `aArcMode`.
+     * @param aArcMode One of `KELU_MW_SND_ARC_MODE_E`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int SetARCMode(KELU_MW_SND_ARC_MODE_E aArcMode);
+};

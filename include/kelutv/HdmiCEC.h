@@ -1,0 +1,87 @@
+#pragma once
+
+#include <kelutv/export.h>
+#include <kelutv/hdmicec_types.h>
+
+#include <vector>
+
+/**
+ * Devices on the HDMI inputs: their list, their keys, which one plays, and the audio return channel.
+ *
+ * Every operation is one command to the TV base service, which owns all values; the object keeps none. A `bool` travels
+ * as 0 or 1. An operation blocks until the service has answered, may be called from any thread, and writes nothing to
+ * the log, save that a set command whose link fails is logged as "invoke failure\n".
+ */
+class KELUTV_API HdmiCEC {
+public:
+    /** The one object, made on the first call from any thread and kept until the process ends. */
+    static HdmiCEC* instance();
+
+    HdmiCEC(const HdmiCEC&) = delete;
+    HdmiCEC& operator=(const HdmiCEC&) = delete;
+
+    /**
+     * Hands a key to the active device.
+     * Sends `CMD_CEC_SEND_CEC_COMMAND`: `IrCommand`, `KeyPressed`. Told on standard error beforehand, without a line
+     * end.
+     * @param pCecCmdInfo The key and its direction. Must not be null.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int sendCecCmd(KELU_CEC_CMD_INFO_S const* pCecCmdInfo);
+
+    /**
+     * Tells the service that the application is ready for CEC.
+     * Sends `CMD_CEC_APP_READY`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int appReadyForCec();
+
+    /**
+     * Makes a device the active one.
+     * Sends `CMD_CEC_ACTIVATE_CEC_DEVICE`: `logicAddr`.
+     * @param logicAddr Logical address of the device.
+     * @return The value that the service answers with; -1 when the service or the link fails.
+     */
+    int selectDevice(int logicAddr);
+
+    /**
+     * Reads which device is playing.
+     * Sends `CMD_CEC_GET_PLAYING_DEVICE_LOGADDR`.
+     * @return Its logical address; -1 when the service or the link fails.
+     */
+    int getPlayingDeviceLogAddr();
+
+    /**
+     * Reads the devices, in the service's order.
+     * Sends `CMD_CEC_GETDEVICELISTALLINFO`; each device of the answer is `logAddr`, `hdmiDevPort`, `deVName`,
+     * `phyAddr`, `hdmiListText`, and is told on standard error. A device that the answer breaks off in is left out.
+     * @param deviceList The devices are added behind what it holds; untouched on failure. Must not be null, nor be used
+     *        by another thread meanwhile.
+     * @return 0; -1 when the service or the link fails.
+     */
+    int getDeviceListInfo(std::vector<KELU_TV_CEC_DEVICE_INFO_SORTED_S>* deviceList);
+
+    /**
+     * Tells whether there is an audio return channel.
+     * Sends `CMD_CEC_GETARCSUPPORTED`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isArcSupported();
+
+    /**
+     * Tells whether the audio return channel is in use.
+     * Sends `CMD_CEC_GETARCCONNECTSTATE`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool GetARCActiveStatus();
+
+    /**
+     * Reads which HDMI input has the audio return channel.
+     * Sends `CMD_CEC_GETARCPORT`.
+     * @return Its number; -1 when the service or the link fails.
+     */
+    int getSupportArcPort();
+
+private:
+    HdmiCEC();
+};

@@ -1,0 +1,19 @@
+/**
+ * @file
+ * Values of the configuration.
+ */
+#ifndef KELUTV_CONFIG_TYPES_H
+#define KELUTV_CONFIG_TYPES_H
+
+#include <kelutv/export.h>
+
+/** Format of the sound on the audio return channel. */
+typedef enum KELU_MW_SND_ARC_MODE_E KELUTV_INT_ENUM {
+    KELU_MW_SND_ARC_AUDIO_MODE_LPCM = 0,
+    KELU_MW_SND_ARC_AUDIO_MODE_RAW = 1,
+    KELU_MW_SND_ARC_AUDIO_MODE_HBR2LBR = 2, /**< High bit rates are turned into low ones. */
+    KELU_MW_SND_ARC_AUDIO_MODE_AUTO = 3,
+    KELU_MW_SND_ARC_AUDIO_MODE_BUTT = 4,
+} KELU_MW_SND_ARC_MODE_E;
+
+#endif

@@ -1,0 +1,88 @@
+/**
+ * @file
+ * The geometry and the sampling of the picture from an analogue computer (VGA) input.
+ *
+ * Every function is one command to the TV base service, which owns all values. It blocks until the service has answered
+ * and may be called from any thread. A set command whose link fails is logged as "invoke failure\n".
+ */
+#ifndef KELUTV_LINUX_KELUTV_PCSETTING_H
+#define KELUTV_LINUX_KELUTV_PCSETTING_H
+
+#include <kelutv/export.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/**
+ * Adjusts position, clock and phase to the signal.
+ * Forwards to `PCSetting::autoAdjust`, which sends `CMD_PCSETTING_PCAUTOADJUST`.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_autoAdjust(void);
+
+/**
+ * Sets the horizontal position of the picture.
+ * Forwards to `PCSetting::setHPosition`, which sends `CMD_PCSETTING_SETHPOSITION`: `position`.
+ * @param position Position; the service enforces the range.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_setHPosition(int position);
+
+/**
+ * Reads the horizontal position of the picture.
+ * Forwards to `PCSetting::getHPosition`, which sends `CMD_PCSETTING_GETHPOSITION`.
+ * @return The position; -1 when the service or the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_getHPosition(void);
+
+/**
+ * Sets the vertical position of the picture.
+ * Forwards to `PCSetting::setVPosition`, which sends `CMD_PCSETTING_SETVPOSITION`: `position`.
+ * @param position Position; the service enforces the range.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_setVPosition(int position);
+
+/**
+ * Reads the vertical position of the picture.
+ * Forwards to `PCSetting::getVPosition`, which sends `CMD_PCSETTING_GETVPOSITION`.
+ * @return The position; -1 when the service or the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_getVPosition(void);
+
+/**
+ * Sets the sampling clock.
+ * Forwards to `PCSetting::setClock`, which sends `CMD_PCSETTING_SETCLOCK`: `clock`.
+ * @param clock Clock; the service enforces the range.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_setClock(int clock);
+
+/**
+ * Reads the sampling clock.
+ * Forwards to `PCSetting::getClock`, which sends `CMD_PCSETTING_GETCLOCK`.
+ * @return The clock; -1 when the service or the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_getClock(void);
+
+/**
+ * Sets the sampling phase.
+ * Forwards to `PCSetting::setPhase`, which sends `CMD_PCSETTING_SETPHASE`: `phase`.
+ * @param phase Phase; the service enforces the range.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_setPhase(int phase);
+
+/**
+ * Reads the sampling phase.
+ * Forwards to `PCSetting::getPhase`, which sends `CMD_PCSETTING_GETPHASE`.
+ * @return The phase; -1 when the service or the link fails.
+ */
+KELUTV_API int linux_tv_PCSetting_getPhase(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
