@@ -5,7 +5,7 @@
 namespace simulator {
 
 /**
- * The events of the simulated television. The payload of each is a row of int32 words.
+ * The events of the simulated television. The payload is a row of int32 words where nothing else is said.
  *
  * An event is published once per change, before the call that made it returns; setting a value anew is no change.
  */
@@ -24,6 +24,14 @@ enum Event : unsigned int {
     kMuteChanged = KELU_EM_MODE_VOLUME + 2,
     /** Words: stream type (of `KELU_TV_HDR_TYPE_E`). */
     kStreamTypeChanged = KELU_EM_MODE_COMMON + 1,
+    /** Words: power state (of `PowerState`). */
+    kPowerStateChanged = KELU_EM_MODE_COMMON + 2,
+    /** Words: logical address, HDMI port, 1 for plugged in or 0. */
+    kCecDeviceChanged = KELU_EM_MODE_CEC + 1,
+    /** Words: logical address of the device that plays, 0 for the television itself. */
+    kCecPlayingChanged = KELU_EM_MODE_CEC + 2,
+    /** Plus the type of the data, 1 to 0xFFFF. Payload: one word with the length of the data, then the data. */
+    kVbiBlock = KELU_EM_MODE_TTX,
 };
 
 } // namespace simulator

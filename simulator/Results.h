@@ -15,6 +15,8 @@ enum class Result : std::int32_t {
     UnknownItem = -106,
     OutOfRange = -107,
     UnknownSource = -108,
+    UnknownDevice = -109,
+    NotStored = -110,
 };
 
 } // namespace simulator

@@ -7,7 +7,6 @@
 #include <binder/Parcel.h>
 
 #include <cstring>
-#include <vector>
 
 namespace simulator {
 
@@ -16,14 +15,14 @@ using android::status_t;
 
 namespace {
 
-std::vector<std::int32_t> payloadOf(const Change& change) {
-    std::vector<std::int32_t> words;
+Notice noticeOf(const Change& change) {
+    std::string payload;
     for (const Scalars& scalars : {change.keys, change.values}) {
         for (const Scalar& scalar : scalars) {
-            words.push_back(std::get<std::int32_t>(scalar));
+            payload += payloadOf({std::get<std::int32_t>(scalar)});
         }
     }
-    return words;
+    return {change.slot->event, payload, describe(change)};
 }
 
 } // namespace
@@ -51,20 +50,37 @@ Reply Service::answer(const Request& request) {
         const pid_t caller = android::IPCThreadState::self()->getCallingPid();
         trace('[' + std::to_string(caller) + "] " + describe(request) + " -> " + describe(request, reply));
     }
-    for (const Change& change : mTelevision.takeChanges()) {
-        publish(change);
-    }
+    publishNews();
     return reply;
 }
 
-void Service::publish(const Change& change) {
-    if (mTrace != nullptr) {
-        trace(describe(change));
+void Service::control(const std::string& line) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    if (const auto complaint = mTelevision.control(line)) {
+        std::fprintf(stderr, "kelutv-simulator: %s\n", complaint->c_str());
+        return;
     }
-    const std::vector<std::int32_t> words = payloadOf(change);
-    const int status = mPublisher.publish(change.slot->event, words.data(), words.size() * sizeof(words[0]));
+    publishNews();
+}
+
+void Service::publishNews() {
+    for (const Change& change : mTelevision.takeChanges()) {
+        publish(noticeOf(change));
+    }
+    for (const Notice& notice : mTelevision.takeNotices()) {
+        publish(notice);
+    }
+}
+
+void Service::publish(const Notice& notice) {
+    if (mTrace != nullptr) {
+        char identifier[32];
+        std::snprintf(identifier, sizeof(identifier), "event 0x%X: ", notice.event);
+        trace(identifier + notice.text);
+    }
+    const int status = mPublisher.publish(notice.event, notice.payload.data(), notice.payload.size());
     if (status != 0) {
-        std::fprintf(stderr, "kelutv-simulator: event 0x%X was not published: %s\n", change.slot->event,
+        std::fprintf(stderr, "kelutv-simulator: event 0x%X was not published: %s\n", notice.event,
                      std::strerror(-status));
     }
 }

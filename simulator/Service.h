@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <mutex>
 #include <string>
+#include <utility>
 
 namespace simulator {
 
@@ -15,9 +16,12 @@ namespace simulator {
 class Service : public android::BBinder {
 public:
     /** @param trace receives one line per request and per event; null for none */
-    explicit Service(std::FILE* trace) : mTrace(trace) {}
+    Service(std::FILE* trace, EepStore eep) : mTrace(trace), mTelevision(std::move(eep)) {}
 
     const android::String16& getInterfaceDescriptor() const override;
+
+    /** Does what a line of the control channel says; a line that makes no sense is told of on standard error. */
+    void control(const std::string& line);
 
 protected:
     android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
@@ -25,7 +29,8 @@ protected:
 
 private:
     Reply answer(const Request& request);
-    void publish(const Change& change);
+    void publishNews();
+    void publish(const Notice& notice);
     void trace(const std::string& line);
 
     std::FILE* const mTrace;

@@ -1,8 +1,9 @@
 #include "Television.h"
 
+#include "Control.h"
 #include "Sources.h"
+#include "Special.h"
 
-#include <kelutv/audio_types.h>
 #include <kelutv/commands.h>
 
 #include <algorithm>
@@ -57,18 +58,8 @@ std::optional<Fault> objection(const StateSlot& slot, const Scalars& keys, const
 } // namespace
 
 Reply Television::perform(const Request& request) {
-    switch (request.command->value) {
-    case CMD_CEC_MODIFY_MUTE:
-        toggleSpeakerMute();
-        return {};
-    case CMD_AUDIO_RESTORESOUNDSETS:
-        mState.restore("audio");
-        return {};
-    case CMD_PICTURE_RESTOREPICTURESETS:
-        mState.restore("picture");
-        return {};
-    default:
-        break;
+    if (const Handler handler = specialHandler(request)) {
+        return handler(mEquipment, request);
     }
     const Rule& rule = request.operation->rule;
     return rule.kind == Rule::Kind::None ? replyWith(*request.operation, {}) : apply(request, rule);
@@ -84,25 +75,21 @@ Reply Television::apply(const Request& request, const Rule& rule) {
         store(request.command->value, *rule.slot, keys, values);
         return replyWith(*request.operation, {});
     }
-    const auto consequence = workedOut(mState, *rule.slot, keys);
-    return replyWith(*request.operation, consequence ? *consequence : mState.kept(*rule.slot, keys));
+    const auto consequence = workedOut(mEquipment.state, *rule.slot, keys);
+    return replyWith(*request.operation, consequence ? *consequence : mEquipment.state.kept(*rule.slot, keys));
 }
 
 void Television::store(std::int32_t command, const StateSlot& slot, const Scalars& keys, const Scalars& values) {
     if (command == CMD_SOURCE_SELECTSOURCE) {
-        selectSource(mState, std::get<std::int32_t>(values.front()), std::get<std::int32_t>(keys.front()));
+        selectSource(mEquipment.state, std::get<std::int32_t>(values.front()), std::get<std::int32_t>(keys.front()));
         return;
     }
     if (command == CMD_SOURCE_DESELECTSOURCE) {
-        deselectSource(mState, std::get<std::int32_t>(keys.front()));
+        deselectSource(mEquipment.state, std::get<std::int32_t>(keys.front()));
     }
-    mState.keep(slot, keys, values);
+    mEquipment.state.keep(slot, keys, values);
 }
 
-void Television::toggleSpeakerMute() {
-    const StateSlot& mute = *findState("audio.mute");
-    const Scalars speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
-    mState.keep(mute, speaker, {std::int32_t{mState.kept(mute, speaker) == Scalars{std::int32_t{0}}}});
-}
+std::optional<std::string> Television::control(const std::string& line) { return obey(mEquipment, line); }
 
 } // namespace simulator

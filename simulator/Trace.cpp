@@ -82,6 +82,12 @@ std::string describeField(const Scalars& scalars, const ReplyField& field) {
     return field.name != nullptr ? std::string(field.name) + '=' + text : text;
 }
 
+/** A list of records repeats the fields of one; what it holds may be beyond the catalogue, too. */
+const ReplyField& fieldAt(const Operation& operation, std::size_t index) {
+    static constexpr ReplyField kPlain{Kind::Int32, nullptr, nullptr, 1};
+    return operation.reply.size() > 0 ? operation.reply[index % operation.reply.size()] : kPlain;
+}
+
 std::string describeArguments(const Request& request) {
     const Rows<RequestItem>& items =
         (request.operation != nullptr ? *request.operation : request.command->operation).request;
@@ -114,14 +120,14 @@ std::string describe(const Request& request, const Reply& reply) {
         return result + " (" + reply.complaint + ')';
     }
     for (std::size_t i = 0; i < reply.fields.size(); ++i) {
-        result += (i == 0 ? ": " : ", ") + describeField(reply.fields[i], request.operation->reply[i]);
+        result += (i == 0 ? ": " : ", ") + describeField(reply.fields[i], fieldAt(*request.operation, i));
     }
     return result;
 }
 
 std::string describe(const Change& change) {
-    return formatted("event 0x%X: ", change.slot->event) + change.slot->name + '[' +
-           joined(change.keys, Kind::Int32, nullptr) + "] = " + joined(change.values, Kind::Int32, nullptr);
+    return std::string(change.slot->name) + '[' + joined(change.keys, Kind::Int32, nullptr) +
+           "] = " + joined(change.values, Kind::Int32, nullptr);
 }
 
 } // namespace simulator

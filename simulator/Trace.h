@@ -14,7 +14,7 @@ std::string describe(const Request& request);
 /** Its answer in words: the result word, then what stands behind it, as in `0: 35`; or why it was refused. */
 std::string describe(const Request& request, const Reply& reply);
 
-/** An event in words: `event 0x60001: audio.volume[0] = 35`. */
+/** A change in words: `audio.volume[0] = 35`. */
 std::string describe(const Change& change);
 
 } // namespace simulator

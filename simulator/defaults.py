@@ -41,6 +41,7 @@ class Defaults:
         except json.JSONDecodeError as error:
             raise GenerationError(f"{path}: {error}") from error
         sources = modules.pop("sources", {})
+        modules.pop("cec", None)  # generate_cec.py reads it.
         self.signal_states = sorted({name for signal in sources.values() for name in signal})
         self.settings = {f"{module}.{name}": entry for module, names in modules.items() for name, entry in names.items()}
         for name, settings in self.settings.items():

@@ -1,3 +1,4 @@
+#include "ControlReader.h"
 #include "Service.h"
 
 #include <binder/IServiceManager.h>
@@ -12,6 +13,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <optional>
+#include <string>
 
 namespace {
 
@@ -39,11 +42,27 @@ bool serve(const android::sp<android::IBinder>& service) {
     return status == android::NO_ERROR;
 }
 
-int run(bool trace) {
+struct Options {
+    bool trace = false;
+    std::string eep;
+    std::string control;
+};
+
+simulator::EepStore eepOf(const Options& options) {
+    return options.eep.empty() ? simulator::EepStore() : simulator::EepStore(options.eep);
+}
+
+int run(const Options& options) {
     const sigset_t endSignals = blockEndSignals();
     std::signal(SIGPIPE, SIG_IGN); // The television outlives a reader of its trace.
-    if (!serve(new simulator::Service(trace ? stdout : nullptr))) {
+    const android::sp<simulator::Service> service =
+        new simulator::Service(options.trace ? stdout : nullptr, eepOf(options));
+    if (!serve(service)) {
         return EXIT_FAILURE;
+    }
+    std::optional<simulator::ControlReader> control;
+    if (!options.control.empty()) {
+        control.emplace(options.control, [service](const std::string& line) { service->control(line); });
     }
     android::ProcessState::self()->startThreadPool();
     std::printf("kelutv-simulator: ready (%s)\n", kServiceName);
@@ -58,15 +77,23 @@ int start(int argc, char** argv) {
                  "Ends on SIGINT or SIGTERM.\n\n"
                  "Example: kelutv-simulator --trace",
                  "kelutv-simulator");
-    bool trace = false;
-    app.add_flag("--trace", trace, "Print every request with its answer, and every event, to standard output");
+    Options options;
+    app.add_flag("--trace", options.trace, "Print every request with its answer, and every event, to standard output");
+    app.add_option("--eep", options.eep,
+                   "Keep the EEP and the flash EEP in this file, made when there is none; "
+                   "without it they are forgotten at the end")
+        ->option_text("FILE");
+    app.add_option("--control", options.control,
+                   "Read commands from this file or named pipe, - for standard input: "
+                   "plug ADDRESS, unplug ADDRESS, vbi TYPE [HEX]")
+        ->option_text("FILE");
     app.set_version_flag("--version", "kelutv-simulator " KELUTV_VERSION);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? EXIT_SUCCESS : kBadUsage;
     }
-    return run(trace);
+    return run(options);
 }
 
 } // namespace

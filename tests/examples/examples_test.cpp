@@ -1,10 +1,16 @@
 #include "simulator/Simulator.h"
 #include "support/ChildProcess.h"
+#include "support/Deadline.h"
 #include "support/RuntimeDir.h"
+#include "support/ScriptedService.h"
+
+#include <keluem/publisher.h>
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace kelutv::test {
 
@@ -105,6 +111,95 @@ TEST_F(SourcesExample, DoesNotWaitForASourceThatIsShownAlready) {
 
 TEST_F(SourcesExample, SaysThatTheServiceIsMissing) {
     expectServiceMissed(KELUTV_EXAMPLE_SOURCES, "sources: no answer from the TV base service; is it running?");
+}
+
+/** The teletext program on a service that answers 0; the test publishes the television's events. */
+class TeletextExample : public ::testing::Test {
+protected:
+    void startService() {
+        mService.start();
+        mExample.emplace(std::vector<std::string>{KELUTV_EXAMPLE_TELETEXT}, captured());
+        ASSERT_TRUE(eventually([this] { return lastCommand() == requestOf(0xD005); })) << "it did not register";
+    }
+
+    void publish(unsigned int type, const Bytes& payload) {
+        EXPECT_EQ(mPublisher.publish(0x120000 + type, payload.data(), payload.size()), 0);
+    }
+
+    ChildProcess& example() { return *mExample; }
+    std::vector<Bytes> requests() {
+        lastCommand();
+        return mRequests;
+    }
+
+private:
+    Bytes lastCommand() {
+        const std::vector<Bytes> requests = mService.takeRequests();
+        mRequests.insert(mRequests.end(), requests.begin(), requests.end());
+        return mRequests.empty() ? Bytes() : mRequests.back();
+    }
+
+    const RuntimeDir mRuntimeDir;
+    ScriptedService mService;
+    std::vector<Bytes> mRequests;
+    std::optional<ChildProcess> mExample;
+    keluem::Publisher mPublisher;
+};
+
+TEST_F(TeletextExample, ShowsThreeBlocksAndPutsEverythingBack) {
+    startService();
+    publish(1, {3, 0, 0, 0, 0x0A, 0x0B, 0xFF});
+    publish(0xFFFF, {0, 0, 0, 0});
+    publish(2, {17, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+    EXPECT_EQ(example().exitCode(), 0);
+    EXPECT_EQ(example().output().text(),
+              "block of type 1, length 3: 0a 0b ff\n"
+              "block of type 65535, length 0:\n"
+              "block of type 2, length 17: 00 01 02 03 04 05 06 07 08 09 0a 0b 0c 0d 0e 0f ...\n");
+    const std::vector<Bytes> expected{requestOf(0xD001), requestOf(0xD003), requestOf(0xD005),
+                                      requestOf(0xD006), requestOf(0xD004), requestOf(0xD002)};
+    EXPECT_EQ(requests(), expected);
+}
+
+TEST_F(TeletextExample, LeavesOutEventsThatHoldNoWholeBlock) {
+    startService();
+    publish(1, {});
+    publish(1, {9, 9, 9});
+    publish(1, {4, 0, 0, 0, 7, 7, 7});
+    publish(1, {0xFF, 0xFF, 0xFF, 0xFF, 7});
+    for (std::uint8_t byte = 1; byte <= 3; ++byte) {
+        publish(1, {1, 0, 0, 0, byte});
+    }
+    EXPECT_EQ(example().exitCode(), 0);
+    EXPECT_EQ(example().output().text(), "block of type 1, length 1: 01\n"
+                                         "block of type 1, length 1: 02\n"
+                                         "block of type 1, length 1: 03\n");
+    for (const char* const size : {"0", "3", "7", "5"}) {
+        const std::string complaint = std::string("teletext: an event of ") + size + " bytes holds no whole block\n";
+        EXPECT_NE(example().error().text().find(complaint), std::string::npos) << example().error().text();
+    }
+}
+
+TEST_F(TeletextExample, EndsWhenNoMoreBlocksCome) {
+    startService();
+    publish(1, {1, 0, 0, 0, 8});
+    EXPECT_EQ(example().exitCode(), 1);
+    EXPECT_EQ(example().output().text(), "block of type 1, length 1: 08\n");
+    EXPECT_NE(example().error().text().find("teletext: no block came within 5 seconds\n"), std::string::npos);
+    EXPECT_EQ(requests().back(), requestOf(0xD002));
+}
+
+TEST_F(TeletextExample, ShowsThePageOfTheSimulator) {
+    const Simulator simulator;
+    EXPECT_EQ(outputOf(KELUTV_EXAMPLE_TELETEXT),
+              "block of type 1, length 42: 02 15 15 15 15 15 15 15 15 15 20 20 d0 31 b0 b0 ...\n"
+              "block of type 1, length 42: c7 15 20 20 20 20 20 20 20 20 20 20 20 20 20 20 ...\n"
+              "block of type 1, length 42: 02 02 20 20 54 68 e9 73 20 70 61 67 e5 20 e3 ef ...\n"
+              "exit code 0\n");
+}
+
+TEST_F(TeletextExample, SaysThatTheServiceIsMissing) {
+    expectServiceMissed(KELUTV_EXAMPLE_TELETEXT, "teletext: no answer from the TV base service; is it running?");
 }
 
 } // namespace

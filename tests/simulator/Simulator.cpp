@@ -21,9 +21,14 @@ ChildProcess::Options captured() {
     return options;
 }
 
+std::vector<std::string> tracing(std::vector<std::string> options) {
+    options.insert(options.begin(), {KELUTV_SIMULATOR, "--trace"});
+    return options;
+}
+
 } // namespace
 
-Simulator::Simulator() : mProcess({KELUTV_SIMULATOR, "--trace"}, captured()) {
+Simulator::Simulator(std::vector<std::string> options) : mProcess(tracing(std::move(options)), captured()) {
     if (!mProcess.output().waitFor(kReadyLine)) {
         throw std::runtime_error("the simulator did not get ready: " + mProcess.error().text());
     }

@@ -18,7 +18,7 @@ namespace kelutv::test {
 /** A simulated television in a process of its own, tracing; it is registered once this is constructed. */
 class Simulator {
 public:
-    Simulator();
+    explicit Simulator(std::vector<std::string> options = {});
 
     /** The trace lines since the last take; those of a call are there when the call returns. */
     std::vector<std::string> takeTrace();

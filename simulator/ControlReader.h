@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <thread>
+
+namespace simulator {
+
+/** Reads the lines of the control channel in a thread of its own, until the channel or the object ends. */
+class ControlReader {
+public:
+    using Receiver = std::function<void(const std::string& line)>;
+
+    /** The longest line; what is longer is not handed on. */
+    static constexpr std::size_t kLongestLine = 256 * 1024;
+
+    /**
+     * @param path a file or a named pipe, which may be written to again and again; `-` for standard input
+     * @throws std::runtime_error when it cannot be opened
+     */
+    ControlReader(const std::string& path, Receiver receiver);
+    ~ControlReader();
+    ControlReader(const ControlReader&) = delete;
+    ControlReader& operator=(const ControlReader&) = delete;
+
+private:
+    void read();
+    void handOn(const char* bytes, std::size_t count);
+    void endLine();
+
+    const Receiver mReceiver;
+    std::string mLine;
+    int mChannel = -1;
+    int mStop = -1;
+    std::thread mThread;
+};
+
+} // namespace simulator

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Notice.h"
+
+#include <cstdint>
+
+namespace simulator {
+
+/** What the television is doing; the numbers are those of the event and of the last power-off mode. */
+enum class PowerState : std::int32_t {
+    On = 0,
+    Suspended = 1,
+    SuspendedToMemory = 2,
+    NormallySuspended = 3,
+    ShallowlySuspended = 4,
+    Rebooting = 5,
+};
+
+/** Sleeping and waking up. Not synchronised. */
+class Power {
+public:
+    explicit Power(Notices& notices) : mNotices(notices) {}
+
+    void enter(PowerState state);
+
+    /** Back to on, for a reason that the caller numbers. */
+    void wake(std::int32_t wakeupMode);
+
+    std::int32_t lastPowerOffMode() const { return mLastOff; }
+    std::int32_t wakeupMode() const { return mWakeupMode; }
+
+private:
+    PowerState mState = PowerState::On;
+    std::int32_t mLastOff = 0;
+    std::int32_t mWakeupMode = 0;
+    Notices& mNotices;
+};
+
+} // namespace simulator

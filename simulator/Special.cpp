@@ -1,0 +1,203 @@
+#include "Special.h"
+
+#include <kelutv/audio_types.h>
+#include <kelutv/commands.h>
+#include <kelutv/items.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+
+namespace simulator {
+
+namespace {
+
+std::int32_t numberAt(const Request& request, std::size_t index) {
+    return std::get<std::int32_t>(request.arguments[index].front());
+}
+
+Reply valued(std::int32_t value) { return {0, "", {{value}}}; }
+
+Reply toggleSpeakerMute(Equipment& equipment, const Request&) {
+    const StateSlot& mute = *findState("audio.mute");
+    const Scalars speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
+    const bool muted = equipment.state.kept(mute, speaker) != Scalars{std::int32_t{0}};
+    equipment.state.keep(mute, speaker, {std::int32_t{!muted}});
+    return {};
+}
+
+Reply restoreSound(Equipment& equipment, const Request&) {
+    equipment.state.restore("audio");
+    return {};
+}
+
+Reply restorePicture(Equipment& equipment, const Request&) {
+    equipment.state.restore("picture");
+    return {};
+}
+
+Reply noSuchAddress(std::int32_t address) {
+    return refusal({Result::OutOfRange, "addresses go from 0 to 65535, address " + std::to_string(address) +
+                                            " or the block there goes beyond"});
+}
+
+/** Of a byte, or of a block when the request says how long. */
+template <Memory memory> Reply readEep(Equipment& equipment, const Request& request) {
+    const std::int32_t address = numberAt(request, 0);
+    const std::int32_t length = request.arguments.size() > 1 ? std::max(numberAt(request, 1), 0) : 1;
+    if (!EepStore::covers(address, length)) {
+        return noSuchAddress(address);
+    }
+    Reply reply{0, "", {{}}};
+    for (const char byte : equipment.eep.read(memory, address, static_cast<std::size_t>(length))) {
+        reply.fields.front().emplace_back(std::int32_t{static_cast<unsigned char>(byte)});
+    }
+    return reply;
+}
+
+/** What is written to the flash EEP waits for the flush; the EEP keeps it at once. */
+template <Memory memory> Reply commitEep(Equipment& equipment, const Request&) {
+    try {
+        equipment.eep.commit(memory);
+    } catch (const std::runtime_error& error) {
+        std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
+        return refusal({Result::NotStored, error.what()});
+    }
+    return {};
+}
+
+/** A byte, or a block; it is the last argument either way. */
+template <Memory memory> Reply writeEep(Equipment& equipment, const Request& request) {
+    const std::int32_t address = numberAt(request, 0);
+    const Scalars& values = request.arguments.back();
+    if (!EepStore::covers(address, static_cast<std::int64_t>(values.size()))) {
+        return noSuchAddress(address);
+    }
+    std::string bytes;
+    for (const Scalar& value : values) {
+        const auto number = std::get<std::int32_t>(value);
+        if (number < 0 || number > 0xFF) {
+            return refusal({Result::OutOfRange, "a byte goes from 0 to 255, not " + std::to_string(number)});
+        }
+        bytes += static_cast<char>(number);
+    }
+    equipment.eep.write(memory, address, bytes);
+    if (memory == Memory::FlashEep) {
+        return {};
+    }
+    const Reply reply = commitEep<memory>(equipment, request);
+    if (reply.result != 0) {
+        equipment.eep.revert(memory);
+    }
+    return reply;
+}
+
+Reply cecDevices(Equipment& equipment, const Request&) {
+    Reply reply;
+    for (const CecDevice* const device : equipment.cec.devices()) {
+        reply.fields.insert(reply.fields.end(), {{device->logAddr},
+                                                 {device->hdmiDevPort},
+                                                 {std::string(device->name)},
+                                                 {std::string(device->phyAddr)},
+                                                 {std::string(device->listText)}});
+    }
+    return reply;
+}
+
+Reply selectCecDevice(Equipment& equipment, const Request& request) {
+    const std::int32_t logAddr = numberAt(request, 0);
+    return equipment.cec.select(logAddr)
+               ? valued(0)
+               : refusal({Result::UnknownDevice, "no CEC device has the logical address " + std::to_string(logAddr)});
+}
+
+Reply playingCecDevice(Equipment& equipment, const Request&) { return valued(equipment.cec.playing()); }
+
+Reply arcSupported(Equipment&, const Request&) { return valued(1); }
+
+Reply arcActive(Equipment& equipment, const Request&) { return valued(std::int32_t{equipment.cec.isArcActive()}); }
+
+Reply arcPort(Equipment&, const Request&) { return valued(cecArcPort()); }
+
+template <void (Teletext::*change)(bool), bool on> Reply changeTeletext(Equipment& equipment, const Request&) {
+    (equipment.teletext.*change)(on);
+    return {};
+}
+
+template <PowerState state> Reply enterPowerState(Equipment& equipment, const Request&) {
+    equipment.power.enter(state);
+    return {};
+}
+
+Reply resume(Equipment& equipment, const Request& request) {
+    equipment.power.wake(numberAt(request, 0));
+    return {};
+}
+
+/** What was not flushed is lost, as it is without power. */
+Reply reboot(Equipment& equipment, const Request&) {
+    equipment.power.enter(PowerState::Rebooting);
+    equipment.eep.revert(Memory::FlashEep);
+    equipment.power.enter(PowerState::On);
+    return {};
+}
+
+Reply lastPowerOffMode(Equipment& equipment, const Request&) { return valued(equipment.power.lastPowerOffMode()); }
+
+Reply wakeupMode(Equipment& equipment, const Request&) { return valued(equipment.power.wakeupMode()); }
+
+struct Special {
+    std::int32_t command;
+    Handler handler;
+};
+
+constexpr Special kSpecialCommands[] = {
+    {CMD_CEC_MODIFY_MUTE, toggleSpeakerMute},
+    {CMD_AUDIO_RESTORESOUNDSETS, restoreSound},
+    {CMD_PICTURE_RESTOREPICTURESETS, restorePicture},
+    {CMD_SYSTEM_GETEEPBYTE, readEep<Memory::Eep>},
+    {CMD_SYSTEM_GETEEPMULTI, readEep<Memory::Eep>},
+    {CMD_SYSTEM_SETEEPBYTE, writeEep<Memory::Eep>},
+    {CMD_SYSTEM_SETEEPMULTI, writeEep<Memory::Eep>},
+    {CMD_SYSTEM_GETFLASHEEPBYTE, readEep<Memory::FlashEep>},
+    {CMD_SYSTEM_GETFLASHEEPMULTI, readEep<Memory::FlashEep>},
+    {CMD_SYSTEM_SETFLASHEEPBYTE, writeEep<Memory::FlashEep>},
+    {CMD_SYSTEM_SETFLASHEEPMULTI, writeEep<Memory::FlashEep>},
+    {CMD_SYSTEM_SETFLASHEEPFLUSH, commitEep<Memory::FlashEep>},
+    {CMD_CEC_GETDEVICELISTALLINFO, cecDevices},
+    {CMD_CEC_ACTIVATE_CEC_DEVICE, selectCecDevice},
+    {CMD_CEC_GET_PLAYING_DEVICE_LOGADDR, playingCecDevice},
+    {CMD_CEC_GETARCSUPPORTED, arcSupported},
+    {CMD_CEC_GETARCCONNECTSTATE, arcActive},
+    {CMD_CEC_GETARCPORT, arcPort},
+    {CMD_TV_TTX_INIT, changeTeletext<&Teletext::initialise, true>},
+    {CMD_TV_TTX_DEINIT, changeTeletext<&Teletext::initialise, false>},
+    {CMD_TV_TTX_OPEN, changeTeletext<&Teletext::open, true>},
+    {CMD_TV_TTX_CLOSE, changeTeletext<&Teletext::open, false>},
+    {CMD_TV_TTX_REGISTCALLBACK, changeTeletext<&Teletext::registerClient, true>},
+    {CMD_TV_TTX_UNREGISTCALLBACK, changeTeletext<&Teletext::registerClient, false>},
+    {CMD_SYSTEM_SUSPEND, enterPowerState<PowerState::Suspended>},
+    {CMD_SYSTEM_SET_ENTER_STR_SUSPEND, enterPowerState<PowerState::SuspendedToMemory>},
+    {CMD_SYSTEM_SET_ENTER_NORMAL_SUSPEND, enterPowerState<PowerState::NormallySuspended>},
+    {CMD_SYSTEM_SET_ENTER_SHALLOW_SUSPEND, enterPowerState<PowerState::ShallowlySuspended>},
+    {CMD_SYSTEM_RESUME, resume},
+    {CMD_SYSTEM_SET_STR_RESUME, enterPowerState<PowerState::On>},
+    {CMD_SYSTEM_SET_SHALLOW_RESUME, enterPowerState<PowerState::On>},
+    {CMD_SYSTEM_GETLASTPOWEROFFMODE, lastPowerOffMode},
+    {CMD_SYSTEM_GETWAKEUPMODE, wakeupMode},
+};
+
+} // namespace
+
+Handler specialHandler(const Request& request) {
+    const std::int32_t command = request.command->value;
+    if (command == CMD_SYSTEM_COMMON_SET_ITEM_VALUE && numberAt(request, 0) == CMDID_SYSTEM_REBOOT) {
+        return reboot;
+    }
+    const auto* const found = std::find_if(std::begin(kSpecialCommands), std::end(kSpecialCommands),
+                                           [command](const Special& special) { return special.command == command; });
+    return found != std::end(kSpecialCommands) ? found->handler : nullptr;
+}
+
+} // namespace simulator
