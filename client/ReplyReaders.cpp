@@ -17,6 +17,18 @@ void writeWords(android::Parcel& request, std::initializer_list<unsigned int> wo
     }
 }
 
+void writeValues(android::Parcel& request, const int* values, int count) {
+    for (int i = 0; values != nullptr && i < count; ++i) {
+        request.writeInt32(values[i]);
+    }
+}
+
+void writeValues(android::Parcel& request, const double* values, int count) {
+    for (int i = 0; values != nullptr && i < count; ++i) {
+        request.writeDouble(values[i]);
+    }
+}
+
 void readWords(const android::Parcel& reply, std::initializer_list<int*> words) {
     for (int* word : words) {
         *word = reply.readInt32();
@@ -44,6 +56,19 @@ void readValues(const android::Parcel& reply, int* values, std::int64_t count) {
     }
 }
 
+void readValues(const android::Parcel& reply, double* values, std::int64_t count) {
+    for (std::int64_t i = 0; i < count; ++i) {
+        values[i] = reply.readDouble();
+    }
+}
+
+int readCountedValues(const android::Parcel& reply, int* values) {
+    const int count = reply.readInt32();
+    const auto held = static_cast<std::int64_t>(reply.dataAvail() / sizeof(std::int32_t));
+    readValues(reply, values, std::min<std::int64_t>(count, held));
+    return count;
+}
+
 void readItemValues(const android::Parcel& reply, int* values) { readValues(reply, values, kItemValueCount); }
 
 std::list<int> readNumbers(const android::Parcel& reply) {
@@ -63,12 +88,18 @@ bool readText(const android::Parcel& reply, std::string& text) {
     return true;
 }
 
+void copyTextIfGiven(char* target, const char* text) {
+    if (target != nullptr) {
+        std::memcpy(target, text, std::strlen(text) + 1);
+    }
+}
+
 bool copyText(const android::Parcel& reply, char* text) {
     const char* found = reply.readCString();
     if (found == nullptr) {
         return false;
     }
-    std::memcpy(text, found, std::strlen(found) + 1);
+    copyTextIfGiven(text, found);
     return true;
 }
 
@@ -123,6 +154,15 @@ int storeList(const ItemAnswer& answer, int* list, int* size) {
     *size = count;
     std::copy_n(answer.values.begin() + 1, std::min(count, kItemValueCount - 1), list);
     return 0;
+}
+
+int copyList(const ItemAnswer& answer, int* list, int* size) {
+    const int count = answer.values[0];
+    storeIfGiven(size, count);
+    if (list != nullptr) {
+        std::copy_n(answer.values.begin() + 1, std::clamp(count, 0, kItemValueCount - 1), list);
+    }
+    return answer.result;
 }
 
 } // namespace kelutv::internal

@@ -4,9 +4,11 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 #include <list>
 #include <string>
+#include <type_traits>
 
 /** What the modules share in laying out requests, reading answers and handing them to the caller. */
 namespace kelutv::internal {
@@ -27,6 +29,10 @@ struct ItemAnswer {
 void writeWords(android::Parcel& request, std::initializer_list<int> words);
 void writeWords(android::Parcel& request, std::initializer_list<unsigned int> words);
 
+/** Appends `count` values; none for a null pointer or a count below 1. */
+void writeValues(android::Parcel& request, const int* values, int count);
+void writeValues(android::Parcel& request, const double* values, int count);
+
 /** Reads one int32 into each word; 0 where the reply has ended. */
 void readWords(const android::Parcel& reply, std::initializer_list<int*> words);
 void readWords(const android::Parcel& reply, std::initializer_list<unsigned int*> words);
@@ -37,6 +43,12 @@ bool readWord(const android::Parcel& reply, unsigned int& word);
 /** Writes `count` ints, none for a count below 1; 0 where the reply has ended. */
 void readValues(const android::Parcel& reply, int* values, std::int64_t count);
 
+/** The same for doubles. */
+void readValues(const android::Parcel& reply, double* values, std::int64_t count);
+
+/** Reads a count, then as many ints as it says and the reply holds. Returns the count as it came. */
+int readCountedValues(const android::Parcel& reply, int* values);
+
 /** Writes `kItemValueCount` ints; 0 where the reply has ended. */
 void readItemValues(const android::Parcel& reply, int* values);
 
@@ -46,11 +58,36 @@ std::list<int> readNumbers(const android::Parcel& reply);
 /** Reads the reply's next text; false, with nothing written, when the reply has none. */
 bool readText(const android::Parcel& reply, std::string& text);
 
+/** Copies a text, terminator included, unless the caller gave no place for it. */
+void copyTextIfGiven(char* target, const char* text);
+
 /** Copies the reply's next text, terminator included; false, with nothing written, when the reply has none. */
 bool copyText(const android::Parcel& reply, char* text);
 
 /** The texts up to the end of the reply, or to the first that has no terminator. */
 std::list<std::string> readTexts(const android::Parcel& reply);
+
+/** The words of a record that has nothing but ints, in the order of its fields, which is their order on the wire. */
+template <typename Record> struct RecordWords {
+    static_assert(std::is_trivially_copyable_v<Record> && sizeof(Record) % sizeof(std::int32_t) == 0);
+    std::array<int, sizeof(Record) / sizeof(std::int32_t)> words{};
+};
+
+/** Appends every field of a record of ints. */
+template <typename Record> void writeRecord(android::Parcel& request, const Record& record) {
+    RecordWords<Record> fields;
+    std::memcpy(fields.words.data(), &record, sizeof record);
+    writeValues(request, fields.words.data(), static_cast<int>(fields.words.size()));
+}
+
+/** Reads every field of a record of ints; 0 where the reply has ended. */
+template <typename Record> Record readRecord(const android::Parcel& reply) {
+    RecordWords<Record> fields;
+    readValues(reply, fields.words.data(), fields.words.size());
+    Record record{};
+    std::memcpy(&record, fields.words.data(), sizeof record);
+    return record;
+}
 
 /** Stores the value unless the caller gave no place for it. */
 template <typename T> void storeIfGiven(T* output, const T& value) {
@@ -88,5 +125,11 @@ int storeCountedList(const ItemAnswer& answer, int* list, int* size);
  * holds. Returns 0, or -1 with nothing stored when the count is not positive.
  */
 int storeList(const ItemAnswer& answer, int* list, int* size);
+
+/**
+ * Stores a list that is led by its count, and the count as it came, 0 after a failed read, each where the caller gave a
+ * place for it. No more entries are copied than an answer holds. Returns the read's result.
+ */
+int copyList(const ItemAnswer& answer, int* list, int* size);
 
 } // namespace kelutv::internal

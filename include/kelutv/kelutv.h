@@ -9,10 +9,13 @@
 #include <kelutv/commands.h>
 #include <kelutv/config_types.h>
 #include <kelutv/events.h>
+#include <kelutv/factory_types.h>
 #include <kelutv/hdmicec_types.h>
 #include <kelutv/items.h>
 #include <kelutv/linux_kelutv_audio.h>
+#include <kelutv/linux_kelutv_factory.h>
 #include <kelutv/linux_kelutv_hdmicec.h>
+#include <kelutv/linux_kelutv_hotel.h>
 #include <kelutv/linux_kelutv_notify.h>
 #include <kelutv/linux_kelutv_pcmplayer.h>
 #include <kelutv/linux_kelutv_pcsetting.h>
@@ -30,6 +33,7 @@
 #ifdef __cplusplus
 #include <kelutv/Audio.h>
 #include <kelutv/Config.h>
+#include <kelutv/Factory.h>
 #include <kelutv/HdmiCEC.h>
 #include <kelutv/KeluEEP.h>
 #include <kelutv/KeluVbiCtrl.h>

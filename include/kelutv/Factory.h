@@ -1,0 +1,1673 @@
+#pragma once
+
+#include <kelutv/export.h>
+#include <kelutv/factory_types.h>
+
+#include <list>
+#include <string>
+
+/**
+ * The factory menu, the production line and the service: calibration, panel and interfaces, power, identity of the set,
+ * keys, the laser projector and external picture chips.
+ *
+ * Every operation is one command to the TV base service, which owns all values and gives them their meaning; the object
+ * keeps none. A `bool` travels as 0 or 1. An operation blocks until the service has answered, may be called from any
+ * thread, and writes nothing to the log unless it says so, save that a set command whose link fails is logged as
+ * "invoke failure\n", and one that reads an answer also when the service fails. What is logged here has error priority
+ * and no tag. Texts are copied into the caller's buffer whatever its size.
+ */
+class KELUTV_API Factory {
+public:
+    /** The one object, made on the first call from any thread and kept until the process ends. */
+    static Factory* instance();
+
+    Factory(const Factory&) = delete;
+    Factory& operator=(const Factory&) = delete;
+
+    /** @name Calibration, colour temperature and white balance @{ */
+
+    /**
+     * Calibrates the analogue input by itself.
+     * Sends `CMD_FACTORY_AUTOCALIBRATION`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int autoCalibration();
+
+    /**
+     * Reads the calibration of an analogue input.
+     * Sends `CMD_FACTORY_GETADCGAINOFFSET`: `srcId`.
+     * @param srcId Source, of `KELU_TV_SRC_E`.
+     * @return The record; all zeros when the service or the link fails.
+     */
+    CalibrationInfo getADCGainOffset(int srcId);
+
+    /**
+     * Sets the calibration of an analogue input.
+     * Sends `CMD_FACTORY_SETADCGAINOFFSET`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
+     * `blueOffset`.
+     * @param srcId Source, of `KELU_TV_SRC_E`.
+     * @param info Gains and offsets; the service enforces the ranges.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setADCGainOffset(int srcId, CalibrationInfo info);
+
+    /**
+     * Reads the white balance of a colour temperature.
+     * Sends `CMD_FACTORY_GETCOLORTEMP`: `colorTempLevel`.
+     * @param colorTempLevel Colour temperature, of `KELU_TV_COLORTEMP_E`.
+     * @return The record; all zeros when the service or the link fails.
+     */
+    ColorTempData getColorTemp(int colorTempLevel);
+
+    /**
+     * Sets the white balance of the colour temperature in use.
+     * Sends `CMD_FACTORY_SETCOLORTEMP`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
+     * `blueOffset`.
+     * @param srcId Source or colour temperature, as the service understands it.
+     * @param info Gains and offsets; the service enforces the ranges.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setColorTemp(int srcId, ColorTempData info);
+
+    /**
+     * Reads the points of a non-linear adjustment.
+     * Sends `CMD_FACTORY_GETNLAPOINT`: `item`, `srcId`.
+     * @param item Adjustment as the service numbers it.
+     * @param srcId Source.
+     * @return The record; all zeros when the service or the link fails.
+     */
+    NlaInfo getNLAPoint(int item, KELU_TV_SRC_E srcId);
+
+    /**
+     * Sets the points of a non-linear adjustment.
+     * Sends `CMD_FACTORY_SETNLAPOINT`: `item`, `point0`, `point25`, `point50`, `point75`, `point100`.
+     * @param item Adjustment as the service numbers it.
+     * @param info The points; the service enforces the ranges.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setNLAPoint(int item, NlaInfo info);
+
+    /**
+     * Copies the non-linear adjustment to all sources.
+     * Sends `CMD_FACTORY_UPATANLATOSURCEO`. Prints "updataNLAToSource\n" to standard error first.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int updataNLAToSource();
+
+    /**
+     * Puts the colour temperatures back to their defaults.
+     * Sends `CMD_FACTORY_RESTORECOLORTEMP`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int restoreColorTemp();
+
+    /**
+     * Reads the report on the automatic white balance.
+     * Sends `CMD_FACTORY_GETCOLORTEMPDEBUGINFO`: `colorTempIndex`.
+     * @param str Receives the text, terminator included; must have room for it. Untouched on failure.
+     * @param colorTempIndex Colour temperature as the service numbers it.
+     * @return 0; -1 when the service or the link fails or there is no text, and for a null `str`, with nothing sent;
+     * each is logged.
+     */
+    int getAutoColorTempDebugInfo(char* str, int colorTempIndex);
+
+    /**
+     * Shows a plain colour for the adjustment of the white balance, or ends it.
+     * Sends `CMD_FACTORY_SETWHITEBALANCECOLOR`: `onoff`, `red`, `green`, `blue`.
+     * @param onoff True shows it.
+     * @param red,green,blue The colour; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setWhiteBalanceColor(bool onoff, int red, int green, int blue);
+
+    /**
+     * Tells whether the main chip can show the colours of the white balance.
+     * Sends `CMD_FACTORY_GET_IS_SUPPORT_SOC_WB_PATTERN`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSupportSocWhiteBalancePattern();
+
+    /**
+     * Starts the adjustment of the white balance by infrared.
+     * Sends `CMD_EXTRA_SETENTERIRWBADJ`. A get command, although it starts something.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int enterIrWBAdj();
+
+    /**
+     * Reads how far the adjustment of the white balance by infrared has come.
+     * Sends `CMD_FACTORY_GET_IR_WB_RESULT`.
+     * @return The status; -1 when the service or the link fails.
+     */
+    int getIRWBStatus();
+
+    /**
+     * Sets the gamma of the picture processing.
+     * Sends `CMD_FACTORY_SET_PQ_GAMMA_VALUE`: `value`. Prints "pqSetGammaValue\n" to standard error first.
+     * @param value Gamma; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int pqSetGammaValue(int value);
+
+    /**
+     * Reads the version of the picture processing data.
+     * Sends `CMD_FACOTRY_COMMON_GET_PQ_BINVERSION`. What the service answers is printed to standard error as
+     * "pStr=%s\n", "(null)" for no text, and a missing text or buffer as "getPQBinVersion error\n".
+     * @param pPQBinVersion Receives the text, terminator included; must have room for it. Untouched on failure.
+     * @return 0; -1 when the service or the link fails, when there is no text, and for a null `pPQBinVersion`, for
+     * which the command is sent nevertheless.
+     */
+    int getPQBinVersion(char* pPQBinVersion);
+
+    /**
+     * Names a colour table to the picture processing.
+     * Sends `CMD_FACOTRY_COMMON_COPY_SOURCE_COLOR_LUT`: `cmdID`.
+     * @param cmdID The table.
+     * @param pParm Not sent.
+     * @return 0; -1, with "pqIoCtl error" on standard error, for any other result of the service and when the link
+     * fails.
+     */
+    int pqIoCtl(KELU_TV_PQ_IOCTL_CMD_E cmdID, void* pParm);
+
+    /** @} */
+
+    /** @name Overscan, panel interface, memory spread, gamma and test patterns @{ */
+
+    /**
+     * Reads what part of the picture is shown.
+     * Sends `CMD_FACTORY_GETOVERSCAN`.
+     * @return The record; all zeros when the service or the link fails.
+     */
+    KeluRect getOverscan();
+
+    /**
+     * Sets what part of the picture is shown.
+     * Sends `CMD_FACTORY_SETOVERSCAN`: `x`, `y`, `width`, `height`.
+     * @param rect The part; the service enforces the ranges.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setOverscan(KeluRect rect);
+
+    /**
+     * Tells whether the panel interface puts out its signal.
+     * Sends `CMD_FACTORY_GETPANELINTFOUTENABLE`.
+     * @return 1 when it does, 0 when not; -1 when the service or the link fails.
+     */
+    int getPanelIntfOutEnable();
+
+    /**
+     * Turns the output of the panel interface on or off.
+     * Sends `CMD_FACTORY_SETPANELINTFOUTENABLE`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelIntfOutEnable(bool onoff);
+
+    /**
+     * Tells whether the clock of the panel interface is spread.
+     * Sends `CMD_FACTORY_GETPANELSPREADENABLE`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool getPanelSpreadEnable();
+
+    /**
+     * Turns the spreading of the panel interface's clock on or off.
+     * Sends `CMD_FACTORY_SETPANELSPREADENABLE`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelSpreadEnable(bool onoff);
+
+    /**
+     * Reads how far the clock of the panel interface is spread.
+     * Sends `CMD_FACTORY_GETPANELSPREADRATIO`.
+     * @return The ratio; -1 when the service or the link fails.
+     */
+    int getPanelSpreadRatio();
+
+    /**
+     * Sets how far the clock of the panel interface is spread.
+     * Sends `CMD_FACTORY_SETPANELSPREADRATIO`: `ratio`.
+     * @param ratio Ratio; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelSpreadRatio(int ratio);
+
+    /**
+     * Reads the frequency at which the clock of the panel interface is spread.
+     * Sends `CMD_FACTORY_GETPANELSPREADFREQ`.
+     * @return The frequency; -1 when the service or the link fails.
+     */
+    int getPanelSpreadFreq();
+
+    /**
+     * Sets the frequency at which the clock of the panel interface is spread.
+     * Sends `CMD_FACTORY_SETPANELSPREADFREQ`: `freq`.
+     * @param freq Frequency; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelSpreadFreq(int freq);
+
+    /**
+     * Reads the drive current of the panel interface.
+     * Sends `CMD_FACTORY_GETPANELDRVCURRENT`.
+     * @return The current; -1 when the service or the link fails.
+     */
+    int getPanelDrvCurrent();
+
+    /**
+     * Sets the drive current of the panel interface.
+     * Sends `CMD_FACTORY_SETPANELDRVCURRENT`: `current`.
+     * @param current Current; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelDrvCurrent(int current);
+
+    /**
+     * Reads the common-mode voltage of the panel interface.
+     * Sends `CMD_FACTORY_GETPANELCOMVOLTAGE`.
+     * @return The voltage; -1 when the service or the link fails.
+     */
+    int getPanelComVoltage();
+
+    /**
+     * Sets the common-mode voltage of the panel interface.
+     * Sends `CMD_FACTORY_SETPANELCOMVOLTAGE`: `voltage`.
+     * @param voltage Voltage; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelComVoltage(int voltage);
+
+    /**
+     * Reads the pre-emphasis of the panel interface.
+     * Sends `CMD_FACTORY_GETPANELEMPHASIS`.
+     * @return The pre-emphasis; -1 when the service or the link fails.
+     */
+    int getPanelEmphasis();
+
+    /**
+     * Sets the pre-emphasis of the panel interface.
+     * Sends `CMD_FACTORY_SETPANELEMPHASIS`: `ems`.
+     * @param ems Pre-emphasis; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelEmphasis(int ems);
+
+    /**
+     * Tells whether the clock of the memory interface is spread.
+     * Sends `CMD_FACTORY_GETDDRSPREADENABLE`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isDdrSpreadEnable();
+
+    /**
+     * Turns the spreading of the memory interface's clock on or off.
+     * Sends `CMD_FACTORY_SETDDRSPREADENABLE`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int EnableDdrSpread(bool onoff);
+
+    /**
+     * Reads how far the clock of the memory interface is spread.
+     * Sends `CMD_FACTORY_GETDDRSPREADRATIO`.
+     * @return The ratio; -1 when the service or the link fails.
+     */
+    int getDdrSpreadRatio();
+
+    /**
+     * Sets how far the clock of the memory interface is spread.
+     * Sends `CMD_FACTORY_SETDDRSPREADRATIO`: `ratio`.
+     * @param ratio Ratio; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setDdrSpreadRatio(int ratio);
+
+    /**
+     * Reads the frequency at which the clock of the memory interface is spread.
+     * Sends `CMD_FACTORY_GETDDRSPREADFREQ`.
+     * @return The frequency; -1 when the service or the link fails.
+     */
+    int getDdrSpreadFreq();
+
+    /**
+     * Sets the frequency at which the clock of the memory interface is spread.
+     * Sends `CMD_FACTORY_SETDDRSPREADFREQ`: `freq`.
+     * @param freq Frequency; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setDdrSpreadFreq(int freq);
+
+    /**
+     * Reads the gamma curve.
+     * Sends `CMD_FACTORY_GETGAMMA`.
+     * @return The number of the curve; -1 when the service or the link fails.
+     */
+    int getGamma();
+
+    /**
+     * Sets the gamma curve.
+     * Sends `CMD_FACTORY_SETGAMMA`: `gamma`.
+     * @param gamma Number of the curve; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setGamma(int gamma);
+
+    /**
+     * Reads the test pattern.
+     * Sends `CMD_FACTORY_GETTESTPATTERN`.
+     * @return The number of the pattern; -1 when the service or the link fails.
+     */
+    int getTestPattern();
+
+    /**
+     * Sets the test pattern.
+     * Sends `CMD_FACTORY_SETTESTPATTERN`: `index`.
+     * @param index Number of the pattern; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setTestPattern(int index);
+
+    /**
+     * Reads the panel that the set is built with.
+     * Sends `CMD_FACTORY_GETPANELINDEX`.
+     * @return The number of the panel; -1 when the service or the link fails.
+     */
+    int getPanelIndex();
+
+    /**
+     * Sets the panel that the set is built with.
+     * Sends `CMD_FACTORY_SETPANELINDEX`: `index`.
+     * @param index Number of the panel; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelIndex(int index);
+
+    /**
+     * Reads how the picture is flipped and mirrored.
+     * Sends `CMD_FACTORY_GETPANELFLIPMIRROR`.
+     * @return The way; -1 when the service or the link fails.
+     */
+    int getPanelFlipMirror();
+
+    /**
+     * Sets how the picture is flipped and mirrored.
+     * Sends `CMD_FACTORY_SETPANELFLIPMIRROR`: `flip`.
+     * @param flip Way; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPanelFlipMirror(int flip);
+
+    /**
+     * Sets the test pattern of the picture chip.
+     * Sends `CMD_FACTORY_SET_ICHIP_TEST_PATTERN`: `pattern`.
+     * @param pattern Number of the pattern; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setIChipTestPattern(int pattern);
+
+    /** @} */
+
+    /** @name Backlight, LEDs and panel compensation @{ */
+
+    /**
+     * Reads the highest duty of the backlight.
+     * Sends `CMD_FACTORY_GETBLPWMMAX`.
+     * @return The duty; -1 when the service or the link fails.
+     */
+    int getBackLightPwmMax();
+
+    /**
+     * Sets the highest duty of the backlight.
+     * Sends `CMD_FACTORY_SETBLPWMMAX`: `pwmMax`.
+     * @param pwmMax Duty; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setBackLightPwmMax(int pwmMax);
+
+    /**
+     * Reads the lowest duty of the backlight.
+     * Sends `CMD_FACTORY_GETBLPWMMIN`.
+     * @return The duty; -1 when the service or the link fails.
+     */
+    int getBackLightPwmMin();
+
+    /**
+     * Sets the lowest duty of the backlight.
+     * Sends `CMD_FACTORY_SETBLPWMMIN`: `pwmMin`.
+     * @param pwmMin Duty; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setBackLightPwmMin(int pwmMin);
+
+    /**
+     * Reads the step of the dream panel.
+     * Sends `CMD_FACTORY_GET_DREAM_PANEL_DELTA_VALUE`.
+     * @return The step; -1 when the service or the link fails.
+     */
+    int getDreamPanelDeltaValue();
+
+    /**
+     * Sets the step of the dream panel.
+     * Sends `CMD_FACTORY_SET_DREAM_PANEL_DELTA_VALUE`: `tmpValue`.
+     * @param tmpValue Step; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setDreamPanelDeltaValue(int tmpValue);
+
+    /**
+     * Reads the dream panel's offset of the lowest backlight.
+     * Sends `CMD_FACTORY_GET_DP_BL_MIN_OFFSET`.
+     * @return The offset; -1 when the service or the link fails.
+     */
+    int getDPBLMinOffset();
+
+    /**
+     * Sets the dream panel's offset of the lowest backlight.
+     * Sends `CMD_FACTORY_SET_DP_BL_MIN_OFFSET`: `tmpValue`.
+     * @param tmpValue Offset; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setDPBLMinOffset(int tmpValue);
+
+    /**
+     * Reads the disturbing mode of the LED.
+     * Sends `CMD_FACTORY_GETBLEDDISTURBINGMODE`.
+     * @return One of `KELU_TV_LED_DISTURBING_MODE_E`; -1 when the service or the link fails.
+     */
+    int getLedDisturbingMode();
+
+    /**
+     * Sets the disturbing mode of the LED.
+     * Sends `CMD_FACTORY_SETBLEDDISTURBINGMODE`: `mode`.
+     * @param mode One of `KELU_TV_LED_DISTURBING_MODE_E`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLedDisturbingMode(int mode);
+
+    /**
+     * Sets the state of the breathing LED.
+     * Sends `CMD_FACTORY_SET_BREATHE_LED_STATUS`: `arg1`, `arg2`.
+     * @param arg1,arg2 What the service defines.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setBreathePlatformStatus(int arg1, int arg2);
+
+    /**
+     * Tells whether the picture is shifted to spare an OLED panel.
+     * Sends `CMD_EXTRA_GETOLEDPIEXLSHIFTENABLE`.
+     * @return 1 when it is, 0 when not; -1 when the service or the link fails.
+     */
+    int getOLEDPixelShiftEnable();
+
+    /**
+     * Turns the shifting of the picture on an OLED panel on or off.
+     * Sends `CMD_EXTRA_SETOLEDPIEXLSHIFTENABLE`: `enable`.
+     * @param enable 1 turns it on, 0 off.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setOLEDPixelShiftEnable(int enable);
+
+    /**
+     * Reads which line overdrive table is used.
+     * Sends `CMD_FACTORY_GETLINEODINDEX`.
+     * @return The index; -1 when the service or the link fails.
+     */
+    int getLineODIndex();
+
+    /**
+     * Chooses the line overdrive table.
+     * Sends `CMD_FACTORY_SETLINEODINDEX`: `tmpIndex`.
+     * @param tmpIndex Index in the list of `getLineODListTable`.
+     * @return False for success; true for any other result of the service and when the link fails.
+     */
+    bool setLineODIndex(int tmpIndex);
+
+    /**
+     * Lists the line overdrive tables by name.
+     * Sends `CMD_FACTORY_GETLINEODLIST`.
+     * @return The names in the order of the service; empty when the service or the link fails.
+     */
+    std::list<std::string> getLineODListTable();
+
+    /**
+     * Sets one of the LEDs.
+     * Sends `CMD_FACTORY_SETVARIETYLEDCONTROL`: `ledType`, `value`.
+     * @param ledType LED as the service numbers it.
+     * @param value Value; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setVarietyLedControl(int ledType, int value);
+
+    /** @} */
+
+    /** @name Tuner, picture and sound tuning @{ */
+
+    /**
+     * Tells whether analogue television starts with its initial channels.
+     * Sends `CMD_FACTORY_GETATVINITIALCHANNEL`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isATVIniChnEnable();
+
+    /**
+     * Turns the initial channels of analogue television on or off.
+     * Sends `CMD_FACTORY_SETATVINITIALCHANNEL`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enableATVIniChn(bool onoff);
+
+    /**
+     * Reads the handling of overmodulation.
+     * Sends `CMD_FACTORY_GETOVERMODULATION`.
+     * @return The mode; -1 when the service or the link fails.
+     */
+    int getOverModulation();
+
+    /**
+     * Sets the handling of overmodulation.
+     * Sends `CMD_FACTORY_SETOVERMODULATION`: `over`.
+     * @param over Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setOverModulation(int over);
+
+    /**
+     * Reads the frequency offset of the tuner.
+     * Sends `CMD_FACTORY_GETFREQUENCYOFFSET`.
+     * @return The offset; -1 when the service or the link fails.
+     */
+    int getFrequencyOffset();
+
+    /**
+     * Sets the frequency offset of the tuner.
+     * Sends `CMD_FACTORY_SETFREQUENCYOFFSET`: `offset`.
+     * @param offset Offset; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setFrequencyOffset(int offset);
+
+    /**
+     * Reads the bandwidth of the tuner.
+     * Sends `CMD_FACTORY_GETTUNERBANDWIDTH`.
+     * @return The bandwidth; -1 when the service or the link fails.
+     */
+    int getTunerBandwidth();
+
+    /**
+     * Sets the bandwidth of the tuner.
+     * Sends `CMD_FACTORY_SETTUNERBANDWIDTH`: `bandwidth`.
+     * @param bandwidth Bandwidth; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setTunerBandwidth(int bandwidth);
+
+    /**
+     * Sets the threshold of the noise reduction.
+     * Sends `CMD_FACTORY_SETNRTHRESHOLD`: `level`.
+     * @param level Threshold; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setNRThreshold(int level);
+
+    /**
+     * Reads the threshold of the noise reduction.
+     * Sends `CMD_FACTORY_GETNRTHRESHOLD`.
+     * @return The threshold; -1 when the service or the link fails.
+     */
+    int getNRThreshold();
+
+    /**
+     * Sets the threshold of the automatic volume control.
+     * Sends `CMD_FACTORY_SETAVCTHRESHOLD`: `level`.
+     * @param level Threshold; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setAVCThreshold(int level);
+
+    /**
+     * Reads the threshold of the automatic volume control.
+     * Sends `CMD_FACTORY_GETAVCTHRESHOLD`.
+     * @return The threshold; -1 when the service or the link fails.
+     */
+    int getAVCThreshold();
+
+    /**
+     * Reads the parametric equaliser of the sound.
+     * Sends `CMD_FACTORY_GETSOUNDPEQ`.
+     * @return The record; all zeros when the service or the link fails.
+     */
+    SoundPeqData getSoundPEQ();
+
+    /**
+     * Sets the parametric equaliser of the sound.
+     * Sends `CMD_FACTORY_SETSOUNDPEQ`: the twelve fields in order.
+     * @param info Frequencies, gains and qualities; the service enforces the ranges.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setSoundPEQ(SoundPeqData info);
+
+    /**
+     * Reads the volume curve.
+     * Sends `CMD_FACTORY_GETSOUNDCURVE`: `length`.
+     * @param pData Room for `length` doubles; all are written, 0 where the service sent less. Untouched on failure.
+     * @param length Number of points; below 1 it is sent and none is read.
+     * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
+     */
+    int getSoundCurve(double* pData, int length);
+
+    /**
+     * Sets the volume curve.
+     * Sends `CMD_FACTORY_SETSOUNDCURVE`: `length`, then `length` doubles of `info`.
+     * @param info The points.
+     * @param length Number of points; sent as it is, and below 1 no point behind it.
+     * @return The service's result, 0 for success; -1 when the link fails, and for a null `info`, logged and with
+     * nothing sent.
+     */
+    int setSoundCurve(double* info, int length);
+
+    /**
+     * Reads the control points of the volume.
+     * Sends `CMD_FACTORY_GET_CTL_VOLUME`.
+     * @param soundCurveCtlData Receives the points, at most as many as the answer holds; must have room for them.
+     *         Untouched on failure.
+     * @param volumeNum Receives the number of points as the service gave it.
+     * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
+     * sent.
+     */
+    int getSoundCurveCtlData(int* soundCurveCtlData, int* volumeNum);
+
+    /**
+     * Reads the control points of the headphone volume.
+     * Sends `CMD_FACTORY_GET_CTL_HEADPHONE_VOLUME`.
+     * @param soundCurveCtlData Receives the points, at most as many as the answer holds; must have room for them.
+     *         Untouched on failure.
+     * @param volumeNum Receives the number of points as the service gave it.
+     * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
+     * sent.
+     */
+    int getHeadPhoneSoundCurveCtlData(int* soundCurveCtlData, int* volumeNum);
+
+    /** @} */
+
+    /** @name Generic item access @{ */
+
+    /**
+     * Reads a non-standard item.
+     * Sends `CMD_FACTORY_GETNONSTANDARDITEMVALUE`: `itemid`.
+     * @param itemid Item, a `KELU_TV_NONSTAND_TPYE_E`.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int getNonStandardItemValue(int itemid);
+
+    /**
+     * Sets a non-standard item.
+     * Sends `CMD_FACTORY_SETNONSTANDARDITEMVALUE`: `itemid`, `value`.
+     * @param itemid Item, a `KELU_TV_NONSTAND_TPYE_E`.
+     * @param value Value; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setNonStandardItemValue(int itemid, int value);
+
+    /**
+     * Reads an item of the performance.
+     * Sends `CMD_FACTORY_GETPERFORMANCEITEMVALUE`: `itemid`.
+     * @param itemid Item as the service numbers it.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int getPerformanceItemValue(int itemid);
+
+    /**
+     * Sets an item of the performance.
+     * Sends `CMD_FACTORY_SETPERFORMANCEITEMVALUE`: `itemid`, `value`.
+     * @param itemid Item as the service numbers it.
+     * @param value Value; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPerformanceItemValue(int itemid, int value);
+
+    /**
+     * Reads one of the other items.
+     * Sends `CMD_FACTORY_GETOTHERITEMVALUE`: `itemid`.
+     * @param itemid Item as the service numbers it.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int getOtherItemValue(int itemid);
+
+    /**
+     * Sets one of the other items.
+     * Sends `CMD_FACTORY_SETOTHERITEMVALUE`: `itemid`, `value`.
+     * @param itemid Item as the service numbers it.
+     * @param value Value; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setOtherItemValue(int itemid, int value);
+
+    /**
+     * Sets one item.
+     * Sends `CMD_FACOTRY_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
+     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2,param3,param4 What the item defines.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setFactoryItemValue(int cmdID, int param1, int param2, int param3, int param4);
+
+    /**
+     * Reads one item.
+     * Sends `CMD_FACOTRY_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
+     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2 What the item defines.
+     * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on
+     *         failure.
+     * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
+     */
+    int getFactoryItemValue(int cmdID, int param1, int param2, int* pData);
+
+    /**
+     * Reads one item that is a text.
+     * Sends `CMD_FACOTRY_COMMON_GET_ITEM_STRVALUE`: `cmdID`, `param1`, `param2`.
+     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2 What the item defines.
+     * @param data Receives the text, terminator included; must have room for it. Untouched on failure.
+     * @return 0; -1 when the service or the link fails or there is no text, and for a null `data`, with nothing sent;
+     * each is logged under the name of a system function.
+     */
+    int getFactoryItemStrValue(int cmdID, int param1, int param2, char* data);
+
+    /**
+     * Sets one item that is a text.
+     * Sends `CMD_FACOTRY_COMMON_SET_ITEM_STRVALUE`: `cmdID`, `param1`, `stringParam`, `param2`; the text travels
+     * before `param2`.
+     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param param1,param2 What the item defines.
+     * @param stringParam The text; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setFactoryItemStrValue(int cmdID, int param1, int param2, char const* stringParam);
+
+    /** @} */
+
+    /** @name Power, modes and maintenance @{ */
+
+    /**
+     * Turns the ageing mode on or off.
+     * Sends `CMD_FACTORY_SETAGINGMODE`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enableAgingMode(bool onoff);
+
+    /**
+     * Tells whether the ageing mode is on.
+     * Sends `CMD_FACTORY_GETAGINGMODE`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isAgingModeEnable();
+
+    /**
+     * Erases the non-volatile memory.
+     * Sends `CMD_FACTORY_RESETNVM`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int resetNVM();
+
+    /**
+     * Puts the channels of analogue television back to their defaults.
+     * Sends `CMD_FACTORY_RESETATVCHANNEL`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int resetAtvChannel();
+
+    /**
+     * Starts recording the transport stream to a USB store.
+     * Sends `CMD_FACTORY_STARTRECORDERTS`: `usbPath`. Logged first as "DtvChannel startRecorderTsStream usbPath =
+     * %s".
+     * @param usbPath Where to; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int startRecorderTsStream(char const* usbPath);
+
+    /**
+     * Ends the recording of the transport stream.
+     * Sends `CMD_FACTORY_STOPRECORDERTS`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int stopRecorderTsStream();
+
+    /**
+     * Tells whether the watchdog runs.
+     * Sends `CMD_FACTORY_GETWATCHDOG`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isWdtEnable();
+
+    /**
+     * Turns the watchdog on or off.
+     * Sends `CMD_FACTORY_SETWATCHDOG`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enableWdt(bool onoff);
+
+    /**
+     * Tells whether the serial port is on.
+     * Sends `CMD_FACTORY_GETUART`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isUartEnable();
+
+    /**
+     * Turns the serial port on or off.
+     * Sends `CMD_FACTORY_SETUART`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enableUart(bool onoff);
+
+    /**
+     * Starts an upgrade of the system.
+     * Sends `CMD_FACTORY_UPGRADESYSTEM`: `mode`.
+     * @param mode Way of upgrading as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int upgradeSystem(int mode);
+
+    /**
+     * Sets what the set does when power comes on.
+     * Sends `CMD_FACTORY_SETPOWERMODE`: `mode`.
+     * @param mode Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPoweronMode(int mode);
+
+    /**
+     * Reads what the set does when power comes on.
+     * Sends `CMD_FACTORY_GETPOWERMODE`.
+     * @return The mode; -1 when the service or the link fails.
+     */
+    int getPoweronMode();
+
+    /**
+     * Turns the tune at power-on on or off.
+     * Sends `CMD_FACTORY_SETPOWERMUSIC`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int enablePowerMusic(bool onoff);
+
+    /**
+     * Tells whether a tune is played at power-on.
+     * Sends `CMD_FACTORY_GETPOWERMUSIC`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isPowerMusicEnable();
+
+    /**
+     * Sets the volume of the tune at power-on.
+     * Sends `CMD_FACTORY_SETPOWERMUSICVOL`: `val`.
+     * @param val Volume; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPowerMusicVol(int val);
+
+    /**
+     * Reads the volume of the tune at power-on.
+     * Sends `CMD_FACTORY_GETPOWERMUSICVOL`.
+     * @return The volume; -1 when the service or the link fails.
+     */
+    int getPowerMusicVol();
+
+    /**
+     * Sets how the set is suspended.
+     * Sends `CMD_FACTORY_SETSUSPENDMODE`: `mode`.
+     * @param mode Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setSuspendMode(int mode);
+
+    /**
+     * Reads how the set is suspended.
+     * Sends `CMD_FACTORY_GETSUSPENDMODE`.
+     * @return The mode; -1 when the service or the link fails.
+     */
+    int getSuspendMode();
+
+    /**
+     * Sets how the set is suspended, for the set's own use.
+     * Sends `CMD_FACTORY_SETSUSPENDMODEINNER`: `mode`.
+     * @param mode Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setSuspendModeInner(int mode);
+
+    /**
+     * Turns the amplifier of the 2.4 GHz module on or off.
+     * Sends `CMD_FACTORY_SET24GAMPENABLE`: `enable`.
+     * @param enable True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int set24GAMPEnable(bool enable);
+
+    /**
+     * Names the file that the 2.4 GHz module is upgraded from.
+     * Sends `CMD_FACTORY_SET24GUPGRADEPATH`: `path`.
+     * @param path The file; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int set24GUpgradePath(char* path);
+
+    /**
+     * Reads whether the 2.4 GHz module is connected.
+     * Sends `CMD_FACTORY_GET24GCONNECTSTATUS`. A set command, although it reads something.
+     * @return The service's result, which is the status; -1 when the link fails.
+     */
+    int get24GConnectStatus();
+
+    /**
+     * Puts the set back to the state in which it left the factory.
+     * Sends `CMD_FACTORY_RESTOREFACTORY`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int restoreFactory();
+
+    /**
+     * Puts the settings of the factory menu back to their defaults.
+     * Sends `CMD_FACTORY_RESTOREFACTORYSETTING`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int restoreFactorySetting();
+
+    /**
+     * Reads what the serial port is used for.
+     * Sends `CMD_FACTORY_GETUARTMODE`.
+     * @return The mode; -1 when the service or the link fails.
+     */
+    int getUartMode();
+
+    /**
+     * Sets what the serial port is used for.
+     * Sends `CMD_FACTORY_SETUARTMODE`: `mode`.
+     * @param mode Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setUartMode(int mode);
+
+    /**
+     * Reads the mode of the single key.
+     * Sends `CMD_FACTORY_GETSINGLEKEYMODE`.
+     * @return The mode; -1 when the service or the link fails.
+     */
+    int getSingleKeyMode();
+
+    /**
+     * Sets the mode of the single key.
+     * Sends `CMD_FACTORY_SETSINGLEKEYMODE`: `mode`.
+     * @param mode Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setSingleKeyMode(int mode);
+
+    /**
+     * Reads the customer code of the remote control.
+     * Sends `CMD_FACTORY_GETIRCUSTOMCODE`.
+     * @return The code; -1 when the service or the link fails.
+     */
+    int getIrCustomCode();
+
+    /**
+     * Sets the customer code of the remote control.
+     * Sends `CMD_FACTORY_SETIRCUSTOMCODE`: `num`.
+     * @param num Code; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setIrCustomCode(int num);
+
+    /**
+     * Tells whether the board is marked as repaired.
+     * Sends `CMD_FACTORY_GETREPAIREDBOARD`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool getRepairedBoard();
+
+    /**
+     * Turns the mark of a repaired board on or off.
+     * Sends `CMD_FACTORY_SETREPAIREDBOARD`: `onoff`.
+     * @param onoff True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setRepairedBoard(bool onoff);
+
+    /**
+     * Saves, restores or updates the stored data.
+     * Sends `CMD_FACTORY_OPERATEEROM`: `oper`, `path`.
+     * @param oper One of `KELU_TV_OPERATEFLASHEEPROM`.
+     * @param path Where from or where to; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int operateFlashEEPROM(int oper, char const* path);
+
+    /**
+     * Puts the working time back to 0.
+     * Sends `CMD_FACTORY_RESETWORKINGTIME`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int resetWorkingTime();
+
+    /**
+     * Sets the status of the wireless network test.
+     * Sends `CMD_FACTORY_SETWIFITESTSTATUS`: `value`.
+     * @param value Status; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setWifiTestStatus(int value);
+
+    /**
+     * Reads the status of the wireless network test.
+     * Sends `CMD_FACTORY_GETWIFITESTSTATUS`.
+     * @return The status; -1 when the service or the link fails.
+     */
+    int getWifiTestStatus();
+
+    /**
+     * Sets the result of the Bluetooth test.
+     * Sends `CMD_FACOTRY_SET_BT_TESTRESULT`: `value`.
+     * @param value Result as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setBTTestResult(int value);
+
+    /**
+     * Sets how much the service logs.
+     * Sends `CMD_EXTRA_SETLOGLEVEL`: `level`.
+     * @param level Level; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setPrintLogLevel(int level);
+
+    /**
+     * Reads how much the service logs.
+     * Sends `CMD_EXTRA_GETLOGLEVEL`.
+     * @return The level; -1 when the service or the link fails.
+     */
+    int getPrintLogLevel();
+
+    /**
+     * Sets the identification data that the HDMI inputs offer.
+     * Sends `CMD_EXTRA_SETEDIDTYPE`: `type`.
+     * @param type One of `KELU_TV_EDID_TYPE_E`.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setEDIDType(int type);
+
+    /**
+     * Reads the identification data that the HDMI inputs offer.
+     * Sends `CMD_EXTRA_GETEDIDTYPE`.
+     * @return One of `KELU_TV_EDID_TYPE_E`; -1 when the service or the link fails.
+     */
+    int getEDIDType();
+
+    /**
+     * Writes to the serial port.
+     * Sends `CMD_EXTRA_SETUARTDATA`: `pData`. The text travels as UTF-16.
+     * @param pData The text, in UTF-8.
+     * @return The service's result, 0 for success; -1 when the link fails, and for a null `pData`, logged and with
+     * nothing sent.
+     */
+    int setUartData(char const* pData);
+
+    /** @} */
+
+    /** @name Device identity, versions and counters @{ */
+
+    /**
+     * Reads the name of the platform.
+     * Sends `CMD_FACTORY_GETPLATFORM`. A failure and a missing text are logged, each in its own words.
+     * @param str Receives the text, terminator included; must have room for it. Receives "default", with its
+     *         terminator, when the service or the link fails or there is no text.
+     * @return 0 in every other case; -1 for a null `str`, logged and with nothing sent.
+     */
+    int getPlatform(char* str);
+
+    /**
+     * Reads the date of the stored data.
+     * Sends `CMD_FACTORY_GETEEPROMDATE`. A failure and a missing text are logged, each in its own words.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "date error", with its
+     *         terminator, when the service or the link fails or there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getEepromDate(char* pStr);
+
+    /**
+     * Reads the bar code of the set.
+     * Sends `CMD_FACTORY_GETBARCODE`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error barcode", with its
+     *         terminator, when the service or the link fails or there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getBarCode(char* pStr);
+
+    /**
+     * Reads the identifier of the panel.
+     * Sends `CMD_FACTORY_GETPANELID`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error panelId", with its
+     *         terminator, when the service or the link fails or there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getPanelID(char* pStr);
+
+    /**
+     * Reads the address of the network port.
+     * Sends `CMD_FACTORY_GETMACADDRESS`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error mac", with its
+     *         terminator, when the service or the link fails or there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getMacAddress(char* pStr);
+
+    /**
+     * Sets the address of the network port.
+     * Sends `CMD_FACTORY_SETMACADDRESS`: `length`, then `length` ints of `pMacAddr`.
+     * @param pMacAddr The parts of the address; null sends none.
+     * @param length Number of parts; sent as it is, and below 1 no part behind it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setMacAddress(int* pMacAddr, int length);
+
+    /**
+     * Reads the identifier of the flash store.
+     * Sends `CMD_FACTORY_GET_EMMC_ID`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_emmc_id", without
+     *         its terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
+     *         text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getEmmcID(char* pStr);
+
+    /**
+     * Reads the identifier of the main chip.
+     * Sends `CMD_FACTORY_GET_SOC_CHIP_ID`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_chip_id", without
+     *         its terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
+     *         text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getSocChipID(char* pStr);
+
+    /**
+     * Reads the version of the inner timing controller.
+     * Sends `CMD_FACTORY_GET_INNER_TCON_VERSION`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_inner_tcon_ver",
+     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
+     *         there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getInnerTconVersion(char* pStr);
+
+    /**
+     * Reads the version of the external motion compensation.
+     * Sends `CMD_FACTORY_GET_EXTERNAL_MEMC_VERSION`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_external_memc_ver",
+     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
+     *         there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getExternalMemcVersion(char* pStr);
+
+    /**
+     * Reads the version of the panel's picture processing.
+     * Sends `CMD_FACTORY_GET_PANEL_PQ_VERSION`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_panel_pq_ver",
+     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
+     *         there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getPanelPQVersion(char* pStr);
+
+    /**
+     * Reads the version of the panel's data.
+     * Sends `CMD_FACTORY_GET_PANEL_DATA_VERSION`.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_external_panel_ver",
+     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
+     *         there is no text.
+     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     */
+    int getPanelDataVersion(char* pStr);
+
+    /**
+     * Reads the number of USB stores.
+     * Sends `CMD_FACTORY_GET_USBKINDNUM`.
+     * @param pData Receives one int, 0 where the service sent less. Untouched on failure.
+     * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
+     */
+    int getUDiskNum(int* pData);
+
+    /**
+     * Reads how long the system has been up.
+     * Sends `CMD_FACTORY_GETSYSUPTIME`.
+     * @param timeData Room for 2 ints; both are written, 0 where the service sent less. Untouched on failure.
+     * @return 0; -1 when the service or the link fails, and for a null `timeData`, with nothing sent; each is logged,
+     * null under the name of a picture function.
+     */
+    int getSystemupTime(int* timeData);
+
+    /**
+     * Sets the time that the network gave.
+     * Sends `CMD_FACTORY_SETINTERNETTIME`: `time`.
+     * @param time The time as a text; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setInternetTime(char const* time);
+
+    /**
+     * Reads the time that the network gave.
+     * Sends `CMD_FACTORY_GETINTERNETTIME`. A text that was read is logged as "getInternetTime %s".
+     * @param time Receives the text, terminator included; must have room for it. Receives "19700101", without its
+     *         terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
+     *         text.
+     * @return 0 in every other case; -1 for a null `time`, logged and with nothing sent.
+     */
+    int getInternetTime(char* time);
+
+    /**
+     * Reads how many USB ports the platform supports.
+     * Sends `CMD_FACTORY_GET_SUPPORTUSBNUM`.
+     * @param pData Receives one int, 0 where the service sent less. Untouched on failure.
+     * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
+     */
+    int getPlatFormSupportUsbNum(int* pData);
+
+    /** @} */
+
+    /** @name Keys, serial numbers, data transfer and external devices @{ */
+
+    /**
+     * Reads which keys have been burned.
+     * Sends `CMD_FACTORY_GETBURNKEYSTATUS`.
+     * @param bufData Room for 32 ints, one for each kind of key; all are written, 0 where the service sent less.
+     *         Untouched on failure.
+     * @return 0; -1 when the service or the link fails, and for a null `bufData`, with nothing sent; each is logged.
+     */
+    int getBurnKeyStatus(int* bufData);
+
+    /**
+     * Burns the key of the conditional access and reads the serial number.
+     * Sends `CMD_FACTORY_SETSTBOTPBURN`: `CaCardKind`, `str`. The serial number is logged.
+     * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
+     * @param str The key; null is sent as the empty text.
+     * @param snData Receives the serial number, terminator included; must have room for it. Untouched on failure.
+     * @return 0; -1 when the service or the link fails or there is no serial number, and when either pointer is null,
+     * for which the command is sent nevertheless; each is logged.
+     */
+    int setStbOtpBurn(int CaCardKind, char const* str, char* snData);
+
+    /**
+     * Reads a serial number of digital television.
+     * Sends `CMD_FACTORY_GETDTVSN`: `cmdId`.
+     * @param cmdId One of `KELU_TV_DTV_SN_E`.
+     * @param snData Receives the serial number, terminator included; must have room for it. Untouched on failure.
+     * @return 0; -1 when the service or the link fails or there is no serial number, and for a null `snData`, logged,
+     * for which the command is sent nevertheless.
+     */
+    int getDtvSn(int cmdId, char* snData);
+
+    /**
+     * Tells whether the key of the one-time programmable memory has been burned.
+     * Sends `CMD_FACTORY_GETISBURNOTPRSA`.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int getIsBurnOtpRsa();
+
+    /**
+     * Lists the kinds of key that a store holds.
+     * Sends `CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE`: `path`.
+     * @param path Where the keys are.
+     * @return The kinds, of `KELU_TV_MUL_KEY_E`, in the order of the service; empty when the service or the link
+     * fails, and for a null `path`, logged and with nothing sent.
+     */
+    std::list<int> getBurnKeyType(char const* path);
+
+    /**
+     * Reports an external device that was plugged in.
+     * Sends `CMD_FACTORY_EXTERNAL_DEV_INSERT`: `pData`.
+     * @param pData What the service defines.
+     * @return The value behind a result of 0; -1 when the service or the link fails, and for a null `pData`, logged
+     * and with nothing sent.
+     */
+    int exDevInserted(char const* pData);
+
+    /**
+     * Burns a key.
+     * Sends `CMD_FACTORY_SETKEYDATA`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of `pData`.
+     * @param type Kind of data as the service numbers it.
+     * @param pData The data; null sends none.
+     * @param length Number of ints; sent as it is, and below 1 no int behind the header.
+     * @param checksum,xorchecksum Sum and exclusive or of the data, worked out by the caller.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setKeyData(int type, int* pData, int length, int checksum, int xorchecksum);
+
+    /**
+     * Sends data that came in through the network port.
+     * Sends `CMD_FACTORY_NETPORTDATATRAN`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of
+     * `pData`.
+     * @param type Kind of data, a `KELU_TV_NETDATATRAN_TPYE_E`.
+     * @param pData The data; null sends none.
+     * @param length Number of ints; sent as it is, and below 1 no int behind the header.
+     * @param checksum,xorchecksum Sum and exclusive or of the data, worked out by the caller.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setNetPortDataTransmission(int type, int* pData, int length, int checksum, int xorchecksum);
+
+    /**
+     * Reads data to go out through the network port.
+     * Sends `CMD_FACTORY_GET_NETPORTDATATRAN`: `type`, `length`.
+     * @param type Kind of data, a `KELU_TV_NETDATATRAN_TPYE_E`.
+     * @param pData Room for `length` ints; all are written, 0 where the service sent less. Untouched on failure.
+     * @param length Number of ints; below 1 it is sent and none is read.
+     * @return 0; -1 when the service or the link fails, and for a null `pData`, logged under the name of a picture
+     * function and with nothing sent.
+     */
+    int getNetPortDataTransmission(int type, int* pData, int length);
+
+    /** @} */
+
+    /** @name Hardware capabilities @{ */
+
+    /**
+     * Tells whether the set has a router.
+     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_ROUTER`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSupportRouter();
+
+    /**
+     * Tells whether the set has a cable modem.
+     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_CABLE_MODEM`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSupportCableModem();
+
+    /**
+     * Tells whether the set has a wireless network.
+     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_WIFI`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSupportWifi();
+
+    /**
+     * Tells whether the set has Ethernet over coax.
+     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_EOC`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSupportEOC();
+
+    /**
+     * Reads the kind of device.
+     * Sends `CMD_FACTORY_GETDEVICEMODE`.
+     * @return The kind as the service numbers it; -1 when the service or the link fails.
+     */
+    int getDeviceMode();
+
+    /**
+     * Tells whether the set was made for an operator.
+     * Sends `CMD_FACTORY_ISOPERATORCUSTOMIZED`.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int isOperatorCustomized();
+
+    /**
+     * Tells whether the set has an external chip.
+     * Sends `CMD_FACOTRY_IS_SUPPORT_EXTERN_CHIP`: `chipType`.
+     * @param chipType Chip as the service numbers it.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool isSupportExternChip(int chipType);
+
+    /** @} */
+
+    /** @name Laser projector @{ */
+
+    /**
+     * Reads the test pattern of the laser projector.
+     * Sends `CMD_FACTORY_GET_LASER_TEST_PATTERN`.
+     * @return The number of the pattern; -1 when the service or the link fails.
+     */
+    int getLaserTVTestPattern();
+
+    /**
+     * Sets the test pattern of the laser projector.
+     * Sends `CMD_FACTORY_SET_LASER_TEST_PATTERN`: `pattern`.
+     * @param pattern Number of the pattern; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLaserTVTestPattern(int pattern);
+
+    /**
+     * Reads the index of a colour wheel.
+     * Sends `CMD_FACTORY_GET_LASER_WHEEL_INDEX`: `wheel`.
+     * @param wheel Wheel as the service numbers it.
+     * @return The index; -1 when the service or the link fails.
+     */
+    int getLaserWheelIndex(int wheel);
+
+    /**
+     * Sets the index of a colour wheel.
+     * Sends `CMD_FACTORY_SET_LASER_WHEEL_INDEX`: `wheel`, `index`.
+     * @param wheel Wheel as the service numbers it.
+     * @param index Index; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLaserWheelIndex(int wheel, int index);
+
+    /**
+     * Moves the motor of the lens.
+     * Sends `CMD_FACOTRY_SET_MOTOR_MOVE`: `move`.
+     * @param move Movement as the service numbers it.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setMotorMove(int move);
+
+    /**
+     * Sets the brightness mode of the laser.
+     * Sends `CMD_FACOTRY_SET_LASER_BRIGHT_MODE`: `mode`.
+     * @param mode Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLaserBrightMode(int mode);
+
+    /**
+     * Reads the brightness mode of the laser.
+     * Sends `CMD_FACOTRY_GET_LASER_BRIGHT_MODE`.
+     * @return The mode; -1 when the service or the link fails.
+     */
+    int getLaserBrightMode();
+
+    /**
+     * Sets how the projector stands to the screen.
+     * Sends `CMD_FACOTRY_SET_LASER_PONPUT_MODE`: `mode`.
+     * @param mode Mode; the service enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLaserPonputMode(int mode);
+
+    /**
+     * Reads how the projector stands to the screen.
+     * Sends `CMD_FACOTRY_GET_LASER_PONPUT_MODE`.
+     * @return The mode; -1 when the service or the link fails.
+     */
+    int getLaserPonputMode();
+
+    /**
+     * Turns the dimming of the laser when someone comes near on or off.
+     * Sends `CMD_FACOTRY_SET_LASER_EYE_SHIELD_MODE`: `mode`.
+     * @param mode True turns it on.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLaserEyeShieldMode(bool mode);
+
+    /**
+     * Tells whether the laser is dimmed when someone comes near.
+     * Sends `CMD_FACOTRY_GET_LASER_EYE_SHIELD_MODE`.
+     * @return False for the service's 0; true for any other answer, a failure included.
+     */
+    bool getLaserEyeShieldMode();
+
+    /**
+     * Reads the version of a firmware of the laser projector.
+     * Sends `CMD_FACOTRY_GET_LASER_FW_VERSION`: `type`.
+     * @param type Firmware as the service numbers it.
+     * @param pStr Receives the text, terminator included; must have room for it. Receives "error", without its
+     *         terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
+     *         text. Null drops it.
+     * @return 0 in every case.
+     */
+    int getLaserFWVersion(int type, char* pStr);
+
+    /**
+     * Sets one item of the laser projector.
+     * Sends `CMD_FACOTRY_SET_LASER_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
+     * @param cmdID Item as the service numbers it.
+     * @param param1,param2,param3,param4 What the item defines.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLaserItemValue(int cmdID, int param1, int param2, int param3, int param4);
+
+    /**
+     * Reads one item of the laser projector.
+     * Sends `CMD_FACOTRY_GET_LASER_ITEM_VALUE`: `cmdID`, `param`.
+     * @param cmdID Item as the service numbers it.
+     * @param param What the item defines.
+     * @param pData Receives one int, 0 where the service sent less. Untouched on failure.
+     * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
+     */
+    int getLaserItemValue(int cmdID, int param, int* pData);
+
+    /**
+     * Sets one item of the laser projector that is a text.
+     * Sends `CMD_FACOTRY_SET_LASER_ITEM_STRING_VALUE`: `cmdID`, `param`, `stringParam`.
+     * @param cmdID Item as the service numbers it.
+     * @param param What the item defines.
+     * @param stringParam The text; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setLaserItemStringValue(int cmdID, int param, char const* stringParam);
+
+    /** @} */
+
+    /** @name External picture-processing chips @{ */
+
+    /**
+     * Reads one item of the external picture chip.
+     * Sends `CMD_FACTORY_GET_NTPQITEMVALUE`: `channel`, `cmdId`.
+     * @param channel Channel of the chip.
+     * @param cmdId Item as the chip numbers it.
+     * @return The value; -1 when the service or the link fails.
+     */
+    int getNTPQItemValue(int channel, int cmdId);
+
+    /**
+     * Sets one item of the external picture chip.
+     * Sends `CMD_FACTORY_SET_NTPQITEMVALUE`: `channel`, `cmdId`, `value`.
+     * @param channel Channel of the chip.
+     * @param cmdId Item as the chip numbers it.
+     * @param value Value; the chip enforces the range.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setNTPQItemValue(int channel, int cmdId, int value);
+
+    /**
+     * Reads the version of the external picture chip.
+     * Sends `CMD_FACTORY_GET_NTPQPLATFORMVER`.
+     * @param Data Receives the text, terminator included; must have room for it. Untouched on failure and when there
+     *         is no text.
+     * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged and
+     * with nothing sent.
+     */
+    int getNTPQPlatFormVer(char* Data);
+
+    /**
+     * Upgrades the external picture chip.
+     * Sends `CMD_FACOTRY_UPGRADENTPQIC`: `chipId`, `path`.
+     * @param chipId Chip as the service numbers it.
+     * @param path The file to upgrade from; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int upgradeNTPQIC(int chipId, char const* path);
+
+    /**
+     * Sends a command to the NT72315 chip.
+     * Sends `CMD_FACTORY_SET_NT72315_COMMAND`: `mainCmd`, `subCmd`, `value`.
+     * @param mainCmd,subCmd Command as the chip numbers it.
+     * @param value Value of the command.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int setNT72315Command(int mainCmd, int subCmd, int value);
+
+    /**
+     * Reads the answer of the NT72315 chip to a command.
+     * Sends `CMD_FACTORY_GET_NT72315_COMMAND`: `mainCmd`, `subCmd`, `value`.
+     * @param mainCmd,subCmd Command as the chip numbers it.
+     * @param value Value of the command.
+     * @return The answer; -1 when the service or the link fails.
+     */
+    int getNT72315Command(int mainCmd, int subCmd, int value);
+
+    /**
+     * Reads the version of the EP9169 chip.
+     * Sends `CMD_FACTORY_GET_EP9169FORMVER`.
+     * @param Data Receives the text, terminator included; must have room for it. Untouched on failure and when there
+     *         is no text.
+     * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged in
+     * the words of `getNTPQPlatFormVer` and with nothing sent.
+     */
+    int getEP9169PlatFormVer(char* Data);
+
+    /**
+     * Upgrades the EP9169 chip.
+     * Sends `CMD_FACOTRY_UPGRADEEP9169IC`: `path`.
+     * @param path The file to upgrade from; null is sent as the empty text.
+     * @return The service's result, 0 for success; -1 when the link fails.
+     */
+    int upgradeEP9169IC(char const* path);
+
+    /** @} */
+
+    /** @name Composed of items @{ */
+
+    /**
+     * Reads the version of the 455 chip.
+     * `getFactoryItemStrValue` of `CMDID_FACTORY_GET_455_VERSION`, 0, 0.
+     * @param pdata Receives the text, as in `getFactoryItemStrValue`.
+     * @return What `getFactoryItemStrValue` gives.
+     */
+    int get455Version(char* pdata);
+
+    /**
+     * Reads the version of the 457 chip.
+     * `getFactoryItemStrValue` of `CMDID_FACTORY_GET_457_VERSION`, 0, 0.
+     * @param pdata Receives the text, as in `getFactoryItemStrValue`.
+     * @return What `getFactoryItemStrValue` gives.
+     */
+    int get457Version(char* pdata);
+
+    /**
+     * Saves the adjusted values.
+     * `setFactoryItemStrValue` of `CMDID_FACTORY_SAVE_ADJUST_PARAM`, `value`, 0 with an empty text.
+     * @param value What to save, as the service defines it.
+     * @return What `setFactoryItemStrValue` gives.
+     */
+    int setAdjustParam(int value);
+
+    /**
+     * Reads how the set is connected by Ethernet.
+     * `getFactoryItemValue` of `CMDID_FACTORY_GET_ETHCONFIG`, 0, 0.
+     * @return The first value of the item; 0 when the service or the link fails.
+     */
+    int getSupportEthConfig();
+
+    /** @} */
+
+private:
+    Factory() = default;
+};

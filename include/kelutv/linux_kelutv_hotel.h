@@ -1,0 +1,176 @@
+/**
+ * @file
+ * Hotel use: the keypad lock, a ceiling for the volume, what the set starts with, the set-up menu, and the hotel data.
+ *
+ * A function is one command to the TV base service, which owns all values. It blocks until the service has answered and
+ * may be called from any thread. A `bool` travels as 0 or 1. A set command whose link fails is logged as
+ * "invoke failure\n".
+ */
+#ifndef KELUTV_LINUX_KELUTV_HOTEL_H
+#define KELUTV_LINUX_KELUTV_HOTEL_H
+
+#include <kelutv/export.h>
+#include <kelutv/factory_types.h>
+
+#include <stdbool.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** @name Hotel mode and keypad @{ */
+
+/**
+ * Switches the hotel mode on or off.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_ENABLE`: `enable`, 0, 0, 0.
+ * @param enable True switches it on.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int SetHotelEnable(bool enable);
+
+/**
+ * Tells whether the hotel mode is on.
+ * Reads the factory item `CMDID_FACTORY_GET_HOTEL_ENABLE`: 0, 0.
+ * @param pEnable Receives the answer, false on failure; may be null.
+ * @return 0; -1 when the service or the link fails.
+ */
+KELUTV_API int GetHotelEnable(bool* pEnable);
+
+/**
+ * Switches the keypad at the front on or off.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_KEYPAD`: `enable`, 0, 0, 0.
+ * @param enable As the service takes it.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int SetHotelKeypadEnable(bool enable);
+
+/**
+ * Tells whether the keypad at the front is on.
+ * Reads the factory item `CMDID_FACTORY_GET_HOTEL_KEYPAD`: 0, 0.
+ * @param pEnable Receives the answer, false on failure; may be null.
+ * @return 0; -1 when the service or the link fails.
+ */
+KELUTV_API int GetHotelKeypadEnable(bool* pEnable);
+
+/**
+ * Opens or closes the set-up menu.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_SETUP_MENU_ENABLE`: `enable`, 0, 0, 0.
+ * @param enable True opens it.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int SetHotelSetupMenuEnable(bool enable);
+
+/**
+ * Tells whether the set-up menu is open.
+ * Reads the factory item `CMDID_FACTORY_GET_HOTEL_SETUP_MENU_ENABLE`: 0, 0.
+ * @param pEnable Receives the answer, false on failure; may be null.
+ * @return 0; -1 when the service or the link fails.
+ */
+KELUTV_API int GetHotelSetupMenuEnable(bool* pEnable);
+
+/** @} */
+
+/** @name Volume, source and channel @{ */
+
+/**
+ * Sets the ceiling of the volume.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_MAX_VOLUME`: `volume`, 0, 0, 0.
+ * @param volume Volume; the service enforces the range.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int SetHotelMaxVolume(int volume);
+
+/**
+ * Reads the ceiling of the volume.
+ * Reads the factory item `CMDID_FACTORY_GET_HOTEL_MAX_VOLUME`: 0, 0.
+ * @param pVolume Receives the volume, 0 on failure; may be null.
+ * @return 0; -1 when the service or the link fails.
+ */
+KELUTV_API int GetHotelMaxVolume(int* pVolume);
+
+/**
+ * Sets the volume at power-on.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_VOLUME`: `volume`, 0, 0, 0.
+ * @param volume Volume; the service enforces the range.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int SetHotelBootVolume(int volume);
+
+/**
+ * Reads the volume at power-on.
+ * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_VOLUME`: 0, 0.
+ * @param pVolume Receives the volume, 0 on failure; may be null.
+ * @return 0; -1 when the service or the link fails.
+ */
+KELUTV_API int GetHotelBootVolume(int* pVolume);
+
+/**
+ * Chooses the source at power-on.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_SRC`: `src`, 0, 0, 0.
+ * @param src One of `KELU_TV_SRC_E`.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int SetHotelBootSrc(int src);
+
+/**
+ * Reads the source at power-on.
+ * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_SRC`: 0, 0.
+ * @param pSrc Receives one of `KELU_TV_SRC_E`, 0 on failure; may be null.
+ * @return 0; -1 when the service or the link fails.
+ */
+KELUTV_API int GetHotelBootSrc(int* pSrc);
+
+/**
+ * Chooses the channel at power-on.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_CHANNEL`: `tvmode`, `channel`, 0, 0.
+ * @param tvmode Kind of television as the service numbers it.
+ * @param channel Channel; the service enforces the range.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int SetHotelBootChannel(int tvmode, int channel);
+
+/**
+ * Reads the channel at power-on.
+ * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_CHANNEL`: 0, 0.
+ * @param pTvmode Receives the kind of television as the service numbers it, 0 on failure; may be null.
+ * @param pChannel Receives the channel, 0 on failure; may be null.
+ * @return 0; -1 when the service or the link fails.
+ */
+KELUTV_API int GetHotelBootChannel(int* pTvmode, int* pChannel);
+
+/** @} */
+
+/** @name Hotel data @{ */
+
+/**
+ * Sets all hotel settings back to their defaults.
+ * Sets the factory item `CMDID_FACTORY_SET_HOTEL_RESTORE`: 0, 0, 0, 0.
+ * @return The service's result, 0 for success; -1 when the link fails.
+ */
+KELUTV_API int RestoreHotelSetting(void);
+
+/**
+ * Copies the hotel data from the EEPROM to a file on a USB disk.
+ * Forwards to `linux_tv_Factory_operateFlashEEPROM`, which sends `CMD_FACTORY_OPERATEEROM`: `KELU_TV_EEFLASH_BAK`,
+ * `pName`.
+ * @param pName Path of the file.
+ * @return The service's result, 0 for success; -1 when the link fails, and for null, with nothing sent.
+ */
+KELUTV_API int BackupHotelData2USB(const char* pName);
+
+/**
+ * Copies the hotel data from a file on a USB disk to the EEPROM.
+ * Forwards to `linux_tv_Factory_operateFlashEEPROM`, which sends `CMD_FACTORY_OPERATEEROM`: `KELU_TV_EEFLASH_ALL`,
+ * `pName`.
+ * @param pName Path of the file.
+ * @return The service's result, 0 for success; -1 when the link fails, and for null, with nothing sent.
+ */
+KELUTV_API int RestoreHotelData2EEP(const char* pName);
+
+/** @} */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
