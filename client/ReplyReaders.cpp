@@ -152,17 +152,8 @@ int storeList(const ItemAnswer& answer, int* list, int* size) {
         return -1;
     }
     *size = count;
-    std::copy_n(answer.values.begin() + 1, std::min(count, kItemValueCount - 1), list);
+    std::copy_n(answer.values.begin() + 1, entriesOf(answer), list);
     return 0;
-}
-
-int copyList(const ItemAnswer& answer, int* list, int* size) {
-    const int count = answer.values[0];
-    storeIfGiven(size, count);
-    if (list != nullptr) {
-        std::copy_n(answer.values.begin() + 1, std::clamp(count, 0, kItemValueCount - 1), list);
-    }
-    return answer.result;
 }
 
 } // namespace kelutv::internal

@@ -126,10 +126,4 @@ int storeCountedList(const ItemAnswer& answer, int* list, int* size);
  */
 int storeList(const ItemAnswer& answer, int* list, int* size);
 
-/**
- * Stores a list that is led by its count, and the count as it came, 0 after a failed read, each where the caller gave a
- * place for it. No more entries are copied than an answer holds. Returns the read's result.
- */
-int copyList(const ItemAnswer& answer, int* list, int* size);
-
 } // namespace kelutv::internal

@@ -40,9 +40,7 @@ int readBlock(int cmd, const char* method, int address, int* buf, int length) {
 
 int writeBlock(int cmd, int address, const int* buf, int length) {
     Parcel block;
-    for (int i = 0; i < length; ++i) {
-        block.writeInt32(buf[i]);
-    }
+    writeValues(block, buf, length);
     return TVBaseClient::self()->exeCmdSet(cmd, address, length, block);
 }
 

@@ -69,11 +69,11 @@ int linux_tv_Factory_getCountry(int* country) { return storeValue(readItem(CMDID
 int linux_tv_Factory_setCountry(int country) { return setItem(CMDID_FACTORY_SET_COUNTRY, country); }
 
 int linux_tv_Factory_getCountryList(int* pCountryList, int* pListSize) {
-    return copyList(readItem(CMDID_FACTORY_GET_COUNTRY_LIST), pCountryList, pListSize);
+    return storeCountedList(readItem(CMDID_FACTORY_GET_COUNTRY_LIST), pCountryList, pListSize);
 }
 
 int linux_tv_Factory_getFrontendList(int* pFrontendList, int* pListSize) {
-    return copyList(readItem(CMDID_FACTORY_GET_FRONTEND_LIST), pFrontendList, pListSize);
+    return storeCountedList(readItem(CMDID_FACTORY_GET_FRONTEND_LIST), pFrontendList, pListSize);
 }
 
 int linux_tv_Factory_getProductArea(int* Area) { return storeValue(readItem(CMDID_FACTORY_GET_PRODUCT_AREA), Area); }
