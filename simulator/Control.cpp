@@ -55,15 +55,16 @@ template <bool plugged> Complaint plug(Equipment& equipment, const Words& words)
 }
 
 Complaint sendVbi(Equipment& equipment, const Words& words) {
-    const auto type = words.size() == 2 || words.size() == 3 ? numberOf<unsigned int>(words[1], 10) : std::nullopt;
+    const bool complete = words.size() == 2 || words.size() == 3;
+    const unsigned int type = complete ? numberOf<unsigned int>(words[1], 10).value_or(0) : 0;
     const auto bytes = bytesOf(words.size() == 3 ? words[2] : "");
-    if (!type || *type == 0 || *type > Teletext::kLastType || !bytes) {
+    if (type == 0 || type > Teletext::kLastType || !bytes) {
         return "vbi takes a type from 1 to 65535 and the data in hexadecimal";
     }
     if (bytes->size() > kLongestData) {
         return "a VBI block holds at most " + std::to_string(kLongestData) + " bytes";
     }
-    if (!equipment.teletext.deliver(*type, *bytes)) {
+    if (!equipment.teletext.deliver(type, *bytes)) {
         return "VBI is not initialised, open and registered for: nobody takes the block";
     }
     return std::nullopt;
