@@ -8,7 +8,7 @@ from dataclasses import dataclass, replace
 
 import cells
 from headers import Parameter, Signature, parse_signature
-from model import Catalogue, Function, Layer, Method, Module, Operation, Output, Refusal, Reply, ReplyField
+from model import Catalogue, Function, Layer, Method, Module, Operation, Refusal, Reply, ReplyField
 from model import WireItem, refusals
 from tables import Row, RowError
 

@@ -1,7 +1,7 @@
 """What the public headers declare: enumerations, records, C functions, class methods.
 
-The headers are regular by convention: one enumerator per line with an explicit value. A typedef of int is an enumeration
-whose names the service keeps to itself.
+The headers are regular by convention: one enumerator per line with an explicit value. A typedef of int is an
+enumeration whose names the service keeps to itself.
 """
 
 from __future__ import annotations

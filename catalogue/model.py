@@ -30,8 +30,8 @@ class WireItem:
     """One item of a request.
 
     `kind` is int32, double, cstring, str16, or ints, doubles, bytes with a `length`. `source` is the parameter or
-    record field it comes from (`prescale.integer`, `*size`); a fixed number or text has a `literal` instead of a source.
-    What a function works out itself is `computed` and has no source either.
+    record field it comes from (`prescale.integer`, `*size`); a fixed number or text has a `literal` instead of a
+    source. What a function works out itself is `computed` and has no source either.
     """
 
     kind: str
@@ -194,8 +194,8 @@ class Method:
 class Function:
     """A C function or, with an `owner`, a composed method: it leaves the sending to the operation that it calls.
 
-    `request`, `reply`, `layers` and `refusals` are those of the whole chain down to the `method` that sends, in terms of
-    its own parameters. One that makes several calls has them as its `steps`, in order, and no `callee`.
+    `request`, `reply`, `layers` and `refusals` are those of the whole chain down to the `method` that sends, in terms
+    of its own parameters. One that makes several calls has them as its `steps`, in order, and no `callee`.
     """
 
     place: Place

@@ -13,7 +13,8 @@ sys.path.insert(0, str(ROOT / "catalogue"))
 
 from cells import record_leaves  # noqa: E402
 from defaults import Defaults, GenerationError, Values  # noqa: E402
-from model import Catalogue, Function, Method, Operand, Operation, Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
+from model import Catalogue, Function, Method, Operand, Operation  # noqa: E402
+from model import Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 

@@ -25,6 +25,7 @@ constexpr int kSetText = 4;
 constexpr int kSetRest = 5;
 constexpr int kGetRest = 6;
 constexpr int kNothing = 7;
+constexpr int kGetLed = 8;
 
 constexpr StateSlot kStates[] = {
     {"test.curve", "test", {}, false, 0, 0, 0, {}, false, false, false},
@@ -40,6 +41,8 @@ constexpr Operand kFirst[] = {{0, 0}};
 constexpr Operand kAllOfCurve[] = {{0, 0}, {1, 0}, {2, 0}};
 constexpr ReplyField kCurveReply[] = {{Kind::Int32, "count", nullptr, 1}, {Kind::Doubles, nullptr, nullptr, 4}};
 constexpr ReplyField kRestReply[] = {{Kind::Ints, nullptr, nullptr, kRestOfReply}};
+constexpr ReplyField kLedReply[] = {{Kind::Int32, nullptr, nullptr, kCountOfRest},
+                                    {Kind::Ints, nullptr, nullptr, kRestOfReply}};
 constexpr Command kCommands[] = {
     {"SET_CURVE", {kCurve, Shape::Status, {}, {Rule::Kind::Set, &kStates[0], {}, kAllOfCurve}}, kSetCurve, false},
     {"GET_CURVE", {{}, Shape::Parcel, kCurveReply, {Rule::Kind::Get, &kStates[0], {}, {}}}, kGetCurve, false},
@@ -48,6 +51,7 @@ constexpr Command kCommands[] = {
     {"SET_REST", {kRest, Shape::Status, {}, {Rule::Kind::Set, &kStates[1], {}, kFirst}}, kSetRest, false},
     {"GET_REST", {{}, Shape::Parcel, kRestReply, {Rule::Kind::Get, &kStates[1], {}, {}}}, kGetRest, false},
     {"NOTHING", {{}, Shape::Parcel, kCurveReply, {Rule::Kind::None, nullptr, {}, {}}}, kNothing, false},
+    {"GET_LED", {{}, Shape::Parcel, kLedReply, {Rule::Kind::Get, &kStates[1], {}, {}}}, kGetLed, false},
 };
 
 /** What the television answers and what the trace says of it. */
@@ -108,6 +112,12 @@ TEST_F(Blocks, OfBytesAreShownInHexadecimal) {
 TEST_F(Blocks, OfUnsaidLengthFillTheRest) {
     expect(Wire::request(kSetRest).i32(7).i32(0).i32(-9), Wire::reply().i32(0), "SET_REST(rest=[7, 0, -9]) -> 0");
     expect(Wire::request(kGetRest), Wire::reply().i32(0).i32(7).i32(0).i32(-9), "GET_REST() -> 0: [7, 0, -9]");
+}
+
+TEST_F(Blocks, AreLedByTheirCountWhereTheReplySaysSo) {
+    expect(Wire::request(kGetLed), Wire::reply().i32(0).i32(0), "GET_LED() -> 0: 0, []");
+    expect(Wire::request(kSetRest).i32(7).i32(-9), Wire::reply().i32(0), "SET_REST(rest=[7, -9]) -> 0");
+    expect(Wire::request(kGetLed), Wire::reply().i32(0).i32(2).i32(7).i32(-9), "GET_LED() -> 0: 2, [7, -9]");
 }
 
 TEST_F(Blocks, TextsOfTwoByteUnitsAreShownAsUtf8) {

@@ -13,9 +13,10 @@ from pathlib import Path
 from unittest import mock
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "simulator"))
+sys.path[:0] = [str(ROOT / "simulator"), str(ROOT / "tests" / "catalogue")]
 
 import generate_dispatch  # noqa: E402
+from torch_fixture import TorchTest  # noqa: E402
 
 
 class GenerateDispatch(unittest.TestCase):
@@ -106,6 +107,52 @@ class GenerateDispatch(unittest.TestCase):
         code, errors = self.generate("{")
         self.assertEqual(code, 1)
         self.assertIn("defaults.json: Expecting", errors)
+
+
+class Shapes(TorchTest):
+    """What the rows of a small catalogue come to."""
+
+    def table(self) -> str:
+        self.write("defaults.json", "{}")
+        return generate_dispatch.TableWriter(self.read(), self.folder / "defaults.json").write()
+
+    def rows(self, name: str) -> list[str]:
+        table = self.table()
+        return re.findall(r"^    (\{.*\}),$", table[table.index(f"{name}[]") :].split("};")[0], re.M)
+
+    def reply_of(self, command: str) -> str:
+        (row,) = [row for row in self.rows("Command kCommands") if f'"{command}"' in row]
+        (name,) = re.findall(r"kReplyField\w+", row)
+        return re.search(rf"ReplyField {name}\[\] = \{{(.*)\}};", self.table())[1]
+
+    def test_composed_methods_add_no_commands(self) -> None:
+        self.assertEqual(len(self.rows("Command kCommands")), 19)
+
+    def test_each_item_stands_once(self) -> None:
+        keys = [tuple(row[1:].split(", ")[:2]) for row in self.rows("Item kItems")]
+        self.assertEqual(keys, [("0x1002", "4097"), ("0x1003", "4098"), ("0x2000", "4097"), ("0x2001", "4098")])
+
+    def test_rows_of_an_item_may_differ_in_names_but_not_in_what_is_kept(self) -> None:
+        self.change_torch("timer[LAMP_LEFT]", "timer[0]")
+        defaults = self.folder / "defaults.json"
+        self.write("defaults.json", "{}")
+        writer = generate_dispatch.TableWriter(self.read(), defaults)
+        with self.assertRaisesRegex(generate_dispatch.GenerationError, "CMDID_LAMP_GET_TIMER differs from its row at"):
+            writer.write()
+
+    def test_a_count_leads_what_is_left(self) -> None:
+        fields = self.reply_of("CMD_TORCH_GETPOINTS")
+        self.assertEqual(fields, "{Kind::Int32, nullptr, nullptr, -2}, {Kind::Ints, nullptr, nullptr, -1}")
+
+    def test_doubles_and_texts(self) -> None:
+        self.assertEqual(self.reply_of("CMD_TORCH_GETCURVE"), "{Kind::Doubles, nullptr, nullptr, -1}")
+        self.assertEqual(self.reply_of("CMD_TORCH_GETNAME"), "{Kind::CString, nullptr, nullptr, 1}")
+        self.assertIn('{Kind::String16, "label", nullptr, -1}', self.table())
+        self.assertIn('{Kind::Double, "gain", nullptr, -1}', self.table())
+
+    def test_a_foreign_item_is_kept_by_the_module_of_its_command(self) -> None:
+        self.assertIn('"lamp.timer", "lamp"', self.table())
+        self.assertNotIn('"torch.timer"', self.table())
 
 
 if __name__ == "__main__":

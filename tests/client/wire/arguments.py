@@ -51,8 +51,8 @@ class CallBuilder:
         self.values: dict[str, ValueSet] = operation.values
         self.headers = headers
         self.kinds = {item.source: item.kind for item in operation.request}
-        counts = [f.count for f in operation.reply.fields if f.count] + [i.length for i in operation.request if i.length]
-        self.lengths = {name for count in counts for name in count.split("*")}
+        counts = [field.count for field in operation.reply.fields] + [item.length for item in operation.request]
+        self.lengths = {name for count in counts if count for name in count.split("*")}
         self.flag = not first_flag
         self.call = Call()
 
