@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace simulator {
+
+/** Says what cannot be done with which file, and why by `errno`. @throws std::runtime_error always */
+[[noreturn]] void failToUse(const std::string& what, const std::string& path);
+
+/** A file, closed with the object. */
+class File {
+public:
+    /** Opens it, or makes it when the flags say so; `isOpen` tells whether that worked, `errno` why not. */
+    File(const std::string& path, int flags);
+    ~File();
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    bool isOpen() const { return mFd >= 0; }
+
+    bool isRegular() const;
+    std::size_t size() const;
+
+    /** @throws std::runtime_error unless exactly that many bytes are there to be read */
+    std::string read(std::size_t length) const;
+
+    /** @throws std::runtime_error when not everything could be written */
+    void write(const std::string& content) const;
+
+    /** Brings what was written to the disk. @throws std::runtime_error when that fails */
+    void sync() const;
+
+private:
+    const std::string mPath;
+    const int mFd;
+};
+
+/** The file behind symbolic links; the path as it is when there is none. */
+std::string resolvedPath(const std::string& path);
+
+/**
+ * Gives the file this content: it is written under another name, brought to the disk and renamed.
+ * @throws std::runtime_error when that fails; the file keeps its content
+ */
+void replaceFile(const std::string& path, const std::string& content);
+
+} // namespace simulator
