@@ -17,6 +17,7 @@ enum class Result : std::int32_t {
     UnknownSource = -108,
     UnknownDevice = -109,
     NotStored = -110,
+    NotRestored = -111,
 };
 
 } // namespace simulator

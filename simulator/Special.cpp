@@ -1,7 +1,11 @@
 #include "Special.h"
 
+#include "Hotel.h"
+#include "Production.h"
+
 #include <kelutv/audio_types.h>
 #include <kelutv/commands.h>
+#include <kelutv/factory_types.h>
 #include <kelutv/items.h>
 
 #include <algorithm>
@@ -42,6 +46,11 @@ Reply noSuchAddress(std::int32_t address) {
                                             " or the block there goes beyond"});
 }
 
+Reply notDone(Result result, const std::exception& error) {
+    std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
+    return refusal({result, error.what()});
+}
+
 /** Of a byte, or of a block when the request says how long. */
 template <Memory memory> Reply readEep(Equipment& equipment, const Request& request) {
     const std::int32_t address = numberAt(request, 0);
@@ -61,8 +70,7 @@ template <Memory memory> Reply commitEep(Equipment& equipment, const Request&) {
     try {
         equipment.eep.commit(memory);
     } catch (const std::runtime_error& error) {
-        std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
-        return refusal({Result::NotStored, error.what()});
+        return notDone(Result::NotStored, error);
     }
     return {};
 }
@@ -147,6 +155,61 @@ Reply lastPowerOffMode(Equipment& equipment, const Request&) { return valued(equ
 
 Reply wakeupMode(Equipment& equipment, const Request&) { return valued(equipment.power.wakeupMode()); }
 
+Reply setMacAddress(Equipment& equipment, const Request& request) {
+    return setMacAddress(equipment.state, request.arguments.back())
+               ? Reply{}
+               : refusal({Result::OutOfRange, "a MAC address has six parts, each from 0 to 255"});
+}
+
+Reply burnKey(Equipment& equipment, const Request& request) {
+    const std::int32_t kind = numberAt(request, 0);
+    return burnKey(equipment.state, kind, request.arguments.back())
+               ? Reply{}
+               : refusal({Result::OutOfRange, "there is no kind of key " + std::to_string(kind)});
+}
+
+Reply burnOtp(Equipment& equipment, const Request&) { return {0, "", {{burnOtp(equipment.state)}}}; }
+
+Reply restoreFactory(Equipment& equipment, const Request&) {
+    restoreFactorySettings(equipment.state);
+    return {};
+}
+
+Reply restoreColorTemp(Equipment& equipment, const Request&) {
+    restoreSetting(equipment.state, "factory.colorTemp");
+    return {};
+}
+
+Reply restoreAdc(Equipment& equipment, const Request&) {
+    restoreSetting(equipment.state, "factory.adcGainOffset");
+    return {};
+}
+
+Reply resetHotel(Equipment& equipment, const Request&) {
+    resetHotel(equipment.state);
+    return {};
+}
+
+/** Between a file and the hotel settings; the other operations touch nothing that the television has. */
+Reply operateFlashEep(Equipment& equipment, const Request& request) {
+    const std::int32_t operation = numberAt(request, 0);
+    const std::string& path = std::get<std::string>(request.arguments[1].front());
+    if (operation < 0 || operation >= KELU_TV_EEFLASH_OPERATE_BUTT) {
+        return refusal({Result::OutOfRange, "there is no operation " + std::to_string(operation)});
+    }
+    const bool isBackup = operation == KELU_TV_EEFLASH_BAK;
+    try {
+        if (isBackup) {
+            backUpHotel(equipment.state, path);
+        } else if (operation == KELU_TV_EEFLASH_ALL) {
+            restoreHotel(equipment.state, path);
+        }
+    } catch (const std::runtime_error& error) {
+        return notDone(isBackup ? Result::NotStored : Result::NotRestored, error);
+    }
+    return {};
+}
+
 struct Special {
     std::int32_t command;
     Handler handler;
@@ -186,18 +249,43 @@ constexpr Special kSpecialCommands[] = {
     {CMD_SYSTEM_SET_SHALLOW_RESUME, enterPowerState<PowerState::On>},
     {CMD_SYSTEM_GETLASTPOWEROFFMODE, lastPowerOffMode},
     {CMD_SYSTEM_GETWAKEUPMODE, wakeupMode},
+    {CMD_FACTORY_SETMACADDRESS, setMacAddress},
+    {CMD_FACTORY_SETKEYDATA, burnKey},
+    {CMD_FACTORY_SETSTBOTPBURN, burnOtp},
+    {CMD_FACTORY_RESETNVM, restoreFactory},
+    {CMD_FACTORY_RESTOREFACTORY, restoreFactory},
+    {CMD_FACTORY_RESTOREFACTORYSETTING, restoreFactory},
+    {CMD_FACTORY_RESTORECOLORTEMP, restoreColorTemp},
+    {CMD_FACTORY_OPERATEEROM, operateFlashEep},
 };
+
+struct SpecialItem {
+    std::int32_t command;
+    std::int32_t item;
+    Handler handler;
+};
+
+constexpr SpecialItem kSpecialItems[] = {
+    {CMD_SYSTEM_COMMON_SET_ITEM_VALUE, CMDID_SYSTEM_REBOOT, reboot},
+    {CMD_FACOTRY_COMMON_SET_ITEM_VALUE, CMDID_FACTORY_SET_HOTEL_RESTORE, resetHotel},
+    {CMD_FACOTRY_COMMON_SET_ITEM_VALUE, CMDID_FACTORY_SET_RESTORE_ADC, restoreAdc},
+};
+
+Handler itemHandler(const Request& request) {
+    const auto* const found =
+        std::find_if(std::begin(kSpecialItems), std::end(kSpecialItems), [&request](const SpecialItem& special) {
+            return special.command == request.command->value && special.item == numberAt(request, 0);
+        });
+    return found != std::end(kSpecialItems) ? found->handler : nullptr;
+}
 
 } // namespace
 
 Handler specialHandler(const Request& request) {
     const std::int32_t command = request.command->value;
-    if (command == CMD_SYSTEM_COMMON_SET_ITEM_VALUE && numberAt(request, 0) == CMDID_SYSTEM_REBOOT) {
-        return reboot;
-    }
     const auto* const found = std::find_if(std::begin(kSpecialCommands), std::end(kSpecialCommands),
                                            [command](const Special& special) { return special.command == command; });
-    return found != std::end(kSpecialCommands) ? found->handler : nullptr;
+    return found != std::end(kSpecialCommands) ? found->handler : itemHandler(request);
 }
 
 } // namespace simulator

@@ -36,10 +36,14 @@ void State::keep(const StateSlot& slot, const Scalars& keys, const Scalars& valu
 }
 
 void State::restore(const std::string& module) {
+    restore([&module](const StateSlot& slot) { return slot.module == module; });
+}
+
+void State::restore(const std::function<bool(const StateSlot&)>& wanted) {
     for (auto entry = mKept.begin(); entry != mKept.end();) {
         const auto [slot, keys] = entry->first;
         const Scalars before = entry->second;
-        if (slot->module != module || slot->ofSignal) {
+        if (!wanted(*slot) || slot->ofSignal) {
             ++entry;
             continue;
         }

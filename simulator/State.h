@@ -2,6 +2,7 @@
 
 #include "Table.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -29,6 +30,9 @@ public:
 
     /** Brings the settings of a module back to what they start with; what shows a signal stays. */
     void restore(const std::string& module);
+
+    /** Brings the settings that are wanted back to what they start with; what shows a signal stays. */
+    void restore(const std::function<bool(const StateSlot&)>& wanted);
 
     /** What happened since the last take to slots that have an event. */
     std::vector<Change> takeChanges() { return std::exchange(mChanges, {}); }
