@@ -33,3 +33,11 @@ target_compile_options(
               -Wconversion
               -Wno-sign-conversion
               -Werror)
+
+# Header-only libraries of the programs: the host's serve cross builds too.
+function(kelutv_add_header_library name header)
+    string(TOUPPER "${name}_INCLUDE_DIR" variable)
+    find_path(${variable} "${header}" NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} SYSTEM INTERFACE "${${variable}}")
+endfunction()

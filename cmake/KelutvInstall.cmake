@@ -51,7 +51,9 @@ install(
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT development)
 
-if(TARGET kelutv-simulator)
-    install(TARGETS kelutv-simulator RUNTIME COMPONENT tools)
-    set_target_properties(kelutv-simulator PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
-endif()
+foreach(program IN ITEMS kelutv kelutv-simulator)
+    if(TARGET ${program})
+        install(TARGETS ${program} RUNTIME COMPONENT tools)
+        set_target_properties(${program} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    endif()
+endforeach()

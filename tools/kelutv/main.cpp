@@ -1,0 +1,8 @@
+#include "Command.h"
+
+#include <csignal>
+
+int main(int argc, char** argv) {
+    std::signal(SIGPIPE, SIG_IGN); // Seen as an error of the write.
+    return static_cast<int>(kelutv::tool::runCommandLine({argv + 1, argv + argc}));
+}
