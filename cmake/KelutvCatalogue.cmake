@@ -28,6 +28,6 @@ function(kelutv_generate_from_catalogue variable)
         COMMENT "Generating ${ARG_PREFIX}*.cpp from the catalogue"
         VERBATIM)
     # Thousands of short calls, each made a few times: compiling them well costs more than it gives.
-    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS "-O0;-g0")
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS "-O0;-g0" SKIP_PRECOMPILE_HEADERS ON)
     set(${variable} "${sources}" PARENT_SCOPE)
 endfunction()

@@ -10,6 +10,9 @@
 
 include_guard(GLOBAL)
 
+# Tests are compiled often and run briefly.
+set(KELUTV_TEST_COMPILE_OPTIONS -O0 -g1)
+
 if(CMAKE_CROSSCOMPILING)
     set(KELUTV_GOOGLETEST_SOURCE_DIR "/usr/src/googletest" CACHE PATH "GoogleTest sources for cross builds")
     set(INSTALL_GTEST OFF)
@@ -44,6 +47,16 @@ function(kelutv_configure_test test)
     endif()
 endfunction()
 
+# kelutv_reuse_precompiled_headers(<program>)
+#
+# Lets a test program take the precompiled headers of support_test. They are C++, so programs with C sources cannot.
+function(kelutv_reuse_precompiled_headers program)
+    get_target_property(sources ${program} SOURCES)
+    if(TARGET support_test AND NOT program STREQUAL support_test AND NOT sources MATCHES "\\.c(;|$)")
+        target_precompile_headers(${program} REUSE_FROM support_test)
+    endif()
+endfunction()
+
 function(kelutv_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;NO_EMULATOR" "SOURCES;LIBRARIES;ENVIRONMENT;LINKS")
     if(ARG_UNPARSED_ARGUMENTS OR NOT ARG_SOURCES)
@@ -53,6 +66,7 @@ function(kelutv_add_test name)
     target_link_libraries(
         ${name} PRIVATE ${ARG_LIBRARIES} $<TARGET_NAME_IF_EXISTS:kelutv_test_support> GTest::gtest GTest::gtest_main
                         kelutv_warnings)
+    kelutv_reuse_precompiled_headers(${name})
 
     if(NOT ARG_LINKS)
         add_test(NAME ${name} COMMAND ${name})
