@@ -1,5 +1,7 @@
 #include "Command.h"
 
+#include "CommandLine.h"
+
 #include <algorithm>
 #include <exception>
 #include <map>

@@ -5,9 +5,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <string>
-#include <vector>
-
 namespace kelutv::tool {
 
 /** What every command has at hand. */
@@ -22,8 +19,5 @@ struct Context {
  * `context.exit`.
  */
 void addCommands(CLI::App& app, Context& context);
-
-/** Runs one command line, the program's name left out, and says what went wrong; never throws. */
-Exit runCommandLine(std::vector<std::string> words);
 
 } // namespace kelutv::tool
