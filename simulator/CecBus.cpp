@@ -3,6 +3,8 @@
 #include "Events.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace simulator {
 
@@ -11,40 +13,27 @@ namespace {
 /** The logical address of an audio system. */
 constexpr std::int32_t kAudioSystem = 5;
 
-const CecDevice* findCecDevice(std::int32_t logAddr) {
-    const Rows<CecDevice> devices = allCecDevices();
-    const auto* const found = std::find_if(devices.begin(), devices.end(),
-                                           [logAddr](const CecDevice& device) { return device.logAddr == logAddr; });
-    return found != devices.end() ? found : nullptr;
-}
-
 } // namespace
 
-CecBus::CecBus(Notices& notices) : mNotices(notices) {
-    for (const CecDevice& device : allCecDevices()) {
-        if (device.plugged) {
-            mPlugged.insert(device.logAddr);
-        }
-    }
-}
+CecBus::CecBus(const Configuration& configuration, Notices& notices, Revision& revision)
+    : mDevices(configuration.cecDevices()), mArcPort(configuration.arcPort()), mNotices(notices), mRevision(revision) {}
 
-std::vector<const CecDevice*> CecBus::devices() const {
-    std::vector<const CecDevice*> devices;
-    for (const CecDevice& device : allCecDevices()) {
-        if (mPlugged.count(device.logAddr) != 0) {
-            devices.push_back(&device);
-        }
-    }
+std::vector<CecDevice> CecBus::devices() const {
+    std::vector<CecDevice> devices;
+    std::copy_if(mDevices.begin(), mDevices.end(), std::back_inserter(devices),
+                 [](const CecDevice& device) { return device.plugged; });
     return devices;
 }
 
 bool CecBus::isArcActive() const {
-    const CecDevice* const audioSystem = findCecDevice(kAudioSystem);
-    return audioSystem != nullptr && mPlugged.count(kAudioSystem) != 0 && audioSystem->hdmiDevPort == cecArcPort();
+    return std::any_of(mDevices.begin(), mDevices.end(), [this](const CecDevice& device) {
+        return device.plugged && device.logAddr == kAudioSystem && device.hdmiDevPort == mArcPort;
+    });
 }
 
 bool CecBus::select(std::int32_t logAddr) {
-    if (logAddr != kTelevision && mPlugged.count(logAddr) == 0) {
+    const auto device = find(logAddr);
+    if (logAddr != kTelevision && (device == mDevices.end() || !device->plugged)) {
         return false;
     }
     play(logAddr);
@@ -52,24 +41,66 @@ bool CecBus::select(std::int32_t logAddr) {
 }
 
 bool CecBus::plug(std::int32_t logAddr, bool plugged) {
-    const CecDevice* const device = findCecDevice(logAddr);
-    if (device == nullptr) {
+    const auto device = find(logAddr);
+    if (device == mDevices.end()) {
         return false;
     }
-    const bool changed = plugged ? mPlugged.insert(logAddr).second : mPlugged.erase(logAddr) != 0;
-    if (changed) {
-        const std::string text = std::string(device->name) + (plugged ? " plugged in" : " unplugged");
-        mNotices.push_back({kCecDeviceChanged, payloadOf({logAddr, device->hdmiDevPort, std::int32_t{plugged}}), text});
+    change(*device, plugged);
+    return true;
+}
+
+std::optional<std::string> CecBus::add(const CecDevice& device) {
+    if (find(device.logAddr) != mDevices.end()) {
+        return "there is a CEC device with the logical address " + std::to_string(device.logAddr) + " already";
     }
-    if (!plugged && mPlaying == logAddr) {
+    if (auto objection = objectionTo(device)) {
+        return objection;
+    }
+    mDevices.push_back(device);
+    mDevices.back().plugged = false;
+    mRevision.advance();
+    change(mDevices.back(), device.plugged);
+    return std::nullopt;
+}
+
+bool CecBus::remove(std::int32_t logAddr) {
+    const auto device = find(logAddr);
+    if (device == mDevices.end()) {
+        return false;
+    }
+    change(*device, false);
+    mDevices.erase(device);
+    mRevision.advance();
+    return true;
+}
+
+void CecBus::takeOver(std::vector<CecDevice> devices, std::int32_t playing) {
+    mDevices = std::move(devices);
+    mPlaying = playing;
+}
+
+std::vector<CecDevice>::iterator CecBus::find(std::int32_t logAddr) {
+    return std::find_if(mDevices.begin(), mDevices.end(),
+                        [logAddr](const CecDevice& device) { return device.logAddr == logAddr; });
+}
+
+void CecBus::change(CecDevice& device, bool plugged) {
+    if (device.plugged == plugged) {
+        return;
+    }
+    device.plugged = plugged;
+    mRevision.advance();
+    mNotices.push_back({kCecDeviceChanged, payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
+                        device.name + (plugged ? " plugged in" : " unplugged")});
+    if (!plugged && mPlaying == device.logAddr) {
         play(kTelevision);
     }
-    return true;
 }
 
 void CecBus::play(std::int32_t logAddr) {
     if (mPlaying != logAddr) {
         mPlaying = logAddr;
+        mRevision.advance();
         mNotices.push_back(
             {kCecPlayingChanged, payloadOf({logAddr}), "CEC device " + std::to_string(logAddr) + " plays"});
     }

@@ -1,39 +1,32 @@
 #pragma once
 
+#include "Configuration.h"
 #include "Notice.h"
-#include "Table.h"
+#include "Revision.h"
 
-#include <set>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace simulator {
 
-/** A device that can be plugged into an HDMI input. */
-struct CecDevice {
-    std::int32_t logAddr;
-    std::int32_t hdmiDevPort;
-    const char* name;
-    const char* phyAddr;
-    const char* listText;
-    bool plugged;
-};
-
-/** Generated from defaults.json: the devices, and the input with the audio return channel. */
-Rows<CecDevice> allCecDevices();
-std::int32_t cecArcPort();
-
-/** The HDMI inputs and what is plugged into them. Not synchronised. */
+/** The HDMI inputs and the CEC devices that can be plugged into them. Not synchronised. */
 class CecBus {
 public:
     /** The logical address of the television itself, which plays when no device does. */
     static constexpr std::int32_t kTelevision = 0;
 
-    explicit CecBus(Notices& notices);
+    CecBus(const Configuration& configuration, Notices& notices, Revision& revision);
 
-    /** The devices plugged in, in the order of the configuration. */
-    std::vector<const CecDevice*> devices() const;
+    /** Plugged in or not, in the order in which they came. */
+    const std::vector<CecDevice>& all() const { return mDevices; }
+
+    /** The devices plugged in, in the same order. */
+    std::vector<CecDevice> devices() const;
 
     std::int32_t playing() const { return mPlaying; }
+
+    std::int32_t arcPort() const { return mArcPort; }
 
     /** Whether an audio system hangs on the input with the audio return channel. */
     bool isArcActive() const;
@@ -41,15 +34,28 @@ public:
     /** Lets a device plugged in, or the television, play; false when there is none of the address. */
     bool select(std::int32_t logAddr);
 
-    /** Plugs a device of the configuration in, or unplugs it; false when there is none of the address. */
+    /** Plugs a device in, or unplugs it; false when there is none of the address. */
     bool plug(std::int32_t logAddr, bool plugged);
 
+    /** A device more, plugged in if it says so; what is wrong with it, if anything, and then it is not added. */
+    std::optional<std::string> add(const CecDevice& device);
+
+    /** Takes a device away, unplugged first; false when there is none of the address. */
+    bool remove(std::int32_t logAddr);
+
+    /** Takes these for the devices and the one that plays; nobody is told of it. */
+    void takeOver(std::vector<CecDevice> devices, std::int32_t playing);
+
 private:
+    std::vector<CecDevice>::iterator find(std::int32_t logAddr);
+    void change(CecDevice& device, bool plugged);
     void play(std::int32_t logAddr);
 
-    std::set<std::int32_t> mPlugged;
+    std::vector<CecDevice> mDevices;
+    const std::int32_t mArcPort;
     std::int32_t mPlaying = kTelevision;
     Notices& mNotices;
+    Revision& mRevision;
 };
 
 } // namespace simulator

@@ -1,99 +1,107 @@
 #include "Control.h"
 
-#include <keluem/publisher.h>
+#include "ControlActions.h"
+#include "ControlVerbs.h"
+#include "ControlWords.h"
+#include "Nearest.h"
 
-#include <charconv>
-#include <sstream>
-#include <vector>
+#include <algorithm>
+#include <iterator>
 
 namespace simulator {
 
 namespace {
 
-using Words = std::vector<std::string>;
-using Complaint = std::optional<std::string>;
-
-constexpr std::size_t kLongestData = keluem::kMaxPayload - sizeof(std::int32_t);
-
-Words wordsOf(const std::string& line) {
-    std::istringstream text(line);
-    Words words;
-    for (std::string word; text >> word;) {
-        words.push_back(word);
+std::string takeFault(Equipment& equipment, const std::string& rest) {
+    if (rest == "clear") {
+        equipment.faults.clear();
+    } else if (const auto complaint = equipment.faults.add(rest)) {
+        throw BadLine(*complaint);
     }
-    return words;
+    return "";
 }
 
-template <typename Number> std::optional<Number> numberOf(const std::string& word, int base) {
-    Number number{};
-    const char* const end = word.data() + word.size();
-    const auto read = std::from_chars(word.data(), end, number, base);
-    return read.ec == std::errc() && read.ptr == end ? std::optional<Number>(number) : std::nullopt;
+std::string listFaults(Equipment& equipment, const std::string& rest) {
+    if (!rest.empty()) {
+        throw BadLine("faults takes nothing");
+    }
+    return joinedLines(equipment.faults.list());
 }
 
-std::optional<std::string> bytesOf(const std::string& hex) {
-    std::string bytes;
-    for (std::size_t i = 0; i < hex.size(); i += 2) {
-        const auto byte = numberOf<unsigned int>(hex.substr(i, 2), 16);
-        if (!byte || i + 1 == hex.size()) {
-            return std::nullopt;
-        }
-        bytes += static_cast<char>(*byte);
-    }
-    return bytes;
+std::string unknownVerb(const std::string& verb) {
+    return "there is no control command '" + verb + "'" + nearestOf(verb, controlVerbNames()) +
+           "; allowed: " + listed(controlVerbNames());
 }
 
-template <bool plugged> Complaint plug(Equipment& equipment, const Words& words) {
-    const auto address = words.size() == 2 ? numberOf<std::int32_t>(words[1], 10) : std::nullopt;
-    if (!address) {
-        return words[0] + " takes the logical address of a CEC device";
+std::string help(Equipment&, const std::string& verb) {
+    const std::string text = controlHelp(verb);
+    if (text.empty()) {
+        throw BadLine(unknownVerb(verb));
     }
-    if (!equipment.cec.plug(*address, plugged)) {
-        return "there is no CEC device with the logical address " + words[1];
-    }
-    return std::nullopt;
+    return text;
 }
 
-Complaint sendVbi(Equipment& equipment, const Words& words) {
-    const bool complete = words.size() == 2 || words.size() == 3;
-    const unsigned int type = complete ? numberOf<unsigned int>(words[1], 10).value_or(0) : 0;
-    const auto bytes = bytesOf(words.size() == 3 ? words[2] : "");
-    if (type == 0 || type > Teletext::kLastType || !bytes) {
-        return "vbi takes a type from 1 to 65535 and the data in hexadecimal";
-    }
-    if (bytes->size() > kLongestData) {
-        return "a VBI block holds at most " + std::to_string(kLongestData) + " bytes";
-    }
-    if (!equipment.teletext.deliver(type, *bytes)) {
-        return "VBI is not initialised, open and registered for: nobody takes the block";
-    }
-    return std::nullopt;
-}
-
-struct ControlCommand {
-    const char* name;
-    Complaint (*obey)(Equipment& equipment, const Words& words);
+struct Action {
+    const char* verb;
+    std::string (*perform)(Equipment& equipment, const std::string& rest);
 };
 
-constexpr ControlCommand kControlCommands[] = {
-    {"plug", plug<true>},
-    {"unplug", plug<false>},
+constexpr Action kActions[] = {
+    {"cec", changeCecDevices},
+    {"event", sendEvent},
+    {"fault", takeFault},
+    {"faults", listFaults},
+    {"get", get},
+    {"help", help},
+    {"key", useKey},
+    {"plug", plug},
+    {"power", enterPowerState},
+    {"set", set},
+    {"show", show},
+    {"signal", changeSignal},
+    {"unplug", unplug},
     {"vbi", sendVbi},
 };
 
+const Action* findAction(const std::string& verb) {
+    const auto* const found = std::find_if(std::begin(kActions), std::end(kActions),
+                                           [&verb](const Action& action) { return verb == action.verb; });
+    return found != std::end(kActions) ? found : nullptr;
+}
+
+std::string verbOf(const std::string& line) { return line.substr(0, line.find_first_of(" \t")); }
+
+/** A state that is set without the verb `set`. */
+bool isState(const std::string& verb) { return verb.find('.') != std::string::npos; }
+
+std::string perform(Equipment& equipment, const std::string& line) {
+    const std::string verb = verbOf(line);
+    if (const Action* const action = findAction(verb)) {
+        return action->perform(equipment, trimmed(line.substr(verb.size())));
+    }
+    if (isState(verb)) {
+        return set(equipment, line);
+    }
+    throw BadLine(unknownVerb(verb));
+}
+
 } // namespace
 
-std::optional<std::string> obey(Equipment& equipment, const std::string& line) {
-    const Words words = wordsOf(line);
-    if (words.empty() || words[0][0] == '#') {
-        return std::nullopt;
+Answer obey(Equipment& equipment, const std::string& line) {
+    const std::string said = trimmed(line);
+    if (said.empty() || said[0] == '#') {
+        return {};
     }
-    for (const ControlCommand& command : kControlCommands) {
-        if (words[0] == command.name) {
-            return command.obey(equipment, words);
-        }
+    try {
+        return {true, perform(equipment, said)};
+    } catch (const BadLine& complaint) {
+        return {false, complaint.what()};
     }
-    return "there is no control command '" + words[0] + "', only plug, unplug and vbi";
+}
+
+std::optional<std::string> objectionToLine(const std::string& line) {
+    const std::string verb = verbOf(trimmed(line));
+    return findAction(verb) != nullptr || isState(verb) ? std::nullopt : std::optional<std::string>(unknownVerb(verb));
 }
 
 } // namespace simulator

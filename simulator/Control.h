@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Answer.h"
 #include "Equipment.h"
 
 #include <optional>
@@ -8,11 +9,14 @@
 namespace simulator {
 
 /**
- * Does what a line of the control channel says: `plug ADDRESS`, `unplug ADDRESS`, `vbi TYPE [HEX]`.
+ * Does what a line of the control channel says; see controlVerbs().
  *
  * Empty lines and those that begin with `#` say nothing.
- * @return what is wrong with the line, and then nothing is done
+ * @return the data that were asked for, or what is wrong with the line, and then nothing is done
  */
-std::optional<std::string> obey(Equipment& equipment, const std::string& line);
+Answer obey(Equipment& equipment, const std::string& line);
+
+/** What is wrong with a line as far as can be said without doing it: its verb. */
+std::optional<std::string> objectionToLine(const std::string& line);
 
 } // namespace simulator

@@ -1,5 +1,7 @@
 #include "ControlReader.h"
 
+#include "ControlMessage.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/eventfd.h>

@@ -6,13 +6,14 @@
 
 namespace simulator {
 
-/** Reads the lines of the control channel in a thread of its own, until the channel or the object ends. */
+/**
+ * Reads lines for the control channel from a file, in a thread of its own, until the file or the object ends.
+ *
+ * What is longer than `kLongestLine` is not handed on.
+ */
 class ControlReader {
 public:
     using Receiver = std::function<void(const std::string& line)>;
-
-    /** The longest line; what is longer is not handed on. */
-    static constexpr std::size_t kLongestLine = 256 * 1024;
 
     /**
      * @param path a file or a named pipe, which may be written to again and again; `-` for standard input

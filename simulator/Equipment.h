@@ -1,9 +1,13 @@
 #pragma once
 
 #include "CecBus.h"
+#include "Configuration.h"
 #include "EepStore.h"
+#include "Faults.h"
 #include "Notice.h"
 #include "Power.h"
+#include "Revision.h"
+#include "Sources.h"
 #include "State.h"
 #include "Teletext.h"
 
@@ -13,17 +17,22 @@ namespace simulator {
 
 /** What the television is made of. Not synchronised. */
 struct Equipment {
-    explicit Equipment(EepStore store) : eep(std::move(store)) {}
+    Equipment(Configuration chosen, EepStore store) : configuration(std::move(chosen)), eep(std::move(store)) {}
     Equipment(const Equipment&) = delete;
     Equipment& operator=(const Equipment&) = delete;
 
-    State state;
+    const Configuration configuration;
+    /** Of all that a state file keeps. */
+    Revision revision;
+    State state{configuration, revision};
     EepStore eep;
+    Faults faults;
     /** The events of the parts below, which are still to be published. */
     Notices notices;
-    CecBus cec{notices};
+    Sources sources{configuration, state, notices, revision};
+    CecBus cec{configuration, notices, revision};
     Teletext teletext{notices};
-    Power power{notices};
+    Power power{notices, revision};
 };
 
 } // namespace simulator

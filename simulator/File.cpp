@@ -14,6 +14,8 @@ namespace simulator {
 
 namespace {
 
+constexpr std::size_t kLongestFile = 16 * 1024 * 1024;
+
 struct stat statusOf(int fd, const std::string& path) {
     struct stat status {};
     if (::fstat(fd, &status) != 0) {
@@ -25,6 +27,14 @@ struct stat statusOf(int fd, const std::string& path) {
 std::string folderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+void syncFolder(const std::string& path) {
+    const File folder(path, O_RDONLY | O_DIRECTORY);
+    if (!folder.isOpen()) {
+        failToUse("open", path);
+    }
+    folder.sync();
 }
 
 } // namespace
@@ -76,27 +86,40 @@ void File::sync() const {
     }
 }
 
+std::string readRegularFile(const std::string& path) {
+    // Without waiting for the other end of a pipe.
+    const File file(path, O_RDONLY | O_NONBLOCK);
+    if (!file.isOpen()) {
+        failToUse("read", path);
+    }
+    if (!file.isRegular() || file.size() > kLongestFile) {
+        throw std::runtime_error("cannot read " + path + ": it must be a regular file of at most " +
+                                 std::to_string(kLongestFile) + " bytes");
+    }
+    return file.read(file.size());
+}
+
 std::string resolvedPath(const std::string& path) {
     char real[PATH_MAX];
     return ::realpath(path.c_str(), real) != nullptr ? real : path;
 }
 
-void replaceFile(const std::string& path, const std::string& content) {
+void replaceFile(const std::string& path, const std::string& content, Outlives outlives) {
     const std::string next = path + ".new";
     const File file(next, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
     if (!file.isOpen()) {
         failToUse("write", next);
     }
     file.write(content);
-    file.sync();
+    if (outlives == Outlives::Machine) {
+        file.sync();
+    }
     if (::rename(next.c_str(), path.c_str()) != 0) {
         failToUse("replace", path);
     }
-    const File folder(folderOf(path), O_RDONLY | O_DIRECTORY);
-    if (!folder.isOpen()) {
-        failToUse("open", folderOf(path));
+    if (outlives == Outlives::Machine) {
+        syncFolder(folderOf(path));
     }
-    folder.sync();
 }
 
 } // namespace simulator

@@ -36,13 +36,22 @@ private:
     const int mFd;
 };
 
+/**
+ * The content of a file of moderate size.
+ * @throws std::runtime_error when it cannot be read, is something else than a file or is too long
+ */
+std::string readRegularFile(const std::string& path);
+
 /** The file behind symbolic links; the path as it is when there is none. */
 std::string resolvedPath(const std::string& path);
 
+/** What a replaced file outlives: the end of the process, however it comes, or that of the machine, too. */
+enum class Outlives { Process, Machine };
+
 /**
- * Gives the file this content: it is written under another name, brought to the disk and renamed.
+ * Gives the file this content: it is written under another name, brought to the disk if need be, and renamed.
  * @throws std::runtime_error when that fails; the file keeps its content
  */
-void replaceFile(const std::string& path, const std::string& content);
+void replaceFile(const std::string& path, const std::string& content, Outlives outlives = Outlives::Machine);
 
 } // namespace simulator

@@ -11,6 +11,7 @@ void Power::enter(PowerState state) {
         return;
     }
     mState = state;
+    mRevision.advance();
     const auto number = static_cast<std::int32_t>(state);
     if (state != PowerState::On) {
         mLastOff = number;
@@ -19,8 +20,17 @@ void Power::enter(PowerState state) {
 }
 
 void Power::wake(std::int32_t wakeupMode) {
-    mWakeupMode = wakeupMode;
+    if (mWakeupMode != wakeupMode) {
+        mWakeupMode = wakeupMode;
+        mRevision.advance();
+    }
     enter(PowerState::On);
+}
+
+void Power::takeOver(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode) {
+    mState = state;
+    mLastOff = lastPowerOffMode;
+    mWakeupMode = wakeupMode;
 }
 
 } // namespace simulator

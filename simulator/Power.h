@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Notice.h"
+#include "Revision.h"
 
 #include <cstdint>
 
@@ -19,21 +20,26 @@ enum class PowerState : std::int32_t {
 /** Sleeping and waking up. Not synchronised. */
 class Power {
 public:
-    explicit Power(Notices& notices) : mNotices(notices) {}
+    Power(Notices& notices, Revision& revision) : mNotices(notices), mRevision(revision) {}
 
     void enter(PowerState state);
 
     /** Back to on, for a reason that the caller numbers. */
     void wake(std::int32_t wakeupMode);
 
+    PowerState state() const { return mState; }
     std::int32_t lastPowerOffMode() const { return mLastOff; }
     std::int32_t wakeupMode() const { return mWakeupMode; }
+
+    /** Takes this for what happened so far; nobody is told of it. */
+    void takeOver(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode);
 
 private:
     PowerState mState = PowerState::On;
     std::int32_t mLastOff = 0;
     std::int32_t mWakeupMode = 0;
     Notices& mNotices;
+    Revision& mRevision;
 };
 
 } // namespace simulator

@@ -60,8 +60,8 @@ bool burnKey(State& state, std::int32_t kind, const Scalars& data) {
 
 std::string burnOtp(State& state) {
     state.keep(*findState("factory.isBurnOtpRsa"), {}, {std::int32_t{1}});
-    const StateSlot& serialNumber = *findState("factory.dtvSn");
-    return std::get<std::string>(state.kept(serialNumber, {std::int32_t{KELU_TV_DTV_SN_TV}}).at(0));
+    const Scalars kept = state.kept(*findState("factory.dtvSn"), {std::int32_t{KELU_TV_DTV_SN_TV}});
+    return kept.empty() ? "" : std::get<std::string>(kept.front());
 }
 
 void restoreFactorySettings(State& state) {

@@ -1,6 +1,6 @@
 #include "Request.h"
 
-#include "Utf8.h"
+#include "ScalarReader.h"
 
 #include <utils/Errors.h>
 #include <utils/String16.h>
@@ -38,23 +38,29 @@ public:
 
 private:
     Scalars readItem(const RequestItem& item) {
+        std::optional<Scalars> scalars = readScalars(mData, item.kind, countOf(item));
+        if (!scalars) {
+            mRequest.fault = faultAt(item);
+            return {};
+        }
+        return std::move(*scalars);
+    }
+
+    std::size_t countOf(const RequestItem& item) const {
         switch (item.kind) {
-        case Kind::CString:
-            return readText(item);
-        case Kind::String16:
-            return readText16(item);
         case Kind::Bytes:
-            return readBytes(item);
-        case Kind::Double:
-            return readNumbers<double>(item, 1);
-        case Kind::Doubles:
-            return readNumbers<double>(item, blockLength(item, sizeof(double)));
+            return blockLength(item, 1);
         case Kind::Ints:
-            return readNumbers<std::int32_t>(item, blockLength(item, sizeof(std::int32_t)));
+            return blockLength(item, sizeof(std::int32_t));
+        case Kind::Doubles:
+            return blockLength(item, sizeof(double));
         case Kind::Int32:
+        case Kind::Double:
+        case Kind::CString:
+        case Kind::String16:
             break;
         }
-        return readNumbers<std::int32_t>(item, 1);
+        return 1;
     }
 
     /** The number of elements; a negative one on the wire stands for none. */
@@ -67,46 +73,11 @@ private:
         return count > 0 ? static_cast<std::size_t>(count) : 0;
     }
 
-    template <typename Number> Scalars readNumbers(const RequestItem& item, std::size_t count) {
-        if (count > mData.dataAvail() / sizeof(Number)) {
-            return missing(item);
+    Fault faultAt(const RequestItem& item) const {
+        if (item.kind == Kind::CString && mData.dataAvail() != 0) {
+            return {Result::UnterminatedText, std::string("text ") + item.name + " has no end"};
         }
-        Scalars numbers;
-        for (std::size_t i = 0; i < count; ++i) {
-            Number number{};
-            mData.read(&number, sizeof(number));
-            numbers.emplace_back(number);
-        }
-        return numbers;
-    }
-
-    Scalars readBytes(const RequestItem& item) {
-        const std::size_t length = blockLength(item, 1);
-        const auto* const bytes = static_cast<const char*>(mData.readInplace(length));
-        return bytes == nullptr && length != 0 ? missing(item) : Scalars{std::string(bytes, bytes + length)};
-    }
-
-    Scalars readText(const RequestItem& item) {
-        if (mData.dataAvail() == 0) {
-            return missing(item);
-        }
-        const char* const text = mData.readCString();
-        if (text == nullptr) {
-            mRequest.fault = {Result::UnterminatedText, std::string("text ") + item.name + " has no end"};
-            return {};
-        }
-        return {std::string(text)};
-    }
-
-    Scalars readText16(const RequestItem& item) {
-        std::size_t length = 0;
-        const char16_t* const units = mData.readString16Inplace(&length);
-        return units == nullptr ? missing(item) : Scalars{toUtf8({units, length})};
-    }
-
-    Scalars missing(const RequestItem& item) {
-        mRequest.fault = {Result::MissingData, std::string(item.name) + " is missing"};
-        return {};
+        return {Result::MissingData, std::string(item.name) + " is missing"};
     }
 
     const Parcel& mData;
@@ -120,6 +91,7 @@ void readCommand(const Parcel& data, Request& request) {
         return;
     }
     request.number = number;
+    request.argumentsAt = data.dataPosition();
     request.command = findCommand(number);
     if (request.command == nullptr) {
         request.fault = {Result::UnknownCommand, "unknown command"};

@@ -21,6 +21,8 @@ struct Fault {
 struct Request {
     std::size_t size = 0;
     std::optional<std::int32_t> number;
+    /** Where what follows the command begins, in bytes. */
+    std::size_t argumentsAt = 0;
     const Command* command = nullptr;
     /** What the command does; null until the request is read to its end. */
     const Operation* operation = nullptr;

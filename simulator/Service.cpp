@@ -1,12 +1,20 @@
 #include "Service.h"
 
+#include "Ending.h"
 #include "Request.h"
+#include "Spoil.h"
 #include "Trace.h"
 
 #include <binder/IPCThreadState.h>
 #include <binder/Parcel.h>
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
 #include <cstring>
+#include <thread>
 
 namespace simulator {
 
@@ -22,7 +30,21 @@ Notice noticeOf(const Change& change) {
             payload += payloadOf({std::get<std::int32_t>(scalar)});
         }
     }
-    return {change.slot->event, payload, describe(change)};
+    return {change.event, payload, describe(change)};
+}
+
+const Effect* effectOf(const std::vector<FaultRule>& faults, Effect::Kind kind) {
+    const auto found = std::find_if(faults.begin(), faults.end(),
+                                    [kind](const FaultRule& fault) { return fault.effect.kind == kind; });
+    return found != faults.end() ? &found->effect : nullptr;
+}
+
+pid_t caller() { return android::IPCThreadState::self()->getCallingPid(); }
+
+[[noreturn]] void waitForTheEnd() {
+    for (;;) {
+        ::pause();
+    }
 }
 
 } // namespace
@@ -36,48 +58,82 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
     if (code != FIRST_CALL_TRANSACTION) {
         return BBinder::onTransact(code, data, reply, flags);
     }
-    const Reply answered = answer(readRequest(data));
+    if (mEnding) {
+        waitForTheEnd();
+    }
+    const Request request = readRequest(data);
+    FaultRules faults;
+    const Reply answered = answer(request, faults);
     if (reply != nullptr) {
         writeReply(answered, *reply);
+        for (const FaultRule& fault : faults) {
+            spoil(fault.effect, request, answered, *reply);
+        }
+    }
+    if (const Effect* const delay = effectOf(faults, Effect::Kind::Delay)) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(delay->amount));
+    }
+    if (effectOf(faults, Effect::Kind::DieAfter) != nullptr) {
+        mEnding = true;
+        endWhenAnswered();
     }
     return android::NO_ERROR;
 }
 
-Reply Service::answer(const Request& request) {
+Reply Service::answer(const Request& request, FaultRules& faults) {
     const std::lock_guard<std::mutex> lock(mMutex);
-    Reply reply = request.fault ? refusal(*request.fault) : mTelevision.perform(request);
-    if (mTrace != nullptr) {
-        const pid_t caller = android::IPCThreadState::self()->getCallingPid();
-        trace('[' + std::to_string(caller) + "] " + describe(request) + " -> " + describe(request, reply));
+    faults = mTelevision.meetFaults(request, caller());
+    for (const FaultRule& fault : faults) {
+        tell([&](Watcher& watcher) { watcher.faulted(caller(), request, fault); });
     }
-    publishNews();
+    endIfToldTo(faults);
+    const Reply reply = carryOut(request, faults);
+    tell([&](Watcher& watcher) { watcher.served({caller(), request, reply}); });
+    settle();
     return reply;
 }
 
-void Service::control(const std::string& line) {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    if (const auto complaint = mTelevision.control(line)) {
-        std::fprintf(stderr, "kelutv-simulator: %s\n", complaint->c_str());
-        return;
+void Service::endIfToldTo(const FaultRules& faults) {
+    const bool beforeReply = effectOf(faults, Effect::Kind::DieBefore) != nullptr;
+    if (beforeReply || effectOf(faults, Effect::Kind::DieAfter) != nullptr) {
+        tell([](Watcher& watcher) { watcher.ending(); });
     }
-    publishNews();
+    if (beforeReply) {
+        ::_exit(kEndedByFault);
+    }
 }
 
-void Service::publishNews() {
+Reply Service::carryOut(const Request& request, const FaultRules& faults) {
+    if (const Effect* const error = effectOf(faults, Effect::Kind::Error)) {
+        return {error->amount, "a fault", {}};
+    }
+    return request.fault ? refusal(*request.fault) : mTelevision.perform(request);
+}
+
+Answer Service::control(const std::string& line) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    Answer answer = mTelevision.control(line);
+    settle();
+    return answer;
+}
+
+void Service::show() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    settle();
+}
+
+void Service::settle() {
     for (const Change& change : mTelevision.takeChanges()) {
         publish(noticeOf(change));
     }
     for (const Notice& notice : mTelevision.takeNotices()) {
         publish(notice);
     }
+    tell([this](Watcher& watcher) { watcher.settled(mTelevision); });
 }
 
 void Service::publish(const Notice& notice) {
-    if (mTrace != nullptr) {
-        char identifier[32];
-        std::snprintf(identifier, sizeof(identifier), "event 0x%X: ", notice.event);
-        trace(identifier + notice.text);
-    }
+    tell([&notice](Watcher& watcher) { watcher.published(notice); });
     const int status = mPublisher.publish(notice.event, notice.payload.data(), notice.payload.size());
     if (status != 0) {
         std::fprintf(stderr, "kelutv-simulator: event 0x%X was not published: %s\n", notice.event,
@@ -85,9 +141,10 @@ void Service::publish(const Notice& notice) {
     }
 }
 
-void Service::trace(const std::string& line) {
-    std::fprintf(mTrace, "%s\n", line.c_str());
-    std::fflush(mTrace);
+void Service::tell(const std::function<void(Watcher&)>& news) {
+    for (const std::shared_ptr<Watcher>& watcher : mWatchers) {
+        news(*watcher);
+    }
 }
 
 } // namespace simulator

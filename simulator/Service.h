@@ -1,43 +1,59 @@
 #pragma once
 
 #include "Television.h"
+#include "Watcher.h"
 
 #include <binder/Binder.h>
 #include <keluem/publisher.h>
 
-#include <cstdio>
+#include <atomic>
+#include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace simulator {
 
 /** The binder object behind "TVBaseService". */
 class Service : public android::BBinder {
 public:
-    /** @param trace receives one line per request and per event; null for none */
-    Service(std::FILE* trace, EepStore eep) : mTrace(trace), mTelevision(std::move(eep)) {}
+    using Watchers = std::vector<std::shared_ptr<Watcher>>;
+
+    /** @param watchers are told in this order; see `Television` for the others */
+    Service(Watchers watchers, Configuration configuration, EepStore eep, const std::string& stateFile)
+        : mWatchers(std::move(watchers)), mTelevision(std::move(configuration), std::move(eep), stateFile) {}
 
     const android::String16& getInterfaceDescriptor() const override;
 
-    /** Does what a line of the control channel says; a line that makes no sense is told of on standard error. */
-    void control(const std::string& line);
+    /** Does what a line of the control channel says. */
+    Answer control(const std::string& line);
+
+    /** Tells the watchers what the television is like now. */
+    void show();
 
 protected:
     android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
                                  uint32_t flags) override;
 
 private:
-    Reply answer(const Request& request);
-    void publishNews();
-    void publish(const Notice& notice);
-    void trace(const std::string& line);
+    using FaultRules = std::vector<FaultRule>;
 
-    std::FILE* const mTrace;
-    /** Held while a request is carried out, so that state, events and trace have one order. */
+    Reply answer(const Request& request, FaultRules& faults);
+    void endIfToldTo(const FaultRules& faults);
+    Reply carryOut(const Request& request, const FaultRules& faults);
+    /** Publishes what is new, then tells the watchers. */
+    void settle();
+    void publish(const Notice& notice);
+    void tell(const std::function<void(Watcher&)>& news);
+
+    const Watchers mWatchers;
+    /** Held while a request is carried out, so that state, events and what the watchers are told have one order. */
     std::mutex mMutex;
     Television mTelevision;
     keluem::Publisher mPublisher;
+    std::atomic<bool> mEnding{false};
 };
 
 } // namespace simulator

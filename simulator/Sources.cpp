@@ -1,9 +1,11 @@
 #include "Sources.h"
 
+#include "Events.h"
+
 #include <kelutv/video_types.h>
 
-#include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace simulator {
 
@@ -17,52 +19,45 @@ const Scalars& mainWindow() {
     return *keys;
 }
 
-Scalars keptIn(const State& state, const char* slot) { return state.kept(*findState(slot), {}); }
+bool isGood(const Scalars& status) { return status == Scalars{std::int32_t{1}}; }
 
-/** What the signal of a source says for a slot, whether it is shown or not. */
-Scalars signalOf(const Source& source, const char* slot) {
-    const auto* const found =
-        std::find_if(source.signal.begin(), source.signal.end(),
-                     [slot](const SignalValue& value) { return std::string_view(value.slot->name) == slot; });
-    return found != source.signal.end() ? scalarsOf(found->values) : Scalars{};
+Scalars keptIn(const State& state, const char* slot, const Scalars& keys) { return state.kept(*findState(slot), keys); }
+
+Scalars everySource(const Sources& sources, const State&, const Scalars&) {
+    const std::vector<std::int32_t> all = sources.ids();
+    return {all.begin(), all.end()};
 }
 
-bool hasSignal(const Source& source) { return signalOf(source, kSignalStatus) == Scalars{std::int32_t{1}}; }
-
-Scalars idsOf(bool (*wanted)(const Source&)) {
-    Scalars ids;
-    for (const Source& source : allSources()) {
-        if (wanted(source)) {
-            ids.emplace_back(source.id);
+Scalars sourcesWithSignal(const Sources& sources, const State&, const Scalars&) {
+    Scalars found;
+    for (const std::int32_t source : sources.ids()) {
+        if (sources.hasSignal(source)) {
+            found.emplace_back(source);
         }
     }
-    return ids;
+    return found;
 }
 
-Scalars everySource(const State&, const Scalars&) {
-    return idsOf([](const Source&) { return true; });
+Scalars statusAtSource(const Sources& sources, const State&, const Scalars& keys) {
+    return sources.statusAt(std::get<std::int32_t>(keys.front()));
 }
 
-Scalars sourcesWithSignal(const State&, const Scalars&) { return idsOf(hasSignal); }
-
-Scalars statusAtSource(const State&, const Scalars& keys) {
-    return signalOf(*findSource(std::get<std::int32_t>(keys.front())), kSignalStatus);
+Scalars statusOfMainWindow(const Sources&, const State& state, const Scalars&) {
+    return keptIn(state, kSignalStatus, {});
 }
 
-Scalars statusOfMainWindow(const State& state, const Scalars&) { return keptIn(state, kSignalStatus); }
-
-Scalars status3d(const State& state, const Scalars&) {
-    const bool flat = keptIn(state, "video.mode3d") == Scalars{std::int32_t{KELU_TV_3DMODE_OFF}};
+Scalars status3d(const Sources&, const State& state, const Scalars&) {
+    const bool flat = keptIn(state, "video.mode3d", {}) == Scalars{std::int32_t{KELU_TV_3DMODE_OFF}};
     return {std::int32_t{!flat}};
 }
 
-Scalars pictureModeOfStreamType(const State& state, const Scalars&) {
-    return state.kept(*findState("picture.pictureMode"), keptIn(state, "picture.hdrStreamType"));
+Scalars pictureModeOfStreamType(const Sources&, const State& state, const Scalars&) {
+    return keptIn(state, "picture.pictureMode", keptIn(state, "picture.hdrStreamType", {}));
 }
 
 struct Consequence {
     const char* slot;
-    Scalars (*workOut)(const State& state, const Scalars& keys);
+    Scalars (*workOut)(const Sources& sources, const State& state, const Scalars& keys);
 };
 
 constexpr Consequence kConsequences[] = {
@@ -77,38 +72,99 @@ constexpr Consequence kConsequences[] = {
 
 } // namespace
 
-void selectSource(State& state, std::int32_t source, std::int32_t window) {
+Sources::Sources(const Configuration& configuration, State& state, Notices& notices, Revision& revision)
+    : mConfiguration(configuration), mState(state), mNotices(notices), mRevision(revision),
+      mSources(configuration.sources()) {}
+
+std::vector<std::int32_t> Sources::ids() const {
+    std::vector<std::int32_t> ids;
+    for (const auto& source : mSources) {
+        ids.push_back(source.first);
+    }
+    return ids;
+}
+
+bool Sources::hasSignal(std::int32_t source) const { return isGood(statusAt(source)); }
+
+void Sources::plug(std::int32_t source, bool plugged) { change(source, plugged, signalAt(source)); }
+
+void Sources::setSignal(std::int32_t source, const Signal& signal) { change(source, isPlugged(source), signal); }
+
+void Sources::change(std::int32_t source, bool plugged, const Signal& signal) {
+    SourceSettings& settings = mSources.at(source);
+    if (settings.plugged == plugged && settings.signal == signal) {
+        return;
+    }
+    const auto before = std::make_pair(settings.plugged, hasSignal(source));
+    settings.plugged = plugged;
+    settings.signal = signal;
+    mRevision.advance();
+    const auto after = std::make_pair(plugged, hasSignal(source));
+    if (after != before) {
+        const std::string text = settings.name + (plugged ? " is plugged in" : " is unplugged") +
+                                 (after.second ? ", with a signal" : ", without a signal");
+        mNotices.push_back(
+            {kSourcePlugged, payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
+    }
+    if (showsInMainWindow(source)) {
+        show(visible(source));
+    }
+}
+
+void Sources::select(std::int32_t source, std::int32_t window) {
     const StateSlot& current = *findState(kCurrentSource);
-    const Scalars before = state.kept(current, mainWindow());
-    state.keep(current, {window}, {source});
-    state.keep(*findState("sourcemanager.selectSource"), {}, {source});
+    const Scalars before = mState.kept(current, mainWindow());
+    mState.keep(current, {window}, {source});
+    mState.keep(*findState("sourcemanager.selectSource"), {}, {source});
     if (window != KELU_TV_WINDOW_MAIN) {
         return;
     }
     if (before != Scalars{source}) {
-        state.keep(*findState("sourcemanager.lastMainSource"), {}, before);
+        mState.keep(*findState("sourcemanager.lastMainSource"), {}, before);
     }
-    for (const SignalValue& value : findSource(source)->signal) {
-        state.keep(*value.slot, {}, scalarsOf(value.values));
+    mShown = true;
+    show(visible(source));
+}
+
+void Sources::deselect(std::int32_t source) {
+    if (showsInMainWindow(source)) {
+        mShown = false;
+        show(mConfiguration.noSignal());
     }
 }
 
-void deselectSource(State& state, std::int32_t source) {
-    if (state.kept(*findState(kCurrentSource), mainWindow()) != Scalars{source}) {
-        return;
-    }
-    for (const SignalValue& value : findSource(source)->signal) {
-        state.keep(*value.slot, {}, Scalars(value.values.size(), std::int32_t{0}));
-    }
-}
-
-std::optional<Scalars> workedOut(const State& state, const StateSlot& slot, const Scalars& keys) {
+std::optional<Scalars> Sources::workedOut(const StateSlot& slot, const Scalars& keys) const {
     for (const Consequence& consequence : kConsequences) {
         if (std::string_view(consequence.slot) == slot.name) {
-            return consequence.workOut(state, keys);
+            return consequence.workOut(*this, mState, keys);
         }
     }
     return std::nullopt;
+}
+
+void Sources::takeOver(All sources, bool shown) {
+    mSources = std::move(sources);
+    mShown = shown;
+}
+
+bool Sources::showsInMainWindow(std::int32_t source) const {
+    return mShown && keptIn(mState, kCurrentSource, mainWindow()) == Scalars{source};
+}
+
+void Sources::show(const Signal& signal) {
+    for (const auto& [slot, values] : signal) {
+        mState.keep(*slot, {}, values);
+    }
+}
+
+Signal Sources::visible(std::int32_t source) const {
+    return has(source) && isPlugged(source) ? signalAt(source) : mConfiguration.noSignal();
+}
+
+Scalars Sources::statusAt(std::int32_t source) const {
+    const Signal signal = visible(source);
+    const auto found = signal.find(findState(kSignalStatus));
+    return found != signal.end() ? found->second : Scalars{};
 }
 
 } // namespace simulator

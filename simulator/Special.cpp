@@ -103,12 +103,10 @@ template <Memory memory> Reply writeEep(Equipment& equipment, const Request& req
 
 Reply cecDevices(Equipment& equipment, const Request&) {
     Reply reply;
-    for (const CecDevice* const device : equipment.cec.devices()) {
-        reply.fields.insert(reply.fields.end(), {{device->logAddr},
-                                                 {device->hdmiDevPort},
-                                                 {std::string(device->name)},
-                                                 {std::string(device->phyAddr)},
-                                                 {std::string(device->listText)}});
+    for (const CecDevice& device : equipment.cec.devices()) {
+        reply.fields.insert(
+            reply.fields.end(),
+            {{device.logAddr}, {device.hdmiDevPort}, {device.name}, {device.phyAddr}, {device.listText}});
     }
     return reply;
 }
@@ -126,7 +124,7 @@ Reply arcSupported(Equipment&, const Request&) { return valued(1); }
 
 Reply arcActive(Equipment& equipment, const Request&) { return valued(std::int32_t{equipment.cec.isArcActive()}); }
 
-Reply arcPort(Equipment&, const Request&) { return valued(cecArcPort()); }
+Reply arcPort(Equipment& equipment, const Request&) { return valued(equipment.cec.arcPort()); }
 
 template <void (Teletext::*change)(bool), bool on> Reply changeTeletext(Equipment& equipment, const Request&) {
     (equipment.teletext.*change)(on);

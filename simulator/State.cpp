@@ -2,35 +2,15 @@
 
 namespace simulator {
 
-namespace {
-
-Scalars initialOf(const StateSlot& slot, const Scalars& keys) {
-    for (const KeyedInitial& initial : slot.initialByKey) {
-        if (!keys.empty() && keys.front() == Scalar(initial.key)) {
-            return scalarsOf(initial.values);
-        }
-    }
-    return scalarsOf(slot.initial);
-}
-
-} // namespace
-
-Scalars scalarsOf(const Rows<InitialValue>& values) {
-    Scalars scalars;
-    for (const InitialValue& value : values) {
-        scalars.push_back(value.text != nullptr ? Scalar(value.text) : Scalar(value.number));
-    }
-    return scalars;
-}
-
 Scalars State::kept(const StateSlot& slot, const Scalars& keys) const {
     const auto found = mKept.find({&slot, keys});
-    return found != mKept.end() ? found->second : initialOf(slot, keys);
+    return found != mKept.end() ? found->second : mConfiguration.settings(slot).initialFor(keys);
 }
 
 void State::keep(const StateSlot& slot, const Scalars& keys, const Scalars& values) {
     if (kept(slot, keys) != values) {
         mKept[{&slot, keys}] = values;
+        mRevision.advance();
         noteChange(slot, keys);
     }
 }
@@ -43,11 +23,12 @@ void State::restore(const std::function<bool(const StateSlot&)>& wanted) {
     for (auto entry = mKept.begin(); entry != mKept.end();) {
         const auto [slot, keys] = entry->first;
         const Scalars before = entry->second;
-        if (!wanted(*slot) || slot->ofSignal) {
+        if (!wanted(*slot) || mConfiguration.settings(*slot).ofSignal) {
             ++entry;
             continue;
         }
         entry = mKept.erase(entry);
+        mRevision.advance();
         if (kept(*slot, keys) != before) {
             noteChange(*slot, keys);
         }
@@ -55,8 +36,9 @@ void State::restore(const std::function<bool(const StateSlot&)>& wanted) {
 }
 
 void State::noteChange(const StateSlot& slot, const Scalars& keys) {
-    if (slot.event != 0) {
-        mChanges.push_back({&slot, keys, kept(slot, keys)});
+    const unsigned int event = mConfiguration.settings(slot).event;
+    if (event != 0) {
+        mChanges.push_back({&slot, keys, kept(slot, keys), event});
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Table.h"
+#include "Configuration.h"
+#include "Revision.h"
 
 #include <functional>
 #include <map>
@@ -15,14 +16,24 @@ struct Change {
     const StateSlot* slot;
     Scalars keys;
     Scalars values;
+    unsigned int event;
 };
-
-/** A row of constants as scalars. */
-Scalars scalarsOf(const Rows<InitialValue>& values);
 
 /** Everything that the television keeps. Not synchronised. */
 class State {
 public:
+    using Kept = std::map<std::pair<const StateSlot*, Scalars>, Scalars>;
+
+    /** Both must outlive it. */
+    State(const Configuration& configuration, Revision& revision)
+        : mConfiguration(configuration), mRevision(revision) {}
+
+    /** What was set and differs from what it starts with or did, by slot and keys. */
+    const Kept& all() const { return mKept; }
+
+    /** Takes this for what was set; nobody is told of it. */
+    void takeOver(Kept kept) { mKept = std::move(kept); }
+
     /** What was kept last, else what the slot starts with. */
     Scalars kept(const StateSlot& slot, const Scalars& keys) const;
 
@@ -40,7 +51,9 @@ public:
 private:
     void noteChange(const StateSlot& slot, const Scalars& keys);
 
-    std::map<std::pair<const StateSlot*, Scalars>, Scalars> mKept;
+    const Configuration& mConfiguration;
+    Revision& mRevision;
+    Kept mKept;
     std::vector<Change> mChanges;
 };
 

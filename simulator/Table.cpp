@@ -1,10 +1,20 @@
 #include "Table.h"
 
 #include <algorithm>
-#include <string_view>
 #include <tuple>
 
 namespace simulator {
+
+namespace {
+
+/** In a table by ascending name. */
+template <typename Row> const Row* findNamed(const Rows<Row>& rows, std::string_view name) {
+    const auto* const found = std::lower_bound(
+        rows.begin(), rows.end(), name, [](const Row& row, std::string_view wanted) { return row.name < wanted; });
+    return found != rows.end() && found->name == name ? found : nullptr;
+}
+
+} // namespace
 
 const Command* findCommand(std::int32_t value) {
     const Rows<Command> commands = allCommands();
@@ -14,19 +24,9 @@ const Command* findCommand(std::int32_t value) {
     return found != commands.end() && found->value == value ? found : nullptr;
 }
 
-const StateSlot* findState(const char* name) {
-    const Rows<StateSlot> states = allStates();
-    const auto* const found = std::find_if(
-        states.begin(), states.end(), [name](const StateSlot& slot) { return std::string_view(slot.name) == name; });
-    return found != states.end() ? found : nullptr;
-}
+const StateSlot* findState(std::string_view name) { return findNamed(allStates(), name); }
 
-const Source* findSource(std::int32_t id) {
-    const Rows<Source> sources = allSources();
-    const auto* const found =
-        std::find_if(sources.begin(), sources.end(), [id](const Source& source) { return source.id == id; });
-    return found != sources.end() ? found : nullptr;
-}
+const EnumeratorName* findEnumerator(std::string_view name) { return findNamed(allEnumerators(), name); }
 
 const Operation* operationOf(const Command& command, const Arguments& arguments) {
     if (!command.hasItems) {

@@ -4,6 +4,7 @@
 #include "Scalar.h"
 
 #include <cstdint>
+#include <string_view>
 
 namespace simulator {
 
@@ -42,46 +43,15 @@ struct ReplyField {
 /** What the result word and the words behind it mean; see the command calls of the client. */
 enum class Shape { Status, Value, Parcel };
 
-/** A number, or a text when that is not null. Without a destructor, since requests come until the process is gone. */
-struct InitialValue {
-    std::int32_t number;
-    const char* text;
-};
-
-/** What a slot starts with for one value of its first key. */
-struct KeyedInitial {
-    std::int32_t key;
-    Rows<InitialValue> values;
-};
+/** What the values, or one of the keys, of a slot are. */
+enum class Holds { Integers, Reals, Texts, Anything };
 
 /** One thing that the television keeps, possibly once for each of several keys. */
 struct StateSlot {
     const char* name;
     const char* module;
-    Rows<InitialValue> initial;
-    bool bounded;
-    std::int32_t low;
-    std::int32_t high;
-    /** Published when the value changes; 0 for none. */
-    unsigned int event;
-    /** Goes before `initial`. */
-    Rows<KeyedInitial> initialByKey;
-    /** Shows something of the signal of the main window's source. */
-    bool ofSignal;
-    bool keyIsSource;
-    bool valueIsSource;
-};
-
-/** What a signal puts into one of the slots that show it. */
-struct SignalValue {
-    const StateSlot* slot;
-    Rows<InitialValue> values;
-};
-
-/** An input of the television with the signal it carries. */
-struct Source {
-    std::int32_t id;
-    Rows<SignalValue> signal;
+    Holds holds;
+    Rows<Holds> keys;
 };
 
 /** The request item at `index`; the literal when that is negative. */
@@ -122,16 +92,18 @@ struct Item {
     Operation operation;
 };
 
-/** Generated from the catalogue: the commands by ascending value, the items by ascending command and value. */
+/** Generated from the catalogue: the commands by ascending value, the items by ascending command and value, the states
+ * by ascending name. */
 Rows<Command> allCommands();
 Rows<Item> allItems();
 Rows<StateSlot> allStates();
-Rows<Source> allSources();
+/** Every enumerator of the public headers, by ascending name. */
+Rows<EnumeratorName> allEnumerators();
 
 /** Null when there is none. */
 const Command* findCommand(std::int32_t value);
-const StateSlot* findState(const char* name);
-const Source* findSource(std::int32_t id);
+const StateSlot* findState(std::string_view name);
+const EnumeratorName* findEnumerator(std::string_view name);
 
 /** What a command does with these arguments; null when it names an item that does not exist. */
 const Operation* operationOf(const Command& command, const Arguments& arguments);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Answer.h"
 #include "Equipment.h"
 #include "Reply.h"
+#include "StateFile.h"
 
 #include <optional>
 #include <string>
@@ -13,7 +15,11 @@ namespace simulator {
 /** What the commands do to the simulated television. Not synchronised. */
 class Television {
 public:
-    explicit Television(EepStore eep = EepStore()) : mEquipment(std::move(eep)) {}
+    /**
+     * @param stateFile where what it keeps outlives it; empty for nowhere
+     * @throws ConfigurationError when the file holds something else; std::runtime_error when it cannot be used
+     */
+    explicit Television(Configuration configuration, EepStore eep = EepStore(), const std::string& stateFile = "");
 
     /** Does what a request says; the request has been read to its end. */
     Reply perform(const Request& request);
@@ -21,17 +27,26 @@ public:
     /** What happened since the last take to slots that have an event. */
     std::vector<Change> takeChanges() { return mEquipment.state.takeChanges(); }
 
-    /** Does what a line of the control channel says; what is wrong with it, if anything, and then nothing is done. */
-    std::optional<std::string> control(const std::string& line);
+    const Equipment& equipment() const { return mEquipment; }
+
+    /** The faults that hit this request. */
+    std::vector<FaultRule> meetFaults(const Request& request, pid_t caller) {
+        return mEquipment.faults.meet(request, caller);
+    }
+
+    /** Does what a line of the control channel says. */
+    Answer control(const std::string& line);
 
     /** What else happened since the last take. */
     Notices takeNotices() { return std::exchange(mEquipment.notices, {}); }
 
 private:
+    Reply carryOut(const Request& request);
     Reply apply(const Request& request, const Rule& rule);
-    void store(std::int32_t command, const StateSlot& slot, const Scalars& keys, const Scalars& values);
+    void keepState();
 
     Equipment mEquipment;
+    StateFile mStateFile;
 };
 
 } // namespace simulator

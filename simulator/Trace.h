@@ -1,20 +1,26 @@
 #pragma once
 
-#include "Reply.h"
-#include "Request.h"
+#include "Describe.h"
+#include "FaultRule.h"
+#include "Notice.h"
 #include "Television.h"
+
+#include <sys/types.h>
 
 #include <string>
 
 namespace simulator {
 
-/** One request in words: `CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35)`. */
-std::string describe(const Request& request);
-
-/** Its answer in words: the result word, then what stands behind it, as in `0: 35`; or why it was refused. */
-std::string describe(const Request& request, const Reply& reply);
-
 /** A change in words: `audio.volume[0] = 35`. */
 std::string describe(const Change& change);
+
+/** The line for a request: `[4711] CMD_AUDIO_GETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER) -> 0: 35`. */
+std::string describe(pid_t caller, const Request& request, const Reply& reply);
+
+/** The line for an event: `event 0x60001: audio.volume[0] = 35`. */
+std::string describe(const Notice& notice);
+
+/** The line for a request that meets a fault: `[4711] CMD_AUDIO_GETSOUNDMODE() meets fault any die before`. */
+std::string describe(pid_t caller, const Request& request, const FaultRule& fault);
 
 } // namespace simulator

@@ -12,7 +12,6 @@ ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "catalogue"))
 
 from cells import record_leaves  # noqa: E402
-from defaults import Defaults, GenerationError, Values  # noqa: E402
 from model import Catalogue, Function, Method, Operand, Operation  # noqa: E402
 from model import Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
 from reader import read_catalogue  # noqa: E402
@@ -29,9 +28,21 @@ KINDS = {
     "doubles": "Doubles",
     "bytes": "Bytes",
 }
+HOLDS = {
+    "Int32": "Integers",
+    "Ints": "Integers",
+    "Double": "Reals",
+    "Doubles": "Reals",
+    "CString": "Texts",
+    "String16": "Texts",
+    "Bytes": "Texts",
+}
 REST = -1
 COUNT_OF_REST = -2
-DEFAULTS = ROOT / "simulator" / "defaults.json"
+
+
+class GenerationError(Exception):
+    """Why there is no table."""
 
 
 def text(value: str) -> str:
@@ -43,24 +54,20 @@ def state_key(operation: Operation, state: State) -> str:
 
 
 class TableWriter:
-    def __init__(self, catalogue: Catalogue, defaults: Path):
+    def __init__(self, catalogue: Catalogue):
         self.catalogue = catalogue
         self.headers = catalogue.headers
-        operations = catalogue.operations
-        self.states = sorted({state_key(op, op.state) for op in operations if op.state})
-        enumerators = {n: v for e in self.headers.enumerations.values() for n, v in e.values.items()}
-        self.defaults = Defaults(defaults, set(self.states), enumerators)
+        self.kept = [op for op in catalogue.operations if op.state]
+        self.states = sorted({state_key(op, op.state) for op in self.kept})
         self.enumerations: dict[str, str] = {}
         self.arrays: dict[str, str] = {}
-        self.signals: dict[str, str] = {}
 
-    def _array(self, row_type: str, rows: list[str], arrays: dict[str, str] | None = None) -> str:
+    def _array(self, row_type: str, rows: list[str]) -> str:
         """The name of a table with these rows; equal tables are written once."""
         if not rows:
             return "{}"
-        arrays = self.arrays if arrays is None else arrays
         body = f"constexpr {row_type} %s[] = {{{', '.join(rows)}}};"
-        return arrays.setdefault(body, f"k{row_type}s{len(arrays)}")
+        return self.arrays.setdefault(body, f"k{row_type}s{len(self.arrays)}")
 
     def _names(self, type_name: str, values: ValueSet | None) -> str:
         enumeration = values.enumeration if values and values.enumeration else type_name
@@ -152,40 +159,45 @@ class TableWriter:
                 calls[key] = call
         return [f"{{0x{key[0]:X}, {key[1]}, {self._operation(calls[key])}}}" for key in sorted(calls)]
 
-    def _initial_values(self, values: Values) -> str:
-        rows = [f"{{0, {text(v)}}}" if isinstance(v, str) else f"{{{v}, nullptr}}" for v in values]
-        return self._array("InitialValue", rows)
-
     def _state_rows(self) -> list[str]:
-        return [f"{{{', '.join(self._state_cells(name))}}}" for name in self.states]
+        keys: dict[str, list[str]] = {}
+        values: dict[str, set[str]] = {name: set() for name in self.states}
+        for operation in self.kept:
+            name = state_key(operation, operation.state)
+            held = [self._held_by(operation, key) for key in operation.state.keys]
+            if keys.setdefault(name, held) != held:
+                raise GenerationError(f"{operation.place}: {name} has other keys elsewhere")
+            values[name] |= self._values_of(operation)
+        return [self._state_row(name, values[name], keys[name]) for name in self.states]
 
-    def _state_cells(self, name: str) -> list[str]:
-        low, high = self.defaults.range(name)
-        by_key = self.defaults.initial_by_key(name).items()
-        keyed = [f"{{{key}, {self._initial_values(values)}}}" for key, values in by_key]
-        flags = [
-            name in self.defaults.signal_states,
-            self.defaults.is_source(name, "key"),
-            self.defaults.is_source(name, "value"),
+    def _state_row(self, name: str, values: set[str], keys: list[str]) -> str:
+        held = f"Holds::{values.pop()}" if len(values) == 1 else "Holds::Anything"
+        rows = self._array("Holds", [f"Holds::{key}" for key in keys])
+        return f"{{{text(name)}, {text(name.split('.')[0])}, {held}, {rows}}}"
+
+    @staticmethod
+    def _held_by(operation: Operation, operand: Operand) -> str:
+        return HOLDS["Int32" if operand.literal is not None else KINDS[operation.request[operand.index].kind]]
+
+    def _values_of(self, operation: Operation) -> set[str]:
+        """What a set puts into its state, or a get reads from it."""
+        if operation.state.is_set:
+            return {self._held_by(operation, value) for value in operation.state.values}
+        reply = operation.method.reply
+        leaves = [
+            self._leaf_kind(kind)
+            for field in reply.fields
+            for kind in (
+                [leaf for _, leaf in record_leaves(self.headers, field.kind, "")]
+                if field.kind in self.headers.records
+                else [field.kind]
+            )
         ]
-        return [
-            text(name),
-            text(name.split(".")[0]),
-            self._initial_values(self.defaults.initial(name)),
-            str(self.defaults.bounded(name)).lower(),
-            str(low),
-            str(high),
-            self.defaults.event(name),
-            self._array("KeyedInitial", keyed),
-            *(str(flag).lower() for flag in flags),
-        ]
+        return {HOLDS[KINDS[leaf]] for leaf in leaves or ["int"]}
 
-    def _source_rows(self) -> list[str]:
-        return [f"{{{source.value}, {self._signal(source.signal)}}}" for source in self.defaults.sources]
-
-    def _signal(self, signal: dict[str, Values]) -> str:
-        rows = [f"{{&kStates[{self.states.index(n)}], {self._initial_values(v)}}}" for n, v in signal.items()]
-        return self._array("SignalValue", rows, self.signals)
+    def _enumerator_rows(self) -> list[str]:
+        values = {n: v for e in self.headers.enumerations.values() for n, v in e.values.items()}
+        return [f"{{{values[name]}, {text(name)}}}" for name in sorted(values)]
 
     def _enumeration_lines(self) -> list[str]:
         lines = []
@@ -197,26 +209,23 @@ class TableWriter:
         return lines
 
     def write(self) -> str:
-        states, commands, items, sources = self._state_rows(), self._commands(), self._items(), self._source_rows()
-        tables = {"Command kCommands": commands, "Item kItems": items}
-        if sources:
-            tables["Source kSources"] = sources
+        states, commands, items = self._state_rows(), self._commands(), self._items()
         return "\n".join(
             [
-                "// Generated from the catalogue and defaults.json.",
-                '#include "simulator/Events.h"',
+                "// Generated from the catalogue.",
                 '#include "simulator/Table.h"\n',
                 "namespace simulator {\n\nnamespace {\n",
                 *self._enumeration_lines(),
+                self._table("EnumeratorName kEnumerators", self._enumerator_rows()),
                 *(body % name for body, name in self.arrays.items()),
                 self._table("StateSlot kStates", states),
-                *(body % name for body, name in self.signals.items()),
-                *(self._table(name, rows) for name, rows in tables.items()),
+                self._table("Command kCommands", commands),
+                self._table("Item kItems", items),
                 "\n} // namespace\n",
                 "Rows<Command> allCommands() { return kCommands; }",
                 "Rows<Item> allItems() { return kItems; }",
                 "Rows<StateSlot> allStates() { return kStates; }",
-                f"Rows<Source> allSources() {{ return {'kSources' if sources else '{}'}; }}",
+                "Rows<EnumeratorName> allEnumerators() { return kEnumerators; }",
                 "\n} // namespace simulator\n",
             ]
         )
@@ -229,11 +238,10 @@ class TableWriter:
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("output", type=Path, help="the C++ source to write")
-    parser.add_argument("--defaults", type=Path, default=DEFAULTS, help="what the television starts with")
     arguments = parser.parse_args()
     try:
         catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
-        arguments.output.write_text(TableWriter(catalogue, arguments.defaults).write(), encoding="utf-8")
+        arguments.output.write_text(TableWriter(catalogue).write(), encoding="utf-8")
     except (CatalogueError, GenerationError) as error:
         print(error, file=sys.stderr)
         return 1

@@ -3,7 +3,11 @@
 #include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <csignal>
+#include <cstdio>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -47,6 +51,19 @@ std::vector<std::string> Simulator::takeTrace() {
 std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), KELUTV_SIMULATOR);
     return std::make_unique<ChildProcess>(std::move(arguments), captured());
+}
+
+std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments, int output) {
+    arguments.insert(arguments.begin(), KELUTV_SIMULATOR);
+    ChildProcess::Options options;
+    options.captureError = true;
+    std::fflush(stdout);
+    const int own = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
+    ::dup2(output, STDOUT_FILENO);
+    auto process = std::make_unique<ChildProcess>(std::move(arguments), options);
+    ::dup2(own, STDOUT_FILENO);
+    ::close(own);
+    return process;
 }
 
 SimulatorEnvironment& SimulatorEnvironment::install() {

@@ -32,6 +32,9 @@ private:
 /** Starts a program of the simulator's that is expected to end by itself. */
 std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments);
 
+/** The same with its standard output on this descriptor. */
+std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments, int output);
+
 /** A runtime directory and a simulator in it, for all tests of the program. */
 class SimulatorEnvironment : public ::testing::Environment {
 public:

@@ -28,8 +28,8 @@ constexpr int kNothing = 7;
 constexpr int kGetLed = 8;
 
 constexpr StateSlot kStates[] = {
-    {"test.curve", "test", {}, false, 0, 0, 0, {}, false, false, false},
-    {"test.rest", "test", {}, false, 0, 0, 0, {}, false, false, false},
+    {"test.curve", "test", Holds::Anything, {}},
+    {"test.rest", "test", Holds::Integers, {}},
 };
 constexpr RequestItem kCurve[] = {{Kind::Int32, "count", nullptr, kRestOfRequest},
                                   {Kind::Doubles, "curve", nullptr, 0},
@@ -80,7 +80,7 @@ protected:
     }
 
 private:
-    Television mTelevision;
+    Television mTelevision{Configuration::fromText("{}", "test.json")};
 };
 
 TEST_F(Blocks, DoublesAreAsManyAsTheRequestSays) {
@@ -146,6 +146,6 @@ Rows<Item> allItems() { return {}; }
 
 Rows<StateSlot> allStates() { return kStates; }
 
-Rows<Source> allSources() { return {}; }
+Rows<EnumeratorName> allEnumerators() { return {}; }
 
 } // namespace simulator

@@ -26,7 +26,9 @@ namespace {
 constexpr int kCecDeviceChanged = 0x1A0001;
 constexpr char kUnplugged[] = "event 0x1A0001: Soundbar unplugged\n";
 constexpr char kPluggedIn[] = "event 0x1A0001: Soundbar plugged in\n";
-constexpr char kBadLine[] = "kelutv-simulator: there is no control command 'explode', only plug, unplug and vbi\n";
+constexpr char kBadLine[] = "kelutv-simulator: there is no control command 'explode'; allowed: cec, event, fault, "
+                            "faults, get, help, key, plug, power, "
+                            "set, show, signal, unplug and vbi\n";
 
 class Control : public ::testing::Test {
 protected:

@@ -1,14 +1,10 @@
+#include "simulator/Inbox.h"
 #include "simulator/Simulator.h"
 
 #include <kelutv/kelutv.h>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <condition_variable>
-#include <cstring>
-#include <mutex>
-#include <ostream>
 #include <vector>
 
 namespace kelutv::test {
@@ -25,72 +21,12 @@ constexpr int kTimingChanged = 0x40003;
 constexpr int kMode3dChanged = 0x50001;
 constexpr int kStreamTypeChanged = 0x80001;
 
-struct Event {
-    int id;
-    std::vector<int> words;
-
-    bool operator==(const Event& other) const { return id == other.id && words == other.words; }
-};
-
-std::ostream& operator<<(std::ostream& out, const Event& event) {
-    return out << std::hex << event.id << std::dec << ::testing::PrintToString(event.words);
-}
-
-/** What the application's callback was told. */
-class Inbox {
-public:
-    void put(Event event) {
-        const std::lock_guard<std::mutex> lock(mMutex);
-        mEvents.push_back(std::move(event));
-        mArrived.notify_all();
-    }
-
-    /** Everything up to this event, which must come. */
-    std::vector<Event> takeUntil(const Event& last) {
-        std::unique_lock<std::mutex> lock(mMutex);
-        const bool came = mArrived.wait_for(lock, kPatience, [this, &last] {
-            return std::find(mEvents.begin(), mEvents.end(), last) != mEvents.end();
-        });
-        EXPECT_TRUE(came) << last;
-        return std::exchange(mEvents, {});
-    }
-
-private:
-    std::mutex mMutex;
-    std::condition_variable mArrived;
-    std::vector<Event> mEvents;
-};
-
-Inbox& inbox() {
-    static auto* const inbox = new Inbox;
-    return *inbox;
-}
-
-void onEvent(int id, void* data, unsigned int length, void*) {
-    std::vector<int> words(length / sizeof(int));
-    if (!words.empty()) {
-        std::memcpy(words.data(), data, words.size() * sizeof(int));
-    }
-    inbox().put({id, words});
-}
-
-/** A change that marks the end of what a test did; what comes before it is all there is. */
-std::vector<Event> takeEvents() {
-    static int level = 20;
-    ++level;
-    const Event mark{kVolumeChanged, {KELU_TV_AUDIO_CHANNEL_24G, level}};
-    EXPECT_EQ(linux_tv_Audio_setVolume(KELU_TV_AUDIO_CHANNEL_24G, level), 0);
-    std::vector<Event> events = inbox().takeUntil(mark);
-    if (!events.empty()) {
-        events.pop_back();
-    }
-    return events;
-}
+std::vector<Event> takeEvents() { return Inbox::instance().take(); }
 
 class Events : public ::testing::Test {
 protected:
     void SetUp() override {
-        linux_tv_registerCallbackFunc(onEvent);
+        linux_tv_registerCallbackFunc(Inbox::onEvent);
         linux_tv_Audio_restoreSoundSets();
         linux_tv_SourceManager_selectSource(KELU_TV_SRC_ATV, KELU_TV_WINDOW_MAIN);
         takeEvents();

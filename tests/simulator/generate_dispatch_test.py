@@ -1,10 +1,9 @@
-"""What the generator of the command table makes of good and bad defaults."""
+"""What the generator of the command table makes of good and bad catalogues."""
 
 from __future__ import annotations
 
 import contextlib
 import io
-import json
 import re
 import sys
 import tempfile
@@ -20,101 +19,38 @@ from torch_fixture import TorchTest  # noqa: E402
 
 
 class GenerateDispatch(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls) -> None:
-        cls.catalogue = generate_dispatch.read_catalogue(ROOT / "catalogue", ROOT / "include")
-
     def setUp(self) -> None:
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
-        self.defaults = Path(folder.name) / "defaults.json"
         self.table = Path(folder.name) / "table.cpp"
 
-    def generate(self, defaults: str) -> tuple[int, str]:
+    def generate(self, **catalogue: object) -> tuple[int, str]:
         """The exit code and what stands on standard error."""
-        self.defaults.write_text(defaults, encoding="utf-8")
-        command = ["generate_dispatch.py", str(self.table), "--defaults", str(self.defaults)]
         errors = io.StringIO()
-        with mock.patch.object(generate_dispatch, "read_catalogue", return_value=self.catalogue):
-            with mock.patch.object(sys, "argv", command), contextlib.redirect_stderr(errors):
-                return generate_dispatch.main(), errors.getvalue()
-
-    def assert_refused(self, defaults: dict, *words: str) -> None:
-        code, errors = self.generate(json.dumps(defaults))
-        self.assertEqual(code, 1)
-        for word in ("defaults.json", *words):
-            self.assertIn(word, errors)
-        self.assertFalse(self.table.exists())
+        with mock.patch.object(generate_dispatch, "read_catalogue", **catalogue):
+            with mock.patch.object(sys, "argv", ["generate_dispatch.py", str(self.table)]):
+                with contextlib.redirect_stderr(errors):
+                    return generate_dispatch.main(), errors.getvalue()
 
     def test_writes_every_command_in_ascending_order(self) -> None:
-        self.assertEqual(self.generate("{}"), (0, ""))
+        catalogue = generate_dispatch.read_catalogue(ROOT / "catalogue", ROOT / "include")
+        self.assertEqual(self.generate(return_value=catalogue), (0, ""))
         table = self.table.read_text(encoding="utf-8")
         rows = table[table.index("kCommands[]") : table.index("kItems[]")]
         values = [int(value, 16) for value in re.findall(r", (0x[0-9A-F]+), (?:true|false)}", rows)]
-        self.assertEqual(values, sorted({method.value for method in self.catalogue.methods}))
+        self.assertEqual(values, sorted({method.value for method in catalogue.methods}))
 
-    def test_writes_what_the_television_starts_with(self) -> None:
-        self.assertEqual(self.generate('{"audio": {"outputList": {"initial": ["a\\"b", 7]}}}'), (0, ""))
-        self.assertIn(r'{{0, "a\"b"}, {7, nullptr}}', self.table.read_text(encoding="utf-8"))
-
-    def test_starts_with_the_signal_of_the_current_source(self) -> None:
-        sources = {
-            "KELU_TV_SRC_HDMI1": {"sourcemanager.signalStatus": 1},
-            "KELU_TV_SRC_HDMI2": {"picture.hdrStreamType": "KELU_TV_HDR_TYPE_HDR10"},
-        }
-        modules = {"sourcemanager": {"curSource": {"initial": "KELU_TV_SRC_HDMI2"}}, "sources": sources}
-        self.assertEqual(self.generate(json.dumps(modules)), (0, ""))
-        table = self.table.read_text(encoding="utf-8")
-        arrays = dict(re.findall(r"constexpr InitialValue (\w+)\[\] = \{(.*)\};", table))
-        starts = dict(re.findall(r'^    \{"(\w+\.\w+)", "\w+", (\w+),', table, re.M))
-        self.assertEqual(arrays[starts["picture.hdrStreamType"]], "{1, nullptr}")
-        self.assertEqual(arrays[starts["sourcemanager.signalStatus"]], "{0, nullptr}")
-
-    def test_refuses_signals_that_fit_no_state(self) -> None:
-        self.assert_refused({"sources": {"KELU_TV_SRC_ATV": {"sourcemanager.smell": 1}}}, "sourcemanager.smell")
-        sources = {"KELU_TV_SRC_ATV": {"video.mode3d": 1}, "KELU_TV_SRC_VGA": {"video.mode3d": [1, 2]}}
-        self.assert_refused({"sources": sources}, "video.mode3d", "lengths")
-
-    def test_refuses_names_that_the_headers_do_not_have(self) -> None:
-        self.assert_refused({"sources": {"KELU_TV_SRC_HDMI9": {}}}, "KELU_TV_SRC_HDMI9")
-        by_key = {"picture": {"picModeEnable": {"initial": {"KELU_TV_HDR_TYPE_SUPER": [1]}}}}
-        self.assert_refused(by_key, "picture.picModeEnable", "KELU_TV_HDR_TYPE_SUPER")
-
-    def test_refuses_a_source_in_an_unknown_place(self) -> None:
-        self.assert_refused({"sourcemanager": {"curSource": {"source": "window"}}}, "sourcemanager.curSource", "source")
-
-    def test_refuses_a_state_that_the_catalogue_does_not_have(self) -> None:
-        self.assert_refused({"audio": {"loudness": {"initial": 1}}}, "audio.loudness")
-        self.assert_refused({"radio": {"volume": {"initial": 1}}}, "radio.volume")
-
-    def test_refuses_an_unknown_setting(self) -> None:
-        self.assert_refused({"audio": {"volume": {"begin": 1}}}, "audio.volume", "initial")
-        self.assert_refused({"audio": {"volume": 1}}, "audio.volume", "initial")
-
-    def test_refuses_values_that_are_neither_integers_nor_texts(self) -> None:
-        self.assert_refused({"audio": {"volume": {"initial": [1, None]}}}, "audio.volume", "None")
-        self.assert_refused({"audio": {"volume": {"initial": 0.5}}}, "audio.volume", "0.5")
-        self.assert_refused({"audio": {"mute": {"initial": True}}}, "audio.mute", "True")
-
-    def test_refuses_a_range_that_is_none(self) -> None:
-        for bounds in ([100, 0], [0], [0, "100"]):
-            self.assert_refused({"audio": {"volume": {"range": bounds}}}, "audio.volume", "LOWEST")
-
-    def test_refuses_an_event_that_is_no_name(self) -> None:
-        self.assert_refused({"audio": {"volume": {"event": "k1; }"}}}, "audio.volume", "event")
-
-    def test_refuses_what_is_not_json(self) -> None:
-        code, errors = self.generate("{")
-        self.assertEqual(code, 1)
-        self.assertIn("defaults.json: Expecting", errors)
+    def test_tells_of_a_catalogue_that_is_wrong(self) -> None:
+        error = generate_dispatch.CatalogueError(["audio.md:7: no such thing"])
+        self.assertEqual(self.generate(side_effect=error), (1, "audio.md:7: no such thing\n"))
+        self.assertFalse(self.table.exists())
 
 
 class Shapes(TorchTest):
     """What the rows of a small catalogue come to."""
 
     def table(self) -> str:
-        self.write("defaults.json", "{}")
-        return generate_dispatch.TableWriter(self.read(), self.folder / "defaults.json").write()
+        return generate_dispatch.TableWriter(self.read()).write()
 
     def rows(self, name: str) -> list[str]:
         table = self.table()
@@ -134,9 +70,7 @@ class Shapes(TorchTest):
 
     def test_rows_of_an_item_may_differ_in_names_but_not_in_what_is_kept(self) -> None:
         self.change_torch("timer[LAMP_LEFT]", "timer[0]")
-        defaults = self.folder / "defaults.json"
-        self.write("defaults.json", "{}")
-        writer = generate_dispatch.TableWriter(self.read(), defaults)
+        writer = generate_dispatch.TableWriter(self.read())
         with self.assertRaisesRegex(generate_dispatch.GenerationError, "CMDID_LAMP_GET_TIMER differs from its row at"):
             writer.write()
 

@@ -74,6 +74,16 @@ constexpr Command kCommands[] = {
     {"TTX_UNREGISTER", kAction, CMD_TV_TTX_UNREGISTCALLBACK, false},
 };
 
+constexpr char kConfiguration[] = R"({"cec": {"arcPort": 1, "devices": [
+    {"logAddr": 4, "hdmiDevPort": 0, "name": "Disc player", "phyAddr": "1.0.0.0", "listText": "HDMI1 Disc player",
+     "plugged": true},
+    {"logAddr": 5, "hdmiDevPort": 1, "name": "Soundbar", "phyAddr": "2.0.0.0", "listText": "HDMI2 Soundbar",
+     "plugged": true},
+    {"logAddr": 8, "hdmiDevPort": 1, "name": "Streaming box", "phyAddr": "2.1.0.0", "listText": "HDMI2 Streaming box",
+     "plugged": false},
+    {"logAddr": 3, "hdmiDevPort": 2, "name": "Set-top box", "phyAddr": "3.0.0.0", "listText": "HDMI3 Set-top box",
+     "plugged": false}]}})";
+
 using Words = std::vector<std::int32_t>;
 
 struct Told {
@@ -109,7 +119,7 @@ protected:
         return sendBytes(requestOf(command, arguments));
     }
 
-    std::string control(const std::string& line) { return mTelevision.control(line).value_or(""); }
+    std::string control(const std::string& line) { return mTelevision.control(line).text; }
 
     std::vector<Told> told() {
         std::vector<Told> all;
@@ -128,7 +138,7 @@ protected:
         mTelevision.takeNotices();
     }
 
-    Television mTelevision;
+    Television mTelevision{Configuration::fromText(kConfiguration, "test.json")};
     std::string mTrace;
 };
 
@@ -328,9 +338,12 @@ TEST_F(Special, ControlLinesThatSayNothingDoNothing) {
 
 TEST_F(Special, BadControlLinesAreRefused) {
     startTeletext();
-    EXPECT_EQ(control("explode 3"), "there is no control command 'explode', only plug, unplug and vbi");
-    for (const char* const line : {"plug", "plug x", "plug 4 5", "plug 4x", "plug 99999999999"}) {
-        EXPECT_EQ(control(line), "plug takes the logical address of a CEC device") << line;
+    EXPECT_EQ(control("explode 3").rfind("there is no control command 'explode'; allowed: cec, ", 0), 0U);
+    for (const char* const line : {"plug x", "plug 4x", "plug 99999999999"}) {
+        EXPECT_NE(control(line).find("' is no source; allowed: "), std::string::npos) << line;
+    }
+    for (const char* const line : {"plug", "plug 4 5"}) {
+        EXPECT_EQ(control(line), "plug takes a source, or 'cec' and the logical address of a CEC device");
     }
     EXPECT_EQ(control("unplug 9"), "there is no CEC device with the logical address 9");
     EXPECT_EQ(control("plug -4"), "there is no CEC device with the logical address -4");
@@ -350,6 +363,6 @@ Rows<Item> allItems() { return {}; }
 
 Rows<StateSlot> allStates() { return {}; }
 
-Rows<Source> allSources() { return {}; }
+Rows<EnumeratorName> allEnumerators() { return {}; }
 
 } // namespace simulator

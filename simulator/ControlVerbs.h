@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Rows.h"
+
+#include <string>
+#include <vector>
+
+namespace simulator {
+
+/** What the control channel understands, in words. */
+struct ControlVerb {
+    const char* name;
+    /** What follows the name. */
+    const char* form;
+    const char* meaning;
+    const char* example;
+};
+
+/** In alphabetical order. */
+Rows<ControlVerb> controlVerbs();
+
+/** Null when there is none. */
+const ControlVerb* findControlVerb(const std::string& name);
+
+std::vector<std::string> controlVerbNames();
+
+/** Every verb with its form and an example, or one of them; empty when there is none of the name. */
+std::string controlHelp(const std::string& name = "");
+
+} // namespace simulator

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "Table.h"
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace simulator {
+
+/** What is wrong with a line of the control channel; nothing has been done then. */
+class BadLine : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/** A word as it stands in the line. In quotes, `\"` and `\\` are the character, `\x1f` a byte. */
+struct ControlWord {
+    std::string raw;
+
+    bool isQuoted() const { return raw.find('"') != std::string::npos; }
+    /** Without its quotes. */
+    std::string text() const;
+};
+using ControlWords = std::vector<ControlWord>;
+
+/** Cuts a text at the separators that stand outside quotes. @throws BadLine for a quote without an end */
+ControlWords wordsIn(const std::string& text, const char* separators = " \t\r");
+
+/** `NAME[KEY...] = VALUE...`, of which all but the name may be missing. */
+struct Assignment {
+    std::string name;
+    ControlWords keys;
+    /** Nothing when there is no equals sign. */
+    std::optional<ControlWords> values;
+};
+Assignment assignmentOf(const std::string& text);
+
+/** A number in decimal or, after `0x`, in hexadecimal, that fits into 32 bits. */
+std::optional<std::int32_t> int32Of(const std::string& word);
+
+/** Bytes in hexadecimal; colons and `0x` in front do not count. */
+std::optional<std::string> bytesOf(const std::string& hex);
+
+using Enumerators = std::vector<EnumeratorName>;
+
+/** Without the marker of the end. */
+Enumerators enumeratorsOf(const EnumerationNames& names);
+
+/**
+ * The value of an enumerator by its name, by what stands behind the words that all names have in common, or by the
+ * beginning of that, in any case; or the number. @throws BadLine that says what is allowed, `what` naming the thing
+ */
+std::int32_t enumeratorOf(const std::string& word, const Enumerators& names, const std::string& what);
+
+/** The name without the words that all have in common, in lower case; empty when no enumerator has the value. */
+std::string shortNameOf(std::int32_t value, const Enumerators& names);
+
+/**
+ * Whether the name fits a pattern of `*` (any characters) and `?` (one), or, if there are none in it, has the text at
+ * the beginning of one of its words; in any case.
+ */
+bool matches(const std::string& name, const std::string& pattern);
+
+/** The text of the only word if that is in quotes; else what was given. */
+std::string unwrapped(const std::string& text);
+
+/** Without the blanks at both ends. */
+std::string trimmed(const std::string& text);
+
+std::string joinedLines(const std::vector<std::string>& lines);
+
+/** `a, b and c`. */
+std::string listed(const std::vector<std::string>& names);
+
+} // namespace simulator

@@ -1,0 +1,110 @@
+#include "Describe.h"
+
+#include "Names.h"
+#include "Quote.h"
+
+#include <cstdio>
+
+namespace simulator {
+
+namespace {
+
+template <typename... Values> std::string formatted(const char* format, Values... values) {
+    char text[64];
+    std::snprintf(text, sizeof(text), format, values...);
+    return text;
+}
+
+std::string hex(const std::string& bytes) {
+    std::string result;
+    for (const char byte : bytes) {
+        result += formatted(result.empty() ? "%02x" : " %02x", static_cast<unsigned char>(byte));
+    }
+    return '<' + result + '>';
+}
+
+std::string describeScalar(const Scalar& scalar, Kind kind, const EnumerationNames* names) {
+    if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
+        const std::string name = nameOfValue(*number, names);
+        return std::to_string(*number) + (name.empty() ? "" : ' ' + name);
+    }
+    if (const auto* const real = std::get_if<double>(&scalar)) {
+        return formatted("%g", *real);
+    }
+    const auto& text = std::get<std::string>(scalar);
+    return kind == Kind::Bytes ? hex(text) : inQuotes(text);
+}
+
+bool isBlock(Kind kind) { return kind == Kind::Ints || kind == Kind::Doubles; }
+
+/** The zeros that fill up a block of fixed length are only counted. */
+std::string describeBlock(Scalars scalars, Kind kind, const EnumerationNames* names) {
+    std::size_t zeros = 0;
+    while (scalars.size() > 1 && (scalars.back() == Scalar(0) || scalars.back() == Scalar(0.0))) {
+        scalars.pop_back();
+        ++zeros;
+    }
+    return '[' + joined(scalars, kind, names) + (zeros > 0 ? ", 0*" + std::to_string(zeros) : "") + ']';
+}
+
+std::string describeField(const Scalars& scalars, const ReplyField& field) {
+    const std::string text = describe(scalars, field.kind, field.names);
+    return field.name != nullptr ? std::string(field.name) + '=' + text : text;
+}
+
+std::string describeArguments(const Request& request) {
+    const Rows<RequestItem>& items = itemsOf(request);
+    std::string result;
+    for (std::size_t i = 0; i < request.arguments.size(); ++i) {
+        const RequestItem& item = items[i];
+        result +=
+            (i == 0 ? "" : ", ") + std::string(item.name) + '=' + describe(request.arguments[i], item.kind, item.names);
+    }
+    return result;
+}
+
+} // namespace
+
+std::string describe(const Request& request) {
+    if (request.command != nullptr) {
+        return std::string(request.command->name) + '(' + describeArguments(request) + ')';
+    }
+    if (request.number) {
+        return formatted("command 0x%X", static_cast<unsigned int>(*request.number));
+    }
+    return formatted("request of %zu bytes", request.size);
+}
+
+std::string describe(const Request& request, const Reply& reply) {
+    std::string result = std::to_string(reply.result);
+    if (!reply.complaint.empty()) {
+        return result + " (" + reply.complaint + ')';
+    }
+    for (std::size_t i = 0; i < reply.fields.size(); ++i) {
+        result += (i == 0 ? ": " : ", ") + describeField(reply.fields[i], fieldAt(*request.operation, i));
+    }
+    return result;
+}
+
+std::string describe(const Scalars& scalars, Kind kind, const EnumerationNames* names) {
+    return isBlock(kind) ? describeBlock(scalars, kind, names) : joined(scalars, kind, names);
+}
+
+std::string joined(const Scalars& scalars, Kind kind, const EnumerationNames* names) {
+    std::string result;
+    for (const Scalar& scalar : scalars) {
+        result += (result.empty() ? "" : ", ") + describeScalar(scalar, kind, names);
+    }
+    return result;
+}
+
+const Rows<RequestItem>& itemsOf(const Request& request) {
+    return (request.operation != nullptr ? *request.operation : request.command->operation).request;
+}
+
+const ReplyField& fieldAt(const Operation& operation, std::size_t index) {
+    static constexpr ReplyField kPlain{Kind::Int32, nullptr, nullptr, 1};
+    return operation.reply.size() > 0 ? operation.reply[index % operation.reply.size()] : kPlain;
+}
+
+} // namespace simulator

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace simulator {
+
+/** What is wrong with a configuration or a kept state: which file, where in it, what and what is allowed. */
+class ConfigurationError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/**
+ * The JSON text of a file.
+ * @throws ConfigurationError when it is none, or when an object has two members of one name
+ */
+nlohmann::json parseJson(const std::string& text, const std::string& file);
+
+/** A value of a JSON file, which knows where it stands. Every reader throws `ConfigurationError` for another type. */
+class JsonNode {
+public:
+    /** The whole file; the value must outlive the node and those that come from it. */
+    JsonNode(const nlohmann::json& value, std::string file) : JsonNode(value, std::move(file), "") {}
+
+    const nlohmann::json& value() const { return *mValue; }
+
+    /** The members of an object, by name. */
+    std::vector<std::pair<std::string, JsonNode>> members() const;
+
+    /** The members of an object that has these and no others; what need not be there is missing from the result. */
+    std::vector<std::pair<std::string, JsonNode>> membersOf(const std::vector<std::string>& allowed) const;
+
+    bool has(const std::string& name) const { return mValue->is_object() && mValue->contains(name); }
+
+    /** The member of this name, which must be there. */
+    JsonNode at(const std::string& name) const;
+
+    /** The elements of an array. */
+    std::vector<JsonNode> elements() const;
+
+    /** The elements of an array, or the only value. */
+    std::vector<JsonNode> listed() const;
+
+    std::int32_t number() const;
+    double real() const;
+    std::string text() const;
+    bool truth() const;
+
+    /** The value as it stands in the file, shortened when it is long. */
+    std::string shown() const;
+
+    /** Complains of the value. */
+    [[noreturn]] void fail(const std::string& what) const;
+
+private:
+    JsonNode(const nlohmann::json& value, std::string file, std::string path)
+        : mValue(&value), mFile(std::move(file)), mPath(std::move(path)) {}
+
+    JsonNode child(const nlohmann::json& value, const std::string& step) const;
+
+    const nlohmann::json* mValue;
+    std::string mFile;
+    std::string mPath;
+};
+
+} // namespace simulator

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace simulator {
+
+/**
+ * The names a person may have meant, nearest first: those that differ in few letters (two that changed places are one
+ * difference) and those that hold what was written. Capital letters do not count. Each name at most once.
+ */
+std::vector<std::string> nearestNames(const std::string& written, const std::vector<std::string>& names);
+
+/** `; the nearest is NAME` for a complaint about a name that does not exist; empty when none comes near. Ignores case.
+ */
+std::string nearestOf(const std::string& word, const std::vector<std::string>& names);
+
+} // namespace simulator

@@ -1,0 +1,187 @@
+#include "Program.h"
+
+#include "Control.h"
+#include "ControlReader.h"
+#include "ControlServer.h"
+#include "TracePrinter.h"
+
+#include <binder/IServiceManager.h>
+#include <binder/ProcessState.h>
+
+#include <pthread.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+
+namespace simulator {
+
+namespace {
+
+constexpr char kServiceName[] = "TVBaseService";
+constexpr int kBadUsage = 2;
+constexpr int kScenarioFailed = 4;
+
+/** What main waits for, which every other thread leaves to it. */
+sigset_t blockSignals(bool hasScreen) {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    if (hasScreen) {
+        sigaddset(&signals, SIGHUP);
+        sigaddset(&signals, SIGQUIT);
+        sigaddset(&signals, SIGWINCH);
+    }
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    return signals;
+}
+
+Configuration configurationOf(const Options& options) {
+    return options.config.empty() ? Configuration::standard() : Configuration::fromFile(options.config);
+}
+
+EepStore eepOf(const Options& options) { return options.eep.empty() ? EepStore() : EepStore(options.eep); }
+
+std::shared_ptr<Ui> screenOf(const Options& options) {
+    if (!options.ui || ::isatty(STDOUT_FILENO) == 0) {
+        return nullptr;
+    }
+    const char* const noColor = std::getenv("NO_COLOR");
+    return std::make_shared<Ui>(STDOUT_FILENO, noColor == nullptr || *noColor == '\0');
+}
+
+std::shared_ptr<ScenarioPlayer> playerOf(const Options& options) {
+    return options.scenario.empty() ? nullptr
+                                    : std::make_shared<ScenarioPlayer>(
+                                          readScenario(findScenario(options.scenario), objectionToLine), options.speed);
+}
+
+} // namespace
+
+Program::Program(const Options& options)
+    : mOptions(options), mUi(screenOf(options)), mSignals(blockSignals(mUi != nullptr)), mPlayer(playerOf(options)),
+      mService(new Service(watchers(), configurationOf(options), eepOf(options), options.state)) {}
+
+int Program::run() {
+    if (!addFaults()) {
+        return kBadUsage;
+    }
+    if (!serve()) {
+        return EXIT_FAILURE;
+    }
+    const ControlServer channel([this](const std::string& line) { return mService->control(line); });
+    std::optional<ControlReader> control;
+    if (!mOptions.control.empty()) {
+        control.emplace(mOptions.control, [this](const std::string& line) { obeyFile(line); });
+    }
+    android::ProcessState::self()->startThreadPool();
+    begin();
+    waitForTheEnd();
+    end();
+    return mFailedSteps > 0 && mOptions.exitAtEnd ? kScenarioFailed : EXIT_SUCCESS;
+}
+
+Service::Watchers Program::watchers() const {
+    Service::Watchers watchers;
+    if (mUi != nullptr) {
+        watchers.push_back(mUi);
+    } else if (mOptions.trace || mOptions.ui) {
+        watchers.push_back(std::make_shared<TracePrinter>(stdout));
+    }
+    if (mPlayer != nullptr) {
+        watchers.push_back(mPlayer);
+    }
+    return watchers;
+}
+
+bool Program::addFaults() {
+    for (const std::string& fault : mOptions.faults) {
+        if (const Answer answer = mService->control("fault " + fault); !answer.ok) {
+            std::fprintf(stderr, "kelutv-simulator: --fault: %s\n", answer.text.c_str());
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Program::serve() {
+    const android::status_t status =
+        android::defaultServiceManager()->addService(android::String16(kServiceName), mService);
+    if (status == android::ALREADY_EXISTS) {
+        std::fprintf(stderr, "kelutv-simulator: another process already serves %s\n", kServiceName);
+    } else if (status != android::NO_ERROR) {
+        std::fprintf(stderr, "kelutv-simulator: cannot serve %s: %s\n", kServiceName, std::strerror(-status));
+    }
+    return status == android::NO_ERROR;
+}
+
+std::optional<std::string> Program::obey(const std::string& line) {
+    const Answer answer = mService->control(line);
+    if (!answer.ok) {
+        return answer.text;
+    }
+    if (!answer.text.empty()) {
+        print(answer.text);
+    }
+    return std::nullopt;
+}
+
+void Program::obeyFile(const std::string& line) {
+    if (const auto complaint = obey(line)) {
+        std::fprintf(stderr, "kelutv-simulator: %s\n", complaint->c_str());
+    }
+}
+
+void Program::begin() {
+    if (mUi != nullptr) {
+        mUi->start();
+        mService->show();
+    } else {
+        print(std::string("kelutv-simulator: ready (") + kServiceName + ')');
+    }
+    if (mPlayer != nullptr) {
+        mPlayer->start([this](const std::string& line) { return obey(line); },
+                       [this](int failedSteps) { endScenario(failedSteps); });
+    }
+}
+
+void Program::endScenario(int failedSteps) {
+    mFailedSteps = failedSteps;
+    print("kelutv-simulator: the scenario has ended" +
+          (failedSteps > 0 ? ", " + std::to_string(failedSteps) + " of its steps failed" : ""));
+    if (mOptions.exitAtEnd) {
+        ::kill(::getpid(), SIGTERM);
+    }
+}
+
+void Program::print(const std::string& text) {
+    if (mUi != nullptr) {
+        mUi->note(text);
+        return;
+    }
+    std::printf("%s\n", text.c_str());
+    std::fflush(stdout);
+}
+
+void Program::waitForTheEnd() {
+    for (int received = SIGWINCH; received == SIGWINCH;) {
+        sigwait(&mSignals, &received);
+        if (received == SIGWINCH) {
+            mUi->resized();
+        }
+    }
+}
+
+void Program::end() {
+    if (mPlayer != nullptr) {
+        mPlayer->stop();
+    }
+    if (mUi != nullptr) {
+        mUi->stop();
+    }
+}
+
+} // namespace simulator

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "ScenarioPlayer.h"
+#include "Service.h"
+#include "Ui.h"
+
+#include <atomic>
+#include <csignal>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace simulator {
+
+/** What the command line says. */
+struct Options {
+    bool trace = false;
+    bool ui = false;
+    std::string config;
+    std::string eep;
+    std::string state;
+    std::string control;
+    std::vector<std::string> faults;
+    std::string scenario;
+    double speed = 1;
+    bool exitAtEnd = false;
+};
+
+/** The simulator as a program: a television that is served until a signal, or its scenario, ends it. */
+class Program {
+public:
+    /** @throws ScenarioError, ConfigurationError */
+    explicit Program(const Options& options);
+
+    /** Gives the exit code. */
+    int run();
+
+private:
+    Service::Watchers watchers() const;
+    bool addFaults();
+    bool serve();
+    /** Carries a line out and prints its data; gives what is wrong with it. */
+    std::optional<std::string> obey(const std::string& line);
+    void obeyFile(const std::string& line);
+    void begin();
+    void endScenario(int failedSteps);
+    void print(const std::string& text);
+    void waitForTheEnd();
+    void end();
+
+    const Options& mOptions;
+    const std::shared_ptr<Ui> mUi;
+    const sigset_t mSignals;
+    const std::shared_ptr<ScenarioPlayer> mPlayer;
+    const android::sp<Service> mService;
+    std::atomic<int> mFailedSteps{0};
+};
+
+} // namespace simulator

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace simulator {
+
+/** The text in quotes; quotes and backslashes in it have a backslash before them, control characters are `\x1f`. */
+std::string inQuotes(const std::string& text);
+
+} // namespace simulator

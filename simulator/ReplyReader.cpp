@@ -1,0 +1,100 @@
+#include "ReplyReader.h"
+
+#include "ScalarReader.h"
+
+#include <utils/Errors.h>
+
+#include <algorithm>
+
+namespace simulator {
+
+using android::Parcel;
+
+namespace {
+
+std::size_t sizeOf(Kind kind) {
+    return kind == Kind::Double || kind == Kind::Doubles ? sizeof(double) : sizeof(std::int32_t);
+}
+
+bool isText(Kind kind) { return kind == Kind::CString || kind == Kind::String16; }
+
+class FieldReader {
+public:
+    FieldReader(const Parcel& data, ReplyReading& reading) : mData(data), mReading(reading) {}
+
+    void readAll(const Rows<ReplyField>& fields) {
+        while (readRound(fields) && fields.size() > 1 && mData.dataAvail() != 0) {
+        }
+        if (!mReading.flaw && mData.dataAvail() != 0) {
+            complain(std::to_string(mData.dataAvail()) + " bytes too many");
+        }
+    }
+
+private:
+    bool readRound(const Rows<ReplyField>& fields) {
+        if (fields.size() > 1 && mData.dataAvail() == 0) {
+            return false;
+        }
+        return std::all_of(fields.begin(), fields.end(), [this](const ReplyField& field) { return readField(field); });
+    }
+
+    bool readField(const ReplyField& field) {
+        if (field.count == kRestOfReply && isText(field.kind)) {
+            return readTexts(field.kind);
+        }
+        const std::size_t there = isText(field.kind) ? 1 : mData.dataAvail() / sizeOf(field.kind);
+        const std::size_t wanted = field.count == kRestOfReply   ? there
+                                   : field.count == kCountOfRest ? 1
+                                                                 : static_cast<std::size_t>(field.count);
+        std::optional<Scalars> scalars = readScalars(mData, field.kind, std::min(wanted, there));
+        if (scalars && !scalars->empty()) {
+            mReading.reply.fields.push_back(std::move(*scalars));
+        }
+        if (!scalars || there < wanted) {
+            complain(field, there, wanted);
+        }
+        return !mReading.flaw;
+    }
+
+    bool readTexts(Kind kind) {
+        Scalars texts;
+        while (const auto text = mData.dataAvail() != 0 ? readScalars(mData, kind, 1) : std::nullopt) {
+            texts.push_back(text->front());
+        }
+        mReading.reply.fields.push_back(std::move(texts));
+        if (mData.dataAvail() != 0) {
+            complain("a text has no end");
+        }
+        return !mReading.flaw;
+    }
+
+    void complain(const ReplyField& field, std::size_t there, std::size_t wanted) {
+        const std::string name = field.name != nullptr ? field.name : "the answer";
+        if (isText(field.kind)) {
+            complain(mData.dataAvail() == 0 ? name + " lacks its text" : "a text has no end");
+        } else {
+            complain(name + " has " + std::to_string(there) + " of " + std::to_string(wanted) + " numbers");
+        }
+    }
+
+    void complain(const std::string& text) { mReading.flaw = {mData.dataPosition(), text}; }
+
+    const Parcel& mData;
+    ReplyReading& mReading;
+};
+
+} // namespace
+
+ReplyReading readReply(const Operation& operation, const Parcel& data) {
+    ReplyReading reading;
+    if (data.readInt32(&reading.reply.result) != android::NO_ERROR) {
+        reading.flaw = {data.dataPosition(), "the result word is missing"};
+        return reading;
+    }
+    reading.hasResult = true;
+    const bool isPlain = reading.reply.result != 0 || operation.shape == Shape::Status;
+    FieldReader(data, reading).readAll(isPlain ? Rows<ReplyField>() : operation.reply);
+    return reading;
+}
+
+} // namespace simulator

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Reply.h"
+
+#include <binder/Parcel.h>
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace simulator {
+
+/** What is wrong with a reply, and at which byte. */
+struct ReplyFlaw {
+    std::size_t offset;
+    std::string text;
+};
+
+/** A reply as far as it could be read. */
+struct ReplyReading {
+    bool hasResult = false;
+    Reply reply;
+    std::optional<ReplyFlaw> flaw;
+};
+
+/** Reads what `writeReply` wrote for this operation. Behind the last field the fields may come again: a list. */
+ReplyReading readReply(const Operation& operation, const android::Parcel& data);
+
+} // namespace simulator

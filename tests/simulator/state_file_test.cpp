@@ -1,0 +1,195 @@
+// What outlives the simulator, however it ends.
+
+#include "simulator/Simulator.h"
+#include "support/Deadline.h"
+#include "support/RuntimeDir.h"
+
+#include <kelutv/kelutv.h>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+namespace kelutv::test {
+
+namespace {
+
+constexpr int kSetVolume = CMD_AUDIO_SETVOLUME;
+constexpr int kGetVolume = CMD_AUDIO_GETVOLUME;
+
+Bytes send(int command, std::initializer_list<std::int32_t> arguments = {}) {
+    return SimulatorEnvironment::transact(requestOf(command, arguments));
+}
+
+class StateFile : public ::testing::Test {
+protected:
+    std::string path() const { return mRuntimeDir.path() + "/state.json"; }
+
+    void start(std::vector<std::string> options = {}) {
+        options.insert(options.begin(), {"--state", path()});
+        mSimulator.emplace(options);
+    }
+
+    void end() {
+        mSimulator->process().kill(SIGTERM);
+        EXPECT_EQ(mSimulator->process().exitCode(), 0);
+        EXPECT_EQ(mSimulator->process().error().text(), "");
+        mSimulator.reset();
+    }
+
+    void kill() {
+        mSimulator->process().kill(SIGKILL);
+        EXPECT_TRUE(mSimulator->process().wait());
+        mSimulator.reset();
+    }
+
+    void write(const std::string& text) const { std::ofstream(path()) << text; }
+
+    std::string content() const {
+        std::ifstream file(path());
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    void expectRefused(const std::string& text, const std::string& complaint) const {
+        write(text);
+        const auto simulator = startSimulator({"--state", path()});
+        EXPECT_EQ(simulator->exitCode(), 2);
+        EXPECT_EQ(simulator->output().text(), "");
+        EXPECT_EQ(simulator->error().text(), "kelutv-simulator: " + path() + complaint + "\n");
+        EXPECT_EQ(content(), text);
+    }
+
+    const RuntimeDir mRuntimeDir;
+    std::optional<Simulator> mSimulator;
+};
+
+TEST_F(StateFile, BringsEverythingBack) {
+    start();
+    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+    EXPECT_EQ(send(CMD_SOURCE_SELECTSOURCE, {KELU_TV_SRC_HDMI2, KELU_TV_WINDOW_MAIN}), replyOf({0}));
+    EXPECT_EQ(send(CMD_CEC_ACTIVATE_CEC_DEVICE, {5}), replyOf({0, 0}));
+    EXPECT_EQ(send(CMD_SYSTEM_SUSPEND), replyOf({0}));
+    EXPECT_EQ(send(CMD_SYSTEM_RESUME, {9}), replyOf({0}));
+    end();
+    start();
+    EXPECT_EQ(send(kGetVolume, {0}), replyOf({0, 35}));
+    EXPECT_EQ(send(kGetVolume, {1}), replyOf({0, 20}));
+    EXPECT_EQ(send(CMD_SOURCE_GETCURSOURCEID, {KELU_TV_WINDOW_MAIN}), replyOf({0, KELU_TV_SRC_HDMI2}));
+    EXPECT_EQ(send(CMD_CEC_GET_PLAYING_DEVICE_LOGADDR), replyOf({0, 5}));
+    EXPECT_EQ(send(CMD_SYSTEM_GETLASTPOWEROFFMODE), replyOf({0, 1}));
+    EXPECT_EQ(send(CMD_SYSTEM_GETWAKEUPMODE), replyOf({0, 9}));
+    end();
+}
+
+TEST_F(StateFile, KeepsWhatTheControlChannelChanged) {
+    write("unplug 4\n");
+    const std::string script = mRuntimeDir.path() + "/script";
+    std::filesystem::rename(path(), script);
+    start({"--control", script});
+    EXPECT_TRUE(mSimulator->process().output().waitFor("event 0x1A0001: Disc player unplugged\n"));
+    kill();
+    start();
+    EXPECT_EQ(send(CMD_CEC_ACTIVATE_CEC_DEVICE, {4}), replyOf({-109}));
+    end();
+}
+
+TEST_F(StateFile, IsReadableAndWrittenOnlyOnChanges) {
+    start();
+    const std::string first = content();
+    EXPECT_EQ(first.rfind("{\n  \"format\": \"kelutv simulator state 1\",\n  \"settings\": [],\n", 0), 0U) << first;
+    const auto written = std::filesystem::last_write_time(path());
+    EXPECT_EQ(send(kGetVolume, {0}), replyOf({0, 20}));
+    EXPECT_EQ(send(kSetVolume, {0, 20}), replyOf({0}));
+    EXPECT_EQ(send(kSetVolume, {0, 101}), replyOf({-107}));
+    EXPECT_EQ(std::filesystem::last_write_time(path()), written);
+    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+    EXPECT_NE(content().find("\n    {\"key\":[0],\"state\":\"audio.volume\",\"value\":[35]}"), std::string::npos)
+        << content();
+    end();
+}
+
+TEST_F(StateFile, IsWholeWheneverTheSimulatorIsKilled) {
+    for (int round = 0; round < 15; ++round) {
+        start();
+        std::atomic<int> answered{-1};
+        std::thread client([&answered, round] {
+            try {
+                for (int volume = 0;; volume = (volume + 1) % 100) {
+                    send(kSetVolume, {round, volume});
+                    answered = volume;
+                }
+            } catch (const std::runtime_error&) {
+                // The simulator has been killed.
+            }
+        });
+        EXPECT_TRUE(eventually([&answered, round] { return answered >= round; }));
+        kill();
+        client.join();
+        start();
+        // What was answered is kept; the request after it may have been carried out, too.
+        const Bytes kept = send(kGetVolume, {round});
+        const int next = (answered + 1) % 100;
+        EXPECT_TRUE(kept == replyOf({0, answered}) || kept == replyOf({0, next})) << answered << ' ' << hex(kept);
+        end();
+    }
+}
+
+TEST_F(StateFile, OfAnotherKindIsRefusedAndLeftAlone) {
+    expectRefused("",
+                  ": this is no JSON: parse error at line 1, column 1: syntax error while parsing value - unexpected "
+                  "end of input; expected '[', '{', or a literal");
+    expectRefused("{}", ": this is no state of a simulator: its format is not 'kelutv simulator state 1'");
+    expectRefused("[1]", ": this is no state of a simulator: its format is not 'kelutv simulator state 1'");
+}
+
+TEST_F(StateFile, CutShortIsRefused) {
+    start();
+    end();
+    const std::string whole = content();
+    write(whole.substr(0, whole.size() / 2));
+    const auto simulator = startSimulator({"--state", path()});
+    EXPECT_EQ(simulator->exitCode(), 2);
+    EXPECT_EQ(content(), whole.substr(0, whole.size() / 2));
+}
+
+TEST_F(StateFile, ThatNamesAnUnknownStateIsRefused) {
+    start();
+    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+    end();
+    std::string text = content();
+    text.replace(text.find("audio.volume"), 12, "audio.valume");
+    expectRefused(text, ": /settings/0/state: there is no state 'audio.valume'; the nearest is audio.volume");
+}
+
+TEST_F(StateFile, ThatCannotBeMadeEndsTheSimulator) {
+    const std::string nowhere = mRuntimeDir.path() + "/none/state.json";
+    const auto simulator = startSimulator({"--state", nowhere});
+    EXPECT_EQ(simulator->exitCode(), 1);
+    EXPECT_EQ(simulator->error().text(),
+              "kelutv-simulator: cannot write " + nowhere + ".new: No such file or directory\n");
+}
+
+TEST_F(StateFile, ThatCannotBeWrittenAnyMoreIsToldOf) {
+    const std::string folder = mRuntimeDir.path() + "/folder";
+    ASSERT_TRUE(std::filesystem::create_directory(folder));
+    Simulator simulator({"--state", folder + "/state.json"});
+    std::filesystem::remove_all(folder);
+    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+    EXPECT_EQ(send(kGetVolume, {0}), replyOf({0, 35}));
+    EXPECT_EQ(simulator.process().error().text(),
+              "kelutv-simulator: cannot write " + folder + "/state.json.new: No such file or directory\n");
+}
+
+} // namespace
+
+} // namespace kelutv::test
