@@ -1,14 +1,15 @@
 # kelutv_generate_from_catalogue(<variable>
 #                                GENERATOR <script>    run as: <script> <folder> <prefix>
 #                                PREFIX <prefix>
+#                                [ALSO <name>...]      sources <prefix><name>.cpp that the script writes besides
 #                                [DEPENDS <file>...])  what the script needs besides the catalogue
 #
-# Sets <variable> to one generated source <prefix><module>.cpp per table of the catalogue.
+# Sets <variable> to one generated source <prefix><module>.cpp per table of the catalogue, and the others.
 
 include_guard(GLOBAL)
 
 function(kelutv_generate_from_catalogue variable)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "GENERATOR;PREFIX" "DEPENDS")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "GENERATOR;PREFIX" "ALSO;DEPENDS")
     find_package(Python3 3.11 REQUIRED COMPONENTS Interpreter)
     set(folder "${PROJECT_SOURCE_DIR}/catalogue")
     file(GLOB tables CONFIGURE_DEPENDS "${folder}/*.md")
@@ -20,6 +21,9 @@ function(kelutv_generate_from_catalogue variable)
         if(NOT module MATCHES "^(link|README)$")
             list(APPEND sources "${CMAKE_CURRENT_BINARY_DIR}/${ARG_PREFIX}${module}.cpp")
         endif()
+    endforeach()
+    foreach(name IN LISTS ARG_ALSO)
+        list(APPEND sources "${CMAKE_CURRENT_BINARY_DIR}/${ARG_PREFIX}${name}.cpp")
     endforeach()
     add_custom_command(
         OUTPUT ${sources}

@@ -57,3 +57,22 @@ foreach(program IN ITEMS kelutv kelutv-simulator)
         set_target_properties(${program} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
     endif()
 endforeach()
+
+if(TARGET kelutv)
+    file(GLOB pages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tools/man/*.1")
+    install(FILES ${pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    set(completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+    foreach(program IN ITEMS kelutv kelutv-simulator)
+        install(
+            FILES "${PROJECT_SOURCE_DIR}/tools/completion/kelutv"
+            DESTINATION "${completions}"
+            RENAME ${program}
+            COMPONENT tools)
+    endforeach()
+endif()
+if(TARGET kelutv-simulator)
+    install(
+        FILES "${PROJECT_SOURCE_DIR}/simulator/defaults.json" "${PROJECT_SOURCE_DIR}/simulator/config.schema.json"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"
+        COMPONENT tools)
+endif()

@@ -1,19 +1,13 @@
 #include "support/ChildProcess.h"
 #include "support/RuntimeDir.h"
+#include "support/Sanitizers.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 namespace kelutv::test {
 namespace {
-
-/** Sanitizers object to a library loaded before theirs. */
-std::string sanitizerOptions() {
-    const char* const options = std::getenv("ASAN_OPTIONS");
-    return "ASAN_OPTIONS=" + (options != nullptr ? std::string(options) + ":" : "") + "verify_asan_link_order=0";
-}
 
 /** Runs a client with a library loaded before it and gives what both print to standard output. */
 std::string outputWithPreloaded(const char* library, const char* clientProgram) {

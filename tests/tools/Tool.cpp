@@ -1,21 +1,28 @@
 #include "Tool.h"
 
-#include "support/ChildProcess.h"
-
 #include <gtest/gtest.h>
 
 namespace kelutv::test {
 
-ToolRun runTool(std::vector<std::string> arguments, const std::vector<std::string>& environment) {
+std::unique_ptr<ChildProcess> startTool(std::vector<std::string> arguments,
+                                        const std::vector<std::string>& environment) {
     ChildProcess::Options options;
     options.environment = environment;
     options.captureOutput = true;
     options.captureError = true;
     arguments.insert(arguments.begin(), KELUTV_TOOL_PROGRAM);
-    ChildProcess process(std::move(arguments), options);
-    const auto exit = process.exitCode();
+    return std::make_unique<ChildProcess>(std::move(arguments), options);
+}
+
+ToolRun runTool(std::vector<std::string> arguments, const std::vector<std::string>& environment) {
+    const auto process = startTool(std::move(arguments), environment);
+    const auto exit = process->exitCode();
     EXPECT_TRUE(exit.has_value()) << "the tool was ended by a signal or did not end";
-    return {exit.value_or(-1), process.output().text(), process.error().text()};
+    return {exit.value_or(-1), process->output().text(), process->error().text()};
+}
+
+std::string usageError(const std::string& command, const std::string& message) {
+    return "kelutv: " + message + "\nTry 'kelutv help " + command + "'.\n";
 }
 
 } // namespace kelutv::test

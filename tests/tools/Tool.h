@@ -1,5 +1,8 @@
 #pragma once
 
+#include "support/ChildProcess.h"
+
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,5 +21,12 @@ struct ToolRun {
  * An end that does not come in time fails the test; `exit` is -1 then.
  */
 ToolRun runTool(std::vector<std::string> arguments, const std::vector<std::string>& environment = {});
+
+/** Starts `kelutv` with its output and its messages caught; the test waits for its end. */
+std::unique_ptr<ChildProcess> startTool(std::vector<std::string> arguments,
+                                        const std::vector<std::string>& environment = {});
+
+/** What a wrong use of a command puts on standard error. */
+std::string usageError(const std::string& command, const std::string& message);
 
 } // namespace kelutv::test

@@ -21,7 +21,7 @@ enum class Exit {
     TimeOver = 5,
 };
 
-/** Ends the command with a message on standard error. */
+/** Ends the command with a message on standard error, or without one when it is empty. */
 class ToolError : public std::runtime_error {
 public:
     ToolError(Exit exit, const std::string& message) : std::runtime_error(message), mExit(exit) {}

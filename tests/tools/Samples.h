@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tools/kelutv/Function.h"
+
+#include <string>
+#include <vector>
+
+namespace kelutv::test {
+
+/** Arguments that a function takes, one for each parameter that is given but lengths: different numbers, names, texts.
+ */
+std::vector<std::string> sampleArguments(const tool::Function& function);
+
+} // namespace kelutv::test

@@ -1,0 +1,138 @@
+#include "Samples.h"
+#include "Tool.h"
+#include "simulator/Simulator.h"
+
+#include "tools/kelutv/Call.h"
+#include "tools/kelutv/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+namespace kelutv::test {
+namespace {
+
+using tool::Function;
+
+SimulatorEnvironment& environment = SimulatorEnvironment::install();
+
+bool isCFunction(const Function& function) { return std::string(function.name).find("::") == std::string::npos; }
+
+TEST(Functions, holdEveryCFunctionAndEveryMethodWithoutOne) {
+    std::size_t functions = 0;
+    std::set<std::string> names;
+    for (const Function* function : tool::allFunctions()) {
+        names.insert(function->name);
+        if (isCFunction(*function)) {
+            ++functions;
+            EXPECT_NE(::dlsym(RTLD_DEFAULT, function->name), nullptr) << function->name;
+        }
+    }
+    EXPECT_EQ(functions, 639U);
+    EXPECT_EQ(tool::allFunctions().size(), 759U);
+    EXPECT_EQ(names.size(), 759U);
+}
+
+TEST(Functions, areFoundByTheirNames) {
+    for (const Function* function : tool::allFunctions()) {
+        EXPECT_EQ(&tool::functionNamed(function->name), function);
+        const auto listed = tool::functionsMatching(function->shortName);
+        EXPECT_NE(std::find(listed.begin(), listed.end(), function), listed.end()) << function->name;
+    }
+    EXPECT_STREQ(tool::functionNamed("audio.setVolume").name, "linux_tv_Audio_setVolume");
+    EXPECT_STREQ(tool::functionNamed("audio.setInputVolume").name, "Audio::setInputVolume");
+}
+
+TEST(Functions, areDescribed) {
+    for (const Function* function : tool::allFunctions()) {
+        EXPECT_STRNE(function->brief, "") << function->name;
+        EXPECT_TRUE(*function->returns != '\0' || function->result.kind == tool::Kind::Nothing) << function->name;
+        for (const tool::Parameter& parameter : function->parameters) {
+            EXPECT_STRNE(parameter.brief, "") << function->name << ' ' << parameter.name;
+        }
+        for (const tool::Request& request : function->requests) {
+            EXPECT_STRNE(request.reply, "") << function->name;
+        }
+    }
+}
+
+TEST(Functions, areFoundByWhatTheySend) {
+    for (const Function* function : tool::allFunctions()) {
+        for (const tool::Request& request : function->requests) {
+            const auto senders = request.item == nullptr
+                                     ? tool::functionsSending(request.commandValue)
+                                     : tool::functionsSending(request.commandValue, request.itemValue);
+            EXPECT_NE(std::find(senders.begin(), senders.end(), function), senders.end()) << function->name;
+        }
+    }
+}
+
+/** These sample arguments are refused: no such item or device, an address of the wrong length, nothing to be had. */
+const std::set<std::string> kRefused{
+    "linux_tv_Audio_setAudioItemValue",
+    "linux_tv_Audio_getAudioItemValue",
+    "linux_tv_Factory_setFactoryItemValue",
+    "linux_tv_Factory_getFactoryItemValue",
+    "linux_tv_Factory_setFactoryItemStrValue",
+    "linux_tv_Factory_getFactoryItemStrValue",
+    "linux_tv_Factory_setMacAddress",
+    "linux_tv_HdmiCEC_selectDevice",
+    "linux_tv_Picture_setPictureItemValue",
+    "linux_tv_Picture_getPictureItemValue",
+    "Picture::setDolbyHdrPicMode",
+    "Picture::getDolbyHdrPicMode",
+    "linux_tv_SystemSetting_setSystemItemValue",
+    "linux_tv_SystemSetting_getSystemItemValue",
+    "linux_tv_SystemSetting_setSystemItemStrValue",
+    "linux_tv_SystemSetting_getSystemItemStrValue",
+    "linux_tv_Video_setVideoItemValue",
+    "linux_tv_Video_getVideoItemValue",
+};
+
+/** The timing, without a signal; a list without entries. */
+const std::set<std::string> kNothingWritten{
+    "linux_tv_SourceManager_getTimingInfo",
+    "linux_tv_Picture_getBrightnessHistogram",
+};
+
+TEST(Functions, areAnsweredByTheSimulator) {
+    for (const Function* function : tool::allFunctions()) {
+        SCOPED_TRACE(function->name);
+        const tool::CallResult call = tool::tryFunction(*function, sampleArguments(*function));
+        EXPECT_EQ(call.transactions.size(), function->requests.size());
+        EXPECT_NE(call.result.is_null(), function->result.kind != tool::Kind::Nothing);
+        EXPECT_EQ(!call.failure.empty(), kRefused.count(function->name) == 1) << call.failure;
+        for (const auto& [name, value] : call.outputs.items()) {
+            EXPECT_TRUE(!value.is_null() || !call.failure.empty() || kNothingWritten.count(function->name) == 1)
+                << name << " was not written";
+        }
+    }
+}
+
+/** The program itself, for a part of them: what it prints is what was found here. */
+TEST(Functions, areDescribedEncodedAndCalledByTheProgram) {
+    constexpr std::size_t kStep = 16;
+    for (std::size_t i = 0; i < tool::allFunctions().size(); i += kStep) {
+        const Function& function = *tool::allFunctions()[i];
+        SCOPED_TRACE(function.name);
+        const ToolRun described = runTool({"describe", function.name});
+        EXPECT_EQ(described.output.find(function.signature), 0U);
+
+        std::vector<std::string> words = sampleArguments(function);
+        std::string encoded;
+        for (const auto& request : tool::requestsOf(function, words)) {
+            encoded += tool::hexOf(request) + '\n';
+        }
+        words.insert(words.begin(), {"encode", function.name});
+        EXPECT_EQ(runTool(words).output, encoded);
+        words[0] = "call";
+        EXPECT_EQ(runTool(words).exit, kRefused.count(function.name) == 1 ? 4 : 0);
+    }
+}
+
+} // namespace
+} // namespace kelutv::test

@@ -1,0 +1,107 @@
+#include "simulator/Simulator.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace kelutv::test {
+namespace {
+
+SimulatorEnvironment& environment = SimulatorEnvironment::install();
+
+struct ReplRun {
+    int exit;
+    std::string output;
+    std::string error;
+};
+
+/** `kelutv repl` with these lines from a pipe. */
+ReplRun runLines(const std::string& lines, const std::string& options = "") {
+    ChildProcess::Options capture;
+    capture.captureOutput = true;
+    capture.captureError = true;
+    capture.environment = {"LINES_OF_TEST=" + lines};
+    ChildProcess process(
+        {"/bin/sh", "-c", "printf '%s' \"$LINES_OF_TEST\" | '" KELUTV_TOOL_PROGRAM "' repl " + options}, capture);
+    return {process.exitCode().value_or(-1), process.output().text(), process.error().text()};
+}
+
+TEST(Repl, carriesOutLinesOverOneConnection) {
+    environment.simulator().takeTrace();
+    const ReplRun run = runLines("set volume 12\n\n# nothing\nget volume # and more\nkelutv get 'volume'\n"
+                                 "call audio.getVolume speaker");
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output, "12\n12\n12\nresult: 12\n");
+    std::set<std::string> processes;
+    for (const std::string& line : environment.simulator().takeTrace()) {
+        if (line.front() == '[') {
+            processes.insert(line.substr(0, line.find(']')));
+        }
+    }
+    EXPECT_EQ(processes.size(), 1U);
+}
+
+TEST(Repl, goesOnAfterAMistake) {
+    const ReplRun run = runLines("get volme\nfoo\nget \"volume\nset volume x\nset volume 3\nget volume\n");
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.output, "3\n3\n");
+    EXPECT_EQ(run.error, "kelutv: there is no 'volme' to get or set; nearest: volume\nTry 'kelutv help get'.\n"
+                         "kelutv: unknown command 'foo'\nTry 'kelutv help'.\n"
+                         "kelutv: the quotation mark \" is not closed\n"
+                         "kelutv: volume cannot be 'x', allowed: 0..100, +N, -N\nTry 'kelutv help set'.\n");
+}
+
+TEST(Repl, givesTheExitCodeOfTheLastLineThatFailed) {
+    EXPECT_EQ(runLines("get volme\nset source scart1\nget volume\n").exit, 4);
+    EXPECT_EQ(runLines("set source scart1\nget volme\n").exit, 2);
+}
+
+TEST(Repl, endsWithTheFirstFailureWhenAsked) {
+    const ReplRun run = runLines("set volume 4\nset source scart1\nset volume 5\n", "-e");
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(run.output, "4\n");
+}
+
+TEST(Repl, endsWithQuit) {
+    for (const char* const word : {"quit", "exit"}) {
+        const ReplRun run = runLines("set volume 6\n" + std::string(word) + "\nset volume 7\n");
+        EXPECT_EQ(run.exit, 0);
+        EXPECT_EQ(run.output, "6\n");
+    }
+}
+
+TEST(Repl, itsOptionsHoldForEveryLine) {
+    EXPECT_EQ(runLines("set volume 8\nget mute\n", "--json").output,
+              "{\"thing\":\"volume\",\"value\":8}\n{\"thing\":\"mute\",\"value\":false}\n");
+}
+
+TEST(Repl, readsQuotesLikeAShell) {
+    const ReplRun run = runLines(R"(get 'vol'"ume"
+set vol\ume "9"
+get "a\"b\\c d"
+get 'x # y'
+get z#
+)");
+    EXPECT_EQ(run.output.substr(run.output.find('\n') + 1), "9\n");
+    EXPECT_NE(run.error.find("no 'a\"b\\c d' to get"), std::string::npos) << run.error;
+    EXPECT_NE(run.error.find("no 'x # y' to get"), std::string::npos) << run.error;
+    EXPECT_NE(run.error.find("no 'z#' to get"), std::string::npos) << run.error;
+}
+
+TEST(Repl, encodesBesideItsConnection) {
+    const ReplRun run = runLines("set volume 10\nencode audio.getMute speaker\nget volume\n");
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output, "10\n"
+                          "000040001600000061006e00640072006f00690064002e0049005400560042006100730065005300650072007600"
+                          "690063006500000000000b20000000000000\n"
+                          "10\n");
+}
+
+TEST(Repl, isNotStartedTwice) {
+    const ReplRun run = runLines("repl\n");
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error, "kelutv: this is the repl already\n");
+}
+
+} // namespace
+} // namespace kelutv::test

@@ -1,0 +1,93 @@
+#include <kelutv/linux_kelutv_audio.h>
+#include <kelutv/linux_kelutv_factory.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <vector>
+
+/** A program to be traced; the first argument says what it does. */
+namespace {
+
+void setVolumes(int channel, int count) {
+    for (int volume = 0; volume < count; ++volume) {
+        linux_tv_Audio_setVolume(channel, volume);
+    }
+}
+
+void runThreads() {
+    std::vector<std::thread> threads;
+    for (int channel = 0; channel < 4; ++channel) {
+        threads.emplace_back(setVolumes, channel, 50);
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+}
+
+/** Runs this program again in a child and waits for it. */
+int runChild(const char* program, const char* action) {
+    linux_tv_Audio_setVolume(0, 1);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::execl(program, program, action, nullptr);
+        std::_Exit(99);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    linux_tv_Audio_setVolume(0, 2);
+    return status;
+}
+
+void closeAll() {
+    for (int fd = 0; fd < 1024; ++fd) {
+        ::close(fd);
+    }
+}
+
+/** Ends the program that traces this one and goes on. */
+void killTracer() {
+    const pid_t tracer = ::getppid();
+    ::kill(tracer, SIGKILL);
+    while (::getppid() == tracer) {
+        std::this_thread::yield();
+    }
+}
+
+int run(const char* program, const std::string& action) {
+    if (action == "print") {
+        linux_tv_Audio_setVolume(0, 5);
+        std::puts("to standard output");
+        std::fputs("to standard error\n", stderr);
+    } else if (action == "threads") {
+        runThreads();
+    } else if (action == "fork") {
+        return runChild(program, "print");
+    } else if (action == "close") {
+        linux_tv_Audio_setVolume(0, 1);
+        closeAll();
+        linux_tv_Audio_setVolume(0, 2);
+    } else if (action == "killed") {
+        linux_tv_Audio_setVolume(0, 3);
+        std::raise(SIGKILL);
+    } else if (action == "orphan") {
+        linux_tv_Audio_setVolume(0, 3);
+        killTracer();
+        std::printf("set the volume: %d\n", linux_tv_Audio_setVolume(0, 4));
+    } else if (action == "wait") {
+        linux_tv_Audio_setVolume(0, 6);
+        ::pause();
+    } else if (action == "large") {
+        linux_tv_Factory_setInternetTime(std::string(20000, 't').c_str());
+    }
+    return action == "fail" ? 7 : 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) { return argc > 1 ? run(argv[0], argv[1]) : 2; }

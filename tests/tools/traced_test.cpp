@@ -1,0 +1,69 @@
+#include "Samples.h"
+#include "Tool.h"
+#include "simulator/Simulator.h"
+
+#include "tools/kelutv/Call.h"
+#include "tools/kelutv/Decoding.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace kelutv::test {
+namespace {
+
+SimulatorEnvironment& environment = SimulatorEnvironment::install();
+
+std::string quoted(const std::string& word) {
+    std::string text = "'";
+    for (const char character : word) {
+        text += character == '\'' ? std::string("'\\''") : std::string(1, character);
+    }
+    return text + '\'';
+}
+
+std::string lineFor(const tool::Function& function, const std::vector<std::string>& arguments) {
+    std::string line = std::string("call ") + function.name;
+    for (const std::string& argument : arguments) {
+        line += ' ' + quoted(argument);
+    }
+    return line + '\n';
+}
+
+/** One program calls every function; its trace holds what each of them sends, in order and with nothing between. */
+TEST(Traced, isWhatEveryFunctionSends) {
+    const std::string folder = std::getenv("KQDROID_RUNTIME_DIR");
+    const std::string lines = folder + "/lines";
+    const std::string trace = folder + "/trace";
+    std::vector<tool::Json> expected;
+    std::ofstream script(lines);
+    for (const tool::Function* function : tool::allFunctions()) {
+        const std::vector<std::string> arguments = sampleArguments(*function);
+        script << lineFor(*function, arguments);
+        for (const auto& bytes : tool::requestsOf(*function, arguments)) {
+            expected.push_back(tool::documentOf(tool::decodeRequest(bytes)));
+        }
+    }
+    script.close();
+
+    runTool({"trace", "--json", "--output", trace, "--", "/bin/sh", "-c",
+             std::string("exec " KELUTV_TOOL_PROGRAM " repl < ") + lines});
+
+    std::ifstream traced(trace);
+    std::size_t index = 0;
+    for (std::string line; std::getline(traced, line); ++index) {
+        ASSERT_LT(index, expected.size()) << line;
+        const tool::Json document = tool::Json::parse(line);
+        EXPECT_EQ(document["request"], expected[index]);
+        EXPECT_EQ(document["status"], 0) << line;
+        EXPECT_FALSE(document["reply"].is_null()) << line;
+    }
+    EXPECT_EQ(index, expected.size());
+    EXPECT_GE(expected.size(), 750U);
+}
+
+} // namespace
+} // namespace kelutv::test

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <csignal>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+/** A program that runs with the trace library loaded before its own. */
+class TracedProgram {
+public:
+    /**
+     * Starts it, looked for as a shell does.
+     *
+     * @param mask the signals that are blocked in it
+     * @throws ToolError with 127 when there is no such program, 126 when it cannot be run
+     */
+    TracedProgram(const std::vector<std::string>& words, const std::string& pipe, const sigset_t& mask);
+
+    /** What its end gives a shell: its exit code, or 128 and the signal; empty while it runs. */
+    std::optional<int> exitCode();
+
+    void kill(int signal) const;
+
+private:
+    pid_t mPid = -1;
+};
+
+} // namespace kelutv::tool

@@ -1,0 +1,189 @@
+#include "Commands.h"
+#include "Function.h"
+#include "Words.h"
+
+#include <cstdio>
+#include <memory>
+
+namespace kelutv::tool {
+
+namespace {
+
+std::string hexadecimal(std::int32_t number) {
+    char text[16];
+    std::snprintf(text, sizeof text, "0x%X", static_cast<unsigned int>(number));
+    return text;
+}
+
+const char* wordFor(Direction direction) {
+    switch (direction) {
+    case Direction::Out:
+        return "out";
+    case Direction::InOut:
+        return "in and out";
+    case Direction::Length:
+        return "in, may be left out";
+    case Direction::In:
+        break;
+    }
+    return "in";
+}
+
+/** What may be written for a parameter, or what it shows. */
+std::string formOf(const Parameter& parameter) {
+    switch (parameter.values.kind) {
+    case Kind::Text:
+        return "text";
+    case Kind::Record: {
+        std::vector<std::string> fields;
+        for (const Field& field : parameter.values.record->fields) {
+            fields.emplace_back(field.name);
+        }
+        return "record of " + joined(fields, ", ");
+    }
+    case Kind::Array: {
+        const std::string length = parameter.length;
+        const std::string entry =
+            parameter.values.record != nullptr ? "records" : "each " + allowedText(parameter.values);
+        return "list" + (length.empty() ? "" : " of " + length) + ", " + entry;
+    }
+    case Kind::List:
+        return "list";
+    case Kind::Callback:
+        return "print or null";
+    default:
+        return allowedText(parameter.values);
+    }
+}
+
+Json namesOf(const Enumeration& enumeration) {
+    Json names = Json::object();
+    for (const Enumerator& each : enumeration.values) {
+        names[each.name] = each.value;
+    }
+    return names;
+}
+
+Json documentOf(const Parameter& parameter) {
+    Json document{
+        {"name", parameter.name},     {"type", parameter.type},    {"direction", wordFor(parameter.direction)},
+        {"meaning", parameter.brief}, {"form", formOf(parameter)}, {"null", parameter.pointer && parameter.allowsNull}};
+    if (parameter.values.names != nullptr) {
+        document["enumeration"] = parameter.values.names->name;
+        document["values"] = namesOf(*parameter.values.names);
+    }
+    if (parameter.values.bounded) {
+        document["range"] = {parameter.values.low, parameter.values.high};
+    }
+    return document;
+}
+
+Json documentOf(const Request& request) {
+    Json document{{"command", request.command}, {"number", request.commandValue}};
+    if (request.item != nullptr) {
+        document["item"] = request.item;
+        document["itemNumber"] = request.itemValue;
+    }
+    document["arguments"] = request.arguments;
+    document["reply"] = request.reply;
+    return document;
+}
+
+Json documentOf(const Function& function) {
+    Json document{{"function", function.name},       {"short", function.shortName}, {"module", function.module},
+                  {"signature", function.signature}, {"brief", function.brief},     {"details", function.details},
+                  {"returns", function.returns},     {"parameters", Json::array()}, {"requests", Json::array()}};
+    for (const Parameter& parameter : function.parameters) {
+        document["parameters"].push_back(documentOf(parameter));
+    }
+    for (const Request& request : function.requests) {
+        document["requests"].push_back(documentOf(request));
+    }
+    if (function.result.names != nullptr) {
+        document["resultEnumeration"] = function.result.names->name;
+        document["resultValues"] = namesOf(*function.result.names);
+    }
+    document["nullRule"] = function.nullRule;
+    document["note"] = function.note;
+    return document;
+}
+
+class Description {
+public:
+    Description(const Output& output, const Function& function) : mOutput(output), mFunction(function) {}
+
+    void print() const {
+        mOutput.line(mOutput.styled(Style::Name, mFunction.signature));
+        paragraph("", std::string(mFunction.shortName) + ": " + mFunction.brief);
+        paragraph("", mFunction.details);
+        for (const Parameter& parameter : mFunction.parameters) {
+            printParameter(parameter);
+        }
+        paragraph("Returns", mFunction.returns);
+        if (mFunction.result.names != nullptr) {
+            printNames(*mFunction.result.names);
+        }
+        printRequests();
+        paragraph("Null", mFunction.nullRule);
+        paragraph("Note", mFunction.note);
+    }
+
+private:
+    void paragraph(const std::string& title, const std::string& text) const {
+        if (!text.empty()) {
+            mOutput.line(title.empty() ? text : mOutput.styled(Style::Name, title) + ": " + text);
+        }
+    }
+
+    void printNames(const Enumeration& enumeration) const {
+        for (const Enumerator& each : enumeration.values) {
+            mOutput.line("    " + std::to_string(each.value) + ' ' +
+                         mOutput.styled(Style::Value, shortNameOf(enumeration, each)) + ' ' + each.name);
+        }
+    }
+
+    void printParameter(const Parameter& parameter) const {
+        paragraph(std::string("Parameter ") + parameter.name,
+                  std::string(parameter.type) + ", " + wordFor(parameter.direction) + ". " + parameter.brief);
+        if (parameter.values.names != nullptr) {
+            printNames(*parameter.values.names);
+        } else {
+            mOutput.line("    " + formOf(parameter));
+        }
+    }
+
+    void printRequests() const {
+        if (mFunction.requests.size() == 0) {
+            paragraph("Sends", "nothing");
+        }
+        for (const Request& request : mFunction.requests) {
+            const std::string item = request.item == nullptr ? ""
+                                                             : std::string(", item ") + request.item + ' ' +
+                                                                   std::to_string(request.itemValue);
+            paragraph("Sends", std::string(request.command) + ' ' + hexadecimal(request.commandValue) + item);
+            paragraph("    in order", *request.arguments == '\0' ? "nothing more" : request.arguments);
+            paragraph("    reply", request.reply);
+        }
+    }
+
+    const Output& mOutput;
+    const Function& mFunction;
+};
+
+} // namespace
+
+void addDescribeCommand(CLI::App& app, Context& context) {
+    const auto name = std::make_shared<std::string>();
+    CLI::App* const command = app.add_subcommand("describe", "Describe a function: parameters, values, wire, result\n\n"
+                                                             "Examples:\n"
+                                                             "kelutv describe audio.setVolume\n"
+                                                             "kelutv describe linux_tv_Picture_setPictureMode");
+    command->add_option("FUNCTION", *name, "Full or short name")->required();
+    command->callback([name, &context] {
+        const Function& function = functionNamed(*name);
+        Description(context.output, function).print();
+        context.output.document(documentOf(function));
+    });
+}
+
+} // namespace kelutv::tool

@@ -1,0 +1,65 @@
+#include "Call.h"
+#include "Commands.h"
+#include "StandardOutput.h"
+#include "Words.h"
+
+#include <memory>
+
+namespace kelutv::tool {
+
+namespace {
+
+struct Options {
+    std::string function;
+    std::vector<std::string> arguments;
+    bool raw = false;
+};
+
+using Requests = std::vector<std::vector<std::uint8_t>>;
+
+Json documentOf(const Function& function, const Requests& requests) {
+    Json document{{"function", function.name}, {"requests", Json::array()}};
+    for (const auto& request : requests) {
+        document["requests"].push_back(hexOf(request));
+    }
+    return document;
+}
+
+void print(const Requests& requests, bool raw, const Output& output) {
+    for (const auto& request : requests) {
+        if (raw) {
+            writeData({request.begin(), request.end()});
+        } else {
+            output.line(hexOf(request));
+        }
+    }
+}
+
+void run(const Options& options, const Output& output) {
+    const Function& function = functionNamed(options.function);
+    const Requests requests = requestsOf(function, options.arguments);
+    print(requests, options.raw, output);
+    if (!options.raw) {
+        output.document(documentOf(function, requests));
+    }
+    if (requests.empty()) {
+        output.message(std::string(function.shortName) + " sends nothing");
+    }
+}
+
+} // namespace
+
+void addEncodeCommand(CLI::App& app, Context& context) {
+    const auto options = std::make_shared<Options>();
+    CLI::App* const command =
+        app.add_subcommand("encode", "Print the bytes that a call sends, without a service\n\n"
+                                     "Examples:\n"
+                                     "kelutv encode audio.setVolume speaker 35\n"
+                                     "kelutv encode audio.setVolume speaker 35 | kelutv decode -");
+    command->add_flag("--raw", options->raw, "Write the bytes themselves");
+    command->add_option("FUNCTION", options->function, "Full or short name")->required();
+    addWords(*command, "ARG", options->arguments, "What goes in, as for call");
+    command->callback([options, &context] { run(*options, context.output); });
+}
+
+} // namespace kelutv::tool

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <climits>
+#include <cstddef>
+#include <cstdint>
+
+/** How traced transactions travel from a program to the tool, through a named pipe. */
+namespace kelutv::trace {
+
+/** Names the pipe in the environment of a traced program. */
+constexpr const char* kPipeVariable = "KELUTV_TRACE_PIPE";
+
+/** Leads each piece of a record. A whole frame is written at once, so that those of several writers do not mix. */
+struct FrameHead {
+    std::int32_t process;
+    std::int32_t thread;
+    /** Where in the record this piece belongs; 0 begins a new one. */
+    std::uint32_t offset;
+    std::uint32_t length;
+    /** The size of the whole record. */
+    std::uint32_t total;
+};
+
+constexpr std::size_t kFrameCapacity = PIPE_BUF;
+constexpr std::size_t kPieceCapacity = kFrameCapacity - sizeof(FrameHead);
+
+/** Leads a record; the bytes of the request and of the reply follow. */
+struct RecordHead {
+    /** Since the epoch. */
+    std::int64_t startNanoseconds;
+    std::int64_t durationNanoseconds;
+    std::int32_t status;
+    std::uint32_t requestSize;
+    std::uint32_t replySize;
+    std::uint32_t reserved;
+};
+
+} // namespace kelutv::trace

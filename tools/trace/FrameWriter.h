@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Frame.h"
+
+#include <sys/types.h>
+
+namespace kelutv::trace {
+
+/**
+ * Puts one record into frames and writes them to a descriptor. Needs no memory but its own.
+ *
+ * Nothing more is written after the first failure.
+ */
+class FrameWriter {
+public:
+    FrameWriter(int fd, pid_t process, pid_t thread, std::size_t total);
+
+    void append(const void* bytes, std::size_t length);
+
+    /** Writes what is left. */
+    void finish();
+
+private:
+    void flush();
+
+    int mFd;
+    FrameHead mHead;
+    bool mFailed = false;
+    std::uint8_t mPiece[kPieceCapacity];
+};
+
+} // namespace kelutv::trace

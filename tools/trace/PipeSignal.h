@@ -1,0 +1,21 @@
+#pragma once
+
+#include <csignal>
+
+namespace kelutv::trace {
+
+/** While this lives, a broken pipe gives this thread no SIGPIPE; one that was pending before stays. */
+class NoPipeSignal {
+public:
+    NoPipeSignal();
+    ~NoPipeSignal();
+    NoPipeSignal(const NoPipeSignal&) = delete;
+    NoPipeSignal& operator=(const NoPipeSignal&) = delete;
+
+private:
+    sigset_t mPipe{};
+    sigset_t mBefore{};
+    bool mWasPending = false;
+};
+
+} // namespace kelutv::trace
