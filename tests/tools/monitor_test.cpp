@@ -25,10 +25,15 @@ std::unique_ptr<ChildProcess> startMonitor(std::vector<std::string> arguments) {
     return monitor;
 }
 
-template <typename... Words> void publish(unsigned int event, Words... words) {
+/** One for all events, since only those of one publisher keep their order. */
+keluem::Publisher& publisher() {
     static auto* const publisher = new keluem::Publisher;
+    return *publisher;
+}
+
+template <typename... Words> void publish(unsigned int event, Words... words) {
     const std::int32_t payload[] = {words..., 0};
-    EXPECT_EQ(publisher->publish(event, payload, sizeof...(words) * sizeof(std::int32_t)), 0);
+    EXPECT_EQ(publisher().publish(event, payload, sizeof...(words) * sizeof(std::int32_t)), 0);
 }
 
 std::vector<std::string> withoutTimes(const std::string& output) {

@@ -6,6 +6,8 @@
 #include "LineEditor.h"
 #include "Nearest.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cstdio>
 #include <exception>
@@ -43,21 +45,6 @@ void addGeneralOptions(CLI::App& app, Context& context) {
            "Colour on standard output: auto, always or never")
         ->option_text("WHEN");
 }
-
-/** The parser takes words in brackets apart; behind this they are safe. */
-constexpr char kGuard = '\x1f';
-
-bool hasBrackets(const std::string& word) { return word.size() > 1 && word.front() == '[' && word.back() == ']'; }
-
-void guardBrackets(std::vector<std::string>& words) {
-    for (std::string& word : words) {
-        if (hasBrackets(word)) {
-            word.insert(word.begin(), kGuard);
-        }
-    }
-}
-
-std::string unguarded(std::string word) { return !word.empty() && word.front() == kGuard ? word.substr(1) : word; }
 
 /** The command that was named last. */
 const CLI::App& commandNamedIn(const CLI::App& app) {
@@ -192,10 +179,6 @@ void makeProgram(CLI::App& app, Context& context) {
     addCommands(app, context);
     addGeneralOptions(app, context);
     app.footer(kExitCodes);
-}
-
-void addWords(CLI::App& command, const std::string& name, std::vector<std::string>& words, const std::string& help) {
-    command.add_option(name, words, help)->transform(unguarded, "");
 }
 
 Exit runCommandLine(std::vector<std::string> words) {

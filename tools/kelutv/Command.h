@@ -2,8 +2,11 @@
 
 #include "Errors.h"
 #include "Output.h"
+#include "Subcommand.h"
 
-#include <CLI/CLI.hpp>
+namespace CLI {
+class App;
+}
 
 namespace kelutv::tool {
 
@@ -31,8 +34,5 @@ const CLI::App* commandNamed(const CLI::App& app, const std::string& name);
 
 /** The long options of a command and those of all above it, with their dashes. */
 std::vector<std::string> optionNames(const CLI::App& command);
-
-/** Adds what may follow a command any number of times; unlike the parser's own lists, words in brackets stay whole. */
-void addWords(CLI::App& command, const std::string& name, std::vector<std::string>& words, const std::string& help);
 
 } // namespace kelutv::tool

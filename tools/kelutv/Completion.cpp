@@ -8,6 +8,8 @@
 #include "Function.h"
 #include "Things.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cctype>
 #include <functional>

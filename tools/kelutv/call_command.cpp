@@ -57,16 +57,16 @@ void run(const Options& options, const Output& output) {
 
 void addCallCommand(CLI::App& app, Context& context) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const command = app.add_subcommand("call", "Call a function and print what it gives\n\n"
-                                                         "Examples:\n"
-                                                         "kelutv call audio.setVolume speaker 35\n"
-                                                         "kelutv call audio.getVolume speaker --json\n"
-                                                         "kelutv call picture.setColorTemp warm --wire");
-    command->add_flag("-w,--wire", options->wire, "Print the bytes of each request and reply, too");
-    command->add_option("FUNCTION", options->function, "Full or short name")->required();
-    addWords(*command, "ARG", options->arguments,
-             "What goes in, in the function's order; see kelutv describe FUNCTION");
-    command->callback([options, &context] { run(*options, context.output); });
+    const Subcommand command(app, "call",
+                             "Call a function and print what it gives\n\n"
+                             "Examples:\n"
+                             "kelutv call audio.setVolume speaker 35\n"
+                             "kelutv call audio.getVolume speaker --json\n"
+                             "kelutv call picture.setColorTemp warm --wire");
+    command.flag("-w,--wire", options->wire, "Print the bytes of each request and reply, too");
+    command.required("FUNCTION", options->function, "Full or short name");
+    command.words("ARG", options->arguments, "What goes in, in the function's order; see kelutv describe FUNCTION");
+    command.action([options, &context] { run(*options, context.output); });
 }
 
 } // namespace kelutv::tool

@@ -38,16 +38,15 @@ void completeWords(const Output& output, std::vector<std::string> words) {
 } // namespace
 
 void addCompleteCommand(CLI::App& app, Context& context) {
-    CLI::App* const command = app.add_subcommand(
-        "complete", "Print what the last word may become, one a line\n\nExamples:\nkelutv complete -- get vol");
-    command->group(""); // For shells, not for persons.
+    const Subcommand command(
+        app, "complete", "Print what the last word may become, one a line\n\nExamples:\nkelutv complete -- get vol");
+    command.hide(); // For shells, not for persons.
     const auto line = std::make_shared<std::string>();
     const auto words = std::make_shared<std::vector<std::string>>();
-    CLI::Option* const whole =
-        command->add_option("--line", *line, "The line up to the cursor, instead of words")->option_text("LINE");
-    addWords(*command, "WORD", *words, "The words up to the cursor, behind --");
-    command->callback([&context, whole, line, words] {
-        if (whole->count() > 0) {
+    command.option("--line", *line, "LINE", "The line up to the cursor, instead of words");
+    command.words("WORD", *words, "The words up to the cursor, behind --");
+    command.action([&context, command, line, words] {
+        if (command.isGiven("--line")) {
             completeLine(context.output, *line);
         } else {
             completeWords(context.output, *words);

@@ -178,8 +178,8 @@ void decode(const DecodeOptions& options, const Output& output) {
 
 void addDecodeCommand(CLI::App& app, Context& context) {
     const auto options = std::make_shared<DecodeOptions>();
-    CLI::App* const command = app.add_subcommand(
-        "decode",
+    const Subcommand command(
+        app, "decode",
         "Tell what the bytes of a request or a reply say\n\n"
         "The bytes are hex digits, with or without spaces and 0x, or the lines of a hex dump. What is wrong with\n"
         "them is told with the byte at which it is, behind what could be read.\n\n"
@@ -187,14 +187,13 @@ void addDecodeCommand(CLI::App& app, Context& context) {
         "kelutv encode audio.setVolume speaker 35 | kelutv decode -\n"
         "kelutv decode --command CMD_AUDIO_GETVOLUME --reply '00000000 23000000'\n"
         "kelutv decode --raw @request.bin --reply @reply.bin");
-    command->add_option("HEX", options->words,
-                        "The request: hex digits, a hex dump, @FILE with them, or - for standard input");
-    command->add_option("--reply", options->reply, "The reply, given in the same ways")->option_text("HEX");
-    command->add_option("--command", options->command, "What the reply answers, when there is no request")
-        ->option_text("NAME|NUMBER");
-    command->add_option("--item", options->item, "The item of that command")->option_text("NAME|NUMBER");
-    command->add_flag("--raw", options->raw, "@FILE and - hold the bytes themselves");
-    command->callback([options, &context] { decode(*options, context.output); });
+    command.words("HEX", options->words,
+                  "The request: hex digits, a hex dump, @FILE with them, or - for standard input");
+    command.option("--reply", options->reply, "HEX", "The reply, given in the same ways");
+    command.option("--command", options->command, "NAME|NUMBER", "What the reply answers, when there is no request");
+    command.option("--item", options->item, "NAME|NUMBER", "The item of that command");
+    command.flag("--raw", options->raw, "@FILE and - hold the bytes themselves");
+    command.action([options, &context] { decode(*options, context.output); });
 }
 
 } // namespace kelutv::tool

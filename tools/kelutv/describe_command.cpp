@@ -174,12 +174,13 @@ private:
 
 void addDescribeCommand(CLI::App& app, Context& context) {
     const auto name = std::make_shared<std::string>();
-    CLI::App* const command = app.add_subcommand("describe", "Describe a function: parameters, values, wire, result\n\n"
-                                                             "Examples:\n"
-                                                             "kelutv describe audio.setVolume\n"
-                                                             "kelutv describe linux_tv_Picture_setPictureMode");
-    command->add_option("FUNCTION", *name, "Full or short name")->required();
-    command->callback([name, &context] {
+    const Subcommand command(app, "describe",
+                             "Describe a function: parameters, values, wire, result\n\n"
+                             "Examples:\n"
+                             "kelutv describe audio.setVolume\n"
+                             "kelutv describe linux_tv_Picture_setPictureMode");
+    command.required("FUNCTION", *name, "Full or short name");
+    command.action([name, &context] {
         const Function& function = functionNamed(*name);
         Description(context.output, function).print();
         context.output.document(documentOf(function));

@@ -163,46 +163,46 @@ void load(const EepOptions& options, const Output& output) {
 using Options = std::shared_ptr<EepOptions>;
 using Action = void (*)(const EepOptions&, const Output&);
 
-CLI::App* addAction(CLI::App& eep, const char* name, const char* description, const Options& options, Action action,
-                    Context& context) {
-    CLI::App* const command = eep.add_subcommand(name, description);
-    command->add_option("AREA", options->area, "The area; kelutv eep areas lists them")->required();
-    command->callback([options, action, &context] { action(*options, context.output); });
+Subcommand addAction(const Subcommand& eep, const char* name, const char* description, const Options& options,
+                     Action action, Context& context) {
+    Subcommand command(eep, name, description);
+    command.required("AREA", options->area, "The area; kelutv eep areas lists them");
+    command.action([options, action, &context] { action(*options, context.output); });
     return command;
 }
 
-void addStoreOptions(CLI::App& command, const Options& options) {
-    command.add_flag("--no-flush", options->noFlush, "Leave what is written uncommitted; a reboot forgets it");
-    command.add_flag("--verify", options->verify, "Read the bytes back and compare them");
+void addStoreOptions(const Subcommand& command, const Options& options) {
+    command.flag("--no-flush", options->noFlush, "Leave what is written uncommitted; a reboot forgets it");
+    command.flag("--verify", options->verify, "Read the bytes back and compare them");
 }
 
-void addDump(CLI::App& eep, const Options& options, Context& context) {
-    CLI::App* const command = addAction(eep, "dump",
-                                        "Show an area as a hex dump\n\n"
-                                        "Examples:\n"
-                                        "kelutv eep dump tv\n"
-                                        "kelutv eep dump flash --offset 0x8A00 --length 32\n"
-                                        "kelutv eep dump tv --raw > tv.img",
-                                        options, dump, context);
-    command->add_option("--offset", options->offset, "Begin this many bytes behind the area's first")->option_text("N");
-    command->add_option("--length", options->length, "Show this many bytes, not all to the end")->option_text("N");
-    command->add_flag("--raw", options->raw, "Write the bytes themselves");
-    command->add_flag("-v,--no-squeezing", options->whole, "Show lines that repeat the one before them");
+void addDump(const Subcommand& eep, const Options& options, Context& context) {
+    const Subcommand command = addAction(eep, "dump",
+                                         "Show an area as a hex dump\n\n"
+                                         "Examples:\n"
+                                         "kelutv eep dump tv\n"
+                                         "kelutv eep dump flash --offset 0x8A00 --length 32\n"
+                                         "kelutv eep dump tv --raw > tv.img",
+                                         options, dump, context);
+    command.option("--offset", options->offset, "N", "Begin this many bytes behind the area's first");
+    command.option("--length", options->length, "N", "Show this many bytes, not all to the end");
+    command.flag("--raw", options->raw, "Write the bytes themselves");
+    command.flag("-v,--no-squeezing", options->whole, "Show lines that repeat the one before them");
 }
 
-void addRead(CLI::App& eep, const Options& options, Context& context) {
-    CLI::App* const command = addAction(eep, "read",
-                                        "Show the bytes at an address\n\n"
-                                        "Examples:\n"
-                                        "kelutv eep read tv 0x8A00 16",
-                                        options, read, context);
-    command->add_option("ADDRESS", options->address, "The first byte's address, in the memory")->required();
-    command->add_option("LENGTH", options->length, "How many bytes; one when left out");
-    command->add_flag("--raw", options->raw, "Write the bytes themselves");
+void addRead(const Subcommand& eep, const Options& options, Context& context) {
+    const Subcommand command = addAction(eep, "read",
+                                         "Show the bytes at an address\n\n"
+                                         "Examples:\n"
+                                         "kelutv eep read tv 0x8A00 16",
+                                         options, read, context);
+    command.required("ADDRESS", options->address, "The first byte's address, in the memory");
+    command.optional("LENGTH", options->length, "How many bytes; one when left out");
+    command.flag("--raw", options->raw, "Write the bytes themselves");
 }
 
-void addWrite(CLI::App& eep, const Options& options, Context& context) {
-    CLI::App* const command =
+void addWrite(const Subcommand& eep, const Options& options, Context& context) {
+    const Subcommand command =
         addAction(eep, "write",
                   "Write bytes to an address\n\n"
                   "Nothing is written unless all of it is inside the area. The flash is flushed behind it.\n\n"
@@ -211,38 +211,38 @@ void addWrite(CLI::App& eep, const Options& options, Context& context) {
                   "kelutv eep write tv 0x8A00 hex:0102ff --verify\n"
                   "kelutv eep write eep 0x100 @serial.bin",
                   options, write, context);
-    command->add_option("ADDRESS", options->address, "The first byte's address, in the memory")->required();
-    command->add_option("BYTES", options->bytes, "Numbers from 0 to 255, hex:DIGITS, or @FILE with the bytes")
-        ->required();
-    addStoreOptions(*command, options);
+    command.required("ADDRESS", options->address, "The first byte's address, in the memory");
+    command.requiredWords("BYTES", options->bytes, "Numbers from 0 to 255, hex:DIGITS, or @FILE with the bytes");
+    addStoreOptions(command, options);
 }
 
-void addLoad(CLI::App& eep, const Options& options, Context& context) {
-    CLI::App* const command = addAction(eep, "load",
-                                        "Write a whole area from a file of its size\n\n"
-                                        "Examples:\n"
-                                        "kelutv eep load tv tv.img --verify",
-                                        options, load, context);
-    command->add_option("FILE", options->file, "The bytes of the area, or - for standard input")->required();
-    addStoreOptions(*command, options);
+void addLoad(const Subcommand& eep, const Options& options, Context& context) {
+    const Subcommand command = addAction(eep, "load",
+                                         "Write a whole area from a file of its size\n\n"
+                                         "Examples:\n"
+                                         "kelutv eep load tv tv.img --verify",
+                                         options, load, context);
+    command.required("FILE", options->file, "The bytes of the area, or - for standard input");
+    addStoreOptions(command, options);
 }
 
 } // namespace
 
 void addEepCommand(CLI::App& app, Context& context) {
     const Options options = std::make_shared<EepOptions>();
-    CLI::App* const eep = app.add_subcommand("eep", "Read and write the EEPROM and the flash EEPROM\n\n"
-                                                    "Examples:\n"
-                                                    "kelutv eep areas\n"
-                                                    "kelutv eep dump tv\n"
-                                                    "kelutv eep write tv 0x8A00 hex:0102ff");
-    eep->require_subcommand(1);
-    CLI::App* const areas = eep->add_subcommand("areas", "List the areas with their addresses");
-    areas->callback([&context] { listAreas(context.output); });
-    addDump(*eep, options, context);
-    addRead(*eep, options, context);
-    addWrite(*eep, options, context);
-    addLoad(*eep, options, context);
+    const Subcommand eep(app, "eep",
+                         "Read and write the EEPROM and the flash EEPROM\n\n"
+                         "Examples:\n"
+                         "kelutv eep areas\n"
+                         "kelutv eep dump tv\n"
+                         "kelutv eep write tv 0x8A00 hex:0102ff");
+    eep.requireSubcommand();
+    const Subcommand areas(eep, "areas", "List the areas with their addresses");
+    areas.action([&context] { listAreas(context.output); });
+    addDump(eep, options, context);
+    addRead(eep, options, context);
+    addWrite(eep, options, context);
+    addLoad(eep, options, context);
 }
 
 } // namespace kelutv::tool

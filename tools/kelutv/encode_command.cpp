@@ -51,15 +51,15 @@ void run(const Options& options, const Output& output) {
 
 void addEncodeCommand(CLI::App& app, Context& context) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const command =
-        app.add_subcommand("encode", "Print the bytes that a call sends, without a service\n\n"
-                                     "Examples:\n"
-                                     "kelutv encode audio.setVolume speaker 35\n"
-                                     "kelutv encode audio.setVolume speaker 35 | kelutv decode -");
-    command->add_flag("--raw", options->raw, "Write the bytes themselves");
-    command->add_option("FUNCTION", options->function, "Full or short name")->required();
-    addWords(*command, "ARG", options->arguments, "What goes in, as for call");
-    command->callback([options, &context] { run(*options, context.output); });
+    const Subcommand command(app, "encode",
+                             "Print the bytes that a call sends, without a service\n\n"
+                             "Examples:\n"
+                             "kelutv encode audio.setVolume speaker 35\n"
+                             "kelutv encode audio.setVolume speaker 35 | kelutv decode -");
+    command.flag("--raw", options->raw, "Write the bytes themselves");
+    command.required("FUNCTION", options->function, "Full or short name");
+    command.words("ARG", options->arguments, "What goes in, as for call");
+    command.action([options, &context] { run(*options, context.output); });
 }
 
 } // namespace kelutv::tool

@@ -37,15 +37,16 @@ void get(const Output& output, const std::string& name) {
 } // namespace
 
 void addGetCommand(CLI::App& app, Context& context) {
-    CLI::App* const command = app.add_subcommand("get", "Read what a person changes daily\n"
-                                                        "Without a THING: lists all of them and what each can be.\n\n"
-                                                        "Examples:\n"
-                                                        "kelutv get volume\n"
-                                                        "kelutv get source --json\n"
-                                                        "kelutv get");
+    const Subcommand command(app, "get",
+                             "Read what a person changes daily\n"
+                             "Without a THING: lists all of them and what each can be.\n\n"
+                             "Examples:\n"
+                             "kelutv get volume\n"
+                             "kelutv get source --json\n"
+                             "kelutv get");
     const auto name = std::make_shared<std::string>();
-    command->add_option("THING", *name, "What to read: volume, source, picture-mode, ...");
-    command->callback([&context, name] { get(context.output, *name); });
+    command.optional("THING", *name, "What to read: volume, source, picture-mode, ...");
+    command.action([&context, name] { get(context.output, *name); });
 }
 
 } // namespace kelutv::tool

@@ -1,6 +1,8 @@
 #include "Commands.h"
 #include "Nearest.h"
 
+#include <CLI/CLI.hpp>
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,12 +31,13 @@ void printHelp(const CLI::App& program, const Context& context, const std::vecto
 } // namespace
 
 void addHelpCommand(CLI::App& app, Context& context) {
-    CLI::App* const command = app.add_subcommand("help", "Tell what a command does\n\nExamples:\n"
-                                                         "kelutv help\n"
-                                                         "kelutv help set");
+    const Subcommand command(app, "help",
+                             "Tell what a command does\n\nExamples:\n"
+                             "kelutv help\n"
+                             "kelutv help set");
     const auto path = std::make_shared<std::vector<std::string>>();
-    addWords(*command, "COMMAND", *path, "The command; without one, what commands there are");
-    command->callback([&app, &context, path] { printHelp(app, context, *path); });
+    command.words("COMMAND", *path, "The command; without one, what commands there are");
+    command.action([&app, &context, path] { printHelp(app, context, *path); });
 }
 
 } // namespace kelutv::tool

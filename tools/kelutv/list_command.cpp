@@ -58,15 +58,16 @@ void printModules(const Output& output, const std::vector<const Function*>& func
 
 void addListCommand(CLI::App& app, Context& context) {
     const auto options = std::make_shared<Options>();
-    CLI::App* const command = app.add_subcommand("list", "List the functions that can be called\n\n"
-                                                         "Examples:\n"
-                                                         "kelutv list\n"
-                                                         "kelutv list audio\n"
-                                                         "kelutv list '*Volume*'\n"
-                                                         "kelutv list --modules");
-    command->add_option("PATTERN", options->pattern, "A module, a piece of a name, or a pattern with * and ?");
-    command->add_flag("-m,--modules", options->modules, "List the modules with the number of their functions");
-    command->callback([options, &context] {
+    const Subcommand command(app, "list",
+                             "List the functions that can be called\n\n"
+                             "Examples:\n"
+                             "kelutv list\n"
+                             "kelutv list audio\n"
+                             "kelutv list '*Volume*'\n"
+                             "kelutv list --modules");
+    command.optional("PATTERN", options->pattern, "A module, a piece of a name, or a pattern with * and ?");
+    command.flag("-m,--modules", options->modules, "List the modules with the number of their functions");
+    command.action([options, &context] {
         const auto functions = chosen(options->pattern);
         options->modules ? printModules(context.output, functions) : printFunctions(context.output, functions);
     });

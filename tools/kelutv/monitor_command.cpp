@@ -202,8 +202,8 @@ private:
 
 void addMonitorCommand(CLI::App& app, Context& context) {
     const auto options = std::make_shared<MonitorOptions>();
-    CLI::App* const command = app.add_subcommand(
-        "monitor",
+    const Subcommand command(
+        app, "monitor",
         "Tell of the television's events as they come\n\n"
         "One line for each event, until SIGINT or SIGTERM. Without --event, --module and --all these are the\n"
         "events that every application of the library gets. Names of events are those of the simulator.\n\n"
@@ -211,18 +211,13 @@ void addMonitorCommand(CLI::App& app, Context& context) {
         "kelutv monitor\n"
         "kelutv monitor --module volume --count 1 --timeout 10\n"
         "kelutv monitor --event 0x60001 --json");
-    command->add_option("-n,--count", options->count, "End after this many events")->option_text("N");
-    command->add_option("-t,--timeout", options->seconds, "End after this many seconds")
-        ->option_text("SECONDS")
-        ->check(CLI::PositiveNumber);
-    command->add_option("-e,--event", options->events, "Only this event; may be given several times")
-        ->option_text("NUMBER|NAME")
-        ->allow_extra_args(false);
-    command->add_option("-m,--module", options->modules, "Only the events of this module; may be given several times")
-        ->option_text("NUMBER|NAME")
-        ->allow_extra_args(false);
-    command->add_flag("-a,--all", options->all, "The events of all modules");
-    command->callback([options, &context] { Monitor(*options, context.output).run(); });
+    command.option("-n,--count", options->count, "N", "End after this many events");
+    command.option("-t,--timeout", options->seconds, "SECONDS", "End after this many seconds");
+    command.option("-e,--event", options->events, "NUMBER|NAME", "Only this event; may be given several times");
+    command.option("-m,--module", options->modules, "NUMBER|NAME",
+                   "Only the events of this module; may be given several times");
+    command.flag("-a,--all", options->all, "The events of all modules");
+    command.action([options, &context] { Monitor(*options, context.output).run(); });
 }
 
 } // namespace kelutv::tool

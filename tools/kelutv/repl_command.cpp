@@ -28,19 +28,20 @@ std::vector<std::string> optionsOf(const Output& output) {
 } // namespace
 
 void addReplCommand(CLI::App& app, Context& context) {
-    CLI::App* const command = app.add_subcommand(
-        "repl", "Carry out lines, each a command line without 'kelutv', over one connection\n"
-                "Words are quoted as in a shell; # begins a comment; quit, exit or the end of the input ends it. "
-                "At a terminal there are completion and history (" +
-                    lineEditingText() +
-                    "). From a file or a pipe the exit code is that of the last line that failed.\n\n"
-                    "Examples:\n"
-                    "kelutv repl\n"
-                    "kelutv repl --json < commands\n"
-                    "kelutv repl -e < commands");
+    const Subcommand command(
+        app, "repl",
+        "Carry out lines, each a command line without 'kelutv', over one connection\n"
+        "Words are quoted as in a shell; # begins a comment; quit, exit or the end of the input ends it. "
+        "At a terminal there are completion and history (" +
+            lineEditingText() +
+            "). From a file or a pipe the exit code is that of the last line that failed.\n\n"
+            "Examples:\n"
+            "kelutv repl\n"
+            "kelutv repl --json < commands\n"
+            "kelutv repl -e < commands");
     const auto stop = std::make_shared<bool>(false);
-    command->add_flag("-e,--stop", *stop, "End with the first line that fails, and with its exit code");
-    command->callback([&context, stop] { context.exit = Repl(optionsOf(context.output), *stop).run(); });
+    command.flag("-e,--stop", *stop, "End with the first line that fails, and with its exit code");
+    command.action([&context, stop] { context.exit = Repl(optionsOf(context.output), *stop).run(); });
 }
 
 } // namespace kelutv::tool

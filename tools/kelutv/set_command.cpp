@@ -22,20 +22,20 @@ void set(const Output& output, const std::string& name, const std::string& text)
 } // namespace
 
 void addSetCommand(CLI::App& app, Context& context) {
-    CLI::App* const command =
-        app.add_subcommand("set", "Change what a person changes daily, and print what it is then\n"
-                                  "Names can be shortened as long as one is meant. 'kelutv get' lists every THING "
-                                  "and its values.\n\n"
-                                  "Examples:\n"
-                                  "kelutv set volume 35\n"
-                                  "kelutv set volume +5\n"
-                                  "kelutv set mute toggle\n"
-                                  "kelutv set source hdmi2");
+    const Subcommand command(app, "set",
+                             "Change what a person changes daily, and print what it is then\n"
+                             "Names can be shortened as long as one is meant. 'kelutv get' lists every THING "
+                             "and its values.\n\n"
+                             "Examples:\n"
+                             "kelutv set volume 35\n"
+                             "kelutv set volume +5\n"
+                             "kelutv set mute toggle\n"
+                             "kelutv set source hdmi2");
     const auto name = std::make_shared<std::string>();
     const auto value = std::make_shared<std::string>();
-    command->add_option("THING", *name, "What to change: volume, source, picture-mode, ...")->required();
-    command->add_option("VALUE", *value, "A number, +N or -N; on, off or toggle; a name")->required();
-    command->callback([&context, name, value] { set(context.output, *name, *value); });
+    command.required("THING", *name, "What to change: volume, source, picture-mode, ...");
+    command.required("VALUE", *value, "A number, +N or -N; on, off or toggle; a name");
+    command.action([&context, name, value] { set(context.output, *name, *value); });
 }
 
 } // namespace kelutv::tool

@@ -137,14 +137,14 @@ std::string footer() {
 } // namespace
 
 void addSimCommand(CLI::App& app, Context& context) {
-    CLI::App* const command =
-        app.add_subcommand("sim", "Drive the simulator while it runs\n\n"
-                                  "Examples: kelutv sim unplug hdmi1\n          kelutv sim show audio");
+    const Subcommand command(app, "sim",
+                             "Drive the simulator while it runs\n\n"
+                             "Examples: kelutv sim unplug hdmi1\n          kelutv sim show audio");
     const auto options = std::make_shared<SimOptions>();
-    command->add_option("--file", options->file, "Carry out the lines of this file")->option_text("FILE");
-    addWords(*command, "VERB", options->words, "The verb with its arguments, or - for lines from standard input");
-    command->footer(footer());
-    command->callback([options, &context] { run(context, *options); });
+    command.option("--file", options->file, "FILE", "Carry out the lines of this file");
+    command.words("VERB", options->words, "The verb with its arguments, or - for lines from standard input");
+    command.footer(footer());
+    command.action([options, &context] { run(context, *options); });
 }
 
 } // namespace kelutv::tool

@@ -73,12 +73,13 @@ void showStatus(const Output& output) {
 } // namespace
 
 void addStatusCommand(CLI::App& app, Context& context) {
-    app.add_subcommand("status", "Show the television on one screen\n"
-                                 "What cannot be read is told of in its line; the rest stands all the same.\n\n"
-                                 "Examples:\n"
-                                 "kelutv status\n"
-                                 "kelutv status --json")
-        ->callback([&context] { showStatus(context.output); });
+    const Subcommand command(app, "status",
+                             "Show the television on one screen\n"
+                             "What cannot be read is told of in its line; the rest stands all the same.\n\n"
+                             "Examples:\n"
+                             "kelutv status\n"
+                             "kelutv status --json");
+    command.action([&context] { showStatus(context.output); });
 }
 
 } // namespace kelutv::tool

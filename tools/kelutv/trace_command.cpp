@@ -59,22 +59,20 @@ Exit trace(const TraceOptions& options) {
 
 void addTraceCommand(CLI::App& app, Context& context) {
     const auto options = std::make_shared<TraceOptions>();
-    CLI::App* const command = app.add_subcommand(
-        "trace", "Run a program and tell what it sends to the television\n\n"
-                 "One line for each command with its answer and the time it took, on standard error or in a file. The\n"
-                 "program is not changed and keeps its input and output. Its exit code is the tool's, too.\n\n"
-                 "Examples:\n"
-                 "kelutv trace -- ./your-application --verbose\n"
-                 "kelutv trace --filter 'CMD_AUDIO_*' --output audio.trace -- ./your-application");
-    command->add_option("-o,--output", options->log.file, "Write the trace to this file")->option_text("FILE");
-    command
-        ->add_option("-f,--filter", options->log.filters,
-                     "Only commands and items with such a name; may be given several times")
-        ->option_text("PATTERN")
-        ->allow_extra_args(false);
-    command->add_option("-n,--count", options->log.count, "Tell of this many; the program goes on")->option_text("N");
-    command->add_option("PROGRAM", options->words, "The program and its arguments")->required();
-    command->callback([options, &context] {
+    const Subcommand command(
+        app, "trace",
+        "Run a program and tell what it sends to the television\n\n"
+        "One line for each command with its answer and the time it took, on standard error or in a file. The\n"
+        "program is not changed and keeps its input and output. Its exit code is the tool's, too.\n\n"
+        "Examples:\n"
+        "kelutv trace -- ./your-application --verbose\n"
+        "kelutv trace --filter 'CMD_AUDIO_*' --output audio.trace -- ./your-application");
+    command.option("-o,--output", options->log.file, "FILE", "Write the trace to this file");
+    command.option("-f,--filter", options->log.filters, "PATTERN",
+                   "Only commands and items with such a name; may be given several times");
+    command.option("-n,--count", options->log.count, "N", "Tell of this many; the program goes on");
+    command.requiredWords("PROGRAM", options->words, "The program and its arguments");
+    command.action([options, &context] {
         options->log.json = context.output.json;
         context.exit = trace(*options);
     });
