@@ -1,14 +1,21 @@
 #include "CecDevice.h"
 
-#include <regex>
 #include <set>
 
 namespace simulator {
 
 namespace {
 
+/** `1.0.0.0`: four hexadecimal digits apart by dots. */
 bool isPhysicalAddress(const std::string& text) {
-    return std::regex_match(text, std::regex("[0-9A-F](\\.[0-9A-F]){3}"));
+    constexpr std::size_t kLength = 7;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isDigit = (text[i] >= '0' && text[i] <= '9') || (text[i] >= 'A' && text[i] <= 'F');
+        if (i % 2 == 0 ? !isDigit : text[i] != '.') {
+            return false;
+        }
+    }
+    return text.size() == kLength;
 }
 
 CecDevice readCecDevice(const JsonNode& node) {
