@@ -1,5 +1,7 @@
 #include "CecDevice.h"
 
+#include <nlohmann/json.hpp>
+
 #include <set>
 
 namespace simulator {

@@ -4,6 +4,8 @@
 #include "DefaultConfiguration.h"
 #include "File.h"
 
+#include <nlohmann/json.hpp>
+
 #include <fcntl.h>
 
 #include <algorithm>

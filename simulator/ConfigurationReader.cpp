@@ -3,6 +3,8 @@
 #include "Nearest.h"
 #include "SlotReader.h"
 
+#include <nlohmann/json.hpp>
+
 #include <kelutv/video_types.h>
 
 #include <algorithm>

@@ -2,6 +2,8 @@
 
 #include "Nearest.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <limits>
 #include <set>
@@ -77,6 +79,8 @@ std::vector<std::pair<std::string, JsonNode>> JsonNode::membersOf(const std::vec
     }
     return all;
 }
+
+bool JsonNode::has(const std::string& name) const { return mValue->is_object() && mValue->contains(name); }
 
 JsonNode JsonNode::at(const std::string& name) const {
     if (!has(name)) {

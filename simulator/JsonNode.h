@@ -1,6 +1,6 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <cstdint>
 #include <stdexcept>
@@ -36,7 +36,7 @@ public:
     /** The members of an object that has these and no others; what need not be there is missing from the result. */
     std::vector<std::pair<std::string, JsonNode>> membersOf(const std::vector<std::string>& allowed) const;
 
-    bool has(const std::string& name) const { return mValue->is_object() && mValue->contains(name); }
+    bool has(const std::string& name) const;
 
     /** The member of this name, which must be there. */
     JsonNode at(const std::string& name) const;

@@ -1,5 +1,7 @@
 #include "JsonScalar.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>

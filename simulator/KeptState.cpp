@@ -5,6 +5,8 @@
 #include "Settings.h"
 #include "SlotReader.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <utility>
 #include <vector>

@@ -3,6 +3,8 @@
 #include "Events.h"
 #include "Nearest.h"
 
+#include <nlohmann/json.hpp>
+
 #include <charconv>
 
 namespace simulator {

@@ -3,6 +3,8 @@
 #include "File.h"
 #include "KeptState.h"
 
+#include <nlohmann/json.hpp>
+
 #include <unistd.h>
 
 #include <cerrno>
