@@ -30,7 +30,6 @@ using simulator::Answer;
 using simulator::ControlClient;
 using simulator::kLongestLine;
 using simulator::kLongestPacket;
-using simulator::packetsOf;
 
 kq::UniqueFd connectRaw() {
     const auto room = kq::RuntimeDirectory::open("simulator");

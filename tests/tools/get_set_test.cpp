@@ -103,7 +103,7 @@ TEST(GetSet, setsWithTheFunctionOfTheThingAndGetsItBack) {
 TEST(GetSet, everyThingThatCanBeSetIsTested) {
     std::set<std::string> listed;
     for (const nlohmann::json& thing : documentsOf(runTool({"get", "--json"}).output)) {
-        if (thing.at("allowed") != "") {
+        if (!thing.at("allowed").get<std::string>().empty()) {
             listed.insert(thing.at("thing"));
         }
     }
