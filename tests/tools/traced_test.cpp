@@ -1,6 +1,7 @@
 #include "Samples.h"
 #include "Tool.h"
 #include "simulator/Simulator.h"
+#include "support/Sanitizers.h"
 
 #include "tools/kelutv/Call.h"
 #include "tools/kelutv/Decoding.h"
@@ -50,7 +51,8 @@ TEST(Traced, isWhatEveryFunctionSends) {
     script.close();
 
     runTool({"trace", "--json", "--output", trace, "--", "/bin/sh", "-c",
-             std::string("exec " KELUTV_TOOL_PROGRAM " repl < ") + lines});
+             std::string("exec " KELUTV_TOOL_PROGRAM " repl < ") + lines},
+            {sanitizerOptions()});
 
     std::ifstream traced(trace);
     std::size_t index = 0;

@@ -65,9 +65,11 @@ std::set<std::uint32_t> modulesOf(const Wanted& wanted) {
 
 /** The payload as int words; empty when it is no row of them. */
 std::vector<std::int32_t> wordsOf(const Bytes& payload) {
-    std::vector<std::int32_t> words(payload.size() % sizeof(std::int32_t) == 0 ? payload.size() / sizeof(std::int32_t)
-                                                                               : 0);
-    std::memcpy(words.data(), payload.data(), words.size() * sizeof(std::int32_t));
+    if (payload.empty() || payload.size() % sizeof(std::int32_t) != 0) {
+        return {};
+    }
+    std::vector<std::int32_t> words(payload.size() / sizeof(std::int32_t));
+    std::memcpy(words.data(), payload.data(), payload.size());
     return words;
 }
 
