@@ -1,6 +1,7 @@
 #include "ServiceAccess.h"
 
 #include "Errors.h"
+#include "tools/tap/Tap.h"
 
 #include <binder/IServiceManager.h>
 #include <keluem/emal.h>
@@ -22,12 +23,16 @@ namespace {
 
 using Listener = void (*)(unsigned int, void*, unsigned int, void*);
 
-/** Answers every request with zeros. */
+int answerZeros(const android::Parcel& /*request*/, android::Parcel* reply) {
+    static constexpr std::array<std::uint8_t, 4096> kZeros{};
+    return reply->setData(kZeros.data(), kZeros.size());
+}
+
+/** What the library finds while there is no service; its requests do not come this far. */
 class ZeroService : public android::BnInterface<android::ITVBaseService> {
 public:
-    android::status_t invoke(const android::Parcel& /*request*/, android::Parcel* reply) override {
-        static constexpr std::array<std::uint8_t, 4096> kZeros{};
-        return reply->setData(kZeros.data(), kZeros.size());
+    android::status_t invoke(const android::Parcel& request, android::Parcel* reply) override {
+        return answerZeros(request, reply);
     }
 };
 
@@ -47,12 +52,11 @@ public:
     android::Vector<android::String16> listServices(int /*dumpsysFlags*/) override { return {}; }
 };
 
-/** What the library uses in place of the service's proxy; and what it asked for while there was none. */
+/** How far the library is connected, and what it asked for while there was no service. */
 struct Access {
     bool withoutService = false;
     bool isClientMade = false;
     bool isConnected = false;
-    android::sp<android::ITVBaseService> proxy;
     std::vector<std::pair<unsigned int, Listener>> listeners;
 };
 
@@ -94,8 +98,9 @@ android::TVBaseClient& madeClient() {
 
 /** The client was made without a service: gives it what it would have found and subscribed to. */
 void attach(android::TVBaseClient& client, const android::sp<android::IBinder>& binder) {
-    binder->linkToDeath(client.getDeathRecipient(), nullptr, 0);
+    // The proxy first: the thread that tells of the service's death reads it.
     client.getBpTvbaseService() = android::interface_cast<android::ITVBaseService>(binder);
+    binder->linkToDeath(client.getDeathRecipient(), nullptr, 0);
     for (const auto& [module, listener] : std::exchange(access().listeners, {})) {
         EMAL_AddListener(module, listener);
     }
@@ -126,13 +131,12 @@ void connectToService() {
 
 NoService::NoService() {
     access().withoutService = true;
-    auto& proxy = madeClient().getBpTvbaseService();
-    access().proxy = proxy;
-    proxy = new ZeroService;
+    madeClient();
+    tap::answer(answerZeros);
 }
 
 NoService::~NoService() {
-    android::TVBaseClient::self()->getBpTvbaseService() = std::exchange(access().proxy, nullptr);
+    tap::answer(nullptr);
     access().withoutService = false;
 }
 

@@ -11,10 +11,13 @@ namespace kelutv::tap {
 namespace {
 
 std::atomic<Observer> observer{nullptr};
+std::atomic<Responder> responder{nullptr};
 
 } // namespace
 
 void observe(Observer next) { observer.store(next); }
+
+void answer(Responder next) { responder.store(next); }
 
 Transaction copyOf(const TransactionView& view) {
     return {view.start,
@@ -41,6 +44,9 @@ Invoke nextInvoke() {
 
 /** A library that the program opened for itself is not among those looked through: then its work is done here. */
 status_t send(TVBaseClient& client, const Service& service, const Parcel& request, Parcel* reply) {
+    if (const Responder respond = responder.load()) {
+        return respond(request, reply);
+    }
     if (const Invoke next = nextInvoke()) {
         return next(&client, request, reply);
     }

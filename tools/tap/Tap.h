@@ -5,6 +5,10 @@
 #include <cstdint>
 #include <vector>
 
+namespace android {
+class Parcel;
+}
+
 namespace kelutv::tap {
 
 /** One request of the client library and what came of it. */
@@ -33,6 +37,12 @@ using Observer = void (*)(const TransactionView& transaction);
 
 /** Puts the observer in place of the one before; null for none. */
 void observe(Observer observer);
+
+/** Stands in for the service: gives the transport's status and fills the reply. Several threads at once. */
+using Responder = int (*)(const android::Parcel& request, android::Parcel* reply);
+
+/** Lets requests be answered here instead of being sent; null sends them again. */
+void answer(Responder responder);
 
 /** A transaction to keep. */
 Transaction copyOf(const TransactionView& view);
