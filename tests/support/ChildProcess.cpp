@@ -120,12 +120,14 @@ void ChildProcess::kill(int signal) {
     }
 }
 
-bool ChildProcess::reap() {
-    int status = 0;
-    if (!mStatus && ::waitpid(mPid, &status, WNOHANG) == mPid) {
-        mStatus = status;
+bool reapIfEnded(pid_t child, std::optional<int>& status) {
+    int ended = 0;
+    if (!status && ::waitpid(child, &ended, WNOHANG) == child) {
+        status = ended;
     }
-    return mStatus.has_value();
+    return status.has_value();
 }
+
+bool ChildProcess::reap() { return reapIfEnded(mPid, mStatus); }
 
 } // namespace kelutv::test

@@ -59,4 +59,7 @@ private:
     std::optional<int> mStatus;
 };
 
+/** Whether the child has ended; its wait status is put down when that is seen for the first time. Never waits. */
+bool reapIfEnded(pid_t child, std::optional<int>& status);
+
 } // namespace kelutv::test

@@ -1,5 +1,6 @@
 #include "Terminal.h"
 
+#include "support/ChildProcess.h"
 #include "support/Deadline.h"
 
 #include <fcntl.h>
@@ -86,12 +87,6 @@ void Terminal::readMore() {
     }
 }
 
-bool Terminal::reap() {
-    int status = 0;
-    if (!mStatus && ::waitpid(mPid, &status, WNOHANG) == mPid) {
-        mStatus = status;
-    }
-    return mStatus.has_value();
-}
+bool Terminal::reap() { return reapIfEnded(mPid, mStatus); }
 
 } // namespace kelutv::test
