@@ -4,6 +4,8 @@
 #include "Output.h"
 #include "tools/tap/Tap.h"
 
+#include <nlohmann/json.hpp>
+
 #include <string>
 #include <vector>
 

@@ -1,6 +1,8 @@
 #include "Call.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 namespace kelutv::tool {
 
 namespace {

@@ -5,6 +5,8 @@
 #include "simulator/Describe.h"
 #include "simulator/Names.h"
 
+#include <nlohmann/json.hpp>
+
 #include <binder/Parcel.h>
 
 #include <algorithm>

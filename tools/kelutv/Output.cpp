@@ -2,6 +2,8 @@
 
 #include "StandardOutput.h"
 
+#include <nlohmann/json.hpp>
+
 #include <unistd.h>
 
 #include <cstdio>

@@ -4,6 +4,8 @@
 #include "Scalars.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstring>
 

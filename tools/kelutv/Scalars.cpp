@@ -3,6 +3,8 @@
 #include "Errors.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>

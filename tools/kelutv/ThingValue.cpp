@@ -5,6 +5,8 @@
 #include "Nearest.h"
 #include "Silence.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>

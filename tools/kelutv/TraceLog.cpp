@@ -5,6 +5,8 @@
 
 #include "simulator/Describe.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utils/Errors.h>
 
 #include <algorithm>

@@ -2,6 +2,8 @@
 #include "Commands.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <memory>
 
 namespace kelutv::tool {

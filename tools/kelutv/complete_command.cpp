@@ -2,6 +2,8 @@
 #include "Completion.h"
 #include "LineWords.h"
 
+#include <nlohmann/json.hpp>
+
 #include <memory>
 #include <string>
 #include <vector>

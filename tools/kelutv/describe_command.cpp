@@ -2,6 +2,8 @@
 #include "Function.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstdio>
 #include <memory>
 

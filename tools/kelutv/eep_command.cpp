@@ -4,6 +4,8 @@
 #include "StandardOutput.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>

@@ -3,6 +3,8 @@
 #include "StandardOutput.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <memory>
 
 namespace kelutv::tool {

@@ -1,6 +1,8 @@
 #include "Commands.h"
 #include "ThingValue.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <memory>
 #include <string>

@@ -2,6 +2,7 @@
 #include "Nearest.h"
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include <memory>
 #include <string>

@@ -3,6 +3,8 @@
 #include "Nearest.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <map>
 #include <memory>

@@ -5,6 +5,8 @@
 #include "SignalWatch.h"
 #include "Words.h"
 
+#include <nlohmann/json.hpp>
+
 #include <poll.h>
 
 #include <algorithm>

@@ -1,6 +1,8 @@
 #include "Commands.h"
 #include "ThingValue.h"
 
+#include <nlohmann/json.hpp>
+
 #include <memory>
 #include <string>
 

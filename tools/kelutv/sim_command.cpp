@@ -5,6 +5,8 @@
 #include "simulator/ControlVerbs.h"
 #include "simulator/Quote.h"
 
+#include <nlohmann/json.hpp>
+
 #include <filesystem>
 #include <fstream>
 #include <iostream>
