@@ -51,13 +51,19 @@ install(
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT development)
 
-foreach(program IN ITEMS kelutv kelutv-simulator)
+foreach(program IN ITEMS kelutv kelutv-simulator kqservicemanager)
     if(TARGET ${program})
         install(TARGETS ${program} RUNTIME COMPONENT tools)
         set_target_properties(${program} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
     endif()
 endforeach()
 
+if(TARGET kqservicemanager)
+    install(
+        FILES "${PROJECT_SOURCE_DIR}/platform/servicemanager/kqservicemanager.1"
+        DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
+        COMPONENT tools)
+endif()
 if(TARGET kelutv)
     file(GLOB pages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tools/man/*.1")
     install(FILES ${pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)

@@ -25,6 +25,8 @@ public:
                            wp<DeathRecipient>* outRecipient = nullptr) override;
     BpBinder* remoteBinder() override { return this; }
 
+    const RemoteObject& object() const { return *mObject; }
+
 private:
     struct DeathLink {
         wp<DeathRecipient> recipient;

@@ -1,5 +1,6 @@
 #include <binder/Parcel.h>
 
+#include "ParcelObjects.h"
 #include "Utf.h"
 
 #include <android/log.h>
@@ -30,14 +31,21 @@ Parcel::~Parcel() { freeData(); }
 void Parcel::useInlineStorage() {
     mData = mInline;
     mCapacity = kInlineCapacity;
-    mBorrowed = false;
+    mRelease = nullptr;
+}
+
+void Parcel::dropStorage() {
+    if (mRelease != nullptr) {
+        mRelease(mOwner, mData);
+    } else if (mData != mInline) {
+        ::operator delete(mData);
+    }
 }
 
 void Parcel::freeData() {
-    if (mData != mInline && !mBorrowed) {
-        ::operator delete(mData);
-    }
+    dropStorage();
     useInlineStorage();
+    mObjects.reset();
     mSize = 0;
     mPosition = 0;
 }
@@ -48,18 +56,20 @@ bool Parcel::reserve(size_t capacity) {
     if (capacity <= mCapacity) {
         return true;
     }
-    const size_t larger = std::max(capacity, mCapacity + mCapacity / 2);
+    const size_t larger = std::max({capacity, mSize, mCapacity + mCapacity / 2});
     auto* const moved = static_cast<uint8_t*>(::operator new(larger, std::nothrow));
     if (moved == nullptr) {
         return false;
     }
     std::memcpy(moved, mData, mSize);
-    if (mData != mInline && !mBorrowed) {
-        ::operator delete(mData);
+    if (mRelease != nullptr) {
+        // What objects came with the buffer goes with it.
+        mObjects.reset();
     }
+    dropStorage();
     mData = moved;
     mCapacity = larger;
-    mBorrowed = false;
+    mRelease = nullptr;
     return true;
 }
 

@@ -4,18 +4,29 @@
 
 namespace android {
 
-/** A request as it came in: the bytes stay in the transport's buffer for the time of the call. */
+/** A parcel as it came in: the bytes stay in the transport's buffer. */
 class ReceivedParcel {
 public:
+    using Release = Parcel::Release;
+
+    /** A request whose buffer stays for the time of the call. */
     ReceivedParcel(const uint8_t* bytes, size_t length) {
-        // Read-only use: a parcel with no capacity of its own copies before it writes.
-        mParcel.mData = const_cast<uint8_t*>(bytes);
-        mParcel.mSize = length;
-        mParcel.mCapacity = 0;
-        mParcel.mBorrowed = true;
+        adopt(
+            &mParcel, bytes, length, [](void*, const uint8_t*) {}, nullptr);
     }
 
-    const Parcel& parcel() const { return mParcel; }
+    /** Makes `parcel` stand for a buffer, which goes back by `release` when the parcel needs it no more. */
+    static void adopt(Parcel* parcel, const uint8_t* bytes, size_t length, Release release, void* owner) {
+        parcel->freeData();
+        // Read-only use: a parcel with no capacity of its own copies before it writes.
+        parcel->mData = const_cast<uint8_t*>(bytes);
+        parcel->mSize = length;
+        parcel->mCapacity = 0;
+        parcel->mRelease = release;
+        parcel->mOwner = owner;
+    }
+
+    Parcel& parcel() { return mParcel; }
 
 private:
     Parcel mParcel;

@@ -1,5 +1,6 @@
 #include <binder/IServiceManager.h>
 
+#include "ServiceManagerProtocol.h"
 #include "Transport.h"
 #include "socket/ProcessLife.h"
 
@@ -15,7 +16,6 @@ namespace {
 
 constexpr long kDefaultWait = 1000;
 constexpr long kLongestWait = 60'000;
-constexpr size_t kLongestName = 127;
 
 /** The time that one getService may wait, from KQDROID_SERVICE_WAIT_MS. */
 std::chrono::milliseconds serviceWait() {
@@ -44,24 +44,25 @@ public:
         return usable(name) ? Transport::get().find(name) : nullptr;
     }
 
-    status_t addService(const String16& name, const sp<IBinder>& service, bool, int) override {
+    status_t addService(const String16& name, const sp<IBinder>& service, bool allowIsolated,
+                        int dumpsysFlags) override {
         if (kq::inForkedChild()) {
             return INVALID_OPERATION;
         }
         BBinder* const local = service == nullptr ? nullptr : service->localBinder();
-        if (local == nullptr || name.size() == 0 || name.size() > kLongestName) {
+        if (local == nullptr || name.size() == 0 || name.size() > kLongestServiceName) {
             return BAD_VALUE;
         }
-        return Transport::get().publish(name, local);
+        return Transport::get().publish(name, local, {allowIsolated, dumpsysFlags});
     }
 
-    Vector<String16> listServices(int) override {
-        return kq::inForkedChild() ? Vector<String16>() : Transport::get().names();
+    Vector<String16> listServices(int dumpsysFlags) override {
+        return kq::inForkedChild() ? Vector<String16>() : Transport::get().names(dumpsysFlags);
     }
 
 private:
     static bool usable(const String16& name) {
-        return !kq::inForkedChild() && name.size() > 0 && name.size() <= kLongestName;
+        return !kq::inForkedChild() && name.size() > 0 && name.size() <= kLongestServiceName;
     }
 };
 

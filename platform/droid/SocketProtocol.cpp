@@ -1,6 +1,7 @@
 #include "SocketProtocol.h"
 
 #include "Transport.h"
+#include "socket/ProcessLife.h"
 #include "socket/SeqPacket.h"
 
 #include <binder/Parcel.h>
@@ -22,6 +23,10 @@ constexpr size_t kHeadSize = sizeof(MessageHead);
 MessageStream::MessageStream(int socket) : mSocket(socket), mPacket(new uint8_t[kHeadSize + kPacketBody]) {}
 
 bool MessageStream::send(MessageHead head, const Parcel& body) {
+    // To the peer a forked child speaks for its parent.
+    if (kq::inForkedChild()) {
+        return false;
+    }
     const size_t size = body.dataSize();
     head.size = static_cast<uint32_t>(size);
     if (kHeadSize + size > mSmall.size()) {
@@ -49,6 +54,9 @@ bool MessageStream::sendInPieces(const MessageHead& head, const uint8_t* bytes) 
 }
 
 bool MessageStream::receive(MessageHead* head) {
+    if (kq::inForkedChild()) {
+        return false;
+    }
     const size_t length = kq::receivePacket(mSocket, mPacket.get(), kHeadSize + kPacketBody);
     if (length < kHeadSize || length > kHeadSize + kPacketBody) {
         return false;

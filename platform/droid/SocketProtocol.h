@@ -27,9 +27,9 @@ class MessageStream {
 public:
     explicit MessageStream(int socket);
 
-    /** False when the peer is gone. `head.size` is filled in. */
+    /** False when the peer is gone, or is the parent's. `head.size` is filled in. */
     bool send(MessageHead head, const Parcel& body);
-    /** False when the peer is gone or sent what is no message. */
+    /** False when the peer is gone, is the parent's, or sent what is no message. */
     bool receive(MessageHead* head);
 
     /** The bytes of the message received last, valid until the next. */

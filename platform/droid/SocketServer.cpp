@@ -29,7 +29,7 @@ status_t statusOf(int error) { return error == 0 ? UNKNOWN_ERROR : -error; }
 
 /** One call: the object's answer goes back unless the call was one-way. False when the caller is gone. */
 bool answer(MessageStream& stream, const MessageHead& request, const sp<BBinder>& object) {
-    const ReceivedParcel data(stream.body(), request.size);
+    ReceivedParcel data(stream.body(), request.size);
     Parcel reply;
     if ((request.flags & IBinder::FLAG_ONEWAY) != 0) {
         object->transact(request.code, data.parcel(), nullptr, request.flags);
@@ -154,6 +154,9 @@ void SocketServer::waitForRoom() {
 }
 
 void SocketServer::connectionEnded() {
+    if (kq::inForkedChild()) {
+        return;
+    }
     const std::lock_guard<std::mutex> lock(mMutex);
     --mConnections;
     mRoom.notify_one();

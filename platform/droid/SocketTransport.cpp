@@ -70,11 +70,11 @@ sp<IBinder> SocketTransport::waitFor(const String16& name, std::chrono::millisec
     return found;
 }
 
-status_t SocketTransport::publish(const String16& name, const sp<BBinder>& object) {
+status_t SocketTransport::publish(const String16& name, const sp<BBinder>& object, const ServiceTraits&) {
     return mServer.publish(entryNameOf(name), object);
 }
 
-Vector<String16> SocketTransport::names() {
+Vector<String16> SocketTransport::names(int) {
     Vector<String16> names;
     const std::optional<kq::RuntimeDirectory> directory = kq::RuntimeDirectory::open(kServicesRoom);
     if (!directory) {
@@ -86,12 +86,6 @@ Vector<String16> SocketTransport::names() {
         }
     }
     return names;
-}
-
-Transport& Transport::get() {
-    // Never destroyed: calls may be under way while the process exits.
-    static Transport* const transport = new SocketTransport;
-    return *transport;
 }
 
 } // namespace android

@@ -14,8 +14,8 @@ public:
 
     sp<IBinder> find(const String16& name) override;
     sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) override;
-    status_t publish(const String16& name, const sp<BBinder>& object) override;
-    Vector<String16> names() override;
+    status_t publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) override;
+    Vector<String16> names(int dumpPriorities) override;
     void serve() override { mServer.serve(); }
 
 private:

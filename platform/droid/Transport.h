@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace android {
 
@@ -26,6 +27,15 @@ public:
      * @return NO_ERROR; DEAD_OBJECT, without a call of `onDeath`, when the process is known to be gone already.
      */
     virtual status_t watch(std::function<void()> onDeath) = 0;
+
+    /** What a parcel names the object by; empty when parcels cannot carry it. */
+    virtual std::optional<uint32_t> handle() const { return std::nullopt; }
+};
+
+/** What a service manager is told of a service; see IServiceManager::addService. */
+struct ServiceTraits {
+    bool allowIsolated;
+    int dumpPriorities;
 };
 
 /**
@@ -44,8 +54,9 @@ public:
     /** The service, waiting up to `time` for it; null if none came. */
     virtual sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) = 0;
     /** Makes an object of this process callable under a name; as IServiceManager::addService. */
-    virtual status_t publish(const String16& name, const sp<BBinder>& object) = 0;
-    virtual Vector<String16> names() = 0;
+    virtual status_t publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) = 0;
+    /** The names of the services that have one of these dump priorities, where a transport knows those. */
+    virtual Vector<String16> names(int dumpPriorities) = 0;
 
     /** Starts serving calls to what is published, now and later. May be called again. */
     virtual void serve() = 0;

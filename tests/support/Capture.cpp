@@ -1,10 +1,13 @@
 #include "support/Capture.h"
 
+#include <android/log.h>
+
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <system_error>
 #include <utility>
@@ -20,6 +23,15 @@ std::ostream& operator<<(std::ostream& out, const LogEntry& entry) {
                << entry.text << "\"}";
 }
 
+namespace {
+
+/** The runtime's one verbose line a process, which comes with whatever is first to use it. */
+bool isChoiceOfTransport(int priority, const char* tag) {
+    return priority == ANDROID_LOG_VERBOSE && tag != nullptr && std::strcmp(tag, "kqdroid") == 0;
+}
+
+} // namespace
+
 LogCapture::LogCapture() { kqlog::installSink(this); }
 
 LogCapture::~LogCapture() { kqlog::removeSink(); }
@@ -30,6 +42,9 @@ std::vector<LogEntry> LogCapture::take() {
 }
 
 void LogCapture::write(int priority, const char* tag, const char* text) {
+    if (isChoiceOfTransport(priority, tag)) {
+        return;
+    }
     const std::lock_guard lock(mMutex);
     mEntries.push_back({priority, tag != nullptr ? std::optional<std::string>(tag) : std::nullopt, text});
 }

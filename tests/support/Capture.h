@@ -22,7 +22,10 @@ struct LogEntry {
 bool operator==(const LogEntry& a, const LogEntry& b);
 std::ostream& operator<<(std::ostream& out, const LogEntry& entry);
 
-/** Gathers what this process writes to the platform log, from construction to destruction. */
+/**
+ * Gathers what this process writes to the platform log, from construction to destruction, but for the runtime's line on
+ * the transport that it takes.
+ */
 class LogCapture : private kqlog::Sink {
 public:
     LogCapture();

@@ -26,7 +26,8 @@ public:
      * Registers an object of this process under a name of 1 to 127 characters.
      *
      * @return NO_ERROR; BAD_VALUE for an empty or too long name or a null or remote object; ALREADY_EXISTS when a
-     * living process serves the name; another negative value when the name cannot be published.
+     * living process serves the name; another negative value when the name cannot be published. A service manager is
+     * told of `allowIsolated` and `dumpsysFlags`; without one they have no effect.
      */
     virtual status_t addService(const String16& name, const sp<IBinder>& service, bool allowIsolated = false,
                                 int dumpsysFlags = DUMP_FLAG_PRIORITY_DEFAULT) = 0;

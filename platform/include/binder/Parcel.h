@@ -5,10 +5,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 namespace android {
 
 class IPCThreadState;
+class ParcelObjects;
 
 /**
  * The buffer that requests and replies are written to and read from, in the same order.
@@ -72,13 +74,18 @@ public:
     const char16_t* readString16Inplace(size_t* length) const;
 
 private:
+    friend class ParcelObjects;
     friend class ReceivedParcel;
+
+    /** Gives back memory that is not the parcel's own. */
+    using Release = void (*)(void* owner, const uint8_t* data);
 
     // Holds any request of the int-shaped commands, so that those allocate nothing.
     static constexpr size_t kInlineCapacity = 256;
 
     uint8_t* grow(size_t length);
     bool reserve(size_t capacity);
+    void dropStorage();
     void useInlineStorage();
     template <typename T> status_t writeScalar(T value);
     template <typename T> status_t readScalar(T* value) const;
@@ -88,7 +95,9 @@ private:
     size_t mSize = 0;
     size_t mCapacity = kInlineCapacity;
     mutable size_t mPosition = 0;
-    bool mBorrowed = false;
+    Release mRelease = nullptr;
+    void* mOwner = nullptr;
+    std::unique_ptr<ParcelObjects> mObjects;
 };
 
 } // namespace android

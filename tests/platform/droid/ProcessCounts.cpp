@@ -3,6 +3,7 @@
 #include "support/Deadline.h"
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <system_error>
 
@@ -12,14 +13,20 @@ namespace {
 
 constexpr int kEqualLooks = 20;
 
-std::size_t entriesOf(const std::string& path) {
+template <typename Counted> std::size_t entriesOf(const std::string& path, Counted counted) {
     std::error_code ignored;
     std::size_t entries = 0;
     std::filesystem::directory_iterator entry(path, ignored);
     for (; !ignored && entry != std::filesystem::directory_iterator(); entry.increment(ignored)) {
-        ++entries;
+        entries += counted(entry->path()) ? 1 : 0;
     }
     return entries;
+}
+
+bool isNoServer(const std::filesystem::path& thread) {
+    std::string name;
+    std::getline(std::ifstream(thread / "comm"), name);
+    return name != "kq:binder";
 }
 
 } // namespace
@@ -34,7 +41,7 @@ std::ostream& operator<<(std::ostream& out, const ProcessCounts& counts) {
 
 ProcessCounts countsOf(pid_t process) {
     const std::string path = "/proc/" + std::to_string(process);
-    return {entriesOf(path + "/fd"), entriesOf(path + "/task")};
+    return {entriesOf(path + "/fd", [](const auto&) { return true; }), entriesOf(path + "/task", isNoServer)};
 }
 
 bool fallsTo(const ProcessCounts& limit, pid_t process) {

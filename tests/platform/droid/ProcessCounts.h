@@ -7,7 +7,7 @@
 
 namespace kelutv::test {
 
-/** What a process holds that it must give back. */
+/** What a process holds that it must give back. Not so the threads that the kernel's binder driver has asked for. */
 struct ProcessCounts {
     std::size_t descriptors = 0;
     std::size_t threads = 0;

@@ -4,8 +4,14 @@
 #include "peer/Peer.h"
 #include "peer/PeerProtocol.h"
 #include "peer/PeerService.h"
+#include "support/Deadline.h"
 
+#include <pthread.h>
+
+#include <atomic>
+#include <csignal>
 #include <future>
+#include <thread>
 #include <vector>
 
 namespace kelutv::test {
@@ -37,6 +43,48 @@ TEST_F(ConcurrencyTest, longCallOfOneThreadBlocksNoOther) {
     EXPECT_EQ(ask(binder, kHeld), 1);
     EXPECT_EQ(call(binder, kRelease).status, android::NO_ERROR);
     EXPECT_EQ(longCall.get(), android::NO_ERROR);
+}
+
+std::atomic<int> gSignals{0};
+
+/** Counts SIGUSR1, which interrupts what the thread waits for. */
+class Interruptions {
+public:
+    Interruptions() {
+        struct sigaction counting {};
+        counting.sa_handler = [](int) { ++gSignals; };
+        ::sigaction(SIGUSR1, &counting, &mBefore);
+    }
+    ~Interruptions() { ::sigaction(SIGUSR1, &mBefore, nullptr); }
+    Interruptions(const Interruptions&) = delete;
+    Interruptions& operator=(const Interruptions&) = delete;
+
+    /** Interrupts the thread, several times. */
+    static void of(pthread_t thread) {
+        for (int number = 1; number <= 5; ++number) {
+            const int before = gSignals;
+            ASSERT_EQ(::pthread_kill(thread, SIGUSR1), 0);
+            ASSERT_TRUE(eventually([before] { return gSignals > before; }));
+        }
+    }
+
+private:
+    struct sigaction mBefore {};
+};
+
+TEST_F(ConcurrencyTest, signalsDoNotEndACall) {
+    const Interruptions interruptions;
+    android::status_t status = android::UNKNOWN_ERROR;
+    std::thread caller([&] { status = call(binder, kHold).status; });
+    const bool held = waitUntilHeld(binder, 1);
+    if (held) {
+        Interruptions::of(caller.native_handle());
+    }
+    EXPECT_EQ(ask(binder, kHeld), held ? 1 : 0);
+    EXPECT_EQ(call(binder, kRelease).status, android::NO_ERROR);
+    caller.join();
+    EXPECT_TRUE(held);
+    EXPECT_EQ(status, android::NO_ERROR);
 }
 
 TEST_F(ConcurrencyTest, threadsGetTheirOwnAnswers) {

@@ -98,7 +98,7 @@ TEST_F(DeathLink, recipientMayUseTheRuntime) {
         seen.call = call(binder, kEcho).status;
         seen.link = binder->linkToDeath(bystander);
         seen.unlink = binder->unlinkToDeath(bystander);
-        seen.found = service("peer") != nullptr;
+        seen.found = !eventually([] { return service("peer") == nullptr; });
         seen.listed = android::defaultServiceManager()->listServices().size() != 0;
         seen.localServed = android::defaultServiceManager()->addService(android::String16("link.mourner"),
                                                                         new android::BBinder) == NO_ERROR;

@@ -2,10 +2,14 @@
 #include "DroidTest.h"
 #include "peer/PeerProtocol.h"
 #include "peer/PeerService.h"
+#include "support/Deadline.h"
 
 #include <binder/IInterface.h>
 #include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
+#include <binder/ProcessState.h>
+
+#include <future>
 
 namespace kelutv::test {
 namespace {
@@ -37,21 +41,24 @@ TEST_F(LocalService, isReplacedByALaterOneOfThisProcess) {
 /** Looks for a service while it is destroyed. */
 class Inquirer : public android::BBinder {
 public:
-    explicit Inquirer(sp<IBinder>* found) : mFound(found) {}
+    explicit Inquirer(std::promise<sp<IBinder>>* found) : mFound(found) {}
 
 protected:
-    ~Inquirer() override { *mFound = service("local.inquired"); }
+    ~Inquirer() override { mFound->set_value(service("local.inquired")); }
 
 private:
-    sp<IBinder>* mFound;
+    std::promise<sp<IBinder>>* mFound;
 };
 
 TEST_F(LocalService, mayUseTheRuntimeWhileItIsReplaced) {
-    sp<IBinder> found;
-    ASSERT_EQ(publish("local.inquired", new Inquirer(&found)), android::NO_ERROR);
+    android::ProcessState::self()->startThreadPool();
+    std::promise<sp<IBinder>> promise;
+    std::future<sp<IBinder>> found = promise.get_future();
+    ASSERT_EQ(publish("local.inquired", new Inquirer(&promise)), android::NO_ERROR);
     const sp<IBinder> second = new PeerService;
     EXPECT_EQ(publish("local.inquired", second), android::NO_ERROR);
-    EXPECT_EQ(found, second);
+    ASSERT_EQ(found.wait_for(kPatience), std::future_status::ready);
+    EXPECT_EQ(found.get(), second);
 }
 
 TEST_F(LocalService, cannotBeLinkedTo) {

@@ -35,6 +35,18 @@ TEST_F(OneWayTest, callReturnsBeforeItsHandler) {
     EXPECT_TRUE(waitUntilHeld(binder, 0));
 }
 
+TEST_F(OneWayTest, callsMayCarryMoreInAllThanIsTakenAtOnce) {
+    Bytes large(256 * 1024);
+    Bytes noted;
+    for (uint8_t i = 1; i <= 20; ++i) {
+        large[0] = i;
+        const Bytes number = replyOf({i});
+        noted.insert(noted.end(), number.begin(), number.end());
+        ASSERT_EQ(call(binder, kNote, large, IBinder::FLAG_ONEWAY).status, NO_ERROR) << int{i};
+        ASSERT_TRUE(eventually([&] { return call(binder, kNotes).bytes == noted; })) << int{i};
+    }
+}
+
 TEST_F(OneWayTest, handlersFailureIsNotToldAndNextCallsGoOn) {
     EXPECT_EQ(call(binder, kStatus, replyOf({-22}), IBinder::FLAG_ONEWAY).status, NO_ERROR);
     EXPECT_EQ(call(binder, 999, {}, IBinder::FLAG_ONEWAY).status, NO_ERROR);

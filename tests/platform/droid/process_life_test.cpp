@@ -48,6 +48,18 @@ TEST_F(ProcessLifeTest, forkedChildIsKeptOutAndTheParentGoesOn) {
     EXPECT_EQ(caller.exitCode(2 * kPatience), 0);
 }
 
+TEST_F(ProcessLifeTest, childForkedInAServicesCallIsKeptOut) {
+    ChildProcess::Options options;
+    options.environment = {withoutLeakCheck()};
+    options.captureOutput = true;
+    ChildProcess forking({kPeerProgram, "serve", "forking"}, options);
+    ASSERT_TRUE(forking.output().waitFor(kPeerReady));
+    const sp<IBinder> binder = service("forking");
+    ASSERT_NE(binder, nullptr);
+    EXPECT_EQ(ask(binder, kFork), 1);
+    EXPECT_EQ(ask(binder, kEcho, replyOf({2})), 2);
+}
+
 /** One proxy from its making to its end, with several calls at a time. */
 void useOnce(const std::string& name) {
     const sp<IBinder> binder = service(name);

@@ -14,15 +14,6 @@ namespace kelutv::test {
 
 namespace {
 
-bool become(const std::string& user) {
-    const auto uid = static_cast<uid_t>(std::strtoul(user.c_str(), nullptr, 10));
-    if (::setresuid(uid, uid, uid) != 0) {
-        std::perror("peer: setresuid");
-        return false;
-    }
-    return true;
-}
-
 sockaddr_un addressOf(const std::string& path) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -33,6 +24,15 @@ sockaddr_un addressOf(const std::string& path) {
 int newSocket() { return ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0); }
 
 } // namespace
+
+bool become(const std::string& user) {
+    const auto uid = static_cast<uid_t>(std::strtoul(user.c_str(), nullptr, 10));
+    if (::setresuid(uid, uid, uid) != 0) {
+        std::perror("peer: setresuid");
+        return false;
+    }
+    return true;
+}
 
 int connectAs(const std::vector<std::string>& arguments) {
     const sockaddr_un address = addressOf(arguments.at(1));

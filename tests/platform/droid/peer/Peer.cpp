@@ -3,6 +3,10 @@
 #include "../Calls.h"
 #include "PeerProtocol.h"
 
+#include "support/Deadline.h"
+#include "support/RuntimeDir.h"
+
+#include <algorithm>
 #include <csignal>
 #include <stdexcept>
 
@@ -16,6 +20,10 @@ std::vector<std::string> serving(const std::vector<std::string>& names) {
     return command;
 }
 
+bool noneServed(const std::vector<std::string>& names) {
+    return std::all_of(names.begin(), names.end(), [](const std::string& name) { return service(name) == nullptr; });
+}
+
 ChildProcess::Options capturing() {
     ChildProcess::Options options;
     options.captureOutput = true;
@@ -26,7 +34,7 @@ ChildProcess::Options capturing() {
 
 const char* const kPeerProgram = KELUTV_TEST_PEER;
 
-Peer::Peer(const std::vector<std::string>& names) : mProcess(serving(names), capturing()) {
+Peer::Peer(const std::vector<std::string>& names) : mNames(names), mProcess(serving(names), capturing()) {
     if (!mProcess.output().waitFor(kPeerReady)) {
         throw std::runtime_error("the peer did not come up");
     }
@@ -44,6 +52,10 @@ void Peer::kill() {
     mProcess.kill(SIGKILL);
     if (!waitUntilGone()) {
         throw std::runtime_error("the peer is still there after SIGKILL");
+    }
+    // The kernel's driver lets a process go a little after its end, and only then tells the service manager.
+    if (throughKernel() && !eventually([this] { return noneServed(mNames); })) {
+        throw std::runtime_error("the peer's names are still there after SIGKILL");
     }
 }
 

@@ -24,11 +24,12 @@ public:
 
     pid_t pid() const { return mProcess.pid(); }
     bool alive() { return !mProcess.wait(std::chrono::milliseconds(0)); }
-    /** SIGKILL; returns when the process is gone. */
+    /** SIGKILL; returns when the process is gone, and what it served with it. */
     void kill();
     bool waitUntilGone() { return mProcess.wait().has_value(); }
 
 private:
+    const std::vector<std::string> mNames;
     ChildProcess mProcess;
 };
 

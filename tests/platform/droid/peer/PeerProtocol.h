@@ -25,6 +25,8 @@ enum PeerCall : std::uint32_t {
     kRelease,     // lets all held callers go
     kNote,        // int32: remembered
     kNotes,       // answers with all that was remembered, in order
+    kForward,     // name, int32 code: answers as the service of that name does
+    kFork,        // answers 1 once a child that it forks, and that returns from the call too, is gone; else 0
     kExit,        // ends the process instead of answering
 };
 

@@ -4,8 +4,13 @@
 #include "support/Deadline.h"
 
 #include <binder/IPCThreadState.h>
+#include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdlib>
 #include <numeric>
 
@@ -31,6 +36,22 @@ status_t writeCaller(Parcel* reply) {
     const android::IPCThreadState* const thread = android::IPCThreadState::self();
     reply->writeInt32(thread->getCallingPid());
     return reply->writeInt32(static_cast<int32_t>(thread->getCallingUid()));
+}
+
+status_t forward(const Parcel& data, Parcel* reply) {
+    const android::sp<android::IBinder> service = android::defaultServiceManager()->checkService(data.readString16());
+    return service == nullptr ? android::NAME_NOT_FOUND
+                              : service->transact(static_cast<uint32_t>(data.readInt32()), Parcel(), reply);
+}
+
+status_t forkChild(Parcel* reply) {
+    const pid_t child = ::fork();
+    const bool gone = child > 0 && eventually([child] { return ::waitpid(child, nullptr, WNOHANG) == child; });
+    if (child > 0 && !gone) {
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+    }
+    return reply->writeInt32(gone ? 1 : 0);
 }
 
 status_t failWith(status_t status, Parcel* reply) {
@@ -90,6 +111,10 @@ status_t PeerService::onTransact(uint32_t code, const Parcel& data, Parcel* repl
     case kNotes:
         writeNotes(reply);
         return NO_ERROR;
+    case kForward:
+        return forward(data, reply);
+    case kFork:
+        return forkChild(reply);
     case kExit:
         std::_Exit(0);
     default:

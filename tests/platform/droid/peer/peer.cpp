@@ -26,9 +26,8 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-/** serve NAME...: one object under every name. */
-int serve(const Arguments& names) {
-    android::ProcessState::self()->startThreadPool();
+/** One object under every name. */
+int add(const Arguments& names) {
     const android::sp<android::IBinder> object = new PeerService;
     for (const std::string& name : names) {
         const android::status_t status =
@@ -40,8 +39,31 @@ int serve(const Arguments& names) {
     }
     std::fputs(kPeerReady, stdout);
     std::fflush(stdout);
+    return 0;
+}
+
+/** serve NAME...: one object under every name. */
+int serve(const Arguments& names) {
+    android::ProcessState::self()->startThreadPool();
+    if (const int failure = add(names); failure != 0) {
+        return failure;
+    }
     android::IPCThreadState::self()->joinThreadPool();
     return 0;
+}
+
+/** add NAME...: as serve, but answers nobody. */
+int addOnly(const Arguments& names) {
+    if (const int failure = add(names); failure != 0) {
+        return failure;
+    }
+    ::pause();
+    return 0;
+}
+
+/** serve-as UID NAME...: as that user. */
+int serveAs(const Arguments& arguments) {
+    return become(arguments.at(0)) ? serve(Arguments(arguments.begin() + 1, arguments.end())) : 1;
 }
 
 /** descriptors: prints what this process was given beyond the standard three, sockets and the kernel's objects. */
@@ -50,7 +72,8 @@ int printDescriptors(const Arguments&) {
         std::error_code ignored;
         const std::string target = std::filesystem::read_symlink(entry.path(), ignored).string();
         const bool standard = std::stoi(entry.path().filename().string()) <= STDERR_FILENO;
-        if (!standard && (target.rfind("socket:", 0) == 0 || target.rfind("anon_inode:", 0) == 0)) {
+        if (!standard &&
+            (target.rfind("socket:", 0) == 0 || target.rfind("anon_inode:", 0) == 0 || target == "/dev/binder")) {
             std::printf("%s\n", target.c_str());
         }
     }
@@ -63,7 +86,9 @@ struct Role {
 };
 
 constexpr Role kRoles[] = {
-    {"serve", serve},          {"exit-in-calls", exitInCalls}, {"fork", forkAndCall}, {"descriptors", printDescriptors},
+    {"serve", serve},          {"serve-as", serveAs},
+    {"add", addOnly},          {"exit-in-calls", exitInCalls},
+    {"fork", forkAndCall},     {"descriptors", printDescriptors},
     {"connect-as", connectAs}, {"listen-as", listenAs},
 };
 

@@ -1,0 +1,62 @@
+#include "BinderCommands.h"
+
+#include "socket/ProcessLife.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace android {
+
+namespace {
+
+template <typename T> binder_uintptr_t addressOf(T* place) { return reinterpret_cast<uintptr_t>(place); }
+
+} // namespace
+
+bool BinderCommands::appendBytes(uint32_t command, const void* payload, size_t length) {
+    if (mBytes.size() - mSize < sizeof(command) + length) {
+        return false;
+    }
+    std::memcpy(mBytes.data() + mSize, &command, sizeof(command));
+    mSize += sizeof(command);
+    if (length > 0) {
+        std::memcpy(mBytes.data() + mSize, payload, length);
+        mSize += length;
+    }
+    return true;
+}
+
+int BinderCommands::sendTo(BinderDriver& driver) { return static_cast<int>(exchangeWith(driver, nullptr, 0)); }
+
+ssize_t BinderCommands::exchangeWith(BinderDriver& driver, uint8_t* returns, size_t capacity) {
+    binder_write_read exchange{mSize, 0, addressOf(mBytes.data()), capacity, 0, addressOf(returns)};
+    // To the driver a forked child speaks for its parent.
+    const int error = kq::inForkedChild() ? -ENODEV : driver.control(BINDER_WRITE_READ, &exchange);
+    if (error != 0) {
+        mSize = 0;
+        return error;
+    }
+    dropFirst(std::min(mSize, static_cast<size_t>(exchange.write_consumed)));
+    return exchange.read_consumed <= capacity ? static_cast<ssize_t>(exchange.read_consumed) : -EPROTO;
+}
+
+void BinderCommands::dropFirst(size_t length) {
+    std::copy(mBytes.begin() + length, mBytes.begin() + mSize, mBytes.begin());
+    mSize -= length;
+}
+
+bool BinderReturns::next() {
+    if (static_cast<size_t>(mEnd - mNext) < sizeof(mCommand)) {
+        return false;
+    }
+    std::memcpy(&mCommand, mNext, sizeof(mCommand));
+    mNext += sizeof(mCommand);
+    mPayload = mNext;
+    if (static_cast<size_t>(mEnd - mNext) < _IOC_SIZE(mCommand)) {
+        return false;
+    }
+    mNext += _IOC_SIZE(mCommand);
+    return true;
+}
+
+} // namespace android

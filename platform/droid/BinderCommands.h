@@ -1,0 +1,68 @@
+#pragma once
+
+#include "BinderDriver.h"
+
+#include <linux/android/binder.h>
+#include <sys/types.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace android {
+
+/** Commands on their way to the driver. */
+class BinderCommands {
+public:
+    /** Appends one command; false, with nothing appended, when there is no room. */
+    template <typename Payload> bool append(uint32_t command, const Payload& payload) {
+        return appendBytes(command, &payload, sizeof(payload));
+    }
+    bool append(uint32_t command) { return appendBytes(command, nullptr, 0); }
+    bool empty() const { return mSize == 0; }
+
+    /**
+     * Sends what was appended, without waiting for anything: 0 or a negative errno value. What the driver leaves stays
+     * for the next time: it takes nothing from a thread that has still to be told of a failure.
+     */
+    int sendTo(BinderDriver& driver);
+    /**
+     * As sendTo, and waits for what the driver has for this thread: the number of bytes put into `returns`
+     * or a negative errno value.
+     */
+    ssize_t exchangeWith(BinderDriver& driver, uint8_t* returns, size_t capacity);
+
+private:
+    bool appendBytes(uint32_t command, const void* payload, size_t length);
+    void dropFirst(size_t length);
+
+    size_t mSize = 0;
+    std::array<uint8_t, 512> mBytes;
+};
+
+/** Reads what came from the driver; nothing beyond its end. */
+class BinderReturns {
+public:
+    BinderReturns(const uint8_t* bytes, size_t size) : mNext(bytes), mEnd(bytes + size) {}
+
+    /** Moves on to the next complete command; false when there is none. */
+    bool next();
+    uint32_t command() const { return mCommand; }
+    /** What came with the command; false when that is something of another size. */
+    template <typename Payload> bool payload(Payload* payload) const {
+        if (_IOC_SIZE(mCommand) != sizeof(*payload)) {
+            return false;
+        }
+        std::memcpy(payload, mPayload, sizeof(*payload));
+        return true;
+    }
+
+private:
+    const uint8_t* mNext;
+    const uint8_t* const mEnd;
+    uint32_t mCommand = 0;
+    const uint8_t* mPayload = nullptr;
+};
+
+} // namespace android

@@ -1,0 +1,82 @@
+#include "KernelBinder.h"
+
+#include "BinderCommands.h"
+#include "KernelConversation.h"
+#include "LocalObjects.h"
+#include "RuntimeThread.h"
+#include "socket/ProcessLife.h"
+
+#include <functional>
+#include <utility>
+
+namespace android {
+
+namespace {
+
+// Beyond this many and the first, callers wait until a thread is free.
+constexpr uint32_t kMostFurtherThreads = 1023;
+constexpr const char* kServerThread = "kq:binder";
+constexpr std::chrono::milliseconds kPauseWithoutThreads{100};
+
+} // namespace
+
+KernelBinder::KernelBinder(std::unique_ptr<BinderDriver> driver) : mDriver(std::move(driver)), mHandles(*mDriver) {
+    kq::watchForks();
+    uint32_t threads = kMostFurtherThreads;
+    mDriver->control(BINDER_SET_MAX_THREADS, &threads);
+}
+
+int KernelBinder::becomeContextManager(sp<BBinder> object) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    std::swap(mContextObject, object);
+    int32_t unused = 0;
+    return mDriver->control(BINDER_SET_CONTEXT_MGR, &unused);
+}
+
+sp<BBinder> KernelBinder::target(binder_uintptr_t number) {
+    if (number != 0) {
+        return LocalObjects::instance().find(number);
+    }
+    const std::lock_guard<std::mutex> lock(mMutex);
+    return mContextObject;
+}
+
+bool KernelBinder::startServing() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mServing =
+        mServing || startRuntimeThread(kServerThread, [this] { KernelConversation(*this).serve(BC_ENTER_LOOPER); });
+    return mServing;
+}
+
+bool KernelBinder::startTelling() { return mTeller.start() && startServing(); }
+
+void KernelBinder::addServer() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mServerTried = std::chrono::steady_clock::now();
+    mServerOwed = !startRuntimeThread(kServerThread, [this] { KernelConversation(*this).serve(BC_REGISTER_LOOPER); });
+}
+
+bool KernelBinder::serverIsDue() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    return std::chrono::steady_clock::now() - mServerTried >= kPauseWithoutThreads && mServerOwed.exchange(false);
+}
+
+void KernelBinder::addOwedServer() {
+    if (mServerOwed && serverIsDue()) {
+        addServer();
+    }
+}
+
+void KernelBinder::died(binder_uintptr_t cookie) {
+    for (std::function<void()>& onDeath : mHandles.died(cookie)) {
+        mTeller.tell(std::move(onDeath));
+    }
+}
+
+void KernelBinder::freeBuffer(const uint8_t* data) {
+    BinderCommands commands;
+    commands.append(BC_FREE_BUFFER, static_cast<binder_uintptr_t>(reinterpret_cast<uintptr_t>(data)));
+    commands.sendTo(*mDriver);
+}
+
+} // namespace android

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "BinderDriver.h"
+#include "DeathTeller.h"
+#include "RemoteHandles.h"
+
+#include <binder/Binder.h>
+
+#include <linux/android/binder.h>
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <mutex>
+
+namespace android {
+
+/** The kernel's binder driver as this process uses it. Outlives everything that refers to it. */
+class KernelBinder {
+public:
+    explicit KernelBinder(std::unique_ptr<BinderDriver> driver);
+
+    BinderDriver& driver() { return *mDriver; }
+    RemoteHandles& handles() { return mHandles; }
+
+    /** Makes an object the one behind handle 0 of every process: 0 or a negative errno value. */
+    int becomeContextManager(sp<BBinder> object);
+    /** The object that a call from outside is for; null for none. */
+    sp<BBinder> target(binder_uintptr_t number);
+
+    /** Starts the first thread that serves what comes in, unless it runs already; the driver asks for further ones. */
+    bool startServing();
+    /** As startServing, and deaths can be told. */
+    bool startTelling();
+    void addServer();
+    /** Adds a server that the driver asked for when there was no thread to be had: it does not ask again. */
+    void addOwedServer();
+    void died(binder_uintptr_t cookie);
+
+    /** Gives a received buffer back to the driver. */
+    void freeBuffer(const uint8_t* data);
+
+private:
+    bool serverIsDue();
+
+    const std::unique_ptr<BinderDriver> mDriver;
+    RemoteHandles mHandles;
+    DeathTeller mTeller;
+    std::mutex mMutex;
+    bool mServing = false;
+    std::atomic<bool> mServerOwed{false};
+    std::chrono::steady_clock::time_point mServerTried;
+    sp<BBinder> mContextObject;
+};
+
+} // namespace android

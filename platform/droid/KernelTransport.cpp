@@ -1,0 +1,125 @@
+#include "KernelTransport.h"
+
+#include "KernelConversation.h"
+#include "ParcelObjects.h"
+#include "RuntimeThread.h"
+#include "ServiceManagerProtocol.h"
+#include "Utf.h"
+
+#include <android/log.h>
+#include <binder/Parcel.h>
+
+#include <algorithm>
+#include <future>
+#include <thread>
+#include <utility>
+
+namespace android {
+
+namespace {
+
+constexpr const char* kTag = "kqdroid";
+constexpr uint32_t kManagerHandle = 0;
+constexpr std::chrono::milliseconds kFirstPause{5};
+constexpr std::chrono::milliseconds kLongestPause{100};
+// A process that says nothing for so long lives, but does not serve.
+constexpr std::chrono::seconds kSignOfLife{1};
+// More than any system has; a manager that never ends its list is not believed.
+constexpr int32_t kMostServices = 10'000;
+
+bool lives(const sp<IBinder>& object) {
+    auto answer = std::make_shared<std::promise<status_t>>();
+    std::future<status_t> status = answer->get_future();
+    const bool asked = startRuntimeThread("kq:ping", [object, answer] { answer->set_value(object->pingBinder()); });
+    return !asked || status.wait_for(kSignOfLife) != std::future_status::ready || status.get() != DEAD_OBJECT;
+}
+
+std::string printable(const String16& name) { return utf16ToUtf8(name.string(), name.size()); }
+
+} // namespace
+
+KernelTransport::KernelTransport(std::unique_ptr<BinderDriver> driver) : mBinder(std::move(driver)) {}
+
+status_t KernelTransport::askManager(uint32_t code, const Parcel& request, Parcel* reply) {
+    return KernelConversation(mBinder).call(kManagerHandle, code, request, reply, 0);
+}
+
+sp<IBinder> KernelTransport::look(const String16& name, status_t* status) {
+    Parcel request;
+    Parcel reply;
+    writeManagerToken(&request);
+    request.writeString16(name);
+    *status = askManager(kCheckService, request, &reply);
+    return *status == NO_ERROR ? ParcelObjects::read(reply, mBinder) : nullptr;
+}
+
+sp<IBinder> KernelTransport::find(const String16& name) { return waitFor(name, std::chrono::milliseconds(0)); }
+
+sp<IBinder> KernelTransport::waitFor(const String16& name, std::chrono::milliseconds time) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point deadline = Clock::now() + time;
+    std::chrono::milliseconds pause = kFirstPause;
+    for (;;) {
+        status_t status = NO_ERROR;
+        if (sp<IBinder> found = look(name, &status); found != nullptr) {
+            return found;
+        }
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        if (left.count() <= 0) {
+            if (status != NO_ERROR) {
+                __android_log_print(ANDROID_LOG_ERROR, kTag, "looking for %s: the service manager gives status %d",
+                                    printable(name).c_str(), status);
+            }
+            return nullptr;
+        }
+        // The service manager tells nobody of what comes.
+        std::this_thread::sleep_for(std::min(pause, left));
+        pause = std::min(2 * pause, kLongestPause);
+    }
+}
+
+bool KernelTransport::takenByAnother(const String16& name) {
+    status_t status = NO_ERROR;
+    const sp<IBinder> there = look(name, &status);
+    return there != nullptr && there->localBinder() == nullptr && lives(there);
+}
+
+status_t KernelTransport::publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) {
+    if (takenByAnother(name)) {
+        __android_log_print(ANDROID_LOG_ERROR, kTag, "serving %s: another process serves it", printable(name).c_str());
+        return ALREADY_EXISTS;
+    }
+    Parcel request;
+    Parcel reply;
+    writeManagerToken(&request);
+    request.writeString16(name);
+    ParcelObjects::write(&request, object);
+    request.writeInt32(traits.allowIsolated ? 1 : 0);
+    request.writeInt32(traits.dumpPriorities);
+    const status_t status = askManager(kAddService, request, &reply);
+    if (status != NO_ERROR) {
+        __android_log_print(ANDROID_LOG_ERROR, kTag, "serving %s: the service manager gives status %d",
+                            printable(name).c_str(), status);
+        return status;
+    }
+    return reply.readInt32();
+}
+
+Vector<String16> KernelTransport::names(int dumpPriorities) {
+    Vector<String16> names;
+    for (int32_t index = 0; index < kMostServices; ++index) {
+        Parcel request;
+        Parcel reply;
+        writeManagerToken(&request);
+        request.writeInt32(index);
+        request.writeInt32(dumpPriorities);
+        String16 name;
+        if (askManager(kListServices, request, &reply) != NO_ERROR || reply.readString16(&name) != NO_ERROR) {
+            break;
+        }
+        names.push_back(name);
+    }
+    return names;
+}
+
+} // namespace android

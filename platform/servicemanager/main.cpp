@@ -1,0 +1,100 @@
+#include "ServiceRegistry.h"
+
+#include "droid/KernelBinder.h"
+
+#include <CLI/CLI.hpp>
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr int kBadUsage = 2;
+constexpr uid_t kRoot = 0;
+constexpr uid_t kSystem = 1000;
+// A service manager that has just ended keeps its place until the driver has cleaned up after it.
+constexpr std::chrono::seconds kPatience{1};
+constexpr std::chrono::milliseconds kPause{5};
+
+struct Options {
+    std::string device = "/dev/binder";
+    std::vector<uid_t> registrars;
+};
+
+int takeThePlace(android::KernelBinder& binder, const android::sp<android::BBinder>& registry) {
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    int error = binder.becomeContextManager(registry);
+    while (error == -EBUSY && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(kPause);
+        error = binder.becomeContextManager(registry);
+    }
+    return error;
+}
+
+int run(const Options& options) {
+    std::string problem;
+    std::unique_ptr<android::BinderDevice> device = android::BinderDevice::open(options.device, &problem);
+    if (device == nullptr) {
+        std::fprintf(stderr, "kqservicemanager: %s\n", problem.c_str());
+        return EXIT_FAILURE;
+    }
+    // Served to the end of the process.
+    auto* const binder = new android::KernelBinder(std::move(device));
+    std::set<uid_t> registrars{kRoot, kSystem};
+    registrars.insert(options.registrars.begin(), options.registrars.end());
+    const int error = takeThePlace(*binder, new servicemanager::ServiceRegistry(*binder, registrars));
+    if (error != 0) {
+        std::fprintf(stderr, "kqservicemanager: %s: %s\n", options.device.c_str(),
+                     error == -EBUSY ? "another service manager runs" : std::strerror(-error));
+        return EXIT_FAILURE;
+    }
+    if (!binder->startServing()) {
+        return EXIT_FAILURE;
+    }
+    std::printf("kqservicemanager: ready (%s)\n", options.device.c_str());
+    std::fflush(stdout);
+    for (;;) {
+        ::pause();
+    }
+}
+
+int start(int argc, char** argv) {
+    CLI::App app(
+        "Service manager for the kernel's binder driver, where none runs: services are added and found by name.\n"
+        "Root and the system user (1000) may add services.\n\n"
+        "Example: kqservicemanager --allow-uid 2000",
+        "kqservicemanager");
+    Options options;
+    app.add_option("--device", options.device, "The driver's device")
+        ->option_text("PATH")
+        ->envname("KQDROID_BINDER_DEVICE");
+    app.add_option("--allow-uid", options.registrars, "Let this user add services too; may be given again")
+        ->option_text("UID");
+    app.set_version_flag("--version", "kqservicemanager " KELUTV_VERSION);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? EXIT_SUCCESS : kBadUsage;
+    }
+    return run(options);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return start(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "kqservicemanager: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
+}

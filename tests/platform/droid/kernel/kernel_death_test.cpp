@@ -1,0 +1,128 @@
+#include "KernelTest.h"
+
+#include "../DeathNote.h"
+#include "../StartLine.h"
+#include "droid/BpBinder.h"
+#include "droid/KernelObject.h"
+
+#include <thread>
+
+namespace kelutv::test {
+namespace {
+
+using android::BpBinder;
+using android::DEAD_OBJECT;
+using android::IBinder;
+using android::KernelObject;
+using android::NO_ERROR;
+using android::sp;
+using Codes = std::vector<uint32_t>;
+
+class KernelDeath : public KernelTest {
+protected:
+    sp<IBinder> proxy() { return new BpBinder(std::make_unique<KernelObject>(binder, kHandle)); }
+
+    /** Links a note; the driver finds the object alive. */
+    void link(const sp<IBinder>& linked, const sp<DeathNote>& recipient) {
+        driver.say({command(BR_TRANSACTION_COMPLETE)});
+        ASSERT_EQ(linked->linkToDeath(recipient), NO_ERROR);
+    }
+
+    /** The cookie of the one death notice asked for since the last look; 0 for none. */
+    binder_uintptr_t cookieAskedFor() {
+        binder_uintptr_t cookie = 0;
+        for (const Command& sent : driver.takeSent()) {
+            if (sent.code == BC_REQUEST_DEATH_NOTIFICATION) {
+                EXPECT_EQ(cookie, 0u) << "asked for twice";
+                const auto asked = sent.as<binder_handle_cookie>();
+                EXPECT_EQ(uint32_t{asked.handle}, kHandle);
+                cookie = asked.cookie;
+            }
+        }
+        return cookie;
+    }
+
+    const sp<DeathNote> note = new DeathNote;
+};
+
+TEST_F(KernelDeath, proxiesOfAHandleShareItsReferences) {
+    {
+        const sp<IBinder> first = proxy();
+        const sp<IBinder> second = proxy();
+        EXPECT_EQ(driver.takeSentCodes(), (Codes{BC_INCREFS, BC_ACQUIRE}));
+    }
+    EXPECT_EQ(driver.takeSentCodes(), (Codes{BC_RELEASE, BC_DECREFS}));
+}
+
+TEST_F(KernelDeath, isAskedForOnceAndToldToEveryProxy) {
+    const sp<IBinder> first = proxy();
+    const sp<IBinder> second = proxy();
+    const sp<DeathNote> other = new DeathNote;
+    link(first, note);
+    link(second, other);
+    const binder_uintptr_t cookie = cookieAskedFor();
+    ASSERT_NE(cookie, 0u);
+    driver.sayToServers({command(BR_DEAD_BINDER, cookie)});
+    EXPECT_TRUE(note->waitFor(1));
+    EXPECT_TRUE(other->waitFor(1));
+    driver.sayToServers({command(BR_NOOP)});
+    EXPECT_TRUE(driver.waitForSent(BC_DEAD_BINDER_DONE));
+    EXPECT_FALSE(first->isBinderAlive());
+    driver.say({command(BR_TRANSACTION_COMPLETE)});
+    EXPECT_EQ(proxy()->linkToDeath(new DeathNote), DEAD_OBJECT);
+}
+
+TEST_F(KernelDeath, isNotAskedForWhenTheObjectIsDead) {
+    const sp<IBinder> dead = proxy();
+    driver.say({command(BR_DEAD_REPLY)});
+    EXPECT_EQ(dead->linkToDeath(note), DEAD_OBJECT);
+    EXPECT_EQ(cookieAskedFor(), 0u);
+}
+
+TEST_F(KernelDeath, noticeGoesWithTheLastProxy) {
+    ASSERT_TRUE(binder.startServing());
+    ASSERT_TRUE(driver.waitForSent(BC_ENTER_LOOPER));
+    {
+        const sp<IBinder> shortLived = proxy();
+        link(shortLived, note);
+        ASSERT_NE(cookieAskedFor(), 0u);
+    }
+    EXPECT_EQ(driver.takeSentCodes(), (Codes{BC_CLEAR_DEATH_NOTIFICATION, BC_RELEASE, BC_DECREFS}));
+}
+
+TEST_F(KernelDeath, noticeOfAForgottenCookieIsOnlyAcknowledged) {
+    const sp<IBinder> living = proxy();
+    link(living, note);
+    driver.sayToServers({command(BR_DEAD_BINDER, binder_uintptr_t{12345})});
+    driver.sayToServers({command(BR_NOOP)});
+    EXPECT_TRUE(driver.waitForSent(BC_DEAD_BINDER_DONE));
+    EXPECT_TRUE(living->isBinderAlive());
+    EXPECT_EQ(note->count(), 0);
+}
+
+TEST_F(KernelDeath, racesWithUnlinkingWithOneOutcomeOrTheOther) {
+    for (int round = 0; round < 200; ++round) {
+        sp<IBinder> raced = proxy();
+        const sp<DeathNote> own = new DeathNote;
+        ASSERT_NO_FATAL_FAILURE(link(raced, own));
+        const binder_uintptr_t cookie = cookieAskedFor();
+        StartLine line(2);
+        std::thread end([&] {
+            line.wait();
+            driver.sayToServers({command(BR_DEAD_BINDER, cookie)});
+        });
+        line.wait();
+        const android::status_t status = raced->unlinkToDeath(own);
+        end.join();
+        ASSERT_TRUE(status == NO_ERROR || status == DEAD_OBJECT) << status;
+        ASSERT_TRUE(own->waitFor(status == DEAD_OBJECT ? 1 : 0));
+        ASSERT_TRUE(eventually([&] { return !raced->isBinderAlive(); }));
+        ASSERT_LE(own->count(), status == DEAD_OBJECT ? 1 : 0);
+        // Who tells of the death may hold the proxy a little longer, and with it what is known of the handle.
+        raced = nullptr;
+        ASSERT_TRUE(driver.waitForSent(BC_DECREFS));
+    }
+}
+
+} // namespace
+} // namespace kelutv::test
