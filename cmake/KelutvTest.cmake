@@ -51,6 +51,19 @@ function(kelutv_configure_test test)
     endif()
 endfunction()
 
+# kelutv_add_program_test(<test> <program> [ARGUMENT <argument>] [ENVIRONMENT ...] [TIMEOUT ...] [NO_EMULATOR ...])
+#
+# Registers a run of a GoogleTest program, with ctest and in the room's KELUTV_PROGRAM_TESTS, a list of
+# <test>|<program>|<environment>|<argument>.
+function(kelutv_add_program_test test program)
+    cmake_parse_arguments(PARSE_ARGV 2 ARG "" "ARGUMENT;TIMEOUT;NO_EMULATOR" "ENVIRONMENT")
+    add_test(NAME ${test} COMMAND ${program} ${ARG_ARGUMENT})
+    kelutv_configure_test(
+        ${test} TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}" ENVIRONMENT ${ARG_ENVIRONMENT})
+    list(JOIN ARG_ENVIRONMENT " " environment)
+    set_property(DIRECTORY APPEND PROPERTY KELUTV_PROGRAM_TESTS "${test}|${program}|${environment}|${ARG_ARGUMENT}")
+endfunction()
+
 # kelutv_reuse_precompiled_headers(<program>)
 #
 # Lets a test program take the precompiled headers of support_test. They are C++, so programs with C sources cannot.
@@ -72,16 +85,13 @@ function(kelutv_add_test name)
                         kelutv_warnings)
     kelutv_reuse_precompiled_headers(${name})
 
+    set(properties TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}")
     if(NOT ARG_LINKS)
-        add_test(NAME ${name} COMMAND ${name})
-        kelutv_configure_test(
-            ${name} TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}" ENVIRONMENT ${ARG_ENVIRONMENT})
+        kelutv_add_program_test(${name} ${name} ${properties} ENVIRONMENT ${ARG_ENVIRONMENT})
     endif()
     foreach(link IN LISTS ARG_LINKS)
-        add_test(NAME ${name}.${link} COMMAND ${name})
-        kelutv_configure_test(
-            ${name}.${link} TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}"
-            ENVIRONMENT KELUTV_TEST_LINK=${link} ${ARG_ENVIRONMENT})
+        kelutv_add_program_test(${name}.${link} ${name} ${properties} ENVIRONMENT KELUTV_TEST_LINK=${link}
+                                                                                  ${ARG_ENVIRONMENT})
     endforeach()
 endfunction()
 
