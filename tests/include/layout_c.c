@@ -1,0 +1,3 @@
+#include "layout.h"
+
+extern int kelutv_layout_is_checked;
