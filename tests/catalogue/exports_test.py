@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
-"""The built library exports what the catalogue lists, and nothing else.
+"""The built library exports what the catalogue and the list of symbols name, and nothing else.
 
-    exports_test.py NM LIBRARY
+    exports_test.py [--write] NM LIBRARY LIST
+
+Each line of the list is a public header and a symbol that stems from it; --write makes the list.
 """
 
 from __future__ import annotations
 
+import argparse
 import re
 import subprocess
 import sys
@@ -15,6 +18,7 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "catalogue"))
 
 from catalogue import expected_exports, exported_classes  # noqa: E402
+from model import Catalogue  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 
 
@@ -34,33 +38,75 @@ def type_information(classes: dict[str, bool]) -> set[str]:
     }
 
 
-def belongs_to(symbol: str, classes: dict[str, bool]) -> bool:
-    """Constructors, destructors and what virtual bases bring along."""
+def class_of(symbol: str, classes: dict[str, bool]) -> str | None:
+    """The class that a constructor, a destructor or what virtual bases bring along belongs to."""
     for name in classes:
         plain = name.rsplit("::", 1)[-1]
         if re.match(rf"{re.escape(name)}::~?{plain}\(", symbol) or symbol == f"VTT for {name}":
-            return True
+            return name
         if re.match(rf"(non-)?virtual thunk to {re.escape(name)}::", symbol):
-            return True
+            return name
         if symbol.startswith("construction vtable for ") and symbol.endswith(f"-in-{name}"):
-            return True
-    return False
+            return name
+    return None
 
 
-def main(nm: str, library: str) -> int:
+def headers_of(catalogue: Catalogue) -> dict[str, str]:
+    """The public header of every C function and of every class."""
+    headers = {name: f"kelutv/link/{name.rsplit('::', 1)[-1]}.h" for name in catalogue.link_classes}
+    for module in catalogue.modules:
+        headers |= {function.name: module.c_header for function in module.functions}
+        if module.owner:
+            headers[module.owner] = module.header
+    return headers
+
+
+def origin(symbol: str, headers: dict[str, str], classes: dict[str, bool]) -> str:
+    owner = class_of(symbol, classes)
+    for name in (symbol, owner, symbol.rpartition(" for ")[2], symbol.partition("(")[0].rpartition("::")[0]):
+        if name in headers:
+            return headers[name]
+    return "no header"
+
+
+def list_lines(exported: set[str], catalogue: Catalogue) -> list[str]:
+    headers, classes = headers_of(catalogue), exported_classes(catalogue)
+    return sorted(f"{origin(symbol, headers, classes)}: {symbol}" for symbol in exported)
+
+
+def complaints(expected: set[str], exported: set[str], classes: dict[str, bool]) -> list[str]:
+    foreign = (symbol for symbol in exported - expected if not class_of(symbol, classes))
+    return [f"not exported: {symbol}" for symbol in sorted(expected - exported)] + [
+        f"exported, but not in the catalogue: {symbol}" for symbol in sorted(foreign)
+    ]
+
+
+def main(options: argparse.Namespace) -> int:
     catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
     classes = exported_classes(catalogue)
     expected = set(expected_exports(catalogue)) | type_information(classes)
-    exported = exported_symbols(nm, library)
-    missing = sorted(expected - exported)
-    foreign = sorted(symbol for symbol in exported - expected if not belongs_to(symbol, classes))
-    for symbol in missing:
-        print(f"not exported: {symbol}", file=sys.stderr)
-    for symbol in foreign:
-        print(f"exported, but not in the catalogue: {symbol}", file=sys.stderr)
+    exported = exported_symbols(options.nm, options.library)
+    found = complaints(expected, exported, classes)
+    lines = list_lines(exported, catalogue)
+    if options.write and not found:
+        options.list.write_text("\n".join(lines) + "\n", encoding="utf-8")
+    elif not options.write:
+        listed = options.list.read_text(encoding="utf-8").splitlines()
+        found += [f"not exported, but in {options.list}: {line}" for line in listed if line not in set(lines)]
+        found += [f"exported, but not in {options.list}: {line}" for line in lines if line not in set(listed)]
+    print("\n".join(found), file=sys.stderr, end="\n" if found else "")
     print(f"{len(exported)} exported symbols, {len(expected)} expected by name")
-    return 1 if missing or foreign else 0
+    return 1 if found else 0
+
+
+def arguments() -> argparse.Namespace:
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--write", action="store_true", help="write the list instead of comparing with it")
+    parser.add_argument("nm")
+    parser.add_argument("library")
+    parser.add_argument("list", type=Path)
+    return parser.parse_args()
 
 
 if __name__ == "__main__":
-    sys.exit(main(*sys.argv[1:]))
+    sys.exit(main(arguments()))
