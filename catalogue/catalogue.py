@@ -111,7 +111,8 @@ def _nearest(catalogue: Catalogue, name: str) -> str:
     return f"; the nearest is {close[0]}" if close else ""
 
 
-def _request_text(request: tuple[WireItem, ...]) -> str:
+def request_text(request: tuple[WireItem, ...]) -> str:
+    """What follows the command in a request, for a reader."""
     texts = [f"{item.source} ({item.kind}{f', {item.length} of them' if item.length else ''})" for item in request]
     return ", ".join(texts) or "nothing"
 
@@ -121,7 +122,7 @@ def _method_lines(method: Method) -> list[str]:
         return ["sends nothing"]
     return [
         f"{method.command} 0x{method.value:04X}, {method.overload.name}",
-        f"sends: {_request_text(method.request)}",
+        f"sends: {request_text(method.request)}",
         f"reply: {method.reply.shape}" + "".join(f" {field.name}" for field in method.reply.fields),
         f"returns: {method.result}",
     ]
@@ -133,7 +134,7 @@ def _function_lines(function: Function) -> list[str]:
     if function.callee is None:
         return ["sends nothing"]
     lines = [f"calls: {function.callee.name}({', '.join(function.arguments)})"]
-    return lines + [f"sends: {_request_text(function.request)}", f"returns: {function.result}"]
+    return lines + [f"sends: {request_text(function.request)}", f"returns: {function.result}"]
 
 
 def describe(operation: Operation) -> str:

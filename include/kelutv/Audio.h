@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `Audio`; its C functions are in linux_kelutv_audio.h.
+ */
 #pragma once
 
 #include <kelutv/audio_types.h>
@@ -16,13 +20,19 @@
  */
 class KELUTV_API Audio {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static Audio* instance();
 
     Audio(const Audio&) = delete;
     Audio& operator=(const Audio&) = delete;
 
-    /** @name Volume, mute and modes @{ */
+    /**
+     * @name Volume, mute and modes
+     * @{
+     */
 
     /**
      * Reads the sound mode.
@@ -207,7 +217,10 @@ public:
 
     /** @} */
 
-    /** @name Outputs, subwoofer and gains @{ */
+    /**
+     * @name Outputs, subwoofer and gains
+     * @{
+     */
 
     /**
      * Reads which speakers play.
@@ -365,7 +378,10 @@ public:
 
     /** @} */
 
-    /** @name Effects and processing @{ */
+    /**
+     * @name Effects and processing
+     * @{
+     */
 
     /**
      * Sets one parameter of the plain sound effects.
@@ -670,7 +686,10 @@ public:
     int getAvcReleaseTime();
 
     /** @} */
-    /** @name Generic items @{ */
+    /**
+     * @name Generic items
+     * @{
+     */
 
     /**
      * Sets one item; the class's one virtual operation.
@@ -715,7 +734,10 @@ public:
 
     /** @} */
 
-    /** @name Records and lists @{ */
+    /**
+     * @name Records and lists
+     * @{
+     */
 
     /**
      * Sets the prescale gain of one output channel.

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `CConfig`, which has no C functions.
+ */
 #pragma once
 
 #include <kelutv/config_types.h>

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `Factory`; its C functions are in linux_kelutv_factory.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -18,13 +22,19 @@
  */
 class KELUTV_API Factory {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static Factory* instance();
 
     Factory(const Factory&) = delete;
     Factory& operator=(const Factory&) = delete;
 
-    /** @name Calibration, colour temperature and white balance @{ */
+    /**
+     * @name Calibration, colour temperature and white balance
+     * @{
+     */
 
     /**
      * Calibrates the analogue input by itself.
@@ -171,7 +181,10 @@ public:
 
     /** @} */
 
-    /** @name Overscan, panel interface, memory spread, gamma and test patterns @{ */
+    /**
+     * @name Overscan, panel interface, memory spread, gamma and test patterns
+     * @{
+     */
 
     /**
      * Reads what part of the picture is shown.
@@ -408,7 +421,10 @@ public:
 
     /** @} */
 
-    /** @name Backlight, LEDs and panel compensation @{ */
+    /**
+     * @name Backlight, LEDs and panel compensation
+     * @{
+     */
 
     /**
      * Reads the highest duty of the backlight.
@@ -541,7 +557,10 @@ public:
 
     /** @} */
 
-    /** @name Tuner, picture and sound tuning @{ */
+    /**
+     * @name Tuner, picture and sound tuning
+     * @{
+     */
 
     /**
      * Tells whether analogue television starts with its initial channels.
@@ -691,7 +710,10 @@ public:
 
     /** @} */
 
-    /** @name Generic item access @{ */
+    /**
+     * @name Generic item access
+     * @{
+     */
 
     /**
      * Reads a non-standard item.
@@ -788,7 +810,10 @@ public:
 
     /** @} */
 
-    /** @name Power, modes and maintenance @{ */
+    /**
+     * @name Power, modes and maintenance
+     * @{
+     */
 
     /**
      * Turns the ageing mode on or off.
@@ -1118,7 +1143,10 @@ public:
 
     /** @} */
 
-    /** @name Device identity, versions and counters @{ */
+    /**
+     * @name Device identity, versions and counters
+     * @{
+     */
 
     /**
      * Reads the name of the platform.
@@ -1279,7 +1307,10 @@ public:
 
     /** @} */
 
-    /** @name Keys, serial numbers, data transfer and external devices @{ */
+    /**
+     * @name Keys, serial numbers, data transfer and external devices
+     * @{
+     */
 
     /**
      * Reads which keys have been burned.
@@ -1372,7 +1403,10 @@ public:
 
     /** @} */
 
-    /** @name Hardware capabilities @{ */
+    /**
+     * @name Hardware capabilities
+     * @{
+     */
 
     /**
      * Tells whether the set has a router.
@@ -1426,7 +1460,10 @@ public:
 
     /** @} */
 
-    /** @name Laser projector @{ */
+    /**
+     * @name Laser projector
+     * @{
+     */
 
     /**
      * Reads the test pattern of the laser projector.
@@ -1555,7 +1592,10 @@ public:
 
     /** @} */
 
-    /** @name External picture-processing chips @{ */
+    /**
+     * @name External picture-processing chips
+     * @{
+     */
 
     /**
      * Reads one item of the external picture chip.
@@ -1633,7 +1673,10 @@ public:
 
     /** @} */
 
-    /** @name Composed of items @{ */
+    /**
+     * @name Composed of items
+     * @{
+     */
 
     /**
      * Reads the version of the 455 chip.

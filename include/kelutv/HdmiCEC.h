@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `HdmiCEC`; its C functions are in linux_kelutv_hdmicec.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -14,7 +18,10 @@
  */
 class KELUTV_API HdmiCEC {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static HdmiCEC* instance();
 
     HdmiCEC(const HdmiCEC&) = delete;

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `CKeluEEP`, which has no C functions.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -23,10 +27,16 @@
  */
 class KELUTV_API CKeluEEP {
 public:
-    /** One object for all, made on the first call from any thread and kept until the process ends. */
+    /**
+     * One object for all, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static CKeluEEP* instance();
 
-    /** @name The television's own area, 0x8A00 to 0x8BFC @{ */
+    /**
+     * @name The television's own area, 0x8A00 to 0x8BFC
+     * @{
+     */
 
     /**
      * Reads one byte of the TV area.
@@ -69,7 +79,10 @@ public:
 
     /** @} */
 
-    /** @name The network area, 0x8C00 to 0x8DFC @{ */
+    /**
+     * @name The network area, 0x8C00 to 0x8DFC
+     * @{
+     */
 
     /**
      * Reads one byte of the Network area.
@@ -112,7 +125,10 @@ public:
 
     /** @} */
 
-    /** @name The applications' area, 0x8E00 to 0x8FFC @{ */
+    /**
+     * @name The applications' area, 0x8E00 to 0x8FFC
+     * @{
+     */
 
     /**
      * Reads one byte of the APP area.
@@ -155,7 +171,10 @@ public:
 
     /** @} */
 
-    /** @name The Bluetooth area, 0x9000 to 0x91FC @{ */
+    /**
+     * @name The Bluetooth area, 0x9000 to 0x91FC
+     * @{
+     */
 
     /**
      * Reads one byte of the BT area.
@@ -198,7 +217,10 @@ public:
 
     /** @} */
 
-    /** @name The AT area, 0xA400 to 0xA5FC @{ */
+    /**
+     * @name The AT area, 0xA400 to 0xA5FC
+     * @{
+     */
 
     /**
      * Reads one byte of the AT area.

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `CKeluVbiCtrl`, which has no C functions.
+ */
 #pragma once
 
 #include <kelutv/export.h>

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `KeluVbiManager`, which has no C functions.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -14,7 +18,10 @@
  */
 class KELUTV_API KeluVbiManager {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static KeluVbiManager* instance();
 
     KeluVbiManager(const KeluVbiManager&) = delete;

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `PCMPlayer`; its C functions are in linux_kelutv_pcmplayer.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -11,7 +15,10 @@
  */
 class KELUTV_API PCMPlayer {
 public:
-    /** The one object, made on the first call from any thread. */
+    /**
+     * The one object, made on the first call from any thread.
+     * @return The object; never null.
+     */
     static PCMPlayer* instance();
 
     PCMPlayer(const PCMPlayer&) = delete;

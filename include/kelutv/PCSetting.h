@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `PCSetting`; its C functions are in linux_kelutv_pcsetting.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -11,7 +15,10 @@
  */
 class KELUTV_API PCSetting {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static PCSetting* instance();
 
     PCSetting(const PCSetting&) = delete;

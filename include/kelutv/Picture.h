@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `Picture`; its C functions are in linux_kelutv_picture.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -14,13 +18,19 @@
  */
 class KELUTV_API Picture {
 public:
-    /** The one object, made on the first call from any thread. */
+    /**
+     * The one object, made on the first call from any thread.
+     * @return The object; never null.
+     */
     static Picture* instance();
 
     Picture(const Picture&) = delete;
     Picture& operator=(const Picture&) = delete;
 
-    /** @name Picture mode @{ */
+    /**
+     * @name Picture mode
+     * @{
+     */
 
     /**
      * Chooses the picture mode. Logs "setPictureMode" at error priority first.
@@ -115,7 +125,10 @@ public:
 
     /** @} */
 
-    /** @name Image @{ */
+    /**
+     * @name Image
+     * @{
+     */
 
     /**
      * Sets the brightness.
@@ -284,7 +297,10 @@ public:
 
     /** @} */
 
-    /** @name Backlight and dimming @{ */
+    /**
+     * @name Backlight and dimming
+     * @{
+     */
 
     /**
      * Sets the backlight. Logs "##########setBacklight" at debug priority first.
@@ -486,7 +502,10 @@ public:
 
     /** @} */
 
-    /** @name Colour @{ */
+    /**
+     * @name Colour
+     * @{
+     */
 
     /**
      * Chooses the colour temperature.
@@ -694,7 +713,10 @@ public:
 
     /** @} */
 
-    /** @name Noise, edges and motion @{ */
+    /**
+     * @name Noise, edges and motion
+     * @{
+     */
 
     /**
      * Chooses the noise reduction.
@@ -878,7 +900,10 @@ public:
 
     /** @} */
 
-    /** @name Dynamic range @{ */
+    /**
+     * @name Dynamic range
+     * @{
+     */
 
     /**
      * Reads the kind of dynamic range of the signal.
@@ -934,7 +959,10 @@ public:
 
     /** @} */
 
-    /** @name Aspect, freeze and demonstrations @{ */
+    /**
+     * @name Aspect, freeze and demonstrations
+     * @{
+     */
 
     /**
      * Chooses the aspect.
@@ -1074,7 +1102,10 @@ public:
 
     /** @} */
 
-    /** @name What the set can do @{ */
+    /**
+     * @name What the set can do
+     * @{
+     */
 
     /**
      * Reads which positions a setting has.
@@ -1094,7 +1125,10 @@ public:
 
     /** @} */
 
-    /** @name Generic items @{ */
+    /**
+     * @name Generic items
+     * @{
+     */
 
     /**
      * Sets one item of the advanced colour settings.

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `SourceManager`; its C functions are in linux_kelutv_sourcemanager.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -14,13 +18,19 @@
  */
 class KELUTV_API SourceManager {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static SourceManager* instance();
 
     SourceManager(const SourceManager&) = delete;
     SourceManager& operator=(const SourceManager&) = delete;
 
-    /** @name Choosing a source @{ */
+    /**
+     * @name Choosing a source
+     * @{
+     */
 
     /**
      * Shows a source in a display window.
@@ -128,7 +138,10 @@ public:
 
     /** @} */
 
-    /** @name Display windows @{ */
+    /**
+     * @name Display windows
+     * @{
+     */
 
     /**
      * Places a display window.
@@ -184,7 +197,10 @@ public:
 
     /** @} */
 
-    /** @name The signal @{ */
+    /**
+     * @name The signal
+     * @{
+     */
 
     /**
      * Reads the timing of the current signal.

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `SystemSetting`; its C functions are in linux_kelutv_systemsetting.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -14,13 +18,19 @@
  */
 class KELUTV_API SystemSetting {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static SystemSetting* instance();
 
     SystemSetting(const SystemSetting&) = delete;
     SystemSetting& operator=(const SystemSetting&) = delete;
 
-    /** @name Defaults and screen @{ */
+    /**
+     * @name Defaults and screen
+     * @{
+     */
 
     /**
      * Restores the settings of the television to their defaults.
@@ -72,7 +82,10 @@ public:
 
     /** @} */
 
-    /** @name Power @{ */
+    /**
+     * @name Power
+     * @{
+     */
 
     /**
      * Enters the standby that keeps the state in memory.
@@ -195,7 +208,10 @@ public:
 
     /** @} */
 
-    /** @name Start @{ */
+    /**
+     * @name Start
+     * @{
+     */
 
     /**
      * Reads the version of the boot program.
@@ -231,7 +247,10 @@ public:
 
     /** @} */
 
-    /** @name Keys and camera @{ */
+    /**
+     * @name Keys and camera
+     * @{
+     */
 
     /**
      * Tells whether the keys at the set itself work.
@@ -267,7 +286,10 @@ public:
 
     /** @} */
 
-    /** @name Storage @{ */
+    /**
+     * @name Storage
+     * @{
+     */
 
     /**
      * Reads one byte of the EEPROM.
@@ -356,7 +378,10 @@ public:
 
     /** @} */
 
-    /** @name Lamps and sound bar @{ */
+    /**
+     * @name Lamps and sound bar
+     * @{
+     */
 
     /**
      * Sets one pulse-width modulated output.
@@ -387,7 +412,10 @@ public:
 
     /** @} */
 
-    /** @name OLED panel @{ */
+    /**
+     * @name OLED panel
+     * @{
+     */
 
     /**
      * Tells whether the panel is an OLED panel.
@@ -420,7 +448,10 @@ public:
 
     /** @} */
 
-    /** @name Output of a box @{ */
+    /**
+     * @name Output of a box
+     * @{
+     */
 
     /**
      * Reads the output mode of 4K pictures.
@@ -471,7 +502,10 @@ public:
 
     /** @} */
 
-    /** @name Ambient display and screen saving @{ */
+    /**
+     * @name Ambient display and screen saving
+     * @{
+     */
 
     /**
      * Switches the ambient display on or off.
@@ -528,7 +562,10 @@ public:
 
     /** @} */
 
-    /** @name Generic items @{ */
+    /**
+     * @name Generic items
+     * @{
+     */
 
     /**
      * Sets one item.
@@ -574,7 +611,10 @@ public:
 
     /** @} */
 
-    /** @name Single items @{ */
+    /**
+     * @name Single items
+     * @{
+     */
 
     /**
      * Restarts the television.
@@ -643,7 +683,10 @@ public:
 
     /** @} */
 
-    /** @name Raw channels @{ */
+    /**
+     * @name Raw channels
+     * @{
+     */
 
     /**
      * Hands a command to the player of digital television.

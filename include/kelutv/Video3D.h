@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The class `Video3D`; its C functions are in linux_kelutv_video.h.
+ */
 #pragma once
 
 #include <kelutv/export.h>
@@ -13,13 +17,19 @@
  */
 class KELUTV_API Video3D {
 public:
-    /** The one object, made on the first call from any thread and kept until the process ends. */
+    /**
+     * The one object, made on the first call from any thread and kept until the process ends.
+     * @return The object; never null.
+     */
     static Video3D* instance();
 
     Video3D(const Video3D&) = delete;
     Video3D& operator=(const Video3D&) = delete;
 
-    /** @name Three dimensions @{ */
+    /**
+     * @name Three dimensions
+     * @{
+     */
 
     /**
      * Tells whether the picture is shown in 3D.
@@ -105,7 +115,10 @@ public:
 
     /** @} */
 
-    /** @name Windows and items @{ */
+    /**
+     * @name Windows and items
+     * @{
+     */
 
     /**
      * Reads the geometry of the display window.

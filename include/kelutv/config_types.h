@@ -9,11 +9,11 @@
 
 /** Format of the sound on the audio return channel. */
 typedef enum KELU_MW_SND_ARC_MODE_E KELUTV_INT_ENUM {
-    KELU_MW_SND_ARC_AUDIO_MODE_LPCM = 0,
-    KELU_MW_SND_ARC_AUDIO_MODE_RAW = 1,
-    KELU_MW_SND_ARC_AUDIO_MODE_HBR2LBR = 2, /**< High bit rates are turned into low ones. */
-    KELU_MW_SND_ARC_AUDIO_MODE_AUTO = 3,
-    KELU_MW_SND_ARC_AUDIO_MODE_BUTT = 4,
+    KELU_MW_SND_ARC_AUDIO_MODE_LPCM = 0,    /**< Linear PCM. */
+    KELU_MW_SND_ARC_AUDIO_MODE_RAW = 1,     /**< The raw stream. */
+    KELU_MW_SND_ARC_AUDIO_MODE_HBR2LBR = 2, /**< High bit rate to low bit rate. */
+    KELU_MW_SND_ARC_AUDIO_MODE_AUTO = 3,    /**< Automatic. */
+    KELU_MW_SND_ARC_AUDIO_MODE_BUTT = 4,    /**< End marker, no value. */
 } KELU_MW_SND_ARC_MODE_E;
 
 #endif

@@ -18,7 +18,10 @@
 extern "C" {
 #endif
 
-/** @name Plain values @{ */
+/**
+ * @name Plain values
+ * @{
+ */
 
 /**
  * Reads the sound mode.
@@ -538,7 +541,10 @@ KELUTV_API int linux_tv_Audio_setMute(int channel, bool onoff);
 
 /** @} */
 
-/** @name Records @{ */
+/**
+ * @name Records
+ * @{
+ */
 
 /**
  * Sets the parametric equalizer.
@@ -599,7 +605,10 @@ KELUTV_API int linux_tv_Audio_getNRAttr(NRAttrData* pstNRInfo);
 
 /** @} */
 
-/** @name Items @{ */
+/**
+ * @name Items
+ * @{
+ */
 
 /**
  * Sets one item.

@@ -19,7 +19,10 @@
 extern "C" {
 #endif
 
-/** @name Calibration and white balance @{ */
+/**
+ * @name Calibration and white balance
+ * @{
+ */
 
 /**
  * Starts the automatic calibration of the analogue inputs.
@@ -194,7 +197,10 @@ KELUTV_API int linux_tv_Factory_pqIoCtl(KELU_TV_PQ_IOCTL_CMD_E cmdID, void* pPar
 
 /** @} */
 
-/** @name Overscan, panel and memory spread, patterns @{ */
+/**
+ * @name Overscan, panel and memory spread, patterns
+ * @{
+ */
 
 /**
  * Reads the overscan rectangle.
@@ -432,7 +438,10 @@ KELUTV_API int linux_tv_Factory_setIChipTestPattern(int pattern);
 
 /** @} */
 
-/** @name Backlight, LEDs and panel compensation @{ */
+/**
+ * @name Backlight, LEDs and panel compensation
+ * @{
+ */
 
 /**
  * Reads the upper end of the backlight's duty cycle.
@@ -569,7 +578,10 @@ KELUTV_API int linux_tv_Factory_setVarietyLedControl(int ledType, int value);
 
 /** @} */
 
-/** @name Tuner and sound @{ */
+/**
+ * @name Tuner and sound
+ * @{
+ */
 
 /**
  * Tells whether the set starts with initial analogue channels.
@@ -715,7 +727,10 @@ KELUTV_API int linux_tv_Factory_getHeadPhoneSoundCurveCtlData(int* soundCurveCtl
 
 /** @} */
 
-/** @name Generic items @{ */
+/**
+ * @name Generic items
+ * @{
+ */
 
 /**
  * Reads one value of the treatment of non-standard signals.
@@ -822,7 +837,10 @@ KELUTV_API int linux_tv_Factory_getFactoryItemStrValue(int cmdID, int param1, in
 
 /** @} */
 
-/** @name Power, modes and maintenance @{ */
+/**
+ * @name Power, modes and maintenance
+ * @{
+ */
 
 /**
  * Switches the aging mode on or off.
@@ -1113,7 +1131,10 @@ KELUTV_API int linux_tv_Factory_setUartData(const char* pData);
 
 /** @} */
 
-/** @name Identity, versions and counters @{ */
+/**
+ * @name Identity, versions and counters
+ * @{
+ */
 
 /**
  * Reads the name of the platform.
@@ -1261,7 +1282,10 @@ KELUTV_API int linux_tv_Factory_getPlatFormSupportUsbNum(int* pBuf);
 
 /** @} */
 
-/** @name Keys, serial numbers and transfer @{ */
+/**
+ * @name Keys, serial numbers and transfer
+ * @{
+ */
 
 /**
  * Reads the status of each kind of key.
@@ -1358,7 +1382,10 @@ KELUTV_API int linux_tv_Factory_getNetPortDataTransmission(int type, int length,
 
 /** @} */
 
-/** @name What the hardware can do @{ */
+/**
+ * @name What the hardware can do
+ * @{
+ */
 
 /**
  * Tells whether the hardware has a router.
@@ -1412,7 +1439,10 @@ KELUTV_API int linux_tv_Factory_isSupportExternChip(int chipType);
 
 /** @} */
 
-/** @name Laser projector @{ */
+/**
+ * @name Laser projector
+ * @{
+ */
 
 /**
  * Reads the test pattern of the projector.
@@ -1545,7 +1575,10 @@ KELUTV_API int linux_tv_Factory_setLaserItemStringValue(int cmdID, int param, co
 
 /** @} */
 
-/** @name External picture chips @{ */
+/**
+ * @name External picture chips
+ * @{
+ */
 
 /**
  * Reads an item of the picture chip.
@@ -1625,7 +1658,10 @@ KELUTV_API int linux_tv_Factory_upgradeEP9169IC(const char* pathName);
 
 /** @} */
 
-/** @name Product @{ */
+/**
+ * @name Product
+ * @{
+ */
 
 /**
  * Reads a text about the machine.
@@ -1780,7 +1816,10 @@ KELUTV_API int linux_tv_Factory_getKeyPadType(int* pType);
 
 /** @} */
 
-/** @name Switches @{ */
+/**
+ * @name Switches
+ * @{
+ */
 
 /**
  * Tells whether the hot keys are on.
@@ -1944,7 +1983,10 @@ KELUTV_API int linux_tv_Factory_setBacklightInversion(bool polarity);
 
 /** @} */
 
-/** @name Panel, converter and temperature @{ */
+/**
+ * @name Panel, converter and temperature
+ * @{
+ */
 
 /**
  * Reads the swing of the panel interface.
@@ -2086,7 +2128,10 @@ KELUTV_API int linux_tv_Factory_getHistoryMaxTemperature(int* value);
 
 /** @} */
 
-/** @name Keys @{ */
+/**
+ * @name Keys
+ * @{
+ */
 
 /**
  * Burns all keys of a folder.
@@ -2117,7 +2162,10 @@ KELUTV_API int linux_tv_Factory_getKeySupportStatus(int keyType, bool* pIsKeySup
 
 /** @} */
 
-/** @name Files and transfer @{ */
+/**
+ * @name Files and transfer
+ * @{
+ */
 
 /**
  * Deletes the presentation of the shop.

@@ -18,7 +18,10 @@
 extern "C" {
 #endif
 
-/** @name Hotel mode and keypad @{ */
+/**
+ * @name Hotel mode and keypad
+ * @{
+ */
 
 /**
  * Switches the hotel mode on or off.
@@ -70,7 +73,10 @@ KELUTV_API int GetHotelSetupMenuEnable(bool* pEnable);
 
 /** @} */
 
-/** @name Volume, source and channel @{ */
+/**
+ * @name Volume, source and channel
+ * @{
+ */
 
 /**
  * Sets the ceiling of the volume.
@@ -140,7 +146,10 @@ KELUTV_API int GetHotelBootChannel(int* pTvmode, int* pChannel);
 
 /** @} */
 
-/** @name Hotel data @{ */
+/**
+ * @name Hotel data
+ * @{
+ */
 
 /**
  * Sets all hotel settings back to their defaults.

@@ -18,7 +18,10 @@
 extern "C" {
 #endif
 
-/** @name Picture mode @{ */
+/**
+ * @name Picture mode
+ * @{
+ */
 
 /**
  * Chooses the picture mode.
@@ -119,7 +122,10 @@ KELUTV_API int linux_tv_Picture_debugPictureModePara(int pictureMode, int imageP
 
 /** @} */
 
-/** @name Image @{ */
+/**
+ * @name Image
+ * @{
+ */
 
 /**
  * Sets the brightness.
@@ -288,7 +294,10 @@ KELUTV_API int linux_tv_Picture_getEyeSafeMode(void);
 
 /** @} */
 
-/** @name Backlight and dimming @{ */
+/**
+ * @name Backlight and dimming
+ * @{
+ */
 
 /**
  * Sets the backlight.
@@ -464,7 +473,10 @@ KELUTV_API int linux_tv_Picture_getLaserMaxBrightness(void);
 
 /** @} */
 
-/** @name Colour @{ */
+/**
+ * @name Colour
+ * @{
+ */
 
 /**
  * Chooses the colour temperature.
@@ -676,7 +688,10 @@ KELUTV_API int linux_tv_Picture_getColorControlInfoPara(ColorControlInfoData* ps
 
 /** @} */
 
-/** @name Noise, edges and motion @{ */
+/**
+ * @name Noise, edges and motion
+ * @{
+ */
 
 /**
  * Chooses the noise reduction.
@@ -861,7 +876,10 @@ KELUTV_API int linux_tv_Picture_getMemcDeJudderLevel(void);
 
 /** @} */
 
-/** @name Dynamic range @{ */
+/**
+ * @name Dynamic range
+ * @{
+ */
 
 /**
  * Reads the kind of dynamic range of the signal.
@@ -917,7 +935,10 @@ KELUTV_API int linux_tv_Picture_getSdrToHdrMode(void);
 
 /** @} */
 
-/** @name Aspect, freeze and demonstrations @{ */
+/**
+ * @name Aspect, freeze and demonstrations
+ * @{
+ */
 
 /**
  * Chooses the aspect.
@@ -1046,7 +1067,10 @@ KELUTV_API int linux_tv_Picture_getVideoScreenShot(int width, int height, const 
 
 /** @} */
 
-/** @name What the set can do @{ */
+/**
+ * @name What the set can do
+ * @{
+ */
 
 /**
  * Reads which positions a setting has.
@@ -1066,7 +1090,10 @@ KELUTV_API int linux_tv_Picture_getPictureFunctionEnable(int func);
 
 /** @} */
 
-/** @name Generic items @{ */
+/**
+ * @name Generic items
+ * @{
+ */
 
 /**
  * Sets one item of the advanced colour settings.

@@ -17,7 +17,10 @@
 extern "C" {
 #endif
 
-/** @name Choosing a source @{ */
+/**
+ * @name Choosing a source
+ * @{
+ */
 
 /**
  * Shows a source in a display window.
@@ -138,7 +141,10 @@ KELUTV_API int linux_tv_SourceManager_isNeedSelectSoucre(int fromSource, int toS
 
 /** @} */
 
-/** @name Display windows @{ */
+/**
+ * @name Display windows
+ * @{
+ */
 
 /**
  * Places a display window.
@@ -188,7 +194,10 @@ KELUTV_API int linux_tv_SourceManager_setFocusWindow(int mainWindow);
 
 /** @} */
 
-/** @name The signal @{ */
+/**
+ * @name The signal
+ * @{
+ */
 
 /**
  * Reads the timing of the current signal.

@@ -20,7 +20,10 @@
 extern "C" {
 #endif
 
-/** @name Defaults and screen @{ */
+/**
+ * @name Defaults and screen
+ * @{
+ */
 
 /**
  * Restores the settings of the television to their defaults.
@@ -65,7 +68,10 @@ KELUTV_API int linux_tv_SystemSetting_getSupportedTvResolution(int* pModeList, i
 
 /** @} */
 
-/** @name Power @{ */
+/**
+ * @name Power
+ * @{
+ */
 
 /**
  * Prepares a standby on behalf of a plug-in.
@@ -142,7 +148,10 @@ KELUTV_API int linux_tv_SystemSetting_getLastPowerOffMode(void);
 
 /** @} */
 
-/** @name Start @{ */
+/**
+ * @name Start
+ * @{
+ */
 
 /**
  * Reads the version of the boot program.
@@ -179,7 +188,10 @@ KELUTV_API int linux_tv_SystemSetting_setTvStartMode(int mode);
 
 /** @} */
 
-/** @name Keys and camera @{ */
+/**
+ * @name Keys and camera
+ * @{
+ */
 
 /**
  * Tells whether the keys at the set itself work.
@@ -215,7 +227,10 @@ KELUTV_API int linux_tv_SystemSetting_setCameraUpDown(int mode);
 
 /** @} */
 
-/** @name Lamps and sound bar @{ */
+/**
+ * @name Lamps and sound bar
+ * @{
+ */
 
 /**
  * Sets one pulse-width modulated output.
@@ -247,7 +262,10 @@ KELUTV_API int linux_tv_SystemSetting_isSoundbarModeEnable(void);
 
 /** @} */
 
-/** @name OLED panel @{ */
+/**
+ * @name OLED panel
+ * @{
+ */
 
 /**
  * Tells whether the panel is an OLED panel.
@@ -280,7 +298,10 @@ KELUTV_API int linux_tv_SystemSetting_setPanelOffrsRepair(void);
 
 /** @} */
 
-/** @name Output of a box @{ */
+/**
+ * @name Output of a box
+ * @{
+ */
 
 /**
  * Reads the output mode of 4K pictures.
@@ -332,7 +353,10 @@ KELUTV_API int linux_tv_SystemSetting_setBoxOutputFormat(int format);
 
 /** @} */
 
-/** @name Ambient display and screen saving @{ */
+/**
+ * @name Ambient display and screen saving
+ * @{
+ */
 
 /**
  * Reads whether the screen closes by itself.
@@ -366,7 +390,10 @@ KELUTV_API int linux_tv_SystemSetting_isSupportAIStandby(void);
 
 /** @} */
 
-/** @name Generic items @{ */
+/**
+ * @name Generic items
+ * @{
+ */
 
 /**
  * Sets one item.
@@ -416,7 +443,10 @@ KELUTV_API int linux_tv_SystemSetting_getSystemItemStrValue(int cmdID, int param
 
 /** @} */
 
-/** @name Language @{ */
+/**
+ * @name Language
+ * @{
+ */
 
 /**
  * Chooses the language of the menus.
@@ -457,7 +487,10 @@ KELUTV_API int linux_tv_SystemSetting_getSubtitleLanList(int country, int* pLanL
 
 /** @} */
 
-/** @name The service and its software @{ */
+/**
+ * @name The service and its software
+ * @{
+ */
 
 /**
  * Reads the version of the middleware.
@@ -543,7 +576,10 @@ KELUTV_API int linux_tv_SystemSetting_SetAPPInitStatus(int status);
 
 /** @} */
 
-/** @name Screen and reception @{ */
+/**
+ * @name Screen and reception
+ * @{
+ */
 
 /**
  * Switches the screen on or off.

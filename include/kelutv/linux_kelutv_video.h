@@ -20,7 +20,10 @@
 extern "C" {
 #endif
 
-/** @name Three dimensions @{ */
+/**
+ * @name Three dimensions
+ * @{
+ */
 
 /**
  * Tells whether the picture is shown in 3D.
@@ -106,7 +109,10 @@ KELUTV_API int linux_tv_Video_set3dto2d(bool mode);
 
 /** @} */
 
-/** @name Windows and items @{ */
+/**
+ * @name Windows and items
+ * @{
+ */
 
 /**
  * Reads the geometry of the display window.
@@ -151,7 +157,10 @@ KELUTV_API int linux_tv_Video_getVideoItemValue(int cmdID, int param1, int param
 
 /** @} */
 
-/** @name Signal and analogue video @{ */
+/**
+ * @name Signal and analogue video
+ * @{
+ */
 
 /**
  * Tells the decoder of analogue video what it is used for.
@@ -206,7 +215,10 @@ KELUTV_API int linux_tv_Video_getTvSupportList(int* pList, int* length);
 
 /** @} */
 
-/** @name Muting and play control @{ */
+/**
+ * @name Muting and play control
+ * @{
+ */
 
 /**
  * Covers the display window with a colour, or shows it again.

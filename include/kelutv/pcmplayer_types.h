@@ -9,9 +9,9 @@
 
 /** What the PCM player is doing. */
 typedef enum KELU_TV_PCMPLAYER_STATUS_E KELUTV_INT_ENUM {
-    KELU_TV_PCMPLAYER_IDLE = 0,
-    KELU_TV_PCMPLAYER_PLAYING = 1,
-    KELU_TV_PCMPLAYER_BUTT = 2,
+    KELU_TV_PCMPLAYER_IDLE = 0,    /**< Nothing plays. */
+    KELU_TV_PCMPLAYER_PLAYING = 1, /**< A file plays. */
+    KELU_TV_PCMPLAYER_BUTT = 2,    /**< End marker, no value. */
 } KELU_TV_PCMPLAYER_STATUS_E;
 
 #endif

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The watch over the life of the service.
+ */
 #pragma once
 
 #include <binder/IBinder.h>
@@ -14,6 +18,7 @@ public:
      * client keeps its proxy, so that every later command fails in the transport; nothing reconnects.
      *
      * Runs on a thread of the binder runtime.
+     * @param who The object that died; not used.
      */
     void binderDied(const android::wp<android::IBinder>& who) override;
 };

@@ -1,3 +1,7 @@
+/**
+ * @file
+ * The service's binder interface.
+ */
 #pragma once
 
 #include <binder/IInterface.h>
@@ -12,12 +16,20 @@ public:
     /** "android.ITVBaseService", which is also the interface token of every request. */
     static const String16 descriptor;
 
-    /** The local service object behind `obj`, or a new proxy of a remote one; null for a null `obj`. */
+    /**
+     * The service interface of a binder object.
+     * @param obj The object that was looked up; may be null.
+     * @return The local service object behind `obj`, or a new proxy of a remote one; null for a null `obj`.
+     */
     static sp<ITVBaseService> asInterface(const sp<IBinder>& obj);
 
     ITVBaseService();
     ~ITVBaseService() override;
 
+    /**
+     * The name of the interface.
+     * @return `descriptor`.
+     */
     virtual const String16& getInterfaceDescriptor() const;
 
     /**
