@@ -23,6 +23,21 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 # Directory positions and inode numbers outgrow 32 bits.
 add_compile_definitions(_FILE_OFFSET_BITS=64)
 
+if(KELUTV_PACKAGES)
+    # The same bytes wherever they are built. Precompiled headers would bring each source the static objects of headers
+    # that it does not include.
+    add_compile_options("-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+    set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+    set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+    if(CMAKE_CROSSCOMPILING AND KELUTV_CCACHE)
+        # The cache knows the sources again in another folder and under another locale, where ./check makes the packages
+        # a second time.
+        set(another_place "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_SLOPPINESS=locale)
+        list(PREPEND CMAKE_C_COMPILER_LAUNCHER env ${another_place})
+        list(PREPEND CMAKE_CXX_COMPILER_LAUNCHER env ${another_place})
+    endif()
+endif()
+
 add_library(kelutv_warnings INTERFACE)
 target_compile_options(
     kelutv_warnings

@@ -1,4 +1,5 @@
-# What is installed, in the components runtime, development and tools.
+# What is installed, in the components runtime, development and tools, and platform and platform_development of the
+# stand-ins.
 
 include(CMakePackageConfigHelpers)
 
@@ -7,11 +8,11 @@ if(KELUTV_STAND_INS)
     set(stand_ins log kqdroid keluemclient kqcommon)
     # The stand-ins stand beside the library wherever it is installed.
     set_target_properties(kelutvbaseclient ${stand_ins} PROPERTIES INSTALL_RPATH "$ORIGIN")
-    install(TARGETS ${stand_ins} LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
+    install(TARGETS ${stand_ins} LIBRARY COMPONENT platform NAMELINK_COMPONENT platform_development)
     install(
         DIRECTORY "${PROJECT_SOURCE_DIR}/platform/include/"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/kelutv-platform"
-        COMPONENT development)
+        COMPONENT platform_development)
 endif()
 
 set_target_properties(kelutv_headers PROPERTIES EXPORT_NAME headers)

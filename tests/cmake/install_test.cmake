@@ -5,7 +5,7 @@ include("${CMAKE_CURRENT_LIST_DIR}/steps.cmake")
 set(scratch "${work_dir}/install")
 set(prefix "${scratch}/prefix")
 file(REMOVE_RECURSE "${scratch}")
-foreach(component runtime development)
+foreach(component runtime development platform platform_development)
     run("${CMAKE_COMMAND}" --install "${build_dir}" --prefix "${prefix}" --component ${component})
 endforeach()
 
