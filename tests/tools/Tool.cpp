@@ -1,5 +1,7 @@
 #include "Tool.h"
 
+#include "support/Deadline.h"
+
 #include <gtest/gtest.h>
 
 namespace kelutv::test {
@@ -16,7 +18,8 @@ std::unique_ptr<ChildProcess> startTool(std::vector<std::string> arguments,
 
 ToolRun runTool(std::vector<std::string> arguments, const std::vector<std::string>& environment) {
     const auto process = startTool(std::move(arguments), environment);
-    const auto exit = process->exitCode();
+    // One run may call every function there is, beside other tests.
+    const auto exit = process->exitCode(3 * kPatience);
     EXPECT_TRUE(exit.has_value()) << "the tool was ended by a signal or did not end";
     return {exit.value_or(-1), process->output().text(), process->error().text()};
 }
