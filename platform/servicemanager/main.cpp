@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <set>
 #include <string>
 #include <thread>
@@ -78,7 +79,8 @@ int start(int argc, char** argv) {
         ->option_text("PATH")
         ->envname("KQDROID_BINDER_DEVICE");
     app.add_option("--allow-uid", options.registrars, "Let this user add services too; may be given again")
-        ->option_text("UID");
+        ->option_text("UID")
+        ->check(CLI::Range(std::numeric_limits<uid_t>::max() - 1));
     app.set_version_flag("--version", "kqservicemanager " KELUTV_VERSION);
     try {
         app.parse(argc, argv);
