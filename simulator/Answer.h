@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What a line of the control channel gave: data of any number of lines, or what is wrong with it. */
 struct Answer {
@@ -10,4 +10,4 @@ struct Answer {
     std::string text;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

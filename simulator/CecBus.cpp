@@ -1,12 +1,12 @@
 #include "CecBus.h"
 
-#include "Events.h"
+#include "wire/Events.h"
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -90,7 +90,7 @@ void CecBus::change(CecDevice& device, bool plugged) {
     }
     device.plugged = plugged;
     mRevision.advance();
-    mNotices.push_back({kCecDeviceChanged, payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
+    mNotices.push_back({wire::kCecDeviceChanged, payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
                         device.name + (plugged ? " plugged in" : " unplugged")});
     if (!plugged && mPlaying == device.logAddr) {
         play(kTelevision);
@@ -102,8 +102,8 @@ void CecBus::play(std::int32_t logAddr) {
         mPlaying = logAddr;
         mRevision.advance();
         mNotices.push_back(
-            {kCecPlayingChanged, payloadOf({logAddr}), "CEC device " + std::to_string(logAddr) + " plays"});
+            {wire::kCecPlayingChanged, payloadOf({logAddr}), "CEC device " + std::to_string(logAddr) + " plays"});
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The HDMI inputs and the CEC devices that can be plugged into them. Not synchronised. */
 class CecBus {
@@ -58,4 +58,4 @@ private:
     Revision& mRevision;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -4,7 +4,7 @@
 
 #include <set>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -62,4 +62,4 @@ nlohmann::json jsonOf(const CecDevice& device) {
             {"phyAddr", device.phyAddr}, {"listText", device.listText},       {"plugged", device.plugged}};
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** A device that can be plugged into an HDMI input. */
 struct CecDevice {
@@ -28,4 +28,4 @@ std::vector<CecDevice> readCecDevices(const JsonNode& node);
 
 nlohmann::json jsonOf(const CecDevice& device);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -40,7 +40,7 @@ std::string contentOf(const std::string& path) {
 
 } // namespace
 
-const Scalars& SlotSettings::initialFor(const Scalars& keys) const {
+const wire::Values& SlotSettings::initialFor(const wire::Values& keys) const {
     const auto* const first = keys.empty() ? nullptr : std::get_if<std::int32_t>(&keys.front());
     const auto found = first != nullptr ? initialByKey.find(*first) : initialByKey.end();
     return found != initialByKey.end() ? found->second : initial;
@@ -60,7 +60,7 @@ Configuration Configuration::fromText(const std::string& text, const std::string
     return readConfiguration(JsonNode(whole, file));
 }
 
-const SlotSettings& Configuration::settings(const StateSlot& slot) const {
+const SlotSettings& Configuration::settings(const wire::StateSlot& slot) const {
     static const SlotSettings kPlain;
     const auto found = mParts.slots.find(&slot);
     return found != mParts.slots.end() ? found->second : kPlain;
@@ -69,50 +69,52 @@ const SlotSettings& Configuration::settings(const StateSlot& slot) const {
 Signal Configuration::noSignal() const {
     Signal signal;
     for (const auto& [slot, count] : mParts.signalStates) {
-        signal[slot] = Scalars(count, std::int32_t{0});
+        signal[slot] = wire::Values(count, std::int32_t{0});
     }
     return signal;
 }
 
-std::optional<std::string> Configuration::objectionToSignal(const StateSlot& slot, const Scalars& values) const {
+std::optional<std::string> Configuration::objectionToSignal(const wire::StateSlot& slot,
+                                                            const wire::Values& values) const {
     const auto found = mParts.signalStates.find(&slot);
     if (found == mParts.signalStates.end()) {
         return std::string(slot.name) + " does not show a signal";
     }
-    if (values.size() != found->second ||
-        !std::all_of(values.begin(), values.end(), [&slot](const Scalar& value) { return fits(slot.holds, value); })) {
+    if (values.size() != found->second || !std::all_of(values.begin(), values.end(), [&slot](const wire::Value& value) {
+            return fits(slot.holds, value);
+        })) {
         return std::string(slot.name) + " takes " + std::to_string(found->second) +
                (found->second == 1 ? " integer" : " integers");
     }
     return std::nullopt;
 }
 
-bool fits(Holds holds, const Scalar& scalar) {
+bool fits(wire::Holds holds, const wire::Value& scalar) {
     switch (holds) {
-    case Holds::Integers:
+    case wire::Holds::Integers:
         return std::holds_alternative<std::int32_t>(scalar);
-    case Holds::Reals:
+    case wire::Holds::Reals:
         return std::holds_alternative<double>(scalar);
-    case Holds::Texts:
+    case wire::Holds::Texts:
         return std::holds_alternative<std::string>(scalar);
-    case Holds::Anything:
+    case wire::Holds::Anything:
         break;
     }
     return true;
 }
 
-std::string wordFor(Holds holds) {
+std::string wordFor(wire::Holds holds) {
     switch (holds) {
-    case Holds::Integers:
+    case wire::Holds::Integers:
         return "integers";
-    case Holds::Reals:
+    case wire::Holds::Reals:
         return "numbers";
-    case Holds::Texts:
+    case wire::Holds::Texts:
         return "texts";
-    case Holds::Anything:
+    case wire::Holds::Anything:
         break;
     }
     return "integers or texts";
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

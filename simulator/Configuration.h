@@ -1,17 +1,17 @@
 #pragma once
 
 #include "CecDevice.h"
-#include "Table.h"
+#include "wire/Interface.h"
 
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What a signal puts into each of the states that show it. */
-using Signal = std::map<const StateSlot*, Scalars>;
+using Signal = std::map<const wire::StateSlot*, wire::Values>;
 
 /** Both belong to it. */
 struct Range {
@@ -21,9 +21,9 @@ struct Range {
 
 /** How a television of this configuration treats one of its states. */
 struct SlotSettings {
-    Scalars initial;
+    wire::Values initial;
     /** By the first key; goes before `initial`. */
-    std::map<std::int32_t, Scalars> initialByKey;
+    std::map<std::int32_t, wire::Values> initialByKey;
     std::optional<Range> range;
     /** Published when the value changes; 0 for none. */
     unsigned int event = 0;
@@ -32,7 +32,7 @@ struct SlotSettings {
     bool keyIsSource = false;
     bool valueIsSource = false;
 
-    const Scalars& initialFor(const Scalars& keys) const;
+    const wire::Values& initialFor(const wire::Values& keys) const;
 };
 
 /** An input of the television and what comes down its line. */
@@ -47,9 +47,9 @@ struct SourceSettings {
 class Configuration {
 public:
     struct Parts {
-        std::map<const StateSlot*, SlotSettings> slots;
+        std::map<const wire::StateSlot*, SlotSettings> slots;
         /** The states that show a signal, each with its number of values. */
-        std::map<const StateSlot*, std::size_t> signalStates;
+        std::map<const wire::StateSlot*, std::size_t> signalStates;
         std::map<std::string, Signal> signals;
         std::map<std::int32_t, SourceSettings> sources;
         std::vector<CecDevice> cecDevices;
@@ -67,7 +67,7 @@ public:
     /** What the JSON text says and nothing else; complaints name it as the file. @throws ConfigurationError */
     static Configuration fromText(const std::string& text, const std::string& file);
 
-    const SlotSettings& settings(const StateSlot& slot) const;
+    const SlotSettings& settings(const wire::StateSlot& slot) const;
 
     /** By their identifiers. */
     const std::map<std::int32_t, SourceSettings>& sources() const { return mParts.sources; }
@@ -79,7 +79,7 @@ public:
     Signal noSignal() const;
 
     /** Why a signal cannot have these values for the state; none if it can. */
-    std::optional<std::string> objectionToSignal(const StateSlot& slot, const Scalars& values) const;
+    std::optional<std::string> objectionToSignal(const wire::StateSlot& slot, const wire::Values& values) const;
 
     const std::vector<CecDevice>& cecDevices() const { return mParts.cecDevices; }
 
@@ -91,9 +91,9 @@ private:
 };
 
 /** Whether a value, or a key, is of the kind that the slot holds. */
-bool fits(Holds holds, const Scalar& scalar);
+bool fits(wire::Holds holds, const wire::Value& scalar);
 
 /** What the slot holds, in words: `integers`. */
-std::string wordFor(Holds holds);
+std::string wordFor(wire::Holds holds);
 
-} // namespace simulator
+} // namespace kelutv::simulator

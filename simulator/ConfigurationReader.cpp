@@ -1,7 +1,7 @@
 #include "ConfigurationReader.h"
 
-#include "Nearest.h"
 #include "SlotReader.h"
+#include "wire/text/Nearest.h"
 
 #include <nlohmann/json.hpp>
 
@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <set>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -20,7 +20,7 @@ constexpr char kCurrentSource[] = "sourcemanager.curSource";
 /** The states of a module without its name. */
 std::vector<std::string> statesOf(const std::string& module) {
     std::vector<std::string> names;
-    for (const StateSlot& slot : allStates()) {
+    for (const wire::StateSlot& slot : wire::allStates()) {
         if (slot.module == module) {
             names.emplace_back(slot.name + module.size() + 1);
         }
@@ -28,17 +28,17 @@ std::vector<std::string> statesOf(const std::string& module) {
     return names;
 }
 
-const StateSlot& stateIn(const std::string& module, const std::string& name, const JsonNode& place) {
-    const StateSlot* const slot = findState(module + '.' + name);
+const wire::StateSlot& stateIn(const std::string& module, const std::string& name, const JsonNode& place) {
+    const wire::StateSlot* const slot = wire::findState(module + '.' + name);
     if (slot == nullptr) {
-        place.fail("there is no state '" + name + "' in " + module + nearestOf(name, statesOf(module)));
+        place.fail("there is no state '" + name + "' in " + module + wire::nearestOf(name, statesOf(module)));
     }
     return *slot;
 }
 
 std::vector<std::string> modules() {
     std::set<std::string> names;
-    for (const StateSlot& slot : allStates()) {
+    for (const wire::StateSlot& slot : wire::allStates()) {
         names.insert(slot.module);
     }
     return {names.begin(), names.end()};
@@ -74,7 +74,7 @@ private:
 
     void readModule(const std::string& module, const JsonNode& states) {
         for (const auto& [name, node] : states.members()) {
-            const StateSlot& slot = stateIn(module, name, node);
+            const wire::StateSlot& slot = stateIn(module, name, node);
             mParts.slots[&slot] = readSlot(node, slot);
         }
     }
@@ -84,7 +84,7 @@ private:
         Signal signal;
         for (const auto& [name, values] : node.members()) {
             if (std::find(others.begin(), others.end(), name) == others.end()) {
-                const StateSlot& slot = signalState(values, name);
+                const wire::StateSlot& slot = signalState(values, name);
                 signal[&slot] = readValues(values, slot);
                 checkLength(values, slot, signal[&slot].size());
             }
@@ -92,15 +92,15 @@ private:
         return signal;
     }
 
-    static const StateSlot& signalState(const JsonNode& node, const std::string& name) {
-        const StateSlot& slot = readStateName(node, name);
-        if (slot.holds != Holds::Integers || slot.keys.size() != 0) {
+    static const wire::StateSlot& signalState(const JsonNode& node, const std::string& name) {
+        const wire::StateSlot& slot = readStateName(node, name);
+        if (slot.holds != wire::Holds::Integers || slot.keys.size() != 0) {
             node.fail(name + " cannot show a signal: it is not made of integers, or is kept for each of several keys");
         }
         return slot;
     }
 
-    void checkLength(const JsonNode& node, const StateSlot& slot, std::size_t length) {
+    void checkLength(const JsonNode& node, const wire::StateSlot& slot, std::size_t length) {
         const std::size_t expected = mParts.signalStates.emplace(&slot, length).first->second;
         if (length != expected) {
             node.fail(std::string(slot.name) + " has " + std::to_string(length) + " values here and " +
@@ -148,7 +148,7 @@ private:
             for (const auto& signal : mParts.signals) {
                 names.push_back(signal.first);
             }
-            node.fail("there is no signal " + node.shown() + " in /signals" + nearestOf(node.text(), names));
+            node.fail("there is no signal " + node.shown() + " in /signals" + wire::nearestOf(node.text(), names));
         }
         return found->second;
     }
@@ -181,8 +181,8 @@ private:
     void showFirstSignal() {
         const Configuration nothingShown(mParts);
         Signal first = nothingShown.noSignal();
-        if (const StateSlot* const current = findState(kCurrentSource)) {
-            const Scalars shown = nothingShown.settings(*current).initialFor({std::int32_t{KELU_TV_WINDOW_MAIN}});
+        if (const wire::StateSlot* const current = wire::findState(kCurrentSource)) {
+            const wire::Values shown = nothingShown.settings(*current).initialFor({std::int32_t{KELU_TV_WINDOW_MAIN}});
             const auto found =
                 shown.empty() ? mParts.sources.end() : mParts.sources.find(std::get<std::int32_t>(shown.front()));
             if (found != mParts.sources.end() && found->second.plugged) {
@@ -207,7 +207,7 @@ private:
         }
     }
 
-    void checkSource(const StateSlot& slot, const Scalars& values) const {
+    void checkSource(const wire::StateSlot& slot, const wire::Values& values) const {
         if (!values.empty() && mParts.sources.count(std::get<std::int32_t>(values.front())) == 0) {
             const std::string module = slot.module;
             const JsonNode place = mRoot.at(module).at(slot.name + module.size() + 1).at("initial");
@@ -224,15 +224,15 @@ private:
 Configuration readConfiguration(const JsonNode& root) { return Configuration(Reader(root).read()); }
 
 std::int32_t readSourceName(const JsonNode& place, const std::string& name) {
-    const EnumeratorName* const found = name.rfind(kSourcePrefix, 0) == 0 ? findEnumerator(name) : nullptr;
+    const wire::Enumerator* const found = name.rfind(kSourcePrefix, 0) == 0 ? wire::findEnumerator(name) : nullptr;
     if (found == nullptr) {
-        std::vector<std::string> names = namesOf(allEnumerators());
+        std::vector<std::string> names = namesOf(wire::allEnumerators());
         names.erase(std::remove_if(names.begin(), names.end(),
                                    [](const std::string& other) { return other.rfind(kSourcePrefix, 0) != 0; }),
                     names.end());
-        place.fail("'" + name + "' is no source of KELU_TV_SRC_E" + nearestOf(name, names));
+        place.fail("'" + name + "' is no source of KELU_TV_SRC_E" + wire::nearestOf(name, names));
     }
     return found->value;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,7 +2,7 @@
 
 #include "Configuration.h"
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * Reads a configuration that leaves nothing open: states, sources, signals and CEC devices, held against the catalogue.
@@ -13,4 +13,4 @@ Configuration readConfiguration(const JsonNode& root);
 /** The number that the name of a source stands for. @throws ConfigurationError when there is no such enumerator */
 std::int32_t readSourceName(const JsonNode& place, const std::string& name);
 
-} // namespace simulator
+} // namespace kelutv::simulator

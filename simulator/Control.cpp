@@ -3,12 +3,12 @@
 #include "ControlActions.h"
 #include "ControlVerbs.h"
 #include "ControlWords.h"
-#include "Nearest.h"
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -29,7 +29,7 @@ std::string listFaults(Equipment& equipment, const std::string& rest) {
 }
 
 std::string unknownVerb(const std::string& verb) {
-    return "there is no control command '" + verb + "'" + nearestOf(verb, controlVerbNames()) +
+    return "there is no control command '" + verb + "'" + wire::nearestOf(verb, controlVerbNames()) +
            "; allowed: " + listed(controlVerbNames());
 }
 
@@ -104,4 +104,4 @@ std::optional<std::string> objectionToLine(const std::string& line) {
     return findAction(verb) != nullptr || isState(verb) ? std::nullopt : std::optional<std::string>(unknownVerb(verb));
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

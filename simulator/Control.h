@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * Does what a line of the control channel says; see controlVerbs().
@@ -19,4 +19,4 @@ Answer obey(Equipment& equipment, const std::string& line);
 /** What is wrong with a line as far as can be said without doing it: its verb. */
 std::optional<std::string> objectionToLine(const std::string& line);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * @name What the verbs do.
@@ -27,4 +27,4 @@ std::string get(Equipment& equipment, const std::string& rest);
 std::string show(Equipment& equipment, const std::string& rest);
 /** @} */
 
-} // namespace simulator
+} // namespace kelutv::simulator

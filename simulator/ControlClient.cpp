@@ -11,7 +11,7 @@
 #include <cstring>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -72,4 +72,4 @@ void ControlClient::wait(short events) const {
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

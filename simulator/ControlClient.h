@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** There is no simulator, or it is gone, or it does not answer. */
 class NoSimulator : public std::runtime_error {
@@ -36,4 +36,4 @@ private:
     kq::UniqueFd mSocket;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,10 +2,10 @@
 
 #include "ControlActions.h"
 #include "ControlValues.h"
-#include "Events.h"
 #include "File.h"
 #include "PowerNames.h"
 #include "SlotForm.h"
+#include "wire/Events.h"
 
 #include <kelutv/system_types.h>
 
@@ -16,7 +16,7 @@
 #include <cstring>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -24,19 +24,19 @@ constexpr char kKeyState[] = "systemsetting.keyEvent";
 constexpr std::size_t kLongestVbi = keluem::kMaxPayload - sizeof(std::int32_t);
 
 void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
-    const StateSlot& slot = *findState(kKeyState);
+    const wire::StateSlot& slot = *wire::findState(kKeyState);
     const SlotForm form = formOf(slot);
     equipment.state.keep(slot, {key}, {happened});
-    const std::string name = shortNameOf(key, enumeratorsOf(form.keys[0].names));
-    const std::string what = shortNameOf(happened, enumeratorsOf(form.values[0].names));
-    equipment.notices.push_back({kKeyUsed, payloadOf({key, happened}),
+    const std::string name = shortNameOf(key, enumeratorsOf(*form.keys[0].names));
+    const std::string what = shortNameOf(happened, enumeratorsOf(*form.values[0].names));
+    equipment.notices.push_back({wire::kKeyUsed, payloadOf({key, happened}),
                                  "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
 }
 
 Enumerators modules() {
     constexpr char kPrefix[] = "KELU_EM_MODE_";
     Enumerators modules;
-    for (const EnumeratorName& row : allEnumerators()) {
+    for (const wire::Enumerator& row : wire::allEnumerators()) {
         if (std::strncmp(row.name, kPrefix, std::strlen(kPrefix)) == 0 && row.value != KELU_EM_MODE_BUTT) {
             modules.push_back(row);
         }
@@ -45,7 +45,7 @@ Enumerators modules() {
 }
 
 std::optional<unsigned int> knownEvent(const std::string& word) {
-    for (const EventName& known : allEvents()) {
+    for (const wire::EventName& known : wire::allEvents()) {
         if (word == known.name) {
             return known.event;
         }
@@ -124,9 +124,9 @@ std::string useKey(Equipment& equipment, const std::string& rest) {
     if (words.empty() || words.size() > 2) {
         throw BadLine("key takes a key code, and press or release if it is to be only that");
     }
-    const SlotForm form = formOf(*findState(kKeyState));
-    const std::int32_t key = enumeratorOf(words[0].text(), enumeratorsOf(form.keys[0].names), "key code");
-    const Enumerators happenings = enumeratorsOf(form.values[0].names);
+    const SlotForm form = formOf(*wire::findState(kKeyState));
+    const std::int32_t key = enumeratorOf(words[0].text(), enumeratorsOf(*form.keys[0].names), "key code");
+    const Enumerators happenings = enumeratorsOf(*form.values[0].names);
     if (words.size() == 2) {
         useKey(equipment, key, enumeratorOf(words[1].text(), happenings, "use of a key"));
         return "";
@@ -165,4 +165,4 @@ std::string sendVbi(Equipment& equipment, const std::string& rest) {
     return "";
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

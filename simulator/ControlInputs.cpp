@@ -2,18 +2,18 @@
 
 #include "ControlActions.h"
 #include "ControlValues.h"
-#include "Nearest.h"
+#include "wire/text/Nearest.h"
 
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
 std::int32_t sourceNamed(const Equipment& equipment, const std::string& word) {
     Enumerators names;
     for (const std::int32_t id : equipment.sources.ids()) {
-        names.push_back({id, equipment.sources.nameOf(id).c_str()});
+        names.push_back({equipment.sources.nameOf(id).c_str(), id});
     }
     const std::int32_t id = enumeratorOf(word, names, "source");
     if (!equipment.sources.has(id)) {
@@ -53,7 +53,7 @@ const Signal& presetNamed(const Equipment& equipment, const std::string& name) {
     for (const auto& preset : presets) {
         names.push_back(preset.first);
     }
-    throw BadLine('\'' + name + "' is no signal" + nearestOf(name, names) + "; allowed: " + listed(names) +
+    throw BadLine('\'' + name + "' is no signal" + wire::nearestOf(name, names) + "; allowed: " + listed(names) +
                   ", or STATE=VALUE");
 }
 
@@ -62,8 +62,8 @@ void changeState(const Equipment& equipment, Signal& signal, const std::string& 
     if (!assignment.values) {
         throw BadLine("'" + text + "' is not STATE=VALUE");
     }
-    const StateSlot& slot = slotNamed(assignment.name);
-    Scalars values = valuesOf(slot, *assignment.values);
+    const wire::StateSlot& slot = slotNamed(assignment.name);
+    wire::Values values = valuesOf(slot, *assignment.values);
     if (const auto complaint = equipment.configuration.objectionToSignal(slot, values)) {
         throw BadLine(*complaint);
     }
@@ -93,7 +93,7 @@ Fields fieldsOf(const ControlWords& words) {
         const std::size_t equals = word.find('=');
         const std::string field = word.substr(0, equals);
         if (equals == std::string::npos || std::find(names.begin(), names.end(), field) == names.end()) {
-            throw BadLine("a CEC device has no field '" + field + "'" + nearestOf(field, names) +
+            throw BadLine("a CEC device has no field '" + field + "'" + wire::nearestOf(field, names) +
                           "; allowed: " + listed(names) + ", each with =VALUE");
         }
         if (!fields.emplace(field, word.substr(equals + 1)).second) {
@@ -195,4 +195,4 @@ std::string changeCecDevices(Equipment& equipment, const std::string& rest) {
     return "";
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

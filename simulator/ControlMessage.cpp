@@ -1,6 +1,6 @@
 #include "ControlMessage.h"
 
-namespace simulator {
+namespace kelutv::simulator {
 
 std::deque<std::string> packetsOf(char mark, const std::string& text) {
     constexpr std::size_t kPiece = kLongestPacket - 1;
@@ -27,4 +27,4 @@ void ControlMessage::clear() {
     mMark = kMoreFollows;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

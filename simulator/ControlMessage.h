@@ -4,7 +4,7 @@
 #include <deque>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Where the simulator listens: this socket in this room of the runtime directory. */
 constexpr char kControlRoom[] = "simulator";
@@ -49,4 +49,4 @@ private:
     char mMark = kMoreFollows;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -14,7 +14,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -87,4 +87,4 @@ void ControlReader::endLine() {
     mLine.clear();
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

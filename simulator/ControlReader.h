@@ -4,7 +4,7 @@
 #include <string>
 #include <thread>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * Reads lines for the control channel from a file, in a thread of its own, until the file or the object ends.
@@ -36,4 +36,4 @@ private:
     std::thread mThread;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -14,7 +14,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -140,4 +140,4 @@ bool ControlServer::receive(Client& client) {
     return true;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

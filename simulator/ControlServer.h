@@ -15,7 +15,7 @@
 #include <thread>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * Serves the control channel in a thread of its own, from construction to destruction: any number of lines from each of
@@ -64,4 +64,4 @@ private:
     std::thread mThread;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

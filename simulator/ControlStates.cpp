@@ -3,23 +3,23 @@
 #include "ControlActions.h"
 #include "ControlValues.h"
 #include "PowerNames.h"
-#include "Quote.h"
 #include "SlotAccess.h"
 #include "SlotForm.h"
+#include "wire/text/Quote.h"
 
 #include <set>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
 using Lines = std::vector<std::string>;
 
 /** The keys for which something is known to be kept. */
-std::set<Scalars> knownKeys(const Equipment& equipment, const StateSlot& slot) {
-    std::set<Scalars> keys;
+std::set<wire::Values> knownKeys(const Equipment& equipment, const wire::StateSlot& slot) {
+    std::set<wire::Values> keys;
     if (slot.keys.size() == 0) {
-        return {Scalars{}};
+        return {wire::Values{}};
     }
     for (const auto& entry : equipment.state.all()) {
         if (entry.first.first == &slot) {
@@ -40,25 +40,25 @@ std::set<Scalars> knownKeys(const Equipment& equipment, const StateSlot& slot) {
     return keys;
 }
 
-std::string lineOf(Equipment& equipment, const StateSlot& slot, const Scalars& keys) {
+std::string lineOf(Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys) {
     const Reading reading = readLikeRequest(equipment, slot, keys);
-    if (reading.fault) {
-        throw BadLine(reading.fault->text);
+    if (reading.refusal) {
+        throw BadLine(reading.refusal->text);
     }
     return inWords(slot, keys, reading.values);
 }
 
 /** A line for each of the known keys, as a remark where it does more than keep a value, and one on all other keys. */
-Lines linesOf(Equipment& equipment, const StateSlot& slot) {
+Lines linesOf(Equipment& equipment, const wire::StateSlot& slot) {
     Lines lines;
-    for (const Scalars& keys : knownKeys(equipment, slot)) {
+    for (const wire::Values& keys : knownKeys(equipment, slot)) {
         const std::string remark = isJustKept(equipment, slot, keys) ? "" : "# ";
         lines.push_back(remark + lineOf(equipment, slot, keys));
     }
     const SlotSettings& settings = equipment.configuration.settings(slot);
-    const Scalars anyKeys(slot.keys.size(), std::int32_t{0});
+    const wire::Values anyKeys(slot.keys.size(), std::int32_t{0});
     if (!anyKeys.empty() && !settings.keyIsSource && isJustKept(equipment, slot, anyKeys)) {
-        const Scalars initial = completed(formOf(slot), settings.initial);
+        const wire::Values initial = completed(formOf(slot), settings.initial);
         lines.push_back("# " + std::string(slot.name) + " of any other key: " + inWords(initial));
     }
     return lines;
@@ -86,8 +86,8 @@ Lines sourceLines(Equipment& equipment, const std::string& pattern) {
 
 std::string deviceLine(const CecDevice& device) {
     return "cec add logAddr=" + std::to_string(device.logAddr) + " hdmiDevPort=" + std::to_string(device.hdmiDevPort) +
-           " name=" + inQuotes(device.name) + " phyAddr=" + inQuotes(device.phyAddr) +
-           " listText=" + inQuotes(device.listText) + " plugged=" + (device.plugged ? '1' : '0');
+           " name=" + wire::inQuotes(device.name) + " phyAddr=" + wire::inQuotes(device.phyAddr) +
+           " listText=" + wire::inQuotes(device.listText) + " plugged=" + (device.plugged ? '1' : '0');
 }
 
 Lines cecLines(Equipment& equipment, const std::string& pattern) {
@@ -111,7 +111,7 @@ Lines powerLines(Equipment& equipment, const std::string& pattern) {
  * The place of a state among the lines. Setting one that selects or deselects a source sets others as well, so these go
  * first, and the one that was done last is the last of them.
  */
-int rankOf(const Equipment& equipment, const StateSlot& slot) {
+int rankOf(const Equipment& equipment, const wire::StateSlot& slot) {
     const SlotSettings& settings = equipment.configuration.settings(slot);
     if (settings.keyIsSource) {
         return equipment.sources.isShown() ? 0 : 2;
@@ -122,7 +122,7 @@ int rankOf(const Equipment& equipment, const StateSlot& slot) {
 Lines stateLines(Equipment& equipment, const std::string& pattern) {
     Lines lines;
     for (int rank = 0; rank <= 3; ++rank) {
-        for (const StateSlot& slot : allStates()) {
+        for (const wire::StateSlot& slot : wire::allStates()) {
             if (rankOf(equipment, slot) == rank && matches(slot.name, pattern)) {
                 const Lines more = linesOf(equipment, slot);
                 lines.insert(lines.end(), more.begin(), more.end());
@@ -139,10 +139,10 @@ std::string set(Equipment& equipment, const std::string& rest) {
     if (assignment.name.empty() || !assignment.values) {
         throw BadLine("set takes STATE[KEY...] = VALUE...");
     }
-    const StateSlot& slot = slotNamed(assignment.name);
-    const Scalars keys = keysOf(slot, assignment.keys);
-    if (const auto fault = setLikeRequest(equipment, slot, keys, valuesOf(slot, *assignment.values))) {
-        throw BadLine(fault->text);
+    const wire::StateSlot& slot = slotNamed(assignment.name);
+    const wire::Values keys = keysOf(slot, assignment.keys);
+    if (const auto refusal = setLikeRequest(equipment, slot, keys, valuesOf(slot, *assignment.values))) {
+        throw BadLine(refusal->text);
     }
     return "";
 }
@@ -152,12 +152,12 @@ std::string get(Equipment& equipment, const std::string& rest) {
     if (assignment.name.empty() || assignment.values) {
         throw BadLine("get takes STATE[KEY...]");
     }
-    const StateSlot& slot = slotNamed(assignment.name);
+    const wire::StateSlot& slot = slotNamed(assignment.name);
     const Lines all = assignment.keys.empty() && slot.keys.size() > 0 ? linesOf(equipment, slot) : Lines();
     if (!all.empty()) {
         return joinedLines(all);
     }
-    const Scalars keys = keysOf(slot, assignment.keys);
+    const wire::Values keys = keysOf(slot, assignment.keys);
     return lineOf(equipment, slot, keys);
 }
 
@@ -174,4 +174,4 @@ std::string show(Equipment& equipment, const std::string& rest) {
     return joinedLines(all);
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

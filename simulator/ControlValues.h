@@ -4,19 +4,19 @@
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The slot of the name, or of what stands behind the dot of it if that is clear. @throws BadLine */
-const StateSlot& slotNamed(const std::string& name);
+const wire::StateSlot& slotNamed(const std::string& name);
 
 /** Keys and values as the slot has them: numbers, enumerators in a short form, texts. @throws BadLine */
-Scalars keysOf(const StateSlot& slot, const ControlWords& words);
-Scalars valuesOf(const StateSlot& slot, const ControlWords& words);
+wire::Values keysOf(const wire::StateSlot& slot, const ControlWords& words);
+wire::Values valuesOf(const wire::StateSlot& slot, const ControlWords& words);
 
 /** Scalars as the words that say them. */
-std::string inWords(const Scalars& scalars, const char* separator = ", ");
+std::string inWords(const wire::Values& scalars, const char* separator = ", ");
 
 /** `NAME[KEY...] = VALUE...`, the brackets only with keys. */
-std::string inWords(const StateSlot& slot, const Scalars& keys, const Scalars& values);
+std::string inWords(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -44,7 +44,7 @@ std::string helpOf(const ControlVerb& verb) {
 
 } // namespace
 
-Rows<ControlVerb> controlVerbs() { return kVerbs; }
+wire::Rows<ControlVerb> controlVerbs() { return kVerbs; }
 
 const ControlVerb* findControlVerb(const std::string& name) {
     const auto* const found = std::find_if(std::begin(kVerbs), std::end(kVerbs),
@@ -70,4 +70,4 @@ std::string controlHelp(const std::string& name) {
     return text;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

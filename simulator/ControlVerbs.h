@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Rows.h"
+#include "wire/Rows.h"
 
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What the control channel understands, in words. */
 struct ControlVerb {
@@ -17,7 +17,7 @@ struct ControlVerb {
 };
 
 /** In alphabetical order. */
-Rows<ControlVerb> controlVerbs();
+wire::Rows<ControlVerb> controlVerbs();
 
 /** Null when there is none. */
 const ControlVerb* findControlVerb(const std::string& name);
@@ -27,4 +27,4 @@ std::vector<std::string> controlVerbNames();
 /** Every verb with its form and an example, or one of them; empty when there is none of the name. */
 std::string controlHelp(const std::string& name = "");
 
-} // namespace simulator
+} // namespace kelutv::simulator

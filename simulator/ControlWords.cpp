@@ -1,7 +1,7 @@
 #include "ControlWords.h"
 
-#include "Nearest.h"
 #include "Words.h"
+#include "wire/text/Nearest.h"
 
 #include <fnmatch.h>
 #include <strings.h>
@@ -11,7 +11,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -70,7 +70,7 @@ std::string folded(const std::string& name) {
 std::size_t commonLength(const Enumerators& names) {
     const std::string_view first = names[0].name;
     std::size_t common = first.size();
-    for (const EnumeratorName& row : names) {
+    for (const wire::Enumerator& row : names) {
         const std::string_view name = row.name;
         common = static_cast<std::size_t>(
             std::mismatch(first.begin(), first.begin() + static_cast<std::ptrdiff_t>(std::min(common, name.size())),
@@ -86,7 +86,7 @@ std::size_t commonLength(const Enumerators& names) {
 std::vector<std::string> shortNames(const Enumerators& names) {
     const std::size_t common = names.empty() ? 0 : commonLength(names);
     std::vector<std::string> result;
-    for (const EnumeratorName& row : names) {
+    for (const wire::Enumerator& row : names) {
         std::string name = row.name + common;
         std::transform(name.begin(), name.end(), name.begin(),
                        [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
@@ -102,7 +102,7 @@ bool beginsWord(const std::string& name, std::size_t at) {
 }
 
 std::string unknownName(const std::string& word, const std::vector<std::string>& names, const std::string& what) {
-    return '\'' + word + "' is no " + what + nearestOf(word, names) + "; allowed: " + listed(names);
+    return '\'' + word + "' is no " + what + wire::nearestOf(word, names) + "; allowed: " + listed(names);
 }
 
 } // namespace
@@ -178,10 +178,10 @@ std::optional<std::string> bytesOf(const std::string& hex) {
     return bytes;
 }
 
-Enumerators enumeratorsOf(const EnumerationNames& names) {
+Enumerators enumeratorsOf(const wire::Enumeration& enumeration) {
     constexpr std::string_view kEnd = "_BUTT";
     Enumerators enumerators;
-    for (const EnumeratorName& row : names) {
+    for (const wire::Enumerator& row : enumeration.values) {
         const std::string_view name = row.name;
         if (name.size() < kEnd.size() || name.substr(name.size() - kEnd.size()) != kEnd) {
             enumerators.push_back(row);
@@ -267,4 +267,4 @@ std::string listed(const std::vector<std::string>& names) {
     return result;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Table.h"
+#include "wire/Interface.h"
 
 #include <cstdint>
 #include <optional>
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What is wrong with a line of the control channel; nothing has been done then. */
 class BadLine : public std::runtime_error {
@@ -44,10 +44,10 @@ std::optional<std::int32_t> int32Of(const std::string& word);
 /** Bytes in hexadecimal; colons and `0x` in front do not count. */
 std::optional<std::string> bytesOf(const std::string& hex);
 
-using Enumerators = std::vector<EnumeratorName>;
+using Enumerators = std::vector<wire::Enumerator>;
 
 /** Without the marker of the end. */
-Enumerators enumeratorsOf(const EnumerationNames& names);
+Enumerators enumeratorsOf(const wire::Enumeration& enumeration);
 
 /**
  * The value of an enumerator by its name, by what stands behind the words that all names have in common, or by the
@@ -75,4 +75,4 @@ std::string joinedLines(const std::vector<std::string>& lines);
 /** `a, b and c`. */
 std::string listed(const std::vector<std::string>& names);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,8 +1,8 @@
 #pragma once
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The text of defaults.json. */
 const char* defaultConfiguration();
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <stdexcept>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -72,4 +72,4 @@ void EepStore::save(const std::string& content) const {
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The two memories of the television, each with addresses from 0 to `EepStore::kSize` - 1. */
 enum class Memory { Eep, FlashEep };
@@ -54,4 +54,4 @@ private:
     std::string mCommitted;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -8,7 +8,7 @@
 #include <string>
 #include <thread>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -42,4 +42,4 @@ bool isIdle(const std::string& status) { return status.empty() || status.find("S
 
 void endWhenAnswered() { std::thread(endWhenIdle, ::gettid()).detach(); }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The exit code of a simulator that a fault ended. */
 constexpr int kEndedByFault = 3;
@@ -8,4 +8,4 @@ constexpr int kEndedByFault = 3;
 /** Ends the process as soon as the calling thread waits for its next request, so that this one is answered. */
 void endWhenAnswered();
 
-} // namespace simulator
+} // namespace kelutv::simulator

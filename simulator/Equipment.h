@@ -13,7 +13,7 @@
 
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What the television is made of. Not synchronised. */
 struct Equipment {
@@ -35,4 +35,4 @@ struct Equipment {
     Power power{notices, revision};
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,14 +1,14 @@
 #include "FaultRule.h"
 
-#include "Nearest.h"
 #include "Words.h"
+#include "wire/text/Nearest.h"
 
 #include <limits>
 #include <map>
 #include <stdexcept>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -65,7 +65,7 @@ private:
             for (const auto& reader : readers()) {
                 known.push_back(reader.first);
             }
-            throw std::invalid_argument("a fault knows no '" + mClause + "'" + nearestOf(mClause, known) +
+            throw std::invalid_argument("a fault knows no '" + mClause + "'" + wire::nearestOf(mClause, known) +
                                         "; it takes from PID, nth N, once, times N and one of " + kEffects);
         }
         (this->*found->second)();
@@ -142,4 +142,4 @@ FaultRule readFault(const std::string& line) {
             clauses.nth.value_or(1), isSingle ? 1 : clauses.times, *clauses.effect};
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** One thing that goes wrong with an answer. */
 struct Effect {
@@ -35,4 +35,4 @@ struct FaultRule {
 /** The fault that stands behind the verb `fault`. @throws std::invalid_argument saying what is wrong with it */
 FaultRule readFault(const std::string& line);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
-bool isMeant(const FaultRule& rule, const Request& request, pid_t caller) {
+bool isMeant(const FaultRule& rule, const wire::Request& request, pid_t caller) {
     return (!rule.caller || *rule.caller == caller) && rule.pattern.matches(request);
 }
 
@@ -30,7 +30,7 @@ std::vector<std::string> Faults::list() const {
     return lines;
 }
 
-std::vector<FaultRule> Faults::meet(const Request& request, pid_t caller) {
+std::vector<FaultRule> Faults::meet(const wire::Request& request, pid_t caller) {
     std::vector<FaultRule> hits;
     for (Entry& entry : mEntries) {
         if (isMeant(entry.rule, request, caller) && ++entry.seen >= entry.rule.nth) {
@@ -44,4 +44,4 @@ std::vector<FaultRule> Faults::meet(const Request& request, pid_t caller) {
     return hits;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

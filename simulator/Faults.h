@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The faults that are to happen, in the order in which they were given. Not synchronised. */
 class Faults {
@@ -27,7 +27,7 @@ public:
     void clear() { mEntries.clear(); }
 
     /** The faults that hit this request; those that have happened as often as they were to are forgotten. */
-    std::vector<FaultRule> meet(const Request& request, pid_t caller);
+    std::vector<FaultRule> meet(const wire::Request& request, pid_t caller);
 
 private:
     struct Entry {
@@ -39,4 +39,4 @@ private:
     std::vector<Entry> mEntries;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

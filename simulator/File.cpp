@@ -10,7 +10,7 @@
 #include <cstring>
 #include <stdexcept>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -122,4 +122,4 @@ void replaceFile(const std::string& path, const std::string& content, Outlives o
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

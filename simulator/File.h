@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Says what cannot be done with which file, and why by `errno`. @throws std::runtime_error always */
 [[noreturn]] void failToUse(const std::string& what, const std::string& path);
@@ -54,4 +54,4 @@ enum class Outlives { Process, Machine };
  */
 void replaceFile(const std::string& path, const std::string& content, Outlives outlives = Outlives::Machine);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -32,7 +32,7 @@ constexpr Setting kSettings[] = {
 };
 
 /** The line of a setting in the file. */
-std::string lineOf(const Setting& setting, const Scalars& values) {
+std::string lineOf(const Setting& setting, const wire::Values& values) {
     std::string line = setting.state;
     for (std::size_t i = 0; i < setting.numbers; ++i) {
         line += ' ' + std::to_string(i < values.size() ? std::get<std::int32_t>(values[i]) : 0);
@@ -41,15 +41,15 @@ std::string lineOf(const Setting& setting, const Scalars& values) {
 }
 
 /** The numbers behind the name; empty unless the line is exactly as `lineOf` writes it. */
-Scalars numbersIn(const std::string& line, const Setting& setting) {
+wire::Values numbersIn(const std::string& line, const Setting& setting) {
     std::istringstream text(line);
     std::string name;
     text >> name;
-    Scalars values;
+    wire::Values values;
     for (std::int32_t value = 0; text >> value;) {
         values.emplace_back(value);
     }
-    return values.size() == setting.numbers && line == lineOf(setting, values) ? values : Scalars{};
+    return values.size() == setting.numbers && line == lineOf(setting, values) ? values : wire::Values{};
 }
 
 std::string contentOf(const std::string& path) {
@@ -70,9 +70,9 @@ std::string nextLine(std::istringstream& text) {
     return line;
 }
 
-std::vector<Scalars> settingsIn(const std::string& content, const std::string& path) {
+std::vector<wire::Values> settingsIn(const std::string& content, const std::string& path) {
     std::istringstream text(content);
-    std::vector<Scalars> settings;
+    std::vector<wire::Values> settings;
     bool sound = nextLine(text) == kFirstLine;
     for (const Setting& setting : kSettings) {
         settings.push_back(numbersIn(nextLine(text), setting));
@@ -98,23 +98,23 @@ void backUpHotel(const State& state, const std::string& path) {
     refuseOtherThanFile(target);
     std::string content = std::string(kFirstLine) + '\n';
     for (const Setting& setting : kSettings) {
-        content += lineOf(setting, state.kept(*findState(setting.state), {})) + '\n';
+        content += lineOf(setting, state.kept(*wire::findState(setting.state), {})) + '\n';
     }
     replaceFile(target, content + kLastLine + '\n');
 }
 
 void restoreHotel(State& state, const std::string& path) {
-    const std::vector<Scalars> settings = settingsIn(contentOf(path), path);
+    const std::vector<wire::Values> settings = settingsIn(contentOf(path), path);
     for (std::size_t i = 0; i < settings.size(); ++i) {
-        state.keep(*findState(kSettings[i].state), {}, settings[i]);
+        state.keep(*wire::findState(kSettings[i].state), {}, settings[i]);
     }
 }
 
 void resetHotel(State& state) {
-    state.restore([](const StateSlot& slot) {
+    state.restore([](const wire::StateSlot& slot) {
         return std::any_of(std::begin(kSettings), std::end(kSettings),
-                           [&slot](const Setting& setting) { return &slot == findState(setting.state); });
+                           [&slot](const Setting& setting) { return &slot == wire::findState(setting.state); });
     });
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * Writes the hotel settings to a file, which is replaced as a whole.
@@ -21,4 +21,4 @@ void restoreHotel(State& state, const std::string& path);
 /** Brings the hotel settings back to what they start with. */
 void resetHotel(State& state);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,6 +1,6 @@
 #include "JsonNode.h"
 
-#include "Nearest.h"
+#include "wire/text/Nearest.h"
 
 #include <nlohmann/json.hpp>
 
@@ -8,7 +8,7 @@
 #include <limits>
 #include <set>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -74,7 +74,8 @@ std::vector<std::pair<std::string, JsonNode>> JsonNode::membersOf(const std::vec
     auto all = members();
     for (const auto& [name, node] : all) {
         if (std::find(allowed.begin(), allowed.end(), name) == allowed.end()) {
-            node.fail("there is no '" + name + "' here, only " + commaSeparated(allowed) + nearestOf(name, allowed));
+            node.fail("there is no '" + name + "' here, only " + commaSeparated(allowed) +
+                      wire::nearestOf(name, allowed));
         }
     }
     return all;
@@ -150,4 +151,4 @@ JsonNode JsonNode::child(const nlohmann::json& value, const std::string& step) c
     return {value, mFile, mPath + '/' + step};
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

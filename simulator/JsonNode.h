@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What is wrong with a configuration or a kept state: which file, where in it, what and what is allowed. */
 class ConfigurationError : public std::runtime_error {
@@ -69,4 +69,4 @@ private:
     std::string mPath;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

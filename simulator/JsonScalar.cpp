@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <limits>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -63,7 +63,7 @@ double unusualReal(const JsonNode& node) {
     return text == "nan" ? Limits::quiet_NaN() : text == "inf" ? Limits::infinity() : -Limits::infinity();
 }
 
-json jsonOf(const Scalar& scalar) {
+json jsonOf(const wire::Value& scalar) {
     if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
         return *number;
     }
@@ -74,33 +74,33 @@ json jsonOf(const Scalar& scalar) {
     return isUtf8(text) ? json(text) : json::object({{"hex", hexOf(text)}});
 }
 
-Scalar scalarOf(const JsonNode& node) {
+wire::Value scalarOf(const JsonNode& node) {
     if (node.value().is_object()) {
         node.membersOf({"hex", "real"});
-        return node.has("hex") ? Scalar(bytesOf(node.at("hex"))) : Scalar(unusualReal(node.at("real")));
+        return node.has("hex") ? wire::Value(bytesOf(node.at("hex"))) : wire::Value(unusualReal(node.at("real")));
     }
     if (node.value().is_string()) {
         return node.text();
     }
-    return node.value().is_number_float() ? Scalar(node.real()) : Scalar(node.number());
+    return node.value().is_number_float() ? wire::Value(node.real()) : wire::Value(node.number());
 }
 
 } // namespace
 
-json toJson(const Scalars& scalars) {
+json toJson(const wire::Values& scalars) {
     json list = json::array();
-    for (const Scalar& scalar : scalars) {
+    for (const wire::Value& scalar : scalars) {
         list.push_back(jsonOf(scalar));
     }
     return list;
 }
 
-Scalars readScalars(const JsonNode& node) {
-    Scalars scalars;
+wire::Values readValues(const JsonNode& node) {
+    wire::Values scalars;
     for (const JsonNode& element : node.elements()) {
         scalars.push_back(scalarOf(element));
     }
     return scalars;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "JsonNode.h"
-#include "Scalar.h"
+#include "wire/Value.h"
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** A list of scalars. Bytes that are no UTF-8 become `{"hex": "00ff"}`, a number that JSON lacks `{"real": "nan"}`. */
-nlohmann::json toJson(const Scalars& scalars);
+nlohmann::json toJson(const wire::Values& scalars);
 
 /** The reverse. @throws ConfigurationError */
-Scalars readScalars(const JsonNode& node);
+wire::Values readValues(const JsonNode& node);
 
-} // namespace simulator
+} // namespace kelutv::simulator

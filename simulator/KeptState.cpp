@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -68,14 +68,14 @@ std::string devicesOf(const Equipment& equipment) {
 
 void readSetting(const Equipment& equipment, const JsonNode& node, State::Kept& settings) {
     node.membersOf({"state", "key", "value"});
-    const StateSlot& slot = readStateName(node.at("state"), node.at("state").text());
-    const Scalars keys = node.has("key") ? readScalars(node.at("key")) : Scalars{};
-    if (const auto fault = objectionToKeys(equipment, slot, keys)) {
-        node.fail(fault->text);
+    const wire::StateSlot& slot = readStateName(node.at("state"), node.at("state").text());
+    const wire::Values keys = node.has("key") ? readValues(node.at("key")) : wire::Values{};
+    if (const auto refusal = objectionToKeys(equipment, slot, keys)) {
+        node.fail(refusal->text);
     }
-    const Scalars values = readScalars(node.at("value"));
-    if (const auto fault = objectionToValues(equipment, slot, values)) {
-        node.at("value").fail(fault->text);
+    const wire::Values values = readValues(node.at("value"));
+    if (const auto refusal = objectionToValues(equipment, slot, values)) {
+        node.at("value").fail(refusal->text);
     }
     if (!settings.emplace(std::make_pair(&slot, keys), values).second) {
         node.fail(std::string(slot.name) + " stands twice with this key");
@@ -85,8 +85,8 @@ void readSetting(const Equipment& equipment, const JsonNode& node, State::Kept& 
 Signal readSignal(const Configuration& configuration, const JsonNode& node) {
     Signal signal = configuration.noSignal();
     for (const auto& [name, member] : node.members()) {
-        const StateSlot& slot = readStateName(member, name);
-        const Scalars values = readScalars(member);
+        const wire::StateSlot& slot = readStateName(member, name);
+        const wire::Values values = readValues(member);
         if (const auto objection = configuration.objectionToSignal(slot, values)) {
             member.fail(*objection);
         }
@@ -168,4 +168,4 @@ void takeOver(Equipment& equipment, const JsonNode& root) {
     equipment.cec.takeOver(std::move(devices), playing);
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

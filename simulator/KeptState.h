@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Everything that a state file keeps of the equipment, as JSON text with a line for each thing. */
 std::string textOf(const Equipment& equipment);
@@ -15,4 +15,4 @@ std::string textOf(const Equipment& equipment);
  */
 void takeOver(Equipment& equipment, const JsonNode& root);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** An event that is to be published. */
 struct Notice {
@@ -20,4 +20,4 @@ using Notices = std::vector<Notice>;
 /** A row of int32 words as they stand in a payload. */
 std::string payloadOf(std::initializer_list<std::int32_t> words);
 
-} // namespace simulator
+} // namespace kelutv::simulator

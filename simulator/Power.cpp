@@ -1,10 +1,10 @@
 #include "Power.h"
 
-#include "Events.h"
+#include "wire/Events.h"
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 void Power::enter(PowerState state) {
     if (mState == state) {
@@ -16,7 +16,7 @@ void Power::enter(PowerState state) {
     if (state != PowerState::On) {
         mLastOff = number;
     }
-    mNotices.push_back({kPowerStateChanged, payloadOf({number}), "power state = " + std::to_string(number)});
+    mNotices.push_back({wire::kPowerStateChanged, payloadOf({number}), "power state = " + std::to_string(number)});
 }
 
 void Power::wake(std::int32_t wakeupMode) {
@@ -33,4 +33,4 @@ void Power::takeOver(PowerState state, std::int32_t lastPowerOffMode, std::int32
     mWakeupMode = wakeupMode;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What the television is doing; the numbers are those of the event and of the last power-off mode. */
 enum class PowerState : std::int32_t {
@@ -42,4 +42,4 @@ private:
     Revision& mRevision;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,12 +1,12 @@
 #include "PowerNames.h"
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
-constexpr EnumeratorName row(PowerState state, const char* name) { return {static_cast<std::int32_t>(state), name}; }
+constexpr wire::Enumerator row(PowerState state, const char* name) { return {name, static_cast<std::int32_t>(state)}; }
 
-constexpr EnumeratorName kNames[] = {
+constexpr wire::Enumerator kNames[] = {
     row(PowerState::On, "on"),
     row(PowerState::Suspended, "suspended"),
     row(PowerState::SuspendedToMemory, "memory"),
@@ -17,8 +17,8 @@ constexpr EnumeratorName kNames[] = {
 
 } // namespace
 
-EnumerationNames powerStateNames() { return kNames; }
+wire::Enumeration powerStateNames() { return {"PowerState", kNames}; }
 
 std::string wordFor(PowerState state) { return kNames[static_cast<std::size_t>(state)].name; }
 
-} // namespace simulator
+} // namespace kelutv::simulator

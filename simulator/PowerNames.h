@@ -1,14 +1,14 @@
 #pragma once
 
 #include "Power.h"
-#include "Table.h"
+#include "wire/Interface.h"
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What the control channel calls the power states. */
-EnumerationNames powerStateNames();
+wire::Enumeration powerStateNames();
 std::string wordFor(PowerState state);
 
-} // namespace simulator
+} // namespace kelutv::simulator

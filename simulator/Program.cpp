@@ -16,7 +16,7 @@
 #include <cstring>
 #include <optional>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -184,4 +184,4 @@ void Program::end() {
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

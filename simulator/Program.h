@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What the command line says. */
 struct Options {
@@ -57,4 +57,4 @@ private:
     std::atomic<int> mFailedSteps{0};
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

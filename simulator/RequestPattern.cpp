@@ -1,15 +1,15 @@
 #include "RequestPattern.h"
 
 #include "ControlWords.h"
-#include "Names.h"
-#include "Nearest.h"
+#include "wire/text/EnumeratorNames.h"
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -36,17 +36,17 @@ bool fits(std::string_view pattern, std::string_view name) {
     return pattern.find_first_not_of('*', at) == std::string_view::npos;
 }
 
-std::string itemName(const Operation& operation, std::int32_t item) {
-    return nameOfValue(item, operation.request[0].names);
+std::string itemName(const wire::Operation& operation, std::int32_t item) {
+    return wire::nameOfValue(item, operation.request[0].names);
 }
 
 /** Every name that can stand for requests. */
 std::vector<std::string> allNames() {
     std::vector<std::string> names;
-    for (const Command& command : allCommands()) {
+    for (const wire::Command& command : wire::allCommands()) {
         names.emplace_back(command.name);
     }
-    for (const Item& item : allItems()) {
+    for (const wire::Item& item : wire::allItems()) {
         names.push_back(itemName(item.operation, item.value));
     }
     return names;
@@ -56,18 +56,18 @@ std::vector<std::string> allNames() {
 
 RequestPattern::RequestPattern(const std::string& word) : mName(word == "any" ? "*" : word), mNumber(int32Of(word)) {
     if (mNumber) {
-        if (findCommand(*mNumber) == nullptr) {
+        if (wire::findCommand(*mNumber) == nullptr) {
             throw std::invalid_argument("there is no command " + word);
         }
         return;
     }
     const std::vector<std::string> names = allNames();
     if (std::none_of(names.begin(), names.end(), [this](const std::string& name) { return fits(mName, name); })) {
-        throw std::invalid_argument("there is no command or item '" + word + "'" + nearestOf(word, names));
+        throw std::invalid_argument("there is no command or item '" + word + "'" + wire::nearestOf(word, names));
     }
 }
 
-bool RequestPattern::matches(const Request& request) const {
+bool RequestPattern::matches(const wire::Request& request) const {
     if (mNumber) {
         return request.number == mNumber;
     }
@@ -81,4 +81,4 @@ bool RequestPattern::matches(const Request& request) const {
            fits(mName, itemName(*request.operation, std::get<std::int32_t>(request.arguments.front().front())));
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "Request.h"
+#include "wire/codec/Request.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Which requests are meant: `CMD_AUDIO_*`, `CMDID_AUDIO_GET_MAX_VOLUME`, `0x2008` or `any`. */
 class RequestPattern {
@@ -14,7 +14,7 @@ public:
     /** @throws std::invalid_argument when no command and no item is meant, with the nearest name */
     explicit RequestPattern(const std::string& word);
 
-    bool matches(const Request& request) const;
+    bool matches(const wire::Request& request) const;
 
 private:
     /** With `*` for any characters. */
@@ -22,4 +22,4 @@ private:
     std::optional<std::int32_t> mNumber;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Counts the changes to what the television keeps. */
 class Revision {
@@ -14,4 +14,4 @@ private:
     std::uint64_t mNumber = 0;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

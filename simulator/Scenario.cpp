@@ -1,8 +1,8 @@
 #include "Scenario.h"
 
 #include "ControlWords.h"
-#include "Nearest.h"
 #include "Words.h"
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -11,7 +11,7 @@
 #include <fstream>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -161,7 +161,7 @@ std::string findScenario(const std::string& nameOrPath) {
     }
     const std::vector<std::string> names = scenarioNames();
     throw ScenarioError("there is no scenario '" + nameOrPath + "', neither a file nor one of: " + listed(names) +
-                        nearestOf(nameOrPath, names));
+                        wire::nearestOf(nameOrPath, names));
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** A scenario that cannot be played; the text names file and line. */
 class ScenarioError : public std::runtime_error {
@@ -49,4 +49,4 @@ Scenario readScenario(const std::string& path, const Scenario::Check& check);
  */
 std::string findScenario(const std::string& nameOrPath);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 ScenarioPlayer::ScenarioPlayer(Scenario scenario, double speed)
     : mScenario(std::move(scenario)), mSpeed(speed), mArmed(mScenario.steps.size()) {}
@@ -112,4 +112,4 @@ void ScenarioPlayer::fail(const ScenarioStep& step, const std::string& complaint
     std::fprintf(stderr, "kelutv-simulator: %s:%d: %s\n", mScenario.path.c_str(), step.lineNumber, complaint.c_str());
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

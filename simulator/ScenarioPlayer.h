@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * Plays a scenario in a thread of its own.
@@ -69,4 +69,4 @@ private:
     std::thread mThread;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,9 +1,9 @@
 #include "Service.h"
 
 #include "Ending.h"
-#include "Request.h"
 #include "Spoil.h"
 #include "Trace.h"
+#include "wire/codec/Request.h"
 
 #include <binder/IPCThreadState.h>
 #include <binder/Parcel.h>
@@ -16,7 +16,7 @@
 #include <cstring>
 #include <thread>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 using android::Parcel;
 using android::status_t;
@@ -25,8 +25,8 @@ namespace {
 
 Notice noticeOf(const Change& change) {
     std::string payload;
-    for (const Scalars& scalars : {change.keys, change.values}) {
-        for (const Scalar& scalar : scalars) {
+    for (const wire::Values& scalars : {change.keys, change.values}) {
+        for (const wire::Value& scalar : scalars) {
             payload += payloadOf({std::get<std::int32_t>(scalar)});
         }
     }
@@ -61,11 +61,11 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
     if (mEnding) {
         waitForTheEnd();
     }
-    const Request request = readRequest(data);
+    const wire::Request request = wire::readRequest(data);
     FaultRules faults;
-    const Reply answered = answer(request, faults);
+    const wire::Reply answered = answer(request, faults);
     if (reply != nullptr) {
-        writeReply(answered, *reply);
+        wire::writeReply(answered, *reply);
         for (const FaultRule& fault : faults) {
             spoil(fault.effect, request, answered, *reply);
         }
@@ -80,14 +80,14 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
     return android::NO_ERROR;
 }
 
-Reply Service::answer(const Request& request, FaultRules& faults) {
+wire::Reply Service::answer(const wire::Request& request, FaultRules& faults) {
     const std::lock_guard<std::mutex> lock(mMutex);
     faults = mTelevision.meetFaults(request, caller());
     for (const FaultRule& fault : faults) {
         tell([&](Watcher& watcher) { watcher.faulted(caller(), request, fault); });
     }
     endIfToldTo(faults);
-    const Reply reply = carryOut(request, faults);
+    const wire::Reply reply = carryOut(request, faults);
     tell([&](Watcher& watcher) { watcher.served({caller(), request, reply}); });
     settle();
     return reply;
@@ -103,11 +103,11 @@ void Service::endIfToldTo(const FaultRules& faults) {
     }
 }
 
-Reply Service::carryOut(const Request& request, const FaultRules& faults) {
+wire::Reply Service::carryOut(const wire::Request& request, const FaultRules& faults) {
     if (const Effect* const error = effectOf(faults, Effect::Kind::Error)) {
         return {error->amount, "a fault", {}};
     }
-    return request.fault ? refusal(*request.fault) : mTelevision.perform(request);
+    return request.refusal ? replyTo(*request.refusal) : mTelevision.perform(request);
 }
 
 Answer Service::control(const std::string& line) {
@@ -147,4 +147,4 @@ void Service::tell(const std::function<void(Watcher&)>& news) {
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The binder object behind "TVBaseService". */
 class Service : public android::BBinder {
@@ -40,9 +40,9 @@ protected:
 private:
     using FaultRules = std::vector<FaultRule>;
 
-    Reply answer(const Request& request, FaultRules& faults);
+    wire::Reply answer(const wire::Request& request, FaultRules& faults);
     void endIfToldTo(const FaultRules& faults);
-    Reply carryOut(const Request& request, const FaultRules& faults);
+    wire::Reply carryOut(const wire::Request& request, const FaultRules& faults);
     /** Publishes what is new, then tells the watchers. */
     void settle();
     void publish(const Notice& notice);
@@ -56,4 +56,4 @@ private:
     std::atomic<bool> mEnding{false};
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "Equipment.h"
-#include "Request.h"
+#include "wire/codec/Request.h"
 
 #include <optional>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * @name States as requests read and set them, also those that have a command of their own, like the EEP.
@@ -13,18 +13,18 @@ namespace simulator {
  */
 
 /** Why the state cannot be set like that, and then nothing is done. */
-std::optional<Fault> setLikeRequest(Equipment& equipment, const StateSlot& slot, const Scalars& keys,
-                                    const Scalars& values);
+std::optional<wire::Refusal> setLikeRequest(Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys,
+                                            const wire::Values& values);
 
 /** Why there is no such value, or the value. */
 struct Reading {
-    std::optional<Fault> fault;
-    Scalars values;
+    std::optional<wire::Refusal> refusal;
+    wire::Values values;
 };
-Reading readLikeRequest(Equipment& equipment, const StateSlot& slot, const Scalars& keys);
+Reading readLikeRequest(Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys);
 
 /** Whether setting the state to what it is does nothing. */
-bool isJustKept(const Equipment& equipment, const StateSlot& slot, const Scalars& keys);
+bool isJustKept(const Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys);
 /** @} */
 
-} // namespace simulator
+} // namespace kelutv::simulator

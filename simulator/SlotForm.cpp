@@ -2,25 +2,25 @@
 
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
-EnumerationNames namesOf(const EnumerationNames* names) { return names != nullptr ? *names : EnumerationNames(); }
-
-bool isBlock(Kind kind) { return kind == Kind::Ints || kind == Kind::Doubles; }
-
-SlotPart partOf(const Operation& operation, const Operand& operand) {
-    if (operand.index < 0) {
-        return {Kind::Int32, {}};
-    }
-    const RequestItem& item = operation.request[static_cast<std::size_t>(operand.index)];
-    return {item.kind, namesOf(item.names)};
+bool isBlock(wire::Encoding encoding) {
+    return encoding == wire::Encoding::Ints || encoding == wire::Encoding::Doubles;
 }
 
-std::vector<SlotPart> partsOf(const Operation& operation, const Rows<Operand>& operands) {
+SlotPart partOf(const wire::Operation& operation, const wire::Operand& operand) {
+    if (operand.index < 0) {
+        return {wire::Encoding::Int32, nullptr};
+    }
+    const wire::RequestItem& item = operation.request[static_cast<std::size_t>(operand.index)];
+    return {item.encoding, item.names};
+}
+
+std::vector<SlotPart> partsOf(const wire::Operation& operation, const wire::Rows<wire::Operand>& operands) {
     std::vector<SlotPart> parts;
-    for (const Operand& operand : operands) {
+    for (const wire::Operand& operand : operands) {
         parts.push_back(partOf(operation, operand));
     }
     return parts;
@@ -28,56 +28,56 @@ std::vector<SlotPart> partsOf(const Operation& operation, const Rows<Operand>& o
 
 /** What a block holds can have any length; the first of it is there always in a block of fixed length. */
 void addPart(SlotForm& form, const SlotPart& part, int count) {
-    form.isOpen = form.isOpen || count == kRestOfReply || count > 1;
+    form.isOpen = form.isOpen || count == wire::kRestOfReply || count > 1;
     if (count > 0) {
         form.values.push_back(part);
     }
 }
 
-SlotForm formForSet(const Operation& operation) {
+SlotForm formForSet(const wire::Operation& operation) {
     SlotForm form{partsOf(operation, operation.rule.keys), {}, false};
     for (const SlotPart& part : partsOf(operation, operation.rule.values)) {
-        addPart(form, part, isBlock(part.kind) ? kRestOfReply : 1);
+        addPart(form, part, isBlock(part.encoding) ? wire::kRestOfReply : 1);
     }
     return form;
 }
 
-SlotForm formForGet(const Operation& operation) {
+SlotForm formForGet(const wire::Operation& operation) {
     SlotForm form{partsOf(operation, operation.rule.keys), {}, false};
-    for (const ReplyField& field : operation.reply) {
-        addPart(form, {field.kind, namesOf(field.names)}, field.count);
+    for (const wire::ReplyField& field : operation.reply) {
+        addPart(form, {field.encoding, field.names}, field.count);
     }
-    if (operation.shape == Shape::Status) {
-        addPart(form, {Kind::Int32, {}}, 1);
+    if (operation.shape == wire::Shape::Status) {
+        addPart(form, {wire::Encoding::Int32, nullptr}, 1);
     }
     return form;
 }
 
-const Operation* operationOn(const StateSlot& slot, Rule::Kind kind) {
-    for (const Command& command : allCommands()) {
-        if (command.operation.rule.slot == &slot && command.operation.rule.kind == kind) {
+const wire::Operation* operationOn(const wire::StateSlot& slot, wire::StateRule::Access access) {
+    for (const wire::Command& command : wire::allCommands()) {
+        if (command.operation.rule.slot == &slot && command.operation.rule.access == access) {
             return &command.operation;
         }
     }
-    for (const Item& item : allItems()) {
-        if (item.operation.rule.slot == &slot && item.operation.rule.kind == kind) {
+    for (const wire::Item& item : wire::allItems()) {
+        if (item.operation.rule.slot == &slot && item.operation.rule.access == access) {
             return &item.operation;
         }
     }
     return nullptr;
 }
 
-Scalar zeroOf(Kind kind) {
+wire::Value zeroOf(wire::Encoding kind) {
     switch (kind) {
-    case Kind::CString:
-    case Kind::String16:
-    case Kind::Bytes:
+    case wire::Encoding::CString:
+    case wire::Encoding::String16:
+    case wire::Encoding::Bytes:
         return std::string();
-    case Kind::Double:
-    case Kind::Doubles:
+    case wire::Encoding::Double:
+    case wire::Encoding::Doubles:
         return 0.0;
-    case Kind::Int32:
-    case Kind::Ints:
+    case wire::Encoding::Int32:
+    case wire::Encoding::Ints:
         break;
     }
     return std::int32_t{0};
@@ -85,19 +85,19 @@ Scalar zeroOf(Kind kind) {
 
 } // namespace
 
-SlotForm formOf(const StateSlot& slot) {
-    if (const Operation* const set = operationOn(slot, Rule::Kind::Set)) {
+SlotForm formOf(const wire::StateSlot& slot) {
+    if (const wire::Operation* const set = operationOn(slot, wire::StateRule::Access::Set)) {
         return formForSet(*set);
     }
-    const Operation* const get = operationOn(slot, Rule::Kind::Get);
+    const wire::Operation* const get = operationOn(slot, wire::StateRule::Access::Get);
     return get != nullptr ? formForGet(*get) : SlotForm{};
 }
 
-Scalars completed(const SlotForm& form, Scalars values) {
+wire::Values completed(const SlotForm& form, wire::Values values) {
     for (std::size_t i = values.size(); i < form.values.size(); ++i) {
-        values.push_back(zeroOf(form.values[i].kind));
+        values.push_back(zeroOf(form.values[i].encoding));
     }
     return values;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "Table.h"
+#include "wire/Interface.h"
 
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What one key, or one value, of a slot is. */
 struct SlotPart {
-    Kind kind;
-    /** What it can be by name; maybe none. */
-    EnumerationNames names;
+    wire::Encoding encoding;
+    /** What it can be by name; null when it has no names. */
+    const wire::Enumeration* names;
 };
 
 /** What a slot looks like to the requests that set it, or to those that read it if there are no others. */
@@ -21,9 +21,9 @@ struct SlotForm {
     bool isOpen = false;
 };
 
-SlotForm formOf(const StateSlot& slot);
+SlotForm formOf(const wire::StateSlot& slot);
 
 /** The values with zeros and empty texts for those that are missing, as a client reads them. */
-Scalars completed(const SlotForm& form, Scalars values);
+wire::Values completed(const SlotForm& form, wire::Values values);
 
-} // namespace simulator
+} // namespace kelutv::simulator

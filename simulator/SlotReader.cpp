@@ -1,20 +1,20 @@
 #include "SlotReader.h"
 
-#include "Events.h"
-#include "Nearest.h"
+#include "wire/Events.h"
+#include "wire/text/Nearest.h"
 
 #include <nlohmann/json.hpp>
 
 #include <charconv>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
 std::int32_t enumeratorOf(const JsonNode& place, const std::string& name) {
-    const EnumeratorName* const found = findEnumerator(name);
+    const wire::Enumerator* const found = wire::findEnumerator(name);
     if (found == nullptr) {
-        place.fail("there is no enumerator '" + name + "'" + nearestOf(name, namesOf(allEnumerators())));
+        place.fail("there is no enumerator '" + name + "'" + wire::nearestOf(name, namesOf(wire::allEnumerators())));
     }
     return found->value;
 }
@@ -27,19 +27,19 @@ std::int32_t keyOf(const JsonNode& place, const std::string& name) {
     return read.ec == std::errc() && read.ptr == end ? number : enumeratorOf(place, name);
 }
 
-Scalar scalarOf(const JsonNode& node, Holds holds) {
+wire::Value scalarOf(const JsonNode& node, wire::Holds holds) {
     const bool isText = node.value().is_string();
     switch (holds) {
-    case Holds::Integers:
+    case wire::Holds::Integers:
         return isText ? enumeratorOf(node, node.text()) : node.number();
-    case Holds::Reals:
+    case wire::Holds::Reals:
         return node.real();
-    case Holds::Texts:
+    case wire::Holds::Texts:
         return node.text();
-    case Holds::Anything:
+    case wire::Holds::Anything:
         break;
     }
-    return isText ? Scalar(node.text()) : Scalar(node.number());
+    return isText ? wire::Value(node.text()) : wire::Value(node.number());
 }
 
 Range rangeOf(const JsonNode& node) {
@@ -54,29 +54,29 @@ Range rangeOf(const JsonNode& node) {
     return range;
 }
 
-unsigned int eventOf(const JsonNode& node, const StateSlot& slot) {
+unsigned int eventOf(const JsonNode& node, const wire::StateSlot& slot) {
     const std::string name = node.text();
-    const bool ofIntegers =
-        slot.holds == Holds::Integers &&
-        std::all_of(slot.keys.begin(), slot.keys.end(), [](Holds holds) { return holds == Holds::Integers; });
+    const bool ofIntegers = slot.holds == wire::Holds::Integers &&
+                            std::all_of(slot.keys.begin(), slot.keys.end(),
+                                        [](wire::Holds holds) { return holds == wire::Holds::Integers; });
     if (!ofIntegers) {
         node.fail("only a state of integers can have an event");
     }
-    const auto events = allEvents();
-    const auto* const found =
-        std::find_if(events.begin(), events.end(), [&name](const EventName& event) { return event.name == name; });
+    const auto events = wire::allEvents();
+    const auto* const found = std::find_if(events.begin(), events.end(),
+                                           [&name](const wire::EventName& event) { return event.name == name; });
     if (found == events.end()) {
-        node.fail("there is no event '" + name + "'" + nearestOf(name, namesOf(events)));
+        node.fail("there is no event '" + name + "'" + wire::nearestOf(name, namesOf(events)));
     }
     return found->event;
 }
 
-void readInitial(const StateSlot& slot, const JsonNode& node, SlotSettings& settings) {
+void readInitial(const wire::StateSlot& slot, const JsonNode& node, SlotSettings& settings) {
     if (!node.value().is_object()) {
         settings.initial = readValues(node, slot);
         return;
     }
-    if (slot.keys.size() == 0 || slot.keys[0] != Holds::Integers) {
+    if (slot.keys.size() == 0 || slot.keys[0] != wire::Holds::Integers) {
         node.fail(std::string(slot.name) + " is not kept for each of several numbers");
     }
     for (const auto& [key, values] : node.members()) {
@@ -84,21 +84,21 @@ void readInitial(const StateSlot& slot, const JsonNode& node, SlotSettings& sett
     }
 }
 
-void readRole(const JsonNode& node, const StateSlot& slot, SlotSettings& settings) {
+void readRole(const JsonNode& node, const wire::StateSlot& slot, SlotSettings& settings) {
     const std::string role = node.text();
     if (role != "key" && role != "value") {
         node.fail("a source is the key or the value, not '" + role + "'");
     }
     settings.keyIsSource = role == "key";
     settings.valueIsSource = role == "value";
-    if (settings.keyIsSource ? slot.keys.size() == 0 || slot.keys[0] != Holds::Integers
-                             : slot.holds != Holds::Integers) {
+    if (settings.keyIsSource ? slot.keys.size() == 0 || slot.keys[0] != wire::Holds::Integers
+                             : slot.holds != wire::Holds::Integers) {
         node.fail("the " + role + " of " + slot.name + " is no integer");
     }
 }
 
 void checkRange(const JsonNode& node, const SlotSettings& settings) {
-    for (const Scalar& value : settings.initial) {
+    for (const wire::Value& value : settings.initial) {
         const auto* const number = std::get_if<std::int32_t>(&value);
         if (settings.range && number != nullptr && (*number < settings.range->low || *number > settings.range->high)) {
             node.fail("the initial value " + std::to_string(*number) + " is out of the range from " +
@@ -109,23 +109,23 @@ void checkRange(const JsonNode& node, const SlotSettings& settings) {
 
 } // namespace
 
-const StateSlot& readStateName(const JsonNode& place, const std::string& name) {
-    const StateSlot* const slot = findState(name);
+const wire::StateSlot& readStateName(const JsonNode& place, const std::string& name) {
+    const wire::StateSlot* const slot = wire::findState(name);
     if (slot == nullptr) {
-        place.fail("there is no state '" + name + "'" + nearestOf(name, namesOf(allStates())));
+        place.fail("there is no state '" + name + "'" + wire::nearestOf(name, namesOf(wire::allStates())));
     }
     return *slot;
 }
 
-Scalars readValues(const JsonNode& node, const StateSlot& slot) {
-    Scalars values;
+wire::Values readValues(const JsonNode& node, const wire::StateSlot& slot) {
+    wire::Values values;
     for (const JsonNode& entry : node.listed()) {
         values.push_back(scalarOf(entry, slot.holds));
     }
     return values;
 }
 
-SlotSettings readSlot(const JsonNode& node, const StateSlot& slot) {
+SlotSettings readSlot(const JsonNode& node, const wire::StateSlot& slot) {
     SlotSettings settings;
     for (const auto& [name, member] : node.membersOf({"initial", "range", "event", "source"})) {
         if (name == "initial") {
@@ -142,4 +142,4 @@ SlotSettings readSlot(const JsonNode& node, const StateSlot& slot) {
     return settings;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -1,35 +1,37 @@
 #include "Sources.h"
 
-#include "Events.h"
+#include "wire/Events.h"
 
 #include <kelutv/video_types.h>
 
 #include <string_view>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
 constexpr char kCurrentSource[] = "sourcemanager.curSource";
 constexpr char kSignalStatus[] = "sourcemanager.signalStatus";
 
-const Scalars& mainWindow() {
-    static const auto* const keys = new Scalars{std::int32_t{KELU_TV_WINDOW_MAIN}};
+const wire::Values& mainWindow() {
+    static const auto* const keys = new wire::Values{std::int32_t{KELU_TV_WINDOW_MAIN}};
     return *keys;
 }
 
-bool isGood(const Scalars& status) { return status == Scalars{std::int32_t{1}}; }
+bool isGood(const wire::Values& status) { return status == wire::Values{std::int32_t{1}}; }
 
-Scalars keptIn(const State& state, const char* slot, const Scalars& keys) { return state.kept(*findState(slot), keys); }
+wire::Values keptIn(const State& state, const char* slot, const wire::Values& keys) {
+    return state.kept(*wire::findState(slot), keys);
+}
 
-Scalars everySource(const Sources& sources, const State&, const Scalars&) {
+wire::Values everySource(const Sources& sources, const State&, const wire::Values&) {
     const std::vector<std::int32_t> all = sources.ids();
     return {all.begin(), all.end()};
 }
 
-Scalars sourcesWithSignal(const Sources& sources, const State&, const Scalars&) {
-    Scalars found;
+wire::Values sourcesWithSignal(const Sources& sources, const State&, const wire::Values&) {
+    wire::Values found;
     for (const std::int32_t source : sources.ids()) {
         if (sources.hasSignal(source)) {
             found.emplace_back(source);
@@ -38,26 +40,26 @@ Scalars sourcesWithSignal(const Sources& sources, const State&, const Scalars&) 
     return found;
 }
 
-Scalars statusAtSource(const Sources& sources, const State&, const Scalars& keys) {
+wire::Values statusAtSource(const Sources& sources, const State&, const wire::Values& keys) {
     return sources.statusAt(std::get<std::int32_t>(keys.front()));
 }
 
-Scalars statusOfMainWindow(const Sources&, const State& state, const Scalars&) {
+wire::Values statusOfMainWindow(const Sources&, const State& state, const wire::Values&) {
     return keptIn(state, kSignalStatus, {});
 }
 
-Scalars status3d(const Sources&, const State& state, const Scalars&) {
-    const bool flat = keptIn(state, "video.mode3d", {}) == Scalars{std::int32_t{KELU_TV_3DMODE_OFF}};
+wire::Values status3d(const Sources&, const State& state, const wire::Values&) {
+    const bool flat = keptIn(state, "video.mode3d", {}) == wire::Values{std::int32_t{KELU_TV_3DMODE_OFF}};
     return {std::int32_t{!flat}};
 }
 
-Scalars pictureModeOfStreamType(const Sources&, const State& state, const Scalars&) {
+wire::Values pictureModeOfStreamType(const Sources&, const State& state, const wire::Values&) {
     return keptIn(state, "picture.pictureMode", keptIn(state, "picture.hdrStreamType", {}));
 }
 
 struct Consequence {
     const char* slot;
-    Scalars (*workOut)(const Sources& sources, const State& state, const Scalars& keys);
+    wire::Values (*workOut)(const Sources& sources, const State& state, const wire::Values& keys);
 };
 
 constexpr Consequence kConsequences[] = {
@@ -104,7 +106,7 @@ void Sources::change(std::int32_t source, bool plugged, const Signal& signal) {
         const std::string text = settings.name + (plugged ? " is plugged in" : " is unplugged") +
                                  (after.second ? ", with a signal" : ", without a signal");
         mNotices.push_back(
-            {kSourcePlugged, payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
+            {wire::kSourcePlugged, payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
     }
     if (showsInMainWindow(source)) {
         show(visible(source));
@@ -112,15 +114,15 @@ void Sources::change(std::int32_t source, bool plugged, const Signal& signal) {
 }
 
 void Sources::select(std::int32_t source, std::int32_t window) {
-    const StateSlot& current = *findState(kCurrentSource);
-    const Scalars before = mState.kept(current, mainWindow());
+    const wire::StateSlot& current = *wire::findState(kCurrentSource);
+    const wire::Values before = mState.kept(current, mainWindow());
     mState.keep(current, {window}, {source});
-    mState.keep(*findState("sourcemanager.selectSource"), {}, {source});
+    mState.keep(*wire::findState("sourcemanager.selectSource"), {}, {source});
     if (window != KELU_TV_WINDOW_MAIN) {
         return;
     }
-    if (before != Scalars{source}) {
-        mState.keep(*findState("sourcemanager.lastMainSource"), {}, before);
+    if (before != wire::Values{source}) {
+        mState.keep(*wire::findState("sourcemanager.lastMainSource"), {}, before);
     }
     mShown = true;
     show(visible(source));
@@ -133,7 +135,7 @@ void Sources::deselect(std::int32_t source) {
     }
 }
 
-std::optional<Scalars> Sources::workedOut(const StateSlot& slot, const Scalars& keys) const {
+std::optional<wire::Values> Sources::workedOut(const wire::StateSlot& slot, const wire::Values& keys) const {
     for (const Consequence& consequence : kConsequences) {
         if (std::string_view(consequence.slot) == slot.name) {
             return consequence.workOut(*this, mState, keys);
@@ -148,7 +150,7 @@ void Sources::takeOver(All sources, bool shown) {
 }
 
 bool Sources::showsInMainWindow(std::int32_t source) const {
-    return mShown && keptIn(mState, kCurrentSource, mainWindow()) == Scalars{source};
+    return mShown && keptIn(mState, kCurrentSource, mainWindow()) == wire::Values{source};
 }
 
 void Sources::show(const Signal& signal) {
@@ -161,10 +163,10 @@ Signal Sources::visible(std::int32_t source) const {
     return has(source) && isPlugged(source) ? signalAt(source) : mConfiguration.noSignal();
 }
 
-Scalars Sources::statusAt(std::int32_t source) const {
+wire::Values Sources::statusAt(std::int32_t source) const {
     const Signal signal = visible(source);
-    const auto found = signal.find(findState(kSignalStatus));
-    return found != signal.end() ? found->second : Scalars{};
+    const auto found = signal.find(wire::findState(kSignalStatus));
+    return found != signal.end() ? found->second : wire::Values{};
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The inputs of the television, what is plugged into them and what comes down their lines. Not synchronised. */
 class Sources {
@@ -32,7 +32,7 @@ public:
     const Signal& signalAt(std::int32_t source) const { return mSources.at(source).signal; }
 
     /** What its signal says for the signal status, shown or not; none without a device, and for any other source. */
-    Scalars statusAt(std::int32_t source) const;
+    wire::Values statusAt(std::int32_t source) const;
 
     bool hasSignal(std::int32_t source) const;
 
@@ -52,7 +52,7 @@ public:
     bool isShown() const { return mShown; }
 
     /** What follows from the sources and from other slots and is therefore not kept; none if the slot is kept. */
-    std::optional<Scalars> workedOut(const StateSlot& slot, const Scalars& keys) const;
+    std::optional<wire::Values> workedOut(const wire::StateSlot& slot, const wire::Values& keys) const;
 
     /** Takes this for the sources and what the main window does; nobody is told of it. */
     void takeOver(All sources, bool shown);
@@ -71,4 +71,4 @@ private:
     bool mShown = true;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -13,52 +13,52 @@
 #include <stdexcept>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
-std::int32_t numberAt(const Request& request, std::size_t index) {
+std::int32_t numberAt(const wire::Request& request, std::size_t index) {
     return std::get<std::int32_t>(request.arguments[index].front());
 }
 
-Reply valued(std::int32_t value) { return {0, "", {{value}}}; }
+wire::Reply valued(std::int32_t value) { return {0, "", {{value}}}; }
 
-Reply toggleSpeakerMute(Equipment& equipment, const Request&) {
-    const StateSlot& mute = *findState("audio.mute");
-    const Scalars speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
-    const bool muted = equipment.state.kept(mute, speaker) != Scalars{std::int32_t{0}};
+wire::Reply toggleSpeakerMute(Equipment& equipment, const wire::Request&) {
+    const wire::StateSlot& mute = *wire::findState("audio.mute");
+    const wire::Values speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
+    const bool muted = equipment.state.kept(mute, speaker) != wire::Values{std::int32_t{0}};
     equipment.state.keep(mute, speaker, {std::int32_t{!muted}});
     return {};
 }
 
-Reply restoreSound(Equipment& equipment, const Request&) {
+wire::Reply restoreSound(Equipment& equipment, const wire::Request&) {
     equipment.state.restore("audio");
     return {};
 }
 
-Reply restorePicture(Equipment& equipment, const Request&) {
+wire::Reply restorePicture(Equipment& equipment, const wire::Request&) {
     equipment.state.restore("picture");
     return {};
 }
 
-Reply noSuchAddress(std::int32_t address) {
-    return refusal({Result::OutOfRange, "addresses go from 0 to 65535, address " + std::to_string(address) +
-                                            " or the block there goes beyond"});
+wire::Reply noSuchAddress(std::int32_t address) {
+    return wire::replyTo({wire::Result::OutOfRange, "addresses go from 0 to 65535, address " + std::to_string(address) +
+                                                        " or the block there goes beyond"});
 }
 
-Reply notDone(Result result, const std::exception& error) {
+wire::Reply notDone(wire::Result result, const std::exception& error) {
     std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
-    return refusal({result, error.what()});
+    return wire::replyTo({result, error.what()});
 }
 
 /** Of a byte, or of a block when the request says how long. */
-template <Memory memory> Reply readEep(Equipment& equipment, const Request& request) {
+template <Memory memory> wire::Reply readEep(Equipment& equipment, const wire::Request& request) {
     const std::int32_t address = numberAt(request, 0);
     const std::int32_t length = request.arguments.size() > 1 ? std::max(numberAt(request, 1), 0) : 1;
     if (!EepStore::covers(address, length)) {
         return noSuchAddress(address);
     }
-    Reply reply{0, "", {{}}};
+    wire::Reply reply{0, "", {{}}};
     for (const char byte : equipment.eep.read(memory, address, static_cast<std::size_t>(length))) {
         reply.fields.front().emplace_back(std::int32_t{static_cast<unsigned char>(byte)});
     }
@@ -66,27 +66,28 @@ template <Memory memory> Reply readEep(Equipment& equipment, const Request& requ
 }
 
 /** What is written to the flash EEP waits for the flush; the EEP keeps it at once. */
-template <Memory memory> Reply commitEep(Equipment& equipment, const Request&) {
+template <Memory memory> wire::Reply commitEep(Equipment& equipment, const wire::Request&) {
     try {
         equipment.eep.commit(memory);
     } catch (const std::runtime_error& error) {
-        return notDone(Result::NotStored, error);
+        return notDone(wire::Result::NotStored, error);
     }
     return {};
 }
 
 /** A byte, or a block; it is the last argument either way. */
-template <Memory memory> Reply writeEep(Equipment& equipment, const Request& request) {
+template <Memory memory> wire::Reply writeEep(Equipment& equipment, const wire::Request& request) {
     const std::int32_t address = numberAt(request, 0);
-    const Scalars& values = request.arguments.back();
+    const wire::Values& values = request.arguments.back();
     if (!EepStore::covers(address, static_cast<std::int64_t>(values.size()))) {
         return noSuchAddress(address);
     }
     std::string bytes;
-    for (const Scalar& value : values) {
+    for (const wire::Value& value : values) {
         const auto number = std::get<std::int32_t>(value);
         if (number < 0 || number > 0xFF) {
-            return refusal({Result::OutOfRange, "a byte goes from 0 to 255, not " + std::to_string(number)});
+            return wire::replyTo(
+                {wire::Result::OutOfRange, "a byte goes from 0 to 255, not " + std::to_string(number)});
         }
         bytes += static_cast<char>(number);
     }
@@ -94,15 +95,15 @@ template <Memory memory> Reply writeEep(Equipment& equipment, const Request& req
     if (memory == Memory::FlashEep) {
         return {};
     }
-    const Reply reply = commitEep<memory>(equipment, request);
+    const wire::Reply reply = commitEep<memory>(equipment, request);
     if (reply.result != 0) {
         equipment.eep.revert(memory);
     }
     return reply;
 }
 
-Reply cecDevices(Equipment& equipment, const Request&) {
-    Reply reply;
+wire::Reply cecDevices(Equipment& equipment, const wire::Request&) {
+    wire::Reply reply;
     for (const CecDevice& device : equipment.cec.devices()) {
         reply.fields.insert(
             reply.fields.end(),
@@ -111,89 +112,95 @@ Reply cecDevices(Equipment& equipment, const Request&) {
     return reply;
 }
 
-Reply selectCecDevice(Equipment& equipment, const Request& request) {
+wire::Reply selectCecDevice(Equipment& equipment, const wire::Request& request) {
     const std::int32_t logAddr = numberAt(request, 0);
     return equipment.cec.select(logAddr)
                ? valued(0)
-               : refusal({Result::UnknownDevice, "no CEC device has the logical address " + std::to_string(logAddr)});
+               : wire::replyTo(
+                     {wire::Result::UnknownDevice, "no CEC device has the logical address " + std::to_string(logAddr)});
 }
 
-Reply playingCecDevice(Equipment& equipment, const Request&) { return valued(equipment.cec.playing()); }
+wire::Reply playingCecDevice(Equipment& equipment, const wire::Request&) { return valued(equipment.cec.playing()); }
 
-Reply arcSupported(Equipment&, const Request&) { return valued(1); }
+wire::Reply arcSupported(Equipment&, const wire::Request&) { return valued(1); }
 
-Reply arcActive(Equipment& equipment, const Request&) { return valued(std::int32_t{equipment.cec.isArcActive()}); }
+wire::Reply arcActive(Equipment& equipment, const wire::Request&) {
+    return valued(std::int32_t{equipment.cec.isArcActive()});
+}
 
-Reply arcPort(Equipment& equipment, const Request&) { return valued(equipment.cec.arcPort()); }
+wire::Reply arcPort(Equipment& equipment, const wire::Request&) { return valued(equipment.cec.arcPort()); }
 
-template <void (Teletext::*change)(bool), bool on> Reply changeTeletext(Equipment& equipment, const Request&) {
+template <void (Teletext::*change)(bool), bool on>
+wire::Reply changeTeletext(Equipment& equipment, const wire::Request&) {
     (equipment.teletext.*change)(on);
     return {};
 }
 
-template <PowerState state> Reply enterPowerState(Equipment& equipment, const Request&) {
+template <PowerState state> wire::Reply enterPowerState(Equipment& equipment, const wire::Request&) {
     equipment.power.enter(state);
     return {};
 }
 
-Reply resume(Equipment& equipment, const Request& request) {
+wire::Reply resume(Equipment& equipment, const wire::Request& request) {
     equipment.power.wake(numberAt(request, 0));
     return {};
 }
 
 /** What was not flushed is lost, as it is without power. */
-Reply reboot(Equipment& equipment, const Request&) {
+wire::Reply reboot(Equipment& equipment, const wire::Request&) {
     equipment.power.enter(PowerState::Rebooting);
     equipment.eep.revert(Memory::FlashEep);
     equipment.power.enter(PowerState::On);
     return {};
 }
 
-Reply lastPowerOffMode(Equipment& equipment, const Request&) { return valued(equipment.power.lastPowerOffMode()); }
-
-Reply wakeupMode(Equipment& equipment, const Request&) { return valued(equipment.power.wakeupMode()); }
-
-Reply setMacAddress(Equipment& equipment, const Request& request) {
-    return setMacAddress(equipment.state, request.arguments.back())
-               ? Reply{}
-               : refusal({Result::OutOfRange, "a MAC address has six parts, each from 0 to 255"});
+wire::Reply lastPowerOffMode(Equipment& equipment, const wire::Request&) {
+    return valued(equipment.power.lastPowerOffMode());
 }
 
-Reply burnKey(Equipment& equipment, const Request& request) {
+wire::Reply wakeupMode(Equipment& equipment, const wire::Request&) { return valued(equipment.power.wakeupMode()); }
+
+wire::Reply setMacAddress(Equipment& equipment, const wire::Request& request) {
+    return setMacAddress(equipment.state, request.arguments.back())
+               ? wire::Reply{}
+               : wire::replyTo({wire::Result::OutOfRange, "a MAC address has six parts, each from 0 to 255"});
+}
+
+wire::Reply burnKey(Equipment& equipment, const wire::Request& request) {
     const std::int32_t kind = numberAt(request, 0);
     return burnKey(equipment.state, kind, request.arguments.back())
-               ? Reply{}
-               : refusal({Result::OutOfRange, "there is no kind of key " + std::to_string(kind)});
+               ? wire::Reply{}
+               : wire::replyTo({wire::Result::OutOfRange, "there is no kind of key " + std::to_string(kind)});
 }
 
-Reply burnOtp(Equipment& equipment, const Request&) { return {0, "", {{burnOtp(equipment.state)}}}; }
+wire::Reply burnOtp(Equipment& equipment, const wire::Request&) { return {0, "", {{burnOtp(equipment.state)}}}; }
 
-Reply restoreFactory(Equipment& equipment, const Request&) {
+wire::Reply restoreFactory(Equipment& equipment, const wire::Request&) {
     restoreFactorySettings(equipment.state);
     return {};
 }
 
-Reply restoreColorTemp(Equipment& equipment, const Request&) {
+wire::Reply restoreColorTemp(Equipment& equipment, const wire::Request&) {
     restoreSetting(equipment.state, "factory.colorTemp");
     return {};
 }
 
-Reply restoreAdc(Equipment& equipment, const Request&) {
+wire::Reply restoreAdc(Equipment& equipment, const wire::Request&) {
     restoreSetting(equipment.state, "factory.adcGainOffset");
     return {};
 }
 
-Reply resetHotel(Equipment& equipment, const Request&) {
+wire::Reply resetHotel(Equipment& equipment, const wire::Request&) {
     resetHotel(equipment.state);
     return {};
 }
 
 /** Between a file and the hotel settings; the other operations touch nothing that the television has. */
-Reply operateFlashEep(Equipment& equipment, const Request& request) {
+wire::Reply operateFlashEep(Equipment& equipment, const wire::Request& request) {
     const std::int32_t operation = numberAt(request, 0);
     const std::string& path = std::get<std::string>(request.arguments[1].front());
     if (operation < 0 || operation >= KELU_TV_EEFLASH_OPERATE_BUTT) {
-        return refusal({Result::OutOfRange, "there is no operation " + std::to_string(operation)});
+        return wire::replyTo({wire::Result::OutOfRange, "there is no operation " + std::to_string(operation)});
     }
     const bool isBackup = operation == KELU_TV_EEFLASH_BAK;
     try {
@@ -203,7 +210,7 @@ Reply operateFlashEep(Equipment& equipment, const Request& request) {
             restoreHotel(equipment.state, path);
         }
     } catch (const std::runtime_error& error) {
-        return notDone(isBackup ? Result::NotStored : Result::NotRestored, error);
+        return notDone(isBackup ? wire::Result::NotStored : wire::Result::NotRestored, error);
     }
     return {};
 }
@@ -269,7 +276,7 @@ constexpr SpecialItem kSpecialItems[] = {
     {CMD_FACOTRY_COMMON_SET_ITEM_VALUE, CMDID_FACTORY_SET_RESTORE_ADC, restoreAdc},
 };
 
-Handler itemHandler(const Request& request) {
+Handler itemHandler(const wire::Request& request) {
     const auto* const found =
         std::find_if(std::begin(kSpecialItems), std::end(kSpecialItems), [&request](const SpecialItem& special) {
             return special.command == request.command->value && special.item == numberAt(request, 0);
@@ -279,11 +286,11 @@ Handler itemHandler(const Request& request) {
 
 } // namespace
 
-Handler specialHandler(const Request& request) {
+Handler specialHandler(const wire::Request& request) {
     const std::int32_t command = request.command->value;
     const auto* const found = std::find_if(std::begin(kSpecialCommands), std::end(kSpecialCommands),
                                            [command](const Special& special) { return special.command == command; });
     return found != std::end(kSpecialCommands) ? found->handler : itemHandler(request);
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

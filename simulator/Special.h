@@ -1,15 +1,15 @@
 #pragma once
 
 #include "Equipment.h"
-#include "Reply.h"
-#include "Request.h"
+#include "wire/codec/Reply.h"
+#include "wire/codec/Request.h"
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Does what a request says; the request has been read to its end. */
-using Handler = Reply (*)(Equipment& equipment, const Request& request);
+using Handler = wire::Reply (*)(Equipment& equipment, const wire::Request& request);
 
 /** How a command is carried out that does more than store and return; null for every other. */
-Handler specialHandler(const Request& request);
+Handler specialHandler(const wire::Request& request);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -13,12 +13,12 @@ constexpr std::size_t kWord = sizeof(std::int32_t);
 constexpr char kFiller = 'Z';
 
 /** Whether the first word behind the result says how many values there are. */
-bool leadsWithCount(const Request& request) {
+bool leadsWithCount(const wire::Request& request) {
     if (request.operation == nullptr || request.operation->reply.size() == 0) {
         return false;
     }
-    const ReplyField& first = request.operation->reply[0];
-    return first.count == kCountOfRest || (request.command->hasItems && first.kind == Kind::Ints);
+    const wire::ReplyField& first = request.operation->reply[0];
+    return first.count == wire::kCountOfRest || (request.command->hasItems && first.encoding == wire::Encoding::Ints);
 }
 
 void putCount(std::string& bytes, std::int32_t count) {
@@ -28,7 +28,7 @@ void putCount(std::string& bytes, std::int32_t count) {
 }
 
 /** The text that ends the reply; null when something else does. */
-const std::string* lastText(const Reply& reply) {
+const std::string* lastText(const wire::Reply& reply) {
     const bool isEmpty = reply.fields.empty() || reply.fields.back().empty();
     return isEmpty ? nullptr : std::get_if<std::string>(&reply.fields.back().back());
 }
@@ -42,7 +42,7 @@ void openText(std::string& bytes, const std::string& text) {
     }
 }
 
-void change(std::string& bytes, const Effect& effect, const Request& request, const Reply& reply) {
+void change(std::string& bytes, const Effect& effect, const wire::Request& request, const wire::Reply& reply) {
     const auto amount = static_cast<std::size_t>(effect.amount);
     if (effect.kind == Effect::Kind::Short) {
         bytes.resize(std::min(bytes.size(), amount));
@@ -58,10 +58,10 @@ void change(std::string& bytes, const Effect& effect, const Request& request, co
 
 } // namespace
 
-void spoil(const Effect& effect, const Request& request, const Reply& reply, android::Parcel& parcel) {
+void spoil(const Effect& effect, const wire::Request& request, const wire::Reply& reply, android::Parcel& parcel) {
     std::string bytes(reinterpret_cast<const char*>(parcel.data()), parcel.dataSize());
     change(bytes, effect, request, reply);
     parcel.setData(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

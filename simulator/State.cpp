@@ -1,13 +1,13 @@
 #include "State.h"
 
-namespace simulator {
+namespace kelutv::simulator {
 
-Scalars State::kept(const StateSlot& slot, const Scalars& keys) const {
+wire::Values State::kept(const wire::StateSlot& slot, const wire::Values& keys) const {
     const auto found = mKept.find({&slot, keys});
     return found != mKept.end() ? found->second : mConfiguration.settings(slot).initialFor(keys);
 }
 
-void State::keep(const StateSlot& slot, const Scalars& keys, const Scalars& values) {
+void State::keep(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values) {
     if (kept(slot, keys) != values) {
         mKept[{&slot, keys}] = values;
         mRevision.advance();
@@ -16,13 +16,13 @@ void State::keep(const StateSlot& slot, const Scalars& keys, const Scalars& valu
 }
 
 void State::restore(const std::string& module) {
-    restore([&module](const StateSlot& slot) { return slot.module == module; });
+    restore([&module](const wire::StateSlot& slot) { return slot.module == module; });
 }
 
-void State::restore(const std::function<bool(const StateSlot&)>& wanted) {
+void State::restore(const std::function<bool(const wire::StateSlot&)>& wanted) {
     for (auto entry = mKept.begin(); entry != mKept.end();) {
         const auto [slot, keys] = entry->first;
-        const Scalars before = entry->second;
+        const wire::Values before = entry->second;
         if (!wanted(*slot) || mConfiguration.settings(*slot).ofSignal) {
             ++entry;
             continue;
@@ -35,11 +35,11 @@ void State::restore(const std::function<bool(const StateSlot&)>& wanted) {
     }
 }
 
-void State::noteChange(const StateSlot& slot, const Scalars& keys) {
+void State::noteChange(const wire::StateSlot& slot, const wire::Values& keys) {
     const unsigned int event = mConfiguration.settings(slot).event;
     if (event != 0) {
         mChanges.push_back({&slot, keys, kept(slot, keys), event});
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

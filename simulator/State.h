@@ -9,20 +9,20 @@
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Something that applications are told of. */
 struct Change {
-    const StateSlot* slot;
-    Scalars keys;
-    Scalars values;
+    const wire::StateSlot* slot;
+    wire::Values keys;
+    wire::Values values;
     unsigned int event;
 };
 
 /** Everything that the television keeps. Not synchronised. */
 class State {
 public:
-    using Kept = std::map<std::pair<const StateSlot*, Scalars>, Scalars>;
+    using Kept = std::map<std::pair<const wire::StateSlot*, wire::Values>, wire::Values>;
 
     /** Both must outlive it. */
     State(const Configuration& configuration, Revision& revision)
@@ -35,21 +35,21 @@ public:
     void takeOver(Kept kept) { mKept = std::move(kept); }
 
     /** What was kept last, else what the slot starts with. */
-    Scalars kept(const StateSlot& slot, const Scalars& keys) const;
+    wire::Values kept(const wire::StateSlot& slot, const wire::Values& keys) const;
 
-    void keep(const StateSlot& slot, const Scalars& keys, const Scalars& values);
+    void keep(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values);
 
     /** Brings the settings of a module back to what they start with; what shows a signal stays. */
     void restore(const std::string& module);
 
     /** Brings the settings that are wanted back to what they start with; what shows a signal stays. */
-    void restore(const std::function<bool(const StateSlot&)>& wanted);
+    void restore(const std::function<bool(const wire::StateSlot&)>& wanted);
 
     /** What happened since the last take to slots that have an event. */
     std::vector<Change> takeChanges() { return std::exchange(mChanges, {}); }
 
 private:
-    void noteChange(const StateSlot& slot, const Scalars& keys);
+    void noteChange(const wire::StateSlot& slot, const wire::Values& keys);
 
     const Configuration& mConfiguration;
     Revision& mRevision;
@@ -57,4 +57,4 @@ private:
     std::vector<Change> mChanges;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

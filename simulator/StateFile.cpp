@@ -10,7 +10,7 @@
 #include <cerrno>
 #include <stdexcept>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 StateFile::StateFile(const std::string& path) : mPath(path.empty() ? path : resolvedPath(path)) {}
 
@@ -35,4 +35,4 @@ void StateFile::keep(const Equipment& equipment) {
 
 void StateFile::write(const Equipment& equipment) const { replaceFile(mPath, textOf(equipment), Outlives::Process); }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /**
  * Where what the television keeps outlives the process: settings, sources with their signals, CEC devices, power state.
@@ -37,4 +37,4 @@ private:
     std::uint64_t mWritten = 0;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

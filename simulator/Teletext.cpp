@@ -1,11 +1,11 @@
 #include "Teletext.h"
 
-#include "Events.h"
+#include "wire/Events.h"
 
 #include <cstddef>
 #include <cstdint>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -71,7 +71,7 @@ bool Teletext::deliver(unsigned int type, const std::string& data) {
     if (delivers()) {
         const std::string text = "VBI block of type " + std::to_string(type) + ", " + std::to_string(data.size()) +
                                  (data.size() == 1 ? " byte" : " bytes");
-        mNotices.push_back({kVbiBlock + type, blockOf(data), text});
+        mNotices.push_back({wire::kVbiBlock + type, blockOf(data), text});
     }
     return delivers();
 }
@@ -86,4 +86,4 @@ void Teletext::change(bool& flag, bool on) {
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The VBI data service: delivers while it is initialised and open and a client is registered. Not synchronised. */
 class Teletext {
@@ -36,4 +36,4 @@ private:
 /** The packets of page 100, which greets whoever starts to receive: 42 bytes each, from address to text. */
 std::vector<std::string> demoPage();
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -7,17 +7,17 @@
 #include <cstdio>
 #include <stdexcept>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
-Scalars collect(const Rows<Operand>& operands, const Arguments& arguments) {
-    Scalars scalars;
-    for (const Operand& operand : operands) {
+wire::Values collect(const wire::Rows<wire::Operand>& operands, const wire::Arguments& arguments) {
+    wire::Values scalars;
+    for (const wire::Operand& operand : operands) {
         if (operand.index < 0) {
             scalars.emplace_back(operand.literal);
         } else {
-            const Scalars& argument = arguments[static_cast<std::size_t>(operand.index)];
+            const wire::Values& argument = arguments[static_cast<std::size_t>(operand.index)];
             scalars.insert(scalars.end(), argument.begin(), argument.end());
         }
     }
@@ -31,8 +31,8 @@ Television::Television(Configuration configuration, EepStore eep, const std::str
     mStateFile.restore(mEquipment);
 }
 
-Reply Television::perform(const Request& request) {
-    Reply reply = carryOut(request);
+wire::Reply Television::perform(const wire::Request& request) {
+    wire::Reply reply = carryOut(request);
     keepState();
     return reply;
 }
@@ -43,22 +43,23 @@ Answer Television::control(const std::string& line) {
     return answer;
 }
 
-Reply Television::carryOut(const Request& request) {
+wire::Reply Television::carryOut(const wire::Request& request) {
     if (const Handler handler = specialHandler(request)) {
         return handler(mEquipment, request);
     }
-    const Rule& rule = request.operation->rule;
-    return rule.kind == Rule::Kind::None ? replyWith(*request.operation, {}) : apply(request, rule);
+    const wire::StateRule& rule = request.operation->rule;
+    return rule.access == wire::StateRule::Access::None ? wire::replyWith(*request.operation, {})
+                                                        : apply(request, rule);
 }
 
-Reply Television::apply(const Request& request, const Rule& rule) {
-    const Scalars keys = collect(rule.keys, request.arguments);
-    if (rule.kind == Rule::Kind::Set) {
-        const auto fault = setState(mEquipment, *rule.slot, keys, collect(rule.values, request.arguments));
-        return fault ? refusal(*fault) : replyWith(*request.operation, {});
+wire::Reply Television::apply(const wire::Request& request, const wire::StateRule& rule) {
+    const wire::Values keys = collect(rule.keys, request.arguments);
+    if (rule.access == wire::StateRule::Access::Set) {
+        const auto refusal = setState(mEquipment, *rule.slot, keys, collect(rule.values, request.arguments));
+        return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, {});
     }
-    const auto fault = objectionToKeys(mEquipment, *rule.slot, keys);
-    return fault ? refusal(*fault) : replyWith(*request.operation, readState(mEquipment, *rule.slot, keys));
+    const auto refusal = objectionToKeys(mEquipment, *rule.slot, keys);
+    return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, readState(mEquipment, *rule.slot, keys));
 }
 
 /** A request that was carried out stands even if it could not be kept. */
@@ -70,4 +71,4 @@ void Television::keepState() {
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,15 +2,15 @@
 
 #include "Answer.h"
 #include "Equipment.h"
-#include "Reply.h"
 #include "StateFile.h"
+#include "wire/codec/Reply.h"
 
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** What the commands do to the simulated television. Not synchronised. */
 class Television {
@@ -22,7 +22,7 @@ public:
     explicit Television(Configuration configuration, EepStore eep = EepStore(), const std::string& stateFile = "");
 
     /** Does what a request says; the request has been read to its end. */
-    Reply perform(const Request& request);
+    wire::Reply perform(const wire::Request& request);
 
     /** What happened since the last take to slots that have an event. */
     std::vector<Change> takeChanges() { return mEquipment.state.takeChanges(); }
@@ -30,7 +30,7 @@ public:
     const Equipment& equipment() const { return mEquipment; }
 
     /** The faults that hit this request. */
-    std::vector<FaultRule> meetFaults(const Request& request, pid_t caller) {
+    std::vector<FaultRule> meetFaults(const wire::Request& request, pid_t caller) {
         return mEquipment.faults.meet(request, caller);
     }
 
@@ -41,12 +41,12 @@ public:
     Notices takeNotices() { return std::exchange(mEquipment.notices, {}); }
 
 private:
-    Reply carryOut(const Request& request);
-    Reply apply(const Request& request, const Rule& rule);
+    wire::Reply carryOut(const wire::Request& request);
+    wire::Reply apply(const wire::Request& request, const wire::StateRule& rule);
     void keepState();
 
     Equipment mEquipment;
     StateFile mStateFile;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

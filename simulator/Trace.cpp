@@ -2,22 +2,22 @@
 
 #include <cstdio>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
-std::string describe(pid_t caller, const Request& request) {
+std::string describe(pid_t caller, const wire::Request& request) {
     return '[' + std::to_string(caller) + "] " + describe(request);
 }
 
 } // namespace
 
 std::string describe(const Change& change) {
-    return std::string(change.slot->name) + '[' + joined(change.keys, Kind::Int32, nullptr) +
-           "] = " + joined(change.values, Kind::Int32, nullptr);
+    return std::string(change.slot->name) + '[' + wire::joined(change.keys, wire::Encoding::Int32, nullptr) +
+           "] = " + wire::joined(change.values, wire::Encoding::Int32, nullptr);
 }
 
-std::string describe(pid_t caller, const Request& request, const Reply& reply) {
+std::string describe(pid_t caller, const wire::Request& request, const wire::Reply& reply) {
     return describe(caller, request) + " -> " + describe(request, reply);
 }
 
@@ -27,8 +27,8 @@ std::string describe(const Notice& notice) {
     return identifier + notice.text;
 }
 
-std::string describe(pid_t caller, const Request& request, const FaultRule& fault) {
+std::string describe(pid_t caller, const wire::Request& request, const FaultRule& fault) {
     return describe(caller, request) + " meets fault " + fault.line;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,13 +2,13 @@
 
 #include "Trace.h"
 
-namespace simulator {
+namespace kelutv::simulator {
 
 void TracePrinter::served(const Served& served) { print(describe(served.caller, served.request, served.reply)); }
 
 void TracePrinter::published(const Notice& notice) { print(describe(notice)); }
 
-void TracePrinter::faulted(pid_t caller, const Request& request, const FaultRule& fault) {
+void TracePrinter::faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) {
     print(describe(caller, request, fault));
 }
 
@@ -17,4 +17,4 @@ void TracePrinter::print(const std::string& line) {
     std::fflush(mFile);
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

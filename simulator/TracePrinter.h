@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Prints one line per request, event and fault met, each at once. */
 class TracePrinter : public Watcher {
@@ -14,7 +14,7 @@ public:
 
     void served(const Served& served) override;
     void published(const Notice& notice) override;
-    void faulted(pid_t caller, const Request& request, const FaultRule& fault) override;
+    void faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) override;
 
 private:
     void print(const std::string& line);
@@ -22,4 +22,4 @@ private:
     std::FILE* const mFile;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -45,7 +45,7 @@ void Ui::served(const Served& served) {
 
 void Ui::published(const Notice& notice) { addLine(&UiView::events, describe(notice)); }
 
-void Ui::faulted(pid_t caller, const Request& request, const FaultRule& fault) {
+void Ui::faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) {
     addLine(&UiView::commands, describe(caller, request, fault));
 }
 
@@ -100,4 +100,4 @@ void Ui::addLine(std::vector<std::string> UiView::*lines, const std::string& lin
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

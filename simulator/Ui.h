@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** Draws the television in a terminal, in a thread of its own, whenever something changes. */
 class Ui : public Watcher {
@@ -32,7 +32,7 @@ public:
 
     void served(const Served& served) override;
     void published(const Notice& notice) override;
-    void faulted(pid_t caller, const Request& request, const FaultRule& fault) override;
+    void faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) override;
     void settled(const Television& television) override;
     void ending() override;
 
@@ -57,4 +57,4 @@ private:
     std::thread mThread;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

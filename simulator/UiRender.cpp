@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -137,4 +137,4 @@ std::vector<std::string> render(const UiView& view, UiSize size, bool color) {
     return Screen(view, size, color).rows();
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

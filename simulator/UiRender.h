@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** The size of a terminal in characters. */
 struct UiSize {
@@ -22,4 +22,4 @@ struct UiSize {
  */
 std::vector<std::string> render(const UiView& view, UiSize size, bool color);
 
-} // namespace simulator
+} // namespace kelutv::simulator

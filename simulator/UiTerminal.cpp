@@ -6,7 +6,7 @@
 
 #include <cerrno>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -72,4 +72,4 @@ void UiTerminal::setEcho(bool on) const {
     ::tcsetattr(mDescriptor, TCSANOW, &settings);
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** A terminal whose alternate screen is drawn to; the terminal is as before once this is destroyed or left. */
 class UiTerminal {
@@ -33,4 +33,4 @@ private:
     bool mEntered = false;
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

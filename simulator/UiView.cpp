@@ -1,7 +1,7 @@
 #include "UiView.h"
 
-#include "Names.h"
 #include "Settings.h"
+#include "wire/text/EnumeratorNames.h"
 
 #include <kelutv/audio_types.h>
 #include <kelutv/commands.h>
@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -29,8 +29,8 @@ template <std::size_t count> std::string nameAt(const char* const (&names)[count
 /** Numbers that the television keeps; 0 where it keeps none. */
 class Numbers {
 public:
-    Numbers(const Equipment& equipment, const char* slot, const Scalars& keys = {})
-        : mValues(readState(equipment, *findState(slot), keys)) {}
+    Numbers(const Equipment& equipment, const char* slot, const wire::Values& keys = {})
+        : mValues(readState(equipment, *wire::findState(slot), keys)) {}
 
     std::int32_t operator[](std::size_t index) const {
         const auto* const number = index < mValues.size() ? std::get_if<std::int32_t>(&mValues[index]) : nullptr;
@@ -38,12 +38,12 @@ public:
     }
 
 private:
-    const Scalars mValues;
+    const wire::Values mValues;
 };
 
 /** The enumerator of what a command answers, without the words that all have in common. */
 std::string nameAnswered(std::int32_t command, std::int32_t value, const std::string& prefix) {
-    const std::string name = nameOfValue(value, findCommand(command)->operation.reply[0].names);
+    const std::string name = wire::nameOfValue(value, wire::findCommand(command)->operation.reply[0].names);
     return name.rfind(prefix, 0) == 0 ? name.substr(prefix.size()) : std::to_string(value);
 }
 
@@ -89,7 +89,7 @@ std::string hotelOf(const Equipment& equipment) {
 } // namespace
 
 UiView viewOf(const Equipment& equipment) {
-    const Scalars speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
+    const wire::Values speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
     const std::int32_t streamType = Numbers(equipment, "picture.hdrStreamType")[0];
     const std::int32_t source = Numbers(equipment, "sourcemanager.curSource", {std::int32_t{KELU_TV_WINDOW_MAIN}})[0];
     UiView view;
@@ -106,4 +106,4 @@ UiView viewOf(const Equipment& equipment) {
     return view;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

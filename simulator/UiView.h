@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** A colour that fills the screen. */
 struct UiColor {
@@ -37,4 +37,4 @@ struct UiView {
 /** What the television is like; commands and events are left out. */
 UiView viewOf(const Equipment& equipment);
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,19 +2,19 @@
 
 #include "FaultRule.h"
 #include "Notice.h"
-#include "Reply.h"
-#include "Request.h"
 #include "Television.h"
+#include "wire/codec/Reply.h"
+#include "wire/codec/Request.h"
 
 #include <sys/types.h>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 /** A request that has been carried out. */
 struct Served {
     pid_t caller;
-    const Request& request;
-    const Reply& reply;
+    const wire::Request& request;
+    const wire::Reply& reply;
 };
 
 /**
@@ -31,11 +31,11 @@ public:
     virtual void served(const Served&) {}
     virtual void published(const Notice&) {}
     /** A request meets a fault; it has not been carried out yet. */
-    virtual void faulted(pid_t, const Request&, const FaultRule&) {}
+    virtual void faulted(pid_t, const wire::Request&, const FaultRule&) {}
     /** A request or a control line is done with, and this is what the television has come to. */
     virtual void settled(const Television&) {}
     /** The process is about to end by a fault, with nothing behind it carried out. */
     virtual void ending() {}
 };
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <sstream>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::optional<int> millisecondsOf(std::string_view word) {
                : std::nullopt;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 using Words = std::vector<std::string>;
 
@@ -27,4 +27,4 @@ template <typename Number> std::optional<Number> numberOf(std::string_view word,
     return read.ec == std::errc() && read.ptr == end ? std::optional<Number>(number) : std::nullopt;
 }
 
-} // namespace simulator
+} // namespace kelutv::simulator

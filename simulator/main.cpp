@@ -16,7 +16,7 @@ int start(int argc, char** argv) {
                  "Ends on SIGINT or SIGTERM.\n\n"
                  "Example: kelutv-simulator --trace",
                  "kelutv-simulator");
-    simulator::Options options;
+    kelutv::simulator::Options options;
     CLI::Option* const trace = app.add_flag("--trace", options.trace,
                                             "Print every request with its answer, and every event, to standard output");
     app.add_flag("--ui", options.ui,
@@ -64,7 +64,7 @@ int start(int argc, char** argv) {
         return app.exit(error) == 0 ? EXIT_SUCCESS : kBadUsage;
     }
     std::signal(SIGPIPE, SIG_IGN); // The television outlives a reader of its trace.
-    return simulator::Program(options).run();
+    return kelutv::simulator::Program(options).run();
 }
 
 } // namespace
@@ -72,10 +72,10 @@ int start(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return start(argc, argv);
-    } catch (const simulator::ConfigurationError& error) {
+    } catch (const kelutv::simulator::ConfigurationError& error) {
         std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
         return kBadUsage;
-    } catch (const simulator::ScenarioError& error) {
+    } catch (const kelutv::simulator::ScenarioError& error) {
         std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
         return kBadUsage;
     } catch (const std::exception& error) {

@@ -13,7 +13,7 @@ struct Step {
 
 struct Pair {
     const char* name;
-    simulator::Rows<Step> steps;
+    wire::Rows<Step> steps;
     void (*get)(Observed& observed, int null);
 };
 

@@ -1,16 +1,16 @@
 // Every kind of request item and reply field, on a table of this test's own.
 
-#include "simulator/Reply.h"
 #include "simulator/Television.h"
 #include "simulator/Trace.h"
-#include "simulator/Utf8.h"
 #include "support/Wire.h"
+#include "wire/codec/Reply.h"
+#include "wire/codec/Utf8.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -27,31 +27,51 @@ constexpr int kGetRest = 6;
 constexpr int kNothing = 7;
 constexpr int kGetLed = 8;
 
-constexpr StateSlot kStates[] = {
-    {"test.curve", "test", Holds::Anything, {}},
-    {"test.rest", "test", Holds::Integers, {}},
+constexpr wire::StateSlot kStates[] = {
+    {"test.curve", "test", wire::Holds::Anything, {}},
+    {"test.rest", "test", wire::Holds::Integers, {}},
 };
-constexpr RequestItem kCurve[] = {{Kind::Int32, "count", nullptr, kRestOfRequest},
-                                  {Kind::Doubles, "curve", nullptr, 0},
-                                  {Kind::Double, "scale", nullptr, kRestOfRequest}};
-constexpr RequestItem kData[] = {{Kind::Int32, "size", nullptr, kRestOfRequest}, {Kind::Bytes, "data", nullptr, 0}};
-constexpr RequestItem kText[] = {{Kind::String16, "text", nullptr, kRestOfRequest}};
-constexpr RequestItem kRest[] = {{Kind::Ints, "rest", nullptr, kRestOfRequest}};
-constexpr Operand kFirst[] = {{0, 0}};
-constexpr Operand kAllOfCurve[] = {{0, 0}, {1, 0}, {2, 0}};
-constexpr ReplyField kCurveReply[] = {{Kind::Int32, "count", nullptr, 1}, {Kind::Doubles, nullptr, nullptr, 4}};
-constexpr ReplyField kRestReply[] = {{Kind::Ints, nullptr, nullptr, kRestOfReply}};
-constexpr ReplyField kLedReply[] = {{Kind::Int32, nullptr, nullptr, kCountOfRest},
-                                    {Kind::Ints, nullptr, nullptr, kRestOfReply}};
-constexpr Command kCommands[] = {
-    {"SET_CURVE", {kCurve, Shape::Status, {}, {Rule::Kind::Set, &kStates[0], {}, kAllOfCurve}}, kSetCurve, false},
-    {"GET_CURVE", {{}, Shape::Parcel, kCurveReply, {Rule::Kind::Get, &kStates[0], {}, {}}}, kGetCurve, false},
-    {"SET_DATA", {kData, Shape::Status, {}, {Rule::Kind::None, nullptr, {}, {}}}, kSetData, false},
-    {"SET_TEXT", {kText, Shape::Status, {}, {Rule::Kind::None, nullptr, {}, {}}}, kSetText, false},
-    {"SET_REST", {kRest, Shape::Status, {}, {Rule::Kind::Set, &kStates[1], {}, kFirst}}, kSetRest, false},
-    {"GET_REST", {{}, Shape::Parcel, kRestReply, {Rule::Kind::Get, &kStates[1], {}, {}}}, kGetRest, false},
-    {"NOTHING", {{}, Shape::Parcel, kCurveReply, {Rule::Kind::None, nullptr, {}, {}}}, kNothing, false},
-    {"GET_LED", {{}, Shape::Parcel, kLedReply, {Rule::Kind::Get, &kStates[1], {}, {}}}, kGetLed, false},
+constexpr wire::RequestItem kCurve[] = {{wire::Encoding::Int32, "count", nullptr, wire::kRestOfRequest},
+                                        {wire::Encoding::Doubles, "curve", nullptr, 0},
+                                        {wire::Encoding::Double, "scale", nullptr, wire::kRestOfRequest}};
+constexpr wire::RequestItem kData[] = {{wire::Encoding::Int32, "size", nullptr, wire::kRestOfRequest},
+                                       {wire::Encoding::Bytes, "data", nullptr, 0}};
+constexpr wire::RequestItem kText[] = {{wire::Encoding::String16, "text", nullptr, wire::kRestOfRequest}};
+constexpr wire::RequestItem kRest[] = {{wire::Encoding::Ints, "rest", nullptr, wire::kRestOfRequest}};
+constexpr wire::Operand kFirst[] = {{0, 0}};
+constexpr wire::Operand kAllOfCurve[] = {{0, 0}, {1, 0}, {2, 0}};
+constexpr wire::ReplyField kCurveReply[] = {{wire::Encoding::Int32, "count", nullptr, 1},
+                                            {wire::Encoding::Doubles, nullptr, nullptr, 4}};
+constexpr wire::ReplyField kRestReply[] = {{wire::Encoding::Ints, nullptr, nullptr, wire::kRestOfReply}};
+constexpr wire::ReplyField kLedReply[] = {{wire::Encoding::Int32, nullptr, nullptr, wire::kCountOfRest},
+                                          {wire::Encoding::Ints, nullptr, nullptr, wire::kRestOfReply}};
+constexpr wire::Command kCommands[] = {
+    {"SET_CURVE",
+     {kCurve, wire::Shape::Status, {}, {wire::StateRule::Access::Set, &kStates[0], {}, kAllOfCurve}},
+     kSetCurve,
+     false},
+    {"GET_CURVE",
+     {{}, wire::Shape::Parcel, kCurveReply, {wire::StateRule::Access::Get, &kStates[0], {}, {}}},
+     kGetCurve,
+     false},
+    {"SET_DATA", {kData, wire::Shape::Status, {}, {wire::StateRule::Access::None, nullptr, {}, {}}}, kSetData, false},
+    {"SET_TEXT", {kText, wire::Shape::Status, {}, {wire::StateRule::Access::None, nullptr, {}, {}}}, kSetText, false},
+    {"SET_REST",
+     {kRest, wire::Shape::Status, {}, {wire::StateRule::Access::Set, &kStates[1], {}, kFirst}},
+     kSetRest,
+     false},
+    {"GET_REST",
+     {{}, wire::Shape::Parcel, kRestReply, {wire::StateRule::Access::Get, &kStates[1], {}, {}}},
+     kGetRest,
+     false},
+    {"NOTHING",
+     {{}, wire::Shape::Parcel, kCurveReply, {wire::StateRule::Access::None, nullptr, {}, {}}},
+     kNothing,
+     false},
+    {"GET_LED",
+     {{}, wire::Shape::Parcel, kLedReply, {wire::StateRule::Access::Get, &kStates[1], {}, {}}},
+     kGetLed,
+     false},
 };
 
 /** What the television answers and what the trace says of it. */
@@ -65,10 +85,10 @@ protected:
     Exchange send(const Wire& wire) {
         android::Parcel data;
         data.setData(wire.bytes().data(), wire.bytes().size());
-        const Request request = readRequest(data);
-        const Reply reply = request.fault ? refusal(*request.fault) : mTelevision.perform(request);
+        const wire::Request request = wire::readRequest(data);
+        const wire::Reply reply = request.refusal ? replyTo(*request.refusal) : mTelevision.perform(request);
         android::Parcel written;
-        writeReply(reply, written);
+        wire::writeReply(reply, written);
         return {Bytes(written.data(), written.data() + written.dataSize()),
                 describe(request) + " -> " + describe(request, reply)};
     }
@@ -132,20 +152,23 @@ TEST_F(Blocks, OfACommandWithoutStateAreZero) {
 }
 
 TEST(Utf8, ReplacesHalfSurrogatePairs) {
-    EXPECT_EQ(toUtf8(std::u16string{u'a', 0xD83D, u'b', 0xDD0A}), "a\xef\xbf\xbd"
-                                                                  "b\xef\xbf\xbd");
-    EXPECT_EQ(toUtf8(std::u16string{0xD83D}), "\xef\xbf\xbd");
+    EXPECT_EQ(wire::toUtf8(std::u16string{u'a', 0xD83D, u'b', 0xDD0A}), "a\xef\xbf\xbd"
+                                                                        "b\xef\xbf\xbd");
+    EXPECT_EQ(wire::toUtf8(std::u16string{0xD83D}), "\xef\xbf\xbd");
 }
 
 } // namespace
 
+} // namespace kelutv::simulator
+
 // These stand in for the generated table.
-Rows<Command> allCommands() { return kCommands; }
+namespace kelutv::wire {
+Rows<Command> allCommands() { return simulator::kCommands; }
 
 Rows<Item> allItems() { return {}; }
 
-Rows<StateSlot> allStates() { return kStates; }
+Rows<StateSlot> allStates() { return simulator::kStates; }
 
-Rows<EnumeratorName> allEnumerators() { return {}; }
+Rows<Enumerator> allEnumerators() { return {}; }
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -1,8 +1,8 @@
 // What configurations come to, and what is wrong with those that are refused.
 
 #include "simulator/Configuration.h"
-#include "simulator/Nearest.h"
 #include "support/RuntimeDir.h"
+#include "wire/text/Nearest.h"
 
 #include <kelutv/kelutv.h>
 
@@ -14,7 +14,7 @@
 #include <ostream>
 #include <string>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -25,7 +25,7 @@ constexpr char kStatus[] = "sourcemanager.signalStatus";
 constexpr char kTiming[] = "sourcemanager.timingInfo";
 constexpr char kStreamType[] = "picture.hdrStreamType";
 
-Scalars numbers(std::initializer_list<std::int32_t> values) { return {values.begin(), values.end()}; }
+wire::Values numbers(std::initializer_list<std::int32_t> values) { return {values.begin(), values.end()}; }
 
 class ConfigurationFile : public ::testing::Test {
 protected:
@@ -37,7 +37,7 @@ protected:
     Configuration read(const std::string& text) const { return Configuration::fromFile(write(text)); }
 
     static const SlotSettings& settings(const Configuration& configuration, const char* state) {
-        return configuration.settings(*findState(state));
+        return configuration.settings(*wire::findState(state));
     }
 
     const RuntimeDir mFolder;
@@ -60,7 +60,7 @@ TEST_F(ConfigurationFile, TakesAwayWithNull) {
                                            "sources": {"KELU_TV_SRC_VGA": null}})");
     EXPECT_FALSE(settings(changed, kVolume).range);
     EXPECT_EQ(settings(changed, kVolume).event, 0U);
-    EXPECT_EQ(settings(changed, "audio.maxVolume").initial, Scalars{});
+    EXPECT_EQ(settings(changed, "audio.maxVolume").initial, wire::Values{});
     EXPECT_EQ(changed.sources().count(KELU_TV_SRC_VGA), 0U);
 }
 
@@ -68,10 +68,10 @@ TEST_F(ConfigurationFile, SetsInitialValuesForAKey) {
     const Configuration changed = read(R"({"factory": {"machineInfo": {"initial": {"KELU_TV_MACHINE_INFO_MODEL": "X"}}},
                                            "audio": {"volume": {"initial": {"1": 7}}}})");
     const SlotSettings& machine = settings(changed, "factory.machineInfo");
-    EXPECT_EQ(machine.initialFor({std::int32_t{KELU_TV_MACHINE_INFO_MODEL}}), Scalars{std::string("X")});
-    EXPECT_EQ(machine.initialFor({std::int32_t{KELU_TV_MACHINE_INFO_BRAND_NAME}}), Scalars{std::string("Sample")});
+    EXPECT_EQ(machine.initialFor({std::int32_t{KELU_TV_MACHINE_INFO_MODEL}}), wire::Values{std::string("X")});
+    EXPECT_EQ(machine.initialFor({std::int32_t{KELU_TV_MACHINE_INFO_BRAND_NAME}}), wire::Values{std::string("Sample")});
     EXPECT_EQ(settings(changed, kVolume).initialFor(numbers({1})), numbers({7}));
-    EXPECT_EQ(settings(changed, kVolume).initialFor(numbers({0})), Scalars{});
+    EXPECT_EQ(settings(changed, kVolume).initialFor(numbers({0})), wire::Values{});
 }
 
 TEST_F(ConfigurationFile, ReplacesASourceAsAWhole) {
@@ -83,13 +83,13 @@ TEST_F(ConfigurationFile, ReplacesASourceAsAWhole) {
                     "KELU_TV_SRC_YPBPR2": {"signal": "wide", "picture.hdrStreamType": "KELU_TV_HDR_TYPE_HLG"}}})");
     const SourceSettings& hdmi2 = changed.sources().at(KELU_TV_SRC_HDMI2);
     EXPECT_EQ(hdmi2.signal, changed.signals().at("wide"));
-    EXPECT_EQ(hdmi2.signal.at(findState(kTiming)), numbers({2560, 1080, 75, 0, 1, 0, 0, 0, 1}));
-    EXPECT_EQ(hdmi2.signal.at(findState(kStreamType)), numbers({0}));
+    EXPECT_EQ(hdmi2.signal.at(wire::findState(kTiming)), numbers({2560, 1080, 75, 0, 1, 0, 0, 0, 1}));
+    EXPECT_EQ(hdmi2.signal.at(wire::findState(kStreamType)), numbers({0}));
     EXPECT_TRUE(hdmi2.plugged);
     EXPECT_FALSE(changed.sources().at(KELU_TV_SRC_HDMI3).plugged);
     EXPECT_EQ(changed.sources().at(KELU_TV_SRC_HDMI3).signal, changed.noSignal());
     EXPECT_EQ(changed.sources().at(KELU_TV_SRC_YPBPR2).name, "KELU_TV_SRC_YPBPR2");
-    EXPECT_EQ(changed.sources().at(KELU_TV_SRC_YPBPR2).signal.at(findState(kStreamType)),
+    EXPECT_EQ(changed.sources().at(KELU_TV_SRC_YPBPR2).signal.at(wire::findState(kStreamType)),
               numbers({KELU_TV_HDR_TYPE_HLG}));
 }
 
@@ -160,7 +160,7 @@ constexpr Bad kBad[] = {
      ": /audio/volume: the initial value 101 is out of the range from 0 to 100"},
     {"Event", R"({"audio": {"volume": {"event": "kVolumChanged"}}})",
      ": /audio/volume/event: there is no event 'kVolumChanged'; the nearest is kVolumeChanged"},
-    {"EventOfText", R"({"factory": {"panelID": {"event": "kVolumeChanged"}}})",
+    {"EventOfText", R"({"factory": {"panelID": {"event": "wire::kVolumeChanged"}}})",
      ": /factory/panelID/event: only a state of integers can have an event"},
     {"Role", R"({"sourcemanager": {"curSource": {"source": "window"}}})",
      ": /sourcemanager/curSource/source: a source is the key or the value, not 'window'"},
@@ -223,12 +223,12 @@ TEST_F(ConfigurationFile, ThatCannotBeReadIsRefused) {
 
 TEST(Signals, HaveTheirStatesAndLengths) {
     const Configuration configuration = Configuration::standard();
-    EXPECT_EQ(configuration.objectionToSignal(*findState(kStatus), numbers({1})), std::nullopt);
-    EXPECT_EQ(configuration.objectionToSignal(*findState(kTiming), numbers({1})),
+    EXPECT_EQ(configuration.objectionToSignal(*wire::findState(kStatus), numbers({1})), std::nullopt);
+    EXPECT_EQ(configuration.objectionToSignal(*wire::findState(kTiming), numbers({1})),
               "sourcemanager.timingInfo takes 9 integers");
-    EXPECT_EQ(configuration.objectionToSignal(*findState(kStatus), {std::string("good")}),
+    EXPECT_EQ(configuration.objectionToSignal(*wire::findState(kStatus), {std::string("good")}),
               "sourcemanager.signalStatus takes 1 integer");
-    EXPECT_EQ(configuration.objectionToSignal(*findState(kVolume), numbers({1})),
+    EXPECT_EQ(configuration.objectionToSignal(*wire::findState(kVolume), numbers({1})),
               "audio.volume does not show a signal");
 }
 
@@ -242,4 +242,4 @@ TEST(Nearest, IsTheNameWithTheFewestChanges) {
 
 } // namespace
 
-} // namespace simulator
+} // namespace kelutv::simulator

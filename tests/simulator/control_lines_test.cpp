@@ -3,9 +3,9 @@
 #include "simulator/Control.h"
 #include "simulator/ControlVerbs.h"
 #include "simulator/ControlWords.h"
-#include "simulator/Quote.h"
 #include "simulator/SlotAccess.h"
 #include "simulator/SlotForm.h"
+#include "wire/text/Quote.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -42,7 +42,7 @@ TEST(ControlLines, TakeEveryTextInQuotes) {
     for (int byte = 0; byte < 256; ++byte) {
         every += static_cast<char>(byte);
     }
-    EXPECT_EQ(textsOf(wordsIn(inQuotes(every))), Texts{every});
+    EXPECT_EQ(textsOf(wordsIn(wire::inQuotes(every))), Texts{every});
 }
 
 TEST(ControlLines, HaveNumbersAndBytes) {
@@ -61,7 +61,7 @@ TEST(ControlLines, HaveNumbersAndBytes) {
 
 TEST(ControlLines, HaveShortNames) {
     const Enumerators names{
-        {1, "A_MODE_VIVID"}, {2, "A_MODE_STANDARD"}, {3, "A_MODE_STANDARD_TWO"}, {4, "A_MODE_SOFT"}};
+        {"A_MODE_VIVID", 1}, {"A_MODE_STANDARD", 2}, {"A_MODE_STANDARD_TWO", 3}, {"A_MODE_SOFT", 4}};
     for (const char* const word : {"A_MODE_STANDARD", "standard", "STANDARD", "2", "0x2"}) {
         EXPECT_EQ(enumeratorOf(word, names, "mode"), 2) << word;
     }
@@ -94,7 +94,10 @@ protected:
 
 /** A word that the part of a slot takes. */
 std::string wordFor(const SlotPart& part) {
-    return part.kind == Kind::CString || part.kind == Kind::String16 || part.kind == Kind::Bytes ? "\"text\"" : "1";
+    return part.encoding == wire::Encoding::CString || part.encoding == wire::Encoding::String16 ||
+                   part.encoding == wire::Encoding::Bytes
+               ? "\"text\""
+               : "1";
 }
 
 std::string wordsFor(const std::vector<SlotPart>& parts) {
@@ -107,11 +110,11 @@ std::string wordsFor(const std::vector<SlotPart>& parts) {
 
 TEST_F(ControlOfEquipment, SetsEveryStateToWhatGetShows) {
     int set = 0;
-    for (const StateSlot& slot : allStates()) {
+    for (const wire::StateSlot& slot : wire::allStates()) {
         const SlotForm form = formOf(slot);
         const std::string target = slot.name + (form.keys.empty() ? "" : '[' + wordsFor(form.keys) + ']');
         const std::string line = target + " = " + wordsFor(form.values);
-        if (!isJustKept(mEquipment, slot, Scalars(form.keys.size(), std::int32_t{1}))) {
+        if (!isJustKept(mEquipment, slot, wire::Values(form.keys.size(), std::int32_t{1}))) {
             continue;
         }
         const Answer done = obey(mEquipment, line);
@@ -163,4 +166,4 @@ TEST_F(ControlOfEquipment, SurvivesEveryLine) {
 
 } // namespace
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -17,7 +17,7 @@
 #include <iterator>
 #include <stdexcept>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -191,4 +191,4 @@ TEST_F(EepStoreTest, LeavesOnePatternWheneverItIsKilled) {
 
 } // namespace
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -16,7 +16,7 @@
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -27,16 +27,16 @@ constexpr char kAvailable[] = "sourcemanager.availSourceList";
 constexpr std::int32_t kMain = KELU_TV_WINDOW_MAIN;
 const CecDevice kPlayer{11, 3, "Second player", "4.0.0.0", "HDMI4 Second player", true};
 
-Scalars numbers(std::initializer_list<std::int32_t> values) { return {values.begin(), values.end()}; }
+wire::Values numbers(std::initializer_list<std::int32_t> values) { return {values.begin(), values.end()}; }
 
 class Running : public ::testing::Test {
 protected:
-    Scalars read(const char* state, const Scalars& keys = {}) const {
-        return readState(mEquipment, *findState(state), keys);
+    wire::Values read(const char* state, const wire::Values& keys = {}) const {
+        return readState(mEquipment, *wire::findState(state), keys);
     }
 
-    std::string set(const char* state, const Scalars& keys, const Scalars& values) {
-        const auto fault = setState(mEquipment, *findState(state), keys, values);
+    std::string set(const char* state, const wire::Values& keys, const wire::Values& values) {
+        const auto fault = setState(mEquipment, *wire::findState(state), keys, values);
         return fault ? fault->text : "";
     }
 
@@ -55,8 +55,8 @@ protected:
     }
 
     bool isAvailable(std::int32_t source) const {
-        const Scalars sources = read(kAvailable);
-        return std::find(sources.begin(), sources.end(), Scalar(source)) != sources.end();
+        const wire::Values sources = read(kAvailable);
+        return std::find(sources.begin(), sources.end(), wire::Value(source)) != sources.end();
     }
 
     void load(const std::string& text) {
@@ -121,7 +121,7 @@ TEST_F(Running, ASignalThatChangesUnpluggedWaitsForThePlug) {
     mSources.setSignal(KELU_TV_SRC_ATV, preset("1080p60"));
     EXPECT_EQ(told(), Events{});
     mSources.plug(KELU_TV_SRC_ATV, true);
-    EXPECT_EQ(read(kTiming), preset("1080p60").at(findState(kTiming)));
+    EXPECT_EQ(read(kTiming), preset("1080p60").at(wire::findState(kTiming)));
 }
 
 TEST_F(Running, ADeselectedSourceStaysDark) {
@@ -129,7 +129,7 @@ TEST_F(Running, ADeselectedSourceStaysDark) {
     mSources.setSignal(KELU_TV_SRC_ATV, preset("1080p60"));
     EXPECT_EQ(read(kStatus), numbers({0}));
     ASSERT_EQ(set(kCurrent, numbers({kMain}), numbers({KELU_TV_SRC_ATV})), "");
-    EXPECT_EQ(read(kTiming), preset("1080p60").at(findState(kTiming)));
+    EXPECT_EQ(read(kTiming), preset("1080p60").at(wire::findState(kTiming)));
 }
 
 TEST_F(Running, CecDevicesComeAndGo) {
@@ -229,18 +229,18 @@ TEST_F(Running, KeepsEverythingInAText) {
 }
 
 TEST_F(Running, KeepsNumbersThatJsonLacks) {
-    const Scalars scalars{0.1,
-                          5.0,
-                          -0.0,
-                          std::numeric_limits<double>::infinity(),
-                          -std::numeric_limits<double>::infinity(),
-                          std::int32_t{5}};
+    const wire::Values scalars{0.1,
+                               5.0,
+                               -0.0,
+                               std::numeric_limits<double>::infinity(),
+                               -std::numeric_limits<double>::infinity(),
+                               std::int32_t{5}};
     const nlohmann::json json = toJson(scalars);
     EXPECT_EQ(json.dump(), R"([0.1,5.0,-0.0,{"real":"inf"},{"real":"-inf"},5])");
     const nlohmann::json again = parseJson(json.dump(), "x");
-    EXPECT_EQ(readScalars(JsonNode(again, "x")), scalars);
+    EXPECT_EQ(readValues(JsonNode(again, "x")), scalars);
     const nlohmann::json nan = toJson({std::nan("")});
-    EXPECT_TRUE(std::isnan(std::get<double>(readScalars(JsonNode(nan, "x"))[0])));
+    EXPECT_TRUE(std::isnan(std::get<double>(readValues(JsonNode(nan, "x"))[0])));
 }
 
 struct BadState {
@@ -319,11 +319,11 @@ INSTANTIATE_TEST_SUITE_P(Each, BadKeptState, ::testing::ValuesIn(kBadStates), na
 TEST_F(Running, TakesAGoodState) {
     load(kGoodState);
     EXPECT_EQ(read("audio.volume", numbers({0})), numbers({35}));
-    EXPECT_EQ(mSources.signalAt(KELU_TV_SRC_HDMI1).at(findState("video.mode3d")), numbers({1}));
+    EXPECT_EQ(mSources.signalAt(KELU_TV_SRC_HDMI1).at(wire::findState("video.mode3d")), numbers({1}));
     EXPECT_EQ(mEquipment.cec.playing(), 4);
     EXPECT_EQ(mEquipment.power.lastPowerOffMode(), 1);
 }
 
 } // namespace
 
-} // namespace simulator
+} // namespace kelutv::simulator

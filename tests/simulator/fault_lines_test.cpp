@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -47,7 +47,7 @@ TEST(FaultLines, AreForgottenWhenTheyHaveHappened) {
     Faults faults;
     EXPECT_EQ(faults.add("any nth 2 times 2 error -5"), std::nullopt);
     EXPECT_EQ(faults.add("any from 99 error -6"), std::nullopt);
-    const Request request;
+    const wire::Request request;
     EXPECT_EQ(faults.meet(request, 1).size(), 0U);
     EXPECT_EQ(faults.meet(request, 1).size(), 1U);
     EXPECT_EQ(faults.list().size(), 2U);
@@ -94,4 +94,4 @@ TEST(FaultLines, ThatMakeNoSenseAreRefused) {
 
 } // namespace
 
-} // namespace simulator
+} // namespace kelutv::simulator

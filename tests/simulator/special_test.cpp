@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -24,26 +24,26 @@ using kelutv::test::replyOf;
 using kelutv::test::requestOf;
 using kelutv::test::Wire;
 
-constexpr RequestItem kNumber[] = {{Kind::Int32, "number", nullptr, kRestOfRequest}};
-constexpr RequestItem kByte[] = {{Kind::Int32, "address", nullptr, kRestOfRequest},
-                                 {Kind::Int32, "value", nullptr, kRestOfRequest}};
-constexpr RequestItem kBlock[] = {{Kind::Int32, "address", nullptr, kRestOfRequest},
-                                  {Kind::Int32, "length", nullptr, kRestOfRequest},
-                                  {Kind::Ints, "block", nullptr, 1}};
-constexpr ReplyField kInt[] = {{Kind::Int32, nullptr, nullptr, 1}};
-constexpr ReplyField kInts[] = {{Kind::Ints, nullptr, nullptr, kRestOfReply}};
-constexpr Rule kNoRule{Rule::Kind::None, nullptr, {}, {}};
-constexpr Operation kAction{{}, Shape::Status, {}, kNoRule};
-constexpr Operation kActionWithNumber{kNumber, Shape::Status, {}, kNoRule};
-constexpr Operation kQuestion{{}, Shape::Value, kInt, kNoRule};
-constexpr Operation kQuestionWithNumber{kNumber, Shape::Value, kInt, kNoRule};
-constexpr Operation kSetByte{kByte, Shape::Status, {}, kNoRule};
-constexpr Operation kGetBlock{kByte, Shape::Parcel, kInts, kNoRule};
-constexpr Operation kSetBlock{kBlock, Shape::Status, {}, kNoRule};
-constexpr Command kCommands[] = {
+constexpr wire::RequestItem kNumber[] = {{wire::Encoding::Int32, "number", nullptr, wire::kRestOfRequest}};
+constexpr wire::RequestItem kByte[] = {{wire::Encoding::Int32, "address", nullptr, wire::kRestOfRequest},
+                                       {wire::Encoding::Int32, "value", nullptr, wire::kRestOfRequest}};
+constexpr wire::RequestItem kBlock[] = {{wire::Encoding::Int32, "address", nullptr, wire::kRestOfRequest},
+                                        {wire::Encoding::Int32, "length", nullptr, wire::kRestOfRequest},
+                                        {wire::Encoding::Ints, "block", nullptr, 1}};
+constexpr wire::ReplyField kInt[] = {{wire::Encoding::Int32, nullptr, nullptr, 1}};
+constexpr wire::ReplyField kInts[] = {{wire::Encoding::Ints, nullptr, nullptr, wire::kRestOfReply}};
+constexpr wire::StateRule kNoRule{wire::StateRule::Access::None, nullptr, {}, {}};
+constexpr wire::Operation kAction{{}, wire::Shape::Status, {}, kNoRule};
+constexpr wire::Operation kActionWithNumber{kNumber, wire::Shape::Status, {}, kNoRule};
+constexpr wire::Operation kQuestion{{}, wire::Shape::Number, kInt, kNoRule};
+constexpr wire::Operation kQuestionWithNumber{kNumber, wire::Shape::Number, kInt, kNoRule};
+constexpr wire::Operation kSetByte{kByte, wire::Shape::Status, {}, kNoRule};
+constexpr wire::Operation kGetBlock{kByte, wire::Shape::Parcel, kInts, kNoRule};
+constexpr wire::Operation kSetBlock{kBlock, wire::Shape::Status, {}, kNoRule};
+constexpr wire::Command kCommands[] = {
     {"ARC_SUPPORTED", kQuestion, CMD_CEC_GETARCSUPPORTED, false},
     {"ARC_ACTIVE", kQuestion, CMD_CEC_GETARCCONNECTSTATE, false},
-    {"DEVICES", {{}, Shape::Parcel, {}, kNoRule}, CMD_CEC_GETDEVICELISTALLINFO, false},
+    {"DEVICES", {{}, wire::Shape::Parcel, {}, kNoRule}, CMD_CEC_GETDEVICELISTALLINFO, false},
     {"SELECT", kQuestionWithNumber, CMD_CEC_ACTIVATE_CEC_DEVICE, false},
     {"PLAYING", kQuestion, CMD_CEC_GET_PLAYING_DEVICE_LOGADDR, false},
     {"ARC_PORT", kQuestion, CMD_CEC_GETARCPORT, false},
@@ -107,11 +107,11 @@ protected:
     Bytes sendBytes(const Bytes& bytes) {
         android::Parcel data;
         data.setData(bytes.data(), bytes.size());
-        const Request request = readRequest(data);
-        const Reply reply = request.fault ? refusal(*request.fault) : mTelevision.perform(request);
+        const wire::Request request = wire::readRequest(data);
+        const wire::Reply reply = request.refusal ? replyTo(*request.refusal) : mTelevision.perform(request);
         mTrace = describe(request) + " -> " + describe(request, reply);
         android::Parcel written;
-        writeReply(reply, written);
+        wire::writeReply(reply, written);
         return Bytes(written.data(), written.data() + written.dataSize());
     }
 
@@ -356,13 +356,16 @@ TEST_F(Special, BadControlLinesAreRefused) {
 
 } // namespace
 
+} // namespace kelutv::simulator
+
 // These stand in for the generated table.
-Rows<Command> allCommands() { return kCommands; }
+namespace kelutv::wire {
+Rows<Command> allCommands() { return simulator::kCommands; }
 
 Rows<Item> allItems() { return {}; }
 
 Rows<StateSlot> allStates() { return {}; }
 
-Rows<EnumeratorName> allEnumerators() { return {}; }
+Rows<Enumerator> allEnumerators() { return {}; }
 
-} // namespace simulator
+} // namespace kelutv::wire

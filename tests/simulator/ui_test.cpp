@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::simulator {
 
 namespace {
 
@@ -165,4 +165,4 @@ TEST_F(UiViewOf, WhatWasChanged) {
 
 } // namespace
 
-} // namespace simulator
+} // namespace kelutv::simulator

@@ -2,8 +2,8 @@
 
 #include "Words.h"
 
-#include "simulator/Describe.h"
-#include "simulator/Names.h"
+#include "wire/text/Describe.h"
+#include "wire/text/EnumeratorNames.h"
 
 #include <nlohmann/json.hpp>
 
@@ -15,12 +15,12 @@ namespace kelutv::tool {
 
 namespace {
 
-using WireKind = simulator::Kind;
-using simulator::Result;
+using WireKind = wire::Encoding;
+using wire::Result;
 
 /** The reader stands where the argument begins that could not be read. */
-std::size_t offsetOf(const simulator::Request& request, const android::Parcel& parcel) {
-    switch (request.fault->result) {
+std::size_t offsetOf(const wire::Request& request, const android::Parcel& parcel) {
+    switch (request.refusal->result) {
     case Result::WrongToken:
         return 0;
     case Result::UnknownCommand:
@@ -31,11 +31,11 @@ std::size_t offsetOf(const simulator::Request& request, const android::Parcel& p
 }
 
 /** An item without a row can be read all the same. */
-bool isMalformed(const simulator::Request& request) {
-    return request.fault && request.fault->result != Result::UnknownItem;
+bool isMalformed(const wire::Request& request) {
+    return request.refusal && request.refusal->result != Result::UnknownItem;
 }
 
-Json valueOf(const simulator::Scalar& scalar, WireKind kind) {
+Json valueOf(const wire::Value& scalar, WireKind kind) {
     if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
         return *number;
     }
@@ -47,7 +47,7 @@ Json valueOf(const simulator::Scalar& scalar, WireKind kind) {
 }
 
 bool isSingle(const NamedValue& value) {
-    return value.scalars.size() == 1 && value.kind != WireKind::Ints && value.kind != WireKind::Doubles;
+    return value.scalars.size() == 1 && value.encoding != WireKind::Ints && value.encoding != WireKind::Doubles;
 }
 
 Json documentOf(const NamedValue& value) {
@@ -57,14 +57,14 @@ Json documentOf(const NamedValue& value) {
     }
     if (!isSingle(value)) {
         document["value"] = Json::array();
-        for (const simulator::Scalar& scalar : value.scalars) {
-            document["value"].push_back(valueOf(scalar, value.kind));
+        for (const wire::Value& scalar : value.scalars) {
+            document["value"].push_back(valueOf(scalar, value.encoding));
         }
         return document;
     }
-    document["value"] = valueOf(value.scalars.front(), value.kind);
+    document["value"] = valueOf(value.scalars.front(), value.encoding);
     const auto* const number = std::get_if<std::int32_t>(&value.scalars.front());
-    const std::string name = number != nullptr ? simulator::nameOfValue(*number, value.names) : "";
+    const std::string name = number != nullptr ? wire::nameOfValue(*number, value.names) : "";
     if (!name.empty()) {
         document["enumerator"] = name;
     }
@@ -79,14 +79,14 @@ Json documentOf(const std::vector<NamedValue>& values) {
     return documents;
 }
 
-void addFlaw(Json& document, const std::optional<simulator::ReplyFlaw>& flaw) {
+void addFlaw(Json& document, const std::optional<wire::ReplyFlaw>& flaw) {
     if (flaw) {
         document["fault"] = {{"offset", flaw->offset}, {"text", flaw->text}};
     }
 }
 
 /** A function that takes any item has none of its own. */
-bool isSameItem(const Request& row, const simulator::Request& request) {
+bool isSameItem(const Request& row, const wire::Request& request) {
     return row.commandValue == request.command->value &&
            (row.item == nullptr || !request.command->hasItems || request.arguments.empty() ||
             row.itemValue == std::get<std::int32_t>(request.arguments.front().front()));
@@ -97,56 +97,56 @@ bool isSameItem(const Request& row, const simulator::Request& request) {
 DecodedRequest decodeRequest(const Bytes& bytes) {
     android::Parcel parcel;
     parcel.setData(bytes.data(), bytes.size());
-    DecodedRequest decoded{simulator::readRequest(parcel), std::nullopt};
+    DecodedRequest decoded{wire::readRequest(parcel), std::nullopt};
     if (isMalformed(decoded.request)) {
-        decoded.flaw = {offsetOf(decoded.request, parcel), decoded.request.fault->text};
+        decoded.flaw = {offsetOf(decoded.request, parcel), decoded.request.refusal->text};
     }
     return decoded;
 }
 
-const simulator::Operation& operationFor(const simulator::Request& request) {
-    static constexpr simulator::ReplyField kWords[] = {{WireKind::Ints, nullptr, nullptr, simulator::kRestOfReply}};
-    static constexpr simulator::Operation kUnknown{
-        {}, simulator::Shape::Parcel, kWords, {simulator::Rule::Kind::None, nullptr, {}, {}}};
+const wire::Operation& operationFor(const wire::Request& request) {
+    static constexpr wire::ReplyField kWords[] = {{WireKind::Ints, nullptr, nullptr, wire::kRestOfReply}};
+    static constexpr wire::Operation kUnknown{
+        {}, wire::Shape::Parcel, kWords, {wire::StateRule::Access::None, nullptr, {}, {}}};
     if (request.operation != nullptr) {
         return *request.operation;
     }
     return request.command != nullptr ? request.command->operation : kUnknown;
 }
 
-simulator::ReplyReading decodeReply(const simulator::Operation& operation, const Bytes& bytes) {
+wire::ReplyReading decodeReply(const wire::Operation& operation, const Bytes& bytes) {
     android::Parcel parcel;
     parcel.setData(bytes.data(), bytes.size());
-    return simulator::readReply(operation, parcel);
+    return wire::readReply(operation, parcel);
 }
 
-std::vector<NamedValue> argumentsOf(const simulator::Request& request) {
+std::vector<NamedValue> argumentsOf(const wire::Request& request) {
     std::vector<NamedValue> values;
     for (std::size_t i = 0; i < request.arguments.size(); ++i) {
-        const simulator::RequestItem& item = simulator::itemsOf(request)[i];
-        values.push_back({item.name, item.kind, item.names, request.arguments[i]});
+        const wire::RequestItem& item = wire::itemsOf(request)[i];
+        values.push_back({item.name, item.encoding, item.names, request.arguments[i]});
     }
     return values;
 }
 
-std::vector<NamedValue> fieldsOf(const simulator::Operation& operation, const simulator::Reply& reply) {
+std::vector<NamedValue> fieldsOf(const wire::Operation& operation, const wire::Reply& reply) {
     std::vector<NamedValue> values;
-    for (const simulator::Scalars& scalars : reply.fields) {
-        const simulator::ReplyField& field = simulator::fieldAt(operation, values.size());
-        values.push_back({field.name, field.kind, field.names, scalars});
+    for (const wire::Values& scalars : reply.fields) {
+        const wire::ReplyField& field = wire::fieldAt(operation, values.size());
+        values.push_back({field.name, field.encoding, field.names, scalars});
     }
     return values;
 }
 
-std::string itemNameOf(const simulator::Request& request) {
+std::string itemNameOf(const wire::Request& request) {
     if (request.command == nullptr || !request.command->hasItems || request.arguments.empty()) {
         return "";
     }
     const auto number = std::get<std::int32_t>(request.arguments.front().front());
-    return simulator::nameOfValue(number, simulator::itemsOf(request)[0].names);
+    return wire::nameOfValue(number, wire::itemsOf(request)[0].names);
 }
 
-std::vector<const Function*> sendersOf(const simulator::Request& request) {
+std::vector<const Function*> sendersOf(const wire::Request& request) {
     if (request.command == nullptr) {
         return {};
     }
@@ -162,12 +162,12 @@ std::vector<const Function*> sendersOf(const simulator::Request& request) {
 }
 
 std::string lineOf(const NamedValue& value) {
-    const std::string text = simulator::describe(value.scalars, value.kind, value.names);
+    const std::string text = wire::describe(value.scalars, value.encoding, value.names);
     return value.name != nullptr ? value.name + (" = " + text) : text;
 }
 
 Json documentOf(const DecodedRequest& decoded) {
-    const simulator::Request& request = decoded.request;
+    const wire::Request& request = decoded.request;
     Json document;
     document["command"] = request.command != nullptr ? Json(request.command->name) : Json();
     document["number"] = request.number ? Json(*request.number) : Json();
@@ -179,7 +179,7 @@ Json documentOf(const DecodedRequest& decoded) {
     return document;
 }
 
-Json documentOf(const simulator::Operation& operation, const simulator::ReplyReading& reading) {
+Json documentOf(const wire::Operation& operation, const wire::ReplyReading& reading) {
     Json document;
     document["result"] = reading.hasResult ? Json(reading.reply.result) : Json();
     document["fields"] = documentOf(fieldsOf(operation, reading.reply));
@@ -187,12 +187,12 @@ Json documentOf(const simulator::Operation& operation, const simulator::ReplyRea
     return document;
 }
 
-std::string textOf(const simulator::Operation& operation, const simulator::ReplyReading& reading) {
+std::string textOf(const wire::Operation& operation, const wire::ReplyReading& reading) {
     std::string text = reading.hasResult ? std::to_string(reading.reply.result) : "";
     const char* separator = ": ";
     for (const NamedValue& value : fieldsOf(operation, reading.reply)) {
         text += separator + (value.name != nullptr ? value.name + std::string("=") : "") +
-                simulator::describe(value.scalars, value.kind, value.names);
+                wire::describe(value.scalars, value.encoding, value.names);
         separator = ", ";
     }
     if (reading.flaw) {
@@ -201,8 +201,6 @@ std::string textOf(const simulator::Operation& operation, const simulator::Reply
     return text;
 }
 
-std::string textOf(const simulator::ReplyFlaw& flaw) {
-    return flaw.text + " (at byte " + std::to_string(flaw.offset) + ')';
-}
+std::string textOf(const wire::ReplyFlaw& flaw) { return flaw.text + " (at byte " + std::to_string(flaw.offset) + ')'; }
 
 } // namespace kelutv::tool

@@ -4,7 +4,7 @@
 #include "Function.h"
 #include "Nearest.h"
 
-#include "simulator/Events.h"
+#include "wire/Events.h"
 
 #include <strings.h>
 
@@ -18,7 +18,7 @@ namespace kelutv::tool {
 namespace {
 
 /** `volumeChanged` for `kVolumeChanged`. */
-std::string nameOf(const simulator::EventName& event) {
+std::string nameOf(const wire::EventName& event) {
     std::string name = event.name + 1;
     name.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(name.front())));
     return name;
@@ -40,7 +40,7 @@ std::optional<std::uint32_t> numberIn(const std::string& text) {
 } // namespace
 
 std::optional<EventName> eventNamed(std::uint32_t id) {
-    for (const simulator::EventName& event : simulator::allEvents()) {
+    for (const wire::EventName& event : wire::allEvents()) {
         if (event.event == id) {
             return EventName{nameOf(event), {event.words.begin(), event.words.end()}};
         }
@@ -56,7 +56,7 @@ std::uint32_t eventOf(const std::string& text) {
         return *number;
     }
     std::vector<std::string> names;
-    for (const simulator::EventName& event : simulator::allEvents()) {
+    for (const wire::EventName& event : wire::allEvents()) {
         names.push_back(nameOf(event));
         if (::strcasecmp(text.c_str(), names.back().c_str()) == 0) {
             return event.event;

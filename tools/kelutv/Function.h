@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/Rows.h"
+#include "wire/Rows.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace kelutv::tool {
 
-using simulator::Rows;
+using wire::Rows;
 
 class CallFrame;
 

@@ -3,7 +3,7 @@
 #include "Errors.h"
 #include "Nearest.h"
 
-#include "simulator/Table.h"
+#include "wire/Interface.h"
 
 #include <fnmatch.h>
 
@@ -16,10 +16,10 @@ namespace {
 /** The names of the commands and of their items. */
 std::vector<std::string> allNames() {
     std::vector<std::string> names;
-    for (const simulator::Command& command : simulator::allCommands()) {
+    for (const wire::Command& command : wire::allCommands()) {
         names.emplace_back(command.name);
         if (command.hasItems && command.operation.request[0].names != nullptr) {
-            for (const simulator::EnumeratorName& item : *command.operation.request[0].names) {
+            for (const wire::Enumerator& item : command.operation.request[0].names->values) {
                 names.emplace_back(item.name);
             }
         }

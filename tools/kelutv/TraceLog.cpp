@@ -3,7 +3,7 @@
 #include "Decoding.h"
 #include "Errors.h"
 
-#include "simulator/Describe.h"
+#include "wire/text/Describe.h"
 
 #include <nlohmann/json.hpp>
 
@@ -32,10 +32,10 @@ std::string statusText(std::int32_t status) {
 }
 
 std::string lineOf(const TracedTransaction& transaction, const DecodedRequest& decoded) {
-    const simulator::Operation& operation = operationFor(decoded.request);
+    const wire::Operation& operation = operationFor(decoded.request);
     char duration[32];
     std::snprintf(duration, sizeof(duration), " <%.6f>", secondsOf(transaction.duration));
-    return callerOf(transaction) + simulator::describe(decoded.request) +
+    return callerOf(transaction) + wire::describe(decoded.request) +
            (decoded.flaw ? " [" + textOf(*decoded.flaw) + ']' : "") + " -> " +
            (transaction.status != android::NO_ERROR ? statusText(transaction.status)
                                                     : textOf(operation, decodeReply(operation, transaction.reply))) +
@@ -43,7 +43,7 @@ std::string lineOf(const TracedTransaction& transaction, const DecodedRequest& d
 }
 
 Json traceDocument(const TracedTransaction& transaction, const DecodedRequest& decoded) {
-    const simulator::Operation& operation = operationFor(decoded.request);
+    const wire::Operation& operation = operationFor(decoded.request);
     Json document;
     document["process"] = transaction.process;
     document["thread"] = transaction.thread;
@@ -57,7 +57,7 @@ Json traceDocument(const TracedTransaction& transaction, const DecodedRequest& d
     return document;
 }
 
-std::vector<std::string> namesOf(const simulator::Request& request) {
+std::vector<std::string> namesOf(const wire::Request& request) {
     std::vector<std::string> names;
     if (request.command != nullptr) {
         names.push_back(request.command->name);

@@ -41,7 +41,7 @@ Bytes requestBytes(const DecodeOptions& options) {
     return bytes;
 }
 
-std::vector<std::string> senderNames(const simulator::Request& request) {
+std::vector<std::string> senderNames(const wire::Request& request) {
     const std::vector<const Function*> functions = sendersOf(request);
     std::vector<std::string> names;
     std::transform(functions.begin(), functions.end(), std::back_inserter(names),
@@ -55,13 +55,13 @@ std::optional<std::int32_t> numberOf(const std::string& text) {
     return !text.empty() && *end == '\0' ? std::optional(static_cast<std::int32_t>(number)) : std::nullopt;
 }
 
-const simulator::Command& commandNamed(const std::string& text) {
+const wire::Command& commandNamed(const std::string& text) {
     const auto number = numberOf(text);
-    if (const simulator::Command* const known = number ? simulator::findCommand(*number) : nullptr) {
+    if (const wire::Command* const known = number ? wire::findCommand(*number) : nullptr) {
         return *known;
     }
     std::vector<std::string> names;
-    for (const simulator::Command& command : simulator::allCommands()) {
+    for (const wire::Command& command : wire::allCommands()) {
         if (text == command.name) {
             return command;
         }
@@ -71,7 +71,7 @@ const simulator::Command& commandNamed(const std::string& text) {
 }
 
 /** The arguments that a reply needs to be read: the item of an item command. */
-simulator::Arguments itemArguments(const simulator::Command& command, const std::string& text) {
+wire::Arguments itemArguments(const wire::Command& command, const std::string& text) {
     if (!command.hasItems) {
         throw UsageError(std::string("--item: ") + command.name + " carries no items");
     }
@@ -79,7 +79,7 @@ simulator::Arguments itemArguments(const simulator::Command& command, const std:
         return {{*number}};
     }
     std::vector<std::string> names;
-    for (const simulator::EnumeratorName& name : *command.operation.request[0].names) {
+    for (const wire::Enumerator& name : command.operation.request[0].names->values) {
         if (text == name.name) {
             return {{name.value}};
         }
@@ -89,12 +89,12 @@ simulator::Arguments itemArguments(const simulator::Command& command, const std:
 }
 
 /** What `--command` and `--item` say of the request. */
-simulator::Request namedRequest(const DecodeOptions& options) {
-    simulator::Request request;
+wire::Request namedRequest(const DecodeOptions& options) {
+    wire::Request request;
     request.command = &commandNamed(options.command);
     request.operation = &request.command->operation;
     if (!options.item.empty()) {
-        request.operation = simulator::operationOf(*request.command, itemArguments(*request.command, options.item));
+        request.operation = wire::operationOf(*request.command, itemArguments(*request.command, options.item));
     }
     if (request.operation == nullptr) {
         throw UsageError("--item: " + std::string(request.command->name) + " has no item " + options.item);
@@ -118,7 +118,7 @@ void check(const DecodeOptions& options) {
 }
 
 void printLines(const DecodedRequest& decoded, const Output& output) {
-    const simulator::Request& request = decoded.request;
+    const wire::Request& request = decoded.request;
     if (decoded.request.number) {
         output.line("interface: android.ITVBaseService");
         const std::string name = request.command != nullptr ? std::string(request.command->name) + ' ' : "";
@@ -132,8 +132,7 @@ void printLines(const DecodedRequest& decoded, const Output& output) {
     }
 }
 
-std::string printRequest(const DecodeOptions& options, const Output& output, Json& document,
-                         simulator::Request& request) {
+std::string printRequest(const DecodeOptions& options, const Output& output, Json& document, wire::Request& request) {
     const DecodedRequest decoded = decodeRequest(requestBytes(options));
     printLines(decoded, output);
     document["request"] = documentOf(decoded);
@@ -143,9 +142,9 @@ std::string printRequest(const DecodeOptions& options, const Output& output, Jso
 }
 
 std::string printReply(const DecodeOptions& options, const Output& output, Json& document,
-                       const simulator::Request& request) {
-    const simulator::Operation& operation = operationFor(request);
-    const simulator::ReplyReading reading = decodeReply(operation, bytesOf(options.reply, options));
+                       const wire::Request& request) {
+    const wire::Operation& operation = operationFor(request);
+    const wire::ReplyReading reading = decodeReply(operation, bytesOf(options.reply, options));
     if (reading.hasResult) {
         output.line("result: " + std::to_string(reading.reply.result));
     }
@@ -159,7 +158,7 @@ std::string printReply(const DecodeOptions& options, const Output& output, Json&
 void decode(const DecodeOptions& options, const Output& output) {
     check(options);
     Json document;
-    simulator::Request request;
+    wire::Request request;
     std::string flaw;
     if (options.words.empty()) {
         request = namedRequest(options);

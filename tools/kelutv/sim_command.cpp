@@ -3,7 +3,7 @@
 #include "simulator/ControlClient.h"
 #include "simulator/ControlMessage.h"
 #include "simulator/ControlVerbs.h"
-#include "simulator/Quote.h"
+#include "wire/text/Quote.h"
 
 #include <nlohmann/json.hpp>
 
@@ -48,7 +48,7 @@ void print(Context& context, const Answer& answer, const std::string& place) {
 /** As it has to stand in a line, so that the simulator reads this word. */
 std::string inLine(const std::string& word) {
     const bool isPlain = !word.empty() && word.find_first_of(" \t\r\\") == std::string::npos;
-    return isPlain || word.find('"') != std::string::npos ? word : simulator::inQuotes(word);
+    return isPlain || word.find('"') != std::string::npos ? word : wire::inQuotes(word);
 }
 
 /** The simulator has a working directory of its own. */

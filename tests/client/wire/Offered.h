@@ -1,13 +1,13 @@
 #pragma once
 
-#include "simulator/Rows.h"
+#include "wire/Rows.h"
 
 namespace kelutv::test {
 
 /** A table of a generated source, offered to the test program that it is linked into. Exists from start to exit. */
 template <typename Row> class Offered {
 public:
-    explicit Offered(simulator::Rows<Row> rows) : mRows(rows), mNext(first) { first = this; }
+    explicit Offered(wire::Rows<Row> rows) : mRows(rows), mNext(first) { first = this; }
 
     /** Every row of every table, put into a list of pointers. */
     template <typename List> static List all() {
@@ -23,7 +23,7 @@ public:
 private:
     static inline const Offered* first = nullptr;
 
-    simulator::Rows<Row> mRows;
+    wire::Rows<Row> mRows;
     const Offered* mNext;
 };
 

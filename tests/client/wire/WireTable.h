@@ -28,8 +28,8 @@ struct WireOperation {
     void (*call)(Observed& observed, int null);
     int command;
     std::string_view payload;
-    simulator::Rows<Answer> answers;
-    simulator::Rows<RefusedNull> nulls;
+    wire::Rows<Answer> answers;
+    wire::Rows<RefusedNull> nulls;
     const char* observedOnFailure;
     const char* logOnFailure;
     /** Nothing else goes in or comes out. */

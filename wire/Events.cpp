@@ -1,6 +1,6 @@
-#include "Events.h"
+#include "wire/Events.h"
 
-namespace simulator {
+namespace kelutv::wire {
 
 namespace {
 
@@ -36,4 +36,4 @@ constexpr EventName kEvents[] = {
 
 Rows<EventName> allEvents() { return kEvents; }
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -1,8 +1,8 @@
-#include "Utf8.h"
+#include "wire/codec/Utf8.h"
 
 #include <cstddef>
 
-namespace simulator {
+namespace kelutv::wire {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::string toUtf8(std::u16string_view text) {
     return result;
 }
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -1,22 +1,22 @@
-#include "ReplyReader.h"
+#include "wire/codec/ReplyReader.h"
 
-#include "ScalarReader.h"
+#include "wire/codec/ValueReader.h"
 
 #include <utils/Errors.h>
 
 #include <algorithm>
 
-namespace simulator {
+namespace kelutv::wire {
 
 using android::Parcel;
 
 namespace {
 
-std::size_t sizeOf(Kind kind) {
-    return kind == Kind::Double || kind == Kind::Doubles ? sizeof(double) : sizeof(std::int32_t);
+std::size_t sizeOf(Encoding kind) {
+    return kind == Encoding::Double || kind == Encoding::Doubles ? sizeof(double) : sizeof(std::int32_t);
 }
 
-bool isText(Kind kind) { return kind == Kind::CString || kind == Kind::String16; }
+bool isText(Encoding kind) { return kind == Encoding::CString || kind == Encoding::String16; }
 
 class FieldReader {
 public:
@@ -39,14 +39,14 @@ private:
     }
 
     bool readField(const ReplyField& field) {
-        if (field.count == kRestOfReply && isText(field.kind)) {
-            return readTexts(field.kind);
+        if (field.count == kRestOfReply && isText(field.encoding)) {
+            return readTexts(field.encoding);
         }
-        const std::size_t there = isText(field.kind) ? 1 : mData.dataAvail() / sizeOf(field.kind);
+        const std::size_t there = isText(field.encoding) ? 1 : mData.dataAvail() / sizeOf(field.encoding);
         const std::size_t wanted = field.count == kRestOfReply   ? there
                                    : field.count == kCountOfRest ? 1
                                                                  : static_cast<std::size_t>(field.count);
-        std::optional<Scalars> scalars = readScalars(mData, field.kind, std::min(wanted, there));
+        std::optional<Values> scalars = readValues(mData, field.encoding, std::min(wanted, there));
         if (scalars && !scalars->empty()) {
             mReading.reply.fields.push_back(std::move(*scalars));
         }
@@ -56,9 +56,9 @@ private:
         return !mReading.flaw;
     }
 
-    bool readTexts(Kind kind) {
-        Scalars texts;
-        while (const auto text = mData.dataAvail() != 0 ? readScalars(mData, kind, 1) : std::nullopt) {
+    bool readTexts(Encoding kind) {
+        Values texts;
+        while (const auto text = mData.dataAvail() != 0 ? readValues(mData, kind, 1) : std::nullopt) {
             texts.push_back(text->front());
         }
         mReading.reply.fields.push_back(std::move(texts));
@@ -70,7 +70,7 @@ private:
 
     void complain(const ReplyField& field, std::size_t there, std::size_t wanted) {
         const std::string name = field.name != nullptr ? field.name : "the answer";
-        if (isText(field.kind)) {
+        if (isText(field.encoding)) {
             complain(mData.dataAvail() == 0 ? name + " lacks its text" : "a text has no end");
         } else {
             complain(name + " has " + std::to_string(there) + " of " + std::to_string(wanted) + " numbers");
@@ -97,4 +97,4 @@ ReplyReading readReply(const Operation& operation, const Parcel& data) {
     return reading;
 }
 
-} // namespace simulator
+} // namespace kelutv::wire

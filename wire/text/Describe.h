@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Reply.h"
-#include "Request.h"
+#include "wire/codec/Reply.h"
+#include "wire/codec/Request.h"
 
 #include <string>
 
-namespace simulator {
+namespace kelutv::wire {
 
 /** One request in words: `CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35)`. */
 std::string describe(const Request& request);
@@ -14,10 +14,10 @@ std::string describe(const Request& request);
 std::string describe(const Request& request, const Reply& reply);
 
 /** One argument or field in words; a block is in brackets, the zeros that fill it up are only counted. */
-std::string describe(const Scalars& scalars, Kind kind, const EnumerationNames* names);
+std::string describe(const Values& scalars, Encoding kind, const Enumeration* names);
 
 /** The scalars in words, apart by commas. */
-std::string joined(const Scalars& scalars, Kind kind, const EnumerationNames* names);
+std::string joined(const Values& scalars, Encoding kind, const Enumeration* names);
 
 /** What the arguments of a known command are, as far as the request says. */
 const Rows<RequestItem>& itemsOf(const Request& request);
@@ -25,4 +25,4 @@ const Rows<RequestItem>& itemsOf(const Request& request);
 /** A list of records repeats the fields of one; what an answer holds may be beyond the catalogue, too. */
 const ReplyField& fieldAt(const Operation& operation, std::size_t index);
 
-} // namespace simulator
+} // namespace kelutv::wire

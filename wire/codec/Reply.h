@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Request.h"
+#include "wire/codec/Request.h"
 
 #include <binder/Parcel.h>
 
@@ -8,21 +8,22 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::wire {
 
 /** The service's answer: the result word, and behind a result of 0 one entry per field of the command's reply. */
 struct Reply {
     std::int32_t result = 0;
     /** In words, why the request was refused. */
     std::string complaint;
-    std::vector<Scalars> fields;
+    std::vector<Values> fields;
 };
 
-Reply refusal(const Fault& fault);
+/** The answer to a refused request. */
+Reply replyTo(const Refusal& refusal);
 
 /** The answer that hands out what the television keeps; what it does not keep is 0 or empty. */
-Reply replyWith(const Operation& operation, const Scalars& kept);
+Reply replyWith(const Operation& operation, const Values& kept);
 
 void writeReply(const Reply& reply, android::Parcel& parcel);
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Results.h"
-#include "Table.h"
+#include "wire/Interface.h"
+#include "wire/codec/Refusal.h"
 
 #include <binder/Parcel.h>
 
@@ -9,13 +9,7 @@
 #include <optional>
 #include <string>
 
-namespace simulator {
-
-/** Why a request was refused, in a number and in words. */
-struct Fault {
-    Result result;
-    std::string text;
-};
+namespace kelutv::wire {
 
 /** One request as far as it could be read. */
 struct Request {
@@ -27,9 +21,9 @@ struct Request {
     /** What the command does; null until the request is read to its end. */
     const Operation* operation = nullptr;
     Arguments arguments;
-    std::optional<Fault> fault;
+    std::optional<Refusal> refusal;
 };
 
 Request readRequest(const android::Parcel& data);
 
-} // namespace simulator
+} // namespace kelutv::wire

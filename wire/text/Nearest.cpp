@@ -1,4 +1,4 @@
-#include "Nearest.h"
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 #include <cctype>
@@ -7,7 +7,7 @@
 #include <set>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::wire {
 
 namespace {
 
@@ -70,4 +70,4 @@ std::string nearestOf(const std::string& word, const std::vector<std::string>& n
     return nearest.empty() ? "" : "; the nearest is " + nearest.front();
 }
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace simulator {
+namespace kelutv::wire {
 
 /**
  * The names a person may have meant, nearest first: those that differ in few letters (two that changed places are one
@@ -15,4 +15,4 @@ std::vector<std::string> nearestNames(const std::string& written, const std::vec
  */
 std::string nearestOf(const std::string& word, const std::vector<std::string>& names);
 
-} // namespace simulator
+} // namespace kelutv::wire

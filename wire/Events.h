@@ -1,10 +1,10 @@
 #pragma once
 
-#include "Rows.h"
+#include "wire/Rows.h"
 
 #include <kelutv/events.h>
 
-namespace simulator {
+namespace kelutv::wire {
 
 /**
  * The events of the simulated television. The payload is a row of int32 words where nothing else is said.
@@ -50,4 +50,4 @@ struct EventName {
 /** Every event by the name it has in a configuration. */
 Rows<EventName> allEvents();
 
-} // namespace simulator
+} // namespace kelutv::wire

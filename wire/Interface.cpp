@@ -1,9 +1,9 @@
-#include "Table.h"
+#include "wire/Interface.h"
 
 #include <algorithm>
 #include <tuple>
 
-namespace simulator {
+namespace kelutv::wire {
 
 namespace {
 
@@ -26,7 +26,7 @@ const Command* findCommand(std::int32_t value) {
 
 const StateSlot* findState(std::string_view name) { return findNamed(allStates(), name); }
 
-const EnumeratorName* findEnumerator(std::string_view name) { return findNamed(allEnumerators(), name); }
+const Enumerator* findEnumerator(std::string_view name) { return findNamed(allEnumerators(), name); }
 
 const Operation* operationOf(const Command& command, const Arguments& arguments) {
     if (!command.hasItems) {
@@ -40,4 +40,4 @@ const Operation* operationOf(const Command& command, const Arguments& arguments)
     return found != items.end() && keyOf(*found) == wanted ? &found->operation : nullptr;
 }
 
-} // namespace simulator
+} // namespace kelutv::wire

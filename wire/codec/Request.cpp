@@ -1,13 +1,13 @@
-#include "Request.h"
+#include "wire/codec/Request.h"
 
-#include "ScalarReader.h"
+#include "wire/codec/ValueReader.h"
 
 #include <utils/Errors.h>
 #include <utils/String16.h>
 
 #include <utility>
 
-namespace simulator {
+namespace kelutv::wire {
 
 using android::Parcel;
 
@@ -25,39 +25,39 @@ public:
 
     void read(const Rows<RequestItem>& items) {
         for (const RequestItem& item : items) {
-            Scalars scalars = readItem(item);
-            if (mRequest.fault) {
+            Values scalars = readItem(item);
+            if (mRequest.refusal) {
                 return;
             }
             mRequest.arguments.push_back(std::move(scalars));
         }
         if (mData.dataAvail() != 0) {
-            mRequest.fault = {Result::TooMuchData, std::to_string(mData.dataAvail()) + " bytes too many"};
+            mRequest.refusal = {Result::TooMuchData, std::to_string(mData.dataAvail()) + " bytes too many"};
         }
     }
 
 private:
-    Scalars readItem(const RequestItem& item) {
-        std::optional<Scalars> scalars = readScalars(mData, item.kind, countOf(item));
+    Values readItem(const RequestItem& item) {
+        std::optional<Values> scalars = readValues(mData, item.encoding, countOf(item));
         if (!scalars) {
-            mRequest.fault = faultAt(item);
+            mRequest.refusal = refusalAt(item);
             return {};
         }
         return std::move(*scalars);
     }
 
     std::size_t countOf(const RequestItem& item) const {
-        switch (item.kind) {
-        case Kind::Bytes:
+        switch (item.encoding) {
+        case Encoding::Bytes:
             return blockLength(item, 1);
-        case Kind::Ints:
+        case Encoding::Ints:
             return blockLength(item, sizeof(std::int32_t));
-        case Kind::Doubles:
+        case Encoding::Doubles:
             return blockLength(item, sizeof(double));
-        case Kind::Int32:
-        case Kind::Double:
-        case Kind::CString:
-        case Kind::String16:
+        case Encoding::Int32:
+        case Encoding::Double:
+        case Encoding::CString:
+        case Encoding::String16:
             break;
         }
         return 1;
@@ -68,13 +68,13 @@ private:
         if (item.lengthItem == kRestOfRequest) {
             return mData.dataAvail() / elementSize;
         }
-        const Scalars& length = mRequest.arguments[static_cast<std::size_t>(item.lengthItem)];
+        const Values& length = mRequest.arguments[static_cast<std::size_t>(item.lengthItem)];
         const std::int32_t count = std::get<std::int32_t>(length.front());
         return count > 0 ? static_cast<std::size_t>(count) : 0;
     }
 
-    Fault faultAt(const RequestItem& item) const {
-        if (item.kind == Kind::CString && mData.dataAvail() != 0) {
+    Refusal refusalAt(const RequestItem& item) const {
+        if (item.encoding == Encoding::CString && mData.dataAvail() != 0) {
             return {Result::UnterminatedText, std::string("text ") + item.name + " has no end"};
         }
         return {Result::MissingData, std::string(item.name) + " is missing"};
@@ -87,14 +87,14 @@ private:
 void readCommand(const Parcel& data, Request& request) {
     std::int32_t number = 0;
     if (data.readInt32(&number) != android::NO_ERROR) {
-        request.fault = {Result::MissingData, "the command identifier is missing"};
+        request.refusal = {Result::MissingData, "the command identifier is missing"};
         return;
     }
     request.number = number;
     request.argumentsAt = data.dataPosition();
     request.command = findCommand(number);
     if (request.command == nullptr) {
-        request.fault = {Result::UnknownCommand, "unknown command"};
+        request.refusal = {Result::UnknownCommand, "unknown command"};
     }
 }
 
@@ -104,20 +104,20 @@ Request readRequest(const Parcel& data) {
     Request request;
     request.size = data.dataSize();
     if (!data.enforceInterface(interfaceToken())) {
-        request.fault = {Result::WrongToken, "the interface token is not android.ITVBaseService"};
+        request.refusal = {Result::WrongToken, "the interface token is not android.ITVBaseService"};
         return request;
     }
     readCommand(data, request);
-    if (!request.fault) {
+    if (!request.refusal) {
         ArgumentReader(data, request).read(request.command->operation.request);
     }
-    if (!request.fault) {
+    if (!request.refusal) {
         request.operation = operationOf(*request.command, request.arguments);
         if (request.operation == nullptr) {
-            request.fault = {Result::UnknownItem, "unknown item"};
+            request.refusal = {Result::UnknownItem, "unknown item"};
         }
     }
     return request;
 }
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -1,11 +1,11 @@
-#include "Describe.h"
+#include "wire/text/Describe.h"
 
-#include "Names.h"
-#include "Quote.h"
+#include "wire/text/EnumeratorNames.h"
+#include "wire/text/Quote.h"
 
 #include <cstdio>
 
-namespace simulator {
+namespace kelutv::wire {
 
 namespace {
 
@@ -23,7 +23,7 @@ std::string hex(const std::string& bytes) {
     return '<' + result + '>';
 }
 
-std::string describeScalar(const Scalar& scalar, Kind kind, const EnumerationNames* names) {
+std::string describeValue(const Value& scalar, Encoding kind, const Enumeration* names) {
     if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
         const std::string name = nameOfValue(*number, names);
         return std::to_string(*number) + (name.empty() ? "" : ' ' + name);
@@ -32,23 +32,23 @@ std::string describeScalar(const Scalar& scalar, Kind kind, const EnumerationNam
         return formatted("%g", *real);
     }
     const auto& text = std::get<std::string>(scalar);
-    return kind == Kind::Bytes ? hex(text) : inQuotes(text);
+    return kind == Encoding::Bytes ? hex(text) : inQuotes(text);
 }
 
-bool isBlock(Kind kind) { return kind == Kind::Ints || kind == Kind::Doubles; }
+bool isBlock(Encoding kind) { return kind == Encoding::Ints || kind == Encoding::Doubles; }
 
 /** The zeros that fill up a block of fixed length are only counted. */
-std::string describeBlock(Scalars scalars, Kind kind, const EnumerationNames* names) {
+std::string describeBlock(Values scalars, Encoding kind, const Enumeration* names) {
     std::size_t zeros = 0;
-    while (scalars.size() > 1 && (scalars.back() == Scalar(0) || scalars.back() == Scalar(0.0))) {
+    while (scalars.size() > 1 && (scalars.back() == Value(0) || scalars.back() == Value(0.0))) {
         scalars.pop_back();
         ++zeros;
     }
     return '[' + joined(scalars, kind, names) + (zeros > 0 ? ", 0*" + std::to_string(zeros) : "") + ']';
 }
 
-std::string describeField(const Scalars& scalars, const ReplyField& field) {
-    const std::string text = describe(scalars, field.kind, field.names);
+std::string describeField(const Values& scalars, const ReplyField& field) {
+    const std::string text = describe(scalars, field.encoding, field.names);
     return field.name != nullptr ? std::string(field.name) + '=' + text : text;
 }
 
@@ -57,8 +57,8 @@ std::string describeArguments(const Request& request) {
     std::string result;
     for (std::size_t i = 0; i < request.arguments.size(); ++i) {
         const RequestItem& item = items[i];
-        result +=
-            (i == 0 ? "" : ", ") + std::string(item.name) + '=' + describe(request.arguments[i], item.kind, item.names);
+        result += (i == 0 ? "" : ", ") + std::string(item.name) + '=' +
+                  describe(request.arguments[i], item.encoding, item.names);
     }
     return result;
 }
@@ -86,14 +86,14 @@ std::string describe(const Request& request, const Reply& reply) {
     return result;
 }
 
-std::string describe(const Scalars& scalars, Kind kind, const EnumerationNames* names) {
+std::string describe(const Values& scalars, Encoding kind, const Enumeration* names) {
     return isBlock(kind) ? describeBlock(scalars, kind, names) : joined(scalars, kind, names);
 }
 
-std::string joined(const Scalars& scalars, Kind kind, const EnumerationNames* names) {
+std::string joined(const Values& scalars, Encoding kind, const Enumeration* names) {
     std::string result;
-    for (const Scalar& scalar : scalars) {
-        result += (result.empty() ? "" : ", ") + describeScalar(scalar, kind, names);
+    for (const Value& scalar : scalars) {
+        result += (result.empty() ? "" : ", ") + describeValue(scalar, kind, names);
     }
     return result;
 }
@@ -103,8 +103,8 @@ const Rows<RequestItem>& itemsOf(const Request& request) {
 }
 
 const ReplyField& fieldAt(const Operation& operation, std::size_t index) {
-    static constexpr ReplyField kPlain{Kind::Int32, nullptr, nullptr, 1};
+    static constexpr ReplyField kPlain{Encoding::Int32, nullptr, nullptr, 1};
     return operation.reply.size() > 0 ? operation.reply[index % operation.reply.size()] : kPlain;
 }
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Reply.h"
+#include "wire/codec/Reply.h"
 
 #include <binder/Parcel.h>
 
@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-namespace simulator {
+namespace kelutv::wire {
 
 /** What is wrong with a reply, and at which byte. */
 struct ReplyFlaw {
@@ -26,4 +26,4 @@ struct ReplyReading {
 /** Reads what `writeReply` wrote for this operation. Behind the last field the fields may come again: a list. */
 ReplyReading readReply(const Operation& operation, const android::Parcel& data);
 
-} // namespace simulator
+} // namespace kelutv::wire

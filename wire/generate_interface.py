@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the simulator's command table: what every command of the catalogue carries, and what it does to the state."""
+"""Writes the table of commands: what every one of them carries, and what it does to the state of a television."""
 
 from __future__ import annotations
 
@@ -17,7 +17,7 @@ from model import Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 
-KINDS = {
+ENCODINGS = {
     "int32": "Int32",
     "int": "Int32",
     "bool": "Int32",
@@ -37,6 +37,7 @@ HOLDS = {
     "String16": "Texts",
     "Bytes": "Texts",
 }
+SHAPES = {"status": "Status", "value": "Number", "parcel": "Parcel"}
 REST = -1
 COUNT_OF_REST = -2
 
@@ -84,7 +85,7 @@ class TableWriter:
             values = (operation if item.literal is None else method).values.get(named.source.lstrip("*"))
             names = self._names(named.type, values)
             length = self._length_item(operation, item)
-            rows.append(f"{{Kind::{KINDS[item.kind]}, {text(named.source)}, {names}, {length}}}")
+            rows.append(f"{{Encoding::{ENCODINGS[item.kind]}, {text(named.source)}, {names}, {length}}}")
         return self._array("RequestItem", rows)
 
     @staticmethod
@@ -100,14 +101,14 @@ class TableWriter:
     def _reply_field(self, field: ReplyField, values: dict[str, ValueSet], leads: bool) -> list[str]:
         if field.kind in self.headers.records:
             return [
-                f"{{Kind::{KINDS[self._leaf_kind(kind)]}, {text(path[1:])}, {self._names(kind, None)}, 1}}"
+                f"{{Encoding::{ENCODINGS[self._leaf_kind(kind)]}, {text(path[1:])}, {self._names(kind, None)}, 1}}"
                 for path, kind in record_leaves(self.headers, field.kind, "")
             ]
         count = REST if field.repeated else COUNT_OF_REST if leads else 1
         if field.count is not None:
             count = int(field.count) if field.count.isdigit() else REST
         names = self._names(field.kind, values.get(field.target or "return"))
-        return [f"{{Kind::{KINDS[field.kind]}, nullptr, {names}, {count}}}"]
+        return [f"{{Encoding::{ENCODINGS[field.kind]}, nullptr, {names}, {count}}}"]
 
     def _leaf_kind(self, type_name: str) -> str:
         return "int" if type_name in self.headers.enumerations or type_name == "unsigned int" else type_name
@@ -126,15 +127,15 @@ class TableWriter:
     def _rule(self, operation: Operation) -> str:
         state = operation.state
         if state is None:
-            return "{Rule::Kind::None, nullptr, {}, {}}"
-        kind = "Set" if state.is_set else "Get"
+            return "{StateRule::Access::None, nullptr, {}, {}}"
+        access = "Set" if state.is_set else "Get"
         slot = f"&kStates[{self.states.index(state_key(operation, state))}]"
-        return f"{{Rule::Kind::{kind}, {slot}, {self._operands(state.keys)}, {self._operands(state.values or ())}}}"
+        return f"{{StateRule::Access::{access}, {slot}, {self._operands(state.keys)}, {self._operands(state.values or ())}}}"
 
     def _operation(self, operation: Operation) -> str:
         method = operation.method
         reply = self._reply(method.reply, operation.values)
-        shape = method.reply.shape.capitalize()
+        shape = SHAPES[method.reply.shape]
         return f"{{{self._request(operation)}, Shape::{shape}, {reply}, {self._rule(operation)}}}"
 
     def _commands(self) -> list[str]:
@@ -177,7 +178,7 @@ class TableWriter:
 
     @staticmethod
     def _held_by(operation: Operation, operand: Operand) -> str:
-        return HOLDS["Int32" if operand.literal is not None else KINDS[operation.request[operand.index].kind]]
+        return HOLDS["Int32" if operand.literal is not None else ENCODINGS[operation.request[operand.index].kind]]
 
     def _values_of(self, operation: Operation) -> set[str]:
         """What a set puts into its state, or a get reads from it."""
@@ -193,19 +194,19 @@ class TableWriter:
                 else [field.kind]
             )
         ]
-        return {HOLDS[KINDS[leaf]] for leaf in leaves or ["int"]}
+        return {HOLDS[ENCODINGS[leaf]] for leaf in leaves or ["int"]}
 
     def _enumerator_rows(self) -> list[str]:
         values = {n: v for e in self.headers.enumerations.values() for n, v in e.values.items()}
-        return [f"{{{values[name]}, {text(name)}}}" for name in sorted(values)]
+        return [f"{{{text(name)}, {values[name]}}}" for name in sorted(values)]
 
     def _enumeration_lines(self) -> list[str]:
         lines = []
         for name, constant in self.enumerations.items():
             values = self.headers.enumerations[name].values
-            rows = ", ".join(f'{{{value}, "{enumerator}"}}' for enumerator, value in values.items())
-            lines.append(f"constexpr EnumeratorName {constant}Names[] = {{{rows}}};")
-            lines.append(f"constexpr EnumerationNames {constant} = {constant}Names;")
+            rows = ", ".join(f'{{"{enumerator}", {value}}}' for enumerator, value in values.items())
+            lines.append(f"constexpr Enumerator {constant}Values[] = {{{rows}}};")
+            lines.append(f"constexpr Enumeration {constant} = {{{text(name)}, {constant}Values}};")
         return lines
 
     def write(self) -> str:
@@ -213,10 +214,10 @@ class TableWriter:
         return "\n".join(
             [
                 "// Generated from the catalogue.",
-                '#include "simulator/Table.h"\n',
-                "namespace simulator {\n\nnamespace {\n",
+                '#include "wire/Interface.h"\n',
+                "namespace kelutv::wire {\n\nnamespace {\n",
                 *self._enumeration_lines(),
-                self._table("EnumeratorName kEnumerators", self._enumerator_rows()),
+                self._table("Enumerator kEnumerators", self._enumerator_rows()),
                 *(body % name for body, name in self.arrays.items()),
                 self._table("StateSlot kStates", states),
                 self._table("Command kCommands", commands),
@@ -225,8 +226,8 @@ class TableWriter:
                 "Rows<Command> allCommands() { return kCommands; }",
                 "Rows<Item> allItems() { return kItems; }",
                 "Rows<StateSlot> allStates() { return kStates; }",
-                "Rows<EnumeratorName> allEnumerators() { return kEnumerators; }",
-                "\n} // namespace simulator\n",
+                "Rows<Enumerator> allEnumerators() { return kEnumerators; }",
+                "\n} // namespace kelutv::wire\n",
             ]
         )
 

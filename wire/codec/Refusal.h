@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
-namespace simulator {
+namespace kelutv::wire {
 
 /** The result word of a refused request; a request that is refused changes nothing. */
 enum class Result : std::int32_t {
@@ -20,4 +21,10 @@ enum class Result : std::int32_t {
     NotRestored = -111,
 };
 
-} // namespace simulator
+/** Why a request was refused, in a number and in words. */
+struct Refusal {
+    Result result;
+    std::string text;
+};
+
+} // namespace kelutv::wire

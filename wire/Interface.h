@@ -1,28 +1,34 @@
 #pragma once
 
-#include "Rows.h"
-#include "Scalar.h"
+#include "wire/Rows.h"
+#include "wire/Value.h"
 
 #include <cstdint>
 #include <string_view>
 
-namespace simulator {
+namespace kelutv::wire {
 
-struct EnumeratorName {
-    std::int32_t value;
+struct Enumerator {
     const char* name;
+    std::int32_t value;
 };
-using EnumerationNames = Rows<EnumeratorName>;
 
-enum class Kind { Int32, Double, CString, String16, Ints, Doubles, Bytes };
+/** One enumeration of the public headers. */
+struct Enumeration {
+    const char* name;
+    Rows<Enumerator> values;
+};
+
+/** How something stands in a parcel. */
+enum class Encoding { Int32, Double, CString, String16, Ints, Doubles, Bytes };
 
 /** The length of a block of which the request does not say how long it is: it fills the rest. */
 constexpr int kRestOfRequest = -1;
 
 struct RequestItem {
-    Kind kind;
+    Encoding encoding;
     const char* name;
-    const EnumerationNames* names;
+    const Enumeration* names;
     /** Of a block: the request item that holds its length, or `kRestOfRequest`. */
     int lengthItem;
 };
@@ -33,15 +39,15 @@ constexpr int kRestOfReply = -1;
 constexpr int kCountOfRest = -2;
 
 struct ReplyField {
-    Kind kind;
+    Encoding encoding;
     /** Null unless the field belongs to a record. */
     const char* name;
-    const EnumerationNames* names;
+    const Enumeration* names;
     int count;
 };
 
 /** What the result word and the words behind it mean; see the command calls of the client. */
-enum class Shape { Status, Value, Parcel };
+enum class Shape { Status, Number, Parcel };
 
 /** What the values, or one of the keys, of a slot are. */
 enum class Holds { Integers, Reals, Texts, Anything };
@@ -61,10 +67,10 @@ struct Operand {
 };
 
 /** What a set stores is what the matching get returns. */
-struct Rule {
-    enum class Kind { None, Set, Get };
+struct StateRule {
+    enum class Access { None, Set, Get };
 
-    Kind kind;
+    Access access;
     const StateSlot* slot;
     Rows<Operand> keys;
     Rows<Operand> values;
@@ -74,7 +80,7 @@ struct Operation {
     Rows<RequestItem> request;
     Shape shape;
     Rows<ReplyField> reply;
-    Rule rule;
+    StateRule rule;
 };
 
 struct Command {
@@ -98,14 +104,14 @@ Rows<Command> allCommands();
 Rows<Item> allItems();
 Rows<StateSlot> allStates();
 /** Every enumerator of the public headers, by ascending name. */
-Rows<EnumeratorName> allEnumerators();
+Rows<Enumerator> allEnumerators();
 
 /** Null when there is none. */
 const Command* findCommand(std::int32_t value);
 const StateSlot* findState(std::string_view name);
-const EnumeratorName* findEnumerator(std::string_view name);
+const Enumerator* findEnumerator(std::string_view name);
 
 /** What a command does with these arguments; null when it names an item that does not exist. */
 const Operation* operationOf(const Command& command, const Arguments& arguments);
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace simulator {
+namespace kelutv::wire {
 
 /** A table of constants that lives as long as the program. */
 template <typename Row> class Rows {
@@ -21,4 +21,4 @@ private:
     std::size_t mCount = 0;
 };
 
-} // namespace simulator
+} // namespace kelutv::wire

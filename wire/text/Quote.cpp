@@ -1,8 +1,8 @@
-#include "Quote.h"
+#include "wire/text/Quote.h"
 
 #include <cstdio>
 
-namespace simulator {
+namespace kelutv::wire {
 
 std::string inQuotes(const std::string& text) {
     std::string result = "\"";
@@ -21,4 +21,4 @@ std::string inQuotes(const std::string& text) {
     return result + '"';
 }
 
-} // namespace simulator
+} // namespace kelutv::wire

@@ -12,13 +12,13 @@ from pathlib import Path
 from unittest import mock
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(ROOT / "simulator"), str(ROOT / "tests" / "catalogue")]
+sys.path[:0] = [str(ROOT / "wire"), str(ROOT / "tests" / "catalogue")]
 
-import generate_dispatch  # noqa: E402
+import generate_interface  # noqa: E402
 from torch_fixture import TorchTest  # noqa: E402
 
 
-class GenerateDispatch(unittest.TestCase):
+class GenerateInterface(unittest.TestCase):
     def setUp(self) -> None:
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
@@ -27,13 +27,13 @@ class GenerateDispatch(unittest.TestCase):
     def generate(self, **catalogue: object) -> tuple[int, str]:
         """The exit code and what stands on standard error."""
         errors = io.StringIO()
-        with mock.patch.object(generate_dispatch, "read_catalogue", **catalogue):
-            with mock.patch.object(sys, "argv", ["generate_dispatch.py", str(self.table)]):
+        with mock.patch.object(generate_interface, "read_catalogue", **catalogue):
+            with mock.patch.object(sys, "argv", ["generate_interface.py", str(self.table)]):
                 with contextlib.redirect_stderr(errors):
-                    return generate_dispatch.main(), errors.getvalue()
+                    return generate_interface.main(), errors.getvalue()
 
     def test_writes_every_command_in_ascending_order(self) -> None:
-        catalogue = generate_dispatch.read_catalogue(ROOT / "catalogue", ROOT / "include")
+        catalogue = generate_interface.read_catalogue(ROOT / "catalogue", ROOT / "include")
         self.assertEqual(self.generate(return_value=catalogue), (0, ""))
         table = self.table.read_text(encoding="utf-8")
         rows = table[table.index("kCommands[]") : table.index("kItems[]")]
@@ -41,7 +41,7 @@ class GenerateDispatch(unittest.TestCase):
         self.assertEqual(values, sorted({method.value for method in catalogue.methods}))
 
     def test_tells_of_a_catalogue_that_is_wrong(self) -> None:
-        error = generate_dispatch.CatalogueError(["audio.md:7: no such thing"])
+        error = generate_interface.CatalogueError(["audio.md:7: no such thing"])
         self.assertEqual(self.generate(side_effect=error), (1, "audio.md:7: no such thing\n"))
         self.assertFalse(self.table.exists())
 
@@ -50,7 +50,7 @@ class Shapes(TorchTest):
     """What the rows of a small catalogue come to."""
 
     def table(self) -> str:
-        return generate_dispatch.TableWriter(self.read()).write()
+        return generate_interface.TableWriter(self.read()).write()
 
     def rows(self, name: str) -> list[str]:
         table = self.table()
@@ -70,19 +70,19 @@ class Shapes(TorchTest):
 
     def test_rows_of_an_item_may_differ_in_names_but_not_in_what_is_kept(self) -> None:
         self.change_torch("timer[LAMP_LEFT]", "timer[0]")
-        writer = generate_dispatch.TableWriter(self.read())
-        with self.assertRaisesRegex(generate_dispatch.GenerationError, "CMDID_LAMP_GET_TIMER differs from its row at"):
+        writer = generate_interface.TableWriter(self.read())
+        with self.assertRaisesRegex(generate_interface.GenerationError, "CMDID_LAMP_GET_TIMER differs from its row at"):
             writer.write()
 
     def test_a_count_leads_what_is_left(self) -> None:
         fields = self.reply_of("CMD_TORCH_GETPOINTS")
-        self.assertEqual(fields, "{Kind::Int32, nullptr, nullptr, -2}, {Kind::Ints, nullptr, nullptr, -1}")
+        self.assertEqual(fields, "{Encoding::Int32, nullptr, nullptr, -2}, {Encoding::Ints, nullptr, nullptr, -1}")
 
     def test_doubles_and_texts(self) -> None:
-        self.assertEqual(self.reply_of("CMD_TORCH_GETCURVE"), "{Kind::Doubles, nullptr, nullptr, -1}")
-        self.assertEqual(self.reply_of("CMD_TORCH_GETNAME"), "{Kind::CString, nullptr, nullptr, 1}")
-        self.assertIn('{Kind::String16, "label", nullptr, -1}', self.table())
-        self.assertIn('{Kind::Double, "gain", nullptr, -1}', self.table())
+        self.assertEqual(self.reply_of("CMD_TORCH_GETCURVE"), "{Encoding::Doubles, nullptr, nullptr, -1}")
+        self.assertEqual(self.reply_of("CMD_TORCH_GETNAME"), "{Encoding::CString, nullptr, nullptr, 1}")
+        self.assertIn('{Encoding::String16, "label", nullptr, -1}', self.table())
+        self.assertIn('{Encoding::Double, "gain", nullptr, -1}', self.table())
 
     def test_a_foreign_item_is_kept_by_the_module_of_its_command(self) -> None:
         self.assertIn('"lamp.timer", "lamp"', self.table())

@@ -1,29 +1,29 @@
-#include "Reply.h"
+#include "wire/codec/Reply.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace simulator {
+namespace kelutv::wire {
 
 namespace {
 
 /** The scalar in the type of the field; 0 or empty when there is none or it has another type. */
-template <typename Wanted> Scalar as(const Scalar* scalar) {
+template <typename Wanted> Value as(const Value* scalar) {
     const auto* const value = scalar != nullptr ? std::get_if<Wanted>(scalar) : nullptr;
     return value != nullptr ? *value : Wanted{};
 }
 
-Scalar fitted(Kind kind, const Scalar* scalar) {
+Value fitted(Encoding kind, const Value* scalar) {
     switch (kind) {
-    case Kind::CString:
-    case Kind::String16:
-    case Kind::Bytes:
+    case Encoding::CString:
+    case Encoding::String16:
+    case Encoding::Bytes:
         return as<std::string>(scalar);
-    case Kind::Double:
-    case Kind::Doubles:
+    case Encoding::Double:
+    case Encoding::Doubles:
         return as<double>(scalar);
-    case Kind::Int32:
-    case Kind::Ints:
+    case Encoding::Int32:
+    case Encoding::Ints:
         break;
     }
     return as<std::int32_t>(scalar);
@@ -32,27 +32,27 @@ Scalar fitted(Kind kind, const Scalar* scalar) {
 /** Deals the kept scalars out to the fields, in order. */
 class Dealer {
 public:
-    explicit Dealer(const Scalars& kept) : mNext(kept.data()), mEnd(kept.data() + kept.size()) {}
+    explicit Dealer(const Values& kept) : mNext(kept.data()), mEnd(kept.data() + kept.size()) {}
 
-    Scalars deal(const ReplyField& field) {
+    Values deal(const ReplyField& field) {
         const auto rest = static_cast<std::size_t>(mEnd - mNext);
         if (field.count == kCountOfRest) {
-            return {Scalar(static_cast<std::int32_t>(rest))};
+            return {Value(static_cast<std::int32_t>(rest))};
         }
         const std::size_t count = field.count == kRestOfReply ? rest : static_cast<std::size_t>(field.count);
-        Scalars scalars;
+        Values scalars;
         for (std::size_t i = 0; i < count; ++i) {
-            scalars.push_back(fitted(field.kind, mNext != mEnd ? mNext++ : nullptr));
+            scalars.push_back(fitted(field.encoding, mNext != mEnd ? mNext++ : nullptr));
         }
         return scalars;
     }
 
 private:
-    const Scalar* mNext;
-    const Scalar* mEnd;
+    const Value* mNext;
+    const Value* mEnd;
 };
 
-void write(android::Parcel& parcel, const Scalar& scalar) {
+void write(android::Parcel& parcel, const Value& scalar) {
     if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
         parcel.writeInt32(*number);
     } else if (const auto* const real = std::get_if<double>(&scalar)) {
@@ -64,12 +64,12 @@ void write(android::Parcel& parcel, const Scalar& scalar) {
 
 } // namespace
 
-Reply refusal(const Fault& fault) { return {static_cast<std::int32_t>(fault.result), fault.text, {}}; }
+Reply replyTo(const Refusal& refusal) { return {static_cast<std::int32_t>(refusal.result), refusal.text, {}}; }
 
-Reply replyWith(const Operation& operation, const Scalars& kept) {
+Reply replyWith(const Operation& operation, const Values& kept) {
     Reply reply;
     if (operation.shape == Shape::Status) {
-        reply.result = std::get<std::int32_t>(fitted(Kind::Int32, kept.empty() ? nullptr : kept.data()));
+        reply.result = std::get<std::int32_t>(fitted(Encoding::Int32, kept.empty() ? nullptr : kept.data()));
         return reply;
     }
     Dealer dealer(kept);
@@ -81,9 +81,9 @@ Reply replyWith(const Operation& operation, const Scalars& kept) {
 
 void writeReply(const Reply& reply, android::Parcel& parcel) {
     parcel.writeInt32(reply.result);
-    for (const Scalars& field : reply.fields) {
-        std::for_each(field.begin(), field.end(), [&parcel](const Scalar& scalar) { write(parcel, scalar); });
+    for (const Values& field : reply.fields) {
+        std::for_each(field.begin(), field.end(), [&parcel](const Value& scalar) { write(parcel, scalar); });
     }
 }
 
-} // namespace simulator
+} // namespace kelutv::wire
