@@ -11,6 +11,8 @@ namespace kelutv::wire {
 struct Enumerator {
     const char* name;
     std::int32_t value;
+    /** Ends the enumeration and is no value of it. */
+    bool isEndMarker = false;
 };
 
 /** One enumeration of the public headers. */

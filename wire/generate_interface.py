@@ -198,13 +198,17 @@ class TableWriter:
 
     def _enumerator_rows(self) -> list[str]:
         values = {n: v for e in self.headers.enumerations.values() for n, v in e.values.items()}
-        return [f"{{{text(name)}, {values[name]}}}" for name in sorted(values)]
+        return [self._enumerator(name, values[name]) for name in sorted(values)]
+
+    @staticmethod
+    def _enumerator(name: str, value: int) -> str:
+        return f"{{{text(name)}, {value}, {str(name.endswith('_BUTT')).lower()}}}"
 
     def _enumeration_lines(self) -> list[str]:
         lines = []
         for name, constant in self.enumerations.items():
             values = self.headers.enumerations[name].values
-            rows = ", ".join(f'{{"{enumerator}", {value}}}' for enumerator, value in values.items())
+            rows = ", ".join(self._enumerator(*each) for each in values.items())
             lines.append(f"constexpr Enumerator {constant}Values[] = {{{rows}}};")
             lines.append(f"constexpr Enumeration {constant} = {{{text(name)}, {constant}Values}};")
         return lines

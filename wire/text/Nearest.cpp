@@ -1,7 +1,8 @@
 #include "wire/text/Nearest.h"
 
+#include "wire/text/Letters.h"
+
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 #include <numeric>
 #include <set>
@@ -34,12 +35,6 @@ std::size_t distanceOf(const std::string& left, const std::string& right) {
     return row.back();
 }
 
-std::string lowered(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
-    return text;
-}
-
 bool holds(const std::string& name, const std::string& written) {
     constexpr std::size_t kLeastLetters = 3;
     return written.size() >= kLeastLetters && name.find(written) != std::string::npos;
@@ -63,6 +58,14 @@ std::vector<std::string> nearestNames(const std::string& written, const std::vec
         nearest.push_back(each->second);
     }
     return nearest;
+}
+
+std::string nearestHint(const std::string& written, const std::vector<std::string>& names) {
+    std::string hint;
+    for (const std::string& name : nearestNames(written, names)) {
+        hint += (hint.empty() ? "; nearest: " : ", ") + name;
+    }
+    return hint;
 }
 
 std::string nearestOf(const std::string& word, const std::vector<std::string>& names) {

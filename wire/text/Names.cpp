@@ -1,0 +1,142 @@
+#include "wire/text/Names.h"
+
+#include "wire/text/Letters.h"
+#include "wire/text/Nearest.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <mutex>
+#include <utility>
+
+namespace kelutv::wire {
+
+namespace {
+
+/** Where more names than this are allowed only some are listed. */
+constexpr std::size_t kManyNames = 24;
+
+bool isSame(const std::string& name, const std::string& wanted) { return name == wanted; }
+
+bool endsWithWord(const std::string& name, const std::string& wanted) {
+    const std::size_t start = name.size() - wanted.size();
+    return name.size() > wanted.size() && name.compare(start, wanted.size(), wanted) == 0 && name[start - 1] == '_';
+}
+
+bool begins(const std::string& name, const std::string& wanted) { return name.compare(0, wanted.size(), wanted) == 0; }
+
+bool holds(const std::string& name, const std::string& wanted) { return name.find(wanted) != std::string::npos; }
+
+std::size_t countBeginning(const std::vector<Enumerator>& enumerators, const std::string& prefix) {
+    return static_cast<std::size_t>(
+        std::count_if(enumerators.begin(), enumerators.end(),
+                      [&prefix](const Enumerator& each) { return begins(each.name, prefix); }));
+}
+
+/** The longest piece up to and with an underscore that at least `share` of the names begin with. */
+std::string prefixOf(const std::vector<Enumerator>& enumerators, double share) {
+    const auto wanted = share * static_cast<double>(enumerators.size());
+    std::string longest;
+    for (const Enumerator& each : enumerators) {
+        const std::string name = each.name;
+        for (std::size_t at = name.find('_'); at != std::string::npos; at = name.find('_', at + 1)) {
+            const std::string prefix = name.substr(0, at + 1);
+            if (prefix.size() > longest.size() && static_cast<double>(countBeginning(enumerators, prefix)) >= wanted) {
+                longest = prefix;
+            }
+        }
+    }
+    return longest;
+}
+
+/** What nearly all names begin with does not tell them apart; of two names it may. */
+std::string usualPrefixOf(const std::vector<Enumerator>& enumerators) {
+    constexpr double kNearlyAll = 0.75;
+    return prefixOf(enumerators, enumerators.size() > 2 ? kNearlyAll : 1);
+}
+
+std::string joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) {
+        text += (text.empty() ? "" : ", ") + name;
+    }
+    return text;
+}
+
+} // namespace
+
+Names::Names(std::string of, const std::vector<Enumerator>& enumerators) : mOf(std::move(of)) {
+    const std::string usual = usualPrefixOf(enumerators);
+    const std::string common = prefixOf(enumerators, 1);
+    for (const Enumerator& each : enumerators) {
+        const std::string name = each.name;
+        const std::string brief = lowered(name.substr(begins(name, usual) ? usual.size() : common.size()));
+        mNames.push_back({lowered(name), brief, each.value, each.isEndMarker});
+        if (!each.isEndMarker) {
+            mShortNames.push_back(brief);
+        }
+    }
+}
+
+std::vector<const Names::Name*> Names::matching(const std::string& wanted, Match match) const {
+    std::vector<const Name*> found;
+    for (const Name& name : mNames) {
+        if (match(name.brief, wanted) && (!name.isEndMarker || match == isSame)) {
+            found.push_back(&name);
+        }
+    }
+    return found;
+}
+
+std::int32_t Names::valueOf(const std::string& word) const {
+    std::string wanted = lowered(word);
+    const auto full = std::find_if(mNames.begin(), mNames.end(), [&](const Name& name) { return name.full == wanted; });
+    if (full != mNames.end()) {
+        return full->value;
+    }
+    std::replace(wanted.begin(), wanted.end(), '-', '_');
+    for (const Match match : {isSame, endsWithWord, begins, holds}) {
+        const auto found = matching(wanted, match);
+        if (wanted.empty() || found.empty()) {
+            continue;
+        }
+        if (std::any_of(found.begin(), found.end(),
+                        [&found](const Name* name) { return name->value != found.front()->value; })) {
+            std::vector<std::string> candidates;
+            for (const Name* const name : found) {
+                candidates.push_back(name->brief);
+            }
+            throw UnknownName("'" + word + "' may be " + joined(candidates));
+        }
+        return found.front()->value;
+    }
+    throw UnknownName("'" + word + "' is not one of " + listed() + nearestHint(word, mShortNames));
+}
+
+std::string Names::shortNameOf(std::int32_t value) const {
+    const auto found =
+        std::find_if(mNames.begin(), mNames.end(), [value](const Name& name) { return name.value == value; });
+    return found != mNames.end() ? found->brief : "";
+}
+
+std::string Names::listed() const {
+    if (mShortNames.size() <= kManyNames) {
+        return joined(mShortNames);
+    }
+    return joined({mShortNames.begin(), mShortNames.begin() + kManyNames}) + " and " +
+           std::to_string(mShortNames.size() - kManyNames) + " more of " + mOf;
+}
+
+const Names& namesOf(const Enumeration& enumeration) {
+    static std::mutex mutex;
+    static auto* const known = new std::map<const Enumeration*, Names>();
+    const std::lock_guard<std::mutex> guard(mutex);
+    const auto found = known->find(&enumeration);
+    if (found != known->end()) {
+        return found->second;
+    }
+    const std::vector<Enumerator> enumerators(enumeration.values.begin(), enumeration.values.end());
+    return known->emplace(&enumeration, Names(enumeration.name, enumerators)).first->second;
+}
+
+} // namespace kelutv::wire
