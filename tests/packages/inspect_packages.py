@@ -248,6 +248,20 @@ def inspect_files(package: Package, wanted: list[str]) -> None:
     complain_unless(found == members, f"{package.name}: control files {sorted(found)}")
 
 
+def licence_holder() -> str:
+    """The line of the licence that says whose the works are: `2026 the authors`."""
+    return re.search(r"(?m)^ +Copyright (\d{4} .+)$", (ROOT / "LICENSE").read_text(encoding="utf-8"))[1]
+
+
+def inspect_copyright(package: Package) -> None:
+    """The document says of all files what LICENSE says."""
+    text = package.files[f"usr/share/doc/{package.name}/copyright"].decode()
+    statement = f"Files: *\nCopyright: {licence_holder()}\nLicense: Apache-2.0\n"
+    complain_unless(statement in text, f"{package.name}: the copyright file differs from LICENSE: {text}")
+    names = set(re.findall(r"(?m)^License: (.+)$", text))
+    complain_unless(names == {"Apache-2.0"}, f"{package.name}: licences {sorted(names)}")
+
+
 def inspect_symbols(package: Package) -> None:
     text = package.text("./symbols")
     first = text.splitlines()[0]
@@ -269,6 +283,7 @@ def inspect_package(package: Package, time: int, forbidden: list[str]) -> None:
     inspect_sums(package)
     inspect_files(package, files)
     inspect_links(package.name, package.data)
+    inspect_copyright(package)
     for name, content in package.files.items():
         where = f"{package.name}: {name}"
         content = inspect_content(where, content, forbidden)
@@ -279,7 +294,7 @@ def inspect_package(package: Package, time: int, forbidden: list[str]) -> None:
 
 
 def inspect_sdk(path: Path, time: int, forbidden: list[str]) -> None:
-    """The archive holds the files of the four library packages without their documents, in one folder."""
+    """The archive holds the licence and the files of the four library packages without their documents, in one folder."""
     version = VERSION.split("-")[0]
     architecture = re.fullmatch(rf"kelutv-sdk-{re.escape(version)}-(\w+)\.tar\.gz", path.name)[1]
     folder = path.name.removesuffix(".tar.gz")
@@ -287,6 +302,7 @@ def inspect_sdk(path: Path, time: int, forbidden: list[str]) -> None:
     expected = {
         f"{folder}/{name.format(triplet=TRIPLETS[architecture])}" for name in listed if not name.startswith("share/")
     }
+    expected.add(f"{folder}/LICENSE")
     with tarfile.open(path) as archive:
         held = {member.name for member in archive.getmembers() if not member.isdir()}
         complain_unless(held == expected, f"{path.name}: missing or unexpected: {sorted(held ^ expected)}")
