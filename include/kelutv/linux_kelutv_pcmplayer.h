@@ -37,7 +37,8 @@ KELUTV_API int linux_tv_PCMPlayer_stopPlay(void);
 /**
  * Reads whether the player is playing.
  * Forwards to `PCMPlayer::getStatus`, which sends `CMD_PCMPLAYER_GET_STATUS`.
- * @return The status, unchecked; -1 in the same type when the service or the link fails.
+ * @return The status, unchecked; -1 in the same type when the service or the link fails. In C compare
+ * `(int)status == -1`: the type may be unsigned, and nothing in it is below 0.
  */
 KELUTV_API KELU_TV_PCMPLAYER_STATUS_E linux_tv_PCMPlayer_getStatus(void);
 
