@@ -1,5 +1,7 @@
 #include "support/Capture.h"
 
+#include "support/FailureReports.h"
+
 #include <android/log.h>
 
 #include <fcntl.h>
@@ -50,6 +52,7 @@ void LogCapture::write(int priority, const char* tag, const char* text) {
 }
 
 FdCapture::FdCapture(int fd) : mFd(fd), mReal(-1) {
+    keepFailureReportsOutOfCaptures();
     flush();
     mReal = ::fcntl(fd, F_DUPFD_CLOEXEC, 0);
     if (mReal < 0 || ::dup2(mFile.fd(), fd) < 0) {

@@ -1,0 +1,76 @@
+#include "support/FailureReports.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+namespace kelutv::test {
+
+namespace {
+
+int duplicate(int fd) {
+    const int copy = ::fcntl(fd, F_DUPFD_CLOEXEC, 0);
+    if (copy < 0) {
+        throw std::system_error(errno, std::generic_category(), "cannot keep standard output");
+    }
+    return copy;
+}
+
+/** The program's own standard output, and meanwhile the one that a test has put in its place. */
+class ReportOutput {
+public:
+    void use() {
+        std::fflush(stdout);
+        mTaken = duplicate(STDOUT_FILENO);
+        ::dup2(mOwn, STDOUT_FILENO);
+    }
+    void giveBack() const {
+        std::fflush(stdout);
+        ::dup2(mTaken, STDOUT_FILENO);
+        ::close(mTaken);
+    }
+
+private:
+    const int mOwn = duplicate(STDOUT_FILENO);
+    int mTaken = -1;
+};
+
+class BeforeReport : public ::testing::EmptyTestEventListener {
+public:
+    explicit BeforeReport(ReportOutput& output) : mOutput(output) {}
+    void OnTestPartResult(const ::testing::TestPartResult&) override { mOutput.use(); }
+
+private:
+    ReportOutput& mOutput;
+};
+
+class AfterReport : public ::testing::EmptyTestEventListener {
+public:
+    explicit AfterReport(ReportOutput& output) : mOutput(output) {}
+    void OnTestPartResult(const ::testing::TestPartResult&) override { mOutput.giveBack(); }
+
+private:
+    ReportOutput& mOutput;
+};
+
+/** Listeners hear of a failure in their order, so the printer goes between the two. */
+ReportOutput& surroundPrinter() {
+    static ReportOutput output;
+    ::testing::TestEventListeners& listeners = ::testing::UnitTest::GetInstance()->listeners();
+    ::testing::TestEventListener* const printer = listeners.Release(listeners.default_result_printer());
+    listeners.Append(new BeforeReport(output));
+    listeners.Append(printer);
+    listeners.Append(new AfterReport(output));
+    return output;
+}
+
+} // namespace
+
+void keepFailureReportsOutOfCaptures() { [[maybe_unused]] static const ReportOutput& output = surroundPrinter(); }
+
+} // namespace kelutv::test
