@@ -27,7 +27,8 @@ extern "C" {
  * Chooses the picture mode.
  * Reads the stream type, prints the mode, turns it into the index it has among the modes of that stream type, prints
  * that, and forwards it to `Picture::setPictureMode`, which sends `CMD_PICTURE_SETPICTUREMODE`: the index, the stream
- * type. Two commands in all; the prints go to standard output without a line end.
+ * type. Two commands in all; the prints go to standard output without a line end. A stream type that cannot be read
+ * is -1, which has the modes of standard dynamic range and is sent so.
  * @param picturemode One of `KELU_TV_PIC_MODE_E`; any other, and one the stream type does not have, is taken as the
  * first mode.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -39,8 +40,9 @@ KELUTV_API int linux_tv_Picture_setPictureMode(int picturemode);
  * Reads the stream type, forwards to `Picture::getPictureMode`, which sends `CMD_PICTURE_GETPICTUREMODE`, turns the
  * index into the mode it stands for among the modes of that stream type, and prints mode and stream type to standard
  * output without a line end. Two commands in all.
- * @return One of `KELU_TV_PIC_MODE_E`; `KELU_TV_PIC_MODE_STANDARD` for an index without a mode, and when the service or
- * the link fails.
+ * @return One of `KELU_TV_PIC_MODE_E`; `KELU_TV_PIC_MODE_STANDARD` for an index without a mode, and when the index
+ * cannot be read. When only the stream type cannot be read, the index is taken as one of a signal of standard dynamic
+ * range.
  */
 KELUTV_API int linux_tv_Picture_getPictureMode(void);
 

@@ -4,7 +4,7 @@
  *
  * Every function is one command to the TV base service, which owns all values. It blocks until the service has answered
  * and may be called from any thread. A `bool` travels as 0 or 1. A set command whose link fails is logged as
- * "invoke failure\n".
+ * "invoke failure\n", but for `linux_tv_Video_DvbPlayCtrl`, which logs differently.
  */
 #ifndef KELUTV_LINUX_KELUTV_VIDEO_H
 #define KELUTV_LINUX_KELUTV_VIDEO_H
@@ -244,7 +244,9 @@ KELUTV_API int linux_tv_Video_getMuteWindowStatus(bool* argMute, bool* argFreeze
 /**
  * Hands a command to the player of digital television.
  * Forwards to `SystemSetting::dtvControl`, which sends `CMD_SYSTEM_DTV_CHANGE_CHANNEL`: `cmd`, `dataSize`, the bytes of
- * `pData`. Told on standard output beforehand.
+ * `pData`. The command is told on standard output beforehand; success and failure are logged under the tag
+ * "TVBASEMW@SystemSetting" as "[dtvControl, 600] success", debug, and "[dtvControl, 605] failed", error. A link that
+ * fails is logged so, too, and not as "invoke failure\n".
  * @param cmd Command as the service numbers it.
  * @param pData What the command carries; may be null.
  * @param dataSize Its size in bytes; below 1 no bytes are sent.
