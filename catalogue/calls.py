@@ -12,8 +12,8 @@ from model import Catalogue, Function, Layer, Method, Module, Operation, Refusal
 from model import WireItem, refusals
 from tables import Row, RowError
 
-COMPOSED_COLUMNS = "method calls null log result outputs state values irregular".split()
-FUNCTION_COLUMNS = "function calls null result outputs state values irregular".split()
+COMPOSED_COLUMNS = "method calls null log result outputs state values pointers irregular".split()
+FUNCTION_COLUMNS = "function calls null result outputs state values pointers irregular".split()
 RESULTS = ["same", "bool", "zero", "list", "item[N]", "item[N] != 0", "irregular"]
 COMPUTED = "computed"
 COMPOSED_EVENTS = ("call", "null")
@@ -98,7 +98,8 @@ class CallReader:
         outputs = cells.parse_outputs(row["outputs"], signature, self.headers)
         null = cells.parse_null(row["null"], signature, self.headers)
         log = cells.parse_log(row["log"], module.log_tag, COMPOSED_EVENTS) if composed else ()
-        result = _result(row["result"], call)
+        stated, minus_one = cells.parse_minus_one(row["result"])
+        result = _result(stated, call)
         call_log = tuple(line for line in log if line.event == "call")
         layers = (*_layers(call, names), Layer(result, signature.result, outputs, call_log))
         function = Function(
@@ -120,7 +121,9 @@ class CallReader:
             refusals=(*refusals(null, log, signature), *_inherited(call, names, null, layers[-1])),
             state=cells.parse_state(row["state"], request, self.headers),
             values=cells.parse_values(row["values"], signature, self.headers),
+            pointers=cells.parse_pointers(row["pointers"], signature, self.headers),
             irregular=cells.parse_optional(row["irregular"]),
+            minus_one=minus_one or _minus_one(result, call),
             steps=call.steps,
         )
         _check(function, call)
@@ -206,6 +209,14 @@ def _result(text: str, call: _Call) -> str:
     if result == "list" and (call.callee is None or not _gives_list(call.callee)):
         raise RowError("result 'list' without a call that gives a list")
     return result
+
+
+def _minus_one(result: str, call: _Call) -> str:
+    if result == "same":
+        return call.callee.minus_one
+    if re.fullmatch(r"item\[\d+\]", result):
+        return "value"
+    return "empty" if result == "list" else "failure"
 
 
 def _gives_list(operation: Operation) -> bool:

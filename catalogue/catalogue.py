@@ -117,6 +117,10 @@ def request_text(request: tuple[WireItem, ...]) -> str:
     return ", ".join(texts) or "nothing"
 
 
+def _result_text(operation: Operation) -> str:
+    return f"returns: {operation.result}; -1 means: {operation.minus_one}"
+
+
 def _method_lines(method: Method) -> list[str]:
     if method.command is None:
         return ["sends nothing"]
@@ -124,7 +128,7 @@ def _method_lines(method: Method) -> list[str]:
         f"{method.command} 0x{method.value:04X}, {method.overload.name}",
         f"sends: {request_text(method.request)}",
         f"reply: {method.reply.shape}" + "".join(f" {field.name}" for field in method.reply.fields),
-        f"returns: {method.result}",
+        _result_text(method),
     ]
 
 
@@ -134,7 +138,7 @@ def _function_lines(function: Function) -> list[str]:
     if function.callee is None:
         return ["sends nothing"]
     lines = [f"calls: {function.callee.name}({', '.join(function.arguments)})"]
-    return lines + [f"sends: {request_text(function.request)}", f"returns: {function.result}"]
+    return lines + [f"sends: {request_text(function.request)}", _result_text(function)]
 
 
 def describe(operation: Operation) -> str:

@@ -5,13 +5,18 @@ from __future__ import annotations
 import re
 
 from headers import Headers, Signature
-from model import LogLine, Operand, Output, Reply, ReplyField, State, ValueSet, WireItem
+from model import LogLine, Operand, Output, Pointer, Reply, ReplyField, State, ValueSet, WireItem
 from tables import RowError
 
 _NUMBER = re.compile(r"-?(?:0[xX][0-9a-fA-F]+|\d+)")
 _PATH = re.compile(r"\w+(?:\[\d+\])?(?:\.\w+(?:\[\d+\])?)*")
 _BLOCKS = {"ints": ("int",), "doubles": ("double",), "bytes": ("char", "void"), "str16": ("char",)}
 _SCALAR_TYPES = {"int", "unsigned int", "bool"}
+_POINTER = re.compile(
+    r"(\w+)=(?:(in|out|inout|unused)(?:\[([\w*]+)\])?)?( ?null)?(?: counted by (\w+))?( led by its length)?"
+)
+_MINUS_ONE = ("failure", "value", "empty")
+ANSWER = "answer"
 LOG_EVENTS = ("call", "null", "success", "failure", "missing")
 
 
@@ -205,6 +210,36 @@ def parse_values(text: str, signature: Signature, headers: Headers) -> dict[str,
     return found
 
 
+def _check_room(room: str, signature: Signature) -> None:
+    for factor in room.split("*"):
+        if not factor.isdigit() and signature.parameter(factor).type not in ("int", "unsigned int"):
+            raise RowError(f"room '{room}': {factor} is {signature.parameter(factor).type}, not a whole number")
+
+
+def _pointer(text: str, signature: Signature, headers: Headers) -> tuple[str, Pointer]:
+    match = _POINTER.fullmatch(text)
+    if not match or text.endswith("="):
+        raise RowError(f"'{text}' is not POINTER=in|out|inout|unused[ROOM] null counted by POINTER led by its length")
+    name, direction, room, null, count, led = match.groups()
+    declared = signature.parameter(name).type
+    if not declared.endswith("*") and declared not in headers.callbacks:
+        raise RowError(f"pointers names '{name}', which is {declared}")
+    if room and room != ANSWER:
+        _check_room(room, signature)
+    if count and signature.parameter(count).type != "int*":
+        raise RowError(f"{name} is counted by '{count}', which is {signature.parameter(count).type}, not int*")
+    return name, Pointer(direction, room, bool(null), count, bool(led))
+
+
+def parse_pointers(text: str, signature: Signature, headers: Headers) -> dict[str, Pointer]:
+    """`list=out[254] counted by size, path=null, block=in[length] led by its length`."""
+    parts = split_list(text)
+    found = dict(_pointer(part, signature, headers) for part in parts)
+    if len(found) != len(parts):
+        raise RowError("pointers names a parameter twice")
+    return found
+
+
 def parse_null(text: str, signature: Signature, headers: Headers) -> tuple[str, ...]:
     """The pointer parameters whose null gives -1 with nothing sent."""
     names = tuple(split_list(text))
@@ -223,6 +258,18 @@ def parse_log(text: str, tag: str | None, events: tuple[str, ...] = LOG_EVENTS) 
             raise RowError(f"log '{part}' is not {'|'.join(events)} [error|debug|info] \"TEXT\"")
         lines.append(LogLine(match[1], match[2] or "error", match[3], tag))
     return tuple(lines)
+
+
+def parse_minus_one(text: str) -> tuple[str, str | None]:
+    """The result without what -1 means, and that: `irregular, -1 value`."""
+    result, comma, meaning = text.partition(", -1 ")
+    if not comma:
+        return text, None
+    if meaning not in _MINUS_ONE:
+        raise RowError(f"-1 means '{meaning}', which is not one of: {', '.join(_MINUS_ONE)}")
+    if result != "irregular":
+        raise RowError(f"what -1 means follows from result '{result}'")
+    return result, meaning
 
 
 def parse_result(text: str, allowed: list[str]) -> tuple[str, str | None]:

@@ -9,9 +9,10 @@ from headers import Headers, parse_signature
 from model import Catalogue, Method, Module, WireItem
 from tables import Row, RowError
 
-METHOD_COLUMNS = "method command value call sends reply null log result state values irregular".split()
+METHOD_COLUMNS = "method command value call sends reply null log result state values pointers irregular".split()
+STATUS_AS_VALUE = "status as value"
 METHOD_RESULTS = [
-    *("status", "value", "bool", "zero-or-fail", "zero", "record", "list"),
+    *("status", STATUS_AS_VALUE, "value", "bool", "zero-or-fail", "zero", "record", "list"),
     *('fallback "TEXT"', 'characters "TEXT"', "irregular"),
 ]
 
@@ -29,7 +30,9 @@ def read_method(catalogue: Catalogue, module: Module, row: Row) -> None:
     if overload is None and not sends_nothing:
         raise RowError(f"'{row['call']}' is not a command call of link.md")
     request = cells.parse_sends(row["sends"], signature, headers)
-    result, fallback = cells.parse_result(row["result"], METHOD_RESULTS)
+    stated, minus_one = cells.parse_minus_one(row["result"])
+    result, fallback = cells.parse_result(stated, METHOD_RESULTS)
+    status_is_value = result == STATUS_AS_VALUE
     items = row["state"] == "items"
     if items != (signature.name in module.pairs.values()):
         raise RowError("state 'items' belongs to the module's item and text pairs, and to these only")
@@ -45,12 +48,15 @@ def read_method(catalogue: Catalogue, module: Module, row: Row) -> None:
         reply=cells.parse_reply(row["reply"], signature, headers),
         null=cells.parse_null(row["null"], signature, headers),
         log=cells.parse_log(row["log"], module.log_tag),
-        result=result,
+        result="status" if status_is_value else result,
         fallback=fallback,
         state=None if items else cells.parse_state(row["state"], request, headers),
         items=items,
         values=cells.parse_values(row["values"], signature, headers),
+        pointers=cells.parse_pointers(row["pointers"], signature, headers),
         irregular=cells.parse_optional(row["irregular"]),
+        minus_one=minus_one or ("value" if status_is_value or result == "value" else "failure"),
+        status_is_value=status_is_value,
     )
     if not sends_nothing:
         _check_overload(method)

@@ -3,9 +3,13 @@
 from __future__ import annotations
 
 from dataclasses import dataclass, field
+from typing import TYPE_CHECKING
 
-from headers import Headers, Signature
+from headers import Headers, Record, Signature
 from tables import Place
+
+if TYPE_CHECKING:
+    from parameters import ParameterInfo
 
 
 @dataclass(frozen=True)
@@ -95,6 +99,21 @@ class ValueSet:
 
 
 @dataclass(frozen=True)
+class Pointer:
+    """What a row itself says of one pointer, beyond what its other cells tell.
+
+    `direction` is in, out, inout or unused. `room` is how many entries go in or must have room, nothing for one alone;
+    `count` is the parameter that receives how many were written.
+    """
+
+    direction: str | None = None
+    room: str | None = None
+    null: bool = False
+    count: str | None = None
+    led_by_length: bool = False
+
+
+@dataclass(frozen=True)
 class LogLine:
     """A text that a class logs under its tag.
 
@@ -151,7 +170,9 @@ def refusals(null: tuple[str, ...], log: tuple[LogLine, ...], signature: Signatu
 class Method:
     """A class method; one that sends nothing has neither command nor value nor overload nor reply.
 
-    `fallback` is the text that results `fallback` and `characters` leave behind after a failure.
+    `fallback` is the text that results `fallback` and `characters` leave behind after a failure. `minus_one` is what a
+    result of -1 means: failure, value, or empty when the answer held nothing. With `status_is_value` the service's
+    result word is the value that is read, and no failure.
     """
 
     place: Place
@@ -170,7 +191,10 @@ class Method:
     state: State | None
     items: bool
     values: dict[str, ValueSet]
+    pointers: dict[str, Pointer]
     irregular: str | None
+    minus_one: str
+    status_is_value: bool
 
     @property
     def name(self) -> str:
@@ -195,7 +219,8 @@ class Function:
     """A C function or, with an `owner`, a composed method: it leaves the sending to the operation that it calls.
 
     `request`, `reply`, `layers` and `refusals` are those of the whole chain down to the `method` that sends, in terms
-    of its own parameters. One that makes several calls has them as its `steps`, in order, and no `callee`.
+    of its own parameters. One that makes several calls has them as its `steps`, in order, and no `callee`. `minus_one`
+    is as for a method.
     """
 
     place: Place
@@ -216,7 +241,9 @@ class Function:
     refusals: tuple[Refusal, ...]
     state: State | None
     values: dict[str, ValueSet]
+    pointers: dict[str, Pointer]
     irregular: str | None
+    minus_one: str
     steps: tuple[Method | Function, ...] = ()
 
     @property
@@ -226,6 +253,10 @@ class Function:
     @property
     def method(self) -> Method | None:
         return self.callee.method if self.callee else None
+
+    @property
+    def status_is_value(self) -> bool:
+        return self.method is not None and self.method.status_is_value
 
 
 Operation = Method | Function
@@ -263,13 +294,25 @@ class Module:
         return next((method for method in self.methods if method.signature.name == name), None)
 
 
+@dataclass(frozen=True)
+class PlatformRecord:
+    """A record of a platform header; its fields are those that matter, nested ones with their path."""
+
+    header: str
+    record: Record
+
+
 @dataclass
 class Catalogue:
+    """`parameters` says what every parameter is for, by the name of the operation."""
+
     headers: Headers
     overloads: dict[str, Overload]
     link_classes: dict[str, bool]
     link_symbols: list[str]
+    platform_records: dict[str, PlatformRecord] = field(default_factory=dict)
     modules: list[Module] = field(default_factory=list)
+    parameters: dict[str, tuple[ParameterInfo, ...]] = field(default_factory=dict)
 
     @property
     def methods(self) -> list[Method]:

@@ -8,9 +8,10 @@ from pathlib import Path
 
 import cells
 from calls import COMPOSED_COLUMNS, FUNCTION_COLUMNS, CallReader
-from headers import Headers, Signature, read_headers
+from headers import Field, Headers, Record, Signature, read_headers
 from methods import METHOD_COLUMNS, read_method
-from model import Catalogue, Module, Overload
+from model import Catalogue, Module, Overload, PlatformRecord
+from parameters import ParameterReader
 from tables import CatalogueError, Place, Row, RowError, Section, read_sections
 
 MODULE_COLUMNS = {
@@ -23,6 +24,7 @@ LINK_COLUMNS = {
     "Overloads": ["overload", "reply", "log"],
     "Classes": ["class", "polymorphic"],
     "Exported symbols": ["symbol"],
+    "Platform records": ["record", "header", "fields"],
 }
 REQUIRED_KEYS = ["class", "header", "C prefix", "C header", "item set", "item get", "log tag"]
 OPTIONAL_KEYS = ["object", "text set", "text get"]
@@ -67,6 +69,7 @@ class _Reader:
         for module, sections in modules:
             self.each(sections.get("Methods"), lambda row: read_method(self.catalogue, module, row))
         self._read_calls(modules)
+        self._read_parameters()
         self._check_item_states()
         for module in self.catalogue.modules:
             self._check_headers(module)
@@ -80,6 +83,17 @@ class _Reader:
         self.each(sections.get("Overloads"), lambda row: overloads.update({row["overload"]: self._overload(row)}))
         self.each(sections.get("Classes"), lambda row: classes.update({row["class"]: row["polymorphic"] == "yes"}))
         self.each(sections.get("Exported symbols"), lambda row: self.catalogue.link_symbols.append(row["symbol"]))
+
+        records = self.catalogue.platform_records
+        self.each(sections.get("Platform records"), lambda row: records.update({row["record"]: _platform_record(row)}))
+
+    def _read_parameters(self) -> None:
+        reader = ParameterReader(self.catalogue)
+        for operation in self.catalogue.operations:
+            try:
+                reader.read(operation)
+            except RowError as error:
+                self.errors.append(f"{operation.place}: {error}")
 
     @staticmethod
     def _overload(row: Row) -> Overload:
@@ -155,6 +169,17 @@ class _Reader:
             self.errors.append(f"{module.place}: {where} does not declare: {missing}")
         for missing in sorted({str(s) for s in declared} - {str(s) for s in listed}):
             self.errors.append(f"{module.place}: {where} declares what has no row: {missing}")
+
+
+def _platform_record(row: Row) -> PlatformRecord:
+    """Fields such as `int port.kind, unsigned int port.number`."""
+    fields = []
+    for text in cells.split_list(row["fields"]):
+        match = re.fullmatch(r"(int|unsigned int|bool|double) ([\w.]+)", text)
+        if not match:
+            raise RowError(f"field '{text}' is not TYPE PATH with the type int, unsigned int, bool or double")
+        fields.append(Field(match[1], match[2]))
+    return PlatformRecord(row["header"].strip("`"), Record(row["record"], tuple(fields)))
 
 
 def _one_of(column: str, text: str, allowed: list[str]) -> str:

@@ -39,7 +39,7 @@ class GoodTables(CatalogueTest):
         self.assertEqual(argument, "CMDID_LAMP_GET_TIMER*lamp")
 
     def test_a_method_may_send_nothing(self) -> None:
-        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | - | Never built. |")
+        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | - | curve=unused | Never built. |")
         catalogue = self.read()
         method = catalogue.operation("Lamp::setCurve")
         self.assertEqual((method.command, method.value, method.overload, method.reply), (None, None, None, None))
@@ -69,8 +69,8 @@ class GoodTables(CatalogueTest):
         self.assertEqual(self.read().operation("Lamp::getItem").result, "zero")
 
     def test_an_item_argument_may_be_computed(self) -> None:
-        self.change("lamp, minutes) | - | same | - | timer[lamp] = minutes | - | - |",
-                    "lamp, computed) | - | same | - | - | - | Doubles the minutes. |")
+        self.change("lamp, minutes) | - | same | - | timer[lamp] = minutes | - | - | - |",
+                    "lamp, computed) | - | same | - | - | - | - | Doubles the minutes. |")
         request = self.read().operation("linux_tv_Lamp_setTimer").request
         self.assertEqual([item.computed for item in request], [False, False, True])
 
@@ -134,13 +134,13 @@ class BadTables(CatalogueTest):
         line = self.change("| null | result | outputs |", "| nil | result | outputs |")
         self.assert_complaint(
             line,
-            "unknown column 'nil', expected: function | calls | null | result | outputs | state | values | irregular",
+            "unknown column 'nil', expected: function | calls | null | result | outputs | state | values | pointers | irregular",
         )
         self.assert_complaint(line, "missing column 'null'")
 
     def test_wrong_number_of_cells(self) -> None:
         line = self.change("| value | level[lamp] |", "| value |")
-        self.assert_complaint(line, "11 cells, but the table has 12 columns")
+        self.assert_complaint(line, "12 cells, but the table has 13 columns")
 
     def test_empty_cell(self) -> None:
         line = self.change("| Color | - | - | record |", "| Color |  | - | record |")
@@ -237,8 +237,8 @@ class BadMethods(CatalogueTest):
 
     def test_unknown_result(self) -> None:
         message = (
-            "result 'word' is not one of: status, value, bool, zero-or-fail, zero, record, list, "
-            'fallback "TEXT", characters "TEXT", irregular'
+            "result 'word' is not one of: status, status as value, value, bool, zero-or-fail, zero, record, "
+            'list, fallback "TEXT", characters "TEXT", irregular'
         )
         self.assert_bad("| value | level[lamp]", "| word | level[lamp]", message)
 
@@ -284,7 +284,7 @@ class BadMethods(CatalogueTest):
 
     def test_row_without_a_command_with_a_result(self) -> None:
         message = "a method without a command has the result 'irregular'"
-        self.assert_bad(SET_CURVE, "| - | - | - | - | - | - | - | status | - | - | - |", message)
+        self.assert_bad(SET_CURVE, "| - | - | - | - | - | - | - | status | - | - | - | - |", message)
 
 
 class BadFunctions(CatalogueTest):

@@ -51,7 +51,7 @@ class GeneratePairs(TorchTest):
         self.assertIn("result=0;text=alpha;", self.shown())
 
     def test_an_irregular_getter_is_left_to_a_test_by_hand(self) -> None:
-        self.change_torch("zero-or-fail | points | - | - |", "irregular | points | - | Own. |")
+        self.change_torch("zero-or-fail | points | - | - | - |", "irregular | points | - | - | Own. |")
         self.assertNotIn("Torch_setPoints_then_Torch_getPoints", self.pairs())
 
     def test_a_key_out_of_the_getter_s_range(self) -> None:
@@ -63,11 +63,11 @@ class GeneratePairs(TorchTest):
         self.change("(LAMP_E lamp, int minutes)", "(int lamp, int minutes)", "include/kelutv/linux_lamp.h")
         self.change("int* pMinutes) | get(CMDID_LAMP_GET_TIMER, lamp)", "int* pMinutes) | get(CMDID_LAMP_GET_TIMER, 1)")
         self.change("timer[lamp] |", "timer[1] |")
-        self.change("pMinutes | same | *pMinutes = item[0] | timer[1] | - | - |", FIXED)
+        self.change("pMinutes | same | *pMinutes = item[0] | timer[1] | - | - | - |", FIXED)
         self.assertIn("linux_tv_Lamp_setTimer(1, 22)", self.text("lamp"))
 
 
-FIXED = "pMinutes | same | *pMinutes = item[0] | timer[1] | - | The lamp does not count. |"
+FIXED = "pMinutes | same | *pMinutes = item[0] | timer[1] | - | - | The lamp does not count. |"
 
 
 if __name__ == "__main__":
