@@ -61,12 +61,15 @@ class Record:
 
 @dataclass
 class Headers:
+    """`callbacks` are the typedefs of function pointers; `arrays` those of arrays, each with its entries."""
+
     enumerations: dict[str, Enumeration] = field(default_factory=dict)
     records: dict[str, Record] = field(default_factory=dict)
     functions: dict[str, dict[str, Signature]] = field(default_factory=dict)
     methods: dict[str, list[Signature]] = field(default_factory=dict)
     enumerators: dict[str, int] = field(default_factory=dict)
     callbacks: set[str] = field(default_factory=set)
+    arrays: dict[str, Field] = field(default_factory=dict)
     symbol_types: dict[str, str] = field(default_factory=dict)
 
     def enumerator(self, name: str) -> int | None:
@@ -145,6 +148,11 @@ def _records(text: str) -> list[Record]:
     return found
 
 
+def _arrays(text: str) -> list[Field]:
+    found = re.findall(r"typedef\s+([\w\s]+?)\s+(\w+)\[(\d+)\]\s*;", text)
+    return [Field(canonical_type(type_name), name, int(count)) for type_name, name, count in found]
+
+
 def _symbol_types(text: str) -> dict[str, str]:
     """What stands for a typedef in a demangled symbol: the tag, int, or the type of a function pointer."""
     tags = re.findall(r"typedef\s+(?:enum|struct)\s+(\w+)[^{;]*\{.*?\}\s*(\w+)\s*;", text, re.S)
@@ -185,6 +193,7 @@ def read_headers(include: Path) -> Headers:
         callbacks = _callbacks(text)
         headers.callbacks.update(callbacks)
         headers.symbol_types.update(_symbol_types(text) | callbacks)
+        headers.arrays.update({array.name: array for array in _arrays(text)})
         headers.records.update({r.name: r for r in _records(text)})
         headers.functions[f"kelutv/{path.name}"] = _functions(text)
         headers.methods.update(_methods(text))

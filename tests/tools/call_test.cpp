@@ -106,6 +106,24 @@ TEST(Call, tellsWhatTheServiceRefuses) {
     EXPECT_EQ(run.error, "kelutv: factory.setMacAddress: the service answered -107\n");
 }
 
+TEST(Call, tellsThatAScreenShotIsRefused) {
+    ASSERT_EQ(runTool({"sim", "fault", "CMD_PICTURE_GETVIDEOSCREENSHOT", "error", "5", "once"}).exit, 0);
+    const ToolRun run = runTool({"call", "picture.getVideoScreenShot", "640", "480", "/shot.png", "false"});
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(run.error, "kelutv: picture.getVideoScreenShot: the service answered 5\n");
+}
+
+TEST(Call, takesMinusOneForAValueWhereItIsOne) {
+    EXPECT_EQ(called({"audio.setMaxVolume", "speaker", "-1"}), "result: 0\n");
+    EXPECT_EQ(called({"audio.getMaxVolume", "speaker"}), "result: -1\n");
+}
+
+TEST(Call, passesANullOnThatTheMethodTakes) {
+    EXPECT_EQ(called({"factory.setMachineInfo", "0", "text"}), "result: 0\n");
+    EXPECT_EQ(called({"factory.setMachineInfo", "0", "null"}), "result: 0\n");
+    EXPECT_EQ(called({"factory.getMachineInfo", "0"}), "result: 0\ninfo: \"\"\n");
+}
+
 TEST(Call, tellsWhatTheLibraryRefuses) {
     const ToolRun run = runTool({"--json", "call", "picture.setDolbyHdrPicMode", "1"});
     EXPECT_EQ(run.exit, 4);

@@ -14,10 +14,11 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "catalogue"))
 
-from cells import pointee  # noqa: E402
+from cells import ANSWER, pointee  # noqa: E402
 from docs import Doc, read_docs  # noqa: E402
-from headers import Field, Headers, Parameter  # noqa: E402
-from model import Catalogue, Function, Method, Module, Operation, ReplyField, ValueSet, WireItem  # noqa: E402
+from headers import Field, Parameter  # noqa: E402
+from model import Catalogue, Function, Method, Module, Operation, ValueSet, WireItem  # noqa: E402
+from parameters import ParameterInfo, returned_values  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 
@@ -30,21 +31,19 @@ SCALARS = {
     "unsigned char": "Byte",
     "void": "Byte",
 }
-# What stands in the platform's headers and in records of their own kind.
-PLATFORM_RECORDS = {
-    "SExtPortPlugInOutInfo": (
-        Field("int", "externalPort.inputPort"),
-        Field("unsigned int", "externalPort.inputDev.hdmiDev"),
-        Field("int", "plugState"),
-    )
-}
-TEXT_FIELDS = {"BOE_OD_TableName": 10}
-# Several records behind a pointer to one.
-RECORD_ARRAYS = {("linux_tv_Factory_getLineODListTable", "pTable")}
-# A block that begins with its own length.
-LED_BY_LENGTH = {("KeluVbiManager::VbiDataCallback", "vbiData")}
-LENGTHS = {("KeluVbiManager::VbiDataCallback", "vbiData"): "length", ("linux_tv_Factory_pqIoCtl", "pParm"): ""}
+DIRECTIONS = {"in": "In", "out": "Out", "inout": "InOut", "unused": "In", "length": "Length"}
 ITEMS = "KELU_TV_CMDID_E"
+
+
+def field_values(catalogue: Catalogue) -> dict[tuple[str, str], ValueSet]:
+    """The values of record fields, by record and field, as the rows of their operations say."""
+    found = {}
+    for operation in catalogue.operations:
+        for path, values in operation.values.items():
+            root, dot, field = path.partition(".")
+            if dot and values.enumeration:
+                found[pointee(operation.signature.parameter(root).type), field] = values
+    return found
 
 
 def text(value: str | None) -> str:
@@ -95,20 +94,6 @@ def declaration(operation: Operation) -> str:
     return f"{operation.signature.result} {operation.name}({parameters})"
 
 
-def all_values(operation: Operation) -> dict[str, ValueSet]:
-    """The operation's value sets, and those of the one it calls where it only passes a parameter on."""
-    values = dict(operation.values)
-    if isinstance(operation, Function) and operation.callee:
-        inherited = all_values(operation.callee)
-        names = zip((p.name for p in operation.callee.signature.parameters), operation.arguments)
-        for theirs, ours in names:
-            if theirs in inherited and ours.isidentifier():
-                values.setdefault(ours, inherited[theirs])
-        if "return" in inherited and operation.result == "same":
-            values.setdefault("return", inherited["return"])
-    return values
-
-
 @dataclass(frozen=True)
 class ValueType:
     kind: str
@@ -127,10 +112,12 @@ class ValueType:
 class Types:
     """The enumerations and records: two tables whose rows all modules refer to."""
 
-    def __init__(self, headers: Headers):
-        self.headers = headers
-        self.enumerations = [name for name, enumeration in headers.enumerations.items() if enumeration.values]
-        self.records = sorted({*headers.records, *PLATFORM_RECORDS})
+    def __init__(self, catalogue: Catalogue):
+        self.headers = catalogue.headers
+        self.platform = catalogue.platform_records
+        self.enumerations = [name for name, enumeration in self.headers.enumerations.items() if enumeration.values]
+        self.records = sorted({*self.headers.records, *self.platform})
+        self.field_values = field_values(catalogue)
 
     def names(self, type_name: str, values: ValueSet | None = None) -> str:
         enumeration = values.enumeration if values and values.enumeration else type_name
@@ -146,17 +133,21 @@ class Types:
     def record(self, type_name: str) -> str:
         return f"&kRecordTable[{self.records.index(type_name)}]" if self.is_record(type_name) else "nullptr"
 
+    def _fields(self, record: str) -> tuple[Field, ...]:
+        known = self.platform[record].record if record in self.platform else self.headers.records[record]
+        return known.fields
+
     def leaves(self, record: str, prefix: str = "") -> Iterable[Field]:
-        fields = PLATFORM_RECORDS[record] if record in PLATFORM_RECORDS else self.headers.records[record].fields
-        for field in fields:
-            nested = field.type in self.headers.records or field.type in TEXT_FIELDS
+        for field in self._fields(record):
+            text_field = self.headers.arrays.get(field.type)
+            nested = field.type in self.headers.records or text_field is not None
             indexes = [f"[{i}]" for i in range(field.count)] if field.count and nested else [""]
             for index in indexes:
                 path = f"{prefix}{field.name}{index}"
                 if field.type in self.headers.records:
                     yield from self.leaves(field.type, f"{path}.")
-                elif field.type in TEXT_FIELDS:
-                    yield Field("char", path, TEXT_FIELDS[field.type])
+                elif text_field:
+                    yield Field(text_field.type, path, text_field.count)
                 else:
                     yield Field(field.type, path, None if nested else field.count)
 
@@ -167,7 +158,7 @@ class Types:
         ]
 
     def _field(self, record: str, field: Field) -> str:
-        values = ValueSet(enumeration="E_MW_CEC_UI_CMD") if field.name == "IrCommand" else None
+        values = self.field_values.get((record, field.name))
         cells = [text(field.name), f"Scalar::{self.scalar(field.type)}", self.names(field.type, values)]
         return row([*cells, f"offsetof({record}, {field.name})", str(field.count or 1)])
 
@@ -193,7 +184,7 @@ class Types:
                 "// Generated from the public headers.",
                 '#include "tools/kelutv/FunctionTables.h"\n',
                 "#include <kelutv/kelutv.h>",
-                "#include <kqcommon/ExtPort.h>\n",
+                "\n".join(f"#include <{record.header}>" for record in self.platform.values()) + "\n",
                 "#include <cstddef>\n",
                 "namespace kelutv::tool {\n",
                 *self.declarations(),
@@ -231,126 +222,34 @@ def usual_prefix(names: list[str]) -> str:
 
 
 class ParameterRow:
-    """Works out what one parameter is for: which way it goes, and what is behind a pointer."""
+    """Writes what the catalogue says of one parameter."""
 
-    def __init__(self, types: Types, operation: Operation, doc: Doc):
+    def __init__(self, types: Types, doc: Doc):
         self.types = types
-        self.operation = operation
         self.doc = doc
-        self.values = all_values(operation)
-        request = [item for callee in (operation, *operation_steps(operation)) for item in callee.request]
-        self.sent = {re.match(r"\*?(\w+)", item.source)[1]: item for item in request if self._has_source(item)}
-        fields = operation.reply.fields if operation.reply else ()
-        self.received = {field.target: field for field in fields if field.target}
-        outputs = [output for layer in operation.layers for output in layer.outputs]
-        self.outputs = {output.target.split(".")[0]: output for output in outputs}
-        self.lengths = {item.length: name for name, item in self.sent.items() if item.length}
-        for (owner, block), length in LENGTHS.items():
-            if owner == operation.name:
-                self.lengths[length] = block
 
-    @staticmethod
-    def _has_source(item: WireItem) -> bool:
-        return item.literal is None and not item.computed
+    def _length(self, parameter: ParameterInfo) -> str:
+        return parameter.count or (parameter.room if parameter.room not in (None, ANSWER) else "")
 
-    def _said(self, parameter: Parameter) -> str:
-        return self.doc.parameters.get(parameter.name, "")
-
-    def _is_output(self, parameter: Parameter) -> bool:
-        if not parameter.type.endswith("*") or parameter.type.endswith("const*"):
-            return False
-        written = parameter.name in self.received or parameter.name in self.outputs
-        return written or self._said(parameter).startswith(("Receives", "Room for", "The devices are added", "In: "))
-
-    def direction(self, parameter: Parameter) -> str:
-        if parameter.name in self.lengths and not parameter.type.endswith("*"):
-            return "Length"
-        if not self._is_output(parameter):
-            return "In"
-        return "InOut" if parameter.name in self.sent else "Out"
-
-    def _pointer_kind(self, parameter: Parameter) -> tuple[str, str]:
-        """The kind behind a pointer to numbers, and what says how many there are."""
-        name = parameter.name
-        if pointee(parameter.type) in ("void", "unsigned char") and name not in self.received:
-            return "Array", self._byte_length(name)
-        if name in self.sent and self.sent[name].kind in ("ints", "doubles", "bytes"):
-            return "Array", self.sent[name].length
-        if name in self.received:
-            field = self.received[name]
-            return ("Array", self._count(field)) if field.count else ("Value", "")
-        if name in self.outputs:
-            return ("Array", self._sibling_count()) if self.outputs[name].part == "entries" else ("Value", "")
-        is_list = pointee(parameter.type) == "int" and not re.search(r"(?i)(size|length|count)$", name)
-        return ("Array", self._sibling_count()) if is_list else ("Value", "")
-
-    def _byte_length(self, name: str) -> str:
-        key = (self.operation.name, name)
-        if key in LENGTHS:
-            return LENGTHS[key]
-        return self.sent[name].length if name in self.sent else "outSize"
-
-    def _sibling_count(self) -> str:
-        names = [p.name for p in self.operation.signature.parameters if p.type == "int*"]
-        return next((name for name in names if re.search(r"(?i)(size|length|count)$", name)), "")
-
-    def _count(self, field: ReplyField) -> str:
-        counted = {f.name: f.target for f in self.operation.reply.fields if f.kind == "int"}
-        return counted.get(field.count) or field.count
-
-    def _kind(self, parameter: Parameter) -> tuple[str, str]:
-        base = pointee(parameter.type)
-        if (self.operation.name, parameter.name) in RECORD_ARRAYS:
-            return "Array", ""
-        if self.types.is_record(base):
-            return "Record", ""
-        if base.startswith("std::"):
-            return "List", ""
-        if base in self.types.headers.callbacks:
-            return "Callback", ""
-        if base == "char":
-            return "Text", ""
-        return self._pointer_kind(parameter) if parameter.type.endswith("*") else ("Value", "")
-
-    def _scalar(self, parameter: Parameter, kind: str) -> str:
-        base = pointee(parameter.type)
-        is_item_buffer = base == "void" and parameter.name in self.received
-        is_plain = kind in ("Value", "Array") and not self.types.is_record(base)
-        return "Int" if is_item_buffer or not is_plain else self.types.scalar(base)
-
-    def _names(self, parameter: Parameter) -> str:
-        said = re.search(r"\bof `(\w+)`(?! and so on)", self._said(parameter))
-        documented = ValueSet(enumeration=said[1]) if said and said[1] in self.types.headers.enumerations else None
-        item = ValueSet(enumeration=ITEMS) if self._is_item(parameter) else None
-        return self.types.names(pointee(parameter.type), self.values.get(parameter.name) or documented or item)
-
-    def _is_item(self, parameter: Parameter) -> bool:
-        method, request = self.operation.method, self.operation.request
-        return method is not None and method.items and request[0].source == parameter.name
-
-    def _allows_null(self, parameter: Parameter, kind: str) -> bool:
-        said = self._said(parameter)
-        refused = any(refusal.parameter == parameter.name for refusal in self.operation.refusals)
-        documented = re.search(r"\bnull\b", said) is not None and "ust not be null" not in said
-        return kind == "Callback" or refused or documented
-
-    def text(self, parameter: Parameter) -> str:
-        kind, length = self._kind(parameter)
+    def _values(self, parameter: ParameterInfo) -> ValueType:
         base = pointee(parameter.type)
         record = self.types.record(base)
-        numbers = self._scalar(parameter, kind)
-        names = self._names(parameter) if kind in ("Value", "Array") and record == "nullptr" else "nullptr"
-        values = ValueType(kind, numbers, names, record, self.values.get(parameter.name))
+        numbers = parameter.kind in ("value", "array") and record == "nullptr"
+        scalar = self.types.scalar(parameter.element) if numbers else "Int"
+        names = self.types.names(base, parameter.values) if numbers else "nullptr"
+        return ValueType(parameter.kind.capitalize(), scalar, names, record, parameter.values)
+
+    def text(self, parameter: ParameterInfo) -> str:
         cells = [
             text(parameter.name),
             text(c_type(parameter.type)),
-            text(self._said(parameter)),
-            f"Direction::{self.direction(parameter)}",
+            text(self.doc.parameters.get(parameter.name)),
+            f"Direction::{DIRECTIONS[parameter.direction]}",
             str(parameter.type.endswith("*")).lower(),
-            str(self._allows_null(parameter, kind)).lower(),
-            str(values),
-            text(length),
-            str((self.operation.name, parameter.name) in LED_BY_LENGTH).lower(),
+            str(parameter.allows_null).lower(),
+            str(self._values(parameter)),
+            text(self._length(parameter)),
+            str(parameter.led_by_length).lower(),
         ]
         return row(cells)
 
@@ -443,23 +342,8 @@ class ModuleSource:
             return ValueType("List")
         if self.types.is_record(declared):
             return ValueType("Record", record=self.types.record(declared))
-        values = all_values(operation).get("return")
+        values = returned_values(operation)
         return ValueType("Value", self.types.scalar(declared), self.types.names(declared, values), values=values)
-
-    @staticmethod
-    def _is_value(operation: Operation) -> bool:
-        """Whether -1 may be a value that the service gave."""
-        kinds = [operation.method.result if operation.method else "", *(layer.result for layer in operation.layers)]
-        plain = all(kind == "same" for kind in kinds[1:])
-        return kinds[0] in ("bool", "zero", "record", "list", "fallback", "characters") or plain and (
-            kinds[0] == "value" or ModuleSource._reads_status(operation)
-        )
-
-    @staticmethod
-    def _reads_status(operation: Operation) -> bool:
-        method = operation.method
-        is_status = method is not None and method.reply is not None and method.reply.shape == "status"
-        return is_status and re.match(r"get|is", method.signature.name) is not None and method.irregular is not None
 
     def _null_rule(self, operation: Operation) -> str:
         names = list(dict.fromkeys(refusal.parameter for refusal in operation.refusals))
@@ -469,7 +353,7 @@ class ModuleSource:
 
     def row(self, operation: Operation) -> str:
         doc = self.docs[operation.name]
-        parameters = ParameterRow(self.types, operation, doc)
+        parameters = ParameterRow(self.types, doc)
         cells = [
             text(operation.name),
             text(short_name(operation, self.module)),
@@ -478,13 +362,13 @@ class ModuleSource:
             text(doc.brief),
             text(doc.details),
             text(doc.returns),
-            self._table("Parameter", [parameters.text(p) for p in operation.signature.parameters]),
+            self._table("Parameter", [parameters.text(p) for p in self.catalogue.parameters[operation.name]]),
             str(self._result(operation)),
             self._table("Request", self._requests(operation)),
             text(self._null_rule(operation)),
             text(operation.irregular),
-            str(self._is_value(operation)).lower(),
-            str(self._reads_status(operation)).lower(),
+            str(operation.minus_one != "failure").lower(),
+            str(operation.status_is_value).lower(),
             self._call(operation),
         ]
         return row(cells)
@@ -521,7 +405,7 @@ def write_if_changed(path: Path, content: str) -> None:
 def write_sources(folder: Path, prefix: str) -> None:
     catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
     docs = read_docs(ROOT / "include")
-    types = Types(catalogue.headers)
+    types = Types(catalogue)
     operations = offered(catalogue)
     for module in catalogue.modules:
         own = [operation for operation in operations if operation.module == module.name]
