@@ -24,13 +24,13 @@ TEST(EncodeThenCall, reachesTheServiceAndItsEvents) {
     const tool::Function& setVolume = tool::functionNamed("audio.setVolume");
     const tool::Function& getVolume = tool::functionNamed("audio.getVolume");
     EXPECT_EQ(tool::requestsOf(setVolume, {"speaker", "1"}).size(), 1U);
-    EXPECT_EQ(tool::callFunction(getVolume, {"speaker"}).result, 20);
+    EXPECT_EQ(tool::callFunction(getVolume, {"speaker"}).result.dump(), "20");
     linux_tv_registerCallbackFunc(remember);
-    EXPECT_EQ(tool::callFunction(setVolume, {"speaker", "77"}).result, 0);
+    EXPECT_EQ(tool::callFunction(setVolume, {"speaker", "77"}).result.dump(), "0");
     EXPECT_TRUE(eventually([] { return lastEvent == kVolumeChanged; }));
 
     EXPECT_EQ(tool::requestsOf(setVolume, {"speaker", "2"}).size(), 1U);
-    EXPECT_EQ(tool::callFunction(getVolume, {"speaker"}).result, 77);
+    EXPECT_EQ(tool::callFunction(getVolume, {"speaker"}).result.dump(), "77");
     linux_tv_unRegisterCallbackFunc(nullptr);
 }
 

@@ -104,10 +104,10 @@ TEST(Functions, areAnsweredByTheSimulator) {
         SCOPED_TRACE(function->name);
         const tool::CallResult call = tool::tryFunction(*function, sampleArguments(*function));
         EXPECT_EQ(call.transactions.size(), function->requests.size());
-        EXPECT_NE(call.result.is_null(), function->result.kind != tool::Kind::Nothing);
+        EXPECT_NE(call.result.isNull(), function->result.kind != tool::Kind::Nothing);
         EXPECT_EQ(!call.failure.empty(), kRefused.count(function->name) == 1) << call.failure;
-        for (const auto& [name, value] : call.outputs.items()) {
-            EXPECT_TRUE(!value.is_null() || !call.failure.empty() || kNothingWritten.count(function->name) == 1)
+        for (const auto& [name, value] : call.outputs.members()) {
+            EXPECT_TRUE(!value.isNull() || !call.failure.empty() || kNothingWritten.count(function->name) == 1)
                 << name << " was not written";
         }
     }

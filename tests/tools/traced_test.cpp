@@ -7,6 +7,7 @@
 #include "tools/kelutv/Decoding.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdlib>
 #include <fstream>
@@ -15,6 +16,8 @@
 
 namespace kelutv::test {
 namespace {
+
+using Document = nlohmann::ordered_json;
 
 SimulatorEnvironment& environment = SimulatorEnvironment::install();
 
@@ -39,13 +42,13 @@ TEST(Traced, isWhatEveryFunctionSends) {
     const std::string folder = std::getenv("KQDROID_RUNTIME_DIR");
     const std::string lines = folder + "/lines";
     const std::string trace = folder + "/trace";
-    std::vector<tool::Json> expected;
+    std::vector<Document> expected;
     std::ofstream script(lines);
     for (const tool::Function* function : tool::allFunctions()) {
         const std::vector<std::string> arguments = sampleArguments(*function);
         script << lineFor(*function, arguments);
         for (const auto& bytes : tool::requestsOf(*function, arguments)) {
-            expected.push_back(tool::documentOf(tool::decodeRequest(bytes)));
+            expected.push_back(Document::parse(tool::documentOf(tool::decodeRequest(bytes)).dump()));
         }
     }
     script.close();
@@ -58,7 +61,7 @@ TEST(Traced, isWhatEveryFunctionSends) {
     std::size_t index = 0;
     for (std::string line; std::getline(traced, line); ++index) {
         ASSERT_LT(index, expected.size()) << line;
-        const tool::Json document = tool::Json::parse(line);
+        const Document document = Document::parse(line);
         EXPECT_EQ(document["request"], expected[index]);
         EXPECT_EQ(document["status"], 0) << line;
         EXPECT_FALSE(document["reply"].is_null()) << line;

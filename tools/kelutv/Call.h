@@ -4,8 +4,6 @@
 #include "Output.h"
 #include "tools/tap/Tap.h"
 
-#include <nlohmann/json.hpp>
-
 #include <string>
 #include <vector>
 

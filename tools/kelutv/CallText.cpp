@@ -1,8 +1,6 @@
 #include "Call.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 namespace kelutv::tool {
 
 namespace {
@@ -12,8 +10,8 @@ ValueType typeOf(const Field& field) {
 }
 
 std::string numberText(const ValueType& type, const Json& value) {
-    if (type.names != nullptr && value.is_number_integer()) {
-        if (const Enumerator* const name = enumeratorOf(*type.names, value.get<std::int32_t>())) {
+    if (type.names != nullptr && value.isInteger()) {
+        if (const Enumerator* const name = enumeratorOf(*type.names, static_cast<std::int32_t>(value.asInteger()))) {
             return value.dump() + " (" + shortNameOf(*type.names, *name) + ')';
         }
     }
@@ -23,7 +21,7 @@ std::string numberText(const ValueType& type, const Json& value) {
 std::string objectText(const Record* record, const Json& value) {
     std::vector<std::string> fields;
     std::size_t index = 0;
-    for (const auto& [name, field] : value.items()) {
+    for (const auto& [name, field] : value.members()) {
         const ValueType plain{Kind::Value, Scalar::Int, nullptr, nullptr, false, 0, 0};
         fields.push_back(name + '=' + textOf(record == nullptr ? plain : typeOf(record->fields[index]), field));
         ++index;
@@ -34,18 +32,18 @@ std::string objectText(const Record* record, const Json& value) {
 } // namespace
 
 std::string textOf(const ValueType& type, const Json& value) {
-    if (value.is_null()) {
+    if (value.isNull()) {
         return "(untouched)";
     }
-    if (value.is_string()) {
-        return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    if (value.isText()) {
+        return value.dump();
     }
-    if (value.is_object()) {
+    if (value.isObject()) {
         return objectText(type.record, value);
     }
-    if (value.is_array()) {
+    if (value.isArray()) {
         std::vector<std::string> entries;
-        for (const Json& entry : value) {
+        for (const Json& entry : value.entries()) {
             entries.push_back(textOf(type, entry));
         }
         return '[' + joined(entries, ", ") + ']';
@@ -67,8 +65,7 @@ std::vector<std::string> linesOf(const Function& function, const CallResult& cal
         lines.push_back("result: " + textOf(function.result, call.result));
     }
     for (const Parameter& parameter : function.parameters) {
-        const auto found = call.outputs.find(parameter.name);
-        if (found != call.outputs.end()) {
+        if (const Json* const found = call.outputs.find(parameter.name)) {
             lines.push_back(std::string(parameter.name) + ": " + textOf(parameter.values, *found));
         }
     }

@@ -1,24 +1,29 @@
 #pragma once
 
-#include "Command.h"
+#include "Context.h"
+#include "Parser.h"
 
 namespace kelutv::tool {
 
-// One function a command, each in NAME_command.cpp.
-void addCallCommand(CLI::App& app, Context& context);
-void addCompleteCommand(CLI::App& app, Context& context);
-void addDecodeCommand(CLI::App& app, Context& context);
-void addDescribeCommand(CLI::App& app, Context& context);
-void addEepCommand(CLI::App& app, Context& context);
-void addEncodeCommand(CLI::App& app, Context& context);
-void addGetCommand(CLI::App& app, Context& context);
-void addHelpCommand(CLI::App& app, Context& context);
-void addListCommand(CLI::App& app, Context& context);
-void addMonitorCommand(CLI::App& app, Context& context);
-void addReplCommand(CLI::App& app, Context& context);
-void addSetCommand(CLI::App& app, Context& context);
-void addSimCommand(CLI::App& app, Context& context);
-void addStatusCommand(CLI::App& app, Context& context);
-void addTraceCommand(CLI::App& app, Context& context);
+/** Makes the program of one command line: its commands, the options that all of them have, and its help. */
+Parser makeProgram(Context& context);
+
+// One function a command, each in NAME_command.cpp. The action of a command does the work, prints through the context's
+// output, and ends with an exception of Errors.h or with `context.exit`.
+void addCallCommand(const Command& program, Context& context);
+void addCompleteCommand(const Command& program, Context& context);
+void addDecodeCommand(const Command& program, Context& context);
+void addDescribeCommand(const Command& program, Context& context);
+void addEepCommand(const Command& program, Context& context);
+void addEncodeCommand(const Command& program, Context& context);
+void addGetCommand(const Command& program, Context& context);
+void addHelpCommand(const Command& program, Context& context);
+void addListCommand(const Command& program, Context& context);
+void addMonitorCommand(const Command& program, Context& context);
+void addReplCommand(const Command& program, Context& context);
+void addSetCommand(const Command& program, Context& context);
+void addSimCommand(const Command& program, Context& context);
+void addStatusCommand(const Command& program, Context& context);
+void addTraceCommand(const Command& program, Context& context);
 
 } // namespace kelutv::tool

@@ -1,19 +1,18 @@
 #include "Completion.h"
 
 #include "Call.h"
-#include "Command.h"
+#include "Commands.h"
 #include "EepArea.h"
 #include "Errors.h"
 #include "Files.h"
 #include "Function.h"
 #include "Things.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <cctype>
 #include <functional>
 #include <map>
+#include <optional>
 
 namespace kelutv::tool {
 
@@ -29,54 +28,40 @@ bool isOption(const std::string& word) {
 
 /** Where in the command line the word that is begun stands. */
 struct Spot {
-    const CLI::App* command = nullptr;
-    /** The option whose value it is; null for none. */
-    const CLI::Option* option = nullptr;
+    Command command;
+    /** What the option before it takes; nothing for none. */
+    std::optional<Operand> option;
     /** The words before it that are neither options nor commands. */
     Names arguments;
     /** Behind "--". */
     bool onlyArguments = false;
 };
 
-const CLI::Option* optionNamed(const CLI::App* command, const std::string& name) {
-    for (; command != nullptr; command = command->get_parent()) {
-        if (const CLI::Option* const option = command->get_option_no_throw(name)) {
-            return option;
-        }
-    }
-    return nullptr;
-}
-
 void step(Spot& spot, const std::string& word) {
-    if (spot.option != nullptr) {
-        spot.option = nullptr;
+    if (spot.option) {
+        spot.option.reset();
     } else if (!spot.onlyArguments && word == "--") {
         spot.onlyArguments = true;
     } else if (!spot.onlyArguments && isOption(word)) {
-        const CLI::Option* const option = optionNamed(spot.command, word);
-        spot.option = option != nullptr && option->get_items_expected_max() > 0 ? option : nullptr;
-    } else if (const CLI::App* const below = commandNamed(*spot.command, word);
-               below != nullptr && spot.arguments.empty()) {
-        spot.command = below;
+        const std::optional<Operand> option = spot.command.optionNamed(word);
+        spot.option = option && option->most > 0 ? option : std::nullopt;
+    } else if (const auto below = spot.command.below(word); below && spot.arguments.empty()) {
+        spot.command = *below;
     } else {
         spot.arguments.push_back(word);
     }
 }
 
-/** The positional of the command that the next argument is for; null when there is none. */
-const CLI::Option* positionalOf(const Spot& spot) {
+/** What the next argument of the command is; nothing when it takes no more. */
+std::optional<Operand> positionalOf(const Spot& spot) {
     std::size_t place = spot.arguments.size();
-    for (const CLI::Option* const option : spot.command->get_options()) {
-        if (!option->get_positional()) {
-            continue;
+    for (const Operand& operand : spot.command.positionals()) {
+        if (place < operand.most) {
+            return operand;
         }
-        const auto takes = static_cast<std::size_t>(std::max(option->get_items_expected_max(), 1));
-        if (place < takes) {
-            return option;
-        }
-        place -= takes;
+        place -= operand.most;
     }
-    return nullptr;
+    return std::nullopt;
 }
 
 void sortOut(Names& names) {
@@ -142,11 +127,11 @@ Names thingValues(const Spot& spot) {
 }
 
 Names commandsBelow(const Spot& spot) {
-    const CLI::App* command = spot.command->get_parent();
+    std::optional<Command> command = spot.command.above();
     for (const std::string& name : spot.arguments) {
-        command = command == nullptr ? nullptr : commandNamed(*command, name);
+        command = command ? command->below(name) : std::nullopt;
     }
-    return command == nullptr ? Names() : commandNames(*command);
+    return command ? command->namesBelow() : Names();
 }
 
 Names namesOf(const char* enumerationName, const std::string& begun) {
@@ -186,7 +171,7 @@ const std::map<std::string, Source>& sources() {
              return names;
          }},
         {"PROGRAM", [](const Spot&, const std::string& begun) { return filesBeginning(begun); }},
-        {"THING", [](const Spot& spot, const std::string&) { return thingNames(spot.command->get_name() == "set"); }},
+        {"THING", [](const Spot& spot, const std::string&) { return thingNames(spot.command.name() == "set"); }},
         {"VALUE", [](const Spot& spot, const std::string&) { return thingValues(spot); }},
         {"WHEN",
          [](const Spot&, const std::string&) {
@@ -196,24 +181,20 @@ const std::map<std::string, Source>& sources() {
     return all;
 }
 
-std::string kindOf(const CLI::Option& option) {
-    return option.get_positional() ? option.get_name(true) : option.get_option_text();
-}
-
 Names candidatesAt(const Spot& spot, const std::string& begun) {
-    if (spot.option == nullptr && !spot.onlyArguments && isOption(begun + ' ')) {
-        return optionNames(*spot.command);
+    if (!spot.option && !spot.onlyArguments && isOption(begun + ' ')) {
+        return spot.command.optionNames();
     }
-    if (spot.option == nullptr && begins(begun, "@")) {
+    if (!spot.option && begins(begun, "@")) {
         Names files = filesBeginning(begun.substr(1));
         std::transform(files.begin(), files.end(), files.begin(), [](const std::string& file) { return '@' + file; });
         return files;
     }
-    if (spot.option == nullptr && spot.arguments.empty() && !commandNames(*spot.command).empty()) {
-        return commandNames(*spot.command);
+    if (!spot.option && spot.arguments.empty() && !spot.command.namesBelow().empty()) {
+        return spot.command.namesBelow();
     }
-    const CLI::Option* const option = spot.option != nullptr ? spot.option : positionalOf(spot);
-    const auto source = option == nullptr ? sources().end() : sources().find(kindOf(*option));
+    const std::optional<Operand> operand = spot.option ? spot.option : positionalOf(spot);
+    const auto source = operand ? sources().find(operand->form) : sources().end();
     return source == sources().end() ? Names() : source->second(spot, begun);
 }
 
@@ -221,10 +202,8 @@ Names candidatesAt(const Spot& spot, const std::string& begun) {
 
 std::vector<std::string> completionsOf(const std::vector<std::string>& words, const std::string& begun) {
     Context context;
-    CLI::App app;
-    makeProgram(app, context);
-    Spot spot;
-    spot.command = &app;
+    const Parser parser = makeProgram(context);
+    Spot spot{parser.program(), std::nullopt, {}, false};
     for (const std::string& word : words) {
         step(spot, word);
     }

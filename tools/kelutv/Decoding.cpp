@@ -5,8 +5,6 @@
 #include "wire/text/Describe.h"
 #include "wire/text/EnumeratorNames.h"
 
-#include <nlohmann/json.hpp>
-
 #include <binder/Parcel.h>
 
 #include <algorithm>
@@ -58,7 +56,7 @@ Json documentOf(const NamedValue& value) {
     if (!isSingle(value)) {
         document["value"] = Json::array();
         for (const wire::Value& scalar : value.scalars) {
-            document["value"].push_back(valueOf(scalar, value.encoding));
+            document["value"].add(valueOf(scalar, value.encoding));
         }
         return document;
     }
@@ -74,7 +72,7 @@ Json documentOf(const NamedValue& value) {
 Json documentOf(const std::vector<NamedValue>& values) {
     Json documents = Json::array();
     for (const NamedValue& value : values) {
-        documents.push_back(documentOf(value));
+        documents.add(documentOf(value));
     }
     return documents;
 }

@@ -7,8 +7,6 @@ namespace kelutv::tool {
 
 namespace {
 
-constexpr std::size_t kColumn = 34;
-
 std::string trimmed(const std::string& text) {
     constexpr char kBlank[] = " \t\n";
     const std::size_t begin = text.find_first_not_of(kBlank);
@@ -39,33 +37,8 @@ Description::Description(const std::string& text) {
     }
 }
 
-HelpFormatter::HelpFormatter() { column_width(kColumn); }
+std::string Description::beginning() const { return examples.empty() ? "" : "Examples:\n" + indented(examples) + '\n'; }
 
-std::string HelpFormatter::make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const {
-    const Description description(app->get_description());
-    std::string text;
-    if (!description.examples.empty()) {
-        text += "Examples:\n" + indented(description.examples) + '\n';
-    }
-    text += make_usage(app, std::move(name)) + '\n' + description.brief + '\n';
-    text += description.details.empty() ? "" : description.details + '\n';
-    text += make_positionals(app) + make_groups(app, mode) + make_subcommands(app, mode);
-    const std::string footer = make_footer(app);
-    return text + (footer.empty() ? "" : '\n' + footer);
-}
-
-std::string HelpFormatter::make_subcommand(const CLI::App* command) const {
-    std::ostringstream line;
-    CLI::detail::format_help(line, command->get_name(), Description(command->get_description()).brief, kColumn);
-    return line.str();
-}
-
-std::string HelpFormatter::make_option_opts(const CLI::Option* option) const {
-    if (option->get_positional() || option->get_type_size() == 0) {
-        return "";
-    }
-    const std::string& text = option->get_option_text();
-    return ' ' + (text.empty() ? option->get_type_name() : text);
-}
+std::string Description::explanation() const { return brief + '\n' + (details.empty() ? "" : details + '\n'); }
 
 } // namespace kelutv::tool

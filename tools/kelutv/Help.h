@@ -1,7 +1,5 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
 #include <string>
 
 namespace kelutv::tool {
@@ -17,15 +15,11 @@ struct Description {
     /** The lines between the brief one and the examples; may be empty. */
     std::string details;
     std::string examples;
-};
 
-/** Help with the examples first. */
-class HelpFormatter : public CLI::Formatter {
-public:
-    HelpFormatter();
-    std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override;
-    std::string make_subcommand(const CLI::App* command) const override;
-    std::string make_option_opts(const CLI::Option* option) const override;
+    /** What the help of the command begins with: its examples. */
+    std::string beginning() const;
+    /** What stands behind the usage. */
+    std::string explanation() const;
 };
 
 } // namespace kelutv::tool

@@ -2,8 +2,6 @@
 
 #include "StandardOutput.h"
 
-#include <nlohmann/json.hpp>
-
 #include <unistd.h>
 
 #include <cstdio>
@@ -54,7 +52,7 @@ void Output::line(const std::string& text) const {
 
 void Output::document(const Json& value) const {
     if (json) {
-        writeData(value.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n');
+        writeData(value.dump() + '\n');
     }
 }
 

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
+#include "Json.h"
 
 #include <string>
 
 namespace kelutv::tool {
-
-using Json = nlohmann::ordered_json;
 
 enum class Color { Automatic, Always, Never };
 

@@ -4,8 +4,6 @@
 #include "Scalars.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <cstring>
 
@@ -47,9 +45,9 @@ bool isZero(const std::uint8_t* from, std::size_t size) {
 Json recordsAt(const Record& record, const std::vector<std::uint8_t>& bytes) {
     Json records = Json::array();
     for (std::size_t at = 0; at + record.size <= bytes.size() && !isZero(&bytes[at], record.size); at += record.size) {
-        records.push_back(recordAt(record, &bytes[at]));
+        records.add(recordAt(record, &bytes[at]));
     }
-    return records.empty() ? Json() : records;
+    return records.entries().empty() ? Json() : records;
 }
 
 /** The entries that were written, as many as the length says at most. */
@@ -89,7 +87,7 @@ Json arrayOf(const Function& function, const Parameter& parameter, const CallFra
     Json entries = Json::array();
     const std::size_t count = writtenEntries(function, parameter, frame, slot);
     for (std::size_t i = 0; i < count; ++i) {
-        entries.push_back(readScalar(parameter.values.scalar, &slot.bytes[i * size]));
+        entries.add(readScalar(parameter.values.scalar, &slot.bytes[i * size]));
     }
     return entries;
 }
@@ -97,11 +95,11 @@ Json arrayOf(const Function& function, const Parameter& parameter, const CallFra
 Json devicesOf(const CallFrame& frame) {
     Json devices = Json::array();
     for (const KELU_TV_CEC_DEVICE_INFO_SORTED_S& device : frame.foundDevices()) {
-        devices.push_back({{"logAddr", device.logAddr},
-                           {"hdmiDevPort", device.hdmiDevPort},
-                           {"phyAddr", device.phyAddr},
-                           {"deVName", device.deVName},
-                           {"hdmiListText", device.hdmiListText}});
+        devices.add({{"logAddr", device.logAddr},
+                     {"hdmiDevPort", device.hdmiDevPort},
+                     {"phyAddr", device.phyAddr},
+                     {"deVName", device.deVName},
+                     {"hdmiListText", device.hdmiListText}});
     }
     return devices;
 }

@@ -1,10 +1,10 @@
 #include "Repl.h"
 
-#include "Command.h"
 #include "CommandLine.h"
 #include "Completion.h"
 #include "LineEditor.h"
 #include "LineWords.h"
+#include "Output.h"
 #include "OwnProcess.h"
 #include "StandardOutput.h"
 

@@ -3,8 +3,6 @@
 #include "Errors.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>

@@ -5,8 +5,6 @@
 #include "Nearest.h"
 #include "Silence.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
@@ -19,11 +17,11 @@ namespace {
 
 Json named(const Thing& thing, const Json& number) {
     const Enumeration& names = enumerationOf(thing);
-    const Enumerator* const found = enumeratorOf(names, number.get<std::int32_t>());
+    const Enumerator* const found = enumeratorOf(names, static_cast<std::int32_t>(number.asInteger()));
     return found == nullptr ? number : Json(shortNameOf(names, *found));
 }
 
-Json truthOf(const Json& value) { return value.is_boolean() ? value.get<bool>() : value.get<int>() != 0; }
+bool truthOf(const Json& value) { return value.isBoolean() ? value.asBoolean() : value.asInteger() != 0; }
 
 CallResult callQuietly(const std::string& function, const std::vector<std::string>& arguments) {
     const Silence duringTheCall;
@@ -51,7 +49,7 @@ std::optional<int> changeIn(const std::string& text) {
 
 Json numberFor(const Thing& thing, const std::string& text) {
     if (const std::optional<int> change = changeIn(text)) {
-        const std::int64_t sum = std::int64_t{readThing(thing).get<int>()} + *change;
+        const std::int64_t sum = readThing(thing).asInteger() + *change;
         return std::clamp<std::int64_t>(sum, thing.low, thing.high);
     }
     const std::optional<int> value = wholeNumber(text);
@@ -65,7 +63,7 @@ Json flagFor(const Thing& thing, const std::string& text) {
     static const std::vector<std::string> on{"on", "true", "yes", "1"};
     static const std::vector<std::string> off{"off", "false", "no", "0"};
     if (text == "toggle") {
-        return !readThing(thing).get<bool>();
+        return !readThing(thing).asBoolean();
     }
     const bool isOn = std::find(on.begin(), on.end(), text) != on.end();
     if (!isOn && std::find(off.begin(), off.end(), text) == off.end()) {
@@ -105,16 +103,14 @@ Json valueFor(const Thing& thing, const std::string& text) {
 std::string argumentFor(const Thing& thing, const Json& value) {
     if (thing.kind == ThingKind::Choice) {
         const Enumeration& names = enumerationOf(thing);
-        return std::to_string(enumeratorNamed(names, value.get<std::string>()).value);
+        return std::to_string(enumeratorNamed(names, value.asText()).value);
     }
     return value.dump();
 }
 
 std::string timingText(const Json& timing) {
-    return std::to_string(timing.at("width").get<unsigned>()) + 'x' +
-           std::to_string(timing.at("height").get<unsigned>()) + ", " +
-           std::to_string(timing.at("frameRate").get<unsigned>()) + " Hz" +
-           (truthOf(timing.at("interlace")).get<bool>() ? ", interlaced" : "");
+    return timing.at("width").dump() + 'x' + timing.at("height").dump() + ", " + timing.at("frameRate").dump() + " Hz" +
+           (truthOf(timing.at("interlace")) ? ", interlaced" : "");
 }
 
 } // namespace
@@ -122,7 +118,7 @@ std::string timingText(const Json& timing) {
 Json readThing(const Thing& thing) {
     const CallResult call = callQuietly(thing.getter, thing.getterArguments);
     Json value = thing.output.empty() ? call.result : call.outputs.at(thing.output);
-    if (value.is_null()) {
+    if (value.isNull()) {
         throw ServiceError("the service gives no value for " + thing.name);
     }
     if (thing.kind == ThingKind::Choice) {
@@ -146,10 +142,10 @@ std::string shownText(const Thing& thing, const Json& value) {
     if (thing.kind == ThingKind::Timing) {
         return timingText(value);
     }
-    if (value.is_boolean()) {
-        return value.get<bool>() ? "on" : "off";
+    if (value.isBoolean()) {
+        return value.asBoolean() ? "on" : "off";
     }
-    const std::string text = value.is_string() ? value.get<std::string>() : value.dump();
+    const std::string text = value.isText() ? value.asText() : value.dump();
     return thing.unit.empty() ? text : text + ' ' + thing.unit;
 }
 

@@ -5,8 +5,6 @@
 
 #include "wire/text/Describe.h"
 
-#include <nlohmann/json.hpp>
-
 #include <utils/Errors.h>
 
 #include <algorithm>
@@ -92,9 +90,7 @@ void TraceLog::write(const TracedTransaction& transaction) {
         return;
     }
     mLeft -= mLimited ? 1 : 0;
-    const std::string line =
-        mJson ? traceDocument(transaction, decoded).dump(-1, ' ', false, Json::error_handler_t::replace)
-              : lineOf(transaction, decoded);
+    const std::string line = mJson ? traceDocument(transaction, decoded).dump() : lineOf(transaction, decoded);
     std::fprintf(mFile.get(), "%s\n", line.c_str());
     std::fflush(mFile.get());
 }

@@ -2,8 +2,6 @@
 #include "Commands.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <memory>
 
 namespace kelutv::tool {
@@ -33,7 +31,7 @@ void printWire(const Output& output, const CallResult& call) {
 Json wireDocument(const CallResult& call) {
     Json transactions = Json::array();
     for (const tap::Transaction& transaction : call.transactions) {
-        transactions.push_back(documentOf(transaction));
+        transactions.add(documentOf(transaction));
     }
     return transactions;
 }
@@ -57,9 +55,9 @@ void run(const Options& options, const Output& output) {
 
 } // namespace
 
-void addCallCommand(CLI::App& app, Context& context) {
+void addCallCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<Options>();
-    const Subcommand command(app, "call",
+    const Subcommand command(program, "call",
                              "Call a function and print what it gives\n\n"
                              "Examples:\n"
                              "kelutv call audio.setVolume speaker 35\n"

@@ -2,8 +2,6 @@
 #include "Completion.h"
 #include "LineWords.h"
 
-#include <nlohmann/json.hpp>
-
 #include <memory>
 #include <string>
 #include <vector>
@@ -39,9 +37,10 @@ void completeWords(const Output& output, std::vector<std::string> words) {
 
 } // namespace
 
-void addCompleteCommand(CLI::App& app, Context& context) {
+void addCompleteCommand(const Command& program, Context& context) {
     const Subcommand command(
-        app, "complete", "Print what the last word may become, one a line\n\nExamples:\nkelutv complete -- get vol");
+        program, "complete",
+        "Print what the last word may become, one a line\n\nExamples:\nkelutv complete -- get vol");
     command.hide(); // For shells, not for persons.
     const auto line = std::make_shared<std::string>();
     const auto words = std::make_shared<std::vector<std::string>>();

@@ -3,8 +3,6 @@
 #include "Nearest.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <cstdio>
 
@@ -177,10 +175,10 @@ void decode(const DecodeOptions& options, const Output& output) {
 
 } // namespace
 
-void addDecodeCommand(CLI::App& app, Context& context) {
+void addDecodeCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<DecodeOptions>();
     const Subcommand command(
-        app, "decode",
+        program, "decode",
         "Tell what the bytes of a request or a reply say\n\n"
         "The bytes are hex digits, with or without spaces and 0x, or the lines of a hex dump. What is wrong with\n"
         "them is told with the byte at which it is, behind what could be read.\n\n"

@@ -2,8 +2,6 @@
 #include "Function.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <cstdio>
 #include <memory>
 
@@ -75,7 +73,7 @@ Json documentOf(const Parameter& parameter) {
         document["values"] = namesOf(*parameter.values.names);
     }
     if (parameter.values.bounded) {
-        document["range"] = {parameter.values.low, parameter.values.high};
+        document["range"] = Json::array({parameter.values.low, parameter.values.high});
     }
     return document;
 }
@@ -96,10 +94,10 @@ Json documentOf(const Function& function) {
                   {"signature", function.signature}, {"brief", function.brief},     {"details", function.details},
                   {"returns", function.returns},     {"parameters", Json::array()}, {"requests", Json::array()}};
     for (const Parameter& parameter : function.parameters) {
-        document["parameters"].push_back(documentOf(parameter));
+        document["parameters"].add(documentOf(parameter));
     }
     for (const Request& request : function.requests) {
-        document["requests"].push_back(documentOf(request));
+        document["requests"].add(documentOf(request));
     }
     if (function.result.names != nullptr) {
         document["resultEnumeration"] = function.result.names->name;
@@ -174,9 +172,9 @@ private:
 
 } // namespace
 
-void addDescribeCommand(CLI::App& app, Context& context) {
+void addDescribeCommand(const Command& program, Context& context) {
     const auto name = std::make_shared<std::string>();
-    const Subcommand command(app, "describe",
+    const Subcommand command(program, "describe",
                              "Describe a function: parameters, values, wire, result\n\n"
                              "Examples:\n"
                              "kelutv describe audio.setVolume\n"

@@ -4,8 +4,6 @@
 #include "StandardOutput.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -84,7 +82,7 @@ void listAreas(const Output& output) {
                       static_cast<unsigned int>(area.first), static_cast<unsigned int>(area.last), area.size(),
                       area.meaning);
         output.line(line);
-        areas.push_back(
+        areas.add(
             {{"area", area.name}, {"first", area.first}, {"last", area.last}, {"flushed", area.commit != nullptr}});
     }
     output.document(areas);
@@ -230,9 +228,9 @@ void addLoad(const Subcommand& eep, const Options& options, Context& context) {
 
 } // namespace
 
-void addEepCommand(CLI::App& app, Context& context) {
+void addEepCommand(const Command& program, Context& context) {
     const Options options = std::make_shared<EepOptions>();
-    const Subcommand eep(app, "eep",
+    const Subcommand eep(program, "eep",
                          "Read and write the EEPROM and the flash EEPROM\n\n"
                          "Examples:\n"
                          "kelutv eep areas\n"

@@ -3,8 +3,6 @@
 #include "StandardOutput.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <memory>
 
 namespace kelutv::tool {
@@ -22,7 +20,7 @@ using Requests = std::vector<std::vector<std::uint8_t>>;
 Json documentOf(const Function& function, const Requests& requests) {
     Json document{{"function", function.name}, {"requests", Json::array()}};
     for (const auto& request : requests) {
-        document["requests"].push_back(hexOf(request));
+        document["requests"].add(hexOf(request));
     }
     return document;
 }
@@ -51,9 +49,9 @@ void run(const Options& options, const Output& output) {
 
 } // namespace
 
-void addEncodeCommand(CLI::App& app, Context& context) {
+void addEncodeCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<Options>();
-    const Subcommand command(app, "encode",
+    const Subcommand command(program, "encode",
                              "Print the bytes that a call sends, without a service\n\n"
                              "Examples:\n"
                              "kelutv encode audio.setVolume speaker 35\n"

@@ -1,8 +1,6 @@
 #include "Commands.h"
 #include "ThingValue.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <memory>
 #include <string>
@@ -38,8 +36,8 @@ void get(const Output& output, const std::string& name) {
 
 } // namespace
 
-void addGetCommand(CLI::App& app, Context& context) {
-    const Subcommand command(app, "get",
+void addGetCommand(const Command& program, Context& context) {
+    const Subcommand command(program, "get",
                              "Read what a person changes daily\n"
                              "Without a THING: lists all of them and what each can be.\n\n"
                              "Examples:\n"

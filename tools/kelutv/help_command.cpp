@@ -1,9 +1,6 @@
 #include "Commands.h"
 #include "Nearest.h"
 
-#include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
-
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,33 +9,29 @@ namespace kelutv::tool {
 
 namespace {
 
-void printHelp(const CLI::App& program, const Context& context, const std::vector<std::string>& path) {
-    const CLI::App* command = &program;
-    std::string above;
+void printHelp(Command command, const Output& output, const std::vector<std::string>& path) {
     for (const std::string& name : path) {
-        const CLI::App* const below = commandNamed(*command, name);
-        if (below == nullptr) {
-            throw UsageError("unknown command '" + name + '\'' + nearestHint(name, commandNames(*command)));
+        const std::optional<Command> below = command.below(name);
+        if (!below) {
+            throw UsageError("unknown command '" + name + '\'' + nearestHint(name, command.namesBelow()));
         }
-        above += (above.empty() ? "" : " ") + command->get_name();
-        command = below;
+        command = *below;
     }
-    const std::string text = command->get_formatter()->make_help(
-        command, above.empty() ? command->get_name() : above + ' ' + command->get_name(), CLI::AppFormatMode::Normal);
-    context.output.line(text.substr(0, text.find_last_not_of('\n') + 1));
-    context.output.document({{"help", text}});
+    const std::string text = command.help();
+    output.line(text.substr(0, text.find_last_not_of('\n') + 1));
+    output.document({{"help", text}});
 }
 
 } // namespace
 
-void addHelpCommand(CLI::App& app, Context& context) {
-    const Subcommand command(app, "help",
+void addHelpCommand(const Command& program, Context& context) {
+    const Subcommand command(program, "help",
                              "Tell what a command does\n\nExamples:\n"
                              "kelutv help\n"
                              "kelutv help set");
     const auto path = std::make_shared<std::vector<std::string>>();
     command.words("COMMAND", *path, "The command; without one, what commands there are");
-    command.action([&app, &context, path] { printHelp(app, context, *path); });
+    command.action([program, &context, path] { printHelp(program, context.output, *path); });
 }
 
 } // namespace kelutv::tool

@@ -3,8 +3,6 @@
 #include "Nearest.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -58,9 +56,9 @@ void printModules(const Output& output, const std::vector<const Function*>& func
 
 } // namespace
 
-void addListCommand(CLI::App& app, Context& context) {
+void addListCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<Options>();
-    const Subcommand command(app, "list",
+    const Subcommand command(program, "list",
                              "List the functions that can be called\n\n"
                              "Examples:\n"
                              "kelutv list\n"

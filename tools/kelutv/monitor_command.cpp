@@ -5,8 +5,6 @@
 #include "SignalWatch.h"
 #include "Words.h"
 
-#include <nlohmann/json.hpp>
-
 #include <poll.h>
 
 #include <algorithm>
@@ -204,10 +202,10 @@ private:
 
 } // namespace
 
-void addMonitorCommand(CLI::App& app, Context& context) {
+void addMonitorCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<MonitorOptions>();
     const Subcommand command(
-        app, "monitor",
+        program, "monitor",
         "Tell of the television's events as they come\n\n"
         "One line for each event, until SIGINT or SIGTERM. Without --event, --module and --all these are the\n"
         "events that every application of the library gets. Names of events are those of the simulator.\n\n"

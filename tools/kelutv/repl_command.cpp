@@ -27,9 +27,9 @@ std::vector<std::string> optionsOf(const Output& output) {
 
 } // namespace
 
-void addReplCommand(CLI::App& app, Context& context) {
+void addReplCommand(const Command& program, Context& context) {
     const Subcommand command(
-        app, "repl",
+        program, "repl",
         "Carry out lines, each a command line without 'kelutv', over one connection\n"
         "Words are quoted as in a shell; # begins a comment; quit, exit or the end of the input ends it. "
         "At a terminal there are completion and history (" +

@@ -1,8 +1,6 @@
 #include "Commands.h"
 #include "ThingValue.h"
 
-#include <nlohmann/json.hpp>
-
 #include <memory>
 #include <string>
 
@@ -23,8 +21,8 @@ void set(const Output& output, const std::string& name, const std::string& text)
 
 } // namespace
 
-void addSetCommand(CLI::App& app, Context& context) {
-    const Subcommand command(app, "set",
+void addSetCommand(const Command& program, Context& context) {
+    const Subcommand command(program, "set",
                              "Change what a person changes daily, and print what it is then\n"
                              "Names can be shortened as long as one is meant. 'kelutv get' lists every THING "
                              "and its values.\n\n"

@@ -5,8 +5,6 @@
 #include "simulator/ControlVerbs.h"
 #include "wire/text/Quote.h"
 
-#include <nlohmann/json.hpp>
-
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -29,7 +27,7 @@ Json linesOf(const std::string& text) {
     Json lines = Json::array();
     std::istringstream rest(text);
     for (std::string line; std::getline(rest, line);) {
-        lines.push_back(line);
+        lines.add(line);
     }
     return lines;
 }
@@ -138,8 +136,8 @@ std::string footer() {
 
 } // namespace
 
-void addSimCommand(CLI::App& app, Context& context) {
-    const Subcommand command(app, "sim",
+void addSimCommand(const Command& program, Context& context) {
+    const Subcommand command(program, "sim",
                              "Drive the simulator while it runs\n\n"
                              "Examples: kelutv sim unplug hdmi1\n          kelutv sim show audio");
     const auto options = std::make_shared<SimOptions>();

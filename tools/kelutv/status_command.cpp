@@ -1,8 +1,6 @@
 #include "Commands.h"
 #include "ThingValue.h"
 
-#include <nlohmann/json.hpp>
-
 #include <optional>
 #include <string>
 
@@ -29,17 +27,17 @@ public:
     }
 
     void end() const {
-        if (!mDocument.is_null()) {
+        if (!mDocument.isNull()) {
             mOutput.document(mDocument);
         }
     }
 
 private:
     static Style styleOf(const Json& value) {
-        if (value.is_boolean()) {
-            return value.get<bool>() ? Style::Good : Style::Dim;
+        if (value.isBoolean()) {
+            return value.asBoolean() ? Style::Good : Style::Dim;
         }
-        return value.is_number() ? Style::Number : Style::Value;
+        return value.isNumber() ? Style::Number : Style::Value;
     }
 
     void show(std::string name, const std::string& text, Style style) const {
@@ -74,8 +72,8 @@ void showStatus(const Output& output) {
 
 } // namespace
 
-void addStatusCommand(CLI::App& app, Context& context) {
-    const Subcommand command(app, "status",
+void addStatusCommand(const Command& program, Context& context) {
+    const Subcommand command(program, "status",
                              "Show the television on one screen\n"
                              "What cannot be read is told of in its line; the rest stands all the same.\n\n"
                              "Examples:\n"

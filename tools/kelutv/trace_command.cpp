@@ -57,10 +57,10 @@ Exit trace(const TraceOptions& options) {
 
 } // namespace
 
-void addTraceCommand(CLI::App& app, Context& context) {
+void addTraceCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<TraceOptions>();
     const Subcommand command(
-        app, "trace",
+        program, "trace",
         "Run a program and tell what it sends to the television\n\n"
         "One line for each command with its answer and the time it took, on standard error or in a file. The\n"
         "program is not changed and keeps its input and output. Its exit code is the tool's, too.\n\n"
