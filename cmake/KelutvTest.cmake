@@ -32,6 +32,9 @@ if(CMAKE_CROSSCOMPILING_EMULATOR)
     set(KELUTV_TEST_ENVIRONMENT "KELUTV_EMULATOR=${KELUTV_EMULATOR}")
 endif()
 
+# What a test leaves in its temporary folder makes it fail.
+set(KELUTV_TEST_LAUNCHER sh "${PROJECT_SOURCE_DIR}/tests/support/leave_nothing")
+
 # kelutv_configure_test(<test> [ENVIRONMENT ...] [TIMEOUT ...] [NO_EMULATOR ...])
 #
 # Gives any registered test the properties kelutv_add_test() gives its own.
@@ -57,7 +60,8 @@ endfunction()
 # <test>|<program>|<environment>|<argument>.
 function(kelutv_add_program_test test program)
     cmake_parse_arguments(PARSE_ARGV 2 ARG "" "ARGUMENT;TIMEOUT;NO_EMULATOR" "ENVIRONMENT")
-    add_test(NAME ${test} COMMAND ${program} ${ARG_ARGUMENT})
+    add_test(NAME ${test} COMMAND ${KELUTV_TEST_LAUNCHER} ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${program}>
+                                  ${ARG_ARGUMENT})
     kelutv_configure_test(
         ${test} TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}" ENVIRONMENT ${ARG_ENVIRONMENT})
     list(JOIN ARG_ENVIRONMENT " " environment)

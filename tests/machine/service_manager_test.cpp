@@ -4,6 +4,7 @@
 #include "support/Capture.h"
 #include "support/ChildProcess.h"
 #include "support/Deadline.h"
+#include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -63,9 +64,11 @@ TEST(ServiceManagerProcess, isAloneOnItsDevice) {
 }
 
 TEST(ServiceManagerProcess, namesADeviceThatIsNone) {
-    const std::unique_ptr<ChildProcess> manager = startManager({"--device", "/nowhere"});
+    const TestFolder folder;
+    const std::string path = folder.pathOf("nowhere");
+    const std::unique_ptr<ChildProcess> manager = startManager({"--device", path});
     EXPECT_EQ(manager->exitCode(), 1);
-    EXPECT_EQ(manager->error().text(), "kqservicemanager: /nowhere: No such file or directory\n");
+    EXPECT_EQ(manager->error().text(), "kqservicemanager: " + path + ": No such file or directory\n");
 }
 
 TEST(ServiceManagerProcess, mayBeAbsentAndComeBack) {

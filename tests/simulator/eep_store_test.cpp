@@ -3,6 +3,7 @@
 #include "simulator/EepStore.h"
 
 #include "support/Deadline.h"
+#include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -26,20 +27,6 @@ constexpr std::size_t kFlashStart = 0x10000;
 
 class EepStoreTest : public ::testing::Test {
 protected:
-    EepStoreTest() {
-        char folder[] = "/tmp/kelutv-eep-XXXXXX";
-        if (::mkdtemp(folder) == nullptr) {
-            throw std::runtime_error("cannot make a folder");
-        }
-        mFolder = folder;
-        mPath = mFolder + "/eep";
-    }
-
-    ~EepStoreTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(mFolder, ignored);
-    }
-
     static std::string contentOf(const std::string& path) {
         std::ifstream file(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -58,8 +45,8 @@ protected:
         return "";
     }
 
-    std::string mFolder;
-    std::string mPath;
+    const kelutv::test::TestFolder mFolder;
+    std::string mPath = mFolder.pathOf("eep");
 };
 
 TEST_F(EepStoreTest, CoversEveryAddressOnce) {
@@ -125,7 +112,7 @@ TEST_F(EepStoreTest, RefusesAFileThatIsNoneOfItsOwnAndLeavesIt) {
 }
 
 TEST_F(EepStoreTest, RefusesAPlaceWhereThereCanBeNoFile) {
-    mPath = mFolder + "/none/eep";
+    mPath = mFolder.pathOf("none/eep");
     EXPECT_EQ(complaint(), "cannot write " + mPath + ".new: No such file or directory");
 }
 
@@ -141,7 +128,7 @@ TEST_F(EepStoreTest, KeepsTheOldFileWhenTheNewOneCannotBeWritten) {
 }
 
 TEST_F(EepStoreTest, ReplacesTheFileBehindALink) {
-    const std::string target = mFolder + "/target";
+    const std::string target = mFolder.pathOf("target");
     put(target, std::string(kFileSize, 'x'));
     ASSERT_EQ(::symlink(target.c_str(), mPath.c_str()), 0);
     EepStore store(mPath);

@@ -1,6 +1,7 @@
 // The factory's side of the television: identity, keys, calibration and the hotel settings with their file.
 
 #include "simulator/Simulator.h"
+#include "support/TestFolder.h"
 
 #include <kelutv/kelutv.h>
 
@@ -10,6 +11,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <list>
@@ -188,16 +190,9 @@ TEST_F(FactoryLine, WhiteBalancePatternsAreSeenInTheTrace) {
 /** Hotel settings with a folder for their files. */
 class Hotel : public FactoryLine {
 protected:
-    void SetUp() override {
-        FactoryLine::SetUp();
-        char name[] = "/tmp/kelutv-hotel-XXXXXX";
-        ASSERT_NE(::mkdtemp(name), nullptr);
-        mFolder = name;
-        mFile = mFolder + "/hotel.txt";
-    }
     void TearDown() override {
         ::unlink(mFile.c_str());
-        EXPECT_EQ(::rmdir(mFolder.c_str()), 0);
+        EXPECT_TRUE(std::filesystem::is_empty(mFolder.path()));
     }
 
     static void furnish() {
@@ -233,8 +228,8 @@ protected:
 
     void put(const std::string& text) const { std::ofstream(mFile) << text; }
 
-    std::string mFolder;
-    std::string mFile;
+    const TestFolder mFolder;
+    const std::string mFile = mFolder.pathOf("hotel.txt");
 };
 
 const std::vector<int> kAtFirst{0, 1, 1, 100, 20, KELU_TV_SRC_ATV, 0, 0};
@@ -291,9 +286,9 @@ TEST_F(Hotel, FilesThatAreNotWholeChangeNothing) {
 TEST_F(Hotel, PlacesWithoutAFileAreRefused) {
     furnish();
     EXPECT_EQ(RestoreHotelData2EEP(mFile.c_str()), kNotRestored);
-    EXPECT_EQ(RestoreHotelData2EEP(mFolder.c_str()), kNotRestored);
-    EXPECT_EQ(BackupHotelData2USB(mFolder.c_str()), kNotStored);
-    EXPECT_EQ(BackupHotelData2USB((mFolder + "/none/hotel.txt").c_str()), kNotStored);
+    EXPECT_EQ(RestoreHotelData2EEP(mFolder.path().c_str()), kNotRestored);
+    EXPECT_EQ(BackupHotelData2USB(mFolder.path().c_str()), kNotStored);
+    EXPECT_EQ(BackupHotelData2USB(mFolder.pathOf("none/hotel.txt").c_str()), kNotStored);
     EXPECT_EQ(BackupHotelData2USB(""), kNotStored);
     ASSERT_EQ(::mkfifo(mFile.c_str(), 0600), 0);
     EXPECT_EQ(BackupHotelData2USB(mFile.c_str()), kNotStored);

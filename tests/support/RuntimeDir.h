@@ -1,8 +1,7 @@
 #pragma once
 
 #include "support/ChildProcess.h"
-
-#include <sys/types.h>
+#include "support/TestFolder.h"
 
 #include <memory>
 #include <string>
@@ -22,15 +21,11 @@ bool throughKernel();
 class RuntimeDir {
 public:
     RuntimeDir();
-    ~RuntimeDir();
-    RuntimeDir(const RuntimeDir&) = delete;
-    RuntimeDir& operator=(const RuntimeDir&) = delete;
 
-    const std::string& path() const { return mPath; }
+    const std::string& path() const { return mFolder.path(); }
 
 private:
-    std::string mPath;
-    pid_t mOwner;
+    TestFolder mFolder;
     std::unique_ptr<ChildProcess> mServiceManager;
 };
 

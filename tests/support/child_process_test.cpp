@@ -1,5 +1,7 @@
 #include "support/ChildProcess.h"
 
+#include "support/TestFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <sys/wait.h>
@@ -62,7 +64,8 @@ TEST_F(ChildProcessTest, goesThroughTheEmulator) {
 }
 
 TEST_F(ChildProcessTest, saysWhatCannotBeStarted) {
-    EXPECT_THROW(ChildProcess({"/nowhere/program"}), std::system_error);
+    const TestFolder folder;
+    EXPECT_THROW(ChildProcess({folder.pathOf("program")}), std::system_error);
 }
 
 } // namespace

@@ -1,9 +1,10 @@
 #include "Tool.h"
 
+#include "support/TestFolder.h"
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <cstdio>
 #include <fstream>
 
 namespace kelutv::test {
@@ -25,17 +26,14 @@ const std::string kSetVolumeText = "interface: android.ITVBaseService\n"
 /** A file that is removed with the object. */
 class InputFile {
 public:
-    explicit InputFile(const std::string& content) : mPath(::testing::TempDir() + "decode_test.input") {
-        std::ofstream(mPath, std::ios::binary) << content;
+    explicit InputFile(const std::string& content) {
+        std::ofstream(mFolder.pathOf("input"), std::ios::binary) << content;
     }
-    ~InputFile() { std::remove(mPath.c_str()); }
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
 
-    std::string argument() const { return '@' + mPath; }
+    std::string argument() const { return '@' + mFolder.pathOf("input"); }
 
 private:
-    std::string mPath;
+    TestFolder mFolder;
 };
 
 TEST(Decode, namesWhatARequestSays) {
@@ -137,7 +135,7 @@ TEST(Decode, showsWhatCouldBeReadOfAMalformedRequest) {
     struct Case {
         std::string bytes;
         const char* output;
-        const char* error;
+        std::string error;
     };
     const Case cases[] = {
         {kSetVolume.substr(0, kSetVolume.size() - 8),
@@ -164,7 +162,7 @@ TEST(Decode, showsWhatCouldBeReadOfAMalformedReply) {
         const char* command;
         const char* reply;
         const char* output;
-        const char* error;
+        std::string error;
     };
     const Case cases[] = {
         {"CMD_AUDIO_GETVOLUME", "0000", "", "kelutv: reply: the result word is missing (at byte 0)\n"},
@@ -185,9 +183,11 @@ TEST(Decode, showsWhatCouldBeReadOfAMalformedReply) {
 }
 
 TEST(Decode, refusesBadInput) {
+    const TestFolder folder;
+    const std::string nowhere = folder.pathOf("nowhere");
     struct Case {
         std::vector<std::string> arguments;
-        const char* error;
+        std::string error;
     };
     const Case cases[] = {
         {{}, "nothing to decode: give the bytes of a request, --reply with those of a reply, or both"},
@@ -196,7 +196,7 @@ TEST(Decode, refusesBadInput) {
         {{"00", "--item", "0x200C"}, "--item needs --command"},
         {{"zz"}, "'z' is not a hexadecimal digit"},
         {{"000"}, "'000' has an odd number of hexadecimal digits"},
-        {{"@/no/such/file"}, "cannot read '/no/such/file': No such file or directory"},
+        {{'@' + nowhere}, "cannot read '" + nowhere + "': No such file or directory"},
         {{"--command", "CMD_AUDIO_GETVOLUM", "--reply", "00"},
          "--command: no command CMD_AUDIO_GETVOLUM; nearest: "
          "CMD_AUDIO_GETVOLUME"},
@@ -211,7 +211,7 @@ TEST(Decode, refusesBadInput) {
         const ToolRun run = runTool(arguments);
         EXPECT_EQ(run.exit, 2);
         EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.error.substr(0, 8 + std::string(test.error).size()), std::string("kelutv: ") + test.error);
+        EXPECT_EQ(run.error.substr(0, 8 + test.error.size()), "kelutv: " + test.error);
     }
 }
 

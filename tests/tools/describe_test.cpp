@@ -1,5 +1,7 @@
 #include "Tool.h"
 
+#include "support/TestFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -14,7 +16,8 @@ const char kToken[] =
 std::ptrdiff_t linesIn(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
 
 ToolRun quietRun(std::vector<std::string> words) {
-    ToolRun run = runTool(std::move(words), {"KQDROID_RUNTIME_DIR=/nonexistent/directory"});
+    const TestFolder folder;
+    ToolRun run = runTool(std::move(words), {"KQDROID_RUNTIME_DIR=" + folder.pathOf("nowhere/at/all")});
     EXPECT_EQ(run.exit, 0) << run.error;
     return run;
 }

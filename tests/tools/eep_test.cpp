@@ -1,11 +1,11 @@
 #include "Tool.h"
 
 #include "simulator/Simulator.h"
+#include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 
 namespace kelutv::test {
@@ -13,9 +13,16 @@ namespace {
 
 SimulatorEnvironment& television = SimulatorEnvironment::install();
 
-std::string imagePath() { return ::testing::TempDir() + "eep_test.image"; }
+/** An image of an area in a file of its own. */
+class ImageFile {
+public:
+    explicit ImageFile(const std::string& content) { std::ofstream(path(), std::ios::binary) << content; }
 
-void writeImage(const std::string& content) { std::ofstream(imagePath(), std::ios::binary) << content; }
+    std::string path() const { return mFolder.pathOf("image"); }
+
+private:
+    TestFolder mFolder;
+};
 
 /** How many commands of this kind the television got since the last look. */
 std::ptrdiff_t sent(const std::string& command) {
@@ -78,15 +85,17 @@ TEST(Eep, dumpsAnArea) {
 TEST(Eep, loadsAnImageOfAnArea) {
     std::string image(509, 'x');
     image[508] = 'y';
-    writeImage(image);
-    const ToolRun loaded = runTool({"eep", "load", "network", imagePath(), "--verify"});
+    const ImageFile file(image);
+    const ToolRun loaded = runTool({"eep", "load", "network", file.path(), "--verify"});
     EXPECT_EQ(loaded.exit, 0) << loaded.error;
     EXPECT_EQ(runTool({"eep", "dump", "network", "--raw"}).output, image);
     EXPECT_EQ(runTool({"eep", "read", "flash", "0x8DFC", "2"}).output, "79 00\n");
 }
 
 TEST(Eep, refusesBadInputAndSendsNothing) {
-    writeImage("short");
+    const ImageFile file("short");
+    const TestFolder folder;
+    const std::string nowhere = folder.pathOf("nowhere");
     struct Case {
         std::vector<std::string> arguments;
         std::string error;
@@ -103,10 +112,10 @@ TEST(Eep, refusesBadInputAndSendsNothing) {
         {{"write", "tv", "0x8A00", "256"}, "BYTES: a byte goes from 0 to 255, not 256"},
         {{"write", "tv", "0x8A00", "1,x"}, "BYTES: 'x' is no number; it is written like 35328 or 0x8A00"},
         {{"write", "tv", "0x8A00", "hex:4"}, "'4' has an odd number of hexadecimal digits"},
-        {{"write", "tv", "0x8A00", "@/no/such/file"}, "cannot read '/no/such/file': No such file or directory"},
+        {{"write", "tv", "0x8A00", "@" + nowhere}, "cannot read '" + nowhere + "': No such file or directory"},
         {{"dump", "tv", "--offset", "509"}, "--offset: the area tv has the offsets 0 to 508, not 509"},
         {{"dump", "tv", "--offset", "500", "--length", "10"}, "10 bytes from 0x8BF4 on do not fit into the area tv"},
-        {{"load", "tv", imagePath()}, imagePath() + " has 5 bytes; the area tv needs exactly 509"},
+        {{"load", "tv", file.path()}, file.path() + " has 5 bytes; the area tv needs exactly 509"},
     };
     television.simulator().takeTrace();
     for (const Case& test : cases) {
@@ -121,12 +130,12 @@ TEST(Eep, refusesBadInputAndSendsNothing) {
 }
 
 TEST(Eep, tellsOfTheMissingService) {
-    const std::string elsewhere = ::testing::TempDir() + "eep_test.runtime";
+    const TestFolder folder;
+    const std::string elsewhere = folder.pathOf("runtime");
     const ToolRun run = runTool({"eep", "dump", "tv"}, {"KQDROID_RUNTIME_DIR=" + elsewhere});
     EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(runTool({"eep", "areas"}, {"KQDROID_RUNTIME_DIR=" + elsewhere}).exit, 0);
-    std::filesystem::remove_all(elsewhere);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Tool.h"
 
 #include "simulator/Simulator.h"
+#include "support/TestFolder.h"
 
 #include <keluem/publisher.h>
 
@@ -9,7 +10,6 @@
 
 #include <csignal>
 #include <cstdint>
-#include <filesystem>
 #include <sstream>
 
 namespace kelutv::test {
@@ -148,10 +148,9 @@ TEST(Monitor, refusesBadInput) {
 }
 
 TEST(Monitor, tellsOfTheMissingService) {
-    const std::string elsewhere = ::testing::TempDir() + "monitor_test.runtime";
-    const ToolRun run = runTool({"monitor"}, {"KQDROID_RUNTIME_DIR=" + elsewhere});
+    const TestFolder folder;
+    const ToolRun run = runTool({"monitor"}, {"KQDROID_RUNTIME_DIR=" + folder.pathOf("runtime")});
     EXPECT_EQ(run.exit, 3);
-    std::filesystem::remove_all(elsewhere);
 }
 
 TEST(MonitorLast, tellsOfTheLossOfTheService) {

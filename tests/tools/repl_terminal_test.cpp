@@ -1,12 +1,12 @@
 #include "Terminal.h"
 
+#include "support/TestFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -16,17 +16,14 @@ namespace {
 /** The repl at a terminal, its history in a folder of its own. */
 class ReplAtTerminal : public ::testing::Test {
 protected:
-    void SetUp() override { ASSERT_EQ(::mkdir(mState.c_str(), 0700), 0); }
-    void TearDown() override { std::filesystem::remove_all(mState); }
-
-    std::vector<std::string> settings() const { return {"XDG_STATE_HOME=" + mState}; }
-    std::string historyPath() const { return mState + "/kelutv/history"; }
+    std::vector<std::string> settings() const { return {"XDG_STATE_HOME=" + mState.path()}; }
+    std::string historyPath() const { return mState.pathOf("kelutv/history"); }
     std::string history() const {
         std::ifstream file(historyPath());
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    std::string mState = ::testing::TempDir() + "kelutv-repl-" + std::to_string(::getpid());
+    const TestFolder mState;
 };
 
 TEST_F(ReplAtTerminal, editsCompletesAndRemembers) {
@@ -60,7 +57,7 @@ TEST_F(ReplAtTerminal, editsCompletesAndRemembers) {
 }
 
 TEST_F(ReplAtTerminal, keepsTheNewestThousandLines) {
-    ASSERT_EQ(::mkdir((mState + "/kelutv").c_str(), 0700), 0);
+    ASSERT_EQ(::mkdir(mState.pathOf("kelutv").c_str(), 0700), 0);
     {
         std::ofstream file(historyPath());
         for (int line = 0; line < 1500; ++line) {

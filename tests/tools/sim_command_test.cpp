@@ -3,6 +3,7 @@
 #include "Tool.h"
 #include "simulator/Simulator.h"
 #include "support/RuntimeDir.h"
+#include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -163,11 +164,13 @@ struct BadUse {
 TEST(SimCommandAlone, RefusesWrongUse) {
     const std::string wrongUse =
         usageError("sim", "sim takes a verb with its arguments, - for lines from standard input, or --file FILE");
+    const TestFolder folder;
+    const std::string nowhere = folder.pathOf("nowhere");
     const BadUse uses[] = {
         {{}, 2, wrongUse},
-        {{"--file", "/nowhere/at/all", "show"}, 2, wrongUse},
-        {{"--file", "/nowhere/at/all"}, 1, "kelutv: cannot read /nowhere/at/all\n"},
-        {{"--file", "/"}, 1, "kelutv: cannot read /\n"},
+        {{"--file", nowhere, "show"}, 2, wrongUse},
+        {{"--file", nowhere}, 1, "kelutv: cannot read " + nowhere + "\n"},
+        {{"--file", folder.path()}, 1, "kelutv: cannot read " + folder.path() + "\n"},
     };
     for (const BadUse& use : uses) {
         const ToolRun run = sim(use.words);

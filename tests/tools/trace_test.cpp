@@ -2,6 +2,7 @@
 
 #include "simulator/Simulator.h"
 #include "support/Sanitizers.h"
+#include "support/TestFolder.h"
 #include "tools/trace/FrameWriter.h"
 #include "tools/trace/PipeSignal.h"
 
@@ -30,16 +31,11 @@ using Lines = std::vector<std::string>;
 /** The folder that the pipes of the test's tools are in; gone with the object. */
 class PipeFolder {
 public:
-    PipeFolder() : mPath(::testing::TempDir() + "trace_test.pipes") { std::filesystem::create_directory(mPath); }
-    ~PipeFolder() { std::filesystem::remove_all(mPath); }
-    PipeFolder(const PipeFolder&) = delete;
-    PipeFolder& operator=(const PipeFolder&) = delete;
-
-    std::vector<std::string> environment() const { return {sanitizerOptions(), "TMPDIR=" + mPath}; }
-    bool isEmpty() const { return std::filesystem::is_empty(mPath); }
+    std::vector<std::string> environment() const { return {sanitizerOptions(), "TMPDIR=" + mFolder.path()}; }
+    bool isEmpty() const { return std::filesystem::is_empty(mFolder.path()); }
 
 private:
-    std::string mPath;
+    TestFolder mFolder;
 };
 
 /** One traced run; its folder for pipes must be empty behind it. */
@@ -93,18 +89,19 @@ TEST(Trace, decodesRefusalsAndValues) {
 }
 
 TEST(Trace, writesToAFile) {
-    const std::string path = ::testing::TempDir() + "trace_test.output";
+    const TestFolder folder;
+    const std::string path = folder.pathOf("output");
     const ToolRun run = trace({"--output", path, "--", KELUTV_TRACED_CLIENT, "print"});
     EXPECT_EQ(run.exit, 0);
     EXPECT_EQ(traced(run.error), Lines{});
     std::stringstream written;
     written << std::ifstream(path).rdbuf();
     EXPECT_EQ(traced(written.str()), Lines{setSpeaker("5")});
-    std::filesystem::remove(path);
 }
 
 TEST(Trace, writesDocuments) {
-    const std::string path = ::testing::TempDir() + "trace_test.json";
+    const TestFolder folder;
+    const std::string path = folder.pathOf("output");
     EXPECT_EQ(trace({"--json", "-o", path, "--", KELUTV_TRACED_CLIENT, "print"}).exit, 0);
     auto document = nlohmann::json::parse(std::ifstream(path));
     EXPECT_EQ(document.at("process"), document.at("thread"));
@@ -114,7 +111,6 @@ TEST(Trace, writesDocuments) {
     EXPECT_EQ(document.at("request").at("command"), "CMD_AUDIO_SETVOLUME");
     EXPECT_EQ(document.at("request").at("arguments").at(1), nlohmann::json::parse(R"({"name": "vol", "value": 5})"));
     EXPECT_EQ(document.at("reply"), nlohmann::json::parse(R"({"result": 0, "fields": []})"));
-    std::filesystem::remove(path);
 }
 
 TEST(Trace, tellsOfEveryThread) {
@@ -160,15 +156,14 @@ TEST(Trace, carriesLargeRequests) {
 }
 
 TEST(Trace, tellsOfADeadLink) {
-    const std::string elsewhere = ::testing::TempDir() + "trace_test.runtime";
+    const TestFolder elsewhere;
     const PipeFolder folder;
     auto environment = folder.environment();
-    environment.push_back("KQDROID_RUNTIME_DIR=" + elsewhere);
+    environment.push_back("KQDROID_RUNTIME_DIR=" + elsewhere.pathOf("runtime"));
     const ToolRun run = runTool({"trace", "--", KELUTV_TRACED_CLIENT, "print"}, environment);
     EXPECT_EQ(run.exit, 0);
     EXPECT_EQ(traced(run.error), Lines{"CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=5) -> "
                                        "no reply: the link is dead"});
-    std::filesystem::remove_all(elsewhere);
 }
 
 TEST(Trace, tellsOnlyOfWhatIsWanted) {
@@ -222,7 +217,8 @@ TEST(Trace, refusesBadInput) {
         EXPECT_EQ(run.exit, 2);
         EXPECT_NE(run.error.find(test.error), std::string::npos) << run.error;
     }
-    EXPECT_EQ(runTool({"trace", "--output", "/no/such/folder/file", "--", "true"}).exit, 1);
+    const TestFolder folder;
+    EXPECT_EQ(runTool({"trace", "--output", folder.pathOf("nowhere/file"), "--", "true"}).exit, 1);
 }
 
 TEST(TraceFrames, aBrokenPipeIsSilent) {

@@ -82,12 +82,13 @@ TEST_F(DirectoryRules, longPathIsNamedInTheLog) {
 }
 
 TEST_F(DirectoryRules, directoryThatCannotBeMadeIsNamedInTheLog) {
-    use("/nowhere/at/all");
+    const std::string path = inDirectory("nowhere/at/all");
+    use(path);
     LogCapture log;
     EXPECT_EQ(service("any"), nullptr);
     const std::vector<LogEntry> entries = log.take();
     ASSERT_EQ(entries.size(), 1u);
-    EXPECT_EQ(entries[0].text, "runtime directory /nowhere/at/all: No such file or directory");
+    EXPECT_EQ(entries[0].text, "runtime directory " + path + ": No such file or directory");
 }
 
 } // namespace

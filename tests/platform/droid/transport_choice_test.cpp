@@ -31,13 +31,17 @@ protected:
         return {decided && peer.output().text() == kPeerReady, peer.error().text()};
     }
 
+    /** Where no device is. */
+    std::string nowhere() const { return directory().path() + "/nowhere"; }
+
     static constexpr std::chrono::milliseconds kNow{0};
 };
 
 TEST_F(TransportChoice, isTheSocketsWhereThereIsNoDevice) {
-    const Outcome outcome = serveWith({"KQDROID_TRANSPORT=", "KQDROID_BINDER_DEVICE=/nowhere"});
+    const Outcome outcome = serveWith({"KQDROID_TRANSPORT=", "KQDROID_BINDER_DEVICE=" + nowhere()});
     EXPECT_TRUE(outcome.serves);
-    EXPECT_NE(outcome.log.find("calls go through sockets (/nowhere: No such file or directory)"), std::string::npos)
+    EXPECT_NE(outcome.log.find("calls go through sockets (" + nowhere() + ": No such file or directory)"),
+              std::string::npos)
         << outcome.log;
     EXPECT_EQ(outcome.log.find("W kqdroid"), std::string::npos) << outcome.log;
 }
@@ -57,17 +61,17 @@ TEST_F(TransportChoice, mayBeTheSocketsInAnyCase) {
 }
 
 TEST_F(TransportChoice, thatIsTheKernelAndCannotBeServesNothing) {
-    const Outcome outcome = serveWith({"KQDROID_TRANSPORT=kernel", "KQDROID_BINDER_DEVICE=/nowhere"});
+    const Outcome outcome = serveWith({"KQDROID_TRANSPORT=kernel", "KQDROID_BINDER_DEVICE=" + nowhere()});
     EXPECT_FALSE(outcome.serves);
-    EXPECT_NE(
-        outcome.log.find("calls are to go through the kernel's binder driver: /nowhere: No such file or directory"),
-        std::string::npos)
+    EXPECT_NE(outcome.log.find("calls are to go through the kernel's binder driver: " + nowhere() +
+                               ": No such file or directory"),
+              std::string::npos)
         << outcome.log;
     EXPECT_NE(outcome.log.find("cannot serve chosen: status -19"), std::string::npos) << outcome.log;
 }
 
 TEST_F(TransportChoice, thatIsUnknownIsNamed) {
-    const Outcome outcome = serveWith({"KQDROID_TRANSPORT=pigeons", "KQDROID_BINDER_DEVICE=/nowhere"});
+    const Outcome outcome = serveWith({"KQDROID_TRANSPORT=pigeons", "KQDROID_BINDER_DEVICE=" + nowhere()});
     EXPECT_TRUE(outcome.serves);
     EXPECT_NE(outcome.log.find("KQDROID_TRANSPORT is \"pigeons\", not kernel or sockets; taking what there is"),
               std::string::npos)

@@ -142,7 +142,7 @@ TEST(Publisher, saysWhenTheDirectoryCannotBeUsed) {
     LogCapture log;
     keluem::Publisher publisher;
     {
-        const OtherDirectory absent("/nowhere/at/all");
+        const OtherDirectory absent(kelutv::test::runtimeDir().path() + "/nowhere/at/all");
         EXPECT_EQ(publisher.publish(kModule, nullptr, 0), -EACCES);
         EXPECT_FALSE(log.take().empty());
     }

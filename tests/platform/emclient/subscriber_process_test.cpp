@@ -87,13 +87,14 @@ TEST(SubscriberProcess, thatIsKilledIsForgottenByPublishers) {
 
 TEST(SubscriberProcess, isRefusedWithoutADirectory) {
     kelutv::test::ChildProcess::Options options;
-    options.environment = {"KQDROID_RUNTIME_DIR=/nowhere/at/all"};
+    const std::string path = kelutv::test::runtimeDir().path() + "/nowhere/at/all";
+    options.environment = {"KQDROID_RUNTIME_DIR=" + path};
     options.captureOutput = true;
     options.captureError = true;
     kelutv::test::ChildProcess process({KELUTV_EVENT_SUBSCRIBER, "print", std::to_string(kModule)}, options);
     EXPECT_EQ(process.exitCode(), 1);
     EXPECT_EQ(process.output().text(), "refused\n");
-    EXPECT_NE(process.error().text().find("/nowhere/at/all"), std::string::npos);
+    EXPECT_NE(process.error().text().find(path), std::string::npos);
 }
 
 TEST(SubscriberProcess, withAStuckListenerLosesOnlyItsOwnEvents) {
