@@ -57,14 +57,14 @@ public:
     int getOutMode();
 
     /**
-     * Reads whether the set is tuned for a desk or a wall.
+     * Reads the place of the set, desk or wall.
      * Sends `CMD_AUDIO_GETHANGMODE`.
      * @return One of `KELU_TV_SNDLOCATE_E`; -1 when the service or the link fails.
      */
     int getHangMode();
 
     /**
-     * Tunes the sound for a set on a desk or on a wall.
+     * Chooses the place of the set, desk or wall.
      * Sends `CMD_AUDIO_SETHANGMODE`: `hangmode`.
      * @param hangmode One of `KELU_TV_SNDLOCATE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -141,7 +141,7 @@ public:
     int setMuteByC(int channel, bool onoff, MuteType type);
 
     /**
-     * Has the service bring the mute state up to date for CEC.
+     * Sends the CEC command for a change of the mute, which has no argument; what changes is the service's matter.
      * Sends `CMD_CEC_MODIFY_MUTE`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -330,7 +330,7 @@ public:
     int setPreScalerLevel(int level);
 
     /**
-     * Prepares the sound output for karaoke, or ends that.
+     * Asks for the karaoke initialisation of the sound output, or for its end.
      * Sends `CMD_AUDIO_SETAUDIOOUTKTVINIT`: `isInit`.
      * @param isInit True prepares it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -549,14 +549,14 @@ public:
     int setDolblyAtmosEnable(int enable);
 
     /**
-     * Reads whether the audio return channel passes sound through untouched.
+     * Reads whether the bypass of the audio return channel is on.
      * Sends `CMD_AUDIO_GETARCBYPASSENABLE`.
      * @return 1 for on, 0 for off, as the service gives it; -1 when the service or the link fails.
      */
     int isARCByPassEnable();
 
     /**
-     * Has the audio return channel pass sound through untouched, or ends that.
+     * Switches the bypass of the audio return channel on or off.
      * Sends `CMD_AUDIO_SETARCBYPASSENABLE`: `enable`.
      * @param enable 1 for on, 0 for off.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -617,7 +617,7 @@ public:
     bool getDtsDrcState();
 
     /**
-     * Reads whether a sound function is there.
+     * Reads whether a sound function is enabled.
      * Sends `CMD_AUDIO_GETAUDIOFUNCTIONENABLE`: `func`.
      * @param func One of `KELU_TV_AUDIO_FUNC_E`.
      * @return 1 if it is, 0 if not, as the service gives it; -1 when the service or the link fails.

@@ -35,7 +35,7 @@ public:
     int SetCECSwitchMode(bool aMode);
 
     /**
-     * Reads whether connected devices are switched off with the television.
+     * Reads whether the automatic power-off of CEC devices is on.
      * Sends `CMD_CONFIG_GET_DEVICEAUTO_POWEROFF`.
      * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
      * @return False; true when the service or the link fails or the service gave -1, and for a null `aSwitch`, with
@@ -44,7 +44,7 @@ public:
     bool GetCECDeviceAutoPowerOff(bool* aSwitch);
 
     /**
-     * Has connected devices switched off with the television, or not.
+     * Switches the automatic power-off of CEC devices on or off.
      * Sends `CMD_CONFIG_SET_DEVICEAUTO_POWEROFF`: `aSwitch`.
      * @param aSwitch True has them switched off.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -52,7 +52,7 @@ public:
     int SetCECDeviceAutoPowerOff(bool aSwitch);
 
     /**
-     * Reads whether a connected device can switch the television on.
+     * Reads whether the automatic power-on of the television by CEC is on.
      * Sends `CMD_CONFIG_GET_TVAUTO_POWERON`.
      * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
      * @return False; true when the service or the link fails or the service gave -1, and for a null `aSwitch`, with
@@ -61,7 +61,7 @@ public:
     bool GetCECTVAutoPowerOn(bool* aSwitch);
 
     /**
-     * Lets connected devices switch the television on, or not.
+     * Switches the automatic power-on of the television by CEC on or off.
      * Sends `CMD_CONFIG_SET_TVAUTO_POWERON`: `aSwitch`.
      * @param aSwitch True lets it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -69,7 +69,7 @@ public:
     int SetCECTVAutoPowerOn(bool aSwitch);
 
     /**
-     * Reads whether a connected device can switch the television off.
+     * Reads whether the automatic power-off of the television by CEC is on.
      * Sends `CMD_CONFIG_GET_TVAUTO_POWEROFF`.
      * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
      * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aSwitch`, with nothing
@@ -78,7 +78,7 @@ public:
     int GetCECTvAutoPowerOff(bool* aSwitch);
 
     /**
-     * Lets connected devices switch the television off, or not.
+     * Switches the automatic power-off of the television by CEC on or off.
      * Sends `CMD_CONFIG_SET_TVAUTO_POWEROFF`: `aSwitch`.
      * @param aSwitch True lets it.
      * @return The service's result, 0 for success; -1 when the link fails.

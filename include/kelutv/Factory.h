@@ -37,14 +37,14 @@ public:
      */
 
     /**
-     * Calibrates the analogue input by itself.
+     * Starts the automatic calibration.
      * Sends `CMD_FACTORY_AUTOCALIBRATION`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int autoCalibration();
 
     /**
-     * Reads the calibration of an analogue input.
+     * Reads the gains and offsets of the analogue converter.
      * Sends `CMD_FACTORY_GETADCGAINOFFSET`: `srcId`.
      * @param srcId Source, of `KELU_TV_SRC_E`.
      * @return The record; all zeros when the service or the link fails.
@@ -52,7 +52,7 @@ public:
     CalibrationInfo getADCGainOffset(int srcId);
 
     /**
-     * Sets the calibration of an analogue input.
+     * Sets the gains and offsets of the analogue converter.
      * Sends `CMD_FACTORY_SETADCGAINOFFSET`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
      * `blueOffset`.
      * @param srcId Source, of `KELU_TV_SRC_E`.
@@ -62,7 +62,7 @@ public:
     int setADCGainOffset(int srcId, CalibrationInfo info);
 
     /**
-     * Reads the white balance of a colour temperature.
+     * Reads the gains and offsets of a colour temperature.
      * Sends `CMD_FACTORY_GETCOLORTEMP`: `colorTempLevel`.
      * @param colorTempLevel Colour temperature, of `KELU_TV_COLORTEMP_E`.
      * @return The record; all zeros when the service or the link fails.
@@ -70,7 +70,7 @@ public:
     ColorTempData getColorTemp(int colorTempLevel);
 
     /**
-     * Sets the white balance of the colour temperature in use.
+     * Sets the gains and offsets of the colour temperature.
      * Sends `CMD_FACTORY_SETCOLORTEMP`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
      * `blueOffset`.
      * @param srcId Source or colour temperature, as the service understands it.
@@ -80,7 +80,7 @@ public:
     int setColorTemp(int srcId, ColorTempData info);
 
     /**
-     * Reads the points of a non-linear adjustment.
+     * Reads the five points of a non-linear curve.
      * Sends `CMD_FACTORY_GETNLAPOINT`: `item`, `srcId`.
      * @param item Adjustment as the service numbers it.
      * @param srcId Source.
@@ -89,7 +89,7 @@ public:
     NlaInfo getNLAPoint(int item, KELU_TV_SRC_E srcId);
 
     /**
-     * Sets the points of a non-linear adjustment.
+     * Sets the five points of a non-linear curve.
      * Sends `CMD_FACTORY_SETNLAPOINT`: `item`, `point0`, `point25`, `point50`, `point75`, `point100`.
      * @param item Adjustment as the service numbers it.
      * @param info The points; the service enforces the ranges.
@@ -98,21 +98,21 @@ public:
     int setNLAPoint(int item, NlaInfo info);
 
     /**
-     * Copies the non-linear adjustment to all sources.
+     * Asks for the non-linear curves to be applied to the sources.
      * Sends `CMD_FACTORY_UPATANLATOSURCEO`. Prints "updataNLAToSource\n" to standard error first.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int updataNLAToSource();
 
     /**
-     * Puts the colour temperatures back to their defaults.
+     * Restores the colour temperatures to their defaults.
      * Sends `CMD_FACTORY_RESTORECOLORTEMP`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreColorTemp();
 
     /**
-     * Reads the report on the automatic white balance.
+     * Reads the debug information on the automatic colour temperature.
      * Sends `CMD_FACTORY_GETCOLORTEMPDEBUGINFO`: `colorTempIndex`.
      * @param str Receives the text, terminator included; must have room for it. Untouched on failure.
      * @param colorTempIndex Colour temperature as the service numbers it.
@@ -122,7 +122,7 @@ public:
     int getAutoColorTempDebugInfo(char* str, int colorTempIndex);
 
     /**
-     * Shows a plain colour for the adjustment of the white balance, or ends it.
+     * Shows a plain colour for the white balance, or ends it.
      * Sends `CMD_FACTORY_SETWHITEBALANCECOLOR`: `onoff`, `red`, `green`, `blue`.
      * @param onoff True shows it.
      * @param red,green,blue The colour; the service enforces the range.
@@ -131,28 +131,28 @@ public:
     int setWhiteBalanceColor(bool onoff, int red, int green, int blue);
 
     /**
-     * Tells whether the main chip can show the colours of the white balance.
+     * Tells whether the main chip supports the patterns of the white balance.
      * Sends `CMD_FACTORY_GET_IS_SUPPORT_SOC_WB_PATTERN`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportSocWhiteBalancePattern();
 
     /**
-     * Starts the adjustment of the white balance by infrared.
+     * Enters the white balance by infrared.
      * Sends `CMD_EXTRA_SETENTERIRWBADJ`. A get command, although it starts something.
      * @return The value; -1 when the service or the link fails.
      */
     int enterIrWBAdj();
 
     /**
-     * Reads how far the adjustment of the white balance by infrared has come.
+     * Reads the status of the white balance by infrared.
      * Sends `CMD_FACTORY_GET_IR_WB_RESULT`.
      * @return The status; -1 when the service or the link fails.
      */
     int getIRWBStatus();
 
     /**
-     * Sets the gamma of the picture processing.
+     * Sets the gamma value of the picture processing.
      * Sends `CMD_FACTORY_SET_PQ_GAMMA_VALUE`: `value`. Prints "pqSetGammaValue\n" to standard error first.
      * @param value Gamma; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -170,7 +170,7 @@ public:
     int getPQBinVersion(char* pPQBinVersion);
 
     /**
-     * Names a colour table to the picture processing.
+     * Sends a control code to the picture processing.
      * Sends `CMD_FACOTRY_COMMON_COPY_SOURCE_COLOR_LUT`: `cmdID`.
      * @param cmdID The table.
      * @param pParm Not sent.
@@ -187,14 +187,14 @@ public:
      */
 
     /**
-     * Reads what part of the picture is shown.
+     * Reads the overscan rectangle.
      * Sends `CMD_FACTORY_GETOVERSCAN`.
      * @return The record; all zeros when the service or the link fails.
      */
     KeluRect getOverscan();
 
     /**
-     * Sets what part of the picture is shown.
+     * Sets the overscan rectangle.
      * Sends `CMD_FACTORY_SETOVERSCAN`: `x`, `y`, `width`, `height`.
      * @param rect The part; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -202,14 +202,14 @@ public:
     int setOverscan(KeluRect rect);
 
     /**
-     * Tells whether the panel interface puts out its signal.
+     * Tells whether the output of the panel interface is on.
      * Sends `CMD_FACTORY_GETPANELINTFOUTENABLE`.
      * @return 1 when it does, 0 when not; -1 when the service or the link fails.
      */
     int getPanelIntfOutEnable();
 
     /**
-     * Turns the output of the panel interface on or off.
+     * Switches the output of the panel interface on or off.
      * Sends `CMD_FACTORY_SETPANELINTFOUTENABLE`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -217,14 +217,14 @@ public:
     int setPanelIntfOutEnable(bool onoff);
 
     /**
-     * Tells whether the clock of the panel interface is spread.
+     * Tells whether the spread spectrum of the panel interface is on.
      * Sends `CMD_FACTORY_GETPANELSPREADENABLE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getPanelSpreadEnable();
 
     /**
-     * Turns the spreading of the panel interface's clock on or off.
+     * Switches the spread spectrum of the panel interface on or off.
      * Sends `CMD_FACTORY_SETPANELSPREADENABLE`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -232,14 +232,14 @@ public:
     int setPanelSpreadEnable(bool onoff);
 
     /**
-     * Reads how far the clock of the panel interface is spread.
+     * Reads the spread ratio of the panel interface.
      * Sends `CMD_FACTORY_GETPANELSPREADRATIO`.
      * @return The ratio; -1 when the service or the link fails.
      */
     int getPanelSpreadRatio();
 
     /**
-     * Sets how far the clock of the panel interface is spread.
+     * Sets the spread ratio of the panel interface.
      * Sends `CMD_FACTORY_SETPANELSPREADRATIO`: `ratio`.
      * @param ratio Ratio; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -247,14 +247,14 @@ public:
     int setPanelSpreadRatio(int ratio);
 
     /**
-     * Reads the frequency at which the clock of the panel interface is spread.
+     * Reads the spread frequency of the panel interface.
      * Sends `CMD_FACTORY_GETPANELSPREADFREQ`.
      * @return The frequency; -1 when the service or the link fails.
      */
     int getPanelSpreadFreq();
 
     /**
-     * Sets the frequency at which the clock of the panel interface is spread.
+     * Sets the spread frequency of the panel interface.
      * Sends `CMD_FACTORY_SETPANELSPREADFREQ`: `freq`.
      * @param freq Frequency; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -277,14 +277,14 @@ public:
     int setPanelDrvCurrent(int current);
 
     /**
-     * Reads the common-mode voltage of the panel interface.
+     * Reads the common voltage of the panel interface.
      * Sends `CMD_FACTORY_GETPANELCOMVOLTAGE`.
      * @return The voltage; -1 when the service or the link fails.
      */
     int getPanelComVoltage();
 
     /**
-     * Sets the common-mode voltage of the panel interface.
+     * Sets the common voltage of the panel interface.
      * Sends `CMD_FACTORY_SETPANELCOMVOLTAGE`: `voltage`.
      * @param voltage Voltage; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -292,14 +292,14 @@ public:
     int setPanelComVoltage(int voltage);
 
     /**
-     * Reads the pre-emphasis of the panel interface.
+     * Reads the emphasis of the panel interface.
      * Sends `CMD_FACTORY_GETPANELEMPHASIS`.
      * @return The pre-emphasis; -1 when the service or the link fails.
      */
     int getPanelEmphasis();
 
     /**
-     * Sets the pre-emphasis of the panel interface.
+     * Sets the emphasis of the panel interface.
      * Sends `CMD_FACTORY_SETPANELEMPHASIS`: `ems`.
      * @param ems Pre-emphasis; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -307,14 +307,14 @@ public:
     int setPanelEmphasis(int ems);
 
     /**
-     * Tells whether the clock of the memory interface is spread.
+     * Tells whether the spread spectrum of the memory interface is on.
      * Sends `CMD_FACTORY_GETDDRSPREADENABLE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isDdrSpreadEnable();
 
     /**
-     * Turns the spreading of the memory interface's clock on or off.
+     * Switches the spread spectrum of the memory interface on or off.
      * Sends `CMD_FACTORY_SETDDRSPREADENABLE`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -322,14 +322,14 @@ public:
     int EnableDdrSpread(bool onoff);
 
     /**
-     * Reads how far the clock of the memory interface is spread.
+     * Reads the spread ratio of the memory interface.
      * Sends `CMD_FACTORY_GETDDRSPREADRATIO`.
      * @return The ratio; -1 when the service or the link fails.
      */
     int getDdrSpreadRatio();
 
     /**
-     * Sets how far the clock of the memory interface is spread.
+     * Sets the spread ratio of the memory interface.
      * Sends `CMD_FACTORY_SETDDRSPREADRATIO`: `ratio`.
      * @param ratio Ratio; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -337,14 +337,14 @@ public:
     int setDdrSpreadRatio(int ratio);
 
     /**
-     * Reads the frequency at which the clock of the memory interface is spread.
+     * Reads the spread frequency of the memory interface.
      * Sends `CMD_FACTORY_GETDDRSPREADFREQ`.
      * @return The frequency; -1 when the service or the link fails.
      */
     int getDdrSpreadFreq();
 
     /**
-     * Sets the frequency at which the clock of the memory interface is spread.
+     * Sets the spread frequency of the memory interface.
      * Sends `CMD_FACTORY_SETDDRSPREADFREQ`: `freq`.
      * @param freq Frequency; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -382,14 +382,14 @@ public:
     int setTestPattern(int index);
 
     /**
-     * Reads the panel that the set is built with.
+     * Reads the index of the panel.
      * Sends `CMD_FACTORY_GETPANELINDEX`.
      * @return The number of the panel; -1 when the service or the link fails.
      */
     int getPanelIndex();
 
     /**
-     * Sets the panel that the set is built with.
+     * Sets the index of the panel.
      * Sends `CMD_FACTORY_SETPANELINDEX`: `index`.
      * @param index Number of the panel; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -412,7 +412,7 @@ public:
     int setPanelFlipMirror(int flip);
 
     /**
-     * Sets the test pattern of the picture chip.
+     * Sets the test pattern of the external picture chip.
      * Sends `CMD_FACTORY_SET_ICHIP_TEST_PATTERN`: `pattern`.
      * @param pattern Number of the pattern; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -457,14 +457,14 @@ public:
     int setBackLightPwmMin(int pwmMin);
 
     /**
-     * Reads the step of the dream panel.
+     * Reads the delta value of the dream panel.
      * Sends `CMD_FACTORY_GET_DREAM_PANEL_DELTA_VALUE`.
      * @return The step; -1 when the service or the link fails.
      */
     int getDreamPanelDeltaValue();
 
     /**
-     * Sets the step of the dream panel.
+     * Sets the delta value of the dream panel.
      * Sends `CMD_FACTORY_SET_DREAM_PANEL_DELTA_VALUE`: `tmpValue`.
      * @param tmpValue Step; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -510,14 +510,14 @@ public:
     int setBreathePlatformStatus(int arg1, int arg2);
 
     /**
-     * Tells whether the picture is shifted to spare an OLED panel.
+     * Reads whether the pixel shift of the OLED panel is on.
      * Sends `CMD_EXTRA_GETOLEDPIEXLSHIFTENABLE`.
      * @return 1 when it is, 0 when not; -1 when the service or the link fails.
      */
     int getOLEDPixelShiftEnable();
 
     /**
-     * Turns the shifting of the picture on an OLED panel on or off.
+     * Switches the pixel shift of the OLED panel on or off.
      * Sends `CMD_EXTRA_SETOLEDPIEXLSHIFTENABLE`: `enable`.
      * @param enable 1 turns it on, 0 off.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -525,7 +525,7 @@ public:
     int setOLEDPixelShiftEnable(int enable);
 
     /**
-     * Reads which line overdrive table is used.
+     * Reads which line overdrive table is in use.
      * Sends `CMD_FACTORY_GETLINEODINDEX`.
      * @return The index; -1 when the service or the link fails.
      */
@@ -540,7 +540,7 @@ public:
     bool setLineODIndex(int tmpIndex);
 
     /**
-     * Lists the line overdrive tables by name.
+     * Reads the names of the line overdrive tables.
      * Sends `CMD_FACTORY_GETLINEODLIST`.
      * @return The names in the order of the service; empty when the service or the link fails.
      */
@@ -563,14 +563,14 @@ public:
      */
 
     /**
-     * Tells whether analogue television starts with its initial channels.
+     * Tells whether the initial analogue channels are on.
      * Sends `CMD_FACTORY_GETATVINITIALCHANNEL`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isATVIniChnEnable();
 
     /**
-     * Turns the initial channels of analogue television on or off.
+     * Switches the initial analogue channels on or off.
      * Sends `CMD_FACTORY_SETATVINITIALCHANNEL`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -578,14 +578,14 @@ public:
     int enableATVIniChn(bool onoff);
 
     /**
-     * Reads the handling of overmodulation.
+     * Reads the over-modulation mode.
      * Sends `CMD_FACTORY_GETOVERMODULATION`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getOverModulation();
 
     /**
-     * Sets the handling of overmodulation.
+     * Sets the over-modulation mode.
      * Sends `CMD_FACTORY_SETOVERMODULATION`: `over`.
      * @param over Mode; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -687,7 +687,7 @@ public:
     int setSoundCurve(double* info, int length);
 
     /**
-     * Reads the control points of the volume.
+     * Reads the control points of the volume curve.
      * Sends `CMD_FACTORY_GET_CTL_VOLUME`.
      * @param soundCurveCtlData Receives the points, at most as many as the answer holds; must have room for them.
      *         Untouched on failure.
@@ -698,7 +698,7 @@ public:
     int getSoundCurveCtlData(int* soundCurveCtlData, int* volumeNum);
 
     /**
-     * Reads the control points of the headphone volume.
+     * Reads the control points of the headphones' volume curve.
      * Sends `CMD_FACTORY_GET_CTL_HEADPHONE_VOLUME`.
      * @param soundCurveCtlData Receives the points, at most as many as the answer holds; must have room for them.
      *         Untouched on failure.
@@ -716,7 +716,7 @@ public:
      */
 
     /**
-     * Reads a non-standard item.
+     * Reads one non-standard item.
      * Sends `CMD_FACTORY_GETNONSTANDARDITEMVALUE`: `itemid`.
      * @param itemid Item, a `KELU_TV_NONSTAND_TPYE_E`.
      * @return The value; -1 when the service or the link fails.
@@ -724,7 +724,7 @@ public:
     int getNonStandardItemValue(int itemid);
 
     /**
-     * Sets a non-standard item.
+     * Sets one non-standard item.
      * Sends `CMD_FACTORY_SETNONSTANDARDITEMVALUE`: `itemid`, `value`.
      * @param itemid Item, a `KELU_TV_NONSTAND_TPYE_E`.
      * @param value Value; the service enforces the range.
@@ -733,7 +733,7 @@ public:
     int setNonStandardItemValue(int itemid, int value);
 
     /**
-     * Reads an item of the performance.
+     * Reads one performance item.
      * Sends `CMD_FACTORY_GETPERFORMANCEITEMVALUE`: `itemid`.
      * @param itemid Item as the service numbers it.
      * @return The value; -1 when the service or the link fails.
@@ -741,7 +741,7 @@ public:
     int getPerformanceItemValue(int itemid);
 
     /**
-     * Sets an item of the performance.
+     * Sets one performance item.
      * Sends `CMD_FACTORY_SETPERFORMANCEITEMVALUE`: `itemid`, `value`.
      * @param itemid Item as the service numbers it.
      * @param value Value; the service enforces the range.
@@ -816,7 +816,7 @@ public:
      */
 
     /**
-     * Turns the ageing mode on or off.
+     * Switches the ageing mode on or off.
      * Sends `CMD_FACTORY_SETAGINGMODE`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -831,23 +831,22 @@ public:
     bool isAgingModeEnable();
 
     /**
-     * Erases the non-volatile memory.
+     * Resets the non-volatile memory.
      * Sends `CMD_FACTORY_RESETNVM`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int resetNVM();
 
     /**
-     * Puts the channels of analogue television back to their defaults.
+     * Resets the analogue channels.
      * Sends `CMD_FACTORY_RESETATVCHANNEL`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int resetAtvChannel();
 
     /**
-     * Starts recording the transport stream to a USB store.
-     * Sends `CMD_FACTORY_STARTRECORDERTS`: `usbPath`. Logged first as "DtvChannel startRecorderTsStream usbPath =
-     * %s".
+     * Starts to record the transport stream.
+     * Sends `CMD_FACTORY_STARTRECORDERTS`: `usbPath`. Logged first as "DtvChannel startRecorderTsStream usbPath = %s".
      * @param usbPath Where to; null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -861,14 +860,14 @@ public:
     int stopRecorderTsStream();
 
     /**
-     * Tells whether the watchdog runs.
+     * Tells whether the watchdog is on.
      * Sends `CMD_FACTORY_GETWATCHDOG`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isWdtEnable();
 
     /**
-     * Turns the watchdog on or off.
+     * Switches the watchdog on or off.
      * Sends `CMD_FACTORY_SETWATCHDOG`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -883,7 +882,7 @@ public:
     bool isUartEnable();
 
     /**
-     * Turns the serial port on or off.
+     * Switches the serial port on or off.
      * Sends `CMD_FACTORY_SETUART`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -899,7 +898,7 @@ public:
     int upgradeSystem(int mode);
 
     /**
-     * Sets what the set does when power comes on.
+     * Sets the power-on mode.
      * Sends `CMD_FACTORY_SETPOWERMODE`: `mode`.
      * @param mode Mode; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -907,14 +906,14 @@ public:
     int setPoweronMode(int mode);
 
     /**
-     * Reads what the set does when power comes on.
+     * Reads the power-on mode.
      * Sends `CMD_FACTORY_GETPOWERMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getPoweronMode();
 
     /**
-     * Turns the tune at power-on on or off.
+     * Switches the music at power-on on or off.
      * Sends `CMD_FACTORY_SETPOWERMUSIC`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -922,14 +921,14 @@ public:
     int enablePowerMusic(bool onoff);
 
     /**
-     * Tells whether a tune is played at power-on.
+     * Tells whether the music at power-on is on.
      * Sends `CMD_FACTORY_GETPOWERMUSIC`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isPowerMusicEnable();
 
     /**
-     * Sets the volume of the tune at power-on.
+     * Sets the volume of the music at power-on.
      * Sends `CMD_FACTORY_SETPOWERMUSICVOL`: `val`.
      * @param val Volume; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -937,14 +936,14 @@ public:
     int setPowerMusicVol(int val);
 
     /**
-     * Reads the volume of the tune at power-on.
+     * Reads the volume of the music at power-on.
      * Sends `CMD_FACTORY_GETPOWERMUSICVOL`.
      * @return The volume; -1 when the service or the link fails.
      */
     int getPowerMusicVol();
 
     /**
-     * Sets how the set is suspended.
+     * Sets the suspend mode.
      * Sends `CMD_FACTORY_SETSUSPENDMODE`: `mode`.
      * @param mode Mode; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -952,14 +951,14 @@ public:
     int setSuspendMode(int mode);
 
     /**
-     * Reads how the set is suspended.
+     * Reads the suspend mode.
      * Sends `CMD_FACTORY_GETSUSPENDMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getSuspendMode();
 
     /**
-     * Sets how the set is suspended, for the set's own use.
+     * Sets the suspend mode by the inner command.
      * Sends `CMD_FACTORY_SETSUSPENDMODEINNER`: `mode`.
      * @param mode Mode; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -990,28 +989,28 @@ public:
     int get24GConnectStatus();
 
     /**
-     * Puts the set back to the state in which it left the factory.
+     * Restores the factory state.
      * Sends `CMD_FACTORY_RESTOREFACTORY`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreFactory();
 
     /**
-     * Puts the settings of the factory menu back to their defaults.
+     * Restores the factory settings.
      * Sends `CMD_FACTORY_RESTOREFACTORYSETTING`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreFactorySetting();
 
     /**
-     * Reads what the serial port is used for.
+     * Reads the mode of the serial port.
      * Sends `CMD_FACTORY_GETUARTMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getUartMode();
 
     /**
-     * Sets what the serial port is used for.
+     * Sets the mode of the serial port.
      * Sends `CMD_FACTORY_SETUARTMODE`: `mode`.
      * @param mode Mode; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1056,7 +1055,7 @@ public:
     bool getRepairedBoard();
 
     /**
-     * Turns the mark of a repaired board on or off.
+     * Marks the board as repaired, or not.
      * Sends `CMD_FACTORY_SETREPAIREDBOARD`: `onoff`.
      * @param onoff True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1064,7 +1063,7 @@ public:
     int setRepairedBoard(bool onoff);
 
     /**
-     * Saves, restores or updates the stored data.
+     * Saves, restores or updates the data of the flash EEPROM.
      * Sends `CMD_FACTORY_OPERATEEROM`: `oper`, `path`.
      * @param oper One of `KELU_TV_OPERATEFLASHEEPROM`.
      * @param path Where from or where to; null is sent as the empty text.
@@ -1073,7 +1072,7 @@ public:
     int operateFlashEEPROM(int oper, char const* path);
 
     /**
-     * Puts the working time back to 0.
+     * Resets the working time.
      * Sends `CMD_FACTORY_RESETWORKINGTIME`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1103,7 +1102,7 @@ public:
     int setBTTestResult(int value);
 
     /**
-     * Sets how much the service logs.
+     * Sets the log level of the service.
      * Sends `CMD_EXTRA_SETLOGLEVEL`: `level`.
      * @param level Level; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1111,14 +1110,14 @@ public:
     int setPrintLogLevel(int level);
 
     /**
-     * Reads how much the service logs.
+     * Reads the log level of the service.
      * Sends `CMD_EXTRA_GETLOGLEVEL`.
      * @return The level; -1 when the service or the link fails.
      */
     int getPrintLogLevel();
 
     /**
-     * Sets the identification data that the HDMI inputs offer.
+     * Sets the type of the display identification data (EDID).
      * Sends `CMD_EXTRA_SETEDIDTYPE`: `type`.
      * @param type One of `KELU_TV_EDID_TYPE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1126,14 +1125,14 @@ public:
     int setEDIDType(int type);
 
     /**
-     * Reads the identification data that the HDMI inputs offer.
+     * Reads the type of the display identification data (EDID).
      * Sends `CMD_EXTRA_GETEDIDTYPE`.
      * @return One of `KELU_TV_EDID_TYPE_E`; -1 when the service or the link fails.
      */
     int getEDIDType();
 
     /**
-     * Writes to the serial port.
+     * Hands the service a text for the serial port.
      * Sends `CMD_EXTRA_SETUARTDATA`: `pData`. The text travels as UTF-16.
      * @param pData The text, in UTF-8.
      * @return The service's result, 0 for success; -1 when the link fails, and for a null `pData`, logged and with
@@ -1158,7 +1157,7 @@ public:
     int getPlatform(char* str);
 
     /**
-     * Reads the date of the stored data.
+     * Reads the date of the EEPROM.
      * Sends `CMD_FACTORY_GETEEPROMDATE`. A failure and a missing text are logged, each in its own words.
      * @param pStr Receives the text, terminator included; must have room for it. Receives "date error", with its
      *         terminator, when the service or the link fails or there is no text.
@@ -1203,7 +1202,7 @@ public:
     int setMacAddress(int* pMacAddr, int length);
 
     /**
-     * Reads the identifier of the flash store.
+     * Reads the identifier of the eMMC memory.
      * Sends `CMD_FACTORY_GET_EMMC_ID`.
      * @param pStr Receives the text, terminator included; must have room for it. Receives "error_emmc_id", without
      *         its terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
@@ -1263,7 +1262,7 @@ public:
     int getPanelDataVersion(char* pStr);
 
     /**
-     * Reads the number of USB stores.
+     * Reads the number of USB disks.
      * Sends `CMD_FACTORY_GET_USBKINDNUM`.
      * @param pData Receives one int, 0 where the service sent less. Untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
@@ -1280,7 +1279,7 @@ public:
     int getSystemupTime(int* timeData);
 
     /**
-     * Sets the time that the network gave.
+     * Hands the service the time that the network gave.
      * Sends `CMD_FACTORY_SETINTERNETTIME`: `time`.
      * @param time The time as a text; null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1313,7 +1312,7 @@ public:
      */
 
     /**
-     * Reads which keys have been burned.
+     * Reads the burn status of each kind of key.
      * Sends `CMD_FACTORY_GETBURNKEYSTATUS`.
      * @param bufData Room for 32 ints, one for each kind of key; all are written, 0 where the service sent less.
      *         Untouched on failure.
@@ -1322,7 +1321,7 @@ public:
     int getBurnKeyStatus(int* bufData);
 
     /**
-     * Burns the key of the conditional access and reads the serial number.
+     * Burns data into one-time programmable memory and reads the serial number.
      * Sends `CMD_FACTORY_SETSTBOTPBURN`: `CaCardKind`, `str`. The serial number is logged.
      * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
      * @param str The key; null is sent as the empty text.
@@ -1343,14 +1342,14 @@ public:
     int getDtvSn(int cmdId, char* snData);
 
     /**
-     * Tells whether the key of the one-time programmable memory has been burned.
+     * Reads whether the RSA key is burnt into the one-time programmable memory.
      * Sends `CMD_FACTORY_GETISBURNOTPRSA`.
      * @return The value; -1 when the service or the link fails.
      */
     int getIsBurnOtpRsa();
 
     /**
-     * Lists the kinds of key that a store holds.
+     * Reads which kinds of key are there to be burnt.
      * Sends `CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE`: `path`.
      * @param path Where the keys are.
      * @return The kinds, of `KELU_TV_MUL_KEY_E`, in the order of the service; empty when the service or the link
@@ -1359,7 +1358,7 @@ public:
     std::list<int> getBurnKeyType(char const* path);
 
     /**
-     * Reports an external device that was plugged in.
+     * Tells the service that an external device was plugged in.
      * Sends `CMD_FACTORY_EXTERNAL_DEV_INSERT`: `pData`.
      * @param pData What the service defines.
      * @return The value behind a result of 0; -1 when the service or the link fails, and for a null `pData`, logged
@@ -1368,7 +1367,7 @@ public:
     int exDevInserted(char const* pData);
 
     /**
-     * Burns a key.
+     * Hands over the data of a key.
      * Sends `CMD_FACTORY_SETKEYDATA`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of `pData`.
      * @param type Kind of data as the service numbers it.
      * @param pData The data; null sends none.
@@ -1379,9 +1378,8 @@ public:
     int setKeyData(int type, int* pData, int length, int checksum, int xorchecksum);
 
     /**
-     * Sends data that came in through the network port.
-     * Sends `CMD_FACTORY_NETPORTDATATRAN`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of
-     * `pData`.
+     * Hands over data of the network port.
+     * Sends `CMD_FACTORY_NETPORTDATATRAN`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of `pData`.
      * @param type Kind of data, a `KELU_TV_NETDATATRAN_TPYE_E`.
      * @param pData The data; null sends none.
      * @param length Number of ints; sent as it is, and below 1 no int behind the header.
@@ -1391,7 +1389,7 @@ public:
     int setNetPortDataTransmission(int type, int* pData, int length, int checksum, int xorchecksum);
 
     /**
-     * Reads data to go out through the network port.
+     * Reads data of the network port.
      * Sends `CMD_FACTORY_GET_NETPORTDATATRAN`: `type`, `length`.
      * @param type Kind of data, a `KELU_TV_NETDATATRAN_TPYE_E`.
      * @param pData Room for `length` ints; all are written, 0 where the service sent less. Untouched on failure.
@@ -1409,49 +1407,49 @@ public:
      */
 
     /**
-     * Tells whether the set has a router.
+     * Tells whether a router is supported.
      * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_ROUTER`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportRouter();
 
     /**
-     * Tells whether the set has a cable modem.
+     * Tells whether a cable modem is supported.
      * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_CABLE_MODEM`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportCableModem();
 
     /**
-     * Tells whether the set has a wireless network.
+     * Tells whether a wireless network is supported.
      * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_WIFI`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportWifi();
 
     /**
-     * Tells whether the set has Ethernet over coax.
+     * Tells whether Ethernet over coaxial cable is supported.
      * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_EOC`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportEOC();
 
     /**
-     * Reads the kind of device.
+     * Reads the mode of the device.
      * Sends `CMD_FACTORY_GETDEVICEMODE`.
      * @return The kind as the service numbers it; -1 when the service or the link fails.
      */
     int getDeviceMode();
 
     /**
-     * Tells whether the set was made for an operator.
+     * Reads whether the set is made for an operator.
      * Sends `CMD_FACTORY_ISOPERATORCUSTOMIZED`.
      * @return The value; -1 when the service or the link fails.
      */
     int isOperatorCustomized();
 
     /**
-     * Tells whether the set has an external chip.
+     * Tells whether an external chip is supported.
      * Sends `CMD_FACOTRY_IS_SUPPORT_EXTERN_CHIP`: `chipType`.
      * @param chipType Chip as the service numbers it.
      * @return False for the service's 0; true for any other answer, a failure included.
@@ -1498,7 +1496,7 @@ public:
     int setLaserWheelIndex(int wheel, int index);
 
     /**
-     * Moves the motor of the lens.
+     * Moves the motor of the laser projector.
      * Sends `CMD_FACOTRY_SET_MOTOR_MOVE`: `move`.
      * @param move Movement as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1506,7 +1504,7 @@ public:
     int setMotorMove(int move);
 
     /**
-     * Sets the brightness mode of the laser.
+     * Sets the brightness mode of the laser projector.
      * Sends `CMD_FACOTRY_SET_LASER_BRIGHT_MODE`: `mode`.
      * @param mode Mode; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1514,14 +1512,14 @@ public:
     int setLaserBrightMode(int mode);
 
     /**
-     * Reads the brightness mode of the laser.
+     * Reads the brightness mode of the laser projector.
      * Sends `CMD_FACOTRY_GET_LASER_BRIGHT_MODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getLaserBrightMode();
 
     /**
-     * Sets how the projector stands to the screen.
+     * Sets the output mode of the laser projector.
      * Sends `CMD_FACOTRY_SET_LASER_PONPUT_MODE`: `mode`.
      * @param mode Mode; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1529,14 +1527,14 @@ public:
     int setLaserPonputMode(int mode);
 
     /**
-     * Reads how the projector stands to the screen.
+     * Reads the output mode of the laser projector.
      * Sends `CMD_FACOTRY_GET_LASER_PONPUT_MODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getLaserPonputMode();
 
     /**
-     * Turns the dimming of the laser when someone comes near on or off.
+     * Switches the eye shield mode of the laser projector on or off.
      * Sends `CMD_FACOTRY_SET_LASER_EYE_SHIELD_MODE`: `mode`.
      * @param mode True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1544,7 +1542,7 @@ public:
     int setLaserEyeShieldMode(bool mode);
 
     /**
-     * Tells whether the laser is dimmed when someone comes near.
+     * Tells whether the eye shield mode of the laser projector is on.
      * Sends `CMD_FACOTRY_GET_LASER_EYE_SHIELD_MODE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
@@ -1703,7 +1701,7 @@ public:
     int setAdjustParam(int value);
 
     /**
-     * Reads how the set is connected by Ethernet.
+     * Reads the supported Ethernet configuration.
      * `getFactoryItemValue` of `CMDID_FACTORY_GET_ETHCONFIG`, 0, 0.
      * @return The first value of the item; 0 when the service or the link fails.
      */

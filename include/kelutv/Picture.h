@@ -943,7 +943,7 @@ public:
     int getHdrMode();
 
     /**
-     * Sets the widening of standard to high dynamic range.
+     * Sets the mode of the conversion from standard to high dynamic range.
      * Sends `CMD_PICTURE_SETSDRTOHDRMODE`: `mode`.
      * @param mode Mode as the service numbers it; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -951,7 +951,7 @@ public:
     int setSdrToHdrMode(int mode);
 
     /**
-     * Reads the widening of standard to high dynamic range.
+     * Reads the mode of the conversion from standard to high dynamic range.
      * Sends `CMD_PICTURE_GETSDRTOHDRMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
@@ -1049,7 +1049,7 @@ public:
     bool isGameModeEnable();
 
     /**
-     * Chooses whether the picture is treated as a computer's.
+     * Chooses the PC mode of the picture.
      * Sends `CMD_PICTURE_SETPCMODE`: `mode`.
      * @param mode One of `KELU_MW_PCMODE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1057,7 +1057,7 @@ public:
     int setPcMode(int mode);
 
     /**
-     * Reads whether the picture is treated as a computer's.
+     * Reads the PC mode of the picture.
      * Sends `CMD_PICTURE_GETPCMODE`.
      * @return One of `KELU_MW_PCMODE_E`; -1 when the service or the link fails.
      */
@@ -1108,7 +1108,7 @@ public:
      */
 
     /**
-     * Reads which positions a setting has.
+     * Reads the supported mode of one setting.
      * Sends `CMD_PICTURE_GETCMDSUPPORTEDMODE`: `mSwitch`.
      * @param mSwitch One of `KELU_TV_SUPPORT_SWITCH_E`.
      * @return One of `KELU_TV_SUPPORT_SWITCH_MODE_E`; -1 when the service or the link fails.
@@ -1116,7 +1116,7 @@ public:
     int getCMDSupportedMode(int mSwitch);
 
     /**
-     * Reads whether the set has one function.
+     * Reads whether one picture function is enabled.
      * Sends `CMD_PICTURE_GETPICTUREFUNTIONENABLE`: `func`.
      * @param func One of `KELU_TV_PICTURE_FUNC_E`.
      * @return The answer as the service gives it, 0 for not; -1 when the service or the link fails.

@@ -40,14 +40,14 @@ public:
     int restoreDefault();
 
     /**
-     * Tells whether the screen turns blue without a signal.
+     * Tells whether the blue screen is on.
      * Sends `CMD_SYSTEM_GETSCREENBLUE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isScreenBlueEnable();
 
     /**
-     * Makes the screen blue without a signal, or leaves it black.
+     * Switches the blue screen on or off.
      * Sends `CMD_SYSTEM_SETSCREENBLUE`: `onoff`.
      * @param onoff True makes it blue.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -55,7 +55,7 @@ public:
     int enableScreenBlue(bool onoff);
 
     /**
-     * Fixes the frame rate that the panel is driven with.
+     * Sets the fixed output frame rate of the panel.
      * Sends `CMD_SYSTEM_SETPANELFIXOUTRATE`: `fixFrmRate`.
      * @param fixFrmRate Frame rate as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -63,7 +63,7 @@ public:
     int setDispFixOutRate(int fixFrmRate);
 
     /**
-     * Tells the service what an application is showing.
+     * Tells the service of the media that is shown: its size, dynamic range, and whether it is a video.
      * Sends `CMD_SYSTEM_NOTIFY_PLATFROM_MEDIAINFO`: `width`, `heigh`, `hdrType`, `isVideo`.
      * @param width,heigh Size in pixels.
      * @param hdrType Dynamic range, one of `KELU_TV_HDR_TYPE_E`.
@@ -88,14 +88,14 @@ public:
      */
 
     /**
-     * Enters the standby that keeps the state in memory.
+     * Enters the STR standby.
      * Sends `CMD_SYSTEM_SET_ENTER_STR_SUSPEND`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enterStrSuspend();
 
     /**
-     * Leaves the standby that keeps the state in memory.
+     * Leaves the STR standby.
      * Sends `CMD_SYSTEM_SET_STR_RESUME`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -109,7 +109,7 @@ public:
     int enterNormalSuspend();
 
     /**
-     * Enters the shallow standby, in which only the screen is off.
+     * Enters the shallow standby.
      * Sends `CMD_SYSTEM_SET_ENTER_SHALLOW_SUSPEND`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -167,7 +167,7 @@ public:
     int setStandbyReason(int reason);
 
     /**
-     * Switches the half standby on or off.
+     * Sets the half standby.
      * Sends `CMD_SYSTEM_SETHALFSTANDBY`: `value`.
      * @param value Value as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -182,16 +182,16 @@ public:
     int getHalfStandby();
 
     /**
-     * Reads what woke the television.
+     * Reads the wake-up mode.
      * Sends `CMD_SYSTEM_GETWAKEUPMODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getWakeupMode();
 
     /**
-     * Tells the television when to wake by itself. A get command by its form: the answer is a value behind a
-     * result.
-     * Sends `CMD_SYSTEM_SET_TIMER_WAKEUP_PARAM`: `wakeupTime`, `timerWakeupMode`, `isNeedPanelOn`.
+     * Sets the timed wake-up.
+     * A get command by its form: the answer is a value behind a result. Sends `CMD_SYSTEM_SET_TIMER_WAKEUP_PARAM`:
+     * `wakeupTime`, `timerWakeupMode`, `isNeedPanelOn`.
      * @param wakeupTime Time as the service counts it.
      * @param timerWakeupMode Mode as the service numbers it.
      * @param isNeedPanelOn 1 to light the panel, 0 to leave it dark.
@@ -200,7 +200,7 @@ public:
     int setTimerWakeupParam(int wakeupTime, int timerWakeupMode, int isNeedPanelOn);
 
     /**
-     * Reads how the television was last switched off.
+     * Reads the mode of the last power-off.
      * Sends `CMD_SYSTEM_GETLASTPOWEROFFMODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
@@ -223,7 +223,7 @@ public:
     int getBootVersion(char* pStr);
 
     /**
-     * Names the picture that is shown while the television starts.
+     * Sets the path of the boot picture.
      * Sends `CMD_SYSTEM_SETBOOTPICPATH`: `path`.
      * @param path Path of the picture; must not be null.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -231,14 +231,14 @@ public:
     int setBootPicPath(char const* path);
 
     /**
-     * Reads what the television starts into.
+     * Reads the start mode of the television.
      * Sends `CMD_SYSTEM_GET_TV_START_MODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getTvStartMode();
 
     /**
-     * Chooses what the television starts into.
+     * Chooses the start mode of the television.
      * Sends `CMD_SYSTEM_SET_TV_START_MODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -253,14 +253,14 @@ public:
      */
 
     /**
-     * Tells whether the keys at the set itself work.
+     * Tells whether the keys on the low-speed converter (LSADC) are on.
      * Sends `CMD_SYSTEM_GETLSADCKEY`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isLSADCKeyEnable();
 
     /**
-     * Switches the keys at the set itself on or off.
+     * Switches the keys on the low-speed converter (LSADC) on or off.
      * Sends `CMD_SYSTEM_SETLSADCKEY`: `onoff`.
      * @param onoff True switches them on.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -418,30 +418,29 @@ public:
      */
 
     /**
-     * Tells whether the panel is an OLED panel.
+     * Tells whether OLED is enabled.
      * Sends `CMD_SYSTEM_OLEDENABLED`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isOledEnabled();
 
     /**
-     * Repairs the panel. A get command by its form: the answer is a value behind a result.
-     * Sends `CMD_SYSTEM_OLEDREPAIRPROC`.
+     * Asks for the JB and OFFRS repair of the OLED panel.
+     * A get command by its form: the answer is a value behind a result. Sends `CMD_SYSTEM_OLEDREPAIRPROC`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool OledJbOffrsRepairProc();
 
     /**
-     * Reads how long the panel was in use since its last repair.
+     * Reads the OFFRS time of the OLED panel.
      * Sends `CMD_SYSTEM_GETOLEDOFFRSTIME`.
      * @return The time as the service counts it; -1 when the service or the link fails.
      */
     int getOledOffRsTime();
 
     /**
-     * Starts the repair that runs while the panel is off. A get command by its form: the answer is a value
-     * behind a result.
-     * Sends `CMD_SYSTEM_SETOLEDOFFRSPROC`.
+     * Asks for the OFFRS repair of the OLED panel.
+     * A get command by its form: the answer is a value behind a result. Sends `CMD_SYSTEM_SETOLEDOFFRSPROC`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool setPanelOffrsRepair();
@@ -508,7 +507,7 @@ public:
      */
 
     /**
-     * Switches the ambient display on or off.
+     * Sets the state of the always-on display (AOD).
      * Sends `CMD_SYSTEM_SET_AOD_STATE`: `mode`.
      * @param mode State as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -516,7 +515,7 @@ public:
     int setAodState(int mode);
 
     /**
-     * Chooses what the ambient display shows.
+     * Sets the UI mode of the always-on display (AOD).
      * Sends `CMD_SYSTEM_SET_AODUI_MODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -524,21 +523,21 @@ public:
     int setAodUIMode(int mode);
 
     /**
-     * Reads what the ambient display shows.
+     * Reads the UI mode of the always-on display (AOD).
      * Sends `CMD_SYSTEM_GET_AODUI_MODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getAodUIMode();
 
     /**
-     * Reads whether the screen closes by itself.
+     * Reads whether the AI close-screen mode is on.
      * Sends `CMD_SYSTEM_GET_AICLOSESCREENMODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getAICloseScreenMode();
 
     /**
-     * Lets the screen close by itself, or not.
+     * Sets the AI close-screen mode.
      * Sends `CMD_SYSTEM_SET_AICLOSESCREENMODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -546,7 +545,7 @@ public:
     int setAICloseScreenMode(int mode);
 
     /**
-     * Lets a screen that closed by itself go into standby, or not.
+     * Sets the standby of the AI close-screen mode.
      * Sends `CMD_SYSTEM_SET_AICLOSESCREENSTANDBY`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -554,7 +553,7 @@ public:
     int setAIScreenStandby(int mode);
 
     /**
-     * Tells whether the television can go into standby by itself.
+     * Tells whether AI standby is supported.
      * Sends `CMD_SYSTEM_GETISSUPPORTAISTANDBY`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
@@ -649,7 +648,7 @@ public:
     int GetMenuLanguage(int* planguage);
 
     /**
-     * Reads whether the cable and the wireless network can be in use together.
+     * Reads whether Ethernet and wireless network are compatible.
      * Reads the item `CMDID_SYSTEM_GET_IS_ETHANDWIFICOMPATIBLE`: 0, 0.
      * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
      * @return As `getSystemItemValue`.
@@ -657,7 +656,7 @@ public:
     int GetIsEthandWifiCompatible(int* pdata);
 
     /**
-     * Reads whether the television has the sound care mode.
+     * Reads whether the sound care mode is supported.
      * Reads the item `CMDID_SYSTEM_GET_IS_SUPPORT_SOUND_CARE_MODE`: 0, 0.
      * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
      * @return As `getSystemItemValue`.
@@ -665,7 +664,7 @@ public:
     int GetIsSupportSoundCareMode(int* pdata);
 
     /**
-     * Chooses the input that the sound bar plays.
+     * Chooses the audio input source of the sound bar.
      * Sets the item `CMDID_SYSTEM_SET_SOUNDBAR_AUDIO_INPUT_SOURCE`: `value`, 0, 0, 0.
      * @param value Input as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -673,7 +672,7 @@ public:
     int SetSoundBarAudioInputSource(int value);
 
     /**
-     * Reads the input that the sound bar plays.
+     * Reads the audio input source of the sound bar.
      * Reads the item `CMDID_SYSTEM_GET_SOUNDBAR_AUDIO_INPUT_SOURCE`: 0, 0.
      * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is the input as the service
      * numbers it.

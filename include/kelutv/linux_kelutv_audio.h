@@ -46,14 +46,14 @@ KELUTV_API int linux_tv_Audio_setSoundMode(int sndmode);
 KELUTV_API int linux_tv_Audio_getOutMode(void);
 
 /**
- * Reads whether the set is tuned for a desk or a wall.
+ * Reads the place of the set, desk or wall.
  * Forwards to `Audio::getHangMode`, which sends `CMD_AUDIO_GETHANGMODE`.
  * @return One of `KELU_TV_SNDLOCATE_E`; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Audio_getHangMode(void);
 
 /**
- * Tunes the sound for a set on a desk or on a wall.
+ * Chooses the place of the set, desk or wall.
  * Forwards to `Audio::setHangMode`, which sends `CMD_AUDIO_SETHANGMODE`: `hangmode`.
  * @param hangmode One of `KELU_TV_SNDLOCATE_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -331,7 +331,7 @@ KELUTV_API int linux_tv_Audio_setAvoutGain(int gain);
 KELUTV_API int linux_tv_Audio_setSpdifGain(int gain);
 
 /**
- * Prepares the sound output for karaoke, or ends that.
+ * Asks for the karaoke initialisation of the sound output, or for its end.
  * Forwards to `Audio::setAudioOutKtvInit`, which sends `CMD_AUDIO_SETAUDIOOUTKTVINIT`: `isInit`.
  * @param isInit True prepares it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -339,7 +339,7 @@ KELUTV_API int linux_tv_Audio_setSpdifGain(int gain);
 KELUTV_API int linux_tv_Audio_setAudioOutKtvInit(bool isInit);
 
 /**
- * Reads whether the audio return channel passes sound through untouched.
+ * Reads whether the bypass of the audio return channel is on.
  * Forwards to `Audio::isARCByPassEnable`, which sends `CMD_AUDIO_GETARCBYPASSENABLE`.
  * @return 1 for on, 0 for off, as the service gives it; -1 when the service or the link fails.
  */
@@ -414,7 +414,7 @@ KELUTV_API int linux_tv_Audio_getDtsDrcState(void);
 KELUTV_API int linux_tv_Audio_setMicrophoneConnect(int connect);
 
 /**
- * Reads whether a sound function is there.
+ * Reads whether a sound function is enabled.
  * Forwards to `Audio::getAudioFunctionEnable`, which sends `CMD_AUDIO_GETAUDIOFUNCTIONENABLE`: `func`.
  * @param func One of `KELU_TV_AUDIO_FUNC_E`.
  * @return 1 if it is, 0 if not, as the service gives it; -1 when the service or the link fails.
@@ -501,7 +501,7 @@ KELUTV_API int linux_tv_Audio_setSubwooferGeq(KELU_TV_SUBWOOFER_GEQ subwooferGeq
 KELUTV_API int linux_tv_Audio_enableAmplifierMute(bool bmute);
 
 /**
- * Has the service bring the mute state up to date for CEC.
+ * Sends the CEC command for a change of the mute, which has no argument; what changes is the service's matter.
  * Forwards to `Audio::modifyMute`, which sends `CMD_CEC_MODIFY_MUTE`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -524,7 +524,7 @@ KELUTV_API int linux_tv_Audio_SetDefaultSndOutputDev(KELU_TV_SOUND_OUTPUT_MODE_E
 KELUTV_API int linux_tv_Audio_setAVCLevel(int avcLevel);
 
 /**
- * Tells whether the CS enhancer is on.
+ * Reads whether the CS enhancer is on.
  * Forwards to `Audio::getCStenhancerEnable`, which sends `CMD_AUDIO_GETCSTENHANCERENABLE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
@@ -664,7 +664,7 @@ KELUTV_API int linux_tv_Audio_setBootVolume(int channel, int vol);
 KELUTV_API int linux_tv_Audio_getBootVolume(int channel);
 
 /**
- * Writes the volume of one output channel to the hardware register.
+ * Sets the register volume of one output channel.
  * Sets the item `CMDID_AUDIO_SET_VOLUME_TO_REG`: `channel`, `vol`, 0, 0.
  * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
  * @param vol Volume; the service enforces the range.
@@ -790,7 +790,7 @@ KELUTV_API int linux_tv_Audio_setEqualizerMode(int mode);
 KELUTV_API int linux_tv_Audio_getEqualizerMode(int* pMode);
 
 /**
- * Sets the level at which the sound is locked.
+ * Sets the mute level, which the item calls the lock level of the sound.
  * Sets the item `CMDID_AUDIO_SET_AUDIO_LOCK_LEVEL`: `level`, 0, 0, 0.
  * @param level Level; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.

@@ -25,7 +25,7 @@ extern "C" {
  */
 
 /**
- * Starts the automatic calibration of the analogue inputs.
+ * Starts the automatic calibration.
  * Forwards to `Factory::autoCalibration`, which sends `CMD_FACTORY_AUTOCALIBRATION`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -60,7 +60,7 @@ KELUTV_API int linux_tv_Factory_setADCGainOffset(int srcId, CalibrationInfo info
 KELUTV_API int linux_tv_Factory_getColorTemp(int colorTempLevel, ColorTempData* pstColorTemp);
 
 /**
- * Sets the gains and offsets of the colour temperature of a source.
+ * Sets the gains and offsets of the colour temperature.
  * Forwards to `Factory::setColorTemp`, which sends `CMD_FACTORY_SETCOLORTEMP`: `srcId`, the six fields of `info` in
  * order.
  * @param srcId Source, one of `KELU_TV_SRC_E`.
@@ -90,8 +90,9 @@ KELUTV_API int linux_tv_Factory_getNLAPoint(int item, NlaInfo* pstNlaInfo, KELU_
 KELUTV_API int linux_tv_Factory_setNLAPoint(int item, NlaInfo info);
 
 /**
- * Applies the non-linear curves to the sources, and prints its name to standard error first.
- * Forwards to `Factory::updataNLAToSource`, which sends `CMD_FACTORY_UPATANLATOSURCEO`.
+ * Asks for the non-linear curves to be applied to the sources.
+ * Forwards to `Factory::updataNLAToSource`, which sends `CMD_FACTORY_UPATANLATOSURCEO`. Prints "updataNLAToSource\n" to
+ * standard error first.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_updataNLAToSource(void);
@@ -104,7 +105,7 @@ KELUTV_API int linux_tv_Factory_updataNLAToSource(void);
 KELUTV_API int linux_tv_Factory_restoreColorTemp(void);
 
 /**
- * Reads a report on the automatic colour temperature.
+ * Reads the debug information on the automatic colour temperature.
  * Forwards to `Factory::getAutoColorTempDebugInfo`, which sends `CMD_FACTORY_GETCOLORTEMPDEBUGINFO`: `colorTemp`.
  * @param colorTemp Colour temperature as the service numbers it.
  * @param pStr Receives the text. Must have room for all the service sends; untouched on failure.
@@ -142,28 +143,28 @@ KELUTV_API int linux_tv_Factory_setWBWhitePattern(int type);
 KELUTV_API int linux_tv_Factory_getWBWhitePattern(void);
 
 /**
- * Tells whether the processor itself shows the patterns of the white balance.
+ * Tells whether the main chip supports the patterns of the white balance.
  * Forwards to `Factory::isSupportSocWhiteBalancePattern`, which sends `CMD_FACTORY_GET_IS_SUPPORT_SOC_WB_PATTERN`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_isSupportSocWhiteBalancePattern(void);
 
 /**
- * Starts the white balance by the infrared instrument.
+ * Enters the white balance by infrared.
  * Forwards to `Factory::enterIrWBAdj`, which sends `CMD_EXTRA_SETENTERIRWBADJ`.
  * @return The service's answer; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_factory_enterIrWBAdj(void);
 
 /**
- * Reads how the white balance by the infrared instrument stands.
+ * Reads the status of the white balance by infrared.
  * Forwards to `Factory::getIRWBStatus`, which sends `CMD_FACTORY_GET_IR_WB_RESULT`.
  * @return The status; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getIRWBStatus(void);
 
 /**
- * Reads how the white balance by the infrared instrument stands.
+ * Reads the status of the white balance by infrared.
  * Forwards to `Factory::getIRWBStatus`, which sends `CMD_FACTORY_GET_IR_WB_RESULT`.
  * @param pResult Receives the status, -1 on failure; may be null.
  * @return 0 in every case.
@@ -171,23 +172,25 @@ KELUTV_API int linux_tv_Factory_getIRWBStatus(void);
 KELUTV_API int linux_tv_factory_getIRWBStatus(int* pResult);
 
 /**
- * Sets the gamma value of the picture chip, and prints its name to standard error first.
- * Forwards to `Factory::pqSetGammaValue`, which sends `CMD_FACTORY_SET_PQ_GAMMA_VALUE`: `value`.
+ * Sets the gamma value of the picture processing.
+ * Forwards to `Factory::pqSetGammaValue`, which sends `CMD_FACTORY_SET_PQ_GAMMA_VALUE`: `value`. Prints
+ * "pqSetGammaValue\n" to standard error first.
  * @param value Value; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_pqSetGammaValue(int value);
 
 /**
- * Reads the version of the picture data, and prints it to standard error.
- * Forwards to `Factory::getPQBinVersion`, which sends `CMD_FACOTRY_COMMON_GET_PQ_BINVERSION`.
+ * Reads the version of the picture processing data.
+ * Forwards to `Factory::getPQBinVersion`, which sends `CMD_FACOTRY_COMMON_GET_PQ_BINVERSION`. The text is printed to
+ * standard error.
  * @param pPQBinVersion Receives the text. Must have room for all the service sends; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, after the command was sent.
  */
 KELUTV_API int linux_tv_Factory_getPQBinVersion(char* pPQBinVersion);
 
 /**
- * Applies a table of the picture chip to the source.
+ * Sends a control code to the picture processing.
  * Forwards to `Factory::pqIoCtl`, which sends `CMD_FACOTRY_COMMON_COPY_SOURCE_COLOR_LUT`: `cmdID`.
  * @param cmdID Table, one of `KELU_TV_PQ_IOCTL_CMD_E`.
  * @param pParm Not used; may be null.
@@ -219,14 +222,14 @@ KELUTV_API int linux_tv_Factory_getOverscan(KeluRect* pRect);
 KELUTV_API int linux_tv_Factory_setOverscan(KeluRect rect);
 
 /**
- * Tells whether the output to the panel is on.
+ * Tells whether the output of the panel interface is on.
  * Forwards to `Factory::getPanelIntfOutEnable`, which sends `CMD_FACTORY_GETPANELINTFOUTENABLE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_getPanelIntfOutEnable(void);
 
 /**
- * Switches the output to the panel on or off.
+ * Switches the output of the panel interface on or off.
  * Forwards to `Factory::setPanelIntfOutEnable`, which sends `CMD_FACTORY_SETPANELINTFOUTENABLE`: `onoff`.
  * @param onoff True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -376,7 +379,7 @@ KELUTV_API int linux_tv_Factory_setDdrSpreadFreq(int freq);
 KELUTV_API int linux_tv_Factory_getGamma(void);
 
 /**
- * Chooses the gamma curve.
+ * Sets the gamma curve.
  * Forwards to `Factory::setGamma`, which sends `CMD_FACTORY_SETGAMMA`: `gamma`.
  * @param gamma Curve as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -391,7 +394,7 @@ KELUTV_API int linux_tv_Factory_setGamma(int gamma);
 KELUTV_API int linux_tv_Factory_getTestPattern(void);
 
 /**
- * Shows a test pattern.
+ * Sets the test pattern.
  * Forwards to `Factory::setTestPattern`, which sends `CMD_FACTORY_SETTESTPATTERN`: `index`.
  * @param index One of `KELU_TV_PATTERN_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -399,14 +402,14 @@ KELUTV_API int linux_tv_Factory_getTestPattern(void);
 KELUTV_API int linux_tv_Factory_setTestPattern(int index);
 
 /**
- * Reads which panel the set is made for.
+ * Reads the index of the panel.
  * Forwards to `Factory::getPanelIndex`, which sends `CMD_FACTORY_GETPANELINDEX`.
  * @return The index of the panel; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getPanelIndex(void);
 
 /**
- * Chooses the panel the set is made for.
+ * Sets the index of the panel.
  * Forwards to `Factory::setPanelIndex`, which sends `CMD_FACTORY_SETPANELINDEX`: `index`.
  * @param index Index of the panel; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -421,7 +424,7 @@ KELUTV_API int linux_tv_Factory_setPanelIndex(int index);
 KELUTV_API int linux_tv_Factory_getPanelFlipMirror(void);
 
 /**
- * Flips and mirrors the picture.
+ * Sets how the picture is flipped and mirrored.
  * Forwards to `Factory::setPanelFlipMirror`, which sends `CMD_FACTORY_SETPANELFLIPMIRROR`: `flip`.
  * @param flip Flip as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -429,7 +432,7 @@ KELUTV_API int linux_tv_Factory_getPanelFlipMirror(void);
 KELUTV_API int linux_tv_Factory_setPanelFlipMirror(int flip);
 
 /**
- * Shows a test pattern of the external picture chip.
+ * Sets the test pattern of the external picture chip.
  * Forwards to `Factory::setIChipTestPattern`, which sends `CMD_FACTORY_SET_ICHIP_TEST_PATTERN`: `pattern`.
  * @param pattern Pattern as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -444,14 +447,14 @@ KELUTV_API int linux_tv_Factory_setIChipTestPattern(int pattern);
  */
 
 /**
- * Reads the upper end of the backlight's duty cycle.
+ * Reads the highest duty of the backlight.
  * Forwards to `Factory::getBackLightPwmMax`, which sends `CMD_FACTORY_GETBLPWMMAX`.
  * @return The upper end; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getBackLightPwmMax(void);
 
 /**
- * Sets the upper end of the backlight's duty cycle.
+ * Sets the highest duty of the backlight.
  * Forwards to `Factory::setBackLightPwmMax`, which sends `CMD_FACTORY_SETBLPWMMAX`: `pwmMax`.
  * @param pwmMax Upper end; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -459,14 +462,14 @@ KELUTV_API int linux_tv_Factory_getBackLightPwmMax(void);
 KELUTV_API int linux_tv_Factory_setBackLightPwmMax(int pwmMax);
 
 /**
- * Reads the lower end of the backlight's duty cycle.
+ * Reads the lowest duty of the backlight.
  * Forwards to `Factory::getBackLightPwmMin`, which sends `CMD_FACTORY_GETBLPWMMIN`.
  * @return The lower end; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getBackLightPwmMin(void);
 
 /**
- * Sets the lower end of the backlight's duty cycle.
+ * Sets the lowest duty of the backlight.
  * Forwards to `Factory::setBackLightPwmMin`, which sends `CMD_FACTORY_SETBLPWMMIN`: `pwmMin`.
  * @param pwmMin Lower end; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -474,14 +477,14 @@ KELUTV_API int linux_tv_Factory_getBackLightPwmMin(void);
 KELUTV_API int linux_tv_Factory_setBackLightPwmMin(int pwmMin);
 
 /**
- * Reads the offset of the dream panel sensor.
+ * Reads the delta value of the dream panel.
  * Forwards to `Factory::getDreamPanelDeltaValue`, which sends `CMD_FACTORY_GET_DREAM_PANEL_DELTA_VALUE`.
  * @return The offset; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getDreamPanelDeltaValue(void);
 
 /**
- * Sets the offset of the dream panel sensor.
+ * Sets the delta value of the dream panel.
  * Forwards to `Factory::setDreamPanelDeltaValue`, which sends `CMD_FACTORY_SET_DREAM_PANEL_DELTA_VALUE`: `tmpValue`.
  * @param tmpValue Offset; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -489,14 +492,14 @@ KELUTV_API int linux_tv_Factory_getDreamPanelDeltaValue(void);
 KELUTV_API int linux_tv_Factory_setDreamPanelDeltaValue(int tmpValue);
 
 /**
- * Reads the offset of the lowest backlight of the dream panel.
+ * Reads the dream panel's offset of the lowest backlight.
  * Forwards to `Factory::getDPBLMinOffset`, which sends `CMD_FACTORY_GET_DP_BL_MIN_OFFSET`.
  * @return The offset; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getDPBLMinOffset(void);
 
 /**
- * Sets the offset of the lowest backlight of the dream panel.
+ * Sets the dream panel's offset of the lowest backlight.
  * Forwards to `Factory::setDPBLMinOffset`, which sends `CMD_FACTORY_SET_DP_BL_MIN_OFFSET`: `tmpValue`.
  * @param tmpValue Offset; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -504,14 +507,14 @@ KELUTV_API int linux_tv_Factory_getDPBLMinOffset(void);
 KELUTV_API int linux_tv_Factory_setDPBLMinOffset(int tmpValue);
 
 /**
- * Reads whether the standby LED may disturb.
+ * Reads the disturbing mode of the LED.
  * Forwards to `Factory::getLedDisturbingMode`, which sends `CMD_FACTORY_GETBLEDDISTURBINGMODE`.
  * @return One of `KELU_TV_LED_DISTURBING_MODE_E`; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getLedDisturbingMode(void);
 
 /**
- * Chooses whether the standby LED may disturb.
+ * Sets the disturbing mode of the LED.
  * Forwards to `Factory::setLedDisturbingMode`, which sends `CMD_FACTORY_SETBLEDDISTURBINGMODE`: `mode`.
  * @param mode One of `KELU_TV_LED_DISTURBING_MODE_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -528,14 +531,14 @@ KELUTV_API int linux_tv_Factory_setLedDisturbingMode(int mode);
 KELUTV_API int linux_tv_Factory_setBreathePlatformStatus(int arg1, int arg2);
 
 /**
- * Reads whether the pixel shift of an OLED panel is on.
+ * Reads whether the pixel shift of the OLED panel is on.
  * Forwards to `Factory::getOLEDPixelShiftEnable`, which sends `CMD_EXTRA_GETOLEDPIEXLSHIFTENABLE`.
  * @return 0 for off, 1 for on; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getOLEDPixelShiftEnable(void);
 
 /**
- * Switches the pixel shift of an OLED panel on or off.
+ * Switches the pixel shift of the OLED panel on or off.
  * Forwards to `Factory::setOLEDPixelShiftEnable`, which sends `CMD_EXTRA_SETOLEDPIEXLSHIFTENABLE`: `enable`.
  * @param enable 0 for off, 1 for on.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -568,7 +571,7 @@ KELUTV_API int linux_tv_Factory_setLineODIndex(int tmpIndex);
 KELUTV_API int linux_tv_Factory_getLineODListTable(BOE_OD_TableInfo* pTable);
 
 /**
- * Sets one of the decorative LEDs.
+ * Sets one of the LEDs.
  * Forwards to `Factory::setVarietyLedControl`, which sends `CMD_FACTORY_SETVARIETYLEDCONTROL`: `ledType`, `value`.
  * @param ledType LED as the service numbers it.
  * @param value Value; the service enforces the range.
@@ -584,7 +587,7 @@ KELUTV_API int linux_tv_Factory_setVarietyLedControl(int ledType, int value);
  */
 
 /**
- * Tells whether the set starts with initial analogue channels.
+ * Tells whether the initial analogue channels are on.
  * Forwards to `Factory::isATVIniChnEnable`, which sends `CMD_FACTORY_GETATVINITIALCHANNEL`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
@@ -599,14 +602,14 @@ KELUTV_API int linux_tv_Factory_isATVIniChnEnable(void);
 KELUTV_API int linux_tv_Factory_enableATVIniChn(bool onoff);
 
 /**
- * Reads how over-modulation is treated.
+ * Reads the over-modulation mode.
  * Forwards to `Factory::getOverModulation`, which sends `CMD_FACTORY_GETOVERMODULATION`.
  * @return The mode; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getOverModulation(void);
 
 /**
- * Chooses how over-modulation is treated.
+ * Sets the over-modulation mode.
  * Forwards to `Factory::setOverModulation`, which sends `CMD_FACTORY_SETOVERMODULATION`: `over`.
  * @param over Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -674,7 +677,7 @@ KELUTV_API int linux_tv_Factory_getAVCThreshold(void);
 KELUTV_API int linux_tv_Factory_setAVCThreshold(int level);
 
 /**
- * Reads the parametric equaliser.
+ * Reads the parametric equaliser of the sound.
  * Forwards to `Factory::getSoundPEQ`, which sends `CMD_FACTORY_GETSOUNDPEQ`.
  * @param pSoundPeq Receives the record, zeros on failure.
  * @return 0, also on failure; -1 for a null record, with nothing sent.
@@ -682,7 +685,7 @@ KELUTV_API int linux_tv_Factory_setAVCThreshold(int level);
 KELUTV_API int linux_tv_Factory_getSoundPEQ(SoundPeqData* pSoundPeq);
 
 /**
- * Sets the parametric equaliser.
+ * Sets the parametric equaliser of the sound.
  * Forwards to `Factory::setSoundPEQ`, which sends `CMD_FACTORY_SETSOUNDPEQ`: the twelve fields of `info` in order.
  * @param info Values; the service enforces the ranges.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -733,7 +736,7 @@ KELUTV_API int linux_tv_Factory_getHeadPhoneSoundCurveCtlData(int* soundCurveCtl
  */
 
 /**
- * Reads one value of the treatment of non-standard signals.
+ * Reads one non-standard item.
  * Forwards to `Factory::getNonStandardItemValue`, which sends `CMD_FACTORY_GETNONSTANDARDITEMVALUE`: `itemid`.
  * @param itemid One of `KELU_TV_NONSTAND_TPYE_E`.
  * @return The value; -1 when the service or the link fails.
@@ -741,9 +744,8 @@ KELUTV_API int linux_tv_Factory_getHeadPhoneSoundCurveCtlData(int* soundCurveCtl
 KELUTV_API int linux_tv_Factory_getNonStandardItemValue(int itemid);
 
 /**
- * Sets one value of the treatment of non-standard signals.
- * Forwards to `Factory::setNonStandardItemValue`, which sends `CMD_FACTORY_SETNONSTANDARDITEMVALUE`: `itemid`,
- * `value`.
+ * Sets one non-standard item.
+ * Forwards to `Factory::setNonStandardItemValue`, which sends `CMD_FACTORY_SETNONSTANDARDITEMVALUE`: `itemid`, `value`.
  * @param itemid One of `KELU_TV_NONSTAND_TPYE_E`.
  * @param value Value; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -751,7 +753,7 @@ KELUTV_API int linux_tv_Factory_getNonStandardItemValue(int itemid);
 KELUTV_API int linux_tv_Factory_setNonStandardItemValue(int itemid, int value);
 
 /**
- * Reads one value of the set's performance.
+ * Reads one performance item.
  * Forwards to `Factory::getPerformanceItemValue`, which sends `CMD_FACTORY_GETPERFORMANCEITEMVALUE`: `itemid`.
  * @param itemid Item as the service numbers it.
  * @return The value; -1 when the service or the link fails.
@@ -759,9 +761,8 @@ KELUTV_API int linux_tv_Factory_setNonStandardItemValue(int itemid, int value);
 KELUTV_API int linux_tv_Factory_getPerformanceItemValue(int itemid);
 
 /**
- * Sets one value of the set's performance.
- * Forwards to `Factory::setPerformanceItemValue`, which sends `CMD_FACTORY_SETPERFORMANCEITEMVALUE`: `itemid`,
- * `value`.
+ * Sets one performance item.
+ * Forwards to `Factory::setPerformanceItemValue`, which sends `CMD_FACTORY_SETPERFORMANCEITEMVALUE`: `itemid`, `value`.
  * @param itemid Item as the service numbers it.
  * @param value Value; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -769,7 +770,7 @@ KELUTV_API int linux_tv_Factory_getPerformanceItemValue(int itemid);
 KELUTV_API int linux_tv_Factory_setPerformanceItemValue(int itemid, int value);
 
 /**
- * Reads one of the remaining values.
+ * Reads one of the other items.
  * Forwards to `Factory::getOtherItemValue`, which sends `CMD_FACTORY_GETOTHERITEMVALUE`: `itemid`.
  * @param itemid Item as the service numbers it.
  * @return The value; -1 when the service or the link fails.
@@ -777,7 +778,7 @@ KELUTV_API int linux_tv_Factory_setPerformanceItemValue(int itemid, int value);
 KELUTV_API int linux_tv_Factory_getOtherItemValue(int itemid);
 
 /**
- * Sets one of the remaining values.
+ * Sets one of the other items.
  * Forwards to `Factory::setOtherItemValue`, which sends `CMD_FACTORY_SETOTHERITEMVALUE`: `itemid`, `value`.
  * @param itemid Item as the service numbers it.
  * @param value Value; the service enforces the range.
@@ -843,7 +844,7 @@ KELUTV_API int linux_tv_Factory_getFactoryItemStrValue(int cmdID, int param1, in
  */
 
 /**
- * Switches the aging mode on or off.
+ * Switches the ageing mode on or off.
  * Forwards to `Factory::enableAgingMode`, which sends `CMD_FACTORY_SETAGINGMODE`: `onoff`.
  * @param onoff True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -851,14 +852,14 @@ KELUTV_API int linux_tv_Factory_getFactoryItemStrValue(int cmdID, int param1, in
 KELUTV_API int linux_tv_Factory_enableAgingMode(bool onoff);
 
 /**
- * Tells whether the aging mode is on.
+ * Tells whether the ageing mode is on.
  * Forwards to `Factory::isAgingModeEnable`, which sends `CMD_FACTORY_GETAGINGMODE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_isAgingModeEnable(void);
 
 /**
- * Clears the non-volatile memory.
+ * Resets the non-volatile memory.
  * Forwards to `Factory::resetNVM`, which sends `CMD_FACTORY_RESETNVM`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -925,14 +926,14 @@ KELUTV_API int linux_tv_Factory_enableUart(bool onoff);
 KELUTV_API int linux_tv_Factory_upgradeSystem(int mode);
 
 /**
- * Reads what the set does when power comes.
+ * Reads the power-on mode.
  * Forwards to `Factory::getPoweronMode`, which sends `CMD_FACTORY_GETPOWERMODE`.
  * @return The mode; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getPoweronMode(void);
 
 /**
- * Chooses what the set does when power comes.
+ * Sets the power-on mode.
  * Forwards to `Factory::setPoweronMode`, which sends `CMD_FACTORY_SETPOWERMODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -940,7 +941,7 @@ KELUTV_API int linux_tv_Factory_getPoweronMode(void);
 KELUTV_API int linux_tv_Factory_setPoweronMode(int mode);
 
 /**
- * Switches the melody at power-on on or off.
+ * Switches the music at power-on on or off.
  * Forwards to `Factory::enablePowerMusic`, which sends `CMD_FACTORY_SETPOWERMUSIC`: `onoff`.
  * @param onoff True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -948,21 +949,21 @@ KELUTV_API int linux_tv_Factory_setPoweronMode(int mode);
 KELUTV_API int linux_tv_Factory_enablePowerMusic(bool onoff);
 
 /**
- * Tells whether the melody at power-on is on.
+ * Tells whether the music at power-on is on.
  * Forwards to `Factory::isPowerMusicEnable`, which sends `CMD_FACTORY_GETPOWERMUSIC`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_isPowerMusicEnable(void);
 
 /**
- * Reads the volume of the melody at power-on.
+ * Reads the volume of the music at power-on.
  * Forwards to `Factory::getPowerMusicVol`, which sends `CMD_FACTORY_GETPOWERMUSICVOL`.
  * @return The volume; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getPowerMusicVol(void);
 
 /**
- * Sets the volume of the melody at power-on.
+ * Sets the volume of the music at power-on.
  * Forwards to `Factory::setPowerMusicVol`, which sends `CMD_FACTORY_SETPOWERMUSICVOL`: `val`.
  * @param val Volume; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -970,14 +971,14 @@ KELUTV_API int linux_tv_Factory_getPowerMusicVol(void);
 KELUTV_API int linux_tv_Factory_setPowerMusicVol(int val);
 
 /**
- * Reads how the set is suspended.
+ * Reads the suspend mode.
  * Forwards to `Factory::getSuspendMode`, which sends `CMD_FACTORY_GETSUSPENDMODE`.
  * @return The mode; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getSuspendMode(void);
 
 /**
- * Chooses how the set is suspended.
+ * Sets the suspend mode.
  * Forwards to `Factory::setSuspendMode`, which sends `CMD_FACTORY_SETSUSPENDMODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -985,7 +986,7 @@ KELUTV_API int linux_tv_Factory_getSuspendMode(void);
 KELUTV_API int linux_tv_Factory_setSuspendMode(int mode);
 
 /**
- * Chooses how the set is suspended, for inner use.
+ * Sets the suspend mode by the inner command.
  * Forwards to `Factory::setSuspendModeInner`, which sends `CMD_FACTORY_SETSUSPENDMODEINNER`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1000,7 +1001,7 @@ KELUTV_API int linux_tv_Factory_setSuspendModeInner(int mode);
 KELUTV_API int linux_tv_Factory_restoreFactory(void);
 
 /**
- * Restores the settings of the factory menu.
+ * Restores the factory settings.
  * Forwards to `Factory::restoreFactorySetting`, which sends `CMD_FACTORY_RESTOREFACTORYSETTING`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -1014,7 +1015,7 @@ KELUTV_API int linux_tv_Factory_restoreFactorySetting(void);
 KELUTV_API int linux_tv_Factory_getUartMode(void);
 
 /**
- * Chooses the mode of the serial port.
+ * Sets the mode of the serial port.
  * Forwards to `Factory::setUartMode`, which sends `CMD_FACTORY_SETUARTMODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1029,7 +1030,7 @@ KELUTV_API int linux_tv_Factory_setUartMode(int mode);
 KELUTV_API int linux_tv_Factory_getSingleKeyMode(void);
 
 /**
- * Chooses the mode of the single key.
+ * Sets the mode of the single key.
  * Forwards to `Factory::setSingleKeyMode`, which sends `CMD_FACTORY_SETSINGLEKEYMODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1052,14 +1053,14 @@ KELUTV_API int linux_tv_Factory_getIrCustomCode(void);
 KELUTV_API int linux_tv_Factory_setIrCustomCode(int num);
 
 /**
- * Tells whether the board has been repaired.
+ * Tells whether the board is marked as repaired.
  * Forwards to `Factory::getRepairedBoard`, which sends `CMD_FACTORY_GETREPAIREDBOARD`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_getRepairedBoard(void);
 
 /**
- * Notes that the board has been repaired, or not.
+ * Marks the board as repaired, or not.
  * Forwards to `Factory::setRepairedBoard`, which sends `CMD_FACTORY_SETREPAIREDBOARD`: `onoff`.
  * @param onoff True notes a repair.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1067,7 +1068,7 @@ KELUTV_API int linux_tv_Factory_getRepairedBoard(void);
 KELUTV_API int linux_tv_Factory_setRepairedBoard(bool onoff);
 
 /**
- * Copies the data of the EEPROM from or to a file.
+ * Saves, restores or updates the data of the flash EEPROM.
  * Forwards to `Factory::operateFlashEEPROM`, which sends `CMD_FACTORY_OPERATEEROM`: `oper`, `pathName`.
  * @param oper One of `KELU_TV_OPERATEFLASHEEPROM`.
  * @param pathName Path of the file.
@@ -1076,21 +1077,21 @@ KELUTV_API int linux_tv_Factory_setRepairedBoard(bool onoff);
 KELUTV_API int linux_tv_Factory_operateFlashEEPROM(int oper, const char* pathName);
 
 /**
- * Sets the count of working hours back.
+ * Resets the working time.
  * Forwards to `Factory::resetWorkingTime`, which sends `CMD_FACTORY_RESETWORKINGTIME`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_resetWorkingTime(void);
 
 /**
- * Reads how the test of the wireless network stands.
+ * Reads the status of the wireless network test.
  * Forwards to `Factory::getWifiTestStatus`, which sends `CMD_FACTORY_GETWIFITESTSTATUS`.
  * @return The status; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getWifiTestStatus(void);
 
 /**
- * Notes how the test of the wireless network stands.
+ * Sets the status of the wireless network test.
  * Forwards to `Factory::setWifiTestStatus`, which sends `CMD_FACTORY_SETWIFITESTSTATUS`: `value`.
  * @param value Status as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1098,7 +1099,7 @@ KELUTV_API int linux_tv_Factory_getWifiTestStatus(void);
 KELUTV_API int linux_tv_Factory_setWifiTestStatus(int value);
 
 /**
- * Notes the result of the test of Bluetooth.
+ * Sets the result of the Bluetooth test.
  * Forwards to `Factory::setBTTestResult`, which sends `CMD_FACOTRY_SET_BT_TESTRESULT`: `value`.
  * @param value Result as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1106,24 +1107,26 @@ KELUTV_API int linux_tv_Factory_setWifiTestStatus(int value);
 KELUTV_API int linux_tv_Factory_setBTTestResult(int value);
 
 /**
- * Reads the display identification data in use, and prints it to standard output.
- * Forwards to `Factory::getEDIDType`, which sends `CMD_EXTRA_GETEDIDTYPE`.
+ * Reads the type of the display identification data (EDID).
+ * Forwards to `Factory::getEDIDType`, which sends `CMD_EXTRA_GETEDIDTYPE`. The type is printed to standard output.
  * @param pType Receives one of `KELU_TV_EDID_TYPE_E`, -1 on failure; may be null.
  * @return 0 in every case.
  */
 KELUTV_API int linux_tv_factory_getEDIDType(int* pType);
 
 /**
- * Chooses the display identification data, and prints the choice to standard output first.
- * Forwards to `Factory::setEDIDType`, which sends `CMD_EXTRA_SETEDIDTYPE`: `type`.
+ * Sets the type of the display identification data (EDID).
+ * Forwards to `Factory::setEDIDType`, which sends `CMD_EXTRA_SETEDIDTYPE`: `type`. The type is printed to standard
+ * output first.
  * @param type One of `KELU_TV_EDID_TYPE_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_factory_setEDIDType(int type);
 
 /**
- * Sends a text out of the serial port. Prints the line "setUartData" to standard output first.
- * Forwards to `Factory::setUartData`, which sends `CMD_EXTRA_SETUARTDATA`: `pData` as UTF-16.
+ * Hands the service a text for the serial port.
+ * Prints the line "setUartData" to standard output first. Forwards to `Factory::setUartData`, which sends
+ * `CMD_EXTRA_SETUARTDATA`: `pData` as UTF-16.
  * @param pData Text.
  * @return The service's result, 0 for success; -1 when the link fails, and for null, with nothing sent.
  */
@@ -1145,7 +1148,7 @@ KELUTV_API int linux_tv_Factory_setUartData(const char* pData);
 KELUTV_API int linux_tv_Factory_getPlatform(char* str);
 
 /**
- * Reads the date of the EEPROM data.
+ * Reads the date of the EEPROM.
  * Forwards to `Factory::getEepromDate`, which sends `CMD_FACTORY_GETEEPROMDATE`.
  * @param pStr Receives the text, "date error" on failure. Must have room for all the service sends.
  * @return 0 in every case, also for a null `pStr`, with nothing sent.
@@ -1161,7 +1164,7 @@ KELUTV_API int linux_tv_Factory_getEepromDate(char* pStr);
 KELUTV_API int linux_tv_Factory_getBarCode(char* pStr);
 
 /**
- * Reads the identity of the panel.
+ * Reads the identifier of the panel.
  * Forwards to `Factory::getPanelID`, which sends `CMD_FACTORY_GETPANELID`.
  * @param pStr Receives the text, "error panelId" on failure. Must have room for all the service sends.
  * @return 0, also on failure; -1 for null, with nothing sent.
@@ -1169,7 +1172,7 @@ KELUTV_API int linux_tv_Factory_getBarCode(char* pStr);
 KELUTV_API int linux_tv_Factory_getPanelID(char* pStr);
 
 /**
- * Reads the network address.
+ * Reads the address of the network port.
  * Forwards to `Factory::getMacAddress`, which sends `CMD_FACTORY_GETMACADDRESS`.
  * @param pStr Receives the text, "error mac" on failure. Must have room for all the service sends.
  * @return 0, also on failure; -1 for null, with nothing sent.
@@ -1177,7 +1180,7 @@ KELUTV_API int linux_tv_Factory_getPanelID(char* pStr);
 KELUTV_API int linux_tv_Factory_getMacAddress(char* pStr);
 
 /**
- * Sets the network address.
+ * Sets the address of the network port.
  * Forwards to `Factory::setMacAddress`, which sends `CMD_FACTORY_SETMACADDRESS`: `length`, the numbers.
  * @param pMacAddr `length` numbers, one for each byte.
  * @param length How many numbers to send; none is sent for 0 or less.
@@ -1186,7 +1189,7 @@ KELUTV_API int linux_tv_Factory_getMacAddress(char* pStr);
 KELUTV_API int linux_tv_Factory_setMacAddress(int* pMacAddr, int length);
 
 /**
- * Reads the identity of the memory chip.
+ * Reads the identifier of the eMMC memory.
  * Forwards to `Factory::getEmmcID`, which sends `CMD_FACTORY_GET_EMMC_ID`.
  * @param pStr Receives the text, "error_emmc_id" without a terminator on failure. Must have room for all the service
  * sends.
@@ -1195,7 +1198,7 @@ KELUTV_API int linux_tv_Factory_setMacAddress(int* pMacAddr, int length);
 KELUTV_API int linux_tv_Factory_getEmmcID(char* pStr);
 
 /**
- * Reads the identity of the processor.
+ * Reads the identifier of the main chip.
  * Forwards to `Factory::getSocChipID`, which sends `CMD_FACTORY_GET_SOC_CHIP_ID`.
  * @param pStr Receives the text, "error_chip_id" without a terminator on failure. Must have room for all the service
  * sends.
@@ -1222,7 +1225,7 @@ KELUTV_API int linux_tv_Factory_getInnerTconVersion(char* pStr);
 KELUTV_API int linux_tv_Factory_getExternalMemcVersion(char* pStr);
 
 /**
- * Reads the version of the panel's picture data.
+ * Reads the version of the panel's picture processing.
  * Forwards to `Factory::getPanelPQVersion`, which sends `CMD_FACTORY_GET_PANEL_PQ_VERSION`.
  * @param pStr Receives the text, "error_panel_pq_ver" without a terminator on failure. Must have room for all the
  * service sends.
@@ -1240,7 +1243,7 @@ KELUTV_API int linux_tv_Factory_getPanelPQVersion(char* pStr);
 KELUTV_API int linux_tv_Factory_getPanelDataVersion(char* pStr);
 
 /**
- * Reads how many USB disks are there.
+ * Reads the number of USB disks.
  * Forwards to `Factory::getUDiskNum`, which sends `CMD_FACTORY_GET_USBKINDNUM`.
  * @param pBuf Receives the number; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
@@ -1248,7 +1251,7 @@ KELUTV_API int linux_tv_Factory_getPanelDataVersion(char* pStr);
 KELUTV_API int linux_tv_Factory_getUDiskNum(int* pBuf);
 
 /**
- * Reads how long the set has been running.
+ * Reads how long the system has been up.
  * Forwards to `Factory::getSystemupTime`, which sends `CMD_FACTORY_GETSYSUPTIME`.
  * @param pBuf Room for two ints, as the service defines them; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
@@ -1256,7 +1259,7 @@ KELUTV_API int linux_tv_Factory_getUDiskNum(int* pBuf);
 KELUTV_API int linux_tv_Factory_getSystemupTime(int* pBuf);
 
 /**
- * Hands the network's time to the set.
+ * Hands the service the time that the network gave.
  * Forwards to `Factory::setInternetTime`, which sends `CMD_FACTORY_SETINTERNETTIME`: `time`.
  * @param time Time as text.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null `time`, with nothing sent.
@@ -1264,7 +1267,7 @@ KELUTV_API int linux_tv_Factory_getSystemupTime(int* pBuf);
 KELUTV_API int linux_tv_Factory_setInternetTime(const char* time);
 
 /**
- * Reads the network's time.
+ * Reads the time that the network gave.
  * Forwards to `Factory::getInternetTime`, which sends `CMD_FACTORY_GETINTERNETTIME`.
  * @param pStr Receives the text, "19700101" without a terminator on failure. Must have room for all the service
  * sends.
@@ -1273,7 +1276,7 @@ KELUTV_API int linux_tv_Factory_setInternetTime(const char* time);
 KELUTV_API int linux_tv_Factory_getInternetTime(char* pStr);
 
 /**
- * Reads how many USB ports the platform has.
+ * Reads how many USB ports the platform supports.
  * Forwards to `Factory::getPlatFormSupportUsbNum`, which sends `CMD_FACTORY_GET_SUPPORTUSBNUM`.
  * @param pBuf Receives the number; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
@@ -1288,7 +1291,7 @@ KELUTV_API int linux_tv_Factory_getPlatFormSupportUsbNum(int* pBuf);
  */
 
 /**
- * Reads the status of each kind of key.
+ * Reads the burn status of each kind of key.
  * Forwards to `Factory::getBurnKeyStatus`, which sends `CMD_FACTORY_GETBURNKEYSTATUS`.
  * @param pBuf Room for 32 ints, in the service's order; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
@@ -1296,7 +1299,7 @@ KELUTV_API int linux_tv_Factory_getPlatFormSupportUsbNum(int* pBuf);
 KELUTV_API int linux_tv_Factory_getBurnKeyStatus(int* pBuf);
 
 /**
- * Burns the data of a conditional access card and reads the serial number.
+ * Burns data into one-time programmable memory and reads the serial number.
  * Forwards to `Factory::setStbOtpBurn`, which sends `CMD_FACTORY_SETSTBOTPBURN`: `CaCardKind`, `str`.
  * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
  * @param str Data.
@@ -1315,16 +1318,16 @@ KELUTV_API int linux_tv_Factory_setStbOtpBurn(int CaCardKind, const char* str, c
 KELUTV_API int linux_tv_Factory_getDtvSn(int cmdId, char* retSnData);
 
 /**
- * Reads whether the key for secure boot is burnt.
+ * Reads whether the RSA key is burnt into the one-time programmable memory.
  * Forwards to `Factory::getIsBurnOtpRsa`, which sends `CMD_FACTORY_GETISBURNOTPRSA`.
  * @return The status; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getIsBurnOtpRsa(void);
 
 /**
- * Reads which kinds of key a folder holds. Prints "get tv BurnKeyType fail,path is null,return -1" to standard
- * output for a null pointer.
- * Forwards to `Factory::getBurnKeyType`, which sends `CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE`: `path`.
+ * Reads which kinds of key are there to be burnt.
+ * Prints "get tv BurnKeyType fail,path is null,return -1" to standard output for a null pointer. Forwards to
+ * `Factory::getBurnKeyType`, which sends `CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE`: `path`.
  * @param path Path of the folder.
  * @param pSupportKeyList Receives the kinds, of `KELU_TV_MUL_KEY_E`, in the service's order. Must have room for all
  * the service sends; untouched without an entry.
@@ -1356,7 +1359,7 @@ KELUTV_API int linux_tv_Factory_ExDevInserted(const char* pData);
 KELUTV_API int linux_tv_Factory_setKeyData(int type, int* pData, int length, int checksum, int xorchecksum);
 
 /**
- * Hands over data that came over the network port.
+ * Hands over data of the network port.
  * Forwards to `Factory::setNetPortDataTransmission`, which sends `CMD_FACTORY_NETPORTDATATRAN`: `type`, `length`,
  * `checksum`, `xorchecksum`, the numbers.
  * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
@@ -1370,9 +1373,8 @@ KELUTV_API int linux_tv_Factory_setNetPortDataTransmission(int type, int* pData,
                                                            int xorchecksum);
 
 /**
- * Reads data for the network port.
- * Forwards to `Factory::getNetPortDataTransmission`, which sends `CMD_FACTORY_GET_NETPORTDATATRAN`: `type`,
- * `length`.
+ * Reads data of the network port.
+ * Forwards to `Factory::getNetPortDataTransmission`, which sends `CMD_FACTORY_GET_NETPORTDATATRAN`: `type`, `length`.
  * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
  * @param length How many numbers to read; none is read for 0 or less.
  * @param pBuf Room for `length` numbers; untouched on failure.
@@ -1388,28 +1390,28 @@ KELUTV_API int linux_tv_Factory_getNetPortDataTransmission(int type, int length,
  */
 
 /**
- * Tells whether the hardware has a router.
+ * Tells whether a router is supported.
  * Forwards to `Factory::isSupportRouter`, which sends `CMD_FACTORY_GET_IS_HW_SUPPORT_ROUTER`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_isSupportRouter(void);
 
 /**
- * Tells whether the hardware has a cable modem.
+ * Tells whether a cable modem is supported.
  * Forwards to `Factory::isSupportCableModem`, which sends `CMD_FACTORY_GET_IS_HW_SUPPORT_CABLE_MODEM`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_isSupportCableModem(void);
 
 /**
- * Tells whether the hardware has a wireless network.
+ * Tells whether a wireless network is supported.
  * Forwards to `Factory::isSupportWifi`, which sends `CMD_FACTORY_GET_IS_HW_SUPPORT_WIFI`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_isSupportWifi(void);
 
 /**
- * Tells whether the hardware has Ethernet over coaxial cable.
+ * Tells whether Ethernet over coaxial cable is supported.
  * Forwards to `Factory::isSupportEOC`, which sends `CMD_FACTORY_GET_IS_HW_SUPPORT_EOC`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
@@ -1430,7 +1432,7 @@ KELUTV_API int linux_tv_Factory_getDeviceMode(void);
 KELUTV_API int linux_tv_Factory_isOperatorCustomized(void);
 
 /**
- * Tells whether an external chip is there.
+ * Tells whether an external chip is supported.
  * Forwards to `Factory::isSupportExternChip`, which sends `CMD_FACOTRY_IS_SUPPORT_EXTERN_CHIP`: `chipType`.
  * @param chipType Chip as the service numbers it.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
@@ -1445,14 +1447,14 @@ KELUTV_API int linux_tv_Factory_isSupportExternChip(int chipType);
  */
 
 /**
- * Reads the test pattern of the projector.
+ * Reads the test pattern of the laser projector.
  * Forwards to `Factory::getLaserTVTestPattern`, which sends `CMD_FACTORY_GET_LASER_TEST_PATTERN`.
  * @return The pattern; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getLaserTVTestPattern(void);
 
 /**
- * Shows a test pattern of the projector.
+ * Sets the test pattern of the laser projector.
  * Forwards to `Factory::setLaserTVTestPattern`, which sends `CMD_FACTORY_SET_LASER_TEST_PATTERN`: `pattern`.
  * @param pattern Pattern as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1477,7 +1479,7 @@ KELUTV_API int linux_tv_Factory_getLaserWheelIndex(int wheel);
 KELUTV_API int linux_tv_Factory_setLaserWheelIndex(int wheel, int index);
 
 /**
- * Moves the focus motor.
+ * Moves the motor of the laser projector.
  * Forwards to `Factory::setMotorMove`, which sends `CMD_FACOTRY_SET_MOTOR_MOVE`: `move`.
  * @param move Movement as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1485,14 +1487,14 @@ KELUTV_API int linux_tv_Factory_setLaserWheelIndex(int wheel, int index);
 KELUTV_API int linux_tv_Factory_setMotorMove(int move);
 
 /**
- * Reads the brightness mode of the projector.
+ * Reads the brightness mode of the laser projector.
  * Forwards to `Factory::getLaserBrightMode`, which sends `CMD_FACOTRY_GET_LASER_BRIGHT_MODE`.
  * @return The mode; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getLaserBrightMode(void);
 
 /**
- * Chooses the brightness mode of the projector.
+ * Sets the brightness mode of the laser projector.
  * Forwards to `Factory::setLaserBrightMode`, which sends `CMD_FACOTRY_SET_LASER_BRIGHT_MODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1500,14 +1502,14 @@ KELUTV_API int linux_tv_Factory_getLaserBrightMode(void);
 KELUTV_API int linux_tv_Factory_setLaserBrightMode(int mode);
 
 /**
- * Reads the output mode of the projector.
+ * Reads the output mode of the laser projector.
  * Forwards to `Factory::getLaserPonputMode`, which sends `CMD_FACOTRY_GET_LASER_PONPUT_MODE`.
  * @return The mode; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getLaserPonputMode(void);
 
 /**
- * Chooses the output mode of the projector.
+ * Sets the output mode of the laser projector.
  * Forwards to `Factory::setLaserPonputMode`, which sends `CMD_FACOTRY_SET_LASER_PONPUT_MODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1515,14 +1517,14 @@ KELUTV_API int linux_tv_Factory_getLaserPonputMode(void);
 KELUTV_API int linux_tv_Factory_setLaserPonputMode(int mode);
 
 /**
- * Tells whether the projector protects the eyes of who comes near.
+ * Tells whether the eye shield mode of the laser projector is on.
  * Forwards to `Factory::getLaserEyeShieldMode`, which sends `CMD_FACOTRY_GET_LASER_EYE_SHIELD_MODE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Factory_getLaserEyeShieldMode(void);
 
 /**
- * Switches the protection of the eyes on or off.
+ * Switches the eye shield mode of the laser projector on or off.
  * Forwards to `Factory::setLaserEyeShieldMode`, which sends `CMD_FACOTRY_SET_LASER_EYE_SHIELD_MODE`: `mode`.
  * @param mode True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1530,7 +1532,7 @@ KELUTV_API int linux_tv_Factory_getLaserEyeShieldMode(void);
 KELUTV_API int linux_tv_Factory_setLaserEyeShieldMode(bool mode);
 
 /**
- * Reads a firmware version of the projector.
+ * Reads the version of a firmware of the laser projector.
  * Forwards to `Factory::getLaserFWVersion`, which sends `CMD_FACOTRY_GET_LASER_FW_VERSION`: `type`.
  * @param type Firmware as the service numbers it.
  * @param pStr Receives the text, "error" without a terminator on failure. Must have room for all the service sends.
@@ -1539,7 +1541,7 @@ KELUTV_API int linux_tv_Factory_setLaserEyeShieldMode(bool mode);
 KELUTV_API int linux_tv_Factory_getLaserFWVersion(int type, char* pStr);
 
 /**
- * Sets an item of the projector.
+ * Sets one item of the laser projector.
  * Forwards to `Factory::setLaserItemValue`, which sends `CMD_FACOTRY_SET_LASER_ITEM_VALUE`: `cmdID`, `param1`,
  * `param2`, `param3`, `param4`.
  * @param cmdID Item as the service numbers it.
@@ -1552,7 +1554,7 @@ KELUTV_API int linux_tv_Factory_getLaserFWVersion(int type, char* pStr);
 KELUTV_API int linux_tv_Factory_setLaserItemValue(int cmdID, int param1, int param2, int param3, int param4);
 
 /**
- * Reads an item of the projector.
+ * Reads one item of the laser projector.
  * Forwards to `Factory::getLaserItemValue`, which sends `CMD_FACOTRY_GET_LASER_ITEM_VALUE`: `cmdID`, `param`.
  * @param cmdID Item as the service numbers it.
  * @param param Value as the item defines it, 0 where it has none.
@@ -1562,7 +1564,7 @@ KELUTV_API int linux_tv_Factory_setLaserItemValue(int cmdID, int param1, int par
 KELUTV_API int linux_tv_Factory_getLaserItemValue(int cmdID, int param, int* pBuf);
 
 /**
- * Sets an item of the projector that is a text.
+ * Sets one item of the laser projector that is a text.
  * Forwards to `Factory::setLaserItemStringValue`, which sends `CMD_FACOTRY_SET_LASER_ITEM_STRING_VALUE`: `cmdID`,
  * `param`, `stringParam`.
  * @param cmdID Item as the service numbers it.
@@ -1581,7 +1583,7 @@ KELUTV_API int linux_tv_Factory_setLaserItemStringValue(int cmdID, int param, co
  */
 
 /**
- * Reads an item of the picture chip.
+ * Reads one item of the external picture chip.
  * Forwards to `Factory::getNTPQItemValue`, which sends `CMD_FACTORY_GET_NTPQITEMVALUE`: `channel`, `cmdId`.
  * @param channel Channel of the chip.
  * @param cmdId Item as the service numbers it.
@@ -1590,7 +1592,7 @@ KELUTV_API int linux_tv_Factory_setLaserItemStringValue(int cmdID, int param, co
 KELUTV_API int linux_tv_Factory_getNTPQItemValue(int channel, int cmdId);
 
 /**
- * Sets an item of the picture chip.
+ * Sets one item of the external picture chip.
  * Forwards to `Factory::setNTPQItemValue`, which sends `CMD_FACTORY_SET_NTPQITEMVALUE`: `channel`, `cmdId`, `value`.
  * @param channel Channel of the chip.
  * @param cmdId Item as the service numbers it.
@@ -1600,7 +1602,7 @@ KELUTV_API int linux_tv_Factory_getNTPQItemValue(int channel, int cmdId);
 KELUTV_API int linux_tv_Factory_setNTPQItemValue(int channel, int cmdId, int value);
 
 /**
- * Reads the version of the picture chip.
+ * Reads the version of the external picture chip.
  * Forwards to `Factory::getNTPQPlatFormVer`, which sends `CMD_FACTORY_GET_NTPQPLATFORMVER`.
  * @param pStr Receives the text; untouched on failure and when the reply has none. Must have room for all the
  * service sends.
@@ -1609,7 +1611,7 @@ KELUTV_API int linux_tv_Factory_setNTPQItemValue(int channel, int cmdId, int val
 KELUTV_API int linux_tv_Factory_getNTPQPlatFormVer(char* pStr);
 
 /**
- * Upgrades the picture chip.
+ * Upgrades the external picture chip.
  * Forwards to `Factory::upgradeNTPQIC`, which sends `CMD_FACOTRY_UPGRADENTPQIC`: `chipId`, `path`.
  * @param chipId Chip as the service numbers it.
  * @param path Path of the image.
@@ -1618,7 +1620,7 @@ KELUTV_API int linux_tv_Factory_getNTPQPlatFormVer(char* pStr);
 KELUTV_API int linux_tv_Factory_upgradeNTPQIC(int chipId, const char* path);
 
 /**
- * Reads a value of the panel controller.
+ * Reads the answer of the NT72315 chip to a command.
  * Forwards to `Factory::getNT72315Command`, which sends `CMD_FACTORY_GET_NT72315_COMMAND`: `mainCmd`, `subCmd`,
  * `value`.
  * @param mainCmd Command of the controller.
@@ -1629,7 +1631,7 @@ KELUTV_API int linux_tv_Factory_upgradeNTPQIC(int chipId, const char* path);
 KELUTV_API int linux_tv_Factory_getNT72315Command(int mainCmd, int subCmd, int value);
 
 /**
- * Sets a value of the panel controller.
+ * Sends a command to the NT72315 chip.
  * Forwards to `Factory::setNT72315Command`, which sends `CMD_FACTORY_SET_NT72315_COMMAND`: `mainCmd`, `subCmd`,
  * `value`.
  * @param mainCmd Command of the controller.
@@ -1640,7 +1642,7 @@ KELUTV_API int linux_tv_Factory_getNT72315Command(int mainCmd, int subCmd, int v
 KELUTV_API int linux_tv_Factory_setNT72315Command(int mainCmd, int subCmd, int value);
 
 /**
- * Reads the version of the interface chip.
+ * Reads the version of the EP9169 chip.
  * Forwards to `Factory::getEP9169PlatFormVer`, which sends `CMD_FACTORY_GET_EP9169FORMVER`.
  * @param pVersion Receives the text; untouched on failure and when the reply has none. Must have room for all the
  * service sends.
@@ -1649,7 +1651,7 @@ KELUTV_API int linux_tv_Factory_setNT72315Command(int mainCmd, int subCmd, int v
 KELUTV_API int linux_tv_Factory_getEP9169PlatFormVer(char* pVersion);
 
 /**
- * Upgrades the interface chip.
+ * Upgrades the EP9169 chip.
  * Forwards to `Factory::upgradeEP9169IC`, which sends `CMD_FACOTRY_UPGRADEEP9169IC`: `pathName`.
  * @param pathName Path of the image.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null `pathName`, with nothing sent.
@@ -1950,7 +1952,7 @@ KELUTV_API int linux_tv_Factory_getVoiceCuesEnable(bool* pEnable);
 KELUTV_API int linux_tv_Factory_setVoiceCuesEnable(bool enable);
 
 /**
- * Tells whether the presentation of the shop is on.
+ * Tells whether the presentation is on.
  * Reads the item `CMDID_FACTORY_GET_PRESENTATION_ENABLE`: 0, 0.
  * @param pEnable Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -1958,7 +1960,7 @@ KELUTV_API int linux_tv_Factory_setVoiceCuesEnable(bool enable);
 KELUTV_API int linux_tv_Factory_getPresentationEnable(bool* pEnable);
 
 /**
- * Switches the presentation of the shop on or off.
+ * Switches the presentation on or off.
  * Sets the item `CMDID_FACTORY_SET_PRESENTATION_ENABLE`: `enable`, 0, 0, 0.
  * @param enable True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -2037,7 +2039,7 @@ KELUTV_API int linux_tv_factory_getLvdsPort(int* pPort);
 KELUTV_API int linux_tv_factory_setLvdsPort(int port);
 
 /**
- * Reads a time of the panel's start sequence.
+ * Reads one value of the panel's start sequence.
  * Reads the item `CMDID_FACTORY_GET_PANEL_BOOT_SEQUENCE`: `type`, 0.
  * @param type Time as the service numbers it.
  * @param pValue Receives the time, 0 on failure; may be null.
@@ -2046,7 +2048,7 @@ KELUTV_API int linux_tv_factory_setLvdsPort(int port);
 KELUTV_API int linux_tv_factory_getPanelSequence(int type, int* pValue);
 
 /**
- * Sets a time of the panel's start sequence.
+ * Sets one value of the panel's start sequence.
  * Sets the item `CMDID_FACTORY_SET_PANEL_BOOT_SEQUENCE`: `type`, `value`, 0, 0.
  * @param type Time as the service numbers it.
  * @param value Time; the service enforces the range.
@@ -2111,7 +2113,7 @@ KELUTV_API int linux_tv_Factory_setAvcGain(double value);
 KELUTV_API int linux_tv_Factory_getAvcGain(double* pValue);
 
 /**
- * Reads the temperature of the processor.
+ * Reads the current temperature.
  * Reads the item `CMDID_FACTORY_GET_SOC_TEMP`: `KELU_MW_SOC_TEMP_REAL`, 0.
  * @param value Receives the temperature, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -2119,7 +2121,7 @@ KELUTV_API int linux_tv_Factory_getAvcGain(double* pValue);
 KELUTV_API int linux_tv_Factory_getCurrentTemperature(int* value);
 
 /**
- * Reads the highest temperature the processor ever had.
+ * Reads the highest temperature on record.
  * Reads the item `CMDID_FACTORY_GET_SOC_TEMP`: `KELU_MW_SOC_TEMP_HISTORY_MAX`, 0.
  * @param value Receives the temperature, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -2134,7 +2136,7 @@ KELUTV_API int linux_tv_Factory_getHistoryMaxTemperature(int* value);
  */
 
 /**
- * Burns all keys of a folder.
+ * Burns all keys of a path.
  * Sets the text item `CMDID_FACTORY_SET_SEA_ALL_KEY_BURN`: 0, `str`, 0.
  * @param str Path of the folder.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -2168,14 +2170,14 @@ KELUTV_API int linux_tv_Factory_getKeySupportStatus(int keyType, bool* pIsKeySup
  */
 
 /**
- * Deletes the presentation of the shop.
+ * Deletes the data of the presentation.
  * Sets the item `CMDID_FACTORY_DEL_PRESENTATION_DATA`: 0, 0, 0, 0.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_deletePresentationData(void);
 
 /**
- * Copies the presentation of the shop from a file.
+ * Copies the data of the presentation from a path.
  * Sets the text item `CMDID_FACTORY_COPY_PRESENTATION_DATA`: 0, `pPath`, 0.
  * @param pPath Path of the file.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -2257,7 +2259,7 @@ KELUTV_API int linux_tv_factory_copyPresetChannelDB2USB(char* pPath, int type);
 KELUTV_API int linux_tv_factory_presetChannel(char* pName);
 
 /**
- * Hands over what is known of an update over the air.
+ * Hands over the data of an update over the air.
  * Sets the text item `CMDID_FACTORY_SET_OTA_UPDATE`: `bUpdate`, `pData`, 0.
  * @param pData Description of the update.
  * @param bUpdate True asks for the update.

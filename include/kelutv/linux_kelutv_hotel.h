@@ -40,7 +40,7 @@ KELUTV_API int SetHotelEnable(bool enable);
 KELUTV_API int GetHotelEnable(bool* pEnable);
 
 /**
- * Switches the keypad at the front on or off.
+ * Switches the hotel mode's setting of the keypad on or off.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_KEYPAD`: `enable`, 0, 0, 0.
  * @param enable As the service takes it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -48,7 +48,7 @@ KELUTV_API int GetHotelEnable(bool* pEnable);
 KELUTV_API int SetHotelKeypadEnable(bool enable);
 
 /**
- * Tells whether the keypad at the front is on.
+ * Tells whether the hotel mode's setting of the keypad is on.
  * Reads the factory item `CMDID_FACTORY_GET_HOTEL_KEYPAD`: 0, 0.
  * @param pEnable Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -56,7 +56,7 @@ KELUTV_API int SetHotelKeypadEnable(bool enable);
 KELUTV_API int GetHotelKeypadEnable(bool* pEnable);
 
 /**
- * Opens or closes the set-up menu.
+ * Switches the hotel mode's setting of the set-up menu on or off.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_SETUP_MENU_ENABLE`: `enable`, 0, 0, 0.
  * @param enable True opens it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -64,7 +64,7 @@ KELUTV_API int GetHotelKeypadEnable(bool* pEnable);
 KELUTV_API int SetHotelSetupMenuEnable(bool enable);
 
 /**
- * Tells whether the set-up menu is open.
+ * Tells whether the hotel mode's setting of the set-up menu is on.
  * Reads the factory item `CMDID_FACTORY_GET_HOTEL_SETUP_MENU_ENABLE`: 0, 0.
  * @param pEnable Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -79,7 +79,7 @@ KELUTV_API int GetHotelSetupMenuEnable(bool* pEnable);
  */
 
 /**
- * Sets the ceiling of the volume.
+ * Sets the highest volume of the hotel mode.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_MAX_VOLUME`: `volume`, 0, 0, 0.
  * @param volume Volume; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -87,7 +87,7 @@ KELUTV_API int GetHotelSetupMenuEnable(bool* pEnable);
 KELUTV_API int SetHotelMaxVolume(int volume);
 
 /**
- * Reads the ceiling of the volume.
+ * Reads the highest volume of the hotel mode.
  * Reads the factory item `CMDID_FACTORY_GET_HOTEL_MAX_VOLUME`: 0, 0.
  * @param pVolume Receives the volume, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -95,7 +95,7 @@ KELUTV_API int SetHotelMaxVolume(int volume);
 KELUTV_API int GetHotelMaxVolume(int* pVolume);
 
 /**
- * Sets the volume at power-on.
+ * Sets the start volume of the hotel mode.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_VOLUME`: `volume`, 0, 0, 0.
  * @param volume Volume; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -103,7 +103,7 @@ KELUTV_API int GetHotelMaxVolume(int* pVolume);
 KELUTV_API int SetHotelBootVolume(int volume);
 
 /**
- * Reads the volume at power-on.
+ * Reads the start volume of the hotel mode.
  * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_VOLUME`: 0, 0.
  * @param pVolume Receives the volume, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -111,7 +111,7 @@ KELUTV_API int SetHotelBootVolume(int volume);
 KELUTV_API int GetHotelBootVolume(int* pVolume);
 
 /**
- * Chooses the source at power-on.
+ * Chooses the start source of the hotel mode.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_SRC`: `src`, 0, 0, 0.
  * @param src One of `KELU_TV_SRC_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -119,7 +119,7 @@ KELUTV_API int GetHotelBootVolume(int* pVolume);
 KELUTV_API int SetHotelBootSrc(int src);
 
 /**
- * Reads the source at power-on.
+ * Reads the start source of the hotel mode.
  * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_SRC`: 0, 0.
  * @param pSrc Receives one of `KELU_TV_SRC_E`, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -127,7 +127,7 @@ KELUTV_API int SetHotelBootSrc(int src);
 KELUTV_API int GetHotelBootSrc(int* pSrc);
 
 /**
- * Chooses the channel at power-on.
+ * Chooses the start channel of the hotel mode.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_CHANNEL`: `tvmode`, `channel`, 0, 0.
  * @param tvmode Kind of television as the service numbers it.
  * @param channel Channel; the service enforces the range.
@@ -136,7 +136,7 @@ KELUTV_API int GetHotelBootSrc(int* pSrc);
 KELUTV_API int SetHotelBootChannel(int tvmode, int channel);
 
 /**
- * Reads the channel at power-on.
+ * Reads the start channel of the hotel mode.
  * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_CHANNEL`: 0, 0.
  * @param pTvmode Receives the kind of television as the service numbers it, 0 on failure; may be null.
  * @param pChannel Receives the channel, 0 on failure; may be null.
@@ -152,7 +152,7 @@ KELUTV_API int GetHotelBootChannel(int* pTvmode, int* pChannel);
  */
 
 /**
- * Sets all hotel settings back to their defaults.
+ * Restores the hotel settings.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_RESTORE`: 0, 0, 0, 0.
  * @return The service's result, 0 for success; -1 when the link fails.
  */

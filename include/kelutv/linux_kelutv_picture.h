@@ -112,9 +112,9 @@ KELUTV_API int linux_tv_Picture_exitAlbumPlay(void);
 KELUTV_API int linux_tv_Picture_restorePictureSets(void);
 
 /**
- * Tries out one value of the image inside a picture mode, and prints the arguments to standard error first.
+ * Tries out one value of the image inside a picture mode.
  * Forwards to `Picture::debugPictureModePara`, which sends `CMD_PICTURE_DEBUGTPICTUREMODEPARA`: `pictureMode`,
- * `imagePara`, `value`.
+ * `imagePara`, `value`. Prints the arguments to standard error first.
  * @param pictureMode Index of the mode among those of the stream type at hand.
  * @param imagePara One of `KELU_TV_PIC_IMAGE_E`.
  * @param value Value; the service enforces the range.
@@ -407,7 +407,7 @@ KELUTV_API int linux_tv_Picture_setLocalDimmingDemoMode(int mode);
 KELUTV_API int linux_tv_Picture_getLocalDimmingDemoMode(void);
 
 /**
- * Tells whether the running light of local dimming is at work.
+ * Reads whether the running light of local dimming is at work.
  * Forwards to `Picture::getLDHorseLightIsRunning`, which sends `CMD_PICTURE_GETLDHORSELIGHT_ISRUNNING`.
  * @return False for the service's 0; true for any other answer, a failure included.
  */
@@ -921,7 +921,7 @@ KELUTV_API int linux_tv_Picture_setHdrMode(int hdrMode);
 KELUTV_API int linux_tv_Picture_getHdrMode(void);
 
 /**
- * Sets the widening of standard to high dynamic range.
+ * Sets the mode of the conversion from standard to high dynamic range.
  * Forwards to `Picture::setSdrToHdrMode`, which sends `CMD_PICTURE_SETSDRTOHDRMODE`: `mode`.
  * @param mode Mode as the service numbers it; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -929,7 +929,7 @@ KELUTV_API int linux_tv_Picture_getHdrMode(void);
 KELUTV_API int linux_tv_Picture_setSdrToHdrMode(int mode);
 
 /**
- * Reads the widening of standard to high dynamic range.
+ * Reads the mode of the conversion from standard to high dynamic range.
  * Forwards to `Picture::getSdrToHdrMode`, which sends `CMD_PICTURE_GETSDRTOHDRMODE`.
  * @return The mode; -1 when the service or the link fails.
  */
@@ -1015,7 +1015,7 @@ KELUTV_API int linux_tv_Picture_enableGameMode(bool bEnable);
 KELUTV_API int linux_tv_Picture_isGameModeEnable(void);
 
 /**
- * Chooses whether the picture is treated as a computer's.
+ * Chooses the PC mode of the picture.
  * Forwards to `Picture::setPcMode`, which sends `CMD_PICTURE_SETPCMODE`: `mode`.
  * @param mode One of `KELU_MW_PCMODE_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1023,7 +1023,7 @@ KELUTV_API int linux_tv_Picture_isGameModeEnable(void);
 KELUTV_API int linux_tv_Picture_setPcMode(int mode);
 
 /**
- * Reads whether the picture is treated as a computer's.
+ * Reads the PC mode of the picture.
  * Forwards to `Picture::GetPcMode`, which sends `CMD_PICTURE_GETPCMODE`.
  * @return One of `KELU_MW_PCMODE_E`; -1 when the service or the link fails.
  */
@@ -1075,7 +1075,7 @@ KELUTV_API int linux_tv_Picture_getVideoScreenShot(int width, int height, const 
  */
 
 /**
- * Reads which positions a setting has.
+ * Reads the supported mode of one setting.
  * Forwards to `Picture::getCMDSupportedMode`, which sends `CMD_PICTURE_GETCMDSUPPORTEDMODE`: `mSwitch`.
  * @param mSwitch One of `KELU_TV_SUPPORT_SWITCH_E`.
  * @return One of `KELU_TV_SUPPORT_SWITCH_MODE_E`; -1 when the service or the link fails.
@@ -1083,7 +1083,7 @@ KELUTV_API int linux_tv_Picture_getVideoScreenShot(int width, int height, const 
 KELUTV_API int linux_tv_Picture_getCMDSupportedMode(int mSwitch);
 
 /**
- * Reads whether the set has one function.
+ * Reads whether one picture function is enabled.
  * Forwards to `Picture::getPictureFunctionEnable`, which sends `CMD_PICTURE_GETPICTUREFUNTIONENABLE`: `func`.
  * @param func One of `KELU_TV_PICTURE_FUNC_E`.
  * @return The answer as the service gives it, 0 for not; -1 when the service or the link fails.

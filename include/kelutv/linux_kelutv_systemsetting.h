@@ -33,14 +33,14 @@ extern "C" {
 KELUTV_API int linux_tv_SystemSetting_restoreDefault(void);
 
 /**
- * Tells whether the screen turns blue without a signal.
+ * Tells whether the blue screen is on.
  * Forwards to `SystemSetting::isScreenBlueEnable`, which sends `CMD_SYSTEM_GETSCREENBLUE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isScreenBlueEnable(void);
 
 /**
- * Makes the screen blue without a signal, or leaves it black.
+ * Switches the blue screen on or off.
  * Forwards to `SystemSetting::enableScreenBlue`, which sends `CMD_SYSTEM_SETSCREENBLUE`: `onoff`.
  * @param onoff True makes it blue.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -48,7 +48,7 @@ KELUTV_API int linux_tv_SystemSetting_isScreenBlueEnable(void);
 KELUTV_API int linux_tv_SystemSetting_enableScreenBlue(bool onoff);
 
 /**
- * Fixes the frame rate that the panel is driven with.
+ * Sets the fixed output frame rate of the panel.
  * Forwards to `SystemSetting::setDispFixOutRate`, which sends `CMD_SYSTEM_SETPANELFIXOUTRATE`: `fixFrmRate`.
  * @param fixFrmRate Frame rate as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -118,7 +118,7 @@ KELUTV_API int linux_tv_SystemSetting_resume(int powerType);
 KELUTV_API int linux_tv_SystemSetting_setStandbyReason(int reason);
 
 /**
- * Switches the half standby on or off.
+ * Sets the half standby.
  * Forwards to `SystemSetting::setHalfStandby`, which sends `CMD_SYSTEM_SETHALFSTANDBY`: `value`.
  * @param value Value as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -133,14 +133,14 @@ KELUTV_API int linux_tv_SystemSetting_setHalfStandby(int value);
 KELUTV_API int linux_tv_SystemSetting_getHalfStandby(void);
 
 /**
- * Reads what woke the television.
+ * Reads the wake-up mode.
  * Forwards to `SystemSetting::getWakeupMode`, which sends `CMD_SYSTEM_GETWAKEUPMODE`.
  * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getWakeupMode(void);
 
 /**
- * Reads how the television was last switched off.
+ * Reads the mode of the last power-off.
  * Forwards to `SystemSetting::getLastPowerOffMode`, which sends `CMD_SYSTEM_GETLASTPOWEROFFMODE`.
  * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
@@ -163,7 +163,7 @@ KELUTV_API int linux_tv_SystemSetting_getLastPowerOffMode(void);
 KELUTV_API int linux_tv_SystemSetting_getBootVersion(char* pStr);
 
 /**
- * Names the picture that is shown while the television starts.
+ * Sets the path of the boot picture.
  * Forwards to `SystemSetting::setBootPicPath`, which sends `CMD_SYSTEM_SETBOOTPICPATH`: `path`.
  * @param pathName Path of the picture.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null path, with nothing sent or
@@ -172,14 +172,14 @@ KELUTV_API int linux_tv_SystemSetting_getBootVersion(char* pStr);
 KELUTV_API int linux_tv_SystemSetting_setBootPicPath(const char* pathName);
 
 /**
- * Reads what the television starts into.
+ * Reads the start mode of the television.
  * Forwards to `SystemSetting::getTvStartMode`, which sends `CMD_SYSTEM_GET_TV_START_MODE`.
  * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getTvStartMode(void);
 
 /**
- * Chooses what the television starts into.
+ * Chooses the start mode of the television.
  * Forwards to `SystemSetting::setTvStartMode`, which sends `CMD_SYSTEM_SET_TV_START_MODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -194,14 +194,14 @@ KELUTV_API int linux_tv_SystemSetting_setTvStartMode(int mode);
  */
 
 /**
- * Tells whether the keys at the set itself work.
+ * Tells whether the keys on the low-speed converter (LSADC) are on.
  * Forwards to `SystemSetting::isLSADCKeyEnable`, which sends `CMD_SYSTEM_GETLSADCKEY`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isLSADCKeyEnable(void);
 
 /**
- * Switches the keys at the set itself on or off.
+ * Switches the keys on the low-speed converter (LSADC) on or off.
  * Forwards to `SystemSetting::enableLSADCKey`, which sends `CMD_SYSTEM_SETLSADCKEY`: `onoff`.
  * @param onoff True switches them on.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -209,8 +209,9 @@ KELUTV_API int linux_tv_SystemSetting_isLSADCKeyEnable(void);
 KELUTV_API int linux_tv_SystemSetting_enableLSADCKey(bool onoff);
 
 /**
- * Reports a key to the service, logged at info priority under the tag "TVBASEMW@linuxSystemSetting" first.
- * Forwards to `SystemSetting::reportKeyEvent`, which sends `CMD_SYSTEM_SET_REPOKEYEVENT`: `iKeyValue`, `iStatus`.
+ * Reports a key to the service.
+ * Forwards to `SystemSetting::reportKeyEvent`, which sends `CMD_SYSTEM_SET_REPOKEYEVENT`: `iKeyValue`, `iStatus`. The
+ * key is logged first, at info priority under the tag "TVBASEMW@linuxSystemSetting".
  * @param iKeyValue The key.
  * @param iStatus Whether it was pressed or released.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -268,30 +269,31 @@ KELUTV_API int linux_tv_SystemSetting_isSoundbarModeEnable(void);
  */
 
 /**
- * Tells whether the panel is an OLED panel.
+ * Tells whether OLED is enabled.
  * Forwards to `SystemSetting::isOledEnabled`, which sends `CMD_SYSTEM_OLEDENABLED`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isOledEnabled(void);
 
 /**
- * Repairs the panel. A get command by its form: the answer is a value behind a result.
- * Forwards to `SystemSetting::OledJbOffrsRepairProc`, which sends `CMD_SYSTEM_OLEDREPAIRPROC`.
+ * Asks for the JB and OFFRS repair of the OLED panel.
+ * A get command by its form: the answer is a value behind a result. Forwards to `SystemSetting::OledJbOffrsRepairProc`,
+ * which sends `CMD_SYSTEM_OLEDREPAIRPROC`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_OledJbOffrsRepairProc(void);
 
 /**
- * Reads how long the panel was in use since its last repair.
+ * Reads the OFFRS time of the OLED panel.
  * Forwards to `SystemSetting::getOledOffRsTime`, which sends `CMD_SYSTEM_GETOLEDOFFRSTIME`.
  * @return The time as the service counts it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getOledOffRsTime(void);
 
 /**
- * Starts the repair that runs while the panel is off. A get command by its form: the answer is a value behind a
- * result.
- * Forwards to `SystemSetting::setPanelOffrsRepair`, which sends `CMD_SYSTEM_SETOLEDOFFRSPROC`.
+ * Asks for the OFFRS repair of the OLED panel.
+ * A get command by its form: the answer is a value behind a result. Forwards to `SystemSetting::setPanelOffrsRepair`,
+ * which sends `CMD_SYSTEM_SETOLEDOFFRSPROC`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_setPanelOffrsRepair(void);
@@ -359,14 +361,14 @@ KELUTV_API int linux_tv_SystemSetting_setBoxOutputFormat(int format);
  */
 
 /**
- * Reads whether the screen closes by itself.
+ * Reads whether the AI close-screen mode is on.
  * Forwards to `SystemSetting::getAICloseScreenMode`, which sends `CMD_SYSTEM_GET_AICLOSESCREENMODE`.
  * @return False for the service's 0; true for any other answer, a failure included.
  */
 KELUTV_API bool linux_tv_SystemSetting_getAICloseScreenMode(void);
 
 /**
- * Lets the screen close by itself, or not.
+ * Sets the AI close-screen mode.
  * Forwards to `SystemSetting::setAICloseScreenMode`, which sends `CMD_SYSTEM_SET_AICLOSESCREENMODE`: `mode`.
  * @param mode True lets it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -374,7 +376,7 @@ KELUTV_API bool linux_tv_SystemSetting_getAICloseScreenMode(void);
 KELUTV_API int linux_tv_SystemSetting_setAICloseScreenMode(bool mode);
 
 /**
- * Lets a screen that closed by itself go into standby, or not.
+ * Sets the standby of the AI close-screen mode.
  * Forwards to `SystemSetting::setAIScreenStandby`, which sends `CMD_SYSTEM_SET_AICLOSESCREENSTANDBY`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result as a flag: false for success, true for a failure.
@@ -382,7 +384,7 @@ KELUTV_API int linux_tv_SystemSetting_setAICloseScreenMode(bool mode);
 KELUTV_API bool linux_tv_SystemSetting_setAIScreenStandby(int mode);
 
 /**
- * Tells whether the television can go into standby by itself.
+ * Tells whether AI standby is supported.
  * Forwards to `SystemSetting::isSupportAIStandby`, which sends `CMD_SYSTEM_GETISSUPPORTAISTANDBY`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
@@ -526,7 +528,7 @@ KELUTV_API int linux_tv_SystemSetting_setMarketModeEnable(bool enable);
 KELUTV_API int linux_tv_SystemSetting_getMarketModeEnable(bool* pEnable);
 
 /**
- * Asks for one event, or for it no longer.
+ * Registers one event with the service, or takes that back.
  * Sets the item `CMDID_SYSTEM_SET_CALLBACK_EVNET`: `event`, `isRegigster`, 0, 0.
  * @param event Event as the service numbers it.
  * @param isRegigster True asks for it.
@@ -559,7 +561,7 @@ KELUTV_API int linux_tv_SystemSetting_setSoftwareDebugMode(int mode);
 KELUTV_API int linux_tv_SystemSetting_getSoftwareDebugMode(int* pMode);
 
 /**
- * Tells the service how far the video shown at the start is.
+ * Tells the service the status of the boot video.
  * Sets the item `CMDID_SYSTEM_SET_BOOTVIDEO_STATUS`: `status`, 0, 0, 0.
  * @param status Status as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -567,7 +569,7 @@ KELUTV_API int linux_tv_SystemSetting_getSoftwareDebugMode(int* pMode);
 KELUTV_API int linux_tv_SystemSetting_SetBootVideoStatus(int status);
 
 /**
- * Tells the service how far the start of the applications is.
+ * Tells the service the initialisation status of the applications.
  * Sets the item `CMDID_SYSTEM_SET_APPINIT_STATUS`: `status`, 0, 0, 0.
  * @param status Status as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -598,7 +600,7 @@ KELUTV_API int linux_tv_SystemSetting_setScreenOn(bool onOff);
 KELUTV_API int linux_tv_SystemSetting_getScreenOn(bool* pOnOff);
 
 /**
- * Tells the service what the vertical synchronisation does.
+ * Tells the service the status of the vertical synchronisation.
  * Sets the item `CMDID_SYSTEM_SET_VSYNC_STATUS`: `status`, 0, 0, 0.
  * @param status Status as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -606,7 +608,7 @@ KELUTV_API int linux_tv_SystemSetting_getScreenOn(bool* pOnOff);
 KELUTV_API int linux_tv_SystemSetting_SetVsyncStatus(int status);
 
 /**
- * Reads the range in which analogue channels are searched.
+ * Reads the range of the analogue channel scan.
  * Reads the item `CMDID_SYSTEM_GET_ATV_SCAN_RANGE`: 0, 0.
  * @param pMinFre Receives the lowest frequency as the service counts it; 0 on failure; may be null.
  * @param pMaxFre Receives the highest; 0 on failure; may be null.

@@ -163,7 +163,7 @@ KELUTV_API int linux_tv_Video_getVideoItemValue(int cmdID, int param1, int param
  */
 
 /**
- * Tells the decoder of analogue video what it is used for.
+ * Chooses the work mode of the decoder of analogue video.
  * Sets the item `CMDID_VIDEO_SET_WORKMODE`: `workMode`, 0, 0, 0.
  * @param workMode The use.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -204,7 +204,7 @@ KELUTV_API int linux_tv_Video_get625Mode(bool* pbIs625);
 KELUTV_API int linux_tv_Video_isSignalLock(bool* signalLock);
 
 /**
- * Reads what the television receives.
+ * Reads the list of what the television supports.
  * Reads the item `CMDID_VIDEO_GET_TV_SUPPORTLIST`: 0, 0.
  * @param pList Room for 255 entries, values as the service numbers them; untouched on failure. May be null.
  * @param length Receives the count as the service gives it, of which at most 255 entries are there; 0 on failure. May
