@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The catalogue of the library's operations: reading, checking, and what other programs derive from it.
 
-    python3 catalogue/catalogue.py check                 every table against the headers and the hand-written tests
+    python3 catalogue/catalogue.py check                 every table against the headers, their comments and the hand-written tests
     python3 catalogue/catalogue.py list                  every operation, one a line
     python3 catalogue/catalogue.py exports               every symbol the library exports
     python3 catalogue/catalogue.py show Audio::setMute   one operation in full
@@ -16,6 +16,8 @@ import sys
 from dataclasses import dataclass
 from pathlib import Path
 
+from comments import check_comments
+from docs import read_docs
 from model import Catalogue, Function, Method, Operation, Reply, State, WireItem
 from reader import read_catalogue
 from tables import CatalogueError
@@ -155,6 +157,7 @@ def describe(operation: Operation) -> str:
 
 def _check(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
     complaints = check_irregular(catalogue, arguments.tests)
+    complaints += check_comments(catalogue, read_docs(arguments.include))
     for complaint in complaints:
         print(complaint, file=sys.stderr)
     if not complaints:

@@ -332,7 +332,7 @@ public:
     /**
      * Asks for the karaoke initialisation of the sound output, or for its end.
      * Sends `CMD_AUDIO_SETAUDIOOUTKTVINIT`: `isInit`.
-     * @param isInit True prepares it.
+     * @param isInit True for the initialisation.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setAudioOutKtvInit(bool isInit);

@@ -46,7 +46,7 @@ public:
     /**
      * Switches the automatic power-off of CEC devices on or off.
      * Sends `CMD_CONFIG_SET_DEVICEAUTO_POWEROFF`: `aSwitch`.
-     * @param aSwitch True has them switched off.
+     * @param aSwitch True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int SetCECDeviceAutoPowerOff(bool aSwitch);
@@ -63,7 +63,7 @@ public:
     /**
      * Switches the automatic power-on of the television by CEC on or off.
      * Sends `CMD_CONFIG_SET_TVAUTO_POWERON`: `aSwitch`.
-     * @param aSwitch True lets it.
+     * @param aSwitch True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int SetCECTVAutoPowerOn(bool aSwitch);
@@ -80,7 +80,7 @@ public:
     /**
      * Switches the automatic power-off of the television by CEC on or off.
      * Sends `CMD_CONFIG_SET_TVAUTO_POWEROFF`: `aSwitch`.
-     * @param aSwitch True lets it.
+     * @param aSwitch True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int SetCECTvAutoPowerOff(bool aSwitch);

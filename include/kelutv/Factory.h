@@ -46,7 +46,7 @@ public:
     /**
      * Reads the gains and offsets of the analogue converter.
      * Sends `CMD_FACTORY_GETADCGAINOFFSET`: `srcId`.
-     * @param srcId Source, of `KELU_TV_SRC_E`.
+     * @param srcId Source, one of `KELU_TV_SRC_E`.
      * @return The record; all zeros when the service or the link fails.
      */
     CalibrationInfo getADCGainOffset(int srcId);
@@ -55,7 +55,7 @@ public:
      * Sets the gains and offsets of the analogue converter.
      * Sends `CMD_FACTORY_SETADCGAINOFFSET`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
      * `blueOffset`.
-     * @param srcId Source, of `KELU_TV_SRC_E`.
+     * @param srcId Source, one of `KELU_TV_SRC_E`.
      * @param info Gains and offsets; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -64,7 +64,7 @@ public:
     /**
      * Reads the gains and offsets of a colour temperature.
      * Sends `CMD_FACTORY_GETCOLORTEMP`: `colorTempLevel`.
-     * @param colorTempLevel Colour temperature, of `KELU_TV_COLORTEMP_E`.
+     * @param colorTempLevel Colour temperature, one of `KELU_TV_COLORTEMP_E`.
      * @return The record; all zeros when the service or the link fails.
      */
     ColorTempData getColorTemp(int colorTempLevel);
@@ -73,7 +73,8 @@ public:
      * Sets the gains and offsets of the colour temperature.
      * Sends `CMD_FACTORY_SETCOLORTEMP`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
      * `blueOffset`.
-     * @param srcId Source or colour temperature, as the service understands it.
+     * @param srcId Source by its name, one of `KELU_TV_SRC_E`; the reading operation has a colour temperature in its
+     * place.
      * @param info Gains and offsets; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -82,7 +83,7 @@ public:
     /**
      * Reads the five points of a non-linear curve.
      * Sends `CMD_FACTORY_GETNLAPOINT`: `item`, `srcId`.
-     * @param item Adjustment as the service numbers it.
+     * @param item Curve as the service numbers it.
      * @param srcId Source.
      * @return The record; all zeros when the service or the link fails.
      */
@@ -91,8 +92,8 @@ public:
     /**
      * Sets the five points of a non-linear curve.
      * Sends `CMD_FACTORY_SETNLAPOINT`: `item`, `point0`, `point25`, `point50`, `point75`, `point100`.
-     * @param item Adjustment as the service numbers it.
-     * @param info The points; the service enforces the ranges.
+     * @param item Curve as the service numbers it.
+     * @param info Points; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setNLAPoint(int item, NlaInfo info);
@@ -114,7 +115,8 @@ public:
     /**
      * Reads the debug information on the automatic colour temperature.
      * Sends `CMD_FACTORY_GETCOLORTEMPDEBUGINFO`: `colorTempIndex`.
-     * @param str Receives the text, terminator included; must have room for it. Untouched on failure.
+     * @param str Receives the text, terminator included, and must have room for all the service sends; untouched on
+     * failure.
      * @param colorTempIndex Colour temperature as the service numbers it.
      * @return 0; -1 when the service or the link fails or there is no text, and for a null `str`, with nothing sent;
      * each is logged.
@@ -124,8 +126,10 @@ public:
     /**
      * Shows a plain colour for the white balance, or ends it.
      * Sends `CMD_FACTORY_SETWHITEBALANCECOLOR`: `onoff`, `red`, `green`, `blue`.
-     * @param onoff True shows it.
-     * @param red,green,blue The colour; the service enforces the range.
+     * @param onoff True shows the colour.
+     * @param red Red; the service enforces the range.
+     * @param green Green; the service enforces the range.
+     * @param blue Blue; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setWhiteBalanceColor(bool onoff, int red, int green, int blue);
@@ -154,7 +158,7 @@ public:
     /**
      * Sets the gamma value of the picture processing.
      * Sends `CMD_FACTORY_SET_PQ_GAMMA_VALUE`: `value`. Prints "pqSetGammaValue\n" to standard error first.
-     * @param value Gamma; the service enforces the range.
+     * @param value Gamma value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int pqSetGammaValue(int value);
@@ -163,7 +167,8 @@ public:
      * Reads the version of the picture processing data.
      * Sends `CMD_FACOTRY_COMMON_GET_PQ_BINVERSION`. What the service answers is printed to standard error as
      * "pStr=%s\n", "(null)" for no text, and a missing text or buffer as "getPQBinVersion error\n".
-     * @param pPQBinVersion Receives the text, terminator included; must have room for it. Untouched on failure.
+     * @param pPQBinVersion Receives the text, terminator included, and must have room for all the service sends;
+     * untouched on failure.
      * @return 0; -1 when the service or the link fails, when there is no text, and for a null `pPQBinVersion`, for
      * which the command is sent nevertheless.
      */
@@ -172,8 +177,8 @@ public:
     /**
      * Sends a control code to the picture processing.
      * Sends `CMD_FACOTRY_COMMON_COPY_SOURCE_COLOR_LUT`: `cmdID`.
-     * @param cmdID The table.
-     * @param pParm Not sent.
+     * @param cmdID Control code, one of `KELU_TV_PQ_IOCTL_CMD_E`.
+     * @param pParm Not used; may be null.
      * @return 0; -1, with "pqIoCtl error" on standard error, for any other result of the service and when the link
      * fails.
      */
@@ -196,7 +201,7 @@ public:
     /**
      * Sets the overscan rectangle.
      * Sends `CMD_FACTORY_SETOVERSCAN`: `x`, `y`, `width`, `height`.
-     * @param rect The part; the service enforces the ranges.
+     * @param rect Position and size; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setOverscan(KeluRect rect);
@@ -204,14 +209,14 @@ public:
     /**
      * Tells whether the output of the panel interface is on.
      * Sends `CMD_FACTORY_GETPANELINTFOUTENABLE`.
-     * @return 1 when it does, 0 when not; -1 when the service or the link fails.
+     * @return 1 when it is on, 0 when not; -1 when the service or the link fails.
      */
     int getPanelIntfOutEnable();
 
     /**
      * Switches the output of the panel interface on or off.
      * Sends `CMD_FACTORY_SETPANELINTFOUTENABLE`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setPanelIntfOutEnable(bool onoff);
@@ -226,7 +231,7 @@ public:
     /**
      * Switches the spread spectrum of the panel interface on or off.
      * Sends `CMD_FACTORY_SETPANELSPREADENABLE`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setPanelSpreadEnable(bool onoff);
@@ -294,14 +299,14 @@ public:
     /**
      * Reads the emphasis of the panel interface.
      * Sends `CMD_FACTORY_GETPANELEMPHASIS`.
-     * @return The pre-emphasis; -1 when the service or the link fails.
+     * @return The emphasis; -1 when the service or the link fails.
      */
     int getPanelEmphasis();
 
     /**
      * Sets the emphasis of the panel interface.
      * Sends `CMD_FACTORY_SETPANELEMPHASIS`: `ems`.
-     * @param ems Pre-emphasis; the service enforces the range.
+     * @param ems Emphasis; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setPanelEmphasis(int ems);
@@ -316,7 +321,7 @@ public:
     /**
      * Switches the spread spectrum of the memory interface on or off.
      * Sends `CMD_FACTORY_SETDDRSPREADENABLE`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int EnableDdrSpread(bool onoff);
@@ -361,7 +366,7 @@ public:
     /**
      * Sets the gamma curve.
      * Sends `CMD_FACTORY_SETGAMMA`: `gamma`.
-     * @param gamma Number of the curve; the service enforces the range.
+     * @param gamma Curve as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setGamma(int gamma);
@@ -376,7 +381,7 @@ public:
     /**
      * Sets the test pattern.
      * Sends `CMD_FACTORY_SETTESTPATTERN`: `index`.
-     * @param index Number of the pattern; the service enforces the range.
+     * @param index One of `KELU_TV_PATTERN_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setTestPattern(int index);
@@ -391,7 +396,7 @@ public:
     /**
      * Sets the index of the panel.
      * Sends `CMD_FACTORY_SETPANELINDEX`: `index`.
-     * @param index Number of the panel; the service enforces the range.
+     * @param index Index of the panel; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setPanelIndex(int index);
@@ -406,7 +411,7 @@ public:
     /**
      * Sets how the picture is flipped and mirrored.
      * Sends `CMD_FACTORY_SETPANELFLIPMIRROR`: `flip`.
-     * @param flip Way; the service enforces the range.
+     * @param flip Flip as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setPanelFlipMirror(int flip);
@@ -414,7 +419,7 @@ public:
     /**
      * Sets the test pattern of the external picture chip.
      * Sends `CMD_FACTORY_SET_ICHIP_TEST_PATTERN`: `pattern`.
-     * @param pattern Number of the pattern; the service enforces the range.
+     * @param pattern Pattern as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setIChipTestPattern(int pattern);
@@ -466,7 +471,7 @@ public:
     /**
      * Sets the delta value of the dream panel.
      * Sends `CMD_FACTORY_SET_DREAM_PANEL_DELTA_VALUE`: `tmpValue`.
-     * @param tmpValue Step; the service enforces the range.
+     * @param tmpValue Delta value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setDreamPanelDeltaValue(int tmpValue);
@@ -504,7 +509,8 @@ public:
     /**
      * Sets the state of the breathing LED.
      * Sends `CMD_FACTORY_SET_BREATHE_LED_STATUS`: `arg1`, `arg2`.
-     * @param arg1,arg2 What the service defines.
+     * @param arg1 First value as the service defines it.
+     * @param arg2 Second value as the service defines it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setBreathePlatformStatus(int arg1, int arg2);
@@ -519,7 +525,7 @@ public:
     /**
      * Switches the pixel shift of the OLED panel on or off.
      * Sends `CMD_EXTRA_SETOLEDPIEXLSHIFTENABLE`: `enable`.
-     * @param enable 1 turns it on, 0 off.
+     * @param enable 0 for off, 1 for on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setOLEDPixelShiftEnable(int enable);
@@ -534,7 +540,7 @@ public:
     /**
      * Chooses the line overdrive table.
      * Sends `CMD_FACTORY_SETLINEODINDEX`: `tmpIndex`.
-     * @param tmpIndex Index in the list of `getLineODListTable`.
+     * @param tmpIndex Index of the table; the service enforces the range.
      * @return False for success; true for any other result of the service and when the link fails.
      */
     bool setLineODIndex(int tmpIndex);
@@ -572,7 +578,7 @@ public:
     /**
      * Switches the initial analogue channels on or off.
      * Sends `CMD_FACTORY_SETATVINITIALCHANNEL`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches them on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enableATVIniChn(bool onoff);
@@ -587,7 +593,7 @@ public:
     /**
      * Sets the over-modulation mode.
      * Sends `CMD_FACTORY_SETOVERMODULATION`: `over`.
-     * @param over Mode; the service enforces the range.
+     * @param over Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setOverModulation(int over);
@@ -671,7 +677,7 @@ public:
      * Reads the volume curve.
      * Sends `CMD_FACTORY_GETSOUNDCURVE`: `length`.
      * @param pData Room for `length` doubles; all are written, 0 where the service sent less. Untouched on failure.
-     * @param length Number of points; below 1 it is sent and none is read.
+     * @param length How many numbers to read; sent as it is, and below 1 none is read.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
      */
     int getSoundCurve(double* pData, int length);
@@ -679,8 +685,8 @@ public:
     /**
      * Sets the volume curve.
      * Sends `CMD_FACTORY_SETSOUNDCURVE`: `length`, then `length` doubles of `info`.
-     * @param info The points.
-     * @param length Number of points; sent as it is, and below 1 no point behind it.
+     * @param info `length` numbers.
+     * @param length How many numbers to send; sent as it is, and below 1 no number behind it.
      * @return The service's result, 0 for success; -1 when the link fails, and for a null `info`, logged and with
      * nothing sent.
      */
@@ -689,9 +695,9 @@ public:
     /**
      * Reads the control points of the volume curve.
      * Sends `CMD_FACTORY_GET_CTL_VOLUME`.
-     * @param soundCurveCtlData Receives the points, at most as many as the answer holds; must have room for them.
-     *         Untouched on failure.
-     * @param volumeNum Receives the number of points as the service gave it.
+     * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
+     * untouched on failure.
+     * @param volumeNum Receives their count as the service gives it; untouched on failure.
      * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
      * sent.
      */
@@ -700,9 +706,9 @@ public:
     /**
      * Reads the control points of the headphones' volume curve.
      * Sends `CMD_FACTORY_GET_CTL_HEADPHONE_VOLUME`.
-     * @param soundCurveCtlData Receives the points, at most as many as the answer holds; must have room for them.
-     *         Untouched on failure.
-     * @param volumeNum Receives the number of points as the service gave it.
+     * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
+     * untouched on failure.
+     * @param volumeNum Receives their count as the service gives it; untouched on failure.
      * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
      * sent.
      */
@@ -718,7 +724,7 @@ public:
     /**
      * Reads one non-standard item.
      * Sends `CMD_FACTORY_GETNONSTANDARDITEMVALUE`: `itemid`.
-     * @param itemid Item, a `KELU_TV_NONSTAND_TPYE_E`.
+     * @param itemid One of `KELU_TV_NONSTAND_TPYE_E`.
      * @return The value; -1 when the service or the link fails.
      */
     int getNonStandardItemValue(int itemid);
@@ -726,7 +732,7 @@ public:
     /**
      * Sets one non-standard item.
      * Sends `CMD_FACTORY_SETNONSTANDARDITEMVALUE`: `itemid`, `value`.
-     * @param itemid Item, a `KELU_TV_NONSTAND_TPYE_E`.
+     * @param itemid One of `KELU_TV_NONSTAND_TPYE_E`.
      * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -769,7 +775,7 @@ public:
     /**
      * Sets one item.
      * Sends `CMD_FACOTRY_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
-     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2,param3,param4 What the item defines.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -778,7 +784,7 @@ public:
     /**
      * Reads one item.
      * Sends `CMD_FACOTRY_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
-     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on
      *         failure.
@@ -789,9 +795,10 @@ public:
     /**
      * Reads one item that is a text.
      * Sends `CMD_FACOTRY_COMMON_GET_ITEM_STRVALUE`: `cmdID`, `param1`, `param2`.
-     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
-     * @param data Receives the text, terminator included; must have room for it. Untouched on failure.
+     * @param data Receives the text, terminator included, and must have room for all the service sends; untouched on
+     * failure.
      * @return 0; -1 when the service or the link fails or there is no text, and for a null `data`, with nothing sent;
      * each is logged under the name of a system function.
      */
@@ -801,9 +808,9 @@ public:
      * Sets one item that is a text.
      * Sends `CMD_FACOTRY_COMMON_SET_ITEM_STRVALUE`: `cmdID`, `param1`, `stringParam`, `param2`; the text travels
      * before `param2`.
-     * @param cmdID Item of the factory module, of `KELU_TV_CMDID_E`.
+     * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
-     * @param stringParam The text; null is sent as the empty text.
+     * @param stringParam The text. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setFactoryItemStrValue(int cmdID, int param1, int param2, char const* stringParam);
@@ -818,7 +825,7 @@ public:
     /**
      * Switches the ageing mode on or off.
      * Sends `CMD_FACTORY_SETAGINGMODE`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enableAgingMode(bool onoff);
@@ -847,7 +854,7 @@ public:
     /**
      * Starts to record the transport stream.
      * Sends `CMD_FACTORY_STARTRECORDERTS`: `usbPath`. Logged first as "DtvChannel startRecorderTsStream usbPath = %s".
-     * @param usbPath Where to; null is sent as the empty text.
+     * @param usbPath Path of the recording. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int startRecorderTsStream(char const* usbPath);
@@ -869,7 +876,7 @@ public:
     /**
      * Switches the watchdog on or off.
      * Sends `CMD_FACTORY_SETWATCHDOG`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enableWdt(bool onoff);
@@ -884,7 +891,7 @@ public:
     /**
      * Switches the serial port on or off.
      * Sends `CMD_FACTORY_SETUART`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enableUart(bool onoff);
@@ -892,7 +899,7 @@ public:
     /**
      * Starts an upgrade of the system.
      * Sends `CMD_FACTORY_UPGRADESYSTEM`: `mode`.
-     * @param mode Way of upgrading as the service numbers it.
+     * @param mode Kind of upgrade as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int upgradeSystem(int mode);
@@ -900,7 +907,7 @@ public:
     /**
      * Sets the power-on mode.
      * Sends `CMD_FACTORY_SETPOWERMODE`: `mode`.
-     * @param mode Mode; the service enforces the range.
+     * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setPoweronMode(int mode);
@@ -915,7 +922,7 @@ public:
     /**
      * Switches the music at power-on on or off.
      * Sends `CMD_FACTORY_SETPOWERMUSIC`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enablePowerMusic(bool onoff);
@@ -945,7 +952,7 @@ public:
     /**
      * Sets the suspend mode.
      * Sends `CMD_FACTORY_SETSUSPENDMODE`: `mode`.
-     * @param mode Mode; the service enforces the range.
+     * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setSuspendMode(int mode);
@@ -960,7 +967,7 @@ public:
     /**
      * Sets the suspend mode by the inner command.
      * Sends `CMD_FACTORY_SETSUSPENDMODEINNER`: `mode`.
-     * @param mode Mode; the service enforces the range.
+     * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setSuspendModeInner(int mode);
@@ -1012,7 +1019,7 @@ public:
     /**
      * Sets the mode of the serial port.
      * Sends `CMD_FACTORY_SETUARTMODE`: `mode`.
-     * @param mode Mode; the service enforces the range.
+     * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setUartMode(int mode);
@@ -1027,7 +1034,7 @@ public:
     /**
      * Sets the mode of the single key.
      * Sends `CMD_FACTORY_SETSINGLEKEYMODE`: `mode`.
-     * @param mode Mode; the service enforces the range.
+     * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setSingleKeyMode(int mode);
@@ -1057,7 +1064,7 @@ public:
     /**
      * Marks the board as repaired, or not.
      * Sends `CMD_FACTORY_SETREPAIREDBOARD`: `onoff`.
-     * @param onoff True turns it on.
+     * @param onoff True marks it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setRepairedBoard(bool onoff);
@@ -1066,7 +1073,7 @@ public:
      * Saves, restores or updates the data of the flash EEPROM.
      * Sends `CMD_FACTORY_OPERATEEROM`: `oper`, `path`.
      * @param oper One of `KELU_TV_OPERATEFLASHEEPROM`.
-     * @param path Where from or where to; null is sent as the empty text.
+     * @param path Path of the file. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int operateFlashEEPROM(int oper, char const* path);
@@ -1081,7 +1088,7 @@ public:
     /**
      * Sets the status of the wireless network test.
      * Sends `CMD_FACTORY_SETWIFITESTSTATUS`: `value`.
-     * @param value Status; the service enforces the range.
+     * @param value Status as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setWifiTestStatus(int value);
@@ -1150,8 +1157,8 @@ public:
     /**
      * Reads the name of the platform.
      * Sends `CMD_FACTORY_GETPLATFORM`. A failure and a missing text are logged, each in its own words.
-     * @param str Receives the text, terminator included; must have room for it. Receives "default", with its
-     *         terminator, when the service or the link fails or there is no text.
+     * @param str Receives the text, terminator included, and must have room for all the service sends; "default" when
+     * the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `str`, logged and with nothing sent.
      */
     int getPlatform(char* str);
@@ -1159,8 +1166,8 @@ public:
     /**
      * Reads the date of the EEPROM.
      * Sends `CMD_FACTORY_GETEEPROMDATE`. A failure and a missing text are logged, each in its own words.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "date error", with its
-     *         terminator, when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "date error"
+     * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getEepromDate(char* pStr);
@@ -1168,8 +1175,8 @@ public:
     /**
      * Reads the bar code of the set.
      * Sends `CMD_FACTORY_GETBARCODE`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error barcode", with its
-     *         terminator, when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error barcode"
+     * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getBarCode(char* pStr);
@@ -1177,8 +1184,8 @@ public:
     /**
      * Reads the identifier of the panel.
      * Sends `CMD_FACTORY_GETPANELID`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error panelId", with its
-     *         terminator, when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error panelId"
+     * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelID(char* pStr);
@@ -1186,8 +1193,8 @@ public:
     /**
      * Reads the address of the network port.
      * Sends `CMD_FACTORY_GETMACADDRESS`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error mac", with its
-     *         terminator, when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error mac"
+     * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getMacAddress(char* pStr);
@@ -1195,8 +1202,8 @@ public:
     /**
      * Sets the address of the network port.
      * Sends `CMD_FACTORY_SETMACADDRESS`: `length`, then `length` ints of `pMacAddr`.
-     * @param pMacAddr The parts of the address; null sends none.
-     * @param length Number of parts; sent as it is, and below 1 no part behind it.
+     * @param pMacAddr `length` numbers, one for each part of the address. Null sends none.
+     * @param length How many numbers to send; sent as it is, and below 1 no number behind it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setMacAddress(int* pMacAddr, int length);
@@ -1204,9 +1211,9 @@ public:
     /**
      * Reads the identifier of the eMMC memory.
      * Sends `CMD_FACTORY_GET_EMMC_ID`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_emmc_id", without
-     *         its terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
-     *         text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_emmc_id"
+     * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
+     * no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getEmmcID(char* pStr);
@@ -1214,9 +1221,9 @@ public:
     /**
      * Reads the identifier of the main chip.
      * Sends `CMD_FACTORY_GET_SOC_CHIP_ID`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_chip_id", without
-     *         its terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
-     *         text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_chip_id"
+     * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
+     * no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getSocChipID(char* pStr);
@@ -1224,9 +1231,9 @@ public:
     /**
      * Reads the version of the inner timing controller.
      * Sends `CMD_FACTORY_GET_INNER_TCON_VERSION`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_inner_tcon_ver",
-     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
-     *         there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+     * "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
+     * link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getInnerTconVersion(char* pStr);
@@ -1234,9 +1241,9 @@ public:
     /**
      * Reads the version of the external motion compensation.
      * Sends `CMD_FACTORY_GET_EXTERNAL_MEMC_VERSION`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_external_memc_ver",
-     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
-     *         there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+     * "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the service or
+     * the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getExternalMemcVersion(char* pStr);
@@ -1244,9 +1251,9 @@ public:
     /**
      * Reads the version of the panel's picture processing.
      * Sends `CMD_FACTORY_GET_PANEL_PQ_VERSION`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_panel_pq_ver",
-     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
-     *         there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+     * "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
+     * link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelPQVersion(char* pStr);
@@ -1254,9 +1261,9 @@ public:
     /**
      * Reads the version of the panel's data.
      * Sends `CMD_FACTORY_GET_PANEL_DATA_VERSION`.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error_external_panel_ver",
-     *         without its terminator, so the buffer should be zeroed first, when the service or the link fails or
-     *         there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+     * "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the service or
+     * the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelDataVersion(char* pStr);
@@ -1264,7 +1271,7 @@ public:
     /**
      * Reads the number of USB disks.
      * Sends `CMD_FACTORY_GET_USBKINDNUM`.
-     * @param pData Receives one int, 0 where the service sent less. Untouched on failure.
+     * @param pData Receives the number, 0 where the service sent none; untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
      */
     int getUDiskNum(int* pData);
@@ -1272,7 +1279,8 @@ public:
     /**
      * Reads how long the system has been up.
      * Sends `CMD_FACTORY_GETSYSUPTIME`.
-     * @param timeData Room for 2 ints; both are written, 0 where the service sent less. Untouched on failure.
+     * @param timeData Room for 2 ints, as the service defines them; both are written, 0 where the service sent less.
+     * Untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `timeData`, with nothing sent; each is logged,
      * null under the name of a picture function.
      */
@@ -1281,7 +1289,7 @@ public:
     /**
      * Hands the service the time that the network gave.
      * Sends `CMD_FACTORY_SETINTERNETTIME`: `time`.
-     * @param time The time as a text; null is sent as the empty text.
+     * @param time The time as a text. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setInternetTime(char const* time);
@@ -1289,9 +1297,9 @@ public:
     /**
      * Reads the time that the network gave.
      * Sends `CMD_FACTORY_GETINTERNETTIME`. A text that was read is logged as "getInternetTime %s".
-     * @param time Receives the text, terminator included; must have room for it. Receives "19700101", without its
-     *         terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
-     *         text.
+     * @param time Receives the text, terminator included, and must have room for all the service sends; "19700101"
+     * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
+     * no text.
      * @return 0 in every other case; -1 for a null `time`, logged and with nothing sent.
      */
     int getInternetTime(char* time);
@@ -1299,7 +1307,7 @@ public:
     /**
      * Reads how many USB ports the platform supports.
      * Sends `CMD_FACTORY_GET_SUPPORTUSBNUM`.
-     * @param pData Receives one int, 0 where the service sent less. Untouched on failure.
+     * @param pData Receives the number, 0 where the service sent none; untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
      */
     int getPlatFormSupportUsbNum(int* pData);
@@ -1314,8 +1322,8 @@ public:
     /**
      * Reads the burn status of each kind of key.
      * Sends `CMD_FACTORY_GETBURNKEYSTATUS`.
-     * @param bufData Room for 32 ints, one for each kind of key; all are written, 0 where the service sent less.
-     *         Untouched on failure.
+     * @param bufData Room for 32 ints, in the service's order; all are written, 0 where the service sent less.
+     * Untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `bufData`, with nothing sent; each is logged.
      */
     int getBurnKeyStatus(int* bufData);
@@ -1324,8 +1332,9 @@ public:
      * Burns data into one-time programmable memory and reads the serial number.
      * Sends `CMD_FACTORY_SETSTBOTPBURN`: `CaCardKind`, `str`. The serial number is logged.
      * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
-     * @param str The key; null is sent as the empty text.
-     * @param snData Receives the serial number, terminator included; must have room for it. Untouched on failure.
+     * @param str The data, a text. Null is sent as the empty text.
+     * @param snData Receives the serial number, terminator included, and must have room for all the service sends;
+     * untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no serial number, and when either pointer is null,
      * for which the command is sent nevertheless; each is logged.
      */
@@ -1335,7 +1344,8 @@ public:
      * Reads a serial number of digital television.
      * Sends `CMD_FACTORY_GETDTVSN`: `cmdId`.
      * @param cmdId One of `KELU_TV_DTV_SN_E`.
-     * @param snData Receives the serial number, terminator included; must have room for it. Untouched on failure.
+     * @param snData Receives the serial number, terminator included, and must have room for all the service sends;
+     * untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no serial number, and for a null `snData`, logged,
      * for which the command is sent nevertheless.
      */
@@ -1351,7 +1361,7 @@ public:
     /**
      * Reads which kinds of key are there to be burnt.
      * Sends `CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE`: `path`.
-     * @param path Where the keys are.
+     * @param path Path of the keys.
      * @return The kinds, of `KELU_TV_MUL_KEY_E`, in the order of the service; empty when the service or the link
      * fails, and for a null `path`, logged and with nothing sent.
      */
@@ -1360,7 +1370,7 @@ public:
     /**
      * Tells the service that an external device was plugged in.
      * Sends `CMD_FACTORY_EXTERNAL_DEV_INSERT`: `pData`.
-     * @param pData What the service defines.
+     * @param pData Text as the service defines it.
      * @return The value behind a result of 0; -1 when the service or the link fails, and for a null `pData`, logged
      * and with nothing sent.
      */
@@ -1369,10 +1379,11 @@ public:
     /**
      * Hands over the data of a key.
      * Sends `CMD_FACTORY_SETKEYDATA`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of `pData`.
-     * @param type Kind of data as the service numbers it.
-     * @param pData The data; null sends none.
-     * @param length Number of ints; sent as it is, and below 1 no int behind the header.
-     * @param checksum,xorchecksum Sum and exclusive or of the data, worked out by the caller.
+     * @param type One of `KELU_TV_MUL_KEY_E`.
+     * @param pData `length` numbers. Null sends none.
+     * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
+     * @param checksum Sum over the data, as the caller computed it.
+     * @param xorchecksum Exclusive or over the data, as the caller computed it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setKeyData(int type, int* pData, int length, int checksum, int xorchecksum);
@@ -1380,10 +1391,11 @@ public:
     /**
      * Hands over data of the network port.
      * Sends `CMD_FACTORY_NETPORTDATATRAN`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of `pData`.
-     * @param type Kind of data, a `KELU_TV_NETDATATRAN_TPYE_E`.
-     * @param pData The data; null sends none.
-     * @param length Number of ints; sent as it is, and below 1 no int behind the header.
-     * @param checksum,xorchecksum Sum and exclusive or of the data, worked out by the caller.
+     * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
+     * @param pData `length` numbers. Null sends none.
+     * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
+     * @param checksum Sum over the data, as the caller computed it.
+     * @param xorchecksum Exclusive or over the data, as the caller computed it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setNetPortDataTransmission(int type, int* pData, int length, int checksum, int xorchecksum);
@@ -1391,9 +1403,9 @@ public:
     /**
      * Reads data of the network port.
      * Sends `CMD_FACTORY_GET_NETPORTDATATRAN`: `type`, `length`.
-     * @param type Kind of data, a `KELU_TV_NETDATATRAN_TPYE_E`.
+     * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
      * @param pData Room for `length` ints; all are written, 0 where the service sent less. Untouched on failure.
-     * @param length Number of ints; below 1 it is sent and none is read.
+     * @param length How many numbers to read; sent as it is, and below 1 none is read.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged under the name of a picture
      * function and with nothing sent.
      */
@@ -1473,7 +1485,7 @@ public:
     /**
      * Sets the test pattern of the laser projector.
      * Sends `CMD_FACTORY_SET_LASER_TEST_PATTERN`: `pattern`.
-     * @param pattern Number of the pattern; the service enforces the range.
+     * @param pattern Pattern as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setLaserTVTestPattern(int pattern);
@@ -1506,7 +1518,7 @@ public:
     /**
      * Sets the brightness mode of the laser projector.
      * Sends `CMD_FACOTRY_SET_LASER_BRIGHT_MODE`: `mode`.
-     * @param mode Mode; the service enforces the range.
+     * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setLaserBrightMode(int mode);
@@ -1521,7 +1533,7 @@ public:
     /**
      * Sets the output mode of the laser projector.
      * Sends `CMD_FACOTRY_SET_LASER_PONPUT_MODE`: `mode`.
-     * @param mode Mode; the service enforces the range.
+     * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setLaserPonputMode(int mode);
@@ -1536,7 +1548,7 @@ public:
     /**
      * Switches the eye shield mode of the laser projector on or off.
      * Sends `CMD_FACOTRY_SET_LASER_EYE_SHIELD_MODE`: `mode`.
-     * @param mode True turns it on.
+     * @param mode True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setLaserEyeShieldMode(bool mode);
@@ -1552,9 +1564,9 @@ public:
      * Reads the version of a firmware of the laser projector.
      * Sends `CMD_FACOTRY_GET_LASER_FW_VERSION`: `type`.
      * @param type Firmware as the service numbers it.
-     * @param pStr Receives the text, terminator included; must have room for it. Receives "error", without its
-     *         terminator, so the buffer should be zeroed first, when the service or the link fails or there is no
-     *         text. Null drops it.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error" without
+     * a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
+     * Null drops it.
      * @return 0 in every case.
      */
     int getLaserFWVersion(int type, char* pStr);
@@ -1573,7 +1585,7 @@ public:
      * Sends `CMD_FACOTRY_GET_LASER_ITEM_VALUE`: `cmdID`, `param`.
      * @param cmdID Item as the service numbers it.
      * @param param What the item defines.
-     * @param pData Receives one int, 0 where the service sent less. Untouched on failure.
+     * @param pData Receives the value, 0 where the service sent none; untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
      */
     int getLaserItemValue(int cmdID, int param, int* pData);
@@ -1583,7 +1595,7 @@ public:
      * Sends `CMD_FACOTRY_SET_LASER_ITEM_STRING_VALUE`: `cmdID`, `param`, `stringParam`.
      * @param cmdID Item as the service numbers it.
      * @param param What the item defines.
-     * @param stringParam The text; null is sent as the empty text.
+     * @param stringParam The text. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setLaserItemStringValue(int cmdID, int param, char const* stringParam);
@@ -1599,7 +1611,7 @@ public:
      * Reads one item of the external picture chip.
      * Sends `CMD_FACTORY_GET_NTPQITEMVALUE`: `channel`, `cmdId`.
      * @param channel Channel of the chip.
-     * @param cmdId Item as the chip numbers it.
+     * @param cmdId Item as the service numbers it.
      * @return The value; -1 when the service or the link fails.
      */
     int getNTPQItemValue(int channel, int cmdId);
@@ -1608,8 +1620,8 @@ public:
      * Sets one item of the external picture chip.
      * Sends `CMD_FACTORY_SET_NTPQITEMVALUE`: `channel`, `cmdId`, `value`.
      * @param channel Channel of the chip.
-     * @param cmdId Item as the chip numbers it.
-     * @param value Value; the chip enforces the range.
+     * @param cmdId Item as the service numbers it.
+     * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setNTPQItemValue(int channel, int cmdId, int value);
@@ -1617,8 +1629,8 @@ public:
     /**
      * Reads the version of the external picture chip.
      * Sends `CMD_FACTORY_GET_NTPQPLATFORMVER`.
-     * @param Data Receives the text, terminator included; must have room for it. Untouched on failure and when there
-     *         is no text.
+     * @param Data Receives the text, terminator included, and must have room for all the service sends; untouched on
+     * failure and when there is no text.
      * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged and
      * with nothing sent.
      */
@@ -1628,7 +1640,7 @@ public:
      * Upgrades the external picture chip.
      * Sends `CMD_FACOTRY_UPGRADENTPQIC`: `chipId`, `path`.
      * @param chipId Chip as the service numbers it.
-     * @param path The file to upgrade from; null is sent as the empty text.
+     * @param path Path of the image. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int upgradeNTPQIC(int chipId, char const* path);
@@ -1636,7 +1648,8 @@ public:
     /**
      * Sends a command to the NT72315 chip.
      * Sends `CMD_FACTORY_SET_NT72315_COMMAND`: `mainCmd`, `subCmd`, `value`.
-     * @param mainCmd,subCmd Command as the chip numbers it.
+     * @param mainCmd Main command as the chip numbers it.
+     * @param subCmd Subordinate command as the chip numbers it.
      * @param value Value of the command.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1645,7 +1658,8 @@ public:
     /**
      * Reads the answer of the NT72315 chip to a command.
      * Sends `CMD_FACTORY_GET_NT72315_COMMAND`: `mainCmd`, `subCmd`, `value`.
-     * @param mainCmd,subCmd Command as the chip numbers it.
+     * @param mainCmd Main command as the chip numbers it.
+     * @param subCmd Subordinate command as the chip numbers it.
      * @param value Value of the command.
      * @return The answer; -1 when the service or the link fails.
      */
@@ -1654,8 +1668,8 @@ public:
     /**
      * Reads the version of the EP9169 chip.
      * Sends `CMD_FACTORY_GET_EP9169FORMVER`.
-     * @param Data Receives the text, terminator included; must have room for it. Untouched on failure and when there
-     *         is no text.
+     * @param Data Receives the text, terminator included, and must have room for all the service sends; untouched on
+     * failure and when there is no text.
      * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged in
      * the words of `getNTPQPlatFormVer` and with nothing sent.
      */
@@ -1664,7 +1678,7 @@ public:
     /**
      * Upgrades the EP9169 chip.
      * Sends `CMD_FACOTRY_UPGRADEEP9169IC`: `path`.
-     * @param path The file to upgrade from; null is sent as the empty text.
+     * @param path Path of the image. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int upgradeEP9169IC(char const* path);

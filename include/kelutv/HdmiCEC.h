@@ -62,8 +62,8 @@ public:
      * Reads the devices, in the service's order.
      * Sends `CMD_CEC_GETDEVICELISTALLINFO`; each device of the answer is `logAddr`, `hdmiDevPort`, `deVName`,
      * `phyAddr`, `hdmiListText`, and is told on standard error. A device that the answer breaks off in is left out.
-     * @param deviceList The devices are added behind what it holds; untouched on failure. Must not be null, nor be used
-     *        by another thread meanwhile.
+     * @param deviceList The devices are added behind what it holds; untouched on failure. Not to be used by another
+     * thread meanwhile. Must not be null.
      * @return 0; -1 when the service or the link fails.
      */
     int getDeviceListInfo(std::vector<KELU_TV_CEC_DEVICE_INFO_SORTED_S>* deviceList);

@@ -35,7 +35,7 @@ public:
     /**
      * Chooses the picture mode. Logs "setPictureMode" at error priority first.
      * Sends `CMD_PICTURE_SETPICTUREMODE`: `picturemode`, `streamType`.
-     * @param picturemode Index of the mode among those of the stream type: of `KELU_MW_PICMODE_E`,
+     * @param picturemode Index of the mode among those of the stream type: in `KELU_MW_PICMODE_E`,
      * `KELU_MW_PICMODE_HDR_E`, `KELU_MW_PICMODE_HDR_PLUS_E` or `KELU_MW_PICMODE_DOLBY_E`.
      * @param streamType Stream type, one of `KELU_TV_HDR_TYPE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.

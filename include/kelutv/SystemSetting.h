@@ -49,7 +49,7 @@ public:
     /**
      * Switches the blue screen on or off.
      * Sends `CMD_SYSTEM_SETSCREENBLUE`: `onoff`.
-     * @param onoff True makes it blue.
+     * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enableScreenBlue(bool onoff);
@@ -225,7 +225,7 @@ public:
     /**
      * Sets the path of the boot picture.
      * Sends `CMD_SYSTEM_SETBOOTPICPATH`: `path`.
-     * @param path Path of the picture; must not be null.
+     * @param path Path of the picture. Must not be null.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setBootPicPath(char const* path);

@@ -333,7 +333,7 @@ KELUTV_API int linux_tv_Audio_setSpdifGain(int gain);
 /**
  * Asks for the karaoke initialisation of the sound output, or for its end.
  * Forwards to `Audio::setAudioOutKtvInit`, which sends `CMD_AUDIO_SETAUDIOOUTKTVINIT`: `isInit`.
- * @param isInit True prepares it.
+ * @param isInit True for the initialisation.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Audio_setAudioOutKtvInit(bool isInit);
@@ -549,7 +549,7 @@ KELUTV_API int linux_tv_Audio_setMute(int channel, bool onoff);
 /**
  * Sets the parametric equalizer.
  * Forwards to `Audio::setPEQAttr`, which sends `CMD_AUDIO_SETPEQATTR`: the number of bands in use, then all ten bands.
- * @param peqAttr The bands; `intBandNum` is 1 to 10.
+ * @param peqAttr The bands; `intBandNum` is 1 to 10, all ten bands are sent whatever it says.
  * @return The service's result, 0 for success; -1 when the link fails, and with nothing sent for a null pointer or
  * another `intBandNum`.
  */
@@ -558,7 +558,7 @@ KELUTV_API int linux_tv_Audio_setPEQAttr(KELU_TV_SND_PEQ_ATTR_S* peqAttr);
 /**
  * Reads the parametric equalizer.
  * Forwards to `Audio::getPEQAttr`, which sends `CMD_AUDIO_GETPEQATTR`.
- * @param peqAttr Receives the number of bands in use and all ten bands; untouched on failure.
+ * @param peqAttr Receives the number of bands in use as the service gives it, and all ten bands; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent.
  */
 KELUTV_API int linux_tv_Audio_getPEQAttr(KELU_TV_SND_PEQ_ATTR_S* peqAttr);

@@ -53,7 +53,7 @@ KELUTV_API int linux_tv_Factory_setADCGainOffset(int srcId, CalibrationInfo info
 /**
  * Reads the gains and offsets of a colour temperature.
  * Forwards to `Factory::getColorTemp`, which sends `CMD_FACTORY_GETCOLORTEMP`: `colorTempLevel`.
- * @param colorTempLevel Colour temperature as the service numbers it.
+ * @param colorTempLevel Colour temperature, one of `KELU_TV_COLORTEMP_E`.
  * @param pstColorTemp Receives the record, zeros on failure.
  * @return 0, also on failure; -1 for a null record, with nothing sent.
  */
@@ -63,7 +63,7 @@ KELUTV_API int linux_tv_Factory_getColorTemp(int colorTempLevel, ColorTempData* 
  * Sets the gains and offsets of the colour temperature.
  * Forwards to `Factory::setColorTemp`, which sends `CMD_FACTORY_SETCOLORTEMP`: `srcId`, the six fields of `info` in
  * order.
- * @param srcId Source, one of `KELU_TV_SRC_E`.
+ * @param srcId Source by its name, one of `KELU_TV_SRC_E`; the reading operation has a colour temperature in its place.
  * @param info Gains and offsets; the service enforces the ranges.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -108,7 +108,8 @@ KELUTV_API int linux_tv_Factory_restoreColorTemp(void);
  * Reads the debug information on the automatic colour temperature.
  * Forwards to `Factory::getAutoColorTempDebugInfo`, which sends `CMD_FACTORY_GETCOLORTEMPDEBUGINFO`: `colorTemp`.
  * @param colorTemp Colour temperature as the service numbers it.
- * @param pStr Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int getAutoColorTempDebugInfo(int colorTemp, char* pStr);
@@ -118,9 +119,9 @@ KELUTV_API int getAutoColorTempDebugInfo(int colorTemp, char* pStr);
  * Forwards to `Factory::setWhiteBalanceColor`, which sends `CMD_FACTORY_SETWHITEBALANCECOLOR`: `onoff`, `red`,
  * `green`, `blue`.
  * @param onoff True shows the colour.
- * @param red Red, 0 to 255.
- * @param green Green, 0 to 255.
- * @param blue Blue, 0 to 255.
+ * @param red Red; the service enforces the range.
+ * @param green Green; the service enforces the range.
+ * @param blue Blue; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setWhiteBalanceColor(bool onoff, int red, int green, int blue);
@@ -175,7 +176,7 @@ KELUTV_API int linux_tv_factory_getIRWBStatus(int* pResult);
  * Sets the gamma value of the picture processing.
  * Forwards to `Factory::pqSetGammaValue`, which sends `CMD_FACTORY_SET_PQ_GAMMA_VALUE`: `value`. Prints
  * "pqSetGammaValue\n" to standard error first.
- * @param value Value; the service enforces the range.
+ * @param value Gamma value; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_pqSetGammaValue(int value);
@@ -184,7 +185,8 @@ KELUTV_API int linux_tv_Factory_pqSetGammaValue(int value);
  * Reads the version of the picture processing data.
  * Forwards to `Factory::getPQBinVersion`, which sends `CMD_FACOTRY_COMMON_GET_PQ_BINVERSION`. The text is printed to
  * standard error.
- * @param pPQBinVersion Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param pPQBinVersion Receives the text, terminator included, and must have room for all the service sends; untouched
+ * on failure.
  * @return 0; -1 when the service or the link fails, and for null, after the command was sent.
  */
 KELUTV_API int linux_tv_Factory_getPQBinVersion(char* pPQBinVersion);
@@ -192,7 +194,7 @@ KELUTV_API int linux_tv_Factory_getPQBinVersion(char* pPQBinVersion);
 /**
  * Sends a control code to the picture processing.
  * Forwards to `Factory::pqIoCtl`, which sends `CMD_FACOTRY_COMMON_COPY_SOURCE_COLOR_LUT`: `cmdID`.
- * @param cmdID Table, one of `KELU_TV_PQ_IOCTL_CMD_E`.
+ * @param cmdID Control code, one of `KELU_TV_PQ_IOCTL_CMD_E`.
  * @param pParm Not used; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -456,7 +458,7 @@ KELUTV_API int linux_tv_Factory_getBackLightPwmMax(void);
 /**
  * Sets the highest duty of the backlight.
  * Forwards to `Factory::setBackLightPwmMax`, which sends `CMD_FACTORY_SETBLPWMMAX`: `pwmMax`.
- * @param pwmMax Upper end; the service enforces the range.
+ * @param pwmMax Duty; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setBackLightPwmMax(int pwmMax);
@@ -471,7 +473,7 @@ KELUTV_API int linux_tv_Factory_getBackLightPwmMin(void);
 /**
  * Sets the lowest duty of the backlight.
  * Forwards to `Factory::setBackLightPwmMin`, which sends `CMD_FACTORY_SETBLPWMMIN`: `pwmMin`.
- * @param pwmMin Lower end; the service enforces the range.
+ * @param pwmMin Duty; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setBackLightPwmMin(int pwmMin);
@@ -486,7 +488,7 @@ KELUTV_API int linux_tv_Factory_getDreamPanelDeltaValue(void);
 /**
  * Sets the delta value of the dream panel.
  * Forwards to `Factory::setDreamPanelDeltaValue`, which sends `CMD_FACTORY_SET_DREAM_PANEL_DELTA_VALUE`: `tmpValue`.
- * @param tmpValue Offset; the service enforces the range.
+ * @param tmpValue Delta value; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setDreamPanelDeltaValue(int tmpValue);
@@ -687,7 +689,7 @@ KELUTV_API int linux_tv_Factory_getSoundPEQ(SoundPeqData* pSoundPeq);
 /**
  * Sets the parametric equaliser of the sound.
  * Forwards to `Factory::setSoundPEQ`, which sends `CMD_FACTORY_SETSOUNDPEQ`: the twelve fields of `info` in order.
- * @param info Values; the service enforces the ranges.
+ * @param info Frequencies, gains and qualities; the service enforces the ranges.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setSoundPEQ(SoundPeqData info);
@@ -695,8 +697,8 @@ KELUTV_API int linux_tv_Factory_setSoundPEQ(SoundPeqData info);
 /**
  * Reads the volume curve.
  * Forwards to `Factory::getSoundCurve`, which sends `CMD_FACTORY_GETSOUNDCURVE`: `length`.
- * @param pSoundCurve Room for `length` numbers; untouched on failure.
- * @param length How many numbers to read; none is read for 0 or less.
+ * @param pSoundCurve Room for `length` doubles; all are written, 0 where the service sent less. Untouched on failure.
+ * @param length How many numbers to read; sent as it is, and below 1 none is read.
  * @return 0; -1 when the service or the link fails, and for a null `pSoundCurve`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getSoundCurve(double* pSoundCurve, int length);
@@ -705,7 +707,7 @@ KELUTV_API int linux_tv_Factory_getSoundCurve(double* pSoundCurve, int length);
  * Sets the volume curve.
  * Forwards to `Factory::setSoundCurve`, which sends `CMD_FACTORY_SETSOUNDCURVE`: `length`, the numbers.
  * @param info `length` numbers.
- * @param length How many numbers to send; none is sent for 0 or less.
+ * @param length How many numbers to send; sent as it is, and below 1 no number behind it.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null `info`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_setSoundCurve(double* info, int length);
@@ -713,7 +715,8 @@ KELUTV_API int linux_tv_Factory_setSoundCurve(double* info, int length);
 /**
  * Reads the control points of the volume curve.
  * Forwards to `Factory::getSoundCurveCtlData`, which sends `CMD_FACTORY_GET_CTL_VOLUME`.
- * @param soundCurveCtlData Receives the points. Must have room for all the service sends; untouched on failure.
+ * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
+ * untouched on failure.
  * @param volumeNum Receives their count as the service gives it; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent.
  */
@@ -722,7 +725,8 @@ KELUTV_API int linux_tv_Factory_getSoundCurveCtlData(int* soundCurveCtlData, int
 /**
  * Reads the control points of the headphones' volume curve.
  * Forwards to `Factory::getHeadPhoneSoundCurveCtlData`, which sends `CMD_FACTORY_GET_CTL_HEADPHONE_VOLUME`.
- * @param soundCurveCtlData Receives the points. Must have room for all the service sends; untouched on failure.
+ * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
+ * untouched on failure.
  * @param volumeNum Receives their count as the service gives it; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent.
  */
@@ -790,11 +794,8 @@ KELUTV_API int linux_tv_Factory_setOtherItemValue(int itemid, int value);
  * Sets a factory item.
  * Forwards to `Factory::setFactoryItemValue`, which sends `CMD_FACOTRY_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`,
  * `param2`, `param3`, `param4`.
- * @param cmdID Item, one of `KELU_TV_CMDID_E`.
- * @param param1 Value as the item defines it, 0 where it has none.
- * @param param2 As `param1`.
- * @param param3 As `param1`.
- * @param param4 As `param1`.
+ * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
+ * @param param1,param2,param3,param4 What the item defines.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setFactoryItemValue(int cmdID, int param1, int param2, int param3, int param4);
@@ -803,10 +804,9 @@ KELUTV_API int linux_tv_Factory_setFactoryItemValue(int cmdID, int param1, int p
  * Reads a factory item.
  * Forwards to `Factory::getFactoryItemValue`, which sends `CMD_FACOTRY_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`,
  * `param2`.
- * @param cmdID Item, one of `KELU_TV_CMDID_E`.
- * @param param1 Value as the item defines it, 0 where it has none.
- * @param param2 As `param1`.
- * @param pBuf Room for 255 ints, all of which are written, zeros where the reply has ended; untouched on failure.
+ * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
+ * @param param1,param2 What the item defines.
+ * @param pBuf Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getFactoryItemValue(int cmdID, int param1, int param2, int* pBuf);
@@ -815,10 +815,9 @@ KELUTV_API int linux_tv_Factory_getFactoryItemValue(int cmdID, int param1, int p
  * Sets a factory item that is a text.
  * Forwards to `Factory::setFactoryItemStrValue`, which sends `CMD_FACOTRY_COMMON_SET_ITEM_STRVALUE`: `cmdID`,
  * `param1`, `stringParam`, `param2`.
- * @param cmdID Item, one of `KELU_TV_CMDID_E`.
- * @param param1 Value as the item defines it, 0 where it has none.
- * @param param2 As `param1`.
- * @param stringParam Text; it travels before `param2`.
+ * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
+ * @param param1,param2 What the item defines.
+ * @param stringParam The text.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null `stringParam`, with nothing
  * sent.
  */
@@ -828,10 +827,10 @@ KELUTV_API int linux_tv_Factory_setFactoryItemStrValue(int cmdID, int param1, in
  * Reads a factory item that is a text.
  * Forwards to `Factory::getFactoryItemStrValue`, which sends `CMD_FACOTRY_COMMON_GET_ITEM_STRVALUE`: `cmdID`,
  * `param1`, `param2`.
- * @param cmdID Item, one of `KELU_TV_CMDID_E`.
- * @param param1 Value as the item defines it, 0 where it has none.
- * @param param2 As `param1`.
- * @param pStr Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
+ * @param param1,param2 What the item defines.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getFactoryItemStrValue(int cmdID, int param1, int param2, char* pStr);
@@ -1062,7 +1061,7 @@ KELUTV_API int linux_tv_Factory_getRepairedBoard(void);
 /**
  * Marks the board as repaired, or not.
  * Forwards to `Factory::setRepairedBoard`, which sends `CMD_FACTORY_SETREPAIREDBOARD`: `onoff`.
- * @param onoff True notes a repair.
+ * @param onoff True marks it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setRepairedBoard(bool onoff);
@@ -1127,7 +1126,7 @@ KELUTV_API int linux_tv_factory_setEDIDType(int type);
  * Hands the service a text for the serial port.
  * Prints the line "setUartData" to standard output first. Forwards to `Factory::setUartData`, which sends
  * `CMD_EXTRA_SETUARTDATA`: `pData` as UTF-16.
- * @param pData Text.
+ * @param pData The text, in UTF-8.
  * @return The service's result, 0 for success; -1 when the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_setUartData(const char* pData);
@@ -1142,7 +1141,8 @@ KELUTV_API int linux_tv_Factory_setUartData(const char* pData);
 /**
  * Reads the name of the platform.
  * Forwards to `Factory::getPlatform`, which sends `CMD_FACTORY_GETPLATFORM`.
- * @param str Receives the text, "default" on failure. Must have room for all the service sends.
+ * @param str Receives the text, terminator included, and must have room for all the service sends; "default" when the
+ * service or the link fails or there is no text.
  * @return 0, also on failure; -1 for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPlatform(char* str);
@@ -1150,7 +1150,8 @@ KELUTV_API int linux_tv_Factory_getPlatform(char* str);
 /**
  * Reads the date of the EEPROM.
  * Forwards to `Factory::getEepromDate`, which sends `CMD_FACTORY_GETEEPROMDATE`.
- * @param pStr Receives the text, "date error" on failure. Must have room for all the service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "date error" when
+ * the service or the link fails or there is no text.
  * @return 0 in every case, also for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getEepromDate(char* pStr);
@@ -1158,7 +1159,8 @@ KELUTV_API int linux_tv_Factory_getEepromDate(char* pStr);
 /**
  * Reads the bar code of the set.
  * Forwards to `Factory::getBarCode`, which sends `CMD_FACTORY_GETBARCODE`.
- * @param pStr Receives the text, "error barcode" on failure. Must have room for all the service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error barcode"
+ * when the service or the link fails or there is no text.
  * @return 0 in every case, also for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getBarCode(char* pStr);
@@ -1166,7 +1168,8 @@ KELUTV_API int linux_tv_Factory_getBarCode(char* pStr);
 /**
  * Reads the identifier of the panel.
  * Forwards to `Factory::getPanelID`, which sends `CMD_FACTORY_GETPANELID`.
- * @param pStr Receives the text, "error panelId" on failure. Must have room for all the service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error panelId"
+ * when the service or the link fails or there is no text.
  * @return 0, also on failure; -1 for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelID(char* pStr);
@@ -1174,7 +1177,8 @@ KELUTV_API int linux_tv_Factory_getPanelID(char* pStr);
 /**
  * Reads the address of the network port.
  * Forwards to `Factory::getMacAddress`, which sends `CMD_FACTORY_GETMACADDRESS`.
- * @param pStr Receives the text, "error mac" on failure. Must have room for all the service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error mac" when
+ * the service or the link fails or there is no text.
  * @return 0, also on failure; -1 for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getMacAddress(char* pStr);
@@ -1182,8 +1186,8 @@ KELUTV_API int linux_tv_Factory_getMacAddress(char* pStr);
 /**
  * Sets the address of the network port.
  * Forwards to `Factory::setMacAddress`, which sends `CMD_FACTORY_SETMACADDRESS`: `length`, the numbers.
- * @param pMacAddr `length` numbers, one for each byte.
- * @param length How many numbers to send; none is sent for 0 or less.
+ * @param pMacAddr `length` numbers, one for each part of the address.
+ * @param length How many numbers to send; sent as it is, and below 1 no number behind it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setMacAddress(int* pMacAddr, int length);
@@ -1191,8 +1195,9 @@ KELUTV_API int linux_tv_Factory_setMacAddress(int* pMacAddr, int length);
 /**
  * Reads the identifier of the eMMC memory.
  * Forwards to `Factory::getEmmcID`, which sends `CMD_FACTORY_GET_EMMC_ID`.
- * @param pStr Receives the text, "error_emmc_id" without a terminator on failure. Must have room for all the service
- * sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_emmc_id"
+ * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no
+ * text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getEmmcID(char* pStr);
@@ -1200,8 +1205,9 @@ KELUTV_API int linux_tv_Factory_getEmmcID(char* pStr);
 /**
  * Reads the identifier of the main chip.
  * Forwards to `Factory::getSocChipID`, which sends `CMD_FACTORY_GET_SOC_CHIP_ID`.
- * @param pStr Receives the text, "error_chip_id" without a terminator on failure. Must have room for all the service
- * sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_chip_id"
+ * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no
+ * text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getSocChipID(char* pStr);
@@ -1209,8 +1215,9 @@ KELUTV_API int linux_tv_Factory_getSocChipID(char* pStr);
 /**
  * Reads the version of the inner timing controller.
  * Forwards to `Factory::getInnerTconVersion`, which sends `CMD_FACTORY_GET_INNER_TCON_VERSION`.
- * @param pStr Receives the text, "error_inner_tcon_ver" without a terminator on failure. Must have room for all the
- * service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+ * "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the service or the link
+ * fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getInnerTconVersion(char* pStr);
@@ -1218,8 +1225,9 @@ KELUTV_API int linux_tv_Factory_getInnerTconVersion(char* pStr);
 /**
  * Reads the version of the external motion compensation.
  * Forwards to `Factory::getExternalMemcVersion`, which sends `CMD_FACTORY_GET_EXTERNAL_MEMC_VERSION`.
- * @param pStr Receives the text, "error_external_memc_ver" without a terminator on failure. Must have room for all
- * the service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+ * "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
+ * link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getExternalMemcVersion(char* pStr);
@@ -1227,8 +1235,9 @@ KELUTV_API int linux_tv_Factory_getExternalMemcVersion(char* pStr);
 /**
  * Reads the version of the panel's picture processing.
  * Forwards to `Factory::getPanelPQVersion`, which sends `CMD_FACTORY_GET_PANEL_PQ_VERSION`.
- * @param pStr Receives the text, "error_panel_pq_ver" without a terminator on failure. Must have room for all the
- * service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+ * "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service or the link
+ * fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelPQVersion(char* pStr);
@@ -1236,8 +1245,9 @@ KELUTV_API int linux_tv_Factory_getPanelPQVersion(char* pStr);
 /**
  * Reads the version of the panel's data.
  * Forwards to `Factory::getPanelDataVersion`, which sends `CMD_FACTORY_GET_PANEL_DATA_VERSION`.
- * @param pStr Receives the text, "error_external_panel_ver" without a terminator on failure. Must have room for all
- * the service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends;
+ * "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
+ * link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelDataVersion(char* pStr);
@@ -1245,7 +1255,7 @@ KELUTV_API int linux_tv_Factory_getPanelDataVersion(char* pStr);
 /**
  * Reads the number of USB disks.
  * Forwards to `Factory::getUDiskNum`, which sends `CMD_FACTORY_GET_USBKINDNUM`.
- * @param pBuf Receives the number; untouched on failure.
+ * @param pBuf Receives the number, 0 where the service sent none; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getUDiskNum(int* pBuf);
@@ -1253,7 +1263,8 @@ KELUTV_API int linux_tv_Factory_getUDiskNum(int* pBuf);
 /**
  * Reads how long the system has been up.
  * Forwards to `Factory::getSystemupTime`, which sends `CMD_FACTORY_GETSYSUPTIME`.
- * @param pBuf Room for two ints, as the service defines them; untouched on failure.
+ * @param pBuf Room for 2 ints, as the service defines them; both are written, 0 where the service sent less. Untouched
+ * on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getSystemupTime(int* pBuf);
@@ -1261,7 +1272,7 @@ KELUTV_API int linux_tv_Factory_getSystemupTime(int* pBuf);
 /**
  * Hands the service the time that the network gave.
  * Forwards to `Factory::setInternetTime`, which sends `CMD_FACTORY_SETINTERNETTIME`: `time`.
- * @param time Time as text.
+ * @param time The time as a text.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null `time`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_setInternetTime(const char* time);
@@ -1269,8 +1280,8 @@ KELUTV_API int linux_tv_Factory_setInternetTime(const char* time);
 /**
  * Reads the time that the network gave.
  * Forwards to `Factory::getInternetTime`, which sends `CMD_FACTORY_GETINTERNETTIME`.
- * @param pStr Receives the text, "19700101" without a terminator on failure. Must have room for all the service
- * sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "19700101" without
+ * a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getInternetTime(char* pStr);
@@ -1278,7 +1289,7 @@ KELUTV_API int linux_tv_Factory_getInternetTime(char* pStr);
 /**
  * Reads how many USB ports the platform supports.
  * Forwards to `Factory::getPlatFormSupportUsbNum`, which sends `CMD_FACTORY_GET_SUPPORTUSBNUM`.
- * @param pBuf Receives the number; untouched on failure.
+ * @param pBuf Receives the number, 0 where the service sent none; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPlatFormSupportUsbNum(int* pBuf);
@@ -1293,7 +1304,8 @@ KELUTV_API int linux_tv_Factory_getPlatFormSupportUsbNum(int* pBuf);
 /**
  * Reads the burn status of each kind of key.
  * Forwards to `Factory::getBurnKeyStatus`, which sends `CMD_FACTORY_GETBURNKEYSTATUS`.
- * @param pBuf Room for 32 ints, in the service's order; untouched on failure.
+ * @param pBuf Room for 32 ints, in the service's order; all are written, 0 where the service sent less. Untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getBurnKeyStatus(int* pBuf);
@@ -1302,8 +1314,9 @@ KELUTV_API int linux_tv_Factory_getBurnKeyStatus(int* pBuf);
  * Burns data into one-time programmable memory and reads the serial number.
  * Forwards to `Factory::setStbOtpBurn`, which sends `CMD_FACTORY_SETSTBOTPBURN`: `CaCardKind`, `str`.
  * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
- * @param str Data.
- * @param retSnData Receives the serial number. Must have room for all the service sends; untouched on failure.
+ * @param str The data, a text.
+ * @param retSnData Receives the serial number, terminator included, and must have room for all the service sends;
+ * untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `str` or `retSnData`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_setStbOtpBurn(int CaCardKind, const char* str, char* retSnData);
@@ -1312,7 +1325,8 @@ KELUTV_API int linux_tv_Factory_setStbOtpBurn(int CaCardKind, const char* str, c
  * Reads a serial number of digital television.
  * Forwards to `Factory::getDtvSn`, which sends `CMD_FACTORY_GETDTVSN`: `cmdId`.
  * @param cmdId One of `KELU_TV_DTV_SN_E`.
- * @param retSnData Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param retSnData Receives the serial number, terminator included, and must have room for all the service sends;
+ * untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `retSnData`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getDtvSn(int cmdId, char* retSnData);
@@ -1328,7 +1342,7 @@ KELUTV_API int linux_tv_Factory_getIsBurnOtpRsa(void);
  * Reads which kinds of key are there to be burnt.
  * Prints "get tv BurnKeyType fail,path is null,return -1" to standard output for a null pointer. Forwards to
  * `Factory::getBurnKeyType`, which sends `CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE`: `path`.
- * @param path Path of the folder.
+ * @param path Path of the keys.
  * @param pSupportKeyList Receives the kinds, of `KELU_TV_MUL_KEY_E`, in the service's order. Must have room for all
  * the service sends; untouched without an entry.
  * @param length Receives their count, 0 without an entry.
@@ -1340,7 +1354,7 @@ KELUTV_API int linux_tv_Factory_getBurnKeyType(const char* path, int* pSupportKe
  * Tells the service that an external device was plugged in. Prints "linux_tv_Factory_ExDevInserted enter\n" to
  * standard output first.
  * Forwards to `Factory::exDevInserted`, which sends `CMD_FACTORY_EXTERNAL_DEV_INSERT`: `pData`.
- * @param pData Name of the device.
+ * @param pData Text as the service defines it.
  * @return The service's answer; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_ExDevInserted(const char* pData);
@@ -1351,7 +1365,7 @@ KELUTV_API int linux_tv_Factory_ExDevInserted(const char* pData);
  * `xorchecksum`, the numbers.
  * @param type One of `KELU_TV_MUL_KEY_E`.
  * @param pData `length` numbers.
- * @param length How many numbers to send; none is sent for 0 or less.
+ * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
  * @param checksum Sum over the data, as the caller computed it.
  * @param xorchecksum Exclusive or over the data, as the caller computed it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1364,7 +1378,7 @@ KELUTV_API int linux_tv_Factory_setKeyData(int type, int* pData, int length, int
  * `checksum`, `xorchecksum`, the numbers.
  * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
  * @param pData `length` numbers.
- * @param length How many numbers to send; none is sent for 0 or less.
+ * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
  * @param checksum Sum over the data, as the caller computed it.
  * @param xorchecksum Exclusive or over the data, as the caller computed it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -1376,8 +1390,8 @@ KELUTV_API int linux_tv_Factory_setNetPortDataTransmission(int type, int* pData,
  * Reads data of the network port.
  * Forwards to `Factory::getNetPortDataTransmission`, which sends `CMD_FACTORY_GET_NETPORTDATATRAN`: `type`, `length`.
  * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
- * @param length How many numbers to read; none is read for 0 or less.
- * @param pBuf Room for `length` numbers; untouched on failure.
+ * @param length How many numbers to read; sent as it is, and below 1 none is read.
+ * @param pBuf Room for `length` ints; all are written, 0 where the service sent less. Untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getNetPortDataTransmission(int type, int length, int* pBuf);
@@ -1535,7 +1549,8 @@ KELUTV_API int linux_tv_Factory_setLaserEyeShieldMode(bool mode);
  * Reads the version of a firmware of the laser projector.
  * Forwards to `Factory::getLaserFWVersion`, which sends `CMD_FACOTRY_GET_LASER_FW_VERSION`: `type`.
  * @param type Firmware as the service numbers it.
- * @param pStr Receives the text, "error" without a terminator on failure. Must have room for all the service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error" without a
+ * terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getLaserFWVersion(int type, char* pStr);
@@ -1545,10 +1560,7 @@ KELUTV_API int linux_tv_Factory_getLaserFWVersion(int type, char* pStr);
  * Forwards to `Factory::setLaserItemValue`, which sends `CMD_FACOTRY_SET_LASER_ITEM_VALUE`: `cmdID`, `param1`,
  * `param2`, `param3`, `param4`.
  * @param cmdID Item as the service numbers it.
- * @param param1 Value as the item defines it, 0 where it has none.
- * @param param2 As `param1`.
- * @param param3 As `param1`.
- * @param param4 As `param1`.
+ * @param param1,param2,param3,param4 What the item defines.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setLaserItemValue(int cmdID, int param1, int param2, int param3, int param4);
@@ -1557,8 +1569,8 @@ KELUTV_API int linux_tv_Factory_setLaserItemValue(int cmdID, int param1, int par
  * Reads one item of the laser projector.
  * Forwards to `Factory::getLaserItemValue`, which sends `CMD_FACOTRY_GET_LASER_ITEM_VALUE`: `cmdID`, `param`.
  * @param cmdID Item as the service numbers it.
- * @param param Value as the item defines it, 0 where it has none.
- * @param pBuf Receives the value; untouched on failure.
+ * @param param What the item defines.
+ * @param pBuf Receives the value, 0 where the service sent none; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `pBuf`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getLaserItemValue(int cmdID, int param, int* pBuf);
@@ -1568,8 +1580,8 @@ KELUTV_API int linux_tv_Factory_getLaserItemValue(int cmdID, int param, int* pBu
  * Forwards to `Factory::setLaserItemStringValue`, which sends `CMD_FACOTRY_SET_LASER_ITEM_STRING_VALUE`: `cmdID`,
  * `param`, `stringParam`.
  * @param cmdID Item as the service numbers it.
- * @param param Value as the item defines it, 0 where it has none.
- * @param stringParam Text.
+ * @param param What the item defines.
+ * @param stringParam The text.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null `stringParam`, with nothing
  * sent.
  */
@@ -1604,8 +1616,8 @@ KELUTV_API int linux_tv_Factory_setNTPQItemValue(int channel, int cmdId, int val
 /**
  * Reads the version of the external picture chip.
  * Forwards to `Factory::getNTPQPlatFormVer`, which sends `CMD_FACTORY_GET_NTPQPLATFORMVER`.
- * @param pStr Receives the text; untouched on failure and when the reply has none. Must have room for all the
- * service sends.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure and when there is no text.
  * @return 0; -1 when the service or the link fails, and for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getNTPQPlatFormVer(char* pStr);
@@ -1623,9 +1635,9 @@ KELUTV_API int linux_tv_Factory_upgradeNTPQIC(int chipId, const char* path);
  * Reads the answer of the NT72315 chip to a command.
  * Forwards to `Factory::getNT72315Command`, which sends `CMD_FACTORY_GET_NT72315_COMMAND`: `mainCmd`, `subCmd`,
  * `value`.
- * @param mainCmd Command of the controller.
- * @param subCmd Its subordinate command.
- * @param value Argument of the command.
+ * @param mainCmd Main command as the chip numbers it.
+ * @param subCmd Subordinate command as the chip numbers it.
+ * @param value Value of the command.
  * @return The value; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getNT72315Command(int mainCmd, int subCmd, int value);
@@ -1634,9 +1646,9 @@ KELUTV_API int linux_tv_Factory_getNT72315Command(int mainCmd, int subCmd, int v
  * Sends a command to the NT72315 chip.
  * Forwards to `Factory::setNT72315Command`, which sends `CMD_FACTORY_SET_NT72315_COMMAND`: `mainCmd`, `subCmd`,
  * `value`.
- * @param mainCmd Command of the controller.
- * @param subCmd Its subordinate command.
- * @param value Value; the service enforces the range.
+ * @param mainCmd Main command as the chip numbers it.
+ * @param subCmd Subordinate command as the chip numbers it.
+ * @param value Value of the command.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setNT72315Command(int mainCmd, int subCmd, int value);
@@ -1644,8 +1656,8 @@ KELUTV_API int linux_tv_Factory_setNT72315Command(int mainCmd, int subCmd, int v
 /**
  * Reads the version of the EP9169 chip.
  * Forwards to `Factory::getEP9169PlatFormVer`, which sends `CMD_FACTORY_GET_EP9169FORMVER`.
- * @param pVersion Receives the text; untouched on failure and when the reply has none. Must have room for all the
- * service sends.
+ * @param pVersion Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure and when there is no text.
  * @return 0; -1 when the service or the link fails, and for a null `pVersion`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getEP9169PlatFormVer(char* pVersion);
@@ -1669,7 +1681,8 @@ KELUTV_API int linux_tv_Factory_upgradeEP9169IC(const char* pathName);
  * Reads a text about the machine.
  * Reads the text item `CMDID_FACTORY_GET_MACHINEINFO`: `type`, 0.
  * @param type One of `KELU_TV_MACHINE_INFO_E`.
- * @param info Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param info Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getMachineInfo(int type, char* info);
@@ -1686,7 +1699,8 @@ KELUTV_API int linux_tv_Factory_setMachineInfo(int type, char* info);
 /**
  * Reads the number of the product.
  * Reads the text item `CMDID_FACTORY_GET_PRODUCT_NUMBER`: 0, 0.
- * @param PID Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param PID Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getProductNumber(char* PID);
@@ -1694,7 +1708,8 @@ KELUTV_API int linux_tv_Factory_getProductNumber(char* PID);
 /**
  * Reads the number of the order.
  * Reads the text item `CMDID_FACTORY_GET_ORDER_NUMBER`: 0, 0.
- * @param OrderNum Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param OrderNum Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getOrderNumber(char* OrderNum);
@@ -1702,7 +1717,8 @@ KELUTV_API int linux_tv_Factory_getOrderNumber(char* OrderNum);
 /**
  * Reads the identity of the developer.
  * Reads the text item `CMDID_FACTORY_GET_DEVELOPER_ID`: 0, 0.
- * @param pData Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param pData Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getDeveloperID(char* pData);
@@ -1710,7 +1726,8 @@ KELUTV_API int linux_tv_Factory_getDeveloperID(char* pData);
 /**
  * Reads the identity of the product.
  * Reads the text item `CMDID_FACTORY_GET_PRODUCE_ID`: 0, 0.
- * @param pData Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param pData Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getProductID(char* pData);
@@ -1719,7 +1736,8 @@ KELUTV_API int linux_tv_Factory_getProductID(char* pData);
  * Reads a password.
  * Reads the text item `CMDID_FACTORY_GET_PASSWORD`: `type`, 0.
  * @param type One of `KELU_TV_PASSWORD_TYPE_E`.
- * @param pwd Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param pwd Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPassWord(int type, char* pwd);
@@ -1727,7 +1745,8 @@ KELUTV_API int linux_tv_Factory_getPassWord(int type, char* pwd);
 /**
  * Reads the version of the separate data.
  * Reads the text item `CMDID_FACTORY_GET_SEPERATE_DATA_VER`: 0, 0.
- * @param ver Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param ver Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getSeperateDataVer(char* ver);
@@ -2009,7 +2028,8 @@ KELUTV_API int linux_tv_Factory_setPanelSwing(int swing);
 /**
  * Reads the size of the panel.
  * Reads the text item `CMDID_FACTORY_GET_PANEL_SIZE`: 0, 0.
- * @param size Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param size Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelSize(char* size);
@@ -2017,7 +2037,8 @@ KELUTV_API int linux_tv_Factory_getPanelSize(char* size);
 /**
  * Reads a description of the panel.
  * Reads the text item `CMDID_FACTORY_GET_PANEL_INFO`: 0, 0.
- * @param info Receives the text. Must have room for all the service sends; untouched on failure.
+ * @param info Receives the text, terminator included, and must have room for all the service sends; untouched on
+ * failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelInfo(char* info);
@@ -2261,7 +2282,7 @@ KELUTV_API int linux_tv_factory_presetChannel(char* pName);
 /**
  * Hands over the data of an update over the air.
  * Sets the text item `CMDID_FACTORY_SET_OTA_UPDATE`: `bUpdate`, `pData`, 0.
- * @param pData Description of the update.
+ * @param pData Text of the update as the service defines it.
  * @param bUpdate True asks for the update.
  * @return The service's result, 0 for success; -1 when the link fails.
  */

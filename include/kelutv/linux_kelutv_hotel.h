@@ -58,7 +58,7 @@ KELUTV_API int GetHotelKeypadEnable(bool* pEnable);
 /**
  * Switches the hotel mode's setting of the set-up menu on or off.
  * Sets the factory item `CMDID_FACTORY_SET_HOTEL_SETUP_MENU_ENABLE`: `enable`, 0, 0, 0.
- * @param enable True opens it.
+ * @param enable True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int SetHotelSetupMenuEnable(bool enable);

@@ -42,7 +42,7 @@ KELUTV_API int linux_tv_SystemSetting_isScreenBlueEnable(void);
 /**
  * Switches the blue screen on or off.
  * Forwards to `SystemSetting::enableScreenBlue`, which sends `CMD_SYSTEM_SETSCREENBLUE`: `onoff`.
- * @param onoff True makes it blue.
+ * @param onoff True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_enableScreenBlue(bool onoff);
@@ -370,7 +370,7 @@ KELUTV_API bool linux_tv_SystemSetting_getAICloseScreenMode(void);
 /**
  * Sets the AI close-screen mode.
  * Forwards to `SystemSetting::setAICloseScreenMode`, which sends `CMD_SYSTEM_SET_AICLOSESCREENMODE`: `mode`.
- * @param mode True lets it.
+ * @param mode True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_setAICloseScreenMode(bool mode);

@@ -165,7 +165,7 @@ KELUTV_API int linux_tv_Video_getVideoItemValue(int cmdID, int param1, int param
 /**
  * Chooses the work mode of the decoder of analogue video.
  * Sets the item `CMDID_VIDEO_SET_WORKMODE`: `workMode`, 0, 0, 0.
- * @param workMode The use.
+ * @param workMode The mode.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Video_setWorkMode(KELU_TV_TVD_WORK_MODE_E workMode);
@@ -248,8 +248,8 @@ KELUTV_API int linux_tv_Video_getMuteWindowStatus(bool* argMute, bool* argFreeze
  * "TVBASEMW@SystemSetting" as "[dtvControl, 600] success", debug, and "[dtvControl, 605] failed", error. A link that
  * fails is logged so, too, and not as "invoke failure\n".
  * @param cmd Command as the service numbers it.
- * @param pData What the command carries; may be null.
- * @param dataSize Its size in bytes; below 1 no bytes are sent.
+ * @param pData What the command carries; may be null, which sends no bytes.
+ * @param dataSize Its size in bytes, sent as it is; below 1 no bytes are sent.
  * @return 0; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Video_DvbPlayCtrl(int cmd, unsigned char* pData, int dataSize);

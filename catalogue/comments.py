@@ -1,0 +1,79 @@
+"""What comments of the public headers and rows of the catalogue must agree on."""
+
+from __future__ import annotations
+
+import re
+from collections.abc import Iterable
+
+from docs import Doc
+from model import Catalogue, Function, Operation, ValueSet
+
+
+def all_values(operation: Operation) -> dict[str, ValueSet]:
+    """The operation's value sets, and those of the one it calls where it only passes a parameter on."""
+    values = dict(operation.values)
+    if isinstance(operation, Function) and operation.callee:
+        inherited = all_values(operation.callee)
+        for theirs, ours in _passed_on(operation):
+            if theirs in inherited:
+                values.setdefault(ours, inherited[theirs])
+        if "return" in inherited and operation.result == "same":
+            values.setdefault("return", inherited["return"])
+    return values
+
+
+def _passed_on(function: Function) -> Iterable[tuple[str, str]]:
+    """The parameters of the operation called that get one of the function's own, each with that one."""
+    own = {parameter.name for parameter in function.signature.parameters}
+    names = (parameter.name for parameter in function.callee.signature.parameters)
+    return [(theirs, ours) for theirs, ours in zip(names, function.arguments) if ours in own]
+
+
+def _without_null(text: str) -> list[str]:
+    """What is said besides null, of which each layer says its own."""
+    return [part for part in re.split(r"[.;]\s*", text) if part and not re.search(r"\bnull\b", part, re.I)]
+
+
+def _only_forwards(operation: Operation) -> bool:
+    """Whether this is a C function that means what it calls, not one item or area of it."""
+    return isinstance(operation, Function) and operation.callee is not None and not (operation.item or operation.owner)
+
+
+def _argument_complaints(function: Function, docs: dict[str, Doc]) -> Iterable[str]:
+    types = {parameter.name: parameter.type for parameter in function.signature.parameters}
+    their_types = {parameter.name: parameter.type for parameter in function.callee.signature.parameters}
+    for theirs, ours in _passed_on(function):
+        if types[ours] != their_types[theirs]:
+            continue
+        texts = [docs[name].parameters.get(parameter, "") for name, parameter in
+                 ((function.name, ours), (function.callee.name, theirs))]
+        if _without_null(texts[0]) != _without_null(texts[1]):
+            yield (f"{function.place}: comments differ on '{ours}' of {function.name}, '{texts[0]}', and "
+                   f"'{theirs}' of {function.callee.name}, '{texts[1]}'")
+
+
+def _enumeration_said(text: str, catalogue: Catalogue) -> str | None:
+    """The one enumeration with values whose members a text speaks of."""
+    said = set(re.findall(r"\bof `(\w+)`", text)) & catalogue.headers.enumerations.keys()
+    known = [name for name in said if catalogue.headers.enumerations[name].values]
+    return known[0] if len(known) == 1 and "and so on" not in text else None
+
+
+def _value_complaints(operation: Operation, doc: Doc, catalogue: Catalogue) -> Iterable[str]:
+    values = all_values(operation)
+    for name, text in [*doc.parameters.items(), ("return", doc.returns)]:
+        said = _enumeration_said(text, catalogue)
+        held = values[name].enumeration if name in values else None
+        if said and said != held:
+            yield f"{operation.place}: the comment of {operation.name} says '{said}' of {name}, the row {held or 'nothing'}"
+
+
+def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:
+    """Complaints about comments that differ on one argument, and about value sets that the row does not have."""
+    documented = [operation for operation in catalogue.operations if operation.name in docs]
+    complaints: list[str] = []
+    for operation in documented:
+        complaints += _value_complaints(operation, docs[operation.name], catalogue)
+        if _only_forwards(operation) and operation.callee.name in docs:
+            complaints += _argument_complaints(operation, docs)
+    return complaints

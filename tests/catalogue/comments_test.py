@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Comments that say another thing than the row, or than the comment of the operation that is called."""
+
+from __future__ import annotations
+
+import unittest
+
+from fixture import CatalogueTest
+
+from comments import check_comments
+from docs import read_docs
+
+METHOD = "    int setLevel(int lamp, int level);"
+FUNCTION = "KELUTV_API int linux_tv_Lamp_setLevel(int lamp, int level);"
+
+
+def comment(lamp: str, level: str, returns: str = "0.") -> str:
+    return f"/** Sets it.\n * @param lamp {lamp}\n * @param level {level}\n * @return {returns} */\n"
+
+
+class Comments(CatalogueTest):
+    def comment_method(self, *texts: str) -> None:
+        self.change(METHOD, comment(*texts) + METHOD, "include/kelutv/Lamp.h")
+
+    def comment_function(self, *texts: str) -> None:
+        self.change(FUNCTION, comment(*texts) + FUNCTION, "include/kelutv/linux_lamp.h")
+
+    def said(self) -> list[str]:
+        return check_comments(self.read(), read_docs(self.folder / "include"))
+
+    def test_equal_comments_are_in_order(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "The level.")
+        self.comment_function("One of `LAMP_E`.", "The level.")
+        self.assertEqual(self.said(), [])
+
+    def test_two_comments_on_one_argument(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "The level.")
+        self.comment_function("One of `LAMP_E`.", "The brightness.")
+        [complaint] = self.said()
+        self.assertIn("lamp.md:", complaint)
+        self.assertIn(
+            "comments differ on 'level' of linux_tv_Lamp_setLevel, 'The brightness.', and 'level' of Lamp::setLevel, "
+            "'The level.'",
+            complaint,
+        )
+
+    def test_each_layer_speaks_of_null_for_itself(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "The level. Must not be null.")
+        self.comment_function("One of `LAMP_E`.", "The level; null is refused.")
+        self.assertEqual(self.said(), [])
+
+    def test_an_argument_of_another_type_has_a_comment_of_its_own(self) -> None:
+        self.change("int level);", "bool level);", "include/kelutv/linux_lamp.h")
+        self.change("linux_tv_Lamp_setLevel(int lamp, int level)", "linux_tv_Lamp_setLevel(int lamp, bool level)")
+        function = FUNCTION.replace("int level", "bool level")
+        self.comment_method("One of `LAMP_E`.", "The level.")
+        self.change(function, comment("One of `LAMP_E`.", "True is bright.") + function, "include/kelutv/linux_lamp.h")
+        self.assertEqual(self.said(), [])
+
+    def test_an_enumeration_that_the_row_does_not_have(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "One of `LAMP_E`.", "One of `LAMP_E`.")
+        complaints = self.said()
+        self.assertEqual(len(complaints), 2)
+        self.assertIn("the comment of Lamp::setLevel says 'LAMP_E' of level, the row nothing", complaints[0])
+        self.assertIn("the comment of Lamp::setLevel says 'LAMP_E' of return, the row nothing", complaints[1])
+
+    def test_a_function_has_the_value_sets_of_what_it_calls(self) -> None:
+        self.comment_function("One of `LAMP_E`.", "The level.")
+        self.assertEqual(self.said(), [])
+        self.change("lamp=LAMP_E, level=1..9", "level=1..9")
+        [complaint] = self.said()
+        self.assertIn("the comment of linux_tv_Lamp_setLevel says 'LAMP_E' of lamp, the row nothing", complaint)
+
+    def test_what_is_no_enumeration_with_values_is_passed_over(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "One of `Color`, of `nothing`, of `LAMP_E` and so on.")
+        self.assertEqual(self.said(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
