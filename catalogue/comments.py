@@ -6,27 +6,8 @@ import re
 from collections.abc import Iterable
 
 from docs import Doc
-from model import Catalogue, Function, Operation, ValueSet
-
-
-def all_values(operation: Operation) -> dict[str, ValueSet]:
-    """The operation's value sets, and those of the one it calls where it only passes a parameter on."""
-    values = dict(operation.values)
-    if isinstance(operation, Function) and operation.callee:
-        inherited = all_values(operation.callee)
-        for theirs, ours in _passed_on(operation):
-            if theirs in inherited:
-                values.setdefault(ours, inherited[theirs])
-        if "return" in inherited and operation.result == "same":
-            values.setdefault("return", inherited["return"])
-    return values
-
-
-def _passed_on(function: Function) -> Iterable[tuple[str, str]]:
-    """The parameters of the operation called that get one of the function's own, each with that one."""
-    own = {parameter.name for parameter in function.signature.parameters}
-    names = (parameter.name for parameter in function.callee.signature.parameters)
-    return [(theirs, ours) for theirs, ours in zip(names, function.arguments) if ours in own]
+from model import Catalogue, Function, Operation
+from value_sets import all_values, passed_on
 
 
 def _without_null(text: str) -> list[str]:
@@ -42,7 +23,7 @@ def _only_forwards(operation: Operation) -> bool:
 def _argument_complaints(function: Function, docs: dict[str, Doc]) -> Iterable[str]:
     types = {parameter.name: parameter.type for parameter in function.signature.parameters}
     their_types = {parameter.name: parameter.type for parameter in function.callee.signature.parameters}
-    for theirs, ours in _passed_on(function):
+    for theirs, ours in passed_on(function):
         if types[ours] != their_types[theirs]:
             continue
         texts = [docs[name].parameters.get(parameter, "") for name, parameter in
@@ -65,7 +46,8 @@ def _value_complaints(operation: Operation, doc: Doc, catalogue: Catalogue) -> I
         said = _enumeration_said(text, catalogue)
         held = values[name].enumeration if name in values else None
         if said and said != held:
-            yield f"{operation.place}: the comment of {operation.name} says '{said}' of {name}, the row {held or 'nothing'}"
+            yield (f"{operation.place}: the comment of {operation.name} says '{said}' of {name}, "
+                   f"the row {held or 'nothing'}")
 
 
 def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:

@@ -21,6 +21,7 @@ from model import Catalogue, Function, Method, Module, Operation, ValueSet, Wire
 from parameters import ParameterInfo, returned_values  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
+from value_sets import all_values  # noqa: E402
 
 SCALARS = {
     "int": "Int",
