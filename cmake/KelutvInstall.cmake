@@ -79,7 +79,8 @@ if(TARGET kelutv)
 endif()
 if(TARGET kelutv-simulator)
     install(
-        FILES "${PROJECT_SOURCE_DIR}/simulator/defaults.json" "${PROJECT_SOURCE_DIR}/simulator/config.schema.json"
+        FILES "${PROJECT_SOURCE_DIR}/simulator/configuration/defaults.json"
+              "${PROJECT_SOURCE_DIR}/simulator/configuration/config.schema.json"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"
         COMPONENT tools)
 endif()

@@ -1,9 +1,9 @@
-#include "Program.h"
+#include "simulator/Program.h"
 
-#include "Control.h"
-#include "ControlReader.h"
-#include "ControlServer.h"
-#include "TracePrinter.h"
+#include "simulator/control/Control.h"
+#include "simulator/control/ControlReader.h"
+#include "simulator/control/ControlServer.h"
+#include "simulator/trace/TracePrinter.h"
 
 #include <binder/IServiceManager.h>
 #include <binder/ProcessState.h>

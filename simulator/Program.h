@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ScenarioPlayer.h"
-#include "Service.h"
-#include "Ui.h"
+#include "simulator/Service.h"
+#include "simulator/scenarios/ScenarioPlayer.h"
+#include "simulator/screen/Ui.h"
 
 #include <atomic>
 #include <csignal>

@@ -1,8 +1,8 @@
-#include "Service.h"
+#include "simulator/Service.h"
 
-#include "Ending.h"
-#include "Spoil.h"
-#include "Trace.h"
+#include "simulator/faults/Ending.h"
+#include "simulator/faults/Spoil.h"
+#include "simulator/trace/Trace.h"
 #include "wire/codec/Request.h"
 
 #include <binder/IPCThreadState.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Television.h"
-#include "Watcher.h"
+#include "simulator/television/Television.h"
+#include "simulator/trace/Watcher.h"
 
 #include <binder/Binder.h>
 #include <keluem/publisher.h>

@@ -1,4 +1,4 @@
-#include "Program.h"
+#include "simulator/Program.h"
 
 #include <CLI/CLI.hpp>
 

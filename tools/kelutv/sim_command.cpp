@@ -1,8 +1,8 @@
 #include "Commands.h"
 
-#include "simulator/ControlClient.h"
-#include "simulator/ControlMessage.h"
-#include "simulator/ControlVerbs.h"
+#include "simulator/control/ControlClient.h"
+#include "simulator/control/ControlMessage.h"
+#include "simulator/control/ControlVerbs.h"
 #include "wire/text/Quote.h"
 
 #include <filesystem>

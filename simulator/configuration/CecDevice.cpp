@@ -1,0 +1,65 @@
+#include "simulator/configuration/CecDevice.h"
+
+#include <nlohmann/json.hpp>
+
+#include <set>
+
+namespace kelutv::simulator {
+
+namespace {
+
+/** `1.0.0.0`: four hexadecimal digits apart by dots. */
+bool isPhysicalAddress(const std::string& text) {
+    constexpr std::size_t kLength = 7;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isDigit = (text[i] >= '0' && text[i] <= '9') || (text[i] >= 'A' && text[i] <= 'F');
+        if (i % 2 == 0 ? !isDigit : text[i] != '.') {
+            return false;
+        }
+    }
+    return text.size() == kLength;
+}
+
+CecDevice readCecDevice(const JsonNode& node) {
+    node.membersOf({"logAddr", "hdmiDevPort", "name", "phyAddr", "listText", "plugged"});
+    CecDevice device{node.at("logAddr").number(), node.at("hdmiDevPort").number(), node.at("name").text(),
+                     node.at("phyAddr").text(),   node.at("listText").text(),      node.at("plugged").truth()};
+    if (const auto objection = objectionTo(device)) {
+        node.fail(*objection);
+    }
+    return device;
+}
+
+} // namespace
+
+std::optional<std::string> objectionTo(const CecDevice& device) {
+    if (device.logAddr < 1 || device.logAddr > 14) {
+        return "logAddr goes from 1 to 14, it cannot be " + std::to_string(device.logAddr);
+    }
+    if (device.hdmiDevPort < 0) {
+        return "hdmiDevPort is the number of a port, it cannot be " + std::to_string(device.hdmiDevPort);
+    }
+    if (!isPhysicalAddress(device.phyAddr)) {
+        return "phyAddr has four hexadecimal digits as in 1.0.0.0, it cannot be '" + device.phyAddr + "'";
+    }
+    return std::nullopt;
+}
+
+std::vector<CecDevice> readCecDevices(const JsonNode& node) {
+    std::vector<CecDevice> devices;
+    std::set<std::int32_t> used;
+    for (const JsonNode& element : node.elements()) {
+        devices.push_back(readCecDevice(element));
+        if (!used.insert(devices.back().logAddr).second) {
+            element.at("logAddr").fail("logical address " + element.at("logAddr").shown() + " is there twice");
+        }
+    }
+    return devices;
+}
+
+nlohmann::json jsonOf(const CecDevice& device) {
+    return {{"logAddr", device.logAddr}, {"hdmiDevPort", device.hdmiDevPort}, {"name", device.name},
+            {"phyAddr", device.phyAddr}, {"listText", device.listText},       {"plugged", device.plugged}};
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "simulator/files/JsonNode.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** A device that can be plugged into an HDMI input. */
+struct CecDevice {
+    std::int32_t logAddr;
+    std::int32_t hdmiDevPort;
+    std::string name;
+    /** As in `1.0.0.0`. */
+    std::string phyAddr;
+    std::string listText;
+    bool plugged;
+};
+
+/** What cannot be of a device; none when all is well. */
+std::optional<std::string> objectionTo(const CecDevice& device);
+
+/** A list of devices. @throws ConfigurationError for what cannot be, and when two have one address */
+std::vector<CecDevice> readCecDevices(const JsonNode& node);
+
+nlohmann::json jsonOf(const CecDevice& device);
+
+} // namespace kelutv::simulator

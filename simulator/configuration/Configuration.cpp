@@ -1,0 +1,120 @@
+#include "simulator/configuration/Configuration.h"
+
+#include "simulator/configuration/ConfigurationReader.h"
+#include "simulator/configuration/DefaultConfiguration.h"
+#include "simulator/files/File.h"
+
+#include <nlohmann/json.hpp>
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr char kStandardName[] = "defaults.json";
+
+/** Sources and named signals are taken as a whole from the overlay, everything else member by member. */
+nlohmann::json merged(nlohmann::json base, const nlohmann::json& overlay) {
+    for (const char* const whole : {"sources", "signals"}) {
+        if (overlay.contains(whole) && overlay[whole].is_object()) {
+            for (const auto& member : overlay[whole].items()) {
+                base[whole].erase(member.key());
+            }
+        }
+    }
+    base.merge_patch(overlay);
+    return base;
+}
+
+std::string contentOf(const std::string& path) {
+    try {
+        return readRegularFile(path);
+    } catch (const std::runtime_error& error) {
+        throw ConfigurationError(error.what());
+    }
+}
+
+} // namespace
+
+const wire::Values& SlotSettings::initialFor(const wire::Values& keys) const {
+    const auto* const first = keys.empty() ? nullptr : std::get_if<std::int32_t>(&keys.front());
+    const auto found = first != nullptr ? initialByKey.find(*first) : initialByKey.end();
+    return found != initialByKey.end() ? found->second : initial;
+}
+
+Configuration Configuration::standard() { return fromText(defaultConfiguration(), kStandardName); }
+
+Configuration Configuration::fromFile(const std::string& path) {
+    const nlohmann::json overlay = parseJson(contentOf(path), path);
+    const nlohmann::json whole =
+        overlay.is_object() ? merged(parseJson(defaultConfiguration(), kStandardName), overlay) : overlay;
+    return readConfiguration(JsonNode(whole, path));
+}
+
+Configuration Configuration::fromText(const std::string& text, const std::string& file) {
+    const nlohmann::json whole = parseJson(text, file);
+    return readConfiguration(JsonNode(whole, file));
+}
+
+const SlotSettings& Configuration::settings(const wire::StateSlot& slot) const {
+    static const SlotSettings kPlain;
+    const auto found = mParts.slots.find(&slot);
+    return found != mParts.slots.end() ? found->second : kPlain;
+}
+
+Signal Configuration::noSignal() const {
+    Signal signal;
+    for (const auto& [slot, count] : mParts.signalStates) {
+        signal[slot] = wire::Values(count, std::int32_t{0});
+    }
+    return signal;
+}
+
+std::optional<std::string> Configuration::objectionToSignal(const wire::StateSlot& slot,
+                                                            const wire::Values& values) const {
+    const auto found = mParts.signalStates.find(&slot);
+    if (found == mParts.signalStates.end()) {
+        return std::string(slot.name) + " does not show a signal";
+    }
+    if (values.size() != found->second || !std::all_of(values.begin(), values.end(), [&slot](const wire::Value& value) {
+            return fits(slot.holds, value);
+        })) {
+        return std::string(slot.name) + " takes " + std::to_string(found->second) +
+               (found->second == 1 ? " integer" : " integers");
+    }
+    return std::nullopt;
+}
+
+bool fits(wire::Holds holds, const wire::Value& scalar) {
+    switch (holds) {
+    case wire::Holds::Integers:
+        return std::holds_alternative<std::int32_t>(scalar);
+    case wire::Holds::Reals:
+        return std::holds_alternative<double>(scalar);
+    case wire::Holds::Texts:
+        return std::holds_alternative<std::string>(scalar);
+    case wire::Holds::Anything:
+        break;
+    }
+    return true;
+}
+
+std::string wordFor(wire::Holds holds) {
+    switch (holds) {
+    case wire::Holds::Integers:
+        return "integers";
+    case wire::Holds::Reals:
+        return "numbers";
+    case wire::Holds::Texts:
+        return "texts";
+    case wire::Holds::Anything:
+        break;
+    }
+    return "integers or texts";
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "simulator/configuration/CecDevice.h"
+#include "wire/Interface.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** What a signal puts into each of the states that show it. */
+using Signal = std::map<const wire::StateSlot*, wire::Values>;
+
+/** Both belong to it. */
+struct Range {
+    std::int32_t low;
+    std::int32_t high;
+};
+
+/** How a television of this configuration treats one of its states. */
+struct SlotSettings {
+    wire::Values initial;
+    /** By the first key; goes before `initial`. */
+    std::map<std::int32_t, wire::Values> initialByKey;
+    std::optional<Range> range;
+    /** Published when the value changes; 0 for none. */
+    unsigned int event = 0;
+    /** Shows something of the signal of the main window's source. */
+    bool ofSignal = false;
+    bool keyIsSource = false;
+    bool valueIsSource = false;
+
+    const wire::Values& initialFor(const wire::Values& keys) const;
+};
+
+/** An input of the television and what comes down its line. */
+struct SourceSettings {
+    /** Its enumerator, as the configuration names it. */
+    std::string name;
+    bool plugged;
+    Signal signal;
+};
+
+/** What a television starts with and can do. */
+class Configuration {
+public:
+    struct Parts {
+        std::map<const wire::StateSlot*, SlotSettings> slots;
+        /** The states that show a signal, each with its number of values. */
+        std::map<const wire::StateSlot*, std::size_t> signalStates;
+        std::map<std::string, Signal> signals;
+        std::map<std::int32_t, SourceSettings> sources;
+        std::vector<CecDevice> cecDevices;
+        std::int32_t arcPort = 0;
+    };
+
+    explicit Configuration(Parts parts) : mParts(std::move(parts)) {}
+
+    /** The one that comes with the program. */
+    static Configuration standard();
+
+    /** What the file says over the standard one. @throws ConfigurationError */
+    static Configuration fromFile(const std::string& path);
+
+    /** What the JSON text says and nothing else; complaints name it as the file. @throws ConfigurationError */
+    static Configuration fromText(const std::string& text, const std::string& file);
+
+    const SlotSettings& settings(const wire::StateSlot& slot) const;
+
+    /** By their identifiers. */
+    const std::map<std::int32_t, SourceSettings>& sources() const { return mParts.sources; }
+
+    /** The signals that have a name; every state that shows a signal is in each of them. */
+    const std::map<std::string, Signal>& signals() const { return mParts.signals; }
+
+    /** Every state that shows a signal, with zeros. */
+    Signal noSignal() const;
+
+    /** Why a signal cannot have these values for the state; none if it can. */
+    std::optional<std::string> objectionToSignal(const wire::StateSlot& slot, const wire::Values& values) const;
+
+    const std::vector<CecDevice>& cecDevices() const { return mParts.cecDevices; }
+
+    /** The HDMI input with the audio return channel. */
+    std::int32_t arcPort() const { return mParts.arcPort; }
+
+private:
+    Parts mParts;
+};
+
+/** Whether a value, or a key, is of the kind that the slot holds. */
+bool fits(wire::Holds holds, const wire::Value& scalar);
+
+/** What the slot holds, in words: `integers`. */
+std::string wordFor(wire::Holds holds);
+
+} // namespace kelutv::simulator

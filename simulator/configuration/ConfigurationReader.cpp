@@ -1,0 +1,238 @@
+#include "simulator/configuration/ConfigurationReader.h"
+
+#include "simulator/configuration/SlotReader.h"
+#include "wire/text/Nearest.h"
+
+#include <nlohmann/json.hpp>
+
+#include <kelutv/video_types.h>
+
+#include <algorithm>
+#include <set>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr char kSourcePrefix[] = "KELU_TV_SRC_";
+constexpr char kCurrentSource[] = "sourcemanager.curSource";
+
+/** The states of a module without its name. */
+std::vector<std::string> statesOf(const std::string& module) {
+    std::vector<std::string> names;
+    for (const wire::StateSlot& slot : wire::allStates()) {
+        if (slot.module == module) {
+            names.emplace_back(slot.name + module.size() + 1);
+        }
+    }
+    return names;
+}
+
+const wire::StateSlot& stateIn(const std::string& module, const std::string& name, const JsonNode& place) {
+    const wire::StateSlot* const slot = wire::findState(module + '.' + name);
+    if (slot == nullptr) {
+        place.fail("there is no state '" + name + "' in " + module + wire::nearestOf(name, statesOf(module)));
+    }
+    return *slot;
+}
+
+std::vector<std::string> modules() {
+    std::set<std::string> names;
+    for (const wire::StateSlot& slot : wire::allStates()) {
+        names.insert(slot.module);
+    }
+    return {names.begin(), names.end()};
+}
+
+/** Reads the parts of a configuration one after the other; each uses those before. */
+class Reader {
+public:
+    explicit Reader(const JsonNode& root) : mRoot(root) {}
+
+    Configuration::Parts read() {
+        readSettings();
+        readSignals();
+        readSources();
+        readCec();
+        showFirstSignal();
+        checkSources();
+        return std::move(mParts);
+    }
+
+private:
+    void readSettings() {
+        std::vector<std::string> allowed = modules();
+        allowed.insert(allowed.end(), {"$schema", "cec", "signals", "sources"});
+        for (const auto& [module, states] : mRoot.membersOf(allowed)) {
+            if (module == "$schema") {
+                states.text();
+            } else if (module != "cec" && module != "signals" && module != "sources") {
+                readModule(module, states);
+            }
+        }
+    }
+
+    void readModule(const std::string& module, const JsonNode& states) {
+        for (const auto& [name, node] : states.members()) {
+            const wire::StateSlot& slot = stateIn(module, name, node);
+            mParts.slots[&slot] = readSlot(node, slot);
+        }
+    }
+
+    /** What a signal or a source says for states; its other members are skipped. */
+    Signal statesIn(const JsonNode& node, const std::vector<std::string>& others) {
+        Signal signal;
+        for (const auto& [name, values] : node.members()) {
+            if (std::find(others.begin(), others.end(), name) == others.end()) {
+                const wire::StateSlot& slot = signalState(values, name);
+                signal[&slot] = readValues(values, slot);
+                checkLength(values, slot, signal[&slot].size());
+            }
+        }
+        return signal;
+    }
+
+    static const wire::StateSlot& signalState(const JsonNode& node, const std::string& name) {
+        const wire::StateSlot& slot = readStateName(node, name);
+        if (slot.holds != wire::Holds::Integers || slot.keys.size() != 0) {
+            node.fail(name + " cannot show a signal: it is not made of integers, or is kept for each of several keys");
+        }
+        return slot;
+    }
+
+    void checkLength(const JsonNode& node, const wire::StateSlot& slot, std::size_t length) {
+        const std::size_t expected = mParts.signalStates.emplace(&slot, length).first->second;
+        if (length != expected) {
+            node.fail(std::string(slot.name) + " has " + std::to_string(length) + " values here and " +
+                      std::to_string(expected) + " in another signal");
+        }
+    }
+
+    void readSignals() {
+        if (mRoot.has("signals")) {
+            for (const auto& [name, node] : mRoot.at("signals").members()) {
+                mParts.signals[name] = statesIn(node, {});
+            }
+        }
+    }
+
+    void readSources() {
+        if (mRoot.has("sources")) {
+            for (const auto& [name, node] : mRoot.at("sources").members()) {
+                readSource(name, node);
+            }
+        }
+        complete();
+    }
+
+    void readSource(const std::string& name, const JsonNode& node) {
+        const auto added = mParts.sources.emplace(readSourceName(node, name), SourceSettings{name, true, {}});
+        if (!added.second) {
+            node.fail(name + " and " + added.first->second.name + " are the same source");
+        }
+        SourceSettings& source = added.first->second;
+        source.signal = statesIn(node, {"plugged", "signal"});
+        if (node.has("plugged")) {
+            source.plugged = node.at("plugged").truth();
+        }
+        if (node.has("signal")) {
+            const Signal& preset = presetNamed(node.at("signal"));
+            source.signal.insert(preset.begin(), preset.end());
+        }
+    }
+
+    const Signal& presetNamed(const JsonNode& node) const {
+        const auto found = mParts.signals.find(node.text());
+        if (found == mParts.signals.end()) {
+            std::vector<std::string> names;
+            for (const auto& signal : mParts.signals) {
+                names.push_back(signal.first);
+            }
+            node.fail("there is no signal " + node.shown() + " in /signals" + wire::nearestOf(node.text(), names));
+        }
+        return found->second;
+    }
+
+    /** What a signal does not name is zero. */
+    void complete() {
+        const Signal nothing = Configuration(mParts).noSignal();
+        for (auto& signal : mParts.signals) {
+            signal.second.insert(nothing.begin(), nothing.end());
+        }
+        for (auto& source : mParts.sources) {
+            source.second.signal.insert(nothing.begin(), nothing.end());
+        }
+    }
+
+    void readCec() {
+        if (!mRoot.has("cec")) {
+            return;
+        }
+        const JsonNode cec = mRoot.at("cec");
+        cec.membersOf({"arcPort", "devices"});
+        mParts.arcPort = cec.at("arcPort").number();
+        if (mParts.arcPort < 0) {
+            cec.at("arcPort").fail("this is the number of a port, it cannot be " + std::to_string(mParts.arcPort));
+        }
+        mParts.cecDevices = readCecDevices(cec.at("devices"));
+    }
+
+    /** What shows a signal starts with that of the source that is current at first. */
+    void showFirstSignal() {
+        const Configuration nothingShown(mParts);
+        Signal first = nothingShown.noSignal();
+        if (const wire::StateSlot* const current = wire::findState(kCurrentSource)) {
+            const wire::Values shown = nothingShown.settings(*current).initialFor({std::int32_t{KELU_TV_WINDOW_MAIN}});
+            const auto found =
+                shown.empty() ? mParts.sources.end() : mParts.sources.find(std::get<std::int32_t>(shown.front()));
+            if (found != mParts.sources.end() && found->second.plugged) {
+                first = found->second.signal;
+            }
+        }
+        for (const auto& [slot, values] : first) {
+            mParts.slots[slot].initial = values;
+            mParts.slots[slot].ofSignal = true;
+        }
+    }
+
+    void checkSources() const {
+        for (const auto& [slot, settings] : mParts.slots) {
+            if (!settings.valueIsSource) {
+                continue;
+            }
+            checkSource(*slot, settings.initial);
+            for (const auto& keyed : settings.initialByKey) {
+                checkSource(*slot, keyed.second);
+            }
+        }
+    }
+
+    void checkSource(const wire::StateSlot& slot, const wire::Values& values) const {
+        if (!values.empty() && mParts.sources.count(std::get<std::int32_t>(values.front())) == 0) {
+            const std::string module = slot.module;
+            const JsonNode place = mRoot.at(module).at(slot.name + module.size() + 1).at("initial");
+            place.fail(place.shown() + " is none of the television's sources");
+        }
+    }
+
+    const JsonNode& mRoot;
+    Configuration::Parts mParts;
+};
+
+} // namespace
+
+Configuration readConfiguration(const JsonNode& root) { return Configuration(Reader(root).read()); }
+
+std::int32_t readSourceName(const JsonNode& place, const std::string& name) {
+    const wire::Enumerator* const found = name.rfind(kSourcePrefix, 0) == 0 ? wire::findEnumerator(name) : nullptr;
+    if (found == nullptr) {
+        std::vector<std::string> names = namesOf(wire::allEnumerators());
+        names.erase(std::remove_if(names.begin(), names.end(),
+                                   [](const std::string& other) { return other.rfind(kSourcePrefix, 0) != 0; }),
+                    names.end());
+        place.fail("'" + name + "' is no source of KELU_TV_SRC_E" + wire::nearestOf(name, names));
+    }
+    return found->value;
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,107 @@
+#include "simulator/control/Control.h"
+
+#include "simulator/control/ControlActions.h"
+#include "simulator/control/ControlVerbs.h"
+#include "simulator/text/ControlWords.h"
+#include "wire/text/Nearest.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kelutv::simulator {
+
+namespace {
+
+std::string takeFault(Equipment& equipment, const std::string& rest) {
+    if (rest == "clear") {
+        equipment.faults.clear();
+    } else if (const auto complaint = equipment.faults.add(rest)) {
+        throw BadLine(*complaint);
+    }
+    return "";
+}
+
+std::string listFaults(Equipment& equipment, const std::string& rest) {
+    if (!rest.empty()) {
+        throw BadLine("faults takes nothing");
+    }
+    return joinedLines(equipment.faults.list());
+}
+
+std::string unknownVerb(const std::string& verb) {
+    return "there is no control command '" + verb + "'" + wire::nearestOf(verb, controlVerbNames()) +
+           "; allowed: " + listed(controlVerbNames());
+}
+
+std::string help(Equipment&, const std::string& verb) {
+    const std::string text = controlHelp(verb);
+    if (text.empty()) {
+        throw BadLine(unknownVerb(verb));
+    }
+    return text;
+}
+
+struct Action {
+    const char* verb;
+    std::string (*perform)(Equipment& equipment, const std::string& rest);
+};
+
+constexpr Action kActions[] = {
+    {"cec", changeCecDevices},
+    {"event", sendEvent},
+    {"fault", takeFault},
+    {"faults", listFaults},
+    {"get", get},
+    {"help", help},
+    {"key", useKey},
+    {"plug", plug},
+    {"power", enterPowerState},
+    {"set", set},
+    {"show", show},
+    {"signal", changeSignal},
+    {"unplug", unplug},
+    {"vbi", sendVbi},
+};
+
+const Action* findAction(const std::string& verb) {
+    const auto* const found = std::find_if(std::begin(kActions), std::end(kActions),
+                                           [&verb](const Action& action) { return verb == action.verb; });
+    return found != std::end(kActions) ? found : nullptr;
+}
+
+std::string verbOf(const std::string& line) { return line.substr(0, line.find_first_of(" \t")); }
+
+/** A state that is set without the verb `set`. */
+bool isState(const std::string& verb) { return verb.find('.') != std::string::npos; }
+
+std::string perform(Equipment& equipment, const std::string& line) {
+    const std::string verb = verbOf(line);
+    if (const Action* const action = findAction(verb)) {
+        return action->perform(equipment, trimmed(line.substr(verb.size())));
+    }
+    if (isState(verb)) {
+        return set(equipment, line);
+    }
+    throw BadLine(unknownVerb(verb));
+}
+
+} // namespace
+
+Answer obey(Equipment& equipment, const std::string& line) {
+    const std::string said = trimmed(line);
+    if (said.empty() || said[0] == '#') {
+        return {};
+    }
+    try {
+        return {true, perform(equipment, said)};
+    } catch (const BadLine& complaint) {
+        return {false, complaint.what()};
+    }
+}
+
+std::optional<std::string> objectionToLine(const std::string& line) {
+    const std::string verb = verbOf(trimmed(line));
+    return findAction(verb) != nullptr || isState(verb) ? std::nullopt : std::optional<std::string>(unknownVerb(verb));
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "simulator/control/Answer.h"
+#include "simulator/television/Equipment.h"
+
+#include <optional>
+#include <string>
+
+namespace kelutv::simulator {
+
+/**
+ * Does what a line of the control channel says; see controlVerbs().
+ *
+ * Empty lines and those that begin with `#` say nothing.
+ * @return the data that were asked for, or what is wrong with the line, and then nothing is done
+ */
+Answer obey(Equipment& equipment, const std::string& line);
+
+/** What is wrong with a line as far as can be said without doing it: its verb. */
+std::optional<std::string> objectionToLine(const std::string& line);
+
+} // namespace kelutv::simulator

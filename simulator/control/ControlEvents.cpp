@@ -1,0 +1,168 @@
+// What the television tells applications of: power, keys, events and VBI data.
+
+#include "simulator/control/ControlActions.h"
+#include "simulator/control/ControlValues.h"
+#include "simulator/files/File.h"
+#include "simulator/state/SlotForm.h"
+#include "simulator/television/PowerNames.h"
+#include "wire/Events.h"
+
+#include <kelutv/system_types.h>
+
+#include <keluem/publisher.h>
+
+#include <fcntl.h>
+
+#include <cstring>
+#include <utility>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr char kKeyState[] = "systemsetting.keyEvent";
+constexpr std::size_t kLongestVbi = keluem::kMaxPayload - sizeof(std::int32_t);
+
+void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
+    const wire::StateSlot& slot = *wire::findState(kKeyState);
+    const SlotForm form = formOf(slot);
+    equipment.state.keep(slot, {key}, {happened});
+    const std::string name = shortNameOf(key, enumeratorsOf(*form.keys[0].names));
+    const std::string what = shortNameOf(happened, enumeratorsOf(*form.values[0].names));
+    equipment.notices.push_back({wire::kKeyUsed, payloadOf({key, happened}),
+                                 "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
+}
+
+Enumerators modules() {
+    constexpr char kPrefix[] = "KELU_EM_MODE_";
+    Enumerators modules;
+    for (const wire::Enumerator& row : wire::allEnumerators()) {
+        if (std::strncmp(row.name, kPrefix, std::strlen(kPrefix)) == 0 && row.value != KELU_EM_MODE_BUTT) {
+            modules.push_back(row);
+        }
+    }
+    return modules;
+}
+
+std::optional<unsigned int> knownEvent(const std::string& word) {
+    for (const wire::EventName& known : wire::allEvents()) {
+        if (word == known.name) {
+            return known.event;
+        }
+    }
+    return std::nullopt;
+}
+
+/** A number, the name of an event, or a module and what is added to it. */
+unsigned int eventNamed(const std::string& word) {
+    if (const auto known = knownEvent(word)) {
+        return *known;
+    }
+    const std::size_t plus = word.find('+');
+    const std::string offset = plus == std::string::npos ? "0" : word.substr(plus + 1);
+    const auto added = int32Of(offset);
+    if (!added || *added < 0 || *added > 0xFFFF) {
+        throw BadLine("what is added to the module of an event goes from 0 to 65535, not '" + offset + "'");
+    }
+    const std::int32_t module = enumeratorOf(word.substr(0, plus), modules(), "event or module");
+    return static_cast<unsigned int>(module) + static_cast<unsigned int>(*added);
+}
+
+std::string fileContent(const std::string& path) {
+    try {
+        const File file(path, O_RDONLY | O_NONBLOCK);
+        if (!file.isOpen()) {
+            failToUse("read", path);
+        }
+        if (!file.isRegular() || file.size() > keluem::kMaxPayload) {
+            throw BadLine(path + " is no regular file of at most " + std::to_string(keluem::kMaxPayload) + " bytes");
+        }
+        return file.read(file.size());
+    } catch (const BadLine&) {
+        throw;
+    } catch (const std::runtime_error& error) {
+        throw BadLine(error.what());
+    }
+}
+
+std::string bytesFrom(const ControlWord& word) {
+    if (word.raw[0] == '@') {
+        return fileContent(ControlWord{word.raw.substr(1)}.text());
+    }
+    const auto bytes = word.isQuoted() ? word.text() : bytesOf(word.raw);
+    if (!bytes) {
+        throw BadLine("'" + word.raw + "' is neither bytes in hexadecimal, nor @FILE, nor a text in quotes");
+    }
+    return *bytes;
+}
+
+std::string payloadFrom(const ControlWords& words) {
+    std::string payload = words.size() == 2 ? bytesFrom(words[1]) : "";
+    if (payload.size() > keluem::kMaxPayload) {
+        throw BadLine("the payload of an event has at most " + std::to_string(keluem::kMaxPayload) + " bytes");
+    }
+    return payload;
+}
+
+std::string countOf(const std::string& bytes) {
+    return std::to_string(bytes.size()) + (bytes.size() == 1 ? " byte" : " bytes");
+}
+
+} // namespace
+
+std::string enterPowerState(Equipment& equipment, const std::string& rest) {
+    const std::int32_t state = enumeratorOf(rest, enumeratorsOf(powerStateNames()), "power state");
+    if (state < 0 || state > static_cast<std::int32_t>(PowerState::Rebooting)) {
+        throw BadLine("power states go from 0 to 5");
+    }
+    equipment.power.enter(static_cast<PowerState>(state));
+    return "";
+}
+
+std::string useKey(Equipment& equipment, const std::string& rest) {
+    const ControlWords words = wordsIn(rest);
+    if (words.empty() || words.size() > 2) {
+        throw BadLine("key takes a key code, and press or release if it is to be only that");
+    }
+    const SlotForm form = formOf(*wire::findState(kKeyState));
+    const std::int32_t key = enumeratorOf(words[0].text(), enumeratorsOf(*form.keys[0].names), "key code");
+    const Enumerators happenings = enumeratorsOf(*form.values[0].names);
+    if (words.size() == 2) {
+        useKey(equipment, key, enumeratorOf(words[1].text(), happenings, "use of a key"));
+        return "";
+    }
+    useKey(equipment, key, KELU_TV_KPC_EV_KEY_PRESS);
+    useKey(equipment, key, KELU_TV_KPC_EV_KEY_RELEASE);
+    return "";
+}
+
+std::string sendEvent(Equipment& equipment, const std::string& rest) {
+    const ControlWords words = wordsIn(rest);
+    if (words.empty() || words.size() > 2) {
+        throw BadLine("event takes an identifier, and the payload in hexadecimal, as @FILE, or as a text in quotes");
+    }
+    const unsigned int event = eventNamed(words[0].text());
+    std::string payload = payloadFrom(words);
+    const std::string text = "from the control channel, " + countOf(payload);
+    equipment.notices.push_back({event, std::move(payload), text});
+    return "";
+}
+
+std::string sendVbi(Equipment& equipment, const std::string& rest) {
+    const ControlWords words = wordsIn(rest);
+    const bool complete = words.size() == 1 || words.size() == 2;
+    const std::int32_t type = complete ? int32Of(words[0].raw).value_or(0) : 0;
+    const auto bytes = bytesOf(words.size() == 2 ? words[1].raw : "");
+    if (type <= 0 || type > std::int32_t{Teletext::kLastType} || !bytes) {
+        throw BadLine("vbi takes a type from 1 to 65535 and the data in hexadecimal");
+    }
+    if (bytes->size() > kLongestVbi) {
+        throw BadLine("a VBI block holds at most " + std::to_string(kLongestVbi) + " bytes");
+    }
+    if (!equipment.teletext.deliver(static_cast<unsigned int>(type), *bytes)) {
+        throw BadLine("VBI is not initialised, open and registered for: nobody takes the block");
+    }
+    return "";
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "simulator/text/RequestPattern.h"
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace kelutv::simulator {
+
+/** One thing that goes wrong with an answer. */
+struct Effect {
+    enum class Kind { Error, Delay, DieBefore, DieAfter, Short, Long, Unterminated, Count };
+
+    Kind kind;
+    /** Error: the result. Delay: milliseconds. Short, Long: bytes. Count: the count. */
+    std::int32_t amount;
+};
+
+/** Which requests something goes wrong for, and what. */
+struct FaultRule {
+    /** The text it was made from, its words one space apart. */
+    std::string line;
+    RequestPattern pattern;
+    std::optional<pid_t> caller;
+    /** The first matching request that is hit, counted from 1. */
+    std::int32_t nth;
+    /** How many are hit; nothing for all. */
+    std::optional<std::int32_t> times;
+    Effect effect;
+};
+
+/** The fault that stands behind the verb `fault`. @throws std::invalid_argument saying what is wrong with it */
+FaultRule readFault(const std::string& line);
+
+} // namespace kelutv::simulator

@@ -1,0 +1,154 @@
+#include "simulator/files/JsonNode.h"
+
+#include "wire/text/Nearest.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <limits>
+#include <set>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr std::size_t kLongestShown = 60;
+
+std::string commaSeparated(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) {
+        text += (text.empty() ? "" : ", ") + name;
+    }
+    return text;
+}
+
+/** Complains of a member that an object has twice, of which the parser would keep the last. */
+class DuplicateFinder {
+public:
+    explicit DuplicateFinder(const std::string& file) : mFile(file) {}
+
+    bool see(nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+        using Event = nlohmann::json::parse_event_t;
+        if (event == Event::object_start) {
+            mNames.emplace_back();
+        } else if (event == Event::object_end) {
+            mNames.pop_back();
+        } else if (event == Event::key && !mNames.back().insert(parsed.get<std::string>()).second) {
+            throw ConfigurationError(mFile + ": '" + parsed.get<std::string>() + "' stands twice in one object");
+        }
+        return true;
+    }
+
+private:
+    const std::string& mFile;
+    std::vector<std::set<std::string>> mNames;
+};
+
+} // namespace
+
+nlohmann::json parseJson(const std::string& text, const std::string& file) {
+    DuplicateFinder duplicates(file);
+    try {
+        return nlohmann::json::parse(
+            text, [&duplicates](int, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+                return duplicates.see(event, parsed);
+            });
+    } catch (const nlohmann::json::parse_error& error) {
+        const std::string reason = error.what();
+        throw ConfigurationError(file + ": this is no JSON: " + reason.substr(reason.find("] ") + 2));
+    }
+}
+
+std::vector<std::pair<std::string, JsonNode>> JsonNode::members() const {
+    if (!mValue->is_object()) {
+        fail("an object is needed, not " + shown());
+    }
+    std::vector<std::pair<std::string, JsonNode>> members;
+    for (const auto& [name, value] : mValue->items()) {
+        members.emplace_back(name, child(value, name));
+    }
+    return members;
+}
+
+std::vector<std::pair<std::string, JsonNode>> JsonNode::membersOf(const std::vector<std::string>& allowed) const {
+    auto all = members();
+    for (const auto& [name, node] : all) {
+        if (std::find(allowed.begin(), allowed.end(), name) == allowed.end()) {
+            node.fail("there is no '" + name + "' here, only " + commaSeparated(allowed) +
+                      wire::nearestOf(name, allowed));
+        }
+    }
+    return all;
+}
+
+bool JsonNode::has(const std::string& name) const { return mValue->is_object() && mValue->contains(name); }
+
+JsonNode JsonNode::at(const std::string& name) const {
+    if (!has(name)) {
+        fail("'" + name + "' is missing");
+    }
+    return child((*mValue)[name], name);
+}
+
+std::vector<JsonNode> JsonNode::elements() const {
+    if (!mValue->is_array()) {
+        fail("a list is needed, not " + shown());
+    }
+    std::vector<JsonNode> elements;
+    for (std::size_t i = 0; i < mValue->size(); ++i) {
+        elements.push_back(child((*mValue)[i], std::to_string(i)));
+    }
+    return elements;
+}
+
+std::vector<JsonNode> JsonNode::listed() const {
+    return mValue->is_array() ? elements() : std::vector<JsonNode>{*this};
+}
+
+std::int32_t JsonNode::number() const {
+    using Limits = std::numeric_limits<std::int32_t>;
+    // What is beyond 63 bits becomes an unsigned number that is no int64.
+    const bool fits = mValue->is_number_integer() &&
+                      (!mValue->is_number_unsigned() || mValue->get<std::uint64_t>() <= Limits::max()) &&
+                      mValue->get<std::int64_t>() >= Limits::min() && mValue->get<std::int64_t>() <= Limits::max();
+    if (!fits) {
+        fail("an integer of 32 bits is needed, not " + shown());
+    }
+    return mValue->get<std::int32_t>();
+}
+
+double JsonNode::real() const {
+    if (!mValue->is_number()) {
+        fail("a number is needed, not " + shown());
+    }
+    return mValue->get<double>();
+}
+
+std::string JsonNode::text() const {
+    if (!mValue->is_string()) {
+        fail("a text is needed, not " + shown());
+    }
+    return mValue->get<std::string>();
+}
+
+bool JsonNode::truth() const {
+    if (!mValue->is_boolean()) {
+        fail("true or false is needed, not " + shown());
+    }
+    return mValue->get<bool>();
+}
+
+std::string JsonNode::shown() const {
+    const std::string text = mValue->dump();
+    return text.size() <= kLongestShown ? text : text.substr(0, kLongestShown) + "...";
+}
+
+void JsonNode::fail(const std::string& what) const {
+    throw ConfigurationError(mFile + (mPath.empty() ? "" : ": " + mPath) + ": " + what);
+}
+
+JsonNode JsonNode::child(const nlohmann::json& value, const std::string& step) const {
+    return {value, mFile, mPath + '/' + step};
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "simulator/files/JsonNode.h"
+#include "wire/Value.h"
+
+namespace kelutv::simulator {
+
+/** A list of scalars. Bytes that are no UTF-8 become `{"hex": "00ff"}`, a number that JSON lacks `{"real": "nan"}`. */
+nlohmann::json toJson(const wire::Values& scalars);
+
+/** The reverse. @throws ConfigurationError */
+wire::Values readValues(const JsonNode& node);
+
+} // namespace kelutv::simulator

@@ -1,0 +1,103 @@
+#include "simulator/screen/Ui.h"
+
+#include "simulator/screen/UiRender.h"
+#include "simulator/trace/Trace.h"
+
+#include <chrono>
+#include <utility>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr std::size_t kMostLines = 200;
+constexpr std::chrono::milliseconds kLeastPause{50};
+
+} // namespace
+
+Ui::~Ui() { stop(); }
+
+void Ui::start() {
+    mTerminal.enter();
+    mThread = std::thread([this] { drawChanges(); });
+}
+
+void Ui::stop() {
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mStopping = true;
+    }
+    mNews.notify_all();
+    if (mThread.joinable()) {
+        mThread.join();
+    }
+    leaveTerminal();
+}
+
+void Ui::note(const std::string& line) {
+    addLine(&UiView::events, line);
+    markChanged();
+}
+
+void Ui::served(const Served& served) {
+    addLine(&UiView::commands, describe(served.caller, served.request, served.reply));
+}
+
+void Ui::published(const Notice& notice) { addLine(&UiView::events, describe(notice)); }
+
+void Ui::faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) {
+    addLine(&UiView::commands, describe(caller, request, fault));
+}
+
+void Ui::settled(const Television& television) {
+    UiView view = viewOf(television.equipment());
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        view.commands = std::move(mView.commands);
+        view.events = std::move(mView.events);
+        mView = std::move(view);
+    }
+    markChanged();
+}
+
+void Ui::ending() { leaveTerminal(); }
+
+void Ui::leaveTerminal() {
+    const std::lock_guard<std::mutex> lock(mTerminalMutex);
+    mTerminal.leave();
+}
+
+void Ui::drawChanges() {
+    for (UiView view; waitForChange(view);) {
+        const std::lock_guard<std::mutex> lock(mTerminalMutex);
+        mTerminal.draw(render(view, mTerminal.size(), mColor));
+    }
+}
+
+bool Ui::waitForChange(UiView& view) {
+    std::unique_lock<std::mutex> lock(mMutex);
+    mNews.wait_for(lock, kLeastPause, [this] { return mStopping; });
+    mNews.wait(lock, [this] { return mStopping || mChanged; });
+    mChanged = false;
+    view = mView;
+    return !mStopping;
+}
+
+void Ui::markChanged() {
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mChanged = true;
+    }
+    mNews.notify_all();
+}
+
+void Ui::addLine(std::vector<std::string> UiView::*lines, const std::string& line) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    std::vector<std::string>& kept = mView.*lines;
+    kept.push_back(line);
+    if (kept.size() > kMostLines) {
+        kept.erase(kept.begin());
+    }
+}
+
+} // namespace kelutv::simulator

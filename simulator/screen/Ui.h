@@ -1,0 +1,60 @@
+#pragma once
+
+#include "simulator/screen/UiTerminal.h"
+#include "simulator/screen/UiView.h"
+#include "simulator/trace/Watcher.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** Draws the television in a terminal, in a thread of its own, whenever something changes. */
+class Ui : public Watcher {
+public:
+    Ui(int terminal, bool color) : mTerminal(terminal), mColor(color) {}
+    ~Ui() override;
+
+    /** Takes the terminal over. */
+    void start();
+
+    /** Gives the terminal back as it was. */
+    void stop();
+
+    /** The terminal has another size. */
+    void resized() { markChanged(); }
+
+    /** Shows a line among the events. */
+    void note(const std::string& line);
+
+    void served(const Served& served) override;
+    void published(const Notice& notice) override;
+    void faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) override;
+    void settled(const Television& television) override;
+    void ending() override;
+
+private:
+    void leaveTerminal();
+    void drawChanges();
+    /** False when there is nothing more to draw. */
+    bool waitForChange(UiView& view);
+    void markChanged();
+    void addLine(std::vector<std::string> UiView::*lines, const std::string& line);
+
+    std::mutex mMutex;
+    std::condition_variable mNews;
+    UiView mView;
+    bool mChanged = false;
+    bool mStopping = false;
+
+    /** Held while the terminal is written to. */
+    std::mutex mTerminalMutex;
+    UiTerminal mTerminal;
+    const bool mColor;
+    std::thread mThread;
+};
+
+} // namespace kelutv::simulator

@@ -1,0 +1,75 @@
+#include "simulator/screen/UiTerminal.h"
+
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr UiSize kUsualSize{24, 80};
+constexpr char kEnter[] = "\x1b[?1049h\x1b[?25l";
+constexpr char kLeave[] = "\x1b[?25h\x1b[?1049l";
+constexpr char kHome[] = "\x1b[H";
+constexpr char kClearRow[] = "\x1b[K";
+constexpr char kClearBelow[] = "\x1b[J";
+
+} // namespace
+
+void UiTerminal::enter() {
+    mEntered = true;
+    setEcho(false);
+    write(kEnter);
+}
+
+void UiTerminal::leave() {
+    if (mEntered) {
+        mEntered = false;
+        write(kLeave);
+        setEcho(true);
+    }
+}
+
+UiSize UiTerminal::size() const {
+    winsize size{};
+    if (::ioctl(mDescriptor, TIOCGWINSZ, &size) != 0 || size.ws_row == 0 || size.ws_col == 0) {
+        return kUsualSize;
+    }
+    return {size.ws_row, size.ws_col};
+}
+
+void UiTerminal::draw(const std::vector<std::string>& rows) const {
+    if (!mEntered) {
+        return;
+    }
+    std::string text = kHome;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        text += (i == 0 ? "" : "\r\n") + rows[i] + kClearRow;
+    }
+    write(text + kClearBelow);
+}
+
+void UiTerminal::write(const std::string& text) const {
+    std::size_t written = 0;
+    while (written < text.size()) {
+        const ssize_t count = ::write(mDescriptor, text.data() + written, text.size() - written);
+        if (count < 0 && errno != EINTR) {
+            return;
+        }
+        written += count > 0 ? static_cast<std::size_t>(count) : 0;
+    }
+}
+
+void UiTerminal::setEcho(bool on) const {
+    termios settings{};
+    if (::tcgetattr(mDescriptor, &settings) != 0) {
+        return;
+    }
+    settings.c_lflag = on ? settings.c_lflag | ECHO : settings.c_lflag & ~static_cast<tcflag_t>(ECHO);
+    ::tcsetattr(mDescriptor, TCSANOW, &settings);
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "simulator/television/Equipment.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** A colour that fills the screen. */
+struct UiColor {
+    std::int32_t red;
+    std::int32_t green;
+    std::int32_t blue;
+};
+
+/** What the screen of the simulator shows, in words and numbers. */
+struct UiView {
+    std::string power;
+    std::string source;
+    std::string signal;
+    std::string streamType;
+    std::string pictureMode;
+    std::int32_t volume = 0;
+    bool muted = false;
+    /** The test pattern while one is shown. */
+    std::optional<UiColor> pattern;
+    std::string hotel;
+    std::vector<std::string> faults;
+    /** What the latest requests and events were, the latest last. */
+    std::vector<std::string> commands;
+    std::vector<std::string> events;
+};
+
+/** What the television is like; commands and events are left out. */
+UiView viewOf(const Equipment& equipment);
+
+} // namespace kelutv::simulator

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "simulator/configuration/Configuration.h"
+#include "simulator/state/Revision.h"
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** Something that applications are told of. */
+struct Change {
+    const wire::StateSlot* slot;
+    wire::Values keys;
+    wire::Values values;
+    unsigned int event;
+};
+
+/** Everything that the television keeps. Not synchronised. */
+class State {
+public:
+    using Kept = std::map<std::pair<const wire::StateSlot*, wire::Values>, wire::Values>;
+
+    /** Both must outlive it. */
+    State(const Configuration& configuration, Revision& revision)
+        : mConfiguration(configuration), mRevision(revision) {}
+
+    /** What was set and differs from what it starts with or did, by slot and keys. */
+    const Kept& all() const { return mKept; }
+
+    /** Takes this for what was set; nobody is told of it. */
+    void takeOver(Kept kept) { mKept = std::move(kept); }
+
+    /** What was kept last, else what the slot starts with. */
+    wire::Values kept(const wire::StateSlot& slot, const wire::Values& keys) const;
+
+    void keep(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values);
+
+    /** Brings the settings of a module back to what they start with; what shows a signal stays. */
+    void restore(const std::string& module);
+
+    /** Brings the settings that are wanted back to what they start with; what shows a signal stays. */
+    void restore(const std::function<bool(const wire::StateSlot&)>& wanted);
+
+    /** What happened since the last take to slots that have an event. */
+    std::vector<Change> takeChanges() { return std::exchange(mChanges, {}); }
+
+private:
+    void noteChange(const wire::StateSlot& slot, const wire::Values& keys);
+
+    const Configuration& mConfiguration;
+    Revision& mRevision;
+    Kept mKept;
+    std::vector<Change> mChanges;
+};
+
+} // namespace kelutv::simulator

@@ -1,0 +1,109 @@
+#include "simulator/television/CecBus.h"
+
+#include "wire/Events.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace kelutv::simulator {
+
+namespace {
+
+/** The logical address of an audio system. */
+constexpr std::int32_t kAudioSystem = 5;
+
+} // namespace
+
+CecBus::CecBus(const Configuration& configuration, Notices& notices, Revision& revision)
+    : mDevices(configuration.cecDevices()), mArcPort(configuration.arcPort()), mNotices(notices), mRevision(revision) {}
+
+std::vector<CecDevice> CecBus::devices() const {
+    std::vector<CecDevice> devices;
+    std::copy_if(mDevices.begin(), mDevices.end(), std::back_inserter(devices),
+                 [](const CecDevice& device) { return device.plugged; });
+    return devices;
+}
+
+bool CecBus::isArcActive() const {
+    return std::any_of(mDevices.begin(), mDevices.end(), [this](const CecDevice& device) {
+        return device.plugged && device.logAddr == kAudioSystem && device.hdmiDevPort == mArcPort;
+    });
+}
+
+bool CecBus::select(std::int32_t logAddr) {
+    const auto device = find(logAddr);
+    if (logAddr != kTelevision && (device == mDevices.end() || !device->plugged)) {
+        return false;
+    }
+    play(logAddr);
+    return true;
+}
+
+bool CecBus::plug(std::int32_t logAddr, bool plugged) {
+    const auto device = find(logAddr);
+    if (device == mDevices.end()) {
+        return false;
+    }
+    change(*device, plugged);
+    return true;
+}
+
+std::optional<std::string> CecBus::add(const CecDevice& device) {
+    if (find(device.logAddr) != mDevices.end()) {
+        return "there is a CEC device with the logical address " + std::to_string(device.logAddr) + " already";
+    }
+    if (auto objection = objectionTo(device)) {
+        return objection;
+    }
+    mDevices.push_back(device);
+    mDevices.back().plugged = false;
+    mRevision.advance();
+    change(mDevices.back(), device.plugged);
+    return std::nullopt;
+}
+
+bool CecBus::remove(std::int32_t logAddr) {
+    const auto device = find(logAddr);
+    if (device == mDevices.end()) {
+        return false;
+    }
+    change(*device, false);
+    mDevices.erase(device);
+    mRevision.advance();
+    return true;
+}
+
+void CecBus::takeOver(std::vector<CecDevice> devices, std::int32_t playing) {
+    mDevices = std::move(devices);
+    mPlaying = playing;
+}
+
+std::vector<CecDevice>::iterator CecBus::find(std::int32_t logAddr) {
+    return std::find_if(mDevices.begin(), mDevices.end(),
+                        [logAddr](const CecDevice& device) { return device.logAddr == logAddr; });
+}
+
+void CecBus::change(CecDevice& device, bool plugged) {
+    if (device.plugged == plugged) {
+        return;
+    }
+    device.plugged = plugged;
+    mRevision.advance();
+    mNotices.push_back({wire::kCecDeviceChanged, payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
+                        device.name + (plugged ? " plugged in" : " unplugged")});
+    if (!plugged && mPlaying == device.logAddr) {
+        play(kTelevision);
+    }
+}
+
+void CecBus::play(std::int32_t logAddr) {
+    if (mPlaying != logAddr) {
+        mPlaying = logAddr;
+        mRevision.advance();
+        mNotices.push_back(
+            {wire::kCecPlayingChanged, payloadOf({logAddr}), "CEC device " + std::to_string(logAddr) + " plays"});
+    }
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "simulator/configuration/Configuration.h"
+#include "simulator/state/Revision.h"
+#include "simulator/television/Notice.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** The HDMI inputs and the CEC devices that can be plugged into them. Not synchronised. */
+class CecBus {
+public:
+    /** The logical address of the television itself, which plays when no device does. */
+    static constexpr std::int32_t kTelevision = 0;
+
+    CecBus(const Configuration& configuration, Notices& notices, Revision& revision);
+
+    /** Plugged in or not, in the order in which they came. */
+    const std::vector<CecDevice>& all() const { return mDevices; }
+
+    /** The devices plugged in, in the same order. */
+    std::vector<CecDevice> devices() const;
+
+    std::int32_t playing() const { return mPlaying; }
+
+    std::int32_t arcPort() const { return mArcPort; }
+
+    /** Whether an audio system hangs on the input with the audio return channel. */
+    bool isArcActive() const;
+
+    /** Lets a device plugged in, or the television, play; false when there is none of the address. */
+    bool select(std::int32_t logAddr);
+
+    /** Plugs a device in, or unplugs it; false when there is none of the address. */
+    bool plug(std::int32_t logAddr, bool plugged);
+
+    /** A device more, plugged in if it says so; what is wrong with it, if anything, and then it is not added. */
+    std::optional<std::string> add(const CecDevice& device);
+
+    /** Takes a device away, unplugged first; false when there is none of the address. */
+    bool remove(std::int32_t logAddr);
+
+    /** Takes these for the devices and the one that plays; nobody is told of it. */
+    void takeOver(std::vector<CecDevice> devices, std::int32_t playing);
+
+private:
+    std::vector<CecDevice>::iterator find(std::int32_t logAddr);
+    void change(CecDevice& device, bool plugged);
+    void play(std::int32_t logAddr);
+
+    std::vector<CecDevice> mDevices;
+    const std::int32_t mArcPort;
+    std::int32_t mPlaying = kTelevision;
+    Notices& mNotices;
+    Revision& mRevision;
+};
+
+} // namespace kelutv::simulator

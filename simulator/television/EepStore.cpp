@@ -1,0 +1,75 @@
+#include "simulator/television/EepStore.h"
+#include "simulator/files/File.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <stdexcept>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr std::size_t kMemorySize = EepStore::kSize;
+constexpr std::size_t kFileSize = 2 * kMemorySize;
+
+std::size_t startOf(Memory memory) { return memory == Memory::Eep ? 0 : kMemorySize; }
+
+/** The whole content of the file. */
+std::string readWhole(const File& file, const std::string& path) {
+    if (!file.isRegular() || file.size() != kFileSize) {
+        throw std::runtime_error(path + " is no EEP file: it must be a regular file of " + std::to_string(kFileSize) +
+                                 " bytes");
+    }
+    return file.read(kFileSize);
+}
+
+} // namespace
+
+EepStore::EepStore() : mContent(kFileSize, '\0'), mCommitted(mContent) {}
+
+EepStore::EepStore(const std::string& path) : EepStore() {
+    mPath = resolvedPath(path);
+    // Without waiting for the other end of a pipe.
+    const File file(mPath, O_RDONLY | O_NONBLOCK);
+    if (file.isOpen()) {
+        mContent = mCommitted = readWhole(file, mPath);
+    } else if (errno == ENOENT) {
+        save(mCommitted);
+    } else {
+        failToUse("read", mPath);
+    }
+}
+
+bool EepStore::covers(std::int32_t address, std::int64_t length) {
+    return address >= 0 && address < kSize && length <= kSize - address;
+}
+
+std::string EepStore::read(Memory memory, std::int32_t address, std::size_t length) const {
+    return mContent.substr(startOf(memory) + static_cast<std::size_t>(address), length);
+}
+
+void EepStore::write(Memory memory, std::int32_t address, const std::string& bytes) {
+    mContent.replace(startOf(memory) + static_cast<std::size_t>(address), bytes.size(), bytes);
+}
+
+void EepStore::commit(Memory memory) {
+    std::string next = mCommitted;
+    next.replace(startOf(memory), kMemorySize, mContent, startOf(memory), kMemorySize);
+    if (next != mCommitted) {
+        save(next);
+        mCommitted = std::move(next);
+    }
+}
+
+void EepStore::revert(Memory memory) {
+    mContent.replace(startOf(memory), kMemorySize, mCommitted, startOf(memory), kMemorySize);
+}
+
+void EepStore::save(const std::string& content) const {
+    if (!mPath.empty()) {
+        replaceFile(mPath, content);
+    }
+}
+
+} // namespace kelutv::simulator

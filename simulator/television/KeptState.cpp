@@ -1,0 +1,171 @@
+#include "simulator/television/KeptState.h"
+
+#include "simulator/configuration/ConfigurationReader.h"
+#include "simulator/configuration/SlotReader.h"
+#include "simulator/files/JsonScalar.h"
+#include "simulator/television/Settings.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace kelutv::simulator {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr char kFormat[] = "kelutv simulator state 1";
+
+void addLine(std::string& list, const json& object) { list += (list.empty() ? "\n    " : ",\n    ") + object.dump(); }
+
+json jsonOf(const Signal& signal) {
+    json object = json::object();
+    for (const auto& [slot, values] : signal) {
+        object[slot->name] = toJson(values);
+    }
+    return object;
+}
+
+json jsonOf(const State::Kept::value_type& entry) {
+    json object{{"state", entry.first.first->name}, {"value", toJson(entry.second)}};
+    if (!entry.first.second.empty()) {
+        object["key"] = toJson(entry.first.second);
+    }
+    return object;
+}
+
+std::string settingsOf(const Equipment& equipment) {
+    std::string text;
+    for (const auto& entry : equipment.state.all()) {
+        addLine(text, jsonOf(entry));
+    }
+    return text;
+}
+
+/** Those that are not as the configuration has them. */
+std::string sourcesOf(const Equipment& equipment) {
+    std::string text;
+    for (const auto& [id, source] : equipment.sources.all()) {
+        const SourceSettings& first = equipment.configuration.sources().at(id);
+        if (source.plugged != first.plugged || source.signal != first.signal) {
+            const json object{{"source", source.name}, {"plugged", source.plugged}, {"signal", jsonOf(source.signal)}};
+            addLine(text, object);
+        }
+    }
+    return text;
+}
+
+std::string devicesOf(const Equipment& equipment) {
+    std::string text;
+    for (const CecDevice& device : equipment.cec.all()) {
+        addLine(text, simulator::jsonOf(device));
+    }
+    return text;
+}
+
+void readSetting(const Equipment& equipment, const JsonNode& node, State::Kept& settings) {
+    node.membersOf({"state", "key", "value"});
+    const wire::StateSlot& slot = readStateName(node.at("state"), node.at("state").text());
+    const wire::Values keys = node.has("key") ? readValues(node.at("key")) : wire::Values{};
+    if (const auto refusal = objectionToKeys(equipment, slot, keys)) {
+        node.fail(refusal->text);
+    }
+    const wire::Values values = readValues(node.at("value"));
+    if (const auto refusal = objectionToValues(equipment, slot, values)) {
+        node.at("value").fail(refusal->text);
+    }
+    if (!settings.emplace(std::make_pair(&slot, keys), values).second) {
+        node.fail(std::string(slot.name) + " stands twice with this key");
+    }
+}
+
+Signal readSignal(const Configuration& configuration, const JsonNode& node) {
+    Signal signal = configuration.noSignal();
+    for (const auto& [name, member] : node.members()) {
+        const wire::StateSlot& slot = readStateName(member, name);
+        const wire::Values values = readValues(member);
+        if (const auto objection = configuration.objectionToSignal(slot, values)) {
+            member.fail(*objection);
+        }
+        signal[&slot] = values;
+    }
+    return signal;
+}
+
+void readSource(const Configuration& configuration, const JsonNode& node, Sources::All& sources) {
+    node.membersOf({"source", "plugged", "signal"});
+    const auto source = sources.find(readSourceName(node.at("source"), node.at("source").text()));
+    if (source == sources.end()) {
+        node.at("source").fail("the television has no source " + node.at("source").shown());
+    }
+    source->second.plugged = node.at("plugged").truth();
+    source->second.signal = readSignal(configuration, node.at("signal"));
+}
+
+std::int32_t readPlaying(const JsonNode& node, const std::vector<CecDevice>& devices) {
+    const std::int32_t playing = node.number();
+    const bool known = playing == CecBus::kTelevision ||
+                       std::any_of(devices.begin(), devices.end(), [playing](const CecDevice& device) {
+                           return device.plugged && device.logAddr == playing;
+                       });
+    if (!known) {
+        node.fail("no CEC device that is plugged in has the logical address " + std::to_string(playing));
+    }
+    return playing;
+}
+
+PowerState readPowerState(const JsonNode& node) {
+    const std::int32_t number = node.number();
+    if (number < 0 || number > static_cast<std::int32_t>(PowerState::Rebooting)) {
+        node.fail("a power state goes from 0 to 5, it cannot be " + std::to_string(number));
+    }
+    return static_cast<PowerState>(number);
+}
+
+void checkFormat(const JsonNode& root) {
+    if (!root.has("format") || root.at("format").value() != kFormat) {
+        root.fail(std::string("this is no state of a simulator: its format is not '") + kFormat + "'");
+    }
+    root.membersOf({"format", "settings", "sources", "mainWindowShown", "cecDevices", "cecPlaying", "power"});
+}
+
+} // namespace
+
+std::string textOf(const Equipment& equipment) {
+    const Power& power = equipment.power;
+    const json powerJson{{"state", static_cast<std::int32_t>(power.state())},
+                         {"lastPowerOffMode", power.lastPowerOffMode()},
+                         {"wakeupMode", power.wakeupMode()}};
+    return std::string("{\n  \"format\": \"") + kFormat + "\",\n  \"settings\": [" + settingsOf(equipment) +
+           "],\n  \"sources\": [" + sourcesOf(equipment) +
+           "],\n  \"mainWindowShown\": " + (equipment.sources.isShown() ? "true" : "false") + ",\n  \"cecDevices\": [" +
+           devicesOf(equipment) + "],\n  \"cecPlaying\": " + std::to_string(equipment.cec.playing()) +
+           ",\n  \"power\": " + powerJson.dump() + "\n}\n";
+}
+
+void takeOver(Equipment& equipment, const JsonNode& root) {
+    checkFormat(root);
+    State::Kept settings;
+    for (const JsonNode& node : root.at("settings").elements()) {
+        readSetting(equipment, node, settings);
+    }
+    Sources::All sources = equipment.configuration.sources();
+    for (const JsonNode& node : root.at("sources").elements()) {
+        readSource(equipment.configuration, node, sources);
+    }
+    const bool shown = root.at("mainWindowShown").truth();
+    std::vector<CecDevice> devices = readCecDevices(root.at("cecDevices"));
+    const std::int32_t playing = readPlaying(root.at("cecPlaying"), devices);
+    const JsonNode power = root.at("power");
+    power.membersOf({"state", "lastPowerOffMode", "wakeupMode"});
+    const PowerState powerState = readPowerState(power.at("state"));
+    equipment.power.takeOver(powerState, power.at("lastPowerOffMode").number(), power.at("wakeupMode").number());
+    equipment.state.takeOver(std::move(settings));
+    equipment.sources.takeOver(std::move(sources), shown);
+    equipment.cec.takeOver(std::move(devices), playing);
+}
+
+} // namespace kelutv::simulator

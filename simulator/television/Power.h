@@ -1,0 +1,45 @@
+#pragma once
+
+#include "simulator/state/Revision.h"
+#include "simulator/television/Notice.h"
+
+#include <cstdint>
+
+namespace kelutv::simulator {
+
+/** What the television is doing; the numbers are those of the event and of the last power-off mode. */
+enum class PowerState : std::int32_t {
+    On = 0,
+    Suspended = 1,
+    SuspendedToMemory = 2,
+    NormallySuspended = 3,
+    ShallowlySuspended = 4,
+    Rebooting = 5,
+};
+
+/** Sleeping and waking up. Not synchronised. */
+class Power {
+public:
+    Power(Notices& notices, Revision& revision) : mNotices(notices), mRevision(revision) {}
+
+    void enter(PowerState state);
+
+    /** Back to on, for a reason that the caller numbers. */
+    void wake(std::int32_t wakeupMode);
+
+    PowerState state() const { return mState; }
+    std::int32_t lastPowerOffMode() const { return mLastOff; }
+    std::int32_t wakeupMode() const { return mWakeupMode; }
+
+    /** Takes this for what happened so far; nobody is told of it. */
+    void takeOver(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode);
+
+private:
+    PowerState mState = PowerState::On;
+    std::int32_t mLastOff = 0;
+    std::int32_t mWakeupMode = 0;
+    Notices& mNotices;
+    Revision& mRevision;
+};
+
+} // namespace kelutv::simulator

@@ -1,0 +1,172 @@
+#include "simulator/television/Sources.h"
+
+#include "wire/Events.h"
+
+#include <kelutv/video_types.h>
+
+#include <string_view>
+#include <utility>
+
+namespace kelutv::simulator {
+
+namespace {
+
+constexpr char kCurrentSource[] = "sourcemanager.curSource";
+constexpr char kSignalStatus[] = "sourcemanager.signalStatus";
+
+const wire::Values& mainWindow() {
+    static const auto* const keys = new wire::Values{std::int32_t{KELU_TV_WINDOW_MAIN}};
+    return *keys;
+}
+
+bool isGood(const wire::Values& status) { return status == wire::Values{std::int32_t{1}}; }
+
+wire::Values keptIn(const State& state, const char* slot, const wire::Values& keys) {
+    return state.kept(*wire::findState(slot), keys);
+}
+
+wire::Values everySource(const Sources& sources, const State&, const wire::Values&) {
+    const std::vector<std::int32_t> all = sources.ids();
+    return {all.begin(), all.end()};
+}
+
+wire::Values sourcesWithSignal(const Sources& sources, const State&, const wire::Values&) {
+    wire::Values found;
+    for (const std::int32_t source : sources.ids()) {
+        if (sources.hasSignal(source)) {
+            found.emplace_back(source);
+        }
+    }
+    return found;
+}
+
+wire::Values statusAtSource(const Sources& sources, const State&, const wire::Values& keys) {
+    return sources.statusAt(std::get<std::int32_t>(keys.front()));
+}
+
+wire::Values statusOfMainWindow(const Sources&, const State& state, const wire::Values&) {
+    return keptIn(state, kSignalStatus, {});
+}
+
+wire::Values status3d(const Sources&, const State& state, const wire::Values&) {
+    const bool flat = keptIn(state, "video.mode3d", {}) == wire::Values{std::int32_t{KELU_TV_3DMODE_OFF}};
+    return {std::int32_t{!flat}};
+}
+
+wire::Values pictureModeOfStreamType(const Sources&, const State& state, const wire::Values&) {
+    return keptIn(state, "picture.pictureMode", keptIn(state, "picture.hdrStreamType", {}));
+}
+
+struct Consequence {
+    const char* slot;
+    wire::Values (*workOut)(const Sources& sources, const State& state, const wire::Values& keys);
+};
+
+constexpr Consequence kConsequences[] = {
+    {"sourcemanager.sourceList", everySource},
+    {"sourcemanager.availSourceList", sourcesWithSignal},
+    {"sourcemanager.offlineSigStatus", statusAtSource},
+    {"video.signalStatusSync", statusAtSource},
+    {"video.signalLock", statusOfMainWindow},
+    {"video.status3d", status3d},
+    {"picture.currentPictureMode", pictureModeOfStreamType},
+};
+
+} // namespace
+
+Sources::Sources(const Configuration& configuration, State& state, Notices& notices, Revision& revision)
+    : mConfiguration(configuration), mState(state), mNotices(notices), mRevision(revision),
+      mSources(configuration.sources()) {}
+
+std::vector<std::int32_t> Sources::ids() const {
+    std::vector<std::int32_t> ids;
+    for (const auto& source : mSources) {
+        ids.push_back(source.first);
+    }
+    return ids;
+}
+
+bool Sources::hasSignal(std::int32_t source) const { return isGood(statusAt(source)); }
+
+void Sources::plug(std::int32_t source, bool plugged) { change(source, plugged, signalAt(source)); }
+
+void Sources::setSignal(std::int32_t source, const Signal& signal) { change(source, isPlugged(source), signal); }
+
+void Sources::change(std::int32_t source, bool plugged, const Signal& signal) {
+    SourceSettings& settings = mSources.at(source);
+    if (settings.plugged == plugged && settings.signal == signal) {
+        return;
+    }
+    const auto before = std::make_pair(settings.plugged, hasSignal(source));
+    settings.plugged = plugged;
+    settings.signal = signal;
+    mRevision.advance();
+    const auto after = std::make_pair(plugged, hasSignal(source));
+    if (after != before) {
+        const std::string text = settings.name + (plugged ? " is plugged in" : " is unplugged") +
+                                 (after.second ? ", with a signal" : ", without a signal");
+        mNotices.push_back(
+            {wire::kSourcePlugged, payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
+    }
+    if (showsInMainWindow(source)) {
+        show(visible(source));
+    }
+}
+
+void Sources::select(std::int32_t source, std::int32_t window) {
+    const wire::StateSlot& current = *wire::findState(kCurrentSource);
+    const wire::Values before = mState.kept(current, mainWindow());
+    mState.keep(current, {window}, {source});
+    mState.keep(*wire::findState("sourcemanager.selectSource"), {}, {source});
+    if (window != KELU_TV_WINDOW_MAIN) {
+        return;
+    }
+    if (before != wire::Values{source}) {
+        mState.keep(*wire::findState("sourcemanager.lastMainSource"), {}, before);
+    }
+    mShown = true;
+    show(visible(source));
+}
+
+void Sources::deselect(std::int32_t source) {
+    if (showsInMainWindow(source)) {
+        mShown = false;
+        show(mConfiguration.noSignal());
+    }
+}
+
+std::optional<wire::Values> Sources::workedOut(const wire::StateSlot& slot, const wire::Values& keys) const {
+    for (const Consequence& consequence : kConsequences) {
+        if (std::string_view(consequence.slot) == slot.name) {
+            return consequence.workOut(*this, mState, keys);
+        }
+    }
+    return std::nullopt;
+}
+
+void Sources::takeOver(All sources, bool shown) {
+    mSources = std::move(sources);
+    mShown = shown;
+}
+
+bool Sources::showsInMainWindow(std::int32_t source) const {
+    return mShown && keptIn(mState, kCurrentSource, mainWindow()) == wire::Values{source};
+}
+
+void Sources::show(const Signal& signal) {
+    for (const auto& [slot, values] : signal) {
+        mState.keep(*slot, {}, values);
+    }
+}
+
+Signal Sources::visible(std::int32_t source) const {
+    return has(source) && isPlugged(source) ? signalAt(source) : mConfiguration.noSignal();
+}
+
+wire::Values Sources::statusAt(std::int32_t source) const {
+    const Signal signal = visible(source);
+    const auto found = signal.find(wire::findState(kSignalStatus));
+    return found != signal.end() ? found->second : wire::Values{};
+}
+
+} // namespace kelutv::simulator

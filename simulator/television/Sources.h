@@ -1,0 +1,74 @@
+#pragma once
+
+#include "simulator/state/State.h"
+#include "simulator/television/Notice.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** The inputs of the television, what is plugged into them and what comes down their lines. Not synchronised. */
+class Sources {
+public:
+    using All = std::map<std::int32_t, SourceSettings>;
+
+    /** All must outlive it. */
+    Sources(const Configuration& configuration, State& state, Notices& notices, Revision& revision);
+
+    const All& all() const { return mSources; }
+    bool has(std::int32_t source) const { return mSources.count(source) != 0; }
+    std::vector<std::int32_t> ids() const;
+
+    /** The enumerator of a source that exists, as all below must. */
+    const std::string& nameOf(std::int32_t source) const { return mSources.at(source).name; }
+
+    bool isPlugged(std::int32_t source) const { return mSources.at(source).plugged; }
+
+    /** What comes down the line as long as something is plugged in. */
+    const Signal& signalAt(std::int32_t source) const { return mSources.at(source).signal; }
+
+    /** What its signal says for the signal status, shown or not; none without a device, and for any other source. */
+    wire::Values statusAt(std::int32_t source) const;
+
+    bool hasSignal(std::int32_t source) const;
+
+    /** Plugs a device into the input, or unplugs it; the main window shows it at once when it shows the source. */
+    void plug(std::int32_t source, bool plugged);
+
+    /** Another signal, with a value for every state that shows one; the main window follows like that, too. */
+    void setSignal(std::int32_t source, const Signal& signal);
+
+    /** Gives the source to a window; the main window shows its signal from then on. */
+    void select(std::int32_t source, std::int32_t window);
+
+    /** Takes the signal off the main window if it is that of the source. */
+    void deselect(std::int32_t source);
+
+    /** Whether the main window shows its source, which it does until that is deselected. */
+    bool isShown() const { return mShown; }
+
+    /** What follows from the sources and from other slots and is therefore not kept; none if the slot is kept. */
+    std::optional<wire::Values> workedOut(const wire::StateSlot& slot, const wire::Values& keys) const;
+
+    /** Takes this for the sources and what the main window does; nobody is told of it. */
+    void takeOver(All sources, bool shown);
+
+private:
+    void change(std::int32_t source, bool plugged, const Signal& signal);
+    bool showsInMainWindow(std::int32_t source) const;
+    void show(const Signal& signal);
+    Signal visible(std::int32_t source) const;
+
+    const Configuration& mConfiguration;
+    State& mState;
+    Notices& mNotices;
+    Revision& mRevision;
+    All mSources;
+    bool mShown = true;
+};
+
+} // namespace kelutv::simulator

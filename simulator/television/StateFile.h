@@ -1,0 +1,40 @@
+#pragma once
+
+#include "simulator/television/Equipment.h"
+
+#include <cstdint>
+#include <string>
+
+namespace kelutv::simulator {
+
+/**
+ * Where what the television keeps outlives the process: settings, sources with their signals, CEC devices, power state.
+ *
+ * The file is JSON text, replaced as a whole: however the process ends, it has the content before or after a change.
+ */
+class StateFile {
+public:
+    /** @param path empty for no file: nothing is restored and nothing kept */
+    explicit StateFile(const std::string& path);
+
+    /**
+     * Gives the equipment what the file holds; makes the file when there is none.
+     * @throws ConfigurationError when the file holds something else; it is left as it is then
+     * @throws std::runtime_error when it cannot be made
+     */
+    void restore(Equipment& equipment);
+
+    /**
+     * Writes the file when something changed since it was written.
+     * @throws std::runtime_error when that fails; the file keeps its content
+     */
+    void keep(const Equipment& equipment);
+
+private:
+    void write(const Equipment& equipment) const;
+
+    std::string mPath;
+    std::uint64_t mWritten = 0;
+};
+
+} // namespace kelutv::simulator

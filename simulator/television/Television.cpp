@@ -1,0 +1,74 @@
+#include "simulator/television/Television.h"
+
+#include "simulator/control/Control.h"
+#include "simulator/television/Settings.h"
+#include "simulator/television/Special.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace kelutv::simulator {
+
+namespace {
+
+wire::Values collect(const wire::Rows<wire::Operand>& operands, const wire::Arguments& arguments) {
+    wire::Values scalars;
+    for (const wire::Operand& operand : operands) {
+        if (operand.index < 0) {
+            scalars.emplace_back(operand.literal);
+        } else {
+            const wire::Values& argument = arguments[static_cast<std::size_t>(operand.index)];
+            scalars.insert(scalars.end(), argument.begin(), argument.end());
+        }
+    }
+    return scalars;
+}
+
+} // namespace
+
+Television::Television(Configuration configuration, EepStore eep, const std::string& stateFile)
+    : mEquipment(std::move(configuration), std::move(eep)), mStateFile(stateFile) {
+    mStateFile.restore(mEquipment);
+}
+
+wire::Reply Television::perform(const wire::Request& request) {
+    wire::Reply reply = carryOut(request);
+    keepState();
+    return reply;
+}
+
+Answer Television::control(const std::string& line) {
+    Answer answer = obey(mEquipment, line);
+    keepState();
+    return answer;
+}
+
+wire::Reply Television::carryOut(const wire::Request& request) {
+    if (const Handler handler = specialHandler(request)) {
+        return handler(mEquipment, request);
+    }
+    const wire::StateRule& rule = request.operation->rule;
+    return rule.access == wire::StateRule::Access::None ? wire::replyWith(*request.operation, {})
+                                                        : apply(request, rule);
+}
+
+wire::Reply Television::apply(const wire::Request& request, const wire::StateRule& rule) {
+    const wire::Values keys = collect(rule.keys, request.arguments);
+    if (rule.access == wire::StateRule::Access::Set) {
+        const auto refusal = setState(mEquipment, *rule.slot, keys, collect(rule.values, request.arguments));
+        return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, {});
+    }
+    const auto refusal = objectionToKeys(mEquipment, *rule.slot, keys);
+    return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, readState(mEquipment, *rule.slot, keys));
+}
+
+/** A request that was carried out stands even if it could not be kept. */
+void Television::keepState() {
+    try {
+        mStateFile.keep(mEquipment);
+    } catch (const std::runtime_error& error) {
+        std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
+    }
+}
+
+} // namespace kelutv::simulator

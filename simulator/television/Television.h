@@ -1,0 +1,52 @@
+#pragma once
+
+#include "simulator/control/Answer.h"
+#include "simulator/television/Equipment.h"
+#include "simulator/television/StateFile.h"
+#include "wire/codec/Reply.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** What the commands do to the simulated television. Not synchronised. */
+class Television {
+public:
+    /**
+     * @param stateFile where what it keeps outlives it; empty for nowhere
+     * @throws ConfigurationError when the file holds something else; std::runtime_error when it cannot be used
+     */
+    explicit Television(Configuration configuration, EepStore eep = EepStore(), const std::string& stateFile = "");
+
+    /** Does what a request says; the request has been read to its end. */
+    wire::Reply perform(const wire::Request& request);
+
+    /** What happened since the last take to slots that have an event. */
+    std::vector<Change> takeChanges() { return mEquipment.state.takeChanges(); }
+
+    const Equipment& equipment() const { return mEquipment; }
+
+    /** The faults that hit this request. */
+    std::vector<FaultRule> meetFaults(const wire::Request& request, pid_t caller) {
+        return mEquipment.faults.meet(request, caller);
+    }
+
+    /** Does what a line of the control channel says. */
+    Answer control(const std::string& line);
+
+    /** What else happened since the last take. */
+    Notices takeNotices() { return std::exchange(mEquipment.notices, {}); }
+
+private:
+    wire::Reply carryOut(const wire::Request& request);
+    wire::Reply apply(const wire::Request& request, const wire::StateRule& rule);
+    void keepState();
+
+    Equipment mEquipment;
+    StateFile mStateFile;
+};
+
+} // namespace kelutv::simulator

@@ -1,0 +1,34 @@
+#include "simulator/trace/Trace.h"
+
+#include <cstdio>
+
+namespace kelutv::simulator {
+
+namespace {
+
+std::string describe(pid_t caller, const wire::Request& request) {
+    return '[' + std::to_string(caller) + "] " + describe(request);
+}
+
+} // namespace
+
+std::string describe(const Change& change) {
+    return std::string(change.slot->name) + '[' + wire::joined(change.keys, wire::Encoding::Int32, nullptr) +
+           "] = " + wire::joined(change.values, wire::Encoding::Int32, nullptr);
+}
+
+std::string describe(pid_t caller, const wire::Request& request, const wire::Reply& reply) {
+    return describe(caller, request) + " -> " + describe(request, reply);
+}
+
+std::string describe(const Notice& notice) {
+    char identifier[32];
+    std::snprintf(identifier, sizeof(identifier), "event 0x%X: ", notice.event);
+    return identifier + notice.text;
+}
+
+std::string describe(pid_t caller, const wire::Request& request, const FaultRule& fault) {
+    return describe(caller, request) + " meets fault " + fault.line;
+}
+
+} // namespace kelutv::simulator

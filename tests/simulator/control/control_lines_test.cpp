@@ -1,0 +1,169 @@
+// How the lines of the control channel are read, whatever is in them.
+
+#include "simulator/control/Control.h"
+#include "simulator/control/ControlVerbs.h"
+#include "simulator/state/SlotForm.h"
+#include "simulator/television/SlotAccess.h"
+#include "simulator/text/ControlWords.h"
+#include "wire/text/Quote.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace kelutv::simulator {
+
+namespace {
+
+std::vector<std::string> textsOf(const ControlWords& words) {
+    std::vector<std::string> texts;
+    for (const ControlWord& word : words) {
+        texts.push_back(word.text());
+    }
+    return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(ControlLines, AreCutIntoWords) {
+    EXPECT_EQ(textsOf(wordsIn("")), Texts{});
+    EXPECT_EQ(textsOf(wordsIn(" one\t two ")), (Texts{"one", "two"}));
+    EXPECT_EQ(textsOf(wordsIn("name=\"two words\" \"\" \"\\\"\\\\\\x1f\\n\"")),
+              (Texts{"name=two words", "", "\"\\\x1fn"}));
+    EXPECT_EQ(textsOf(wordsIn("1,2 , \"3,4\"", ", ")), (Texts{"1", "2", "3,4"}));
+    EXPECT_THROW(wordsIn("one \"two"), BadLine);
+    EXPECT_THROW(wordsIn("\"\\"), BadLine);
+}
+
+TEST(ControlLines, TakeEveryTextInQuotes) {
+    std::string every;
+    for (int byte = 0; byte < 256; ++byte) {
+        every += static_cast<char>(byte);
+    }
+    EXPECT_EQ(textsOf(wordsIn(wire::inQuotes(every))), Texts{every});
+}
+
+TEST(ControlLines, HaveNumbersAndBytes) {
+    EXPECT_EQ(int32Of("-2147483648"), INT32_MIN);
+    EXPECT_EQ(int32Of("0xFFFFFFFF"), -1);
+    EXPECT_EQ(int32Of("0x7f"), 127);
+    for (const char* const word : {"", "-", "0x", "1 ", "2147483648", "0x100000000", "1.5", "one"}) {
+        EXPECT_EQ(int32Of(word), std::nullopt) << word;
+    }
+    EXPECT_EQ(bytesOf("0x00fF:41"), std::string("\x00\xff\x41", 3));
+    EXPECT_EQ(bytesOf(""), "");
+    for (const char* const word : {"0", "0g", "+1", " 1", "012"}) {
+        EXPECT_EQ(bytesOf(word), std::nullopt) << word;
+    }
+}
+
+TEST(ControlLines, HaveShortNames) {
+    const Enumerators names{
+        {"A_MODE_VIVID", 1}, {"A_MODE_STANDARD", 2}, {"A_MODE_STANDARD_TWO", 3}, {"A_MODE_SOFT", 4}};
+    for (const char* const word : {"A_MODE_STANDARD", "standard", "STANDARD", "2", "0x2"}) {
+        EXPECT_EQ(enumeratorOf(word, names, "mode"), 2) << word;
+    }
+    EXPECT_EQ(enumeratorOf("standardtwo", names, "mode"), 3);
+    EXPECT_EQ(enumeratorOf("v", names, "mode"), 1);
+    EXPECT_EQ(enumeratorOf("so", names, "mode"), 4);
+    EXPECT_EQ(enumeratorOf("99", names, "mode"), 99);
+    EXPECT_THROW(enumeratorOf("s", names, "mode"), BadLine);
+    EXPECT_THROW(enumeratorOf("", names, "mode"), BadLine);
+    EXPECT_THROW(enumeratorOf("x", {}, "mode"), BadLine);
+    EXPECT_EQ(shortNameOf(3, names), "standard_two");
+    EXPECT_EQ(shortNameOf(5, names), "");
+}
+
+TEST(ControlLines, HavePatterns) {
+    EXPECT_TRUE(matches("audio.maxVolume", "volume"));
+    EXPECT_TRUE(matches("audio.maxVolume", "AUDIO.max"));
+    EXPECT_TRUE(matches("source KELU_TV_SRC_HDMI1", "hdmi1"));
+    EXPECT_FALSE(matches("factory.voiceCuesEnable", "cec"));
+    EXPECT_FALSE(matches("audio.maxVolume", "volume?"));
+    EXPECT_TRUE(matches("audio.maxVolume", "*VOLUME"));
+    EXPECT_FALSE(matches("audio.maxVolume", "audio.*x"));
+    EXPECT_TRUE(matches("anything", ""));
+}
+
+class ControlOfEquipment : public ::testing::Test {
+protected:
+    Equipment mEquipment{Configuration::standard(), EepStore()};
+};
+
+/** A word that the part of a slot takes. */
+std::string wordFor(const SlotPart& part) {
+    return part.encoding == wire::Encoding::CString || part.encoding == wire::Encoding::String16 ||
+                   part.encoding == wire::Encoding::Bytes
+               ? "\"text\""
+               : "1";
+}
+
+std::string wordsFor(const std::vector<SlotPart>& parts) {
+    std::string words;
+    for (const SlotPart& part : parts) {
+        words += (words.empty() ? "" : ", ") + wordFor(part);
+    }
+    return words;
+}
+
+TEST_F(ControlOfEquipment, SetsEveryStateToWhatGetShows) {
+    int set = 0;
+    for (const wire::StateSlot& slot : wire::allStates()) {
+        const SlotForm form = formOf(slot);
+        const std::string target = slot.name + (form.keys.empty() ? "" : '[' + wordsFor(form.keys) + ']');
+        const std::string line = target + " = " + wordsFor(form.values);
+        if (!isJustKept(mEquipment, slot, wire::Values(form.keys.size(), std::int32_t{1}))) {
+            continue;
+        }
+        const Answer done = obey(mEquipment, line);
+        EXPECT_TRUE(done.ok) << line << ": " << done.text;
+        EXPECT_EQ(obey(mEquipment, "get " + target).text, line);
+        ++set;
+    }
+    EXPECT_GT(set, 350);
+}
+
+/** What comes of lines that somebody else wrote, one piece of which is replaced by another. */
+TEST_F(ControlOfEquipment, SurvivesEveryLine) {
+    const std::string pieces[] = {"\"",
+                                  "[",
+                                  "]",
+                                  "=",
+                                  ",",
+                                  " ",
+                                  "\\",
+                                  "@",
+                                  "0x",
+                                  "-1",
+                                  "*",
+                                  "#",
+                                  "+",
+                                  "add",
+                                  "none",
+                                  "99999999999",
+                                  "KELU_TV_SRC_HDMI1",
+                                  "audio.volume",
+                                  "cec",
+                                  "\x01",
+                                  "\xff",
+                                  ""};
+    std::mt19937 random(4711); // NOLINT(cert-msc51-cpp): the same lines each time
+    const auto pick = [&random](std::size_t count) { return random() % count; };
+    for (int round = 0; round < 60; ++round) {
+        for (const ControlVerb& verb : controlVerbs()) {
+            std::string line = verb.example;
+            for (std::size_t edits = 1 + pick(4); edits > 0; --edits) {
+                line.replace(pick(line.size() + 1), pick(4), pieces[pick(std::size(pieces))]);
+            }
+            const Answer answer = obey(mEquipment, line);
+            EXPECT_TRUE(answer.ok || !answer.text.empty()) << line;
+        }
+        mEquipment.notices.clear();
+    }
+}
+
+} // namespace
+
+} // namespace kelutv::simulator
