@@ -7,13 +7,14 @@ from collections.abc import Callable
 from dataclasses import dataclass, replace
 
 import cells
+from effects import read_effect
 from headers import Parameter, Signature, parse_signature
 from model import Catalogue, Function, Layer, Method, Module, Operation, Refusal, Reply, ReplyField
 from model import WireItem, refusals
 from tables import Row, RowError
 
-COMPOSED_COLUMNS = "method calls null log result outputs state values pointers irregular".split()
-FUNCTION_COLUMNS = "function calls null result outputs state values pointers irregular".split()
+COMPOSED_COLUMNS = "method calls null log result outputs state effect values pointers irregular".split()
+FUNCTION_COLUMNS = "function calls null result outputs state effect values pointers irregular".split()
 RESULTS = ["same", "bool", "zero", "list", "item[N]", "item[N] != 0", "irregular"]
 COMPUTED = "computed"
 COMPOSED_EVENTS = ("call", "null")
@@ -91,6 +92,7 @@ class CallReader:
 
     def _operation(self, module: Module, row: Row, signature: Signature) -> Function:
         composed = "method" in row.cells
+        owner = module.owner if composed else None
         call = self._call(module, row["calls"])
         self._check_arguments(call, signature)
         names = call.names
@@ -105,7 +107,7 @@ class CallReader:
         function = Function(
             place=row.place,
             module=module.name,
-            owner=module.owner if composed else None,
+            owner=owner,
             signature=signature,
             callee=call.callee,
             arguments=call.arguments,
@@ -120,6 +122,7 @@ class CallReader:
             layers=layers,
             refusals=(*refusals(null, log, signature), *_inherited(call, names, null, layers[-1])),
             state=cells.parse_state(row["state"], request, self.headers),
+            effect=read_effect(row["effect"], owner, None if call.item else call.callee, request),
             values=cells.parse_values(row["values"], signature, self.headers),
             pointers=cells.parse_pointers(row["pointers"], signature, self.headers),
             irregular=cells.parse_optional(row["irregular"]),

@@ -3,6 +3,8 @@
 
     python3 catalogue/catalogue.py check                 every table against headers, comments and the hand-written tests
     python3 catalogue/catalogue.py list                  every operation, one a line
+    python3 catalogue/catalogue.py list --effect set --effect dangerous
+                                                         only those with these effects
     python3 catalogue/catalogue.py exports               every symbol the library exports
     python3 catalogue/catalogue.py show Audio::setMute   one operation in full
 """
@@ -18,6 +20,7 @@ from pathlib import Path
 
 from comments import check_comments
 from docs import read_docs
+from effects import EFFECTS, effect_text, has_effect
 from model import Catalogue, Function, Method, Operation, Reply, State, WireItem
 from reader import read_catalogue
 from tables import CatalogueError
@@ -146,6 +149,7 @@ def _function_lines(function: Function) -> list[str]:
 def describe(operation: Operation) -> str:
     """One operation for a reader."""
     lines = _method_lines(operation) if isinstance(operation, Method) else _function_lines(operation)
+    lines.append(f"effect: {effect_text(operation.effect)}")
     if operation.null:
         lines.append(f"null is refused, nothing sent: {', '.join(operation.null)}")
     for name, values in operation.values.items():
@@ -166,9 +170,10 @@ def _check(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
     return 1 if complaints else 0
 
 
-def _list(catalogue: Catalogue, _: argparse.Namespace) -> int:
+def _list(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
     for operation in catalogue.operations:
-        print(operation.name)
+        if all(has_effect(operation.effect, word) for word in arguments.effect):
+            print(operation.name)
     return 0
 
 
@@ -195,7 +200,9 @@ def _arguments(argv: list[str] | None) -> argparse.Namespace:
     check = commands.add_parser("check", help="check the tables")
     check.add_argument("--tests", type=Path, default=ROOT / "tests", help="folder of the hand-written tests")
     check.set_defaults(run=_check)
-    commands.add_parser("list", help="list the operations").set_defaults(run=_list)
+    listing = commands.add_parser("list", help="list the operations")
+    listing.add_argument("--effect", action="append", choices=EFFECTS, default=[], help="only with this effect")
+    listing.set_defaults(run=_list)
     commands.add_parser("exports", help="list the exported symbols").set_defaults(run=_exports)
     show = commands.add_parser("show", help="show one operation")
     show.add_argument("name", help="Audio::setMute or linux_tv_Audio_setMute")

@@ -5,11 +5,12 @@ from __future__ import annotations
 import re
 
 import cells
+from effects import read_effect
 from headers import Headers, parse_signature
 from model import Catalogue, Method, Module, WireItem
 from tables import Row, RowError
 
-METHOD_COLUMNS = "method command value call sends reply null log result state values pointers irregular".split()
+METHOD_COLUMNS = "method command value call sends reply null log result state effect values pointers irregular".split()
 STATUS_AS_VALUE = "status as value"
 METHOD_RESULTS = [
     *("status", STATUS_AS_VALUE, "value", "bool", "zero-or-fail", "zero", "record", "list"),
@@ -51,6 +52,7 @@ def read_method(catalogue: Catalogue, module: Module, row: Row) -> None:
         result="status" if status_is_value else result,
         fallback=fallback,
         state=None if items else cells.parse_state(row["state"], request, headers),
+        effect=read_effect(row["effect"], module.owner),
         items=items,
         values=cells.parse_values(row["values"], signature, headers),
         pointers=cells.parse_pointers(row["pointers"], signature, headers),

@@ -114,6 +114,21 @@ class Pointer:
 
 
 @dataclass(frozen=True)
+class Effect:
+    """What an operation does to a television.
+
+    `kind` is read, set, action or print-only. `back` names the operation that reads what a set is about to change, with
+    the same keys, so that the set can put it back. `kept` tells whether the change outlasts power off; nothing when that
+    is not known. What is `dangerous` may lose what nothing puts back or leave the set unusable.
+    """
+
+    kind: str
+    back: str | None = None
+    kept: bool | None = None
+    dangerous: bool = False
+
+
+@dataclass(frozen=True)
 class LogLine:
     """A text that a class logs under its tag.
 
@@ -189,6 +204,7 @@ class Method:
     result: str
     fallback: str | None
     state: State | None
+    effect: Effect
     items: bool
     values: dict[str, ValueSet]
     pointers: dict[str, Pointer]
@@ -240,6 +256,7 @@ class Function:
     layers: tuple[Layer, ...]
     refusals: tuple[Refusal, ...]
     state: State | None
+    effect: Effect
     values: dict[str, ValueSet]
     pointers: dict[str, Pointer]
     irregular: str | None

@@ -8,6 +8,7 @@ from pathlib import Path
 
 import cells
 from calls import COMPOSED_COLUMNS, FUNCTION_COLUMNS, CallReader
+from effects import check_effects
 from headers import Field, Headers, Record, Signature, read_headers
 from methods import METHOD_COLUMNS, read_method
 from model import Catalogue, Module, Overload, PlatformRecord
@@ -71,6 +72,7 @@ class _Reader:
         self._read_calls(modules)
         self._read_parameters()
         self._check_item_states()
+        self.errors += check_effects(self.catalogue)
         for module in self.catalogue.modules:
             self._check_headers(module)
         if self.errors:

@@ -68,9 +68,9 @@ class ComposedMethods(TorchTest):
 FIXED_KEY = "0, minutes) | - | - | same | - | timer[0]"
 HALO = """## Composed methods
 
-| method | calls | null | log | result | outputs | state | values | pointers | irregular |
-|---|---|---|---|---|---|---|---|---|---|
-| int shine(int level) | Lamp::setLevel(LAMP_LEFT, level) | - | - | same | - | - | - | - | - |
+| method | calls | null | log | result | outputs | state | effect | values | pointers | irregular |
+|---|---|---|---|---|---|---|---|---|---|---|
+| int shine(int level) | Lamp::setLevel(LAMP_LEFT, level) | - | - | same | - | - | - | - | - | - |
 """
 
 
@@ -98,7 +98,7 @@ class Nulls(TorchTest):
 
     def test_what_an_irregular_function_does_with_null_is_not_known(self) -> None:
         self.change_torch("Torch::title(text) | - | same", "Torch::title(text) | - | irregular")
-        self.change_torch("irregular | - | - | - | - | - |", "irregular | - | - | - | - | It looks itself. |")
+        self.change_torch("irregular | - | - | - | - | - | - |", "irregular | - | - | - | - | - | It looks itself. |")
         self.assertEqual(self.read().operation("TitleOf").refusals, ())
 
 

@@ -42,7 +42,7 @@ class ServiceView(CatalogueTest):
         self.assertEqual([(value.index, value.literal) for value in values], [(None, 1)])
 
     def test_a_method_that_sends_nothing_is_no_command(self) -> None:
-        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | - | curve=unused | Never built. |")
+        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | print-only | - | curve=unused | Never built. |")
         catalogue = self.read()
         self.assertNotIn(None, [command.value for command in service_commands(catalogue)])
         self.assertIn("Lamp::setCurve(double*, int)", expected_exports(catalogue))

@@ -105,29 +105,29 @@ LAMP = """# Lamp
 
 ## Methods
 
-| method | command | value | call | sends | reply | null | log | result | state | values | pointers | irregular |
-|---|---|---|---|---|---|---|---|---|---|---|---|---|
-| int setLevel(int lamp, int level) | CMD_LAMP_SETLEVEL | 0x1000 | exeCmdSet(int, int, int) | lamp, level | status | - | - | status | level[lamp] = level | lamp=LAMP_E, level=1..9 | - | - |
-| int getLevel(int lamp) | CMD_LAMP_GETLEVEL | 0x1001 | exeCmdGet(int, int) | lamp | value | - | - | value | level[lamp] | lamp=LAMP_E | - | - |
-| virtual int setItem(int cmdID, int param1, int param2) | CMD_LAMP_SETITEM | 0x1002 | exeCmdSet(int, int, int, int) | cmdID, param1, param2 | status | - | - | status | items | - | - | Goes through the slot. |
-| int getItem(int cmdID, int param1, int* pData) | CMD_LAMP_GETITEM | 0x1003 | exeCmdGet(int, int, int, android::Parcel&) | cmdID, param1 | ints[255] -> pData | pData | null "no buffer"; failure debug "failed" | zero-or-fail | items | - | - | - |
-| int setColor(int lamp, Color const* color) | CMD_LAMP_SETCOLOR | 0x1004 | exeCmdSet(int, android::Parcel const&) | lamp, color, 0, color.on | status | - | - | status | color[lamp] = color | - | - | - |
-| Color getColor(int lamp) | CMD_LAMP_GETCOLOR | 0x1005 | exeCmdGet(int, int, android::Parcel&) | lamp | Color | - | - | record | color[lamp] | - | - | - |
-| int setCurve(double* curve, int length) | CMD_LAMP_SETCURVE | 0x1006 | exeCmdSet(int, android::Parcel const&) | length, doubles(curve, length) | status | - | - | status | - | - | - | - |
+| method | command | value | call | sends | reply | null | log | result | state | effect | values | pointers | irregular |
+|---|---|---|---|---|---|---|---|---|---|---|---|---|---|
+| int setLevel(int lamp, int level) | CMD_LAMP_SETLEVEL | 0x1000 | exeCmdSet(int, int, int) | lamp, level | status | - | - | status | level[lamp] = level | set, back getLevel, kept | lamp=LAMP_E, level=1..9 | - | - |
+| int getLevel(int lamp) | CMD_LAMP_GETLEVEL | 0x1001 | exeCmdGet(int, int) | lamp | value | - | - | value | level[lamp] | read | lamp=LAMP_E | - | - |
+| virtual int setItem(int cmdID, int param1, int param2) | CMD_LAMP_SETITEM | 0x1002 | exeCmdSet(int, int, int, int) | cmdID, param1, param2 | status | - | - | status | items | set, dangerous | - | - | Goes through the slot. |
+| int getItem(int cmdID, int param1, int* pData) | CMD_LAMP_GETITEM | 0x1003 | exeCmdGet(int, int, int, android::Parcel&) | cmdID, param1 | ints[255] -> pData | pData | null "no buffer"; failure debug "failed" | zero-or-fail | items | read | - | - | - |
+| int setColor(int lamp, Color const* color) | CMD_LAMP_SETCOLOR | 0x1004 | exeCmdSet(int, android::Parcel const&) | lamp, color, 0, color.on | status | - | - | status | color[lamp] = color | set, back getColor | - | - | - |
+| Color getColor(int lamp) | CMD_LAMP_GETCOLOR | 0x1005 | exeCmdGet(int, int, android::Parcel&) | lamp | Color | - | - | record | color[lamp] | read | - | - | - |
+| int setCurve(double* curve, int length) | CMD_LAMP_SETCURVE | 0x1006 | exeCmdSet(int, android::Parcel const&) | length, doubles(curve, length) | status | - | - | status | - | action, not kept, dangerous | - | - | - |
 
 ## C functions
 
-| function | calls | null | result | outputs | state | values | pointers | irregular |
-|---|---|---|---|---|---|---|---|---|
-| int linux_tv_Lamp_setLevel(int lamp, int level) | Lamp::setLevel(lamp, level) | - | same | - | - | - | - | - |
-| int linux_tv_Lamp_setTimer(LAMP_E lamp, int minutes) | set(CMDID_LAMP_SET_TIMER, lamp, minutes) | - | same | - | timer[lamp] = minutes | - | - | - |
-| int linux_tv_Lamp_getTimer(LAMP_E lamp, int* pMinutes) | get(CMDID_LAMP_GET_TIMER, lamp) | pMinutes | same | *pMinutes = item[0] | timer[lamp] | - | - | - |
-| int linux_tv_Lamp_getColor(Color const* pColor) | - | - | irregular | - | - | - | - | Gives a fixed colour. |
+| function | calls | null | result | outputs | state | effect | values | pointers | irregular |
+|---|---|---|---|---|---|---|---|---|---|
+| int linux_tv_Lamp_setLevel(int lamp, int level) | Lamp::setLevel(lamp, level) | - | same | - | - | - | - | - | - |
+| int linux_tv_Lamp_setTimer(LAMP_E lamp, int minutes) | set(CMDID_LAMP_SET_TIMER, lamp, minutes) | - | same | - | timer[lamp] = minutes | set, back linux_tv_Lamp_getTimer | - | - | - |
+| int linux_tv_Lamp_getTimer(LAMP_E lamp, int* pMinutes) | get(CMDID_LAMP_GET_TIMER, lamp) | pMinutes | same | *pMinutes = item[0] | timer[lamp] | read | - | - | - |
+| int linux_tv_Lamp_getColor(Color const* pColor) | - | - | irregular | - | - | print-only | - | - | Gives a fixed colour. |
 """
 
 SET_CURVE = (
     "| CMD_LAMP_SETCURVE | 0x1006 | exeCmdSet(int, android::Parcel const&) | length, doubles(curve, length) "
-    "| status | - | - | status | - | - | - | - |"
+    "| status | - | - | status | - | action, not kept, dangerous | - | - | - |"
 )
 
 

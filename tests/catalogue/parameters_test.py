@@ -12,9 +12,9 @@ from parameters import ParameterInfo
 
 HEADER = "include/kelutv/Torch.h"
 SET_POINTS = "| int setPoints(int* points, int length) |"
-SENT = "length, ints(points, length) | status | - | - | status | points = points |"
-UNSENT = "length | status | - | - | status | - |"
-KINDS = "Torch::getKinds(path) | - | list | pKinds[] = result, *pCount = count | - | - | - | - |"
+SENT = "length, ints(points, length) | status | - | - | status | points = points | set, back getPoints |"
+UNSENT = "length | status | - | - | status | - | set |"
+KINDS = "Torch::getKinds(path) | - | list | pKinds[] = result, *pCount = count | - | - | - | - | - |"
 
 
 class ParametersTest(TorchTest):
@@ -27,7 +27,7 @@ class ParametersTest(TorchTest):
 
     def own_kinds(self, pointers: str) -> None:
         """Lets KindsOf make its list itself."""
-        self.change_torch(KINDS, f"- | - | irregular | - | - | - | {pointers} | It counts itself. |")
+        self.change_torch(KINDS, f"- | - | irregular | - | - | read | - | {pointers} | It counts itself. |")
 
 
 class ToldByOtherCells(ParametersTest):
@@ -55,6 +55,7 @@ class ToldByOtherCells(ParametersTest):
     def test_a_number_that_is_sent_and_counted_goes_both_ways(self) -> None:
         call = "exeCmdGet(int, int, android::Parcel&) | *count | int n"
         self.change_torch("exeCmdGet(int, android::Parcel&) | - | int n", call)
+        self.change_torch("set, back getPoints", "set")
         self.assertEqual(self.brief("Torch::getPoints", "count"), ("inout", "value", None, None))
 
     def test_outputs_are_written(self) -> None:
@@ -79,7 +80,7 @@ class ToldByTheCallee(ParametersTest):
         self.assertEqual(self.parameter("Shine", "level").values.high, 30)
 
     def test_null_is_passed_on(self) -> None:
-        self.change_torch("maker | - | - | - |\n| int getPoints", "maker | - | maker=null | - |\n| int getPoints")
+        self.change_torch("maker | read | - | - | - |\n| int getPoints", "maker | read | - | maker=null | - |\n| int getPoints")
         self.change_torch("Torch::getMaker(maker) | maker |", "Torch::getMaker(maker) | - |")
         self.assertTrue(self.parameter("MakerOf", "maker").allows_null)
 
@@ -109,7 +110,7 @@ class ToldByPointers(ParametersTest):
 
     def test_a_block_that_begins_with_its_length(self) -> None:
         pointers = "curve=in[length] led by its length"
-        self.change(SET_CURVE, f"| - | - | - | - | - | - | - | irregular | - | - | {pointers} | Never built. |")
+        self.change(SET_CURVE, f"| - | - | - | - | - | - | - | irregular | - | print-only | - | {pointers} | Never built. |")
         curve = self.parameter("Lamp::setCurve", "curve")
         self.assertEqual((curve.direction, curve.room, curve.led_by_length), ("in", "length", True))
         self.assertEqual(self.brief("Lamp::setCurve", "length"), ("length", "value", None, None))
@@ -137,7 +138,7 @@ class Untold(ParametersTest):
         self.assert_bad_torch("| sure=out |", "| - |", message)
 
     def test_an_output_of_an_operation_that_calls_nothing(self) -> None:
-        line = self.change_torch(KINDS, "- | - | irregular | - | - | - | pCount=out | It counts itself. |")
+        line = self.change_torch(KINDS, "- | - | irregular | - | - | read | - | pCount=out | It counts itself. |")
         message = "nothing tells whether 'pKinds' is read or written; column 'pointers' must"
         self.assert_complaint(line, message, TORCH_FILE)
 
@@ -155,7 +156,7 @@ class Untold(ParametersTest):
 
 class BadPointers(ParametersTest):
     def assert_bad_pointers(self, pointers: str, message: str) -> None:
-        line = self.change_torch(KINDS, f"- | path | irregular | - | - | - | {pointers} | It counts itself. |")
+        line = self.change_torch(KINDS, f"- | path | irregular | - | - | read | - | {pointers} | It counts itself. |")
         self.assert_complaint(line, message, TORCH_FILE)
 
     def test_no_form(self) -> None:
@@ -170,7 +171,7 @@ class BadPointers(ParametersTest):
         self.assert_bad_pointers("pKind=out", "'pKind' is not a parameter of KindsOf")
 
     def test_no_pointer(self) -> None:
-        unchanged = "level) | - | same | - | - | -"
+        unchanged = "level) | - | same | - | - | - | -"
         line = self.change_torch(f"{unchanged} | - | - |", f"{unchanged} | level=in | - |")
         self.assert_complaint(line, "pointers names 'level', which is int", TORCH_FILE)
 
@@ -193,12 +194,12 @@ class BadPointers(ParametersTest):
 
     def test_what_other_cells_tell(self) -> None:
         message = "column 'pointers' repeats the direction of 'pMinutes', which other cells tell"
-        written = "*pMinutes = item[0] | timer[LAMP_LEFT] | -"
+        written = "*pMinutes = item[0] | timer[LAMP_LEFT] | read | -"
         self.assert_bad_torch(f"{written} | - |", f"{written} | pMinutes=out |", message)
 
     def test_null_that_the_callee_allows(self) -> None:
         message = "column 'pointers' repeats the null of 'minutes', which other cells tell"
-        kept = "LAMP_LEFT, minutes) | - | - | irregular | - | timer[LAMP_LEFT] | -"
+        kept = "LAMP_LEFT, minutes) | - | - | irregular | - | timer[LAMP_LEFT] | read | -"
         self.change_torch("LAMP_LEFT, minutes) | - | - | same |", "LAMP_LEFT, minutes) | - | - | irregular |")
         self.assert_bad_torch(f"{kept} | - | - |", f"{kept} | minutes=null | It looks itself. |", message)
 
@@ -217,7 +218,7 @@ class MinusOne(ParametersTest):
         self.assertEqual(self.meaning("Torch::named"), ("failure", False))
 
     def test_a_result_that_is_passed_on(self) -> None:
-        passed_on = "| - | same | - | - | - | - |"
+        passed_on = "| - | same | - | - | - | - | - |"
         self.change(f"Lamp::setLevel(lamp, level) {passed_on} - |", f"Lamp::getLevel(lamp) {passed_on} Sends none. |")
         self.assertEqual(self.meaning("linux_tv_Lamp_setLevel"), ("value", False))
 

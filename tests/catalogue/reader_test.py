@@ -39,7 +39,7 @@ class GoodTables(CatalogueTest):
         self.assertEqual(argument, "CMDID_LAMP_GET_TIMER*lamp")
 
     def test_a_method_may_send_nothing(self) -> None:
-        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | - | curve=unused | Never built. |")
+        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | print-only | - | curve=unused | Never built. |")
         catalogue = self.read()
         method = catalogue.operation("Lamp::setCurve")
         self.assertEqual((method.command, method.value, method.overload, method.reply), (None, None, None, None))
@@ -69,8 +69,8 @@ class GoodTables(CatalogueTest):
         self.assertEqual(self.read().operation("Lamp::getItem").result, "zero")
 
     def test_an_item_argument_may_be_computed(self) -> None:
-        self.change("lamp, minutes) | - | same | - | timer[lamp] = minutes | - | - | - |",
-                    "lamp, computed) | - | same | - | - | - | - | Doubles the minutes. |")
+        self.change("lamp, minutes) | - | same | - | timer[lamp] = minutes | set, back linux_tv_Lamp_getTimer | - | - | - |",
+                    "lamp, computed) | - | same | - | - | set | - | - | Doubles the minutes. |")
         request = self.read().operation("linux_tv_Lamp_setTimer").request
         self.assertEqual([item.computed for item in request], [False, False, True])
 
@@ -89,9 +89,10 @@ class GoodTables(CatalogueTest):
         self.change("| Color getColor(int lamp)", "| std::list<int> getColor(int lamp)")
         self.change("| Color | - | - | record |", "| int... | - | - | list |")
         self.change(
-            "get(CMDID_LAMP_GET_TIMER, lamp) | pMinutes | same | *pMinutes = item[0] | timer[lamp]",
-            "Lamp::getColor(lamp) | pMinutes | list | pMinutes[] = result, *pMinutes = count | -",
+            "get(CMDID_LAMP_GET_TIMER, lamp) | pMinutes | same | *pMinutes = item[0] | timer[lamp] | read",
+            "Lamp::getColor(lamp) | pMinutes | list | pMinutes[] = result, *pMinutes = count | - | -",
         )
+        self.change("set, back linux_tv_Lamp_getTimer", "set")
         function = self.read().operation("linux_tv_Lamp_getTimer")
         self.assertEqual(function.result, "list")
         outputs = [(output.target, output.part) for output in function.outputs]
@@ -134,13 +135,13 @@ class BadTables(CatalogueTest):
         line = self.change("| null | result | outputs |", "| nil | result | outputs |")
         self.assert_complaint(
             line,
-            "unknown column 'nil', expected: function | calls | null | result | outputs | state | values | pointers | irregular",
+            "unknown column 'nil', expected: function | calls | null | result | outputs | state | effect | values | pointers | irregular",
         )
         self.assert_complaint(line, "missing column 'null'")
 
     def test_wrong_number_of_cells(self) -> None:
         line = self.change("| value | level[lamp] |", "| value |")
-        self.assert_complaint(line, "12 cells, but the table has 13 columns")
+        self.assert_complaint(line, "13 cells, but the table has 14 columns")
 
     def test_empty_cell(self) -> None:
         line = self.change("| Color | - | - | record |", "| Color |  | - | record |")
@@ -284,7 +285,7 @@ class BadMethods(CatalogueTest):
 
     def test_row_without_a_command_with_a_result(self) -> None:
         message = "a method without a command has the result 'irregular'"
-        self.assert_bad(SET_CURVE, "| - | - | - | - | - | - | - | status | - | - | - | - |", message)
+        self.assert_bad(SET_CURVE, "| - | - | - | - | - | - | - | status | - | print-only | - | - | - |", message)
 
 
 class BadFunctions(CatalogueTest):
@@ -340,6 +341,7 @@ class BadFunctions(CatalogueTest):
 
     def test_item_output_without_an_item(self) -> None:
         message = "an output names an item entry, but the function makes no item call"
+        self.change("timer[lamp] | read", "timer[lamp] | -")
         self.assert_bad("get(CMDID_LAMP_GET_TIMER, lamp)", "Lamp::getLevel(lamp)", message)
 
     def test_result_without_a_call(self) -> None:
@@ -366,7 +368,8 @@ class BadFunctions(CatalogueTest):
 
     def test_several_calls_with_one_result(self) -> None:
         message = "a function with several calls has the result 'irregular'"
-        self.assert_bad("Lamp::setLevel(lamp, level) | - | same", "Lamp::getLevel then Lamp::setLevel | - | zero", message)
+        calls = "Lamp::getLevel then Lamp::setLevel | - | zero | - | - | set |"
+        self.assert_bad("Lamp::setLevel(lamp, level) | - | same | - | - | - |", calls, message)
 
     def test_computed_argument_without_a_sentence(self) -> None:
         message = "a computed argument needs a sentence in column 'irregular'"

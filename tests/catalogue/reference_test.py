@@ -34,7 +34,9 @@ class ReferencePages(CatalogueTest):
     def test_an_irregular_request_leaves_the_answer_to_the_method(self) -> None:
         call = "invoke(android::Parcel const&, android::Parcel*)"
         row = SET_CURVE.replace("exeCmdSet(int, android::Parcel const&)", call)
-        self.change(SET_CURVE, row.replace("status | - | - | - | - |", "irregular | - | - | - | Reads as much as there is. |"))
+        row = row.replace("status | - | action", "irregular | - | action")
+        row = row.replace("dangerous | - | - | - |", "dangerous | - | - | Reads as much as there is. |")
+        self.change(SET_CURVE, row)
         self.assertEqual(
             value_texts(self.read())["CMD_LAMP_SETCURVE"],
             "Sent by Lamp::setCurve(). Arguments: `length (int32), curve (doubles, length of them)`. "
@@ -51,7 +53,7 @@ class ReferencePages(CatalogueTest):
     def test_what_nothing_sends_says_so(self) -> None:
         added = "CMDID_LAMP_MODULE_START = 0x1000,\n    CMDID_LAMP_SPARE = 0x1003,\n    CMDID_LAMP_GET_TIMER"
         self.change("CMDID_LAMP_GET_TIMER", added, "include/kelutv/commands.h")
-        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | - | curve=unused | Never built. |")
+        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | print-only | - | curve=unused | Never built. |")
         texts = value_texts(self.read())
         self.assertEqual(texts["CMD_LAMP_SETCURVE"], "No operation of the library sends it.")
         self.assertEqual(texts["CMDID_LAMP_SPARE"], "No operation of the library names it.")

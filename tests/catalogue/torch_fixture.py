@@ -78,32 +78,32 @@ OVERLOADS = """
 """
 
 METHODS = """
-| method | command | value | call | sends | reply | null | log | result | state | values | pointers | irregular |
-|---|---|---|---|---|---|---|---|---|---|---|---|---|
-| int setText(int cmdID, int place, char const* text) | CMD_TORCH_SETTEXT | 0x2000 | exeCmdSet(int, int, char const*, int) | cmdID, text, place | status | - | - | status | items | - | - | - |
-| int getText(int cmdID, int place, char* text) | CMD_TORCH_GETTEXT | 0x2001 | exeCmdGet(int, int, int, android::Parcel&) | cmdID, place | cstring -> text | text | null "no text"; failure "error, (none)" | zero-or-fail | items | - | - | - |
-| int getName(char* name) | CMD_TORCH_GETNAME | 0x2002 | exeCmdGet(int, android::Parcel&) | - | cstring -> name | name | null "no name"; failure "failed"; missing "empty" | fallback "nobody" | name | - | - | - |
-| int getMaker(char* maker) | CMD_TORCH_GETMAKER | 0x2003 | exeCmdGet(int, android::Parcel&) | - | cstring -> maker | - | - | characters "error" | maker | - | - | - |
-| int getPoints(int* points, int* count) | CMD_TORCH_GETPOINTS | 0x2004 | exeCmdGet(int, android::Parcel&) | - | int n -> count, ints[n] -> points | - | - | zero-or-fail | points | - | - | - |
-| int getCurve(double* curve, int length) | CMD_TORCH_GETCURVE | 0x2005 | exeCmdGet(int, int, android::Parcel&) | length | doubles[length] -> curve | curve | - | zero-or-fail | - | - | - | - |
-| int setLabel(char const* label) | CMD_TORCH_SETLABEL | 0x2006 | exeCmdSet(int, android::Parcel const&) | str16(label) | status | label | null "no label" | status | - | - | - | - |
-| int setGain(double gain) | CMD_TORCH_SETGAIN | 0x2007 | exeCmdSet(int, android::Parcel const&) | gain | status | - | - | status | - | - | - | - |
-| int watch(TORCH_CALLBACK callback, TORCH_KIND_E kind, TORCH_KEY_E key, std::vector<int>* kinds) | CMD_TORCH_WATCH | 0x2008 | exeCmdSet(int) | - | status | - | - | status | - | - | callback=in null, kinds=out | - |
-| int setPoints(int* points, int length) | CMD_TORCH_SETPOINTS | 0x2009 | exeCmdSet(int, android::Parcel const&) | length, ints(points, length) | status | - | - | status | points = points | - | - | - |
-| bool isOpen(bool* sure) | CMD_TORCH_ISOPEN | 0x200A | exeCmdGet(int) | - | value | sure | - | bool | - | - | sure=out | - |
-| std::list<int> getKinds(char const* path) | CMD_TORCH_GETKINDS | 0x200B | exeCmdGet(int, android::Parcel const&, android::Parcel&) | path | int... | path | null "no path" | list | - | - | - | - |
+| method | command | value | call | sends | reply | null | log | result | state | effect | values | pointers | irregular |
+|---|---|---|---|---|---|---|---|---|---|---|---|---|---|
+| int setText(int cmdID, int place, char const* text) | CMD_TORCH_SETTEXT | 0x2000 | exeCmdSet(int, int, char const*, int) | cmdID, text, place | status | - | - | status | items | set | - | - | - |
+| int getText(int cmdID, int place, char* text) | CMD_TORCH_GETTEXT | 0x2001 | exeCmdGet(int, int, int, android::Parcel&) | cmdID, place | cstring -> text | text | null "no text"; failure "error, (none)" | zero-or-fail | items | read | - | - | - |
+| int getName(char* name) | CMD_TORCH_GETNAME | 0x2002 | exeCmdGet(int, android::Parcel&) | - | cstring -> name | name | null "no name"; failure "failed"; missing "empty" | fallback "nobody" | name | read | - | - | - |
+| int getMaker(char* maker) | CMD_TORCH_GETMAKER | 0x2003 | exeCmdGet(int, android::Parcel&) | - | cstring -> maker | - | - | characters "error" | maker | read | - | - | - |
+| int getPoints(int* points, int* count) | CMD_TORCH_GETPOINTS | 0x2004 | exeCmdGet(int, android::Parcel&) | - | int n -> count, ints[n] -> points | - | - | zero-or-fail | points | read | - | - | - |
+| int getCurve(double* curve, int length) | CMD_TORCH_GETCURVE | 0x2005 | exeCmdGet(int, int, android::Parcel&) | length | doubles[length] -> curve | curve | - | zero-or-fail | - | read | - | - | - |
+| int setLabel(char const* label) | CMD_TORCH_SETLABEL | 0x2006 | exeCmdSet(int, android::Parcel const&) | str16(label) | status | label | null "no label" | status | - | set | - | - | - |
+| int setGain(double gain) | CMD_TORCH_SETGAIN | 0x2007 | exeCmdSet(int, android::Parcel const&) | gain | status | - | - | status | - | set | - | - | - |
+| int watch(TORCH_CALLBACK callback, TORCH_KIND_E kind, TORCH_KEY_E key, std::vector<int>* kinds) | CMD_TORCH_WATCH | 0x2008 | exeCmdSet(int) | - | status | - | - | status | - | action | - | callback=in null, kinds=out | - |
+| int setPoints(int* points, int length) | CMD_TORCH_SETPOINTS | 0x2009 | exeCmdSet(int, android::Parcel const&) | length, ints(points, length) | status | - | - | status | points = points | set, back getPoints | - | - | - |
+| bool isOpen(bool* sure) | CMD_TORCH_ISOPEN | 0x200A | exeCmdGet(int) | - | value | sure | - | bool | - | read | - | sure=out | - |
+| std::list<int> getKinds(char const* path) | CMD_TORCH_GETKINDS | 0x200B | exeCmdGet(int, android::Parcel const&, android::Parcel&) | path | int... | path | null "no path" | list | - | read | - | - | - |
 """
 
 COMPOSED = """
-| method | calls | null | log | result | outputs | state | values | pointers | irregular |
-|---|---|---|---|---|---|---|---|---|---|
-| int beam(int level) | linux_tv_Lamp_setLevel(LAMP_RIGHT, level) | - | - | same | - | - | level=20..30 | - | - |
-| int timer(int* minutes) | Lamp::getItem(CMDID_LAMP_GET_TIMER, LAMP_LEFT, minutes) | - | - | same | - | timer[LAMP_LEFT] | - | - | - |
-| int timerNow() | Lamp::getItem(CMDID_LAMP_GET_TIMER, LAMP_RIGHT) | - | - | item[0] | - | timer[LAMP_RIGHT] | - | - | - |
-| int title(char* text) | gettext(CMDID_LAMP_GET_TIMER, 0, text) | text | call info "reading"; null "no title" | same | - | title | - | - | - |
-| int setTitle(char const* name) | settext(CMDID_LAMP_SET_TIMER, 0, name) | - | - | same | - | title = name | - | - | - |
-| int clearTitle() | settext(CMDID_LAMP_SET_TIMER, 0, "") | - | - | same | - | - | - | - | - |
-| int named(char* name) | Torch::getName(name) | - | - | zero | - | - | - | - | - |
+| method | calls | null | log | result | outputs | state | effect | values | pointers | irregular |
+|---|---|---|---|---|---|---|---|---|---|---|
+| int beam(int level) | linux_tv_Lamp_setLevel(LAMP_RIGHT, level) | - | - | same | - | - | - | level=20..30 | - | - |
+| int timer(int* minutes) | Lamp::getItem(CMDID_LAMP_GET_TIMER, LAMP_LEFT, minutes) | - | - | same | - | timer[LAMP_LEFT] | read | - | - | - |
+| int timerNow() | Lamp::getItem(CMDID_LAMP_GET_TIMER, LAMP_RIGHT) | - | - | item[0] | - | timer[LAMP_RIGHT] | read | - | - | - |
+| int title(char* text) | gettext(CMDID_LAMP_GET_TIMER, 0, text) | text | call info "reading"; null "no title" | same | - | title | read | - | - | - |
+| int setTitle(char const* name) | settext(CMDID_LAMP_SET_TIMER, 0, name) | - | - | same | - | title = name | set, back title | - | - | - |
+| int clearTitle() | settext(CMDID_LAMP_SET_TIMER, 0, "") | - | - | same | - | - | set | - | - | - |
+| int named(char* name) | Torch::getName(name) | - | - | zero | - | - | - | - | - | - |
 """
 
 TORCH = f"""# Torch
@@ -129,13 +129,13 @@ TORCH = f"""# Torch
 {COMPOSED}
 ## C functions
 
-| function | calls | null | result | outputs | state | values | pointers | irregular |
-|---|---|---|---|---|---|---|---|---|
-| int Shine(int level) | Torch::beam(level) | - | same | - | - | - | - | - |
-| int TimerOf(int* pMinutes) | Lamp::getItem(CMDID_LAMP_GET_TIMER, LAMP_LEFT) | - | same | *pMinutes = item[0] | timer[LAMP_LEFT] | - | - | - |
-| int TitleOf(char* text) | Torch::title(text) | - | same | - | - | - | - | - |
-| bool MakerOf(char* maker) | Torch::getMaker(maker) | maker | same | - | - | - | - | - |
-| int KindsOf(char const* path, int* pKinds, int* pCount) | Torch::getKinds(path) | - | list | pKinds[] = result, *pCount = count | - | - | - | - |
+| function | calls | null | result | outputs | state | effect | values | pointers | irregular |
+|---|---|---|---|---|---|---|---|---|---|
+| int Shine(int level) | Torch::beam(level) | - | same | - | - | - | - | - | - |
+| int TimerOf(int* pMinutes) | Lamp::getItem(CMDID_LAMP_GET_TIMER, LAMP_LEFT) | - | same | *pMinutes = item[0] | timer[LAMP_LEFT] | read | - | - | - |
+| int TitleOf(char* text) | Torch::title(text) | - | same | - | - | - | - | - | - |
+| bool MakerOf(char* maker) | Torch::getMaker(maker) | maker | same | - | - | - | - | - | - |
+| int KindsOf(char const* path, int* pKinds, int* pCount) | Torch::getKinds(path) | - | list | pKinds[] = result, *pCount = count | - | - | - | - | - |
 """
 
 TORCH_FILE = "catalogue/torch.md"

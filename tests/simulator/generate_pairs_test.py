@@ -42,7 +42,7 @@ class GeneratePairs(TorchTest):
         self.change("int setPoints(int* points", "int setPoints(double* points", "include/kelutv/Torch.h")
         self.change_torch("int setPoints(int* points", "int setPoints(double* points")
         self.change_torch("ints(points, length)", "doubles(points, length)")
-        self.change_torch("points = points", "curve = points")
+        self.change_torch("points = points | set, back getPoints", "curve = points | set, back getCurve")
         self.change_torch("curve | curve | - | zero-or-fail | - |", "curve | curve | - | zero-or-fail | curve |")
         self.assertIn("result=0;curve=[1.25 2.25 3.25 4.25 -0.5*252];", self.shown())
 
@@ -51,11 +51,11 @@ class GeneratePairs(TorchTest):
         self.assertIn("result=0;text=alpha;", self.shown())
 
     def test_an_irregular_getter_is_left_to_a_test_by_hand(self) -> None:
-        self.change_torch("zero-or-fail | points | - | - | - |", "irregular | points | - | - | Own. |")
+        self.change_torch("zero-or-fail | points | read | - | - | - |", "irregular | points | read | - | - | Own. |")
         self.assertNotIn("Torch_setPoints_then_Torch_getPoints", self.pairs())
 
     def test_a_key_out_of_the_getter_s_range(self) -> None:
-        self.change("| value | level[lamp] | lamp=LAMP_E | - |", "| value | level[lamp] | lamp=200..300 | - |")
+        self.change("level[lamp] | read | lamp=LAMP_E | - |", "level[lamp] | read | lamp=200..300 | - |")
         self.assertEqual([pair for pair in self.pairs("lamp") if "Level" in pair], [])
 
     def test_the_setter_goes_for_a_key_that_the_getter_has_fixed(self) -> None:
@@ -63,11 +63,12 @@ class GeneratePairs(TorchTest):
         self.change("(LAMP_E lamp, int minutes)", "(int lamp, int minutes)", "include/kelutv/linux_lamp.h")
         self.change("int* pMinutes) | get(CMDID_LAMP_GET_TIMER, lamp)", "int* pMinutes) | get(CMDID_LAMP_GET_TIMER, 1)")
         self.change("timer[lamp] |", "timer[1] |")
-        self.change("pMinutes | same | *pMinutes = item[0] | timer[1] | - | - | - |", FIXED)
+        self.change("set, back linux_tv_Lamp_getTimer", "set")
+        self.change("item[0] | timer[1] | read | - | - | - |", FIXED)
         self.assertIn("linux_tv_Lamp_setTimer(1, 22)", self.text("lamp"))
 
 
-FIXED = "pMinutes | same | *pMinutes = item[0] | timer[1] | - | - | The lamp does not count. |"
+FIXED = "item[0] | timer[1] | read | - | - | The lamp does not count. |"
 
 
 if __name__ == "__main__":

@@ -164,7 +164,7 @@ class Sources(GeneratorTest):
     def test_an_operation_that_works_an_argument_out_is_left_to_a_test_by_hand(self) -> None:
         self.assertTrue(sends_one_request(self.catalogue.operation("Shine")))
         self.change_torch("Torch::beam(level) | - | same", "Torch::beam(computed) | - | irregular")
-        self.change_torch("irregular | - | - | - | - | - |", "irregular | - | - | - | - | It thinks. |")
+        self.change_torch("irregular | - | - | - | - | - | - |", "irregular | - | - | - | - | - | It thinks. |")
         self.assertFalse(sends_one_request(self.read().operation("Shine")))
 
     def test_every_operation_that_sends_has_a_row(self) -> None:
