@@ -42,8 +42,16 @@ class Signature:
 
 @dataclass(frozen=True)
 class Enumeration:
+    """An enumeration; its `end_markers` are among the values, but nothing is set to them."""
+
     name: str
     values: dict[str, int]
+    end_markers: tuple[str, ...] = ()
+
+    @property
+    def real_values(self) -> dict[str, int]:
+        """The values without the end markers."""
+        return {name: value for name, value in self.values.items() if name not in self.end_markers}
 
 
 @dataclass(frozen=True)

@@ -7,6 +7,7 @@ from collections.abc import Callable
 from pathlib import Path
 
 import cells
+import end_markers
 from calls import COMPOSED_COLUMNS, FUNCTION_COLUMNS, CallReader
 from effects import check_effects
 from headers import Field, Headers, Record, Signature, read_headers
@@ -60,9 +61,10 @@ class _Reader:
 
     def read(self) -> Catalogue:
         self._read_link()
+        self._read_end_markers()
         modules = []
         for path in sorted(self.folder.glob("*.md")):
-            if path.name not in (LINK_FILE, "README.md"):
+            if path.name not in (LINK_FILE, end_markers.FILE, "README.md"):
                 sections = self.sections(path, MODULE_COLUMNS)
                 module = self._read_module(path, sections) if sections else None
                 if module:
@@ -96,6 +98,12 @@ class _Reader:
                 reader.read(operation)
             except RowError as error:
                 self.errors.append(f"{operation.place}: {error}")
+
+    def _read_end_markers(self) -> None:
+        path = self.folder / end_markers.FILE
+        sections = self.sections(path, end_markers.COLUMNS)
+        unnamed = end_markers.read_end_markers(sections, self.headers, self.complain)
+        self.errors += [f"{path}:1: {complaint}" for complaint in unnamed]
 
     @staticmethod
     def _overload(row: Row) -> Overload:

@@ -31,6 +31,7 @@ typedef enum KELU_TV_CMDID_E KELUTV_INT_ENUM {
 typedef enum LAMP_E KELUTV_INT_ENUM {
     LAMP_LEFT = 0,
     LAMP_RIGHT = 1,
+    LAMP_BUTT = 2,
 } LAMP_E;
 typedef struct Color {
     bool on;
@@ -125,6 +126,15 @@ LAMP = """# Lamp
 | int linux_tv_Lamp_getColor(Color const* pColor) | - | - | irregular | - | - | print-only | - | - | Gives a fixed colour. |
 """
 
+ENUMERATIONS = """# Enumerations
+
+## End markers
+
+| enumeration | end marker |
+|---|---|
+| LAMP_E | LAMP_BUTT |
+"""
+
 SET_CURVE = (
     "| CMD_LAMP_SETCURVE | 0x1006 | exeCmdSet(int, android::Parcel const&) | length, doubles(curve, length) "
     "| status | - | - | status | - | action, not kept, dangerous | - | - | - |"
@@ -140,6 +150,7 @@ class CatalogueTest(unittest.TestCase):
         self.write("include/kelutv/Lamp.h", CLASS)
         self.write("include/kelutv/linux_lamp.h", FUNCTIONS)
         self.write("catalogue/link.md", LINK)
+        self.write("catalogue/enumerations.md", ENUMERATIONS)
         self.write("catalogue/lamp.md", LAMP)
 
     def write(self, name: str, text: str) -> None:

@@ -14,7 +14,7 @@ from pages import Pages, dead_links, header_values, main, missing
 
 VALUES = (
     "CMD_LAMP_SETLEVEL CMD_LAMP_GETLEVEL CMD_LAMP_SETITEM CMD_LAMP_GETITEM CMD_LAMP_SETCOLOR CMD_LAMP_GETCOLOR "
-    "CMD_LAMP_SETCURVE CMDID_LAMP_SET_TIMER CMDID_LAMP_GET_TIMER LAMP_LEFT LAMP_RIGHT"
+    "CMD_LAMP_SETCURVE CMDID_LAMP_SET_TIMER CMDID_LAMP_GET_TIMER LAMP_LEFT LAMP_RIGHT LAMP_BUTT"
 ).split()
 
 COMMENT = "<briefdescription><para>Told.</para></briefdescription><detaileddescription/>"
