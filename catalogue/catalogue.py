@@ -99,15 +99,18 @@ def irregular_markers(tests: Path) -> dict[str, str]:
 
 
 def check_irregular(catalogue: Catalogue, tests: Path) -> list[str]:
-    """Complaints about irregular rows without a test and about tests that name no operation."""
+    """Complaints about irregular rows without a test, and about markers that name no operation or a regular one."""
     markers = irregular_markers(tests)
     untested = [o for o in catalogue.operations if o.irregular and o.name not in markers]
     complaints = [
         f"{o.place}: {o.name} is irregular, but no test under {tests} says '// irregular: {o.name}'" for o in untested
     ]
     for name, place in markers.items():
-        if catalogue.operation(name) is None:
+        operation = catalogue.operation(name)
+        if operation is None:
             complaints.append(f"{place}: '{name}' is not an operation of the catalogue{_nearest(catalogue, name)}")
+        elif operation.irregular is None:
+            complaints.append(f"{place}: the marker is stale, {name} is a regular row at {operation.place}")
     return complaints
 
 

@@ -39,6 +39,13 @@ class CommandLine(CatalogueTest):
         self.assertEqual(code, 1)
         self.assertIn("'Lamp::setLvel' is not an operation of the catalogue; the nearest is Lamp::setLevel", err)
 
+    def test_check_refuses_the_marker_of_a_regular_row(self) -> None:
+        code, _, err = self.check_with("// irregular: Lamp::setItem, linux_tv_Lamp_getColor\n// irregular: Lamp::setLevel\n")
+        self.assertEqual(code, 1)
+        place = self.folder / "tests/client/lamp_test.cpp"
+        row = self.folder / "catalogue/lamp.md"
+        self.assertEqual(err, f"{place}:2: the marker is stale, Lamp::setLevel is a regular row at {row}:19\n")
+
     def test_check_shows_every_bad_row(self) -> None:
         self.change("CMD_LAMP_GETLEVEL", "CMD_LAMP_NONE")
         self.change("| lamp | Color |", "| lamp | Colour |")
@@ -52,6 +59,14 @@ class CommandLine(CatalogueTest):
         self.assertEqual(code, 0)
         self.assertEqual(out.splitlines()[0], "Lamp::setLevel")
         self.assertEqual(out.splitlines()[-1], "linux_tv_Lamp_getColor")
+
+    def test_list_may_be_asked_for_effects(self) -> None:
+        code, out, _ = self.run_with("list", "--effect", "set", "--effect", "back")
+        self.assertEqual(code, 0)
+        backed = ["Lamp::setLevel", "Lamp::setColor", "linux_tv_Lamp_setLevel", "linux_tv_Lamp_setTimer"]
+        self.assertEqual(out.splitlines(), backed)
+        _, out, _ = self.run_with("list", "--effect", "dangerous")
+        self.assertEqual(out.splitlines(), ["Lamp::setItem", "Lamp::setCurve"])
 
     def test_exports(self) -> None:
         code, out, _ = self.run_with("exports")

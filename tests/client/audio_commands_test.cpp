@@ -16,21 +16,10 @@ TEST_F(ClientTest, muteSendsChannelFlagAndOwner) {
     EXPECT_EQ(sent(), only(requestOf(0x2026, {5, 0, 12})));
 }
 
-// irregular: linux_tv_Audio_setMute
-TEST_F(ClientTest, theCMuteIsAlwaysTheRemoteControls) {
-    EXPECT_EQ(linux_tv_Audio_setMute(4, true), 0);
-    EXPECT_EQ(sent(), only(requestOf(0x200A, {4, 1, 0})));
-    EXPECT_EQ(linux_tv_Audio_setMute(4, false), 0);
-    EXPECT_EQ(sent(), only(requestOf(0x200A, {4, 0, 0})));
-}
-
 // irregular: Audio::modifyMute
-// irregular: linux_tv_Audio_ModifyMute
 TEST_F(ClientTest, modifyMuteSendsTheCommandNamedAfterCec) {
     answer({-7});
     EXPECT_EQ(audio().modifyMute(), -7);
-    EXPECT_EQ(sent(), only(requestOf(0x205E)));
-    EXPECT_EQ(linux_tv_Audio_ModifyMute(), -7);
     EXPECT_EQ(sent(), only(requestOf(0x205E)));
 }
 
@@ -54,38 +43,22 @@ TEST_F(ClientTest, dialogueEnhancementIsTheResultItself) {
     EXPECT_EQ(logged(), kNothingLogged);
 }
 
-// irregular: Audio::setSubwooferGeq
-// irregular: linux_tv_Audio_setSubwooferGeq
-TEST_F(ClientTest, theSubwooferRecordIsSentAsFiveIntegers) {
-    const KELU_TV_SUBWOOFER_GEQ bands{1, -2, 3, -4, 5};
-    answer({8});
-    EXPECT_EQ(audio().setSubwooferGeq(bands), 8);
-    EXPECT_EQ(sent(), only(requestOf(0x2070, {1, -2, 3, -4, 5})));
-    EXPECT_EQ(linux_tv_Audio_setSubwooferGeq(bands), 8);
-    EXPECT_EQ(sent(), only(requestOf(0x2070, {1, -2, 3, -4, 5})));
-}
+// irregular: linux_tv_Audio_getNRAttr
+TEST_F(ClientTest, theCNoiseReductionAlwaysSucceeds) {
+    NRAttrData noiseReduction{false, 99};
+    answer({0, 1, 45});
+    EXPECT_EQ(linux_tv_Audio_getNRAttr(&noiseReduction), 0);
+    EXPECT_TRUE(noiseReduction.onOff);
+    EXPECT_EQ(noiseReduction.value, 45);
 
-// irregular: linux_tv_Audio_setBluetoothConnect
-TEST_F(ClientTest, bluetoothIsAnIntegerInTheClassAndAFlagInC) {
-    EXPECT_EQ(audio().setBluetoothConnect(3), 0);
-    EXPECT_EQ(sent(), only(requestOf(0x204C, {3})));
-    EXPECT_EQ(linux_tv_Audio_setBluetoothConnect(true), 0);
-    EXPECT_EQ(sent(), only(requestOf(0x204C, {1})));
-    EXPECT_EQ(linux_tv_Audio_setBluetoothConnect(false), 0);
-    EXPECT_EQ(sent(), only(requestOf(0x204C, {0})));
-}
+    answer({1, 1, 45});
+    EXPECT_EQ(linux_tv_Audio_getNRAttr(&noiseReduction), 0);
+    EXPECT_FALSE(noiseReduction.onOff);
+    EXPECT_EQ(noiseReduction.value, 0);
 
-// irregular: linux_tv_Audio_enableAmplifierMute
-// irregular: linux_tv_Audio_SetDefaultSndOutputDev
-// irregular: linux_tv_Audio_setAVCLevel
-TEST_F(ClientTest, someCFunctionsAreSpelledUnlikeTheirMethods) {
-    answer({6});
-    EXPECT_EQ(linux_tv_Audio_enableAmplifierMute(true), 6);
-    EXPECT_EQ(sent(), only(requestOf(0x201C, {1})));
-    EXPECT_EQ(linux_tv_Audio_SetDefaultSndOutputDev(KELU_TV_SOUND_OUTPUT_MODE_LINEOUT), 6);
-    EXPECT_EQ(sent(), only(requestOf(0x2061, {3})));
-    EXPECT_EQ(linux_tv_Audio_setAVCLevel(1), 6);
-    EXPECT_EQ(sent(), only(requestOf(0x2062, {1})));
+    sent();
+    EXPECT_EQ(linux_tv_Audio_getNRAttr(nullptr), -1);
+    EXPECT_EQ(sent(), kNothingSent);
 }
 
 TEST_F(ClientTest, valuesWithoutANameAreSentAsTheyAre) {

@@ -84,7 +84,6 @@ const FlagGetter kFlagGetters[] = {
     {"getTrubassMode", requestOf(0x2032), [] { return audio().getTrubassMode(); }, linux_tv_Audio_getTrubassMode},
     {"getSoundClarity", requestOf(0x2034), [] { return audio().getSoundClarity(); }, linux_tv_Audio_getSoundClarity},
     {"getDtsDrcState", requestOf(0x2050), [] { return audio().getDtsDrcState(); }, linux_tv_Audio_getDtsDrcState},
-    // irregular: linux_tv_Audio_getCStenhancerEnable
     {"getCStenhancerEnable", requestOf(0x2065), [] { return audio().getCStenhancerEnable() != 0; },
      linux_tv_Audio_getCStenhancerEnable},
 };

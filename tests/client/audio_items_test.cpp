@@ -29,7 +29,6 @@ protected:
     std::array<int, kItemValues + 1> values;
 };
 
-// irregular: Audio::getAudioItemValue
 TEST_F(AudioItem, always255ValuesAreRead) {
     Wire reply = Wire::reply().i32(0);
     for (int i = 0; i < 300; ++i) {
@@ -70,7 +69,6 @@ TEST_F(AudioItem, aNullBufferIsLoggedAndNothingSent) {
     EXPECT_EQ(sent(), kNothingSent);
 }
 
-// irregular: linux_tv_Audio_getAudioItemValue
 TEST_F(AudioItem, theCReaderFills255ValuesAndRefusesNullSilently) {
     answer({0, 31});
     EXPECT_EQ(linux_tv_Audio_getAudioItemValue(0x2010, 5, 6, values.data()), 0);

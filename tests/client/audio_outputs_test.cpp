@@ -14,7 +14,6 @@ Audio& audio() { return *Audio::instance(); }
 
 using AudioOutputs = ClientTest;
 
-// irregular: Audio::getOutputList
 TEST_F(AudioOutputs, areListedInTheOrderOfTheReply) {
     service().reply(Wire::reply().i32(0).cstr("speaker").cstr("").cstr("hdmi arc").cstr("bt").bytes());
     const Names names = audio().getOutputList();

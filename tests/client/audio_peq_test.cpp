@@ -40,7 +40,6 @@ bool same(const KELU_TV_SND_PEQ_ATTR_S& a, const KELU_TV_SND_PEQ_ATTR_S& b) {
 using AudioEqualizer = ClientTest;
 
 // irregular: Audio::setPEQAttr
-// irregular: linux_tv_Audio_setPEQAttr
 TEST_F(AudioEqualizer, alwaysSendsTenBands) {
     answer({7});
     for (const int bandNum : {1, 5, 10}) {
@@ -64,20 +63,6 @@ TEST_F(AudioEqualizer, refusesOtherNumbersOfBands) {
         EXPECT_EQ(logged(), refusal);
     }
     EXPECT_EQ(sent(), kNothingSent);
-}
-
-// irregular: Audio::getPEQAttr
-// irregular: linux_tv_Audio_getPEQAttr
-TEST_F(AudioEqualizer, isReadWithAllItsBands) {
-    Wire reply = Wire::reply().i32(0);
-    service().reply(addEqualizer(reply, 3).bytes());
-    KELU_TV_SND_PEQ_ATTR_S attributes{};
-    EXPECT_EQ(audio().getPEQAttr(&attributes), 0);
-    EXPECT_TRUE(same(attributes, equalizer(3)));
-    attributes = {};
-    EXPECT_EQ(linux_tv_Audio_getPEQAttr(&attributes), 0);
-    EXPECT_TRUE(same(attributes, equalizer(3)));
-    EXPECT_EQ(sent(), std::vector<std::string>(2, hex(requestOf(0x205B))));
 }
 
 TEST_F(AudioEqualizer, hasItsBandNumberReadUnchecked) {

@@ -19,7 +19,6 @@ using PcmPlayer = ClientTest;
 TEST_F(PcmPlayer, isOneObject) { EXPECT_EQ(PCMPlayer::instance(), PCMPlayer::instance()); }
 
 // irregular: PCMPlayer::startPlay
-// irregular: linux_tv_PCMPlayer_startPlay
 TEST_F(PcmPlayer, sendsThePathLast) {
     answer({3});
     EXPECT_EQ(player().startPlay("/data/chime.pcm", true, false), 3);

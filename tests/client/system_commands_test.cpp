@@ -228,8 +228,6 @@ const TextGetter kTextGetters[] = {
      "getSystemItemStrValue error", "getSystemItemStrValue output buf is null"},
 };
 
-// irregular: SystemSetting::getBootVersion
-// irregular: SystemSetting::getSystemItemStrValue
 TEST_F(SystemCommand, aTextIsCopiedWholeWithItsTerminator) {
     const std::string longText(4000, 'x');
     for (const TextGetter& getter : kTextGetters) {
