@@ -9,6 +9,9 @@ from docs import Doc
 from model import Catalogue, Function, Operation
 from value_sets import all_values, passed_on
 
+_COMMANDS = re.compile(r"\b(?:CMD|CMDID|CIDMD)_\w+")
+_CALLEES = re.compile(r"(?:(?:[Ff]orwards? to|[Cc]alls) |, then )`(\w+::\w+|linux_tv_\w+)`")
+
 
 def _without_null(text: str) -> list[str]:
     """What is said besides null, of which each layer says its own."""
@@ -50,12 +53,41 @@ def _value_complaints(operation: Operation, doc: Doc, catalogue: Catalogue) -> I
                    f"the row {held or 'nothing'}")
 
 
+def _called_by(operation: Operation) -> tuple[Operation, ...]:
+    if not isinstance(operation, Function):
+        return ()
+    return operation.steps or ((operation.callee,) if operation.callee else ())
+
+
+def _sent_by(operation: Operation) -> set[str]:
+    """Every command and item that goes out when an operation is called."""
+    if not isinstance(operation, Function):
+        return {operation.command} if operation.command else set()
+    item = {operation.item} if operation.item else set()
+    return item.union(*(_sent_by(callee) for callee in _called_by(operation)))
+
+
+def _name_complaints(operation: Operation, doc: Doc) -> Iterable[str]:
+    words = " ".join([doc.brief, doc.details, *doc.parameters.values(), doc.returns])
+    callees, sent = {callee.name for callee in _called_by(operation)}, _sent_by(operation)
+    for name in _COMMANDS.findall(words):
+        if name not in sent:
+            yield f"{operation.place}: the comment of {operation.name} names {name}, which the row does not send"
+    for name in _CALLEES.findall(words):
+        if name not in callees:
+            yield f"{operation.place}: the comment of {operation.name} names {name}, which the row does not call"
+
+
 def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:
-    """Complaints about comments that differ on one argument, and about value sets that the row does not have."""
+    """Complaints about comments that differ on one argument, or that name what the row does not have.
+
+    Of a row these are its value sets, what it calls, and the commands and items that it sends.
+    """
     documented = [operation for operation in catalogue.operations if operation.name in docs]
     complaints: list[str] = []
     for operation in documented:
         complaints += _value_complaints(operation, docs[operation.name], catalogue)
+        complaints += _name_complaints(operation, docs[operation.name])
         if _only_forwards(operation) and operation.callee.name in docs:
             complaints += _argument_complaints(operation, docs)
     return complaints

@@ -40,7 +40,8 @@ class CommandLine(CatalogueTest):
         self.assertIn("'Lamp::setLvel' is not an operation of the catalogue; the nearest is Lamp::setLevel", err)
 
     def test_check_refuses_the_marker_of_a_regular_row(self) -> None:
-        code, _, err = self.check_with("// irregular: Lamp::setItem, linux_tv_Lamp_getColor\n// irregular: Lamp::setLevel\n")
+        markers = "// irregular: Lamp::setItem, linux_tv_Lamp_getColor\n// irregular: Lamp::setLevel\n"
+        code, _, err = self.check_with(markers)
         self.assertEqual(code, 1)
         place = self.folder / "tests/client/lamp_test.cpp"
         row = self.folder / "catalogue/lamp.md"

@@ -6,9 +6,10 @@ from __future__ import annotations
 import unittest
 
 from fixture import CatalogueTest
+from torch_fixture import TorchTest
 
 from comments import check_comments
-from docs import read_docs
+from docs import Doc, read_docs
 
 METHOD = "    int setLevel(int lamp, int level);"
 FUNCTION = "KELUTV_API int linux_tv_Lamp_setLevel(int lamp, int level);"
@@ -74,6 +75,33 @@ class Comments(CatalogueTest):
     def test_what_is_no_enumeration_with_values_is_passed_over(self) -> None:
         self.comment_method("One of `LAMP_E`.", "One of `Color`, of `nothing`, of `LAMP_E` and so on.")
         self.assertEqual(self.said(), [])
+
+
+class Names(TorchTest):
+    def said(self, name: str, *parts: object) -> list[str]:
+        complaints = check_comments(self.read(), {name: Doc(*parts)})
+        return [complaint.partition(f"the comment of {name} names ")[2] for complaint in complaints]
+
+    def test_the_command_of_the_operation_called_may_be_named(self) -> None:
+        self.assertEqual(self.said("Shine", "Forwards to `Torch::beam`, which sends `CMD_LAMP_SETLEVEL`."), [])
+
+    def test_another_command(self) -> None:
+        said = self.said("Shine", "Sends `CMD_LAMP_GETLEVEL`.")
+        self.assertEqual(said, ["CMD_LAMP_GETLEVEL, which the row does not send"])
+
+    def test_another_item(self) -> None:
+        said = self.said("linux_tv_Lamp_setTimer", "Sends the item `CMDID_LAMP_GET_TIMER` with `CMD_LAMP_SETITEM`.")
+        self.assertEqual(said, ["CMDID_LAMP_GET_TIMER, which the row does not send"])
+
+    def test_an_operation_further_down(self) -> None:
+        said = self.said("Shine", "Calls `Torch::beam`, then `Lamp::setLevel`.")
+        self.assertEqual(said, ["Lamp::setLevel, which the row does not call"])
+
+    def test_every_part_of_a_comment_counts(self) -> None:
+        parameters = {"level": "As for `CMD_TORCH_WATCH`."}
+        said = self.said("Torch::beam", "", "Forwards to `linux_tv_Lamp_setTimer`.", parameters, "As `CIDMD_X`.")
+        self.assertEqual([complaint.partition(",")[0] for complaint in said],
+                         ["CMD_TORCH_WATCH", "CIDMD_X", "linux_tv_Lamp_setTimer"])
 
 
 if __name__ == "__main__":

@@ -13,6 +13,7 @@ from model import Effect
 
 SET_LEVEL = "set, back getLevel, kept"
 SET_TIMER = "set, back linux_tv_Lamp_getTimer"
+OTHER_STATE = "which does not read with the same keys the state that"
 
 
 class Good(TorchTest):
@@ -51,10 +52,9 @@ class Good(TorchTest):
         self.assertEqual(self.effect("linux_tv_Lamp_setTimer").back, "linux_tv_Lamp_getTimer")
 
     def test_several_calls_vouch_for_themselves(self) -> None:
-        rows = (
-            "Lamp::getLevel then Lamp::setLevel | - | irregular | - | - | set, back linux_tv_Lamp_getColor | - | - | Twice. |"
-        )
-        self.change("Lamp::setLevel(lamp, level) | - | same | - | - | - | - | - | - |", rows)
+        calls, effect = "Lamp::getLevel then Lamp::setLevel", "set, back linux_tv_Lamp_getColor"
+        row = f"{calls} | - | irregular | - | - | {effect} | - | - | Twice. |"
+        self.change("Lamp::setLevel(lamp, level) | - | same | - | - | - | - | - | - |", row)
         self.change("| print-only |", "| read |")
         self.assertEqual(self.effect("linux_tv_Lamp_setLevel").back, "linux_tv_Lamp_getColor")
 
@@ -120,14 +120,13 @@ class Bad(TorchTest):
         self.assert_bad(SET_LEVEL, "set, back setCurve", message)
 
     def test_a_getter_of_another_state(self) -> None:
-        message = "back names Lamp::getColor, which does not read with the same keys the state that Lamp::setLevel stores"
-        self.assert_bad(SET_LEVEL, "set, back getColor", message)
+        self.assert_bad(SET_LEVEL, "set, back getColor", f"back names Lamp::getColor, {OTHER_STATE} Lamp::setLevel stores")
 
     def test_a_getter_with_another_key(self) -> None:
         self.change("timer[lamp] | read", "timer[LAMP_LEFT] | read")
-        message = "back names linux_tv_Lamp_getTimer, which does not read with the same keys the state that "
         line = self.change(SET_TIMER, SET_TIMER)
-        self.assert_complaint(line, f"{message}linux_tv_Lamp_setTimer stores")
+        message = f"back names linux_tv_Lamp_getTimer, {OTHER_STATE} linux_tv_Lamp_setTimer stores"
+        self.assert_complaint(line, message)
 
     def test_a_getter_that_asks_for_more(self) -> None:
         self.change("level[lamp] = level", "level = level")
@@ -136,13 +135,11 @@ class Bad(TorchTest):
         self.change("| lamp | value |", "| light | value |")
         self.change("read | lamp=LAMP_E", "read | light=LAMP_E")
         self.change("int getLevel(int lamp)", "int getLevel(int light)", "include/kelutv/Lamp.h")
-        message = "back names Lamp::getLevel, which does not read with the same keys the state that Lamp::setLevel stores"
-        self.assert_complaint(line - 1, message)
+        self.assert_complaint(line - 1, f"back names Lamp::getLevel, {OTHER_STATE} Lamp::setLevel stores")
 
     def test_a_getter_of_another_module(self) -> None:
-        self.change_torch("clearTitle() | settext(CMDID_LAMP_SET_TIMER, 0, \"\") | - | - | same | - | - | set",
-                          "clearTitle() | settext(CMDID_LAMP_SET_TIMER, 0, \"\") | - | - | same | - | - | set, back timer")
-        self.assertIn("back names Torch::timer, which does not read", "\n".join(self.complaints()))
+        line = self.change_torch("title = name | set, back title", "title = name | set, back timer")
+        self.assert_complaint(line, f"back names Torch::timer, {OTHER_STATE} Torch::setTitle stores", TORCH_FILE)
 
 
 if __name__ == "__main__":
