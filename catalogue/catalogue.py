@@ -22,6 +22,7 @@ from comments import check_comments
 from docs import read_docs
 from effects import EFFECTS, effect_text, has_effect
 from model import Catalogue, Function, Method, Operation, Reply, State, WireItem
+from ranges import range_text
 from reader import read_catalogue
 from tables import CatalogueError
 
@@ -156,7 +157,7 @@ def describe(operation: Operation) -> str:
     if operation.null:
         lines.append(f"null is refused, nothing sent: {', '.join(operation.null)}")
     for name, values in operation.values.items():
-        lines.append(f"{name}: {values.enumeration or f'{values.low} to {values.high}'}")
+        lines.append(f"{name}: {values.enumeration or range_text(values)}")
     if operation.irregular:
         lines.append(f"irregular: {operation.irregular}")
     return "\n".join([f"{operation.name}", f"  {operation.signature}", *(f"  {line}" for line in lines)])

@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import re
 
+import ranges
 from headers import Headers, Signature
 from model import LogLine, Operand, Output, Pointer, Reply, ReplyField, State, ValueSet, WireItem
 from tables import RowError
@@ -187,26 +188,21 @@ def parse_state(text: str, request: tuple[WireItem, ...], headers: Headers) -> S
 
 
 def _value_set(text: str, headers: Headers) -> ValueSet:
-    span = re.fullmatch(r"(-?\d+)\.\.(-?\d+)", text)
-    if span:
-        if int(span[1]) > int(span[2]):
-            raise RowError(f"range {text} is empty")
-        return ValueSet(low=int(span[1]), high=int(span[2]))
     if text not in headers.enumerations:
-        raise RowError(f"'{text}' is neither an enumeration of the public headers nor a range LOW..HIGH")
+        raise RowError(f"'{text}' is neither an enumeration of the public headers nor a range LEAST..GREATEST")
     return ValueSet(enumeration=text)
 
 
 def parse_values(text: str, signature: Signature, headers: Headers) -> dict[str, ValueSet]:
-    """`channel=KELU_TV_AUDIO_CHANNEL_E, return=KELU_TV_SNDMODE_E, attr.band=1..10`."""
+    """`channel=KELU_TV_AUDIO_CHANNEL_E, return=KELU_TV_SNDMODE_E, attr.band=1..10, ms=?..? unit ms`."""
     found = {}
     for part in split_list(text):
-        match = re.fullmatch(r"([\w.\[\]]+)=(\S+)", part)
+        match = re.fullmatch(r"([\w.\[\]]+)=(\S.*)", part)
         if not match:
-            raise RowError(f"'{part}' is not PARAMETER=ENUMERATION or PARAMETER=LOW..HIGH")
+            raise RowError(f"'{part}' is not PARAMETER=ENUMERATION or PARAMETER=RANGE")
         if match[1] != "return":
             path_type(match[1], signature, headers)
-        found[match[1]] = _value_set(match[2], headers)
+        found[match[1]] = ranges.parse_range(match[2]) or _value_set(match[2], headers)
     return found
 
 

@@ -91,11 +91,23 @@ class State:
 
 @dataclass(frozen=True)
 class ValueSet:
-    """An enumeration or an inclusive range."""
+    """An enumeration, or what is known of the values of a number: an inclusive range, its unit, step and default."""
 
     enumeration: str | None = None
     low: int | None = None
     high: int | None = None
+    unit: str | None = None
+    step: int | float | None = None
+    default: int | float | None = None
+
+    @property
+    def bounded(self) -> bool:
+        """Whether both ends of the range are known."""
+        return self.low is not None and self.high is not None
+
+    def holds(self, value: int | float) -> bool:
+        """Whether a number lies in the range as far as that is known."""
+        return (self.low is None or self.low <= value) and (self.high is None or value <= self.high)
 
 
 @dataclass(frozen=True)

@@ -263,14 +263,14 @@ class BadMethods(CatalogueTest):
         self.assert_bad("| level[lamp] |", "| items |", message)
 
     def test_missing_value_set(self) -> None:
-        message = "'LUMP_E' is neither an enumeration of the public headers nor a range LOW..HIGH"
+        message = "'LUMP_E' is neither an enumeration of the public headers nor a range LEAST..GREATEST"
         self.assert_bad("lamp=LAMP_E", "lamp=LUMP_E", message)
 
     def test_values_of_no_parameter(self) -> None:
         self.assert_bad("lamp=LAMP_E", "lump=LAMP_E", "'lump' is not a parameter of setLevel")
 
     def test_empty_range(self) -> None:
-        self.assert_bad("1..9", "9..1", "range 9..1 is empty")
+        self.assert_bad("1..9", "9..1", "range '9..1' is empty")
 
     def test_empty_list_entry(self) -> None:
         self.assert_bad("lamp=LAMP_E,", "lamp=LAMP_E,,", "'lamp=LAMP_E,, level=1..9' has an empty entry")

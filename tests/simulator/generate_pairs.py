@@ -57,8 +57,8 @@ def adopt_keys(operation: Operation, call: Call, keys: list[int | float | str]) 
 
 def takes(operation: Operation, call: Call) -> bool:
     """Whether all its numbers lie in the ranges that the row names."""
-    ranges = ((call.sent.get(path), allowed) for path, allowed in operation.values.items() if allowed.low is not None)
-    return all(value is None or allowed.low <= value <= allowed.high for value, allowed in ranges)
+    numbers = ((call.sent.get(path), allowed) for path, allowed in operation.values.items() if not allowed.enumeration)
+    return all(value is None or allowed.holds(value) for value, allowed in numbers)
 
 
 class StoredOutcome(Outcomes):

@@ -104,7 +104,7 @@ class ValueType:
     values: ValueSet | None = None
 
     def __str__(self) -> str:
-        bounds = self.values if self.values and self.values.low is not None else None
+        bounds = self.values if self.values and self.values.bounded else None
         low, high = (bounds.low, bounds.high) if bounds else (0, 0)
         names = [self.names, self.record, str(bounds is not None).lower(), str(low), str(high)]
         return row([f"Kind::{self.kind}", f"Scalar::{self.scalar}", *names])

@@ -82,7 +82,7 @@ class CallBuilder:
         if type_name == "bool":
             return int(self._next_flag())
         allowed = self.values.get(path)
-        if allowed and allowed.low is not None:
+        if allowed and allowed.bounded:
             return min(allowed.low + 2, allowed.high)
         return marker + FRACTION if type_name == "double" else marker
 
