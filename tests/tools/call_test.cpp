@@ -114,8 +114,8 @@ TEST(Call, tellsThatAScreenShotIsRefused) {
 }
 
 TEST(Call, takesMinusOneForAValueWhereItIsOne) {
-    EXPECT_EQ(called({"audio.setMaxVolume", "speaker", "-1"}), "result: 0\n");
-    EXPECT_EQ(called({"audio.getMaxVolume", "speaker"}), "result: -1\n");
+    EXPECT_EQ(called({"systemsetting.setLanguage", "-1"}), "result: 0\n");
+    EXPECT_EQ(called({"systemsetting.getLanguage"}), "result: -1\n");
 }
 
 TEST(Call, passesANullOnThatTheMethodTakes) {
