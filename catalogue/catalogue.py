@@ -21,12 +21,10 @@ from pathlib import Path
 from comments import check_comments
 from docs import read_docs
 from effects import EFFECTS, effect_text, has_effect
+from folders import ROOT, add_folder_options, read_named_catalogue
 from model import Catalogue, Function, Method, Operation, Reply, State, WireItem
 from ranges import range_text
-from reader import read_catalogue
 from tables import CatalogueError
-
-ROOT = Path(__file__).resolve().parent.parent
 
 
 @dataclass(frozen=True)
@@ -198,8 +196,7 @@ def _show(catalogue: Catalogue, arguments: argparse.Namespace) -> int:
 
 def _arguments(argv: list[str] | None) -> argparse.Namespace:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--catalogue", type=Path, default=ROOT / "catalogue", help="folder of the tables")
-    parser.add_argument("--include", type=Path, default=ROOT / "include", help="folder of the public headers")
+    add_folder_options(parser)
     commands = parser.add_subparsers(required=True)
     check = commands.add_parser("check", help="check the tables")
     check.add_argument("--tests", type=Path, default=ROOT / "tests", help="folder of the hand-written tests")
@@ -217,7 +214,7 @@ def _arguments(argv: list[str] | None) -> argparse.Namespace:
 def main(argv: list[str] | None = None) -> int:
     arguments = _arguments(argv)
     try:
-        return arguments.run(read_catalogue(arguments.catalogue, arguments.include), arguments)
+        return arguments.run(read_named_catalogue(arguments), arguments)
     except CatalogueError as error:
         print(error, file=sys.stderr)
         return 1

@@ -17,8 +17,8 @@ from html import unescape
 from pathlib import Path
 from urllib.parse import unquote
 
-from catalogue import ROOT, expected_exports
-from reader import read_catalogue
+from catalogue import expected_exports
+from folders import add_folder_options, read_named_catalogue
 from tables import CatalogueError
 
 
@@ -86,12 +86,11 @@ def dead_links(folder: Path) -> list[str]:
 
 def main(argv: list[str] | None = None) -> int:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--catalogue", type=Path, default=ROOT / "catalogue", help="folder of the tables")
-    parser.add_argument("--include", type=Path, default=ROOT / "include", help="folder of the public headers")
+    add_folder_options(parser)
     parser.add_argument("folder", type=Path, help="where doxygen wrote")
     arguments = parser.parse_args(argv)
     try:
-        symbols = expected_exports(read_catalogue(arguments.catalogue, arguments.include))
+        symbols = expected_exports(read_named_catalogue(arguments))
     except CatalogueError as error:
         print(error, file=sys.stderr)
         return 1

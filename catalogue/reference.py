@@ -12,9 +12,9 @@ import argparse
 import sys
 from pathlib import Path
 
-from catalogue import ROOT, request_text
+from catalogue import request_text
+from folders import add_folder_options, read_named_catalogue
 from model import Catalogue, Function, Method, ReplyField
-from reader import read_catalogue
 from tables import CatalogueError
 
 COMMANDS = "ATV_CMD_ID_E"
@@ -66,12 +66,11 @@ def value_texts(catalogue: Catalogue) -> dict[str, str]:
 
 def main(argv: list[str] | None = None) -> int:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--catalogue", type=Path, default=ROOT / "catalogue", help="folder of the tables")
-    parser.add_argument("--include", type=Path, default=ROOT / "include", help="folder of the public headers")
+    add_folder_options(parser)
     parser.add_argument("file", type=Path, help="where to write")
     arguments = parser.parse_args(argv)
     try:
-        texts = value_texts(read_catalogue(arguments.catalogue, arguments.include))
+        texts = value_texts(read_named_catalogue(arguments))
     except CatalogueError as error:
         print(error, file=sys.stderr)
         return 1
