@@ -1,7 +1,8 @@
 # kelutv_generate_from_catalogue(<variable>
 #                                GENERATOR <script>    run as: <script> <folder> <prefix>
 #                                PREFIX <prefix>
-#                                [ALSO <name>...]      sources <prefix><name>.cpp that the script writes besides
+#                                [SUFFIXES <suffix>...] sources <prefix><module><suffix>.cpp that it writes besides
+#                                [ALSO <name>...]      sources <prefix><name>.cpp that it writes besides
 #                                [DEPENDS <file>...])  what the script needs besides the catalogue
 #
 # Sets <variable> to one generated source <prefix><module>.cpp per table of the catalogue, and the others.
@@ -9,7 +10,7 @@
 include_guard(GLOBAL)
 
 function(kelutv_generate_from_catalogue variable)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "GENERATOR;PREFIX" "ALSO;DEPENDS")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "GENERATOR;PREFIX" "SUFFIXES;ALSO;DEPENDS")
     find_package(Python3 3.11 REQUIRED COMPONENTS Interpreter)
     set(folder "${PROJECT_SOURCE_DIR}/catalogue")
     file(GLOB tables CONFIGURE_DEPENDS "${folder}/*.md")
@@ -19,7 +20,9 @@ function(kelutv_generate_from_catalogue variable)
     foreach(table IN LISTS tables)
         get_filename_component(module "${table}" NAME_WE)
         if(NOT module MATCHES "^(enumerations|link|README)$")
-            list(APPEND sources "${CMAKE_CURRENT_BINARY_DIR}/${ARG_PREFIX}${module}.cpp")
+            foreach(suffix IN ITEMS "" LISTS ARG_SUFFIXES)
+                list(APPEND sources "${CMAKE_CURRENT_BINARY_DIR}/${ARG_PREFIX}${module}${suffix}.cpp")
+            endforeach()
         endif()
     endforeach()
     foreach(name IN LISTS ARG_ALSO)

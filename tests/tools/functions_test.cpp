@@ -49,10 +49,12 @@ TEST(Functions, areFoundByTheirNames) {
 
 TEST(Functions, areDescribed) {
     for (const Function* function : tool::allFunctions()) {
-        EXPECT_STRNE(function->brief, "") << function->name;
-        EXPECT_TRUE(*function->returns != '\0' || function->result.kind == tool::Kind::Nothing) << function->name;
-        for (const tool::Parameter& parameter : function->parameters) {
-            EXPECT_STRNE(parameter.brief, "") << function->name << ' ' << parameter.name;
+        const tool::FunctionTexts& texts = *function->texts;
+        EXPECT_STRNE(texts.brief, "") << function->name;
+        EXPECT_TRUE(*texts.returns != '\0' || function->result.kind == tool::Kind::Nothing) << function->name;
+        ASSERT_EQ(texts.parameters.size(), function->parameters.size()) << function->name;
+        for (std::size_t i = 0; i < texts.parameters.size(); ++i) {
+            EXPECT_STRNE(texts.parameters[i], "") << function->name << ' ' << function->parameters[i].name;
         }
         for (const tool::Request& request : function->requests) {
             EXPECT_STRNE(request.reply, "") << function->name;

@@ -87,8 +87,6 @@ struct Parameter {
     const char* name;
     /** As declared: `const char*`. */
     const char* type;
-    /** The sentence of the header; may be empty. */
-    const char* brief;
     Direction direction;
     bool pointer;
     /** A null pointer may be given; without this the library would follow it. */
@@ -113,6 +111,21 @@ struct Request {
     const char* reply;
 };
 
+/** What help shows of a function: sentences of the headers and of the catalogue. */
+struct FunctionTexts {
+    /** The first sentence of the header's comment. */
+    const char* brief;
+    /** What else the header says, paragraphs apart by line ends; may be empty. */
+    const char* details;
+    /** What it returns, as the header says. */
+    const char* returns;
+    /** What a null pointer does, and what is out of the ordinary; may be empty. */
+    const char* nullRule;
+    const char* note;
+    /** One for each parameter, in their order; may be empty. */
+    Rows<const char*> parameters;
+};
+
 /** One C function of the library, or a class method that no C function stands for. */
 struct Function {
     /** `linux_tv_Audio_setVolume`, `Audio::setInputVolume`. */
@@ -122,18 +135,10 @@ struct Function {
     const char* module;
     /** The declaration: `int linux_tv_Audio_setVolume(int channel, int vol)`. */
     const char* signature;
-    /** The first sentence of the header's comment. */
-    const char* brief;
-    /** What else the header says, paragraphs apart by line ends; may be empty. */
-    const char* details;
-    /** What it returns, as the header says. */
-    const char* returns;
+    const FunctionTexts* texts;
     Rows<Parameter> parameters;
     ValueType result;
     Rows<Request> requests;
-    /** What a null pointer does, and what is out of the ordinary; may be empty. */
-    const char* nullRule;
-    const char* note;
     /** A result of -1 is a value like any other. */
     bool anyResultIsValue;
     /** The service's result word is the value that is read. */

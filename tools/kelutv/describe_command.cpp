@@ -64,10 +64,10 @@ Json namesOf(const Enumeration& enumeration) {
     return names;
 }
 
-Json documentOf(const Parameter& parameter) {
+Json documentOf(const Parameter& parameter, const char* meaning) {
     Json document{
-        {"name", parameter.name},     {"type", parameter.type},    {"direction", wordFor(parameter.direction)},
-        {"meaning", parameter.brief}, {"form", formOf(parameter)}, {"null", parameter.pointer && parameter.allowsNull}};
+        {"name", parameter.name}, {"type", parameter.type},    {"direction", wordFor(parameter.direction)},
+        {"meaning", meaning},     {"form", formOf(parameter)}, {"null", parameter.pointer && parameter.allowsNull}};
     if (parameter.values.names != nullptr) {
         document["enumeration"] = parameter.values.names->name;
         document["values"] = namesOf(*parameter.values.names);
@@ -90,11 +90,12 @@ Json documentOf(const Request& request) {
 }
 
 Json documentOf(const Function& function) {
+    const FunctionTexts& texts = *function.texts;
     Json document{{"function", function.name},       {"short", function.shortName}, {"module", function.module},
-                  {"signature", function.signature}, {"brief", function.brief},     {"details", function.details},
-                  {"returns", function.returns},     {"parameters", Json::array()}, {"requests", Json::array()}};
-    for (const Parameter& parameter : function.parameters) {
-        document["parameters"].add(documentOf(parameter));
+                  {"signature", function.signature}, {"brief", texts.brief},        {"details", texts.details},
+                  {"returns", texts.returns},        {"parameters", Json::array()}, {"requests", Json::array()}};
+    for (std::size_t i = 0; i < function.parameters.size(); ++i) {
+        document["parameters"].add(documentOf(function.parameters[i], texts.parameters[i]));
     }
     for (const Request& request : function.requests) {
         document["requests"].add(documentOf(request));
@@ -103,29 +104,30 @@ Json documentOf(const Function& function) {
         document["resultEnumeration"] = function.result.names->name;
         document["resultValues"] = namesOf(*function.result.names);
     }
-    document["nullRule"] = function.nullRule;
-    document["note"] = function.note;
+    document["nullRule"] = texts.nullRule;
+    document["note"] = texts.note;
     return document;
 }
 
 class Description {
 public:
-    Description(const Output& output, const Function& function) : mOutput(output), mFunction(function) {}
+    Description(const Output& output, const Function& function)
+        : mOutput(output), mFunction(function), mTexts(*function.texts) {}
 
     void print() const {
         mOutput.line(mOutput.styled(Style::Name, mFunction.signature));
-        paragraph("", std::string(mFunction.shortName) + ": " + mFunction.brief);
-        paragraph("", mFunction.details);
-        for (const Parameter& parameter : mFunction.parameters) {
-            printParameter(parameter);
+        paragraph("", std::string(mFunction.shortName) + ": " + mTexts.brief);
+        paragraph("", mTexts.details);
+        for (std::size_t i = 0; i < mFunction.parameters.size(); ++i) {
+            printParameter(mFunction.parameters[i], mTexts.parameters[i]);
         }
-        paragraph("Returns", mFunction.returns);
+        paragraph("Returns", mTexts.returns);
         if (mFunction.result.names != nullptr) {
             printNames(*mFunction.result.names);
         }
         printRequests();
-        paragraph("Null", mFunction.nullRule);
-        paragraph("Note", mFunction.note);
+        paragraph("Null", mTexts.nullRule);
+        paragraph("Note", mTexts.note);
     }
 
 private:
@@ -142,9 +144,9 @@ private:
         }
     }
 
-    void printParameter(const Parameter& parameter) const {
+    void printParameter(const Parameter& parameter, const std::string& meaning) const {
         paragraph(std::string("Parameter ") + parameter.name,
-                  std::string(parameter.type) + ", " + wordFor(parameter.direction) + ". " + parameter.brief);
+                  std::string(parameter.type) + ", " + wordFor(parameter.direction) + ". " + meaning);
         if (parameter.values.names != nullptr) {
             printNames(*parameter.values.names);
         } else {
@@ -168,6 +170,7 @@ private:
 
     const Output& mOutput;
     const Function& mFunction;
+    const FunctionTexts& mTexts;
 };
 
 } // namespace

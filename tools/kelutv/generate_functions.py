@@ -1,5 +1,8 @@
 #!/usr/bin/env python3
-"""Writes the tool's table of functions: what can be called, how, what the headers say of it, and the calls."""
+"""Writes the tool's table of functions: what can be called, how, and the calls.
+
+What help shows of them, sentences of the headers and the catalogue, stands in tables of its own (`*_texts.cpp`).
+"""
 
 from __future__ import annotations
 
@@ -16,10 +19,10 @@ sys.path.insert(0, str(ROOT / "catalogue"))
 
 from cells import ANSWER, pointee  # noqa: E402
 from docs import Doc, read_docs  # noqa: E402
+from folders import add_folder_options, read_named_catalogue  # noqa: E402
 from headers import Field, Parameter  # noqa: E402
 from model import Catalogue, Function, Method, Module, Operation, ValueSet, WireItem  # noqa: E402
 from parameters import ParameterInfo, returned_values  # noqa: E402
-from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 from value_sets import all_values  # noqa: E402
 
@@ -225,9 +228,8 @@ def usual_prefix(names: list[str]) -> str:
 class ParameterRow:
     """Writes what the catalogue says of one parameter."""
 
-    def __init__(self, types: Types, doc: Doc):
+    def __init__(self, types: Types):
         self.types = types
-        self.doc = doc
 
     def _length(self, parameter: ParameterInfo) -> str:
         return parameter.count or (parameter.room if parameter.room not in (None, ANSWER) else "")
@@ -244,7 +246,6 @@ class ParameterRow:
         cells = [
             text(parameter.name),
             text(c_type(parameter.type)),
-            text(self.doc.parameters.get(parameter.name)),
             f"Direction::{DIRECTIONS[parameter.direction]}",
             str(parameter.type.endswith("*")).lower(),
             str(parameter.allows_null).lower(),
@@ -278,23 +279,72 @@ def reply_text(method: Method) -> str:
     return ", ".join(fields)
 
 
-class ModuleSource:
-    """The C++ source of one module's functions."""
+class Tables:
+    """The tables that the rows of a source refer to."""
 
-    def __init__(self, catalogue: Catalogue, types: Types, docs: dict[str, Doc], module: Module):
-        self.catalogue = catalogue
-        self.types = types
-        self.docs = docs
-        self.module = module
-        self.calls: list[str] = []
-        self.tables: dict[str, str] = {}
+    def __init__(self) -> None:
+        self.names: dict[str, str] = {}
 
-    def _table(self, row_type: str, rows: list[str]) -> str:
+    def name(self, row_type: str, rows: list[str], called: str | None = None) -> str:
         """The name of a table with these rows; equal tables are written once."""
         if not rows:
             return "{}"
         body = f"constexpr {row_type} %s[] = {{\n    " + ",\n    ".join(rows) + "};"
-        return self.tables.setdefault(body, f"k{row_type}s{len(self.tables)}")
+        return self.names.setdefault(body, f"k{called or row_type}s{len(self.names)}")
+
+    def lines(self) -> list[str]:
+        return [body % name for body, name in self.names.items()]
+
+
+def texts_declaration(module: Module, count: int) -> str:
+    return f"extern const FunctionTexts kTextsOf_{module.name}[{count}];"
+
+
+class TextSource:
+    """The C++ source of what help shows of one module's functions."""
+
+    def __init__(self, docs: dict[str, Doc], module: Module):
+        self.docs = docs
+        self.module = module
+        self.tables = Tables()
+
+    @staticmethod
+    def _null_rule(operation: Operation) -> str:
+        names = list(dict.fromkeys(refusal.parameter for refusal in operation.refusals))
+        return f"A null {' or '.join(names)} is refused with nothing sent." if names else ""
+
+    def _row(self, operation: Operation) -> str:
+        doc = self.docs.get(operation.name, Doc())
+        sentences = [text(doc.parameters.get(parameter.name)) for parameter in operation.signature.parameters]
+        texts = [doc.brief, doc.details, doc.returns, self._null_rule(operation), operation.irregular]
+        return row([*(text(each) for each in texts), self.tables.name("const char*", sentences, "Sentence")])
+
+    def source(self, operations: list[Operation]) -> str:
+        rows = ",\n    ".join(self._row(operation) for operation in operations)
+        return "\n".join(
+            [
+                "// Generated from the public headers and the catalogue.",
+                '#include "tools/kelutv/Function.h"\n',
+                "namespace kelutv::tool {\n",
+                texts_declaration(self.module, len(operations)),
+                "\nnamespace {\n",
+                *self.tables.lines(),
+                "\n} // namespace\n",
+                f"const FunctionTexts kTextsOf_{self.module.name}[{len(operations)}] = {{\n    {rows}}};",
+                "\n} // namespace kelutv::tool\n",
+            ]
+        )
+
+
+class ModuleSource:
+    """The C++ source of one module's functions."""
+
+    def __init__(self, catalogue: Catalogue, types: Types, module: Module):
+        self.catalogue = catalogue
+        self.types = types
+        self.module = module
+        self.calls: list[str] = []
+        self.tables = Tables()
 
     def _argument(self, index: int, parameter: Parameter) -> str:
         base = pointee(parameter.type)
@@ -346,28 +396,17 @@ class ModuleSource:
         values = returned_values(operation)
         return ValueType("Value", self.types.scalar(declared), self.types.names(declared, values), values=values)
 
-    def _null_rule(self, operation: Operation) -> str:
-        names = list(dict.fromkeys(refusal.parameter for refusal in operation.refusals))
-        if not names:
-            return ""
-        return f"A null {' or '.join(names)} is refused with nothing sent."
-
-    def row(self, operation: Operation) -> str:
-        doc = self.docs[operation.name]
-        parameters = ParameterRow(self.types, doc)
+    def _row(self, operation: Operation, index: int) -> str:
+        parameters = [ParameterRow(self.types).text(each) for each in self.catalogue.parameters[operation.name]]
         cells = [
             text(operation.name),
             text(short_name(operation, self.module)),
             text(self.module.name),
             text(declaration(operation)),
-            text(doc.brief),
-            text(doc.details),
-            text(doc.returns),
-            self._table("Parameter", [parameters.text(p) for p in self.catalogue.parameters[operation.name]]),
+            f"&kTextsOf_{self.module.name}[{index}]",
+            self.tables.name("Parameter", parameters),
             str(self._result(operation)),
-            self._table("Request", self._requests(operation)),
-            text(self._null_rule(operation)),
-            text(operation.irregular),
+            self.tables.name("Request", self._requests(operation)),
             str(operation.minus_one != "failure").lower(),
             str(operation.status_is_value).lower(),
             self._call(operation),
@@ -375,7 +414,7 @@ class ModuleSource:
         return row(cells)
 
     def source(self, operations: list[Operation]) -> str:
-        rows = ",\n    ".join(self.row(operation) for operation in operations)
+        rows = ",\n    ".join(self._row(operation, index) for index, operation in enumerate(operations))
         includes = [header for header in (self.module.header, self.module.c_header) if header]
         return "\n".join(
             [
@@ -385,8 +424,9 @@ class ModuleSource:
                 *(f"#include <{header}>" for header in includes),
                 "\nnamespace kelutv::tool {\n",
                 *self.types.declarations(),
+                texts_declaration(self.module, len(operations)),
                 "\nnamespace {\n",
-                *(body % name for body, name in self.tables.items()),
+                *self.tables.lines(),
                 *self.calls,
                 f"constexpr Function kFunctions[] = {{\n    {rows}}};",
                 "\n} // namespace\n",
@@ -403,25 +443,28 @@ def write_if_changed(path: Path, content: str) -> None:
         path.write_text(content, encoding="utf-8")
 
 
-def write_sources(folder: Path, prefix: str) -> None:
-    catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
-    docs = read_docs(ROOT / "include")
+def sources(catalogue: Catalogue, docs: dict[str, Doc]) -> dict[str, str]:
+    """Every source by the name that follows the prefix."""
     types = Types(catalogue)
     operations = offered(catalogue)
+    found = {"types": types.source(catalogue.modules)}
     for module in catalogue.modules:
         own = [operation for operation in operations if operation.module == module.name]
-        source = ModuleSource(catalogue, types, docs, module).source(own)
-        write_if_changed(folder / f"{prefix}{module.name}.cpp", source)
-    write_if_changed(folder / f"{prefix}types.cpp", types.source(catalogue.modules))
+        found[module.name] = ModuleSource(catalogue, types, module).source(own)
+        found[f"{module.name}_texts"] = TextSource(docs, module).source(own)
+    return found
 
 
-def main() -> int:
-    parser = argparse.ArgumentParser(description=__doc__)
+def main(argv: list[str] | None = None) -> int:
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    add_folder_options(parser)
     parser.add_argument("folder", type=Path, help="where to write")
     parser.add_argument("prefix", help="what the names of the sources begin with")
-    arguments = parser.parse_args()
+    arguments = parser.parse_args(argv)
     try:
-        write_sources(arguments.folder, arguments.prefix)
+        written = sources(read_named_catalogue(arguments), read_docs(arguments.include))
+        for name, source in written.items():
+            write_if_changed(arguments.folder / f"{arguments.prefix}{name}.cpp", source)
     except (CatalogueError, ValueError) as error:
         print(error, file=sys.stderr)
         return 1

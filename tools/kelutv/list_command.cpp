@@ -35,11 +35,11 @@ std::vector<const Function*> chosen(const std::string& pattern) {
 void printFunctions(const Output& output, const std::vector<const Function*>& functions) {
     for (const Function* function : functions) {
         output.line(output.styled(Style::Name, function->shortName) + "  " +
-                    output.styled(Style::Dim, function->brief));
+                    output.styled(Style::Dim, function->texts->brief));
         output.document({{"function", function->name},
                          {"short", function->shortName},
                          {"module", function->module},
-                         {"brief", function->brief}});
+                         {"brief", function->texts->brief}});
     }
 }
 
