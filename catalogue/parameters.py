@@ -10,6 +10,7 @@ from cells import ANSWER, number_of, pointee
 from headers import Parameter
 from model import Catalogue, Function, Method, Operation, Pointer, ReplyField, ValueSet, WireItem
 from tables import RowError
+from value_sets import all_values, passed_on
 
 ITEMS = "KELU_TV_CMDID_E"
 _BLOCKS = ("ints", "doubles", "bytes")
@@ -125,7 +126,7 @@ class ParameterReader:
         return known[operation.name]
 
     def _read(self, operation: Operation) -> tuple[ParameterInfo, ...]:
-        facts, values = self._facts(operation), self._values(operation)
+        facts, values = self._facts(operation), all_values(operation)
         found = [self._info(operation, parameter, facts, values) for parameter in operation.signature.parameters]
         lengths = {info.room for info in found if info.direction == "in" and info.kind == "array"}
         return tuple(self._as_length(info) if info.name in lengths else info for info in found)
@@ -170,16 +171,16 @@ class ParameterReader:
         return facts
 
     def _passed_on(self, function: Function) -> Iterable[tuple[ParameterInfo, str]]:
-        own = {parameter.name for parameter in function.signature.parameters}
-        return [(theirs, ours) for theirs, ours in zip(self._of_callee(function), function.arguments) if ours in own]
-
-    def _of_callee(self, function: Function) -> tuple[ParameterInfo, ...]:
         if function.callee is None:
-            return ()
+            return []
+        callee = {info.name: info for info in self._of(function.callee)}
+        return [(callee[theirs], ours) for theirs, ours in passed_on(function)]
+
+    def _of(self, callee: Operation) -> tuple[ParameterInfo, ...]:
         try:
-            return self.read(function.callee)
+            return self.read(callee)
         except RowError:
-            raise RowError(f"{function.callee.name}, which is called, has an error of its own") from None
+            raise RowError(f"{callee.name}, which is called, has an error of its own") from None
 
     def _passed_fact(self, function: Function, theirs: ParameterInfo) -> _Fact:
         names = dict(zip((p.name for p in function.callee.signature.parameters), function.arguments))
@@ -200,14 +201,6 @@ class ParameterReader:
         arguments = (names.get(factor, factor) for factor in room.split("*"))
         numbers = ((argument, number_of(argument, self.headers)) for argument in arguments)
         return "*".join(argument if number is None else str(number) for argument, number in numbers)
-
-    def _values(self, operation: Operation) -> dict[str, ValueSet]:
-        values = dict(operation.values)
-        if isinstance(operation, Function):
-            for theirs, ours in self._passed_on(operation):
-                if theirs.values:
-                    values.setdefault(ours, theirs.values)
-        return values
 
     def _info(
         self, operation: Operation, parameter: Parameter, facts: dict[str, _Fact], values: dict[str, ValueSet]
@@ -275,11 +268,3 @@ def _direction(parameter: Parameter, fact: _Fact) -> str | None:
 def _is_item(operation: Operation, name: str) -> bool:
     method = operation.method
     return method is not None and method.items and operation.request[0].source == name
-
-
-def returned_values(operation: Operation) -> ValueSet | None:
-    """What values a result may have; one that is only passed on has those of the operation called."""
-    if "return" in operation.values:
-        return operation.values["return"]
-    passed_on = isinstance(operation, Function) and operation.callee and operation.result == "same"
-    return returned_values(operation.callee) if passed_on else None

@@ -22,7 +22,7 @@ from docs import Doc, read_docs  # noqa: E402
 from folders import add_folder_options, read_named_catalogue  # noqa: E402
 from headers import Field, Parameter  # noqa: E402
 from model import Catalogue, Function, Method, Module, Operation, ValueSet, WireItem  # noqa: E402
-from parameters import ParameterInfo, returned_values  # noqa: E402
+from parameters import ParameterInfo  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 from value_sets import all_values  # noqa: E402
 
@@ -393,7 +393,7 @@ class ModuleSource:
             return ValueType("List")
         if self.types.is_record(declared):
             return ValueType("Record", record=self.types.record(declared))
-        values = returned_values(operation)
+        values = all_values(operation).get("return")
         return ValueType("Value", self.types.scalar(declared), self.types.names(declared, values), values=values)
 
     def _row(self, operation: Operation, index: int) -> str:
