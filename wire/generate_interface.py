@@ -12,9 +12,9 @@ ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "catalogue"))
 
 from cells import record_leaves  # noqa: E402
+from folders import add_folder_options, read_named_catalogue  # noqa: E402
 from model import Catalogue, Function, Method, Operand, Operation  # noqa: E402
 from model import Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
-from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 
 ENCODINGS = {
@@ -240,12 +240,13 @@ class TableWriter:
         return f"constexpr {name}[] = {{\n    " + ",\n    ".join(rows) + ",\n};"
 
 
-def main() -> int:
+def main(argv: list[str] | None = None) -> int:
     parser = argparse.ArgumentParser(description=__doc__)
+    add_folder_options(parser)
     parser.add_argument("output", type=Path, help="the C++ source to write")
-    arguments = parser.parse_args()
+    arguments = parser.parse_args(argv)
     try:
-        catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
+        catalogue = read_named_catalogue(arguments)
         arguments.output.write_text(TableWriter(catalogue).write(), encoding="utf-8")
     except (CatalogueError, GenerationError) as error:
         print(error, file=sys.stderr)

@@ -6,10 +6,8 @@ import contextlib
 import io
 import re
 import sys
-import tempfile
 import unittest
 from pathlib import Path
-from unittest import mock
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "wire"), str(ROOT / "tests" / "catalogue")]
@@ -18,32 +16,30 @@ import generate_interface  # noqa: E402
 from torch_fixture import TorchTest  # noqa: E402
 
 
-class GenerateInterface(unittest.TestCase):
-    def setUp(self) -> None:
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.table = Path(folder.name) / "table.cpp"
-
-    def generate(self, **catalogue: object) -> tuple[int, str]:
+class GenerateInterface(TorchTest):
+    def generate(self) -> tuple[int, str]:
         """The exit code and what stands on standard error."""
+        folders = ["--catalogue", str(self.folder / "catalogue"), "--include", str(self.folder / "include")]
         errors = io.StringIO()
-        with mock.patch.object(generate_interface, "read_catalogue", **catalogue):
-            with mock.patch.object(sys, "argv", ["generate_interface.py", str(self.table)]):
-                with contextlib.redirect_stderr(errors):
-                    return generate_interface.main(), errors.getvalue()
+        with contextlib.redirect_stderr(errors):
+            return generate_interface.main([*folders, str(self.folder / "table.cpp")]), errors.getvalue()
 
     def test_writes_every_command_in_ascending_order(self) -> None:
-        catalogue = generate_interface.read_catalogue(ROOT / "catalogue", ROOT / "include")
-        self.assertEqual(self.generate(return_value=catalogue), (0, ""))
-        table = self.table.read_text(encoding="utf-8")
+        self.change_torch("CMD_TORCH_SETTEXT | 0x2000", "CMD_TORCH_SETTEXT | 0x3000")
+        self.change("CMD_TORCH_SETTEXT = 0x2000", "CMD_TORCH_SETTEXT = 0x3000", "include/kelutv/commands.h")
+        self.assertEqual(self.generate(), (0, ""))
+        table = (self.folder / "table.cpp").read_text(encoding="utf-8")
         rows = table[table.index("kCommands[]") : table.index("kItems[]")]
         values = [int(value, 16) for value in re.findall(r", (0x[0-9A-F]+), (?:true|false)}", rows)]
-        self.assertEqual(values, sorted({method.value for method in catalogue.methods}))
+        self.assertEqual(values, [*range(0x1000, 0x1007), *range(0x2001, 0x200C), 0x3000])
 
     def test_tells_of_a_catalogue_that_is_wrong(self) -> None:
-        error = generate_interface.CatalogueError(["audio.md:7: no such thing"])
-        self.assertEqual(self.generate(side_effect=error), (1, "audio.md:7: no such thing\n"))
-        self.assertFalse(self.table.exists())
+        line = self.change_torch("CMD_TORCH_SETTEXT | 0x2000", "CMD_TORCH_SETTEXT | 2000")
+        code, errors = self.generate()
+        place = self.folder / "catalogue/torch.md"
+        self.assertEqual(code, 1)
+        self.assertIn(f"{place}:{line}: value '2000' is not hexadecimal in the form 0x2008\n", errors)
+        self.assertFalse((self.folder / "table.cpp").exists())
 
 
 class Shapes(TorchTest):

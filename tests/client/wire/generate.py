@@ -12,9 +12,9 @@ sys.path.insert(0, str(ROOT / "catalogue"))
 
 from arguments import Call, build_calls  # noqa: E402
 from calls import COMPUTED  # noqa: E402
+from folders import add_folder_options, read_named_catalogue  # noqa: E402
 from model import Catalogue, Method, Module, Operation  # noqa: E402
 from outcomes import Outcomes, request_payload  # noqa: E402
-from reader import read_catalogue  # noqa: E402
 from tables import CatalogueError  # noqa: E402
 
 
@@ -160,13 +160,14 @@ def write_if_changed(path: Path, text: str) -> None:
 
 
 def write_tables(description: str, table: type, argv: list[str] | None = None) -> int:
-    """The command line `FOLDER PREFIX`: writes PREFIX<module>.cpp for every module."""
+    """The command line `FOLDER PREFIX` with the options for folders: writes PREFIX<module>.cpp for every module."""
     parser = argparse.ArgumentParser(description=description)
+    add_folder_options(parser)
     parser.add_argument("folder", type=Path, help="where to write")
     parser.add_argument("prefix", help="what the names of the sources begin with")
     arguments = parser.parse_args(argv)
     try:
-        catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
+        catalogue = read_named_catalogue(arguments)
         for module in catalogue.modules:
             text = table(catalogue, module).text()
             write_if_changed(arguments.folder / f"{arguments.prefix}{module.name}.cpp", text)
