@@ -90,12 +90,18 @@ def reads_back(getter: Operation, setter: Operation) -> bool:
     if (getter.method.module, read.name) != (setter.method.module, stored.name):
         return False
     keys = [_operand(key, getter.request) for key in read.keys]
-    return keys == [_operand(key, setter.request) for key in stored.keys] and _asks_for_no_more(getter, setter)
+    same_keys = keys == [_operand(key, setter.request) for key in stored.keys]
+    return same_keys and _asks_for_no_more(getter, setter) and _stores_what_it_computes(setter, stored)
 
 
 def _asks_for_no_more(getter: Operation, setter: Operation) -> bool:
     known = {item.source for item in setter.request}
     return all(_is_fixed(item) or item.source in known for item in getter.request)
+
+
+def _stores_what_it_computes(setter: Operation, stored: State) -> bool:
+    indexes = {operand.index for operand in (*stored.keys, *(stored.values or ()))}
+    return all(index in indexes for index, item in enumerate(setter.request) if item.computed)
 
 
 def _vouches(getter: Operation, setter: Operation) -> bool:

@@ -129,9 +129,9 @@ class Pointer:
 class Effect:
     """What an operation does to a television.
 
-    `kind` is read, set, action or print-only. `back` names the operation that reads what a set is about to change, with
-    the same keys, so that the set can put it back. `kept` tells whether the change outlasts power off; nothing when that
-    is not known. What is `dangerous` may lose what nothing puts back or leave the set unusable.
+    `kind` is read, set, action or print-only. `back` names the operation that reads what a set is about to change,
+    with the same keys, so that the set can put it back. `kept` tells whether the change outlasts power off; nothing
+    when that is not known. What is `dangerous` may lose what nothing puts back or leave the set unusable.
     """
 
     kind: str

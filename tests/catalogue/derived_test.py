@@ -5,7 +5,7 @@ from __future__ import annotations
 
 import unittest
 
-from fixture import SET_CURVE, CatalogueTest
+from fixture import SENDS_NOTHING, SET_CURVE, CatalogueTest
 
 from catalogue import describe, expected_exports, exported_classes, service_commands, service_items
 
@@ -42,7 +42,7 @@ class ServiceView(CatalogueTest):
         self.assertEqual([(value.index, value.literal) for value in values], [(None, 1)])
 
     def test_a_method_that_sends_nothing_is_no_command(self) -> None:
-        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | print-only | - | curve=unused | Never built. |")
+        self.change(SET_CURVE, f"{SENDS_NOTHING} curve=unused | Never built. |")
         catalogue = self.read()
         self.assertNotIn(None, [command.value for command in service_commands(catalogue)])
         self.assertIn("Lamp::setCurve(double*, int)", expected_exports(catalogue))

@@ -120,7 +120,8 @@ class Bad(TorchTest):
         self.assert_bad(SET_LEVEL, "set, back setCurve", message)
 
     def test_a_getter_of_another_state(self) -> None:
-        self.assert_bad(SET_LEVEL, "set, back getColor", f"back names Lamp::getColor, {OTHER_STATE} Lamp::setLevel stores")
+        message = f"back names Lamp::getColor, {OTHER_STATE} Lamp::setLevel stores"
+        self.assert_bad(SET_LEVEL, "set, back getColor", message)
 
     def test_a_getter_with_another_key(self) -> None:
         self.change("timer[lamp] | read", "timer[LAMP_LEFT] | read")
@@ -136,6 +137,13 @@ class Bad(TorchTest):
         self.change("read | lamp=LAMP_E", "read | light=LAMP_E")
         self.change("int getLevel(int lamp)", "int getLevel(int light)", "include/kelutv/Lamp.h")
         self.assert_complaint(line - 1, f"back names Lamp::getLevel, {OTHER_STATE} Lamp::setLevel stores")
+
+    def test_a_part_that_is_worked_out_and_not_stored(self) -> None:
+        self.change("CMDID_LAMP_SET_TIMER, lamp, minutes)", "CMDID_LAMP_SET_TIMER, lamp, computed)")
+        self.change("timer[lamp] = minutes", "timer[lamp] = 1")
+        line = self.change(f"{SET_TIMER} | - | - | -", f"{SET_TIMER} | - | - | Doubles the minutes.")
+        message = f"back names linux_tv_Lamp_getTimer, {OTHER_STATE} linux_tv_Lamp_setTimer stores"
+        self.assert_complaint(line, message)
 
     def test_a_getter_of_another_module(self) -> None:
         line = self.change_torch("title = name | set, back title", "title = name | set, back timer")

@@ -140,6 +140,8 @@ SET_CURVE = (
     "| status | - | - | status | - | action, not kept, dangerous | - | - | - |"
 )
 
+SENDS_NOTHING = "| - | - | - | - | - | - | - | irregular | - | print-only | - |"
+
 
 class CatalogueTest(unittest.TestCase):
     def setUp(self) -> None:

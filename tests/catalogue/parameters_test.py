@@ -5,7 +5,7 @@ from __future__ import annotations
 
 import unittest
 
-from fixture import SET_CURVE
+from fixture import SENDS_NOTHING, SET_CURVE
 from torch_fixture import TORCH_FILE, TorchTest
 
 from parameters import ParameterInfo
@@ -80,7 +80,8 @@ class ToldByTheCallee(ParametersTest):
         self.assertEqual(self.parameter("Shine", "level").values.high, 30)
 
     def test_null_is_passed_on(self) -> None:
-        self.change_torch("maker | read | - | - | - |\n| int getPoints", "maker | read | - | maker=null | - |\n| int getPoints")
+        row = "maker | read | - | - | - |\n| int getPoints"
+        self.change_torch(row, row.replace("read | - | - |", "read | - | maker=null |"))
         self.change_torch("Torch::getMaker(maker) | maker |", "Torch::getMaker(maker) | - |")
         self.assertTrue(self.parameter("MakerOf", "maker").allows_null)
 
@@ -110,7 +111,7 @@ class ToldByPointers(ParametersTest):
 
     def test_a_block_that_begins_with_its_length(self) -> None:
         pointers = "curve=in[length] led by its length"
-        self.change(SET_CURVE, f"| - | - | - | - | - | - | - | irregular | - | print-only | - | {pointers} | Never built. |")
+        self.change(SET_CURVE, f"{SENDS_NOTHING} {pointers} | Never built. |")
         curve = self.parameter("Lamp::setCurve", "curve")
         self.assertEqual((curve.direction, curve.room, curve.led_by_length), ("in", "length", True))
         self.assertEqual(self.brief("Lamp::setCurve", "length"), ("length", "value", None, None))

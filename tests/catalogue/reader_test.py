@@ -5,7 +5,7 @@ from __future__ import annotations
 
 import unittest
 
-from fixture import SET_CURVE, CatalogueTest
+from fixture import SENDS_NOTHING, SET_CURVE, CatalogueTest
 
 
 class GoodTables(CatalogueTest):
@@ -39,7 +39,7 @@ class GoodTables(CatalogueTest):
         self.assertEqual(argument, "CMDID_LAMP_GET_TIMER*lamp")
 
     def test_a_method_may_send_nothing(self) -> None:
-        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | print-only | - | curve=unused | Never built. |")
+        self.change(SET_CURVE, f"{SENDS_NOTHING} curve=unused | Never built. |")
         catalogue = self.read()
         method = catalogue.operation("Lamp::setCurve")
         self.assertEqual((method.command, method.value, method.overload, method.reply), (None, None, None, None))
@@ -69,8 +69,8 @@ class GoodTables(CatalogueTest):
         self.assertEqual(self.read().operation("Lamp::getItem").result, "zero")
 
     def test_an_item_argument_may_be_computed(self) -> None:
-        self.change("lamp, minutes) | - | same | - | timer[lamp] = minutes | set, back linux_tv_Lamp_getTimer | - | - | - |",
-                    "lamp, computed) | - | same | - | - | set | - | - | Doubles the minutes. |")
+        self.change("set, back linux_tv_Lamp_getTimer | - | - | - |", "set | - | - | Doubles the minutes. |")
+        self.change("lamp, minutes) | - | same | - | timer[lamp] = minutes |", "lamp, computed) | - | same | - | - |")
         request = self.read().operation("linux_tv_Lamp_setTimer").request
         self.assertEqual([item.computed for item in request], [False, False, True])
 
@@ -135,7 +135,8 @@ class BadTables(CatalogueTest):
         line = self.change("| null | result | outputs |", "| nil | result | outputs |")
         self.assert_complaint(
             line,
-            "unknown column 'nil', expected: function | calls | null | result | outputs | state | effect | values | pointers | irregular",
+            "unknown column 'nil', expected: function | calls | null | result | outputs | state | effect | values | pointers "
+            "| irregular",
         )
         self.assert_complaint(line, "missing column 'null'")
 

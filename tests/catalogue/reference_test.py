@@ -7,7 +7,7 @@ import contextlib
 import io
 import unittest
 
-from fixture import SET_CURVE, CatalogueTest
+from fixture import SENDS_NOTHING, SET_CURVE, CatalogueTest
 
 from reference import main, value_texts
 
@@ -53,7 +53,7 @@ class ReferencePages(CatalogueTest):
     def test_what_nothing_sends_says_so(self) -> None:
         added = "CMDID_LAMP_MODULE_START = 0x1000,\n    CMDID_LAMP_SPARE = 0x1003,\n    CMDID_LAMP_GET_TIMER"
         self.change("CMDID_LAMP_GET_TIMER", added, "include/kelutv/commands.h")
-        self.change(SET_CURVE, "| - | - | - | - | - | - | - | irregular | - | print-only | - | curve=unused | Never built. |")
+        self.change(SET_CURVE, f"{SENDS_NOTHING} curve=unused | Never built. |")
         texts = value_texts(self.read())
         self.assertEqual(texts["CMD_LAMP_SETCURVE"], "No operation of the library sends it.")
         self.assertEqual(texts["CMDID_LAMP_SPARE"], "No operation of the library names it.")
