@@ -7,13 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <optional>
-#include <thread>
 
 namespace kelutv::test {
 namespace {
@@ -43,21 +41,6 @@ TEST(TestFolder, goesWithAllThatIsInIt) {
     std::filesystem::create_directories(path + "/some/where");
     std::ofstream(path + "/some/where/file") << "x";
     folder.reset();
-    EXPECT_FALSE(std::filesystem::exists(path));
-}
-
-TEST(TestFolder, goesWhileAThreadStillWritesToIt) {
-    std::optional<TestFolder> folder(std::in_place);
-    const std::string path = folder->path();
-    std::atomic<bool> written{false};
-    std::thread writer([&] {
-        for (int i = 0; i < 2000 && std::ofstream(path + '/' + std::to_string(i)).is_open(); ++i) {
-            written = true;
-        }
-    });
-    EXPECT_TRUE(eventually([&] { return written.load(); }));
-    folder.reset();
-    writer.join();
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
