@@ -1,5 +1,6 @@
 #include "Tool.h"
 #include "simulator/Simulator.h"
+#include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -139,17 +140,33 @@ TEST(Call, tellsThatThereIsNoService) {
     EXPECT_EQ(run.error, "kelutv: there is no television service; is the television, or kelutv-simulator, running?\n");
 }
 
-TEST_P(WrongCall, saysWhatIsWrongAndSendsNothing) {
+void expectRefused(const std::vector<std::string>& arguments, const std::string& message) {
     environment.simulator().takeTrace();
     for (const char* command : {"call", "encode"}) {
-        std::vector<std::string> words = GetParam().arguments;
+        std::vector<std::string> words = arguments;
         words.insert(words.begin(), command);
         const ToolRun run = runTool(words);
         EXPECT_EQ(run.exit, 2);
         EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.error, usageError(command, GetParam().message));
+        EXPECT_EQ(run.error, usageError(command, message));
     }
     EXPECT_TRUE(environment.simulator().takeTrace().empty());
+}
+
+TEST_P(WrongCall, saysWhatIsWrongAndSendsNothing) { expectRefused(GetParam().arguments, GetParam().message); }
+
+TEST(Call, namesTheFileThatIsNotThere) {
+    const TestFolder folder;
+    const std::string path = folder.pathOf("nowhere");
+    expectRefused({"factory.setMacAddress", '@' + path},
+                  "factory.setMacAddress: pMacAddr: cannot read '" + path + "': No such file or directory");
+}
+
+TEST(Call, namesTheDirectoryThatIsNoFile) {
+    const TestFolder folder;
+    expectRefused({"factory.setMacAddress", '@' + folder.path()}, "factory.setMacAddress: pMacAddr: cannot read '" +
+                                                                      folder.path() +
+                                                                      "': it is a directory, and a file is needed");
 }
 
 const Wrong kWrong[] = {
@@ -206,9 +223,6 @@ const Wrong kWrong[] = {
     {"hexadecimals",
      {"factory.setMacAddress", "hex:12g3"},
      "factory.setMacAddress: pMacAddr: 'g' is not a hexadecimal digit"},
-    {"file",
-     {"factory.setMacAddress", "@/nonexistent"},
-     "factory.setMacAddress: pMacAddr: cannot read '/nonexistent': No such file or directory"},
     {"null", {"hdmicec.sendCecCommand", "null"}, "hdmicec.sendCecCommand: pCecCmdInfo: null is not allowed here"},
     {"callback",
      {"notify.registerCallbackFunc", "shout"},

@@ -6,8 +6,10 @@
 #include <cctype>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 namespace kelutv::tool {
 
@@ -80,6 +82,9 @@ std::vector<std::uint8_t> bytesOfHex(const std::string& digits) {
 }
 
 std::vector<std::uint8_t> bytesOfFile(const std::string& path) {
+    if (std::error_code ignored; std::filesystem::is_directory(path, ignored)) {
+        throw UsageError("cannot read '" + path + "': it is a directory, and a file is needed");
+    }
     std::ifstream file(path, std::ios::binary);
     std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
     if (!file.is_open() || file.bad()) {
