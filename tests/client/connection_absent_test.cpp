@@ -1,9 +1,8 @@
 #include "ClientTest.h"
+#include "EventRecorder.h"
 
 #include <kelutv/link/TVBaseClient.h>
 #include <kelutv/linux_kelutv_notify.h>
-
-#include <keluem/publisher.h>
 
 #include <unistd.h>
 
@@ -50,13 +49,14 @@ TEST_F(ClientTest, theClientStaysUnconnectedWhenAServiceComesUp) {
 
 TEST_F(ClientTest, aRegisteredCallbackIsNeverCalled) {
     FdCapture standardOutput(STDOUT_FILENO);
-    static int calls = 0;
-    linux_tv_registerCallbackFunc([](int, void*, unsigned int, void*) { ++calls; });
-    keluem::Publisher publisher;
-    EXPECT_EQ(publisher.publish(0x60001, nullptr, 0), 0);
-    linux_tv_unRegisterCallbackFunc(nullptr);
-    EXPECT_EQ(calls, 0);
+    linux_tv_registerCallbackFunc(EventRecorder::first);
     standardOutput.take();
+    EventRecorder events;
+    for (const unsigned int module : {0x10000U, 0x30000U, 0x50000U, 0x60000U, 0x80000U, 0x1A0000U, 0x40000U}) {
+        events.publish(module + 1, "payload");
+    }
+    EXPECT_EQ(events.received(), std::vector<Event>());
+    linux_tv_unRegisterCallbackFunc(nullptr);
 }
 
 } // namespace
