@@ -112,7 +112,8 @@ TEST_F(MicroDimming, holdsZerosWhereTheReplyEnds) {
 TEST_F(MicroDimming, isSentButNotReadWithoutPartitions) {
     constexpr int kMost = std::numeric_limits<int>::max();
     constexpr int kLeast = std::numeric_limits<int>::min();
-    const std::array<int, 2> sizes[] = {{0, 5}, {5, 0}, {-1, 5}, {5, -1}, {kMost, -3}, {kLeast, kMost}, {0, kLeast}};
+    const std::array<int, 2> sizes[] = {{0, 5},          {5, 0},      {-1, 5},     {5, -1},    {kMost, -3},
+                                        {kLeast, kMost}, {0, kLeast}, {-2, kMost}, {kMost, -2}};
     answer({0, 1, 2, 3});
     for (const std::array<int, 2>& size : sizes) {
         EXPECT_EQ(picture().getMicroDimmingData(size[0], size[1], data.data()), 0);

@@ -45,6 +45,8 @@ static_assert(CMD_EXTRA_SETLOGLEVEL == 0xF052, "inside the extra block");
 static_assert(CMD_EXTRA_ATV_DEBUG_NOTIFY == 0xF055, "before the second extra gap");
 static_assert(CMD_PICTURE_GETSCOPE == 0x104A, "before the picture gap");
 static_assert(CMD_PICTURE_SETLDAREANUM == 0x104D, "after the picture gap");
+static_assert(CMD_FACTORY_GETPOWERMUSICVOL == 0x9045, "the last name before the first factory gap");
+static_assert(CMD_FACTORY_GETPANELINTFOUTENABLE == 0x904E, "the first name after the first factory gap");
 static_assert(CMD_FACTORY_SETMACADDRESS == 0x905D, "before a factory gap");
 static_assert(CMD_FACTORY_UPGRADESYSTEM == 0x905F, "after a factory gap");
 static_assert(CMD_FACTORY_UPATANLATOSURCEO == 0x90D0, "before the last factory gap");
@@ -78,6 +80,8 @@ static_assert(CMDID_EXTRA_MODULE_START == 0xF000, "base");
 static_assert(CMDID_PICTURE_COPY_CURPICDATA_TO_USER == 4104, "picture item");
 static_assert(CMDID_AUDIO_SET_MAX_VOLUME == 8203, "audio item");
 static_assert(CMDID_AUDIO_GET_INTERNAL_DEF_OUTPUT_LIST == 8222, "audio item");
+static_assert(CMDID_FACTORY_SET_AVC_GAIN == 0x9048, "an item where commands have their first factory gap");
+static_assert(CMDID_FACTORY_SET_LVDS_SWAP_PORT == 0x904A, "an item where commands have their first factory gap");
 static_assert(CMDID_SYSTEM_REBOOT == 33026, "system item");
 
 static_assert(KELU_EM_MODE_ATVPLAYER == 0x10000, "event module");
