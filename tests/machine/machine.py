@@ -204,7 +204,7 @@ def kernel_of(architecture, directory):
     cache = os.environ.get("KELUTV_KERNEL_CACHE") or os.path.join(directory, "kernels")
     kernel = os.path.join(cache, architecture)
     if subprocess.run([os.path.join(HERE, "fetch-kernel"), architecture, kernel], check=False).returncode != 0:
-        raise Failure("there is no kernel; './check --no-machine' does without")
+        raise Failure("there is no kernel; './check --all --no-machine' does without")
     return kernel
 
 
