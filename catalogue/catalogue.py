@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The catalogue of the library's operations: reading, checking, and what other programs derive from it.
 
-    python3 catalogue/catalogue.py check                 every table against headers, comments and the hand-written tests
+    python3 catalogue/catalogue.py check                 every table against headers, comments and tests
     python3 catalogue/catalogue.py list                  every operation, one a line
     python3 catalogue/catalogue.py list --effect set --effect dangerous
                                                          only those with these effects

@@ -36,14 +36,12 @@ public:
 
     /**
      * Reads the sound mode.
-     * Sends `CMD_AUDIO_GETSOUNDMODE`.
      * @return The mode, one of `KELU_TV_SNDMODE_E`; -1 when the service or the link fails.
      */
     int getSoundMode();
 
     /**
      * Chooses the sound mode.
-     * Sends `CMD_AUDIO_SETSOUNDMODE`: `sndmode`.
      * @param sndmode One of `KELU_TV_SNDMODE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -51,21 +49,18 @@ public:
 
     /**
      * Reads the output mode of the sound.
-     * Sends `CMD_AUDIO_GETOUTMODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getOutMode();
 
     /**
      * Reads the place of the set, desk or wall.
-     * Sends `CMD_AUDIO_GETHANGMODE`.
      * @return One of `KELU_TV_SNDLOCATE_E`; -1 when the service or the link fails.
      */
     int getHangMode();
 
     /**
      * Chooses the place of the set, desk or wall.
-     * Sends `CMD_AUDIO_SETHANGMODE`: `hangmode`.
      * @param hangmode One of `KELU_TV_SNDLOCATE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -73,14 +68,12 @@ public:
 
     /**
      * Reads the input volume.
-     * Sends `CMD_AUDIO_GETINPUTVOLUME`.
      * @return The volume; -1 when the service or the link fails.
      */
     int getInputVolume();
 
     /**
      * Sets the input volume.
-     * Sends `CMD_AUDIO_SETINPUTVOLUME`: `vol`.
      * @param vol Volume; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -88,7 +81,6 @@ public:
 
     /**
      * Reads the volume of one output channel.
-     * Sends `CMD_AUDIO_GETVOLUME`: `channel`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @return The volume; -1 when the service or the link fails.
      */
@@ -96,7 +88,6 @@ public:
 
     /**
      * Sets the volume of one output channel.
-     * Sends `CMD_AUDIO_SETVOLUME`: `channel`, `vol`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @param vol Volume; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -105,7 +96,6 @@ public:
 
     /**
      * Sets the volume of one output channel through the second volume command.
-     * Sends `CMD_AUDIO_SETVOLUME_C`: `channel`, `vol`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @param vol Volume; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -114,7 +104,6 @@ public:
 
     /**
      * Tells whether one output channel is mute.
-     * Sends `CMD_AUDIO_GETMUTE`: `channel`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
@@ -122,7 +111,6 @@ public:
 
     /**
      * Mutes one output channel or lifts the mute.
-     * Sends `CMD_AUDIO_SETMUTE`: `channel`, `onoff`, `type`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @param onoff True mutes.
      * @param type Owner of the request.
@@ -132,7 +120,6 @@ public:
 
     /**
      * Mutes one output channel, or lifts the mute, through the second mute command.
-     * Sends `CMD_AUDIO_SETMUTE_C`: `channel`, `onoff`, `type`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @param onoff True mutes.
      * @param type Owner of the request.
@@ -142,14 +129,12 @@ public:
 
     /**
      * Sends the CEC command for a change of the mute, which has no argument; what changes is the service's matter.
-     * Sends `CMD_CEC_MODIFY_MUTE`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int modifyMute();
 
     /**
      * Mutes the amplifier or lifts its mute.
-     * Sends `CMD_AUDIO_SETAMPMUTE`: `bmute`.
      * @param bmute True mutes.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -157,14 +142,12 @@ public:
 
     /**
      * Tells whether the amplifier is mute.
-     * Sends `CMD_AUDIO_GETAMPMUTE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isAmplifierMute();
 
     /**
      * Mutes all sound outputs or lifts the mute.
-     * Sends `CMD_AUDIO_SETALLSNDOUTPUTMUTE`: `onOff`.
      * @param onOff True mutes.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -172,7 +155,6 @@ public:
 
     /**
      * Mutes the sound track or lifts its mute.
-     * Sends `CMD_AUDIO_SETSNDTRACKMUTE`: `onOff`.
      * @param onOff True mutes.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -180,14 +162,12 @@ public:
 
     /**
      * Reads the stereo mode.
-     * Sends `CMD_AUDIO_GETSTEREOMODE`.
      * @return The mode, one of `KELU_TV_SIF_OUTMODE_E`; -1 when the service or the link fails.
      */
     int getStereoMode();
 
     /**
      * Chooses the stereo mode.
-     * Sends `CMD_AUDIO_SETSTEREOMODE`: `stereo`.
      * @param stereo One of `KELU_TV_SIF_OUTMODE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -195,7 +175,6 @@ public:
 
     /**
      * Sets the delay between sound and picture.
-     * Sends `CMD_AUDIO_SETAVSYNC`: `ms`.
      * @param ms Delay in milliseconds; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -203,14 +182,12 @@ public:
 
     /**
      * Reads the delay between sound and picture.
-     * Sends `CMD_AUDIO_GETAVSYNC`.
      * @return The delay in milliseconds; -1 when the service or the link fails.
      */
     int getAVsync();
 
     /**
      * Restores the sound settings to their defaults.
-     * Sends `CMD_AUDIO_RESTORESOUNDSETS`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreSoundSets();
@@ -224,14 +201,12 @@ public:
 
     /**
      * Reads which speakers play.
-     * Sends `CMD_AUDIO_GETSPEAKEROUTPUT`.
      * @return One of `KELU_TV_SPEAKER_E`; -1 when the service or the link fails.
      */
     int getSpeakerOutput();
 
     /**
      * Chooses which speakers play.
-     * Sends `CMD_AUDIO_SETSPEAKEROUTPUT`: `output`.
      * @param output One of `KELU_TV_SPEAKER_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -239,14 +214,12 @@ public:
 
     /**
      * Reads what the SPDIF output carries.
-     * Sends `CMD_AUDIO_GETSPDIFOUTPUT`.
      * @return One of `KELU_TV_SPDIF_E`; -1 when the service or the link fails.
      */
     int getSPDIFOutput();
 
     /**
      * Chooses what the SPDIF output carries.
-     * Sends `CMD_AUDIO_SETSPDIFOUTPUT`: `spdif`.
      * @param spdif One of `KELU_TV_SPDIF_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -254,7 +227,6 @@ public:
 
     /**
      * Sets the delay of the SPDIF output.
-     * Sends `CMD_AUDIO_SETSPDIFOUTPUTDELAY`: `ms`.
      * @param ms Delay in milliseconds; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -262,14 +234,12 @@ public:
 
     /**
      * Reads the delay of the SPDIF output.
-     * Sends `CMD_AUDIO_GETSPDIFOUTPUTDELAY`.
      * @return The delay in milliseconds; -1 when the service or the link fails.
      */
     int getSPDIFOutputDelay();
 
     /**
      * Switches the subwoofer on or off.
-     * Sends `CMD_AUDIO_SETSUBWOOFERENABLE`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -277,14 +247,12 @@ public:
 
     /**
      * Tells whether the subwoofer is on.
-     * Sends `CMD_AUDIO_GETSUBWOOFERENABLE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSubWooferEnable();
 
     /**
      * Sets the volume of the subwoofer.
-     * Sends `CMD_AUDIO_SETSUBWOOFERVOL`: `value`.
      * @param value Volume; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -292,14 +260,12 @@ public:
 
     /**
      * Reads the volume of the subwoofer.
-     * Sends `CMD_AUDIO_GETSUBWOOFERVOL`.
      * @return The volume; -1 when the service or the link fails.
      */
     int getSubWooferVolume();
 
     /**
      * Sets the graphic equalizer of the subwoofer.
-     * Sends `CMD_AUDIO_SETSUBWOOFERGEQ`: `geqBand0`, `geqBand1`, `geqBand2`, `geqBand3`, `geqBand4`.
      * @param subwooferGeq Gains of the five bands; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -307,7 +273,6 @@ public:
 
     /**
      * Sets the gain of the AV output.
-     * Sends `CMD_AUDIO_SET_AVOUT_GAIN`: `gain`.
      * @param gain Gain; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -315,7 +280,6 @@ public:
 
     /**
      * Sets the gain of the SPDIF output.
-     * Sends `CMD_AUDIO_SET_SPDIF_GAIN`: `gain`.
      * @param gain Gain; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -323,7 +287,6 @@ public:
 
     /**
      * Sets the level of the prescaler.
-     * Sends `CMD_AUDIO_SETPRESCALELEVEL`: `level`.
      * @param level Level; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -331,7 +294,6 @@ public:
 
     /**
      * Asks for the karaoke initialisation of the sound output, or for its end.
-     * Sends `CMD_AUDIO_SETAUDIOOUTKTVINIT`: `isInit`.
      * @param isInit True for the initialisation.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -339,7 +301,6 @@ public:
 
     /**
      * Chooses the default sound output device.
-     * Sends `CMD_AUDIO_SETDEFAULTSNDOUTPUTDEV`: `aOutputMode`.
      * @param aOutputMode The device.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -347,14 +308,12 @@ public:
 
     /**
      * Reads whether headphones are connected.
-     * Sends `CMD_AUDIO_GETHEADPHONECONNECTSTATUS`.
      * @return The state as the service numbers it; -1 when the service or the link fails.
      */
     int getHeadPhoneConnectStatus();
 
     /**
      * Tells the service whether a Bluetooth device is connected.
-     * Sends `CMD_AUDIO_SETBLUETOOTHCONNECT`: `connect`.
      * @param connect The state, 1 for connected.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -362,7 +321,6 @@ public:
 
     /**
      * Hands the service the Bluetooth track.
-     * Sends `CMD_AUDIO_SET_BT_TRACK_HANDLE`: `btTrackHandle`.
      * @param btTrackHandle Handle of the track.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -370,7 +328,6 @@ public:
 
     /**
      * Tells the service whether a microphone is connected.
-     * Sends `CMD_AUDIO_SETMICROPHONECONNECT`: `connect`.
      * @param connect The state, 1 for connected.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -385,7 +342,6 @@ public:
 
     /**
      * Sets one parameter of the plain sound effects.
-     * Sends `CMD_AUDIO_SETEFFECTPARAMETER`: `type`, `value`.
      * @param type One of `KELU_TV_AUDIO_EFFECT_PARAM_E`.
      * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -394,7 +350,6 @@ public:
 
     /**
      * Reads one parameter of the plain sound effects.
-     * Sends `CMD_AUDIO_GETEFFECTPARAMETER`: `type`.
      * @param type One of `KELU_TV_AUDIO_EFFECT_PARAM_E`.
      * @return The value; -1 when the service or the link fails.
      */
@@ -402,7 +357,6 @@ public:
 
     /**
      * Sets one parameter of the advanced sound effects.
-     * Sends `CMD_AUDIO_SETADVANCEDEFFECTPARAMETER`: `type`, `value`.
      * @param type One of `KELU_TV_AUDIO_ADVANCED_EFFECT_PARAM_E`.
      * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -411,7 +365,6 @@ public:
 
     /**
      * Reads one parameter of the advanced sound effects.
-     * Sends `CMD_AUDIO_GETADVANCEDEFFECTPARAMETER`: `type`.
      * @param type One of `KELU_TV_AUDIO_ADVANCED_EFFECT_PARAM_E`.
      * @return The value; -1 when the service or the link fails.
      */
@@ -419,7 +372,6 @@ public:
 
     /**
      * Chooses the Dolby mode.
-     * Sends `CMD_AUDIO_SETDOLBYMODE`: `dolbymode`.
      * @param dolbymode One of `KELU_TV_DOLBY_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -427,21 +379,18 @@ public:
 
     /**
      * Reads the Dolby mode.
-     * Sends `CMD_AUDIO_GETDOLBYMODE`.
      * @return One of `KELU_TV_DOLBY_E`; -1 when the service or the link fails.
      */
     int getDolbyMode();
 
     /**
      * Tells whether Dolby Digital is supported.
-     * Sends `CMD_AUDIO_GET_IS_DOLBY_DIGITAL_SUPPORT`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isDolbyDigitalSupport();
 
     /**
      * Switches surround sound on or off.
-     * Sends `CMD_AUDIO_SET_SURROUND_MODE`: `onOff`.
      * @param onOff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -449,14 +398,12 @@ public:
 
     /**
      * Tells whether surround sound is on.
-     * Sends `CMD_AUDIO_GET_SURROUND_MODE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getSurroundMode();
 
     /**
      * Switches bass enhancement on or off.
-     * Sends `CMD_AUDIO_SET_TRUBASS_MODE`: `onOff`.
      * @param onOff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -464,14 +411,12 @@ public:
 
     /**
      * Tells whether bass enhancement is on.
-     * Sends `CMD_AUDIO_GET_TRUBASS_MODE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getTrubassMode();
 
     /**
      * Switches sound clarity on or off.
-     * Sends `CMD_AUDIO_SET_SOUND_CLARITY`: `onOff`.
      * @param onOff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -479,14 +424,12 @@ public:
 
     /**
      * Tells whether sound clarity is on.
-     * Sends `CMD_AUDIO_GET_SOUND_CLARITY`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getSoundClarity();
 
     /**
      * Switches the audio wall mode on or off.
-     * Sends `CMD_AUDIO_SET_AUDIOWALL_MODE`: `onOff`.
      * @param onOff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -494,14 +437,12 @@ public:
 
     /**
      * Tells whether the audio wall mode is on.
-     * Sends `CMD_AUDIO_GET_AUDIOWALL_MODE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getAudioWallMode();
 
     /**
      * Sets one band of an equal-loudness curve.
-     * Sends `CMD_AUDIO_SET_AUDIO_EQUAL_LOUND`: `index`, `band`, `value`.
      * @param index Number of the curve.
      * @param band Number of the band.
      * @param value Value; the service enforces the range.
@@ -511,7 +452,6 @@ public:
 
     /**
      * Reads one band of an equal-loudness curve.
-     * Sends `CMD_AUDIO_GET_AUDIO_EQUAL_LOUND`: `index`, `band`.
      * @param index Number of the curve.
      * @param band Number of the band.
      * @return The service's result word, which is the value; -1 when the link fails, logged as for a set command.
@@ -520,14 +460,12 @@ public:
 
     /**
      * Reads whether dialogue enhancement is on.
-     * Sends `CMD_AUDIO_GETDIOLOGUEENHANCEMENT`.
      * @return The service's result word, which is the value; -1 when the link fails, logged as for a set command.
      */
     int isDialogueEnhancement();
 
     /**
      * Switches dialogue enhancement on or off.
-     * Sends `CMD_AUDIO_SETDIOLOGUEENHANCEMENT`: `enable`.
      * @param enable 1 for on, 0 for off.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -535,14 +473,12 @@ public:
 
     /**
      * Reads whether Dolby Atmos is on.
-     * Sends `CMD_AUDIO_GETDOLBLYATMOSENABLE`.
      * @return 1 for on, 0 for off, as the service gives it; -1 when the service or the link fails.
      */
     int isDolblyAtmosEnable();
 
     /**
      * Switches Dolby Atmos on or off.
-     * Sends `CMD_AUDIO_SETDOLBLYATMOSENABLE`: `enable`.
      * @param enable 1 for on, 0 for off.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -550,14 +486,12 @@ public:
 
     /**
      * Reads whether the bypass of the audio return channel is on.
-     * Sends `CMD_AUDIO_GETARCBYPASSENABLE`.
      * @return 1 for on, 0 for off, as the service gives it; -1 when the service or the link fails.
      */
     int isARCByPassEnable();
 
     /**
      * Switches the bypass of the audio return channel on or off.
-     * Sends `CMD_AUDIO_SETARCBYPASSENABLE`: `enable`.
      * @param enable 1 for on, 0 for off.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -565,14 +499,12 @@ public:
 
     /**
      * Reads whether intelligent volume is on.
-     * Sends `CMD_AUDIO_GETINTELLIGENTVOLUMEENABLE`.
      * @return 1 for on, 0 for off, as the service gives it; -1 when the service or the link fails.
      */
     int isIntelligentVolumeEnable();
 
     /**
      * Switches intelligent volume on or off.
-     * Sends `CMD_AUDIO_SETINTELLIGENTVOLUMEENABLE`: `enable`.
      * @param enable 1 for on, 0 for off.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -580,14 +512,12 @@ public:
 
     /**
      * Reads the format of the audio stream that plays.
-     * Sends `CMD_AUDIO_GETDOBLYSOUNDEFFECTMODE`.
      * @return One of `KELU_TV_AUDIO_STREAM_TYPE_E`; -1 when the service or the link fails.
      */
     int getKeluAudioStreamType();
 
     /**
      * Starts or ends a sound demonstration.
-     * Sends `CMD_AUDIO_SETAUDIODEMOMODE`: `demomode`, `onoff`.
      * @param demomode One of `KELU_TV_AUDIO_DEMO_MODE_E`.
      * @param onoff 1 starts it, 0 ends it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -596,14 +526,12 @@ public:
 
     /**
      * Reads which sound effect is at work.
-     * Sends `CMD_AUDIO_GETAUDIOEFFECT`.
      * @return One of `KELU_TV_AUDIO_EFFECT_TYPE_E`; -1 when the service or the link fails.
      */
     int getAudioEffect();
 
     /**
      * Switches dynamic range control of DTS streams on or off.
-     * Sends `CMD_AUDIO_SET_DTSDRC_STATE`: `onOff`.
      * @param onOff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -611,14 +539,12 @@ public:
 
     /**
      * Tells whether dynamic range control of DTS streams is on.
-     * Sends `CMD_AUDIO_GET_DTSDRC_STATE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getDtsDrcState();
 
     /**
      * Reads whether a sound function is enabled.
-     * Sends `CMD_AUDIO_GETAUDIOFUNCTIONENABLE`: `func`.
      * @param func One of `KELU_TV_AUDIO_FUNC_E`.
      * @return 1 if it is, 0 if not, as the service gives it; -1 when the service or the link fails.
      */
@@ -626,7 +552,6 @@ public:
 
     /**
      * Switches the parametric equalizer on or off.
-     * Sends `CMD_AUDIO_SETPEQENABLE`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -634,7 +559,6 @@ public:
 
     /**
      * Sets the threshold of the automatic volume control.
-     * Sends `CMD_AUDIO_SETAVCLEVEL`: `avcLevel`.
      * @param avcLevel One of `KELU_TV_AVC_LEVEL`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -642,7 +566,6 @@ public:
 
     /**
      * Switches the CS enhancer on or off.
-     * Sends `CMD_AUDIO_SETCSTENHANCERENABLE`: `onOff`.
      * @param onOff 1 for on, 0 for off.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -650,14 +573,12 @@ public:
 
     /**
      * Reads whether the CS enhancer is on.
-     * Sends `CMD_AUDIO_GETCSTENHANCERENABLE`.
      * @return 1 for on, 0 for off, as the service gives it; -1 when the service or the link fails.
      */
     int getCStenhancerEnable();
 
     /**
      * Sets the attack time of the automatic volume control.
-     * Sends `CMD_AUDIO_SET_AVC_ATTACKTIME`: `avcAttackTime`.
      * @param avcAttackTime Time in the service's unit; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -665,7 +586,6 @@ public:
 
     /**
      * Sets the release time of the automatic volume control.
-     * Sends `CMD_AUDIO_SET_AVC_RELEASETIME`: `avcReleaseTime`.
      * @param avcReleaseTime Time in the service's unit; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -673,14 +593,12 @@ public:
 
     /**
      * Reads the attack time of the automatic volume control.
-     * Sends `CMD_AUDIO_GET_AVC_ATTACKTIME`.
      * @return The time in the service's unit; -1 when the service or the link fails.
      */
     int getAvcAttackTime();
 
     /**
      * Reads the release time of the automatic volume control.
-     * Sends `CMD_AUDIO_GET_AVC_RELEASETIME`.
      * @return The time in the service's unit; -1 when the service or the link fails.
      */
     int getAvcReleaseTime();
@@ -693,7 +611,6 @@ public:
 
     /**
      * Sets one item; the class's one virtual operation.
-     * Sends `CMD_AUDIO_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
      * @param cmdID Item of the audio module, of `KELU_TV_CMDID_E`.
      * @param param1,param2,param3,param4 What the item defines.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -702,7 +619,6 @@ public:
 
     /**
      * Reads one item.
-     * Sends `CMD_AUDIO_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
      * @param cmdID Item of the audio module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on
@@ -713,7 +629,6 @@ public:
 
     /**
      * Sets one item that is a text.
-     * Sends `CMD_AUDIO_COMMON_SET_ITEM_STRVALUE`: `cmdID`, `param1`, `stringParam`, `param2`, the text before `param2`.
      * @param cmdID Item of the audio module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param stringParam The text.
@@ -723,7 +638,6 @@ public:
 
     /**
      * Reads one item that is a text.
-     * Sends `CMD_AUDIO_COMMON_GET_ITEM_STRVALUE`: `cmdID`, `param1`, `param2`.
      * @param cmdID Item of the audio module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param data Room for the text and its terminating zero; the service decides the length. Untouched on failure.
@@ -741,7 +655,6 @@ public:
 
     /**
      * Sets the prescale gain of one output channel.
-     * Sends `CMD_AUDIO_SETPRESCALE`: `channel`, `integer`, `decimal`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @param prescale The gain; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -750,7 +663,6 @@ public:
 
     /**
      * Reads the prescale gain of one output channel.
-     * Sends `CMD_AUDIO_GETPRESCALE`: `channel`; the answer holds `integer`, `decimal`.
      * @param channel Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
      * @return The gain; both parts 0 when the service or the link fails.
      */
@@ -758,7 +670,6 @@ public:
 
     /**
      * Sets the noise reduction.
-     * Sends `CMD_AUDIO_SETNRATTR`: `onOff`, `value`.
      * @param stNRAttrData Whether it is on, and its level; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -766,14 +677,12 @@ public:
 
     /**
      * Reads the noise reduction.
-     * Sends `CMD_AUDIO_GETNRATTR`; the answer holds `onOff`, `value`.
      * @return Whether it is on, and its level; off and 0 when the service or the link fails.
      */
     NRAttrData getNRAttr();
 
     /**
      * Sets the dynamic range control.
-     * Sends `CMD_AUDIO_SETDRCATTR`: `intthrhd`, `intLimit`.
      * @param stDrcAttr Threshold and limit; the service enforces the ranges. Must not be null.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -781,7 +690,6 @@ public:
 
     /**
      * Reads the dynamic range control.
-     * Sends `CMD_AUDIO_GETDRCATTR`; the answer holds `intthrhd`, `intLimit`.
      * @param stDrcAttr Receives threshold and limit; untouched on failure.
      * @return 0; -1 when the service or the link fails.
      */
@@ -789,7 +697,6 @@ public:
 
     /**
      * Sets the parametric equalizer.
-     * Sends `CMD_AUDIO_SETPEQATTR`: `intBandNum`, then ten times `enFltType`, `intfreq`, `intQ`, `intGain`.
      * @param peqAttr The bands; `intBandNum` is 1 to 10, all ten bands are sent whatever it says. Must not be null.
      * @return The service's result, 0 for success; -1 when the link fails, and for another `intBandNum`, logged and
      * with nothing sent.
@@ -798,7 +705,6 @@ public:
 
     /**
      * Reads the parametric equalizer.
-     * Sends `CMD_AUDIO_GETPEQATTR`; the answer holds the fields in the order of `setPEQAttr`.
      * @param peqAttr Receives the number of bands in use as the service gives it, and all ten bands; untouched on
      * failure.
      * @return 0; -1 when the service or the link fails.
@@ -807,7 +713,6 @@ public:
 
     /**
      * Reads the default sound output device.
-     * Sends `CMD_AUDIO_GETDEFAULTSNDOUTPUTDEV`.
      * @param apOutputMode Receives the device, unchecked; untouched on failure.
      * @return 0; -1 when the service or the link fails.
      */
@@ -815,7 +720,6 @@ public:
 
     /**
      * Reads the threshold of the automatic volume control.
-     * Sends `CMD_AUDIO_GETAVCLEVEL`.
      * @param avcLevel Receives the threshold, unchecked; untouched on failure.
      * @return 0; -1 when the service or the link fails.
      */
@@ -823,14 +727,12 @@ public:
 
     /**
      * Reads the names of the sound outputs.
-     * Sends `CMDID_AUDIO_GET_OUTPUT_LIST`; the answer holds strings until its end.
      * @return The names in the service's order; empty when the service or the link fails.
      */
     std::list<std::string> getOutputList();
 
     /**
      * Reads whether one sound output is switched on.
-     * Sends `CMDID_AUDIO_GET_OUTPUT_ENABLE`: `str`; the answer holds the state.
      * @param str Name of the output, as `getOutputList` gives it; null is logged and sent as an empty name.
      * @param pOnoff Receives the state; untouched on failure.
      * @return 0, also when the service or the link fails, which is only logged; -1 when a pointer is null.

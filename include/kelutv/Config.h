@@ -19,7 +19,6 @@ class KELUTV_API CConfig {
 public:
     /**
      * Reads whether CEC is on.
-     * Sends `CMD_CONFIG_GET_CECSWITCHMODE`.
      * @param aMode Receives true for anything but the service's 0; untouched on failure.
      * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aMode`, with nothing
      * sent.
@@ -28,7 +27,6 @@ public:
 
     /**
      * Turns CEC on or off.
-     * Sends `CMD_CONFIG_SET_CECSWITCHMODE`: `aMode`.
      * @param aMode True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -36,7 +34,6 @@ public:
 
     /**
      * Reads whether the automatic power-off of CEC devices is on.
-     * Sends `CMD_CONFIG_GET_DEVICEAUTO_POWEROFF`.
      * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
      * @return False; true when the service or the link fails or the service gave -1, and for a null `aSwitch`, with
      * nothing sent.
@@ -45,7 +42,6 @@ public:
 
     /**
      * Switches the automatic power-off of CEC devices on or off.
-     * Sends `CMD_CONFIG_SET_DEVICEAUTO_POWEROFF`: `aSwitch`.
      * @param aSwitch True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -53,7 +49,6 @@ public:
 
     /**
      * Reads whether the automatic power-on of the television by CEC is on.
-     * Sends `CMD_CONFIG_GET_TVAUTO_POWERON`.
      * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
      * @return False; true when the service or the link fails or the service gave -1, and for a null `aSwitch`, with
      * nothing sent.
@@ -62,7 +57,6 @@ public:
 
     /**
      * Switches the automatic power-on of the television by CEC on or off.
-     * Sends `CMD_CONFIG_SET_TVAUTO_POWERON`: `aSwitch`.
      * @param aSwitch True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -70,7 +64,6 @@ public:
 
     /**
      * Reads whether the automatic power-off of the television by CEC is on.
-     * Sends `CMD_CONFIG_GET_TVAUTO_POWEROFF`.
      * @param aSwitch Receives true for anything but the service's 0; untouched on failure.
      * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aSwitch`, with nothing
      * sent.
@@ -79,7 +72,6 @@ public:
 
     /**
      * Switches the automatic power-off of the television by CEC on or off.
-     * Sends `CMD_CONFIG_SET_TVAUTO_POWEROFF`: `aSwitch`.
      * @param aSwitch True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -87,7 +79,6 @@ public:
 
     /**
      * Reads whether the audio return channel is on.
-     * Sends `CMD_CONFIG_GET_ARCENABLE`.
      * @param aEnable Receives true for anything but the service's 0; untouched on failure.
      * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aEnable`, with nothing
      * sent.
@@ -96,7 +87,6 @@ public:
 
     /**
      * Turns the audio return channel on or off.
-     * Sends `CMD_CONFIG_SET_ARCENABLE`: `aEnable`.
      * @param aEnable True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -104,7 +94,6 @@ public:
 
     /**
      * Reads the format of the sound on the audio return channel.
-     * Sends `CMD_CONFIG_GET_ARCMODE`.
      * @param aArcMode Receives the integer that the service gave; untouched on failure.
      * @return 0; -1 when the service or the link fails or the service gave -1, and for a null `aArcMode`, with nothing
      * sent.
@@ -113,7 +102,6 @@ public:
 
     /**
      * Chooses the format of the sound on the audio return channel.
-     * Sends `CMD_CONFIG_SET_ARCMODE`: `aArcMode`.
      * @param aArcMode One of `KELU_MW_SND_ARC_MODE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */

@@ -38,14 +38,12 @@ public:
 
     /**
      * Starts the automatic calibration.
-     * Sends `CMD_FACTORY_AUTOCALIBRATION`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int autoCalibration();
 
     /**
      * Reads the gains and offsets of the analogue converter.
-     * Sends `CMD_FACTORY_GETADCGAINOFFSET`: `srcId`.
      * @param srcId Source, one of `KELU_TV_SRC_E`.
      * @return The record; all zeros when the service or the link fails.
      */
@@ -53,8 +51,6 @@ public:
 
     /**
      * Sets the gains and offsets of the analogue converter.
-     * Sends `CMD_FACTORY_SETADCGAINOFFSET`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
-     * `blueOffset`.
      * @param srcId Source, one of `KELU_TV_SRC_E`.
      * @param info Gains and offsets; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -63,7 +59,6 @@ public:
 
     /**
      * Reads the gains and offsets of a colour temperature.
-     * Sends `CMD_FACTORY_GETCOLORTEMP`: `colorTempLevel`.
      * @param colorTempLevel Colour temperature, one of `KELU_TV_COLORTEMP_E`.
      * @return The record; all zeros when the service or the link fails.
      */
@@ -71,8 +66,6 @@ public:
 
     /**
      * Sets the gains and offsets of the colour temperature.
-     * Sends `CMD_FACTORY_SETCOLORTEMP`: `srcId`, `redGain`, `greenGain`, `blueGain`, `redOffset`, `greenOffset`,
-     * `blueOffset`.
      * @param srcId Source by its name, one of `KELU_TV_SRC_E`; the reading operation has a colour temperature in its
      * place.
      * @param info Gains and offsets; the service enforces the ranges.
@@ -82,7 +75,6 @@ public:
 
     /**
      * Reads the five points of a non-linear curve.
-     * Sends `CMD_FACTORY_GETNLAPOINT`: `item`, `srcId`.
      * @param item Curve as the service numbers it.
      * @param srcId Source.
      * @return The record; all zeros when the service or the link fails.
@@ -91,7 +83,6 @@ public:
 
     /**
      * Sets the five points of a non-linear curve.
-     * Sends `CMD_FACTORY_SETNLAPOINT`: `item`, `point0`, `point25`, `point50`, `point75`, `point100`.
      * @param item Curve as the service numbers it.
      * @param info Points; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -100,21 +91,19 @@ public:
 
     /**
      * Asks for the non-linear curves to be applied to the sources.
-     * Sends `CMD_FACTORY_UPATANLATOSURCEO`. Prints "updataNLAToSource\n" to standard error first.
+     * Prints "updataNLAToSource\n" to standard error first.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int updataNLAToSource();
 
     /**
      * Restores the colour temperatures to their defaults.
-     * Sends `CMD_FACTORY_RESTORECOLORTEMP`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreColorTemp();
 
     /**
      * Reads the debug information on the automatic colour temperature.
-     * Sends `CMD_FACTORY_GETCOLORTEMPDEBUGINFO`: `colorTempIndex`.
      * @param str Receives the text, terminator included, and must have room for all the service sends; untouched on
      * failure.
      * @param colorTempIndex Colour temperature as the service numbers it.
@@ -125,7 +114,6 @@ public:
 
     /**
      * Shows a plain colour for the white balance, or ends it.
-     * Sends `CMD_FACTORY_SETWHITEBALANCECOLOR`: `onoff`, `red`, `green`, `blue`.
      * @param onoff True shows the colour.
      * @param red Red; the service enforces the range.
      * @param green Green; the service enforces the range.
@@ -136,28 +124,26 @@ public:
 
     /**
      * Tells whether the main chip supports the patterns of the white balance.
-     * Sends `CMD_FACTORY_GET_IS_SUPPORT_SOC_WB_PATTERN`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportSocWhiteBalancePattern();
 
     /**
      * Enters the white balance by infrared.
-     * Sends `CMD_EXTRA_SETENTERIRWBADJ`. A get command, although it starts something.
+     * A get command, although it starts something.
      * @return The value; -1 when the service or the link fails.
      */
     int enterIrWBAdj();
 
     /**
      * Reads the status of the white balance by infrared.
-     * Sends `CMD_FACTORY_GET_IR_WB_RESULT`.
      * @return The status; -1 when the service or the link fails.
      */
     int getIRWBStatus();
 
     /**
      * Sets the gamma value of the picture processing.
-     * Sends `CMD_FACTORY_SET_PQ_GAMMA_VALUE`: `value`. Prints "pqSetGammaValue\n" to standard error first.
+     * Prints "pqSetGammaValue\n" to standard error first.
      * @param value Gamma value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -165,8 +151,8 @@ public:
 
     /**
      * Reads the version of the picture processing data.
-     * Sends `CMD_FACOTRY_COMMON_GET_PQ_BINVERSION`. What the service answers is printed to standard error as
-     * "pStr=%s\n", "(null)" for no text, and a missing text or buffer as "getPQBinVersion error\n".
+     * What the service answers is printed to standard error as "pStr=%s\n", "(null)" for no text, and a missing text or
+     * buffer as "getPQBinVersion error\n".
      * @param pPQBinVersion Receives the text, terminator included, and must have room for all the service sends;
      * untouched on failure.
      * @return 0; -1 when the service or the link fails, when there is no text, and for a null `pPQBinVersion`, for
@@ -176,7 +162,6 @@ public:
 
     /**
      * Sends a control code to the picture processing.
-     * Sends `CMD_FACOTRY_COMMON_COPY_SOURCE_COLOR_LUT`: `cmdID`.
      * @param cmdID Control code, one of `KELU_TV_PQ_IOCTL_CMD_E`.
      * @param pParm Not used; may be null.
      * @return 0; -1, with "pqIoCtl error" on standard error, for any other result of the service and when the link
@@ -193,14 +178,12 @@ public:
 
     /**
      * Reads the overscan rectangle.
-     * Sends `CMD_FACTORY_GETOVERSCAN`.
      * @return The record; all zeros when the service or the link fails.
      */
     KeluRect getOverscan();
 
     /**
      * Sets the overscan rectangle.
-     * Sends `CMD_FACTORY_SETOVERSCAN`: `x`, `y`, `width`, `height`.
      * @param rect Position and size; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -208,14 +191,12 @@ public:
 
     /**
      * Tells whether the output of the panel interface is on.
-     * Sends `CMD_FACTORY_GETPANELINTFOUTENABLE`.
      * @return 1 when it is on, 0 when not; -1 when the service or the link fails.
      */
     int getPanelIntfOutEnable();
 
     /**
      * Switches the output of the panel interface on or off.
-     * Sends `CMD_FACTORY_SETPANELINTFOUTENABLE`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -223,14 +204,12 @@ public:
 
     /**
      * Tells whether the spread spectrum of the panel interface is on.
-     * Sends `CMD_FACTORY_GETPANELSPREADENABLE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getPanelSpreadEnable();
 
     /**
      * Switches the spread spectrum of the panel interface on or off.
-     * Sends `CMD_FACTORY_SETPANELSPREADENABLE`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -238,14 +217,12 @@ public:
 
     /**
      * Reads the spread ratio of the panel interface.
-     * Sends `CMD_FACTORY_GETPANELSPREADRATIO`.
      * @return The ratio; -1 when the service or the link fails.
      */
     int getPanelSpreadRatio();
 
     /**
      * Sets the spread ratio of the panel interface.
-     * Sends `CMD_FACTORY_SETPANELSPREADRATIO`: `ratio`.
      * @param ratio Ratio; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -253,14 +230,12 @@ public:
 
     /**
      * Reads the spread frequency of the panel interface.
-     * Sends `CMD_FACTORY_GETPANELSPREADFREQ`.
      * @return The frequency; -1 when the service or the link fails.
      */
     int getPanelSpreadFreq();
 
     /**
      * Sets the spread frequency of the panel interface.
-     * Sends `CMD_FACTORY_SETPANELSPREADFREQ`: `freq`.
      * @param freq Frequency; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -268,14 +243,12 @@ public:
 
     /**
      * Reads the drive current of the panel interface.
-     * Sends `CMD_FACTORY_GETPANELDRVCURRENT`.
      * @return The current; -1 when the service or the link fails.
      */
     int getPanelDrvCurrent();
 
     /**
      * Sets the drive current of the panel interface.
-     * Sends `CMD_FACTORY_SETPANELDRVCURRENT`: `current`.
      * @param current Current; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -283,14 +256,12 @@ public:
 
     /**
      * Reads the common voltage of the panel interface.
-     * Sends `CMD_FACTORY_GETPANELCOMVOLTAGE`.
      * @return The voltage; -1 when the service or the link fails.
      */
     int getPanelComVoltage();
 
     /**
      * Sets the common voltage of the panel interface.
-     * Sends `CMD_FACTORY_SETPANELCOMVOLTAGE`: `voltage`.
      * @param voltage Voltage; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -298,14 +269,12 @@ public:
 
     /**
      * Reads the emphasis of the panel interface.
-     * Sends `CMD_FACTORY_GETPANELEMPHASIS`.
      * @return The emphasis; -1 when the service or the link fails.
      */
     int getPanelEmphasis();
 
     /**
      * Sets the emphasis of the panel interface.
-     * Sends `CMD_FACTORY_SETPANELEMPHASIS`: `ems`.
      * @param ems Emphasis; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -313,14 +282,12 @@ public:
 
     /**
      * Tells whether the spread spectrum of the memory interface is on.
-     * Sends `CMD_FACTORY_GETDDRSPREADENABLE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isDdrSpreadEnable();
 
     /**
      * Switches the spread spectrum of the memory interface on or off.
-     * Sends `CMD_FACTORY_SETDDRSPREADENABLE`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -328,14 +295,12 @@ public:
 
     /**
      * Reads the spread ratio of the memory interface.
-     * Sends `CMD_FACTORY_GETDDRSPREADRATIO`.
      * @return The ratio; -1 when the service or the link fails.
      */
     int getDdrSpreadRatio();
 
     /**
      * Sets the spread ratio of the memory interface.
-     * Sends `CMD_FACTORY_SETDDRSPREADRATIO`: `ratio`.
      * @param ratio Ratio; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -343,14 +308,12 @@ public:
 
     /**
      * Reads the spread frequency of the memory interface.
-     * Sends `CMD_FACTORY_GETDDRSPREADFREQ`.
      * @return The frequency; -1 when the service or the link fails.
      */
     int getDdrSpreadFreq();
 
     /**
      * Sets the spread frequency of the memory interface.
-     * Sends `CMD_FACTORY_SETDDRSPREADFREQ`: `freq`.
      * @param freq Frequency; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -358,14 +321,12 @@ public:
 
     /**
      * Reads the gamma curve.
-     * Sends `CMD_FACTORY_GETGAMMA`.
      * @return The number of the curve; -1 when the service or the link fails.
      */
     int getGamma();
 
     /**
      * Sets the gamma curve.
-     * Sends `CMD_FACTORY_SETGAMMA`: `gamma`.
      * @param gamma Curve as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -373,14 +334,12 @@ public:
 
     /**
      * Reads the test pattern.
-     * Sends `CMD_FACTORY_GETTESTPATTERN`.
      * @return The number of the pattern; -1 when the service or the link fails.
      */
     int getTestPattern();
 
     /**
      * Sets the test pattern.
-     * Sends `CMD_FACTORY_SETTESTPATTERN`: `index`.
      * @param index One of `KELU_TV_PATTERN_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -388,14 +347,12 @@ public:
 
     /**
      * Reads the index of the panel.
-     * Sends `CMD_FACTORY_GETPANELINDEX`.
      * @return The number of the panel; -1 when the service or the link fails.
      */
     int getPanelIndex();
 
     /**
      * Sets the index of the panel.
-     * Sends `CMD_FACTORY_SETPANELINDEX`: `index`.
      * @param index Index of the panel; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -403,14 +360,12 @@ public:
 
     /**
      * Reads how the picture is flipped and mirrored.
-     * Sends `CMD_FACTORY_GETPANELFLIPMIRROR`.
      * @return The way; -1 when the service or the link fails.
      */
     int getPanelFlipMirror();
 
     /**
      * Sets how the picture is flipped and mirrored.
-     * Sends `CMD_FACTORY_SETPANELFLIPMIRROR`: `flip`.
      * @param flip Flip as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -418,7 +373,6 @@ public:
 
     /**
      * Sets the test pattern of the external picture chip.
-     * Sends `CMD_FACTORY_SET_ICHIP_TEST_PATTERN`: `pattern`.
      * @param pattern Pattern as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -433,14 +387,12 @@ public:
 
     /**
      * Reads the highest duty of the backlight.
-     * Sends `CMD_FACTORY_GETBLPWMMAX`.
      * @return The duty; -1 when the service or the link fails.
      */
     int getBackLightPwmMax();
 
     /**
      * Sets the highest duty of the backlight.
-     * Sends `CMD_FACTORY_SETBLPWMMAX`: `pwmMax`.
      * @param pwmMax Duty; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -448,14 +400,12 @@ public:
 
     /**
      * Reads the lowest duty of the backlight.
-     * Sends `CMD_FACTORY_GETBLPWMMIN`.
      * @return The duty; -1 when the service or the link fails.
      */
     int getBackLightPwmMin();
 
     /**
      * Sets the lowest duty of the backlight.
-     * Sends `CMD_FACTORY_SETBLPWMMIN`: `pwmMin`.
      * @param pwmMin Duty; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -463,14 +413,12 @@ public:
 
     /**
      * Reads the delta value of the dream panel.
-     * Sends `CMD_FACTORY_GET_DREAM_PANEL_DELTA_VALUE`.
      * @return The step; -1 when the service or the link fails.
      */
     int getDreamPanelDeltaValue();
 
     /**
      * Sets the delta value of the dream panel.
-     * Sends `CMD_FACTORY_SET_DREAM_PANEL_DELTA_VALUE`: `tmpValue`.
      * @param tmpValue Delta value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -478,14 +426,12 @@ public:
 
     /**
      * Reads the dream panel's offset of the lowest backlight.
-     * Sends `CMD_FACTORY_GET_DP_BL_MIN_OFFSET`.
      * @return The offset; -1 when the service or the link fails.
      */
     int getDPBLMinOffset();
 
     /**
      * Sets the dream panel's offset of the lowest backlight.
-     * Sends `CMD_FACTORY_SET_DP_BL_MIN_OFFSET`: `tmpValue`.
      * @param tmpValue Offset; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -493,14 +439,12 @@ public:
 
     /**
      * Reads the disturbing mode of the LED.
-     * Sends `CMD_FACTORY_GETBLEDDISTURBINGMODE`.
      * @return One of `KELU_TV_LED_DISTURBING_MODE_E`; -1 when the service or the link fails.
      */
     int getLedDisturbingMode();
 
     /**
      * Sets the disturbing mode of the LED.
-     * Sends `CMD_FACTORY_SETBLEDDISTURBINGMODE`: `mode`.
      * @param mode One of `KELU_TV_LED_DISTURBING_MODE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -508,7 +452,6 @@ public:
 
     /**
      * Sets the state of the breathing LED.
-     * Sends `CMD_FACTORY_SET_BREATHE_LED_STATUS`: `arg1`, `arg2`.
      * @param arg1 First value as the service defines it.
      * @param arg2 Second value as the service defines it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -517,14 +460,12 @@ public:
 
     /**
      * Reads whether the pixel shift of the OLED panel is on.
-     * Sends `CMD_EXTRA_GETOLEDPIEXLSHIFTENABLE`.
      * @return 1 when it is, 0 when not; -1 when the service or the link fails.
      */
     int getOLEDPixelShiftEnable();
 
     /**
      * Switches the pixel shift of the OLED panel on or off.
-     * Sends `CMD_EXTRA_SETOLEDPIEXLSHIFTENABLE`: `enable`.
      * @param enable 0 for off, 1 for on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -532,14 +473,12 @@ public:
 
     /**
      * Reads which line overdrive table is in use.
-     * Sends `CMD_FACTORY_GETLINEODINDEX`.
      * @return The index; -1 when the service or the link fails.
      */
     int getLineODIndex();
 
     /**
      * Chooses the line overdrive table.
-     * Sends `CMD_FACTORY_SETLINEODINDEX`: `tmpIndex`.
      * @param tmpIndex Index of the table; the service enforces the range.
      * @return False for success; true for any other result of the service and when the link fails.
      */
@@ -547,14 +486,12 @@ public:
 
     /**
      * Reads the names of the line overdrive tables.
-     * Sends `CMD_FACTORY_GETLINEODLIST`.
      * @return The names in the order of the service; empty when the service or the link fails.
      */
     std::list<std::string> getLineODListTable();
 
     /**
      * Sets one of the LEDs.
-     * Sends `CMD_FACTORY_SETVARIETYLEDCONTROL`: `ledType`, `value`.
      * @param ledType LED as the service numbers it.
      * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -570,14 +507,12 @@ public:
 
     /**
      * Tells whether the initial analogue channels are on.
-     * Sends `CMD_FACTORY_GETATVINITIALCHANNEL`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isATVIniChnEnable();
 
     /**
      * Switches the initial analogue channels on or off.
-     * Sends `CMD_FACTORY_SETATVINITIALCHANNEL`: `onoff`.
      * @param onoff True switches them on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -585,14 +520,12 @@ public:
 
     /**
      * Reads the over-modulation mode.
-     * Sends `CMD_FACTORY_GETOVERMODULATION`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getOverModulation();
 
     /**
      * Sets the over-modulation mode.
-     * Sends `CMD_FACTORY_SETOVERMODULATION`: `over`.
      * @param over Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -600,14 +533,12 @@ public:
 
     /**
      * Reads the frequency offset of the tuner.
-     * Sends `CMD_FACTORY_GETFREQUENCYOFFSET`.
      * @return The offset; -1 when the service or the link fails.
      */
     int getFrequencyOffset();
 
     /**
      * Sets the frequency offset of the tuner.
-     * Sends `CMD_FACTORY_SETFREQUENCYOFFSET`: `offset`.
      * @param offset Offset; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -615,14 +546,12 @@ public:
 
     /**
      * Reads the bandwidth of the tuner.
-     * Sends `CMD_FACTORY_GETTUNERBANDWIDTH`.
      * @return The bandwidth; -1 when the service or the link fails.
      */
     int getTunerBandwidth();
 
     /**
      * Sets the bandwidth of the tuner.
-     * Sends `CMD_FACTORY_SETTUNERBANDWIDTH`: `bandwidth`.
      * @param bandwidth Bandwidth; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -630,7 +559,6 @@ public:
 
     /**
      * Sets the threshold of the noise reduction.
-     * Sends `CMD_FACTORY_SETNRTHRESHOLD`: `level`.
      * @param level Threshold; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -638,14 +566,12 @@ public:
 
     /**
      * Reads the threshold of the noise reduction.
-     * Sends `CMD_FACTORY_GETNRTHRESHOLD`.
      * @return The threshold; -1 when the service or the link fails.
      */
     int getNRThreshold();
 
     /**
      * Sets the threshold of the automatic volume control.
-     * Sends `CMD_FACTORY_SETAVCTHRESHOLD`: `level`.
      * @param level Threshold; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -653,21 +579,18 @@ public:
 
     /**
      * Reads the threshold of the automatic volume control.
-     * Sends `CMD_FACTORY_GETAVCTHRESHOLD`.
      * @return The threshold; -1 when the service or the link fails.
      */
     int getAVCThreshold();
 
     /**
      * Reads the parametric equaliser of the sound.
-     * Sends `CMD_FACTORY_GETSOUNDPEQ`.
      * @return The record; all zeros when the service or the link fails.
      */
     SoundPeqData getSoundPEQ();
 
     /**
      * Sets the parametric equaliser of the sound.
-     * Sends `CMD_FACTORY_SETSOUNDPEQ`: the twelve fields in order.
      * @param info Frequencies, gains and qualities; the service enforces the ranges.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -675,7 +598,6 @@ public:
 
     /**
      * Reads the volume curve.
-     * Sends `CMD_FACTORY_GETSOUNDCURVE`: `length`.
      * @param pData Room for `length` doubles; all are written, 0 where the service sent less. Untouched on failure.
      * @param length How many numbers to read; sent as it is, and below 1 none is read.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
@@ -684,7 +606,6 @@ public:
 
     /**
      * Sets the volume curve.
-     * Sends `CMD_FACTORY_SETSOUNDCURVE`: `length`, then `length` doubles of `info`.
      * @param info `length` numbers.
      * @param length How many numbers to send; sent as it is, and below 1 no number behind it.
      * @return The service's result, 0 for success; -1 when the link fails, and for a null `info`, logged and with
@@ -694,7 +615,6 @@ public:
 
     /**
      * Reads the control points of the volume curve.
-     * Sends `CMD_FACTORY_GET_CTL_VOLUME`.
      * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
      * untouched on failure.
      * @param volumeNum Receives their count as the service gives it; untouched on failure.
@@ -705,7 +625,6 @@ public:
 
     /**
      * Reads the control points of the headphones' volume curve.
-     * Sends `CMD_FACTORY_GET_CTL_HEADPHONE_VOLUME`.
      * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
      * untouched on failure.
      * @param volumeNum Receives their count as the service gives it; untouched on failure.
@@ -723,7 +642,6 @@ public:
 
     /**
      * Reads one non-standard item.
-     * Sends `CMD_FACTORY_GETNONSTANDARDITEMVALUE`: `itemid`.
      * @param itemid One of `KELU_TV_NONSTAND_TPYE_E`.
      * @return The value; -1 when the service or the link fails.
      */
@@ -731,7 +649,6 @@ public:
 
     /**
      * Sets one non-standard item.
-     * Sends `CMD_FACTORY_SETNONSTANDARDITEMVALUE`: `itemid`, `value`.
      * @param itemid One of `KELU_TV_NONSTAND_TPYE_E`.
      * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -740,7 +657,6 @@ public:
 
     /**
      * Reads one performance item.
-     * Sends `CMD_FACTORY_GETPERFORMANCEITEMVALUE`: `itemid`.
      * @param itemid Item as the service numbers it.
      * @return The value; -1 when the service or the link fails.
      */
@@ -748,7 +664,6 @@ public:
 
     /**
      * Sets one performance item.
-     * Sends `CMD_FACTORY_SETPERFORMANCEITEMVALUE`: `itemid`, `value`.
      * @param itemid Item as the service numbers it.
      * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -757,7 +672,6 @@ public:
 
     /**
      * Reads one of the other items.
-     * Sends `CMD_FACTORY_GETOTHERITEMVALUE`: `itemid`.
      * @param itemid Item as the service numbers it.
      * @return The value; -1 when the service or the link fails.
      */
@@ -765,7 +679,6 @@ public:
 
     /**
      * Sets one of the other items.
-     * Sends `CMD_FACTORY_SETOTHERITEMVALUE`: `itemid`, `value`.
      * @param itemid Item as the service numbers it.
      * @param value Value; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -774,7 +687,6 @@ public:
 
     /**
      * Sets one item.
-     * Sends `CMD_FACOTRY_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
      * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2,param3,param4 What the item defines.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -783,7 +695,6 @@ public:
 
     /**
      * Reads one item.
-     * Sends `CMD_FACOTRY_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
      * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on
@@ -794,7 +705,6 @@ public:
 
     /**
      * Reads one item that is a text.
-     * Sends `CMD_FACOTRY_COMMON_GET_ITEM_STRVALUE`: `cmdID`, `param1`, `param2`.
      * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param data Receives the text, terminator included, and must have room for all the service sends; untouched on
@@ -806,8 +716,6 @@ public:
 
     /**
      * Sets one item that is a text.
-     * Sends `CMD_FACOTRY_COMMON_SET_ITEM_STRVALUE`: `cmdID`, `param1`, `stringParam`, `param2`; the text travels
-     * before `param2`.
      * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param stringParam The text. Null is sent as the empty text.
@@ -824,7 +732,6 @@ public:
 
     /**
      * Switches the ageing mode on or off.
-     * Sends `CMD_FACTORY_SETAGINGMODE`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -832,28 +739,25 @@ public:
 
     /**
      * Tells whether the ageing mode is on.
-     * Sends `CMD_FACTORY_GETAGINGMODE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isAgingModeEnable();
 
     /**
      * Resets the non-volatile memory.
-     * Sends `CMD_FACTORY_RESETNVM`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int resetNVM();
 
     /**
      * Resets the analogue channels.
-     * Sends `CMD_FACTORY_RESETATVCHANNEL`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int resetAtvChannel();
 
     /**
      * Starts to record the transport stream.
-     * Sends `CMD_FACTORY_STARTRECORDERTS`: `usbPath`. Logged first as "DtvChannel startRecorderTsStream usbPath = %s".
+     * Logged first as "DtvChannel startRecorderTsStream usbPath = %s".
      * @param usbPath Path of the recording. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -861,21 +765,18 @@ public:
 
     /**
      * Ends the recording of the transport stream.
-     * Sends `CMD_FACTORY_STOPRECORDERTS`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int stopRecorderTsStream();
 
     /**
      * Tells whether the watchdog is on.
-     * Sends `CMD_FACTORY_GETWATCHDOG`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isWdtEnable();
 
     /**
      * Switches the watchdog on or off.
-     * Sends `CMD_FACTORY_SETWATCHDOG`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -883,14 +784,12 @@ public:
 
     /**
      * Tells whether the serial port is on.
-     * Sends `CMD_FACTORY_GETUART`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isUartEnable();
 
     /**
      * Switches the serial port on or off.
-     * Sends `CMD_FACTORY_SETUART`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -898,7 +797,6 @@ public:
 
     /**
      * Starts an upgrade of the system.
-     * Sends `CMD_FACTORY_UPGRADESYSTEM`: `mode`.
      * @param mode Kind of upgrade as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -906,7 +804,6 @@ public:
 
     /**
      * Sets the power-on mode.
-     * Sends `CMD_FACTORY_SETPOWERMODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -914,14 +811,12 @@ public:
 
     /**
      * Reads the power-on mode.
-     * Sends `CMD_FACTORY_GETPOWERMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getPoweronMode();
 
     /**
      * Switches the music at power-on on or off.
-     * Sends `CMD_FACTORY_SETPOWERMUSIC`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -929,14 +824,12 @@ public:
 
     /**
      * Tells whether the music at power-on is on.
-     * Sends `CMD_FACTORY_GETPOWERMUSIC`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isPowerMusicEnable();
 
     /**
      * Sets the volume of the music at power-on.
-     * Sends `CMD_FACTORY_SETPOWERMUSICVOL`: `val`.
      * @param val Volume; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -944,14 +837,12 @@ public:
 
     /**
      * Reads the volume of the music at power-on.
-     * Sends `CMD_FACTORY_GETPOWERMUSICVOL`.
      * @return The volume; -1 when the service or the link fails.
      */
     int getPowerMusicVol();
 
     /**
      * Sets the suspend mode.
-     * Sends `CMD_FACTORY_SETSUSPENDMODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -959,14 +850,12 @@ public:
 
     /**
      * Reads the suspend mode.
-     * Sends `CMD_FACTORY_GETSUSPENDMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getSuspendMode();
 
     /**
      * Sets the suspend mode by the inner command.
-     * Sends `CMD_FACTORY_SETSUSPENDMODEINNER`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -974,7 +863,6 @@ public:
 
     /**
      * Turns the amplifier of the 2.4 GHz module on or off.
-     * Sends `CMD_FACTORY_SET24GAMPENABLE`: `enable`.
      * @param enable True turns it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -982,7 +870,6 @@ public:
 
     /**
      * Names the file that the 2.4 GHz module is upgraded from.
-     * Sends `CMD_FACTORY_SET24GUPGRADEPATH`: `path`.
      * @param path The file; null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -990,35 +877,31 @@ public:
 
     /**
      * Reads whether the 2.4 GHz module is connected.
-     * Sends `CMD_FACTORY_GET24GCONNECTSTATUS`. A set command, although it reads something.
+     * A set command, although it reads something.
      * @return The service's result, which is the status; -1 when the link fails.
      */
     int get24GConnectStatus();
 
     /**
      * Restores the factory state.
-     * Sends `CMD_FACTORY_RESTOREFACTORY`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreFactory();
 
     /**
      * Restores the factory settings.
-     * Sends `CMD_FACTORY_RESTOREFACTORYSETTING`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreFactorySetting();
 
     /**
      * Reads the mode of the serial port.
-     * Sends `CMD_FACTORY_GETUARTMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getUartMode();
 
     /**
      * Sets the mode of the serial port.
-     * Sends `CMD_FACTORY_SETUARTMODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1026,14 +909,12 @@ public:
 
     /**
      * Reads the mode of the single key.
-     * Sends `CMD_FACTORY_GETSINGLEKEYMODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getSingleKeyMode();
 
     /**
      * Sets the mode of the single key.
-     * Sends `CMD_FACTORY_SETSINGLEKEYMODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1041,14 +922,12 @@ public:
 
     /**
      * Reads the customer code of the remote control.
-     * Sends `CMD_FACTORY_GETIRCUSTOMCODE`.
      * @return The code; -1 when the service or the link fails.
      */
     int getIrCustomCode();
 
     /**
      * Sets the customer code of the remote control.
-     * Sends `CMD_FACTORY_SETIRCUSTOMCODE`: `num`.
      * @param num Code; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1056,14 +935,12 @@ public:
 
     /**
      * Tells whether the board is marked as repaired.
-     * Sends `CMD_FACTORY_GETREPAIREDBOARD`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getRepairedBoard();
 
     /**
      * Marks the board as repaired, or not.
-     * Sends `CMD_FACTORY_SETREPAIREDBOARD`: `onoff`.
      * @param onoff True marks it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1071,7 +948,6 @@ public:
 
     /**
      * Saves, restores or updates the data of the flash EEPROM.
-     * Sends `CMD_FACTORY_OPERATEEROM`: `oper`, `path`.
      * @param oper One of `KELU_TV_OPERATEFLASHEEPROM`.
      * @param path Path of the file. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1080,14 +956,12 @@ public:
 
     /**
      * Resets the working time.
-     * Sends `CMD_FACTORY_RESETWORKINGTIME`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int resetWorkingTime();
 
     /**
      * Sets the status of the wireless network test.
-     * Sends `CMD_FACTORY_SETWIFITESTSTATUS`: `value`.
      * @param value Status as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1095,14 +969,12 @@ public:
 
     /**
      * Reads the status of the wireless network test.
-     * Sends `CMD_FACTORY_GETWIFITESTSTATUS`.
      * @return The status; -1 when the service or the link fails.
      */
     int getWifiTestStatus();
 
     /**
      * Sets the result of the Bluetooth test.
-     * Sends `CMD_FACOTRY_SET_BT_TESTRESULT`: `value`.
      * @param value Result as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1110,7 +982,6 @@ public:
 
     /**
      * Sets the log level of the service.
-     * Sends `CMD_EXTRA_SETLOGLEVEL`: `level`.
      * @param level Level; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1118,14 +989,12 @@ public:
 
     /**
      * Reads the log level of the service.
-     * Sends `CMD_EXTRA_GETLOGLEVEL`.
      * @return The level; -1 when the service or the link fails.
      */
     int getPrintLogLevel();
 
     /**
      * Sets the type of the display identification data (EDID).
-     * Sends `CMD_EXTRA_SETEDIDTYPE`: `type`.
      * @param type One of `KELU_TV_EDID_TYPE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1133,14 +1002,12 @@ public:
 
     /**
      * Reads the type of the display identification data (EDID).
-     * Sends `CMD_EXTRA_GETEDIDTYPE`.
      * @return One of `KELU_TV_EDID_TYPE_E`; -1 when the service or the link fails.
      */
     int getEDIDType();
 
     /**
      * Hands the service a text for the serial port.
-     * Sends `CMD_EXTRA_SETUARTDATA`: `pData`. The text travels as UTF-16.
      * @param pData The text, in UTF-8.
      * @return The service's result, 0 for success; -1 when the link fails, and for a null `pData`, logged and with
      * nothing sent.
@@ -1156,7 +1023,7 @@ public:
 
     /**
      * Reads the name of the platform.
-     * Sends `CMD_FACTORY_GETPLATFORM`. A failure and a missing text are logged, each in its own words.
+     * A failure and a missing text are logged, each in its own words.
      * @param str Receives the text, terminator included, and must have room for all the service sends; "default" when
      * the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `str`, logged and with nothing sent.
@@ -1165,7 +1032,7 @@ public:
 
     /**
      * Reads the date of the EEPROM.
-     * Sends `CMD_FACTORY_GETEEPROMDATE`. A failure and a missing text are logged, each in its own words.
+     * A failure and a missing text are logged, each in its own words.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "date error"
      * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
@@ -1174,7 +1041,6 @@ public:
 
     /**
      * Reads the bar code of the set.
-     * Sends `CMD_FACTORY_GETBARCODE`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error barcode"
      * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
@@ -1183,7 +1049,6 @@ public:
 
     /**
      * Reads the identifier of the panel.
-     * Sends `CMD_FACTORY_GETPANELID`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error panelId"
      * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
@@ -1192,7 +1057,6 @@ public:
 
     /**
      * Reads the address of the network port.
-     * Sends `CMD_FACTORY_GETMACADDRESS`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error mac"
      * when the service or the link fails or there is no text.
      * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
@@ -1201,7 +1065,6 @@ public:
 
     /**
      * Sets the address of the network port.
-     * Sends `CMD_FACTORY_SETMACADDRESS`: `length`, then `length` ints of `pMacAddr`.
      * @param pMacAddr `length` numbers, one for each part of the address. Null sends none.
      * @param length How many numbers to send; sent as it is, and below 1 no number behind it.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1210,7 +1073,6 @@ public:
 
     /**
      * Reads the identifier of the eMMC memory.
-     * Sends `CMD_FACTORY_GET_EMMC_ID`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_emmc_id"
      * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
      * no text.
@@ -1220,7 +1082,6 @@ public:
 
     /**
      * Reads the identifier of the main chip.
-     * Sends `CMD_FACTORY_GET_SOC_CHIP_ID`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_chip_id"
      * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
      * no text.
@@ -1230,7 +1091,6 @@ public:
 
     /**
      * Reads the version of the inner timing controller.
-     * Sends `CMD_FACTORY_GET_INNER_TCON_VERSION`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
      * link fails or there is no text.
@@ -1240,7 +1100,6 @@ public:
 
     /**
      * Reads the version of the external motion compensation.
-     * Sends `CMD_FACTORY_GET_EXTERNAL_MEMC_VERSION`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the service or
      * the link fails or there is no text.
@@ -1250,7 +1109,6 @@ public:
 
     /**
      * Reads the version of the panel's picture processing.
-     * Sends `CMD_FACTORY_GET_PANEL_PQ_VERSION`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
      * link fails or there is no text.
@@ -1260,7 +1118,6 @@ public:
 
     /**
      * Reads the version of the panel's data.
-     * Sends `CMD_FACTORY_GET_PANEL_DATA_VERSION`.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the service or
      * the link fails or there is no text.
@@ -1270,7 +1127,6 @@ public:
 
     /**
      * Reads the number of USB disks.
-     * Sends `CMD_FACTORY_GET_USBKINDNUM`.
      * @param pData Receives the number, 0 where the service sent none; untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
      */
@@ -1278,7 +1134,6 @@ public:
 
     /**
      * Reads how long the system has been up.
-     * Sends `CMD_FACTORY_GETSYSUPTIME`.
      * @param timeData Room for 2 ints, as the service defines them; both are written, 0 where the service sent less.
      * Untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `timeData`, with nothing sent; each is logged,
@@ -1288,7 +1143,6 @@ public:
 
     /**
      * Hands the service the time that the network gave.
-     * Sends `CMD_FACTORY_SETINTERNETTIME`: `time`.
      * @param time The time as a text. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1296,7 +1150,7 @@ public:
 
     /**
      * Reads the time that the network gave.
-     * Sends `CMD_FACTORY_GETINTERNETTIME`. A text that was read is logged as "getInternetTime %s".
+     * A text that was read is logged as "getInternetTime %s".
      * @param time Receives the text, terminator included, and must have room for all the service sends; "19700101"
      * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
      * no text.
@@ -1306,7 +1160,6 @@ public:
 
     /**
      * Reads how many USB ports the platform supports.
-     * Sends `CMD_FACTORY_GET_SUPPORTUSBNUM`.
      * @param pData Receives the number, 0 where the service sent none; untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `pData`, logged and with nothing sent.
      */
@@ -1321,7 +1174,6 @@ public:
 
     /**
      * Reads the burn status of each kind of key.
-     * Sends `CMD_FACTORY_GETBURNKEYSTATUS`.
      * @param bufData Room for 32 ints, in the service's order; all are written, 0 where the service sent less.
      * Untouched on failure.
      * @return 0; -1 when the service or the link fails, and for a null `bufData`, with nothing sent; each is logged.
@@ -1330,7 +1182,7 @@ public:
 
     /**
      * Burns data into one-time programmable memory and reads the serial number.
-     * Sends `CMD_FACTORY_SETSTBOTPBURN`: `CaCardKind`, `str`. The serial number is logged.
+     * The serial number is logged.
      * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
      * @param str The data, a text. Null is sent as the empty text.
      * @param snData Receives the serial number, terminator included, and must have room for all the service sends;
@@ -1342,7 +1194,6 @@ public:
 
     /**
      * Reads a serial number of digital television.
-     * Sends `CMD_FACTORY_GETDTVSN`: `cmdId`.
      * @param cmdId One of `KELU_TV_DTV_SN_E`.
      * @param snData Receives the serial number, terminator included, and must have room for all the service sends;
      * untouched on failure.
@@ -1353,14 +1204,12 @@ public:
 
     /**
      * Reads whether the RSA key is burnt into the one-time programmable memory.
-     * Sends `CMD_FACTORY_GETISBURNOTPRSA`.
      * @return The value; -1 when the service or the link fails.
      */
     int getIsBurnOtpRsa();
 
     /**
      * Reads which kinds of key are there to be burnt.
-     * Sends `CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE`: `path`.
      * @param path Path of the keys.
      * @return The kinds, of `KELU_TV_MUL_KEY_E`, in the order of the service; empty when the service or the link
      * fails, and for a null `path`, logged and with nothing sent.
@@ -1369,7 +1218,6 @@ public:
 
     /**
      * Tells the service that an external device was plugged in.
-     * Sends `CMD_FACTORY_EXTERNAL_DEV_INSERT`: `pData`.
      * @param pData Text as the service defines it.
      * @return The value behind a result of 0; -1 when the service or the link fails, and for a null `pData`, logged
      * and with nothing sent.
@@ -1378,7 +1226,6 @@ public:
 
     /**
      * Hands over the data of a key.
-     * Sends `CMD_FACTORY_SETKEYDATA`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of `pData`.
      * @param type One of `KELU_TV_MUL_KEY_E`.
      * @param pData `length` numbers. Null sends none.
      * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
@@ -1390,7 +1237,6 @@ public:
 
     /**
      * Hands over data of the network port.
-     * Sends `CMD_FACTORY_NETPORTDATATRAN`: `type`, `length`, `checksum`, `xorchecksum`, then `length` ints of `pData`.
      * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
      * @param pData `length` numbers. Null sends none.
      * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
@@ -1402,7 +1248,6 @@ public:
 
     /**
      * Reads data of the network port.
-     * Sends `CMD_FACTORY_GET_NETPORTDATATRAN`: `type`, `length`.
      * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
      * @param pData Room for `length` ints; all are written, 0 where the service sent less. Untouched on failure.
      * @param length How many numbers to read; sent as it is, and below 1 none is read.
@@ -1420,49 +1265,42 @@ public:
 
     /**
      * Tells whether a router is supported.
-     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_ROUTER`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportRouter();
 
     /**
      * Tells whether a cable modem is supported.
-     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_CABLE_MODEM`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportCableModem();
 
     /**
      * Tells whether a wireless network is supported.
-     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_WIFI`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportWifi();
 
     /**
      * Tells whether Ethernet over coaxial cable is supported.
-     * Sends `CMD_FACTORY_GET_IS_HW_SUPPORT_EOC`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportEOC();
 
     /**
      * Reads the mode of the device.
-     * Sends `CMD_FACTORY_GETDEVICEMODE`.
      * @return The kind as the service numbers it; -1 when the service or the link fails.
      */
     int getDeviceMode();
 
     /**
      * Reads whether the set is made for an operator.
-     * Sends `CMD_FACTORY_ISOPERATORCUSTOMIZED`.
      * @return The value; -1 when the service or the link fails.
      */
     int isOperatorCustomized();
 
     /**
      * Tells whether an external chip is supported.
-     * Sends `CMD_FACOTRY_IS_SUPPORT_EXTERN_CHIP`: `chipType`.
      * @param chipType Chip as the service numbers it.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
@@ -1477,14 +1315,12 @@ public:
 
     /**
      * Reads the test pattern of the laser projector.
-     * Sends `CMD_FACTORY_GET_LASER_TEST_PATTERN`.
      * @return The number of the pattern; -1 when the service or the link fails.
      */
     int getLaserTVTestPattern();
 
     /**
      * Sets the test pattern of the laser projector.
-     * Sends `CMD_FACTORY_SET_LASER_TEST_PATTERN`: `pattern`.
      * @param pattern Pattern as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1492,7 +1328,6 @@ public:
 
     /**
      * Reads the index of a colour wheel.
-     * Sends `CMD_FACTORY_GET_LASER_WHEEL_INDEX`: `wheel`.
      * @param wheel Wheel as the service numbers it.
      * @return The index; -1 when the service or the link fails.
      */
@@ -1500,7 +1335,6 @@ public:
 
     /**
      * Sets the index of a colour wheel.
-     * Sends `CMD_FACTORY_SET_LASER_WHEEL_INDEX`: `wheel`, `index`.
      * @param wheel Wheel as the service numbers it.
      * @param index Index; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1509,7 +1343,6 @@ public:
 
     /**
      * Moves the motor of the laser projector.
-     * Sends `CMD_FACOTRY_SET_MOTOR_MOVE`: `move`.
      * @param move Movement as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1517,7 +1350,6 @@ public:
 
     /**
      * Sets the brightness mode of the laser projector.
-     * Sends `CMD_FACOTRY_SET_LASER_BRIGHT_MODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1525,14 +1357,12 @@ public:
 
     /**
      * Reads the brightness mode of the laser projector.
-     * Sends `CMD_FACOTRY_GET_LASER_BRIGHT_MODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getLaserBrightMode();
 
     /**
      * Sets the output mode of the laser projector.
-     * Sends `CMD_FACOTRY_SET_LASER_PONPUT_MODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1540,14 +1370,12 @@ public:
 
     /**
      * Reads the output mode of the laser projector.
-     * Sends `CMD_FACOTRY_GET_LASER_PONPUT_MODE`.
      * @return The mode; -1 when the service or the link fails.
      */
     int getLaserPonputMode();
 
     /**
      * Switches the eye shield mode of the laser projector on or off.
-     * Sends `CMD_FACOTRY_SET_LASER_EYE_SHIELD_MODE`: `mode`.
      * @param mode True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1555,14 +1383,12 @@ public:
 
     /**
      * Tells whether the eye shield mode of the laser projector is on.
-     * Sends `CMD_FACOTRY_GET_LASER_EYE_SHIELD_MODE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getLaserEyeShieldMode();
 
     /**
      * Reads the version of a firmware of the laser projector.
-     * Sends `CMD_FACOTRY_GET_LASER_FW_VERSION`: `type`.
      * @param type Firmware as the service numbers it.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error" without
      * a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
@@ -1573,7 +1399,6 @@ public:
 
     /**
      * Sets one item of the laser projector.
-     * Sends `CMD_FACOTRY_SET_LASER_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
      * @param cmdID Item as the service numbers it.
      * @param param1,param2,param3,param4 What the item defines.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1582,7 +1407,6 @@ public:
 
     /**
      * Reads one item of the laser projector.
-     * Sends `CMD_FACOTRY_GET_LASER_ITEM_VALUE`: `cmdID`, `param`.
      * @param cmdID Item as the service numbers it.
      * @param param What the item defines.
      * @param pData Receives the value, 0 where the service sent none; untouched on failure.
@@ -1592,7 +1416,6 @@ public:
 
     /**
      * Sets one item of the laser projector that is a text.
-     * Sends `CMD_FACOTRY_SET_LASER_ITEM_STRING_VALUE`: `cmdID`, `param`, `stringParam`.
      * @param cmdID Item as the service numbers it.
      * @param param What the item defines.
      * @param stringParam The text. Null is sent as the empty text.
@@ -1609,7 +1432,6 @@ public:
 
     /**
      * Reads one item of the external picture chip.
-     * Sends `CMD_FACTORY_GET_NTPQITEMVALUE`: `channel`, `cmdId`.
      * @param channel Channel of the chip.
      * @param cmdId Item as the service numbers it.
      * @return The value; -1 when the service or the link fails.
@@ -1618,7 +1440,6 @@ public:
 
     /**
      * Sets one item of the external picture chip.
-     * Sends `CMD_FACTORY_SET_NTPQITEMVALUE`: `channel`, `cmdId`, `value`.
      * @param channel Channel of the chip.
      * @param cmdId Item as the service numbers it.
      * @param value Value; the service enforces the range.
@@ -1628,7 +1449,6 @@ public:
 
     /**
      * Reads the version of the external picture chip.
-     * Sends `CMD_FACTORY_GET_NTPQPLATFORMVER`.
      * @param Data Receives the text, terminator included, and must have room for all the service sends; untouched on
      * failure and when there is no text.
      * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged and
@@ -1638,7 +1458,6 @@ public:
 
     /**
      * Upgrades the external picture chip.
-     * Sends `CMD_FACOTRY_UPGRADENTPQIC`: `chipId`, `path`.
      * @param chipId Chip as the service numbers it.
      * @param path Path of the image. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -1647,7 +1466,6 @@ public:
 
     /**
      * Sends a command to the NT72315 chip.
-     * Sends `CMD_FACTORY_SET_NT72315_COMMAND`: `mainCmd`, `subCmd`, `value`.
      * @param mainCmd Main command as the chip numbers it.
      * @param subCmd Subordinate command as the chip numbers it.
      * @param value Value of the command.
@@ -1657,7 +1475,6 @@ public:
 
     /**
      * Reads the answer of the NT72315 chip to a command.
-     * Sends `CMD_FACTORY_GET_NT72315_COMMAND`: `mainCmd`, `subCmd`, `value`.
      * @param mainCmd Main command as the chip numbers it.
      * @param subCmd Subordinate command as the chip numbers it.
      * @param value Value of the command.
@@ -1667,7 +1484,6 @@ public:
 
     /**
      * Reads the version of the EP9169 chip.
-     * Sends `CMD_FACTORY_GET_EP9169FORMVER`.
      * @param Data Receives the text, terminator included, and must have room for all the service sends; untouched on
      * failure and when there is no text.
      * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged in
@@ -1677,7 +1493,6 @@ public:
 
     /**
      * Upgrades the EP9169 chip.
-     * Sends `CMD_FACOTRY_UPGRADEEP9169IC`: `path`.
      * @param path Path of the image. Null is sent as the empty text.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -1692,7 +1507,6 @@ public:
 
     /**
      * Reads the version of the 455 chip.
-     * `getFactoryItemStrValue` of `CMDID_FACTORY_GET_455_VERSION`, 0, 0.
      * @param pdata Receives the text, as in `getFactoryItemStrValue`.
      * @return What `getFactoryItemStrValue` gives.
      */
@@ -1700,7 +1514,6 @@ public:
 
     /**
      * Reads the version of the 457 chip.
-     * `getFactoryItemStrValue` of `CMDID_FACTORY_GET_457_VERSION`, 0, 0.
      * @param pdata Receives the text, as in `getFactoryItemStrValue`.
      * @return What `getFactoryItemStrValue` gives.
      */
@@ -1708,7 +1521,6 @@ public:
 
     /**
      * Saves the adjusted values.
-     * `setFactoryItemStrValue` of `CMDID_FACTORY_SAVE_ADJUST_PARAM`, `value`, 0 with an empty text.
      * @param value What to save, as the service defines it.
      * @return What `setFactoryItemStrValue` gives.
      */
@@ -1716,7 +1528,6 @@ public:
 
     /**
      * Reads the supported Ethernet configuration.
-     * `getFactoryItemValue` of `CMDID_FACTORY_GET_ETHCONFIG`, 0, 0.
      * @return The first value of the item; 0 when the service or the link fails.
      */
     int getSupportEthConfig();

@@ -29,8 +29,7 @@ public:
 
     /**
      * Hands a key to the active device.
-     * Sends `CMD_CEC_SEND_CEC_COMMAND`: `IrCommand`, `KeyPressed`. Told on standard error beforehand, without a line
-     * end.
+     * The key is told on standard error beforehand, without a line end.
      * @param pCecCmdInfo The key and its direction. Must not be null.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -38,14 +37,12 @@ public:
 
     /**
      * Tells the service that the application is ready for CEC.
-     * Sends `CMD_CEC_APP_READY`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int appReadyForCec();
 
     /**
      * Makes a device the active one.
-     * Sends `CMD_CEC_ACTIVATE_CEC_DEVICE`: `logicAddr`.
      * @param logicAddr Logical address of the device.
      * @return The value that the service answers with; -1 when the service or the link fails.
      */
@@ -53,15 +50,13 @@ public:
 
     /**
      * Reads which device is playing.
-     * Sends `CMD_CEC_GET_PLAYING_DEVICE_LOGADDR`.
      * @return Its logical address; -1 when the service or the link fails.
      */
     int getPlayingDeviceLogAddr();
 
     /**
      * Reads the devices, in the service's order.
-     * Sends `CMD_CEC_GETDEVICELISTALLINFO`; each device of the answer is `logAddr`, `hdmiDevPort`, `deVName`,
-     * `phyAddr`, `hdmiListText`, and is told on standard error. A device that the answer breaks off in is left out.
+     * Each device of the answer is told on standard error; one that the answer breaks off in is left out.
      * @param deviceList The devices are added behind what it holds; untouched on failure. Not to be used by another
      * thread meanwhile. Must not be null.
      * @return 0; -1 when the service or the link fails.
@@ -70,21 +65,18 @@ public:
 
     /**
      * Tells whether there is an audio return channel.
-     * Sends `CMD_CEC_GETARCSUPPORTED`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isArcSupported();
 
     /**
      * Tells whether the audio return channel is in use.
-     * Sends `CMD_CEC_GETARCCONNECTSTATE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool GetARCActiveStatus();
 
     /**
      * Reads which HDMI input has the audio return channel.
-     * Sends `CMD_CEC_GETARCPORT`.
      * @return Its number; -1 when the service or the link fails.
      */
     int getSupportArcPort();

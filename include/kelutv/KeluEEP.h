@@ -40,7 +40,6 @@ public:
 
     /**
      * Reads one byte of the TV area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPBYTE`: `u32Address`.
      * @param u32Address Address, 35328 to 35836.
      * @return The byte; -1 for an address outside the area and when the service or the link fails.
      */
@@ -48,7 +47,6 @@ public:
 
     /**
      * Reads a block that starts in the TV area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPMULTI`: `u32Address`, `u32Len`.
      * @param u32Address Address of the first byte, 35328 to 35836.
      * @param u32Len Number of bytes, not limited here.
      * @param pBuf Room for `u32Len` ints; untouched on failure.
@@ -59,7 +57,6 @@ public:
 
     /**
      * Writes one byte of the TV area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPBYTE`: `u32Address`, `value`.
      * @param u32Address Address, 35328 to 35836.
      * @param value The byte.
      * @return The service's result, 0 for success; -1 for an address outside the area and when the link fails.
@@ -68,7 +65,6 @@ public:
 
     /**
      * Writes a block that starts in the TV area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the block.
      * @param u32Address Address of the first byte, 35328 to 35836.
      * @param pBuf `u32Len` ints, one byte each.
      * @param u32Len Number of bytes, not limited here.
@@ -86,7 +82,6 @@ public:
 
     /**
      * Reads one byte of the Network area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPBYTE`: `u32Address`.
      * @param u32Address Address, 35840 to 36348.
      * @return The byte; -1 for an address outside the area and when the service or the link fails.
      */
@@ -94,7 +89,6 @@ public:
 
     /**
      * Reads a block that starts in the Network area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPMULTI`: `u32Address`, `u32Len`.
      * @param u32Address Address of the first byte, 35840 to 36348.
      * @param u32Len Number of bytes, not limited here.
      * @param pBuf Room for `u32Len` ints; untouched on failure.
@@ -105,7 +99,6 @@ public:
 
     /**
      * Writes one byte of the Network area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPBYTE`: `u32Address`, `value`.
      * @param u32Address Address, 35840 to 36348.
      * @param value The byte.
      * @return The service's result, 0 for success; -1 for an address outside the area and when the link fails.
@@ -114,7 +107,6 @@ public:
 
     /**
      * Writes a block that starts in the Network area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the block.
      * @param u32Address Address of the first byte, 35840 to 36348.
      * @param pBuf `u32Len` ints, one byte each.
      * @param u32Len Number of bytes, not limited here.
@@ -132,7 +124,6 @@ public:
 
     /**
      * Reads one byte of the APP area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPBYTE`: `u32Address`.
      * @param u32Address Address, 36352 to 36860.
      * @return The byte; -1 for an address outside the area and when the service or the link fails.
      */
@@ -140,7 +131,6 @@ public:
 
     /**
      * Reads a block that starts in the APP area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPMULTI`: `u32Address`, `u32Len`.
      * @param u32Address Address of the first byte, 36352 to 36860.
      * @param u32Len Number of bytes, not limited here.
      * @param pBuf Room for `u32Len` ints; untouched on failure.
@@ -151,7 +141,6 @@ public:
 
     /**
      * Writes one byte of the APP area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPBYTE`: `u32Address`, `value`.
      * @param u32Address Address, 36352 to 36860.
      * @param value The byte.
      * @return The service's result, 0 for success; -1 for an address outside the area and when the link fails.
@@ -160,7 +149,6 @@ public:
 
     /**
      * Writes a block that starts in the APP area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the block.
      * @param u32Address Address of the first byte, 36352 to 36860.
      * @param pBuf `u32Len` ints, one byte each.
      * @param u32Len Number of bytes, not limited here.
@@ -178,7 +166,6 @@ public:
 
     /**
      * Reads one byte of the BT area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPBYTE`: `u32Address`.
      * @param u32Address Address, 36864 to 37372.
      * @return The byte; -1 for an address outside the area and when the service or the link fails.
      */
@@ -186,7 +173,6 @@ public:
 
     /**
      * Reads a block that starts in the BT area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPMULTI`: `u32Address`, `u32Len`.
      * @param u32Address Address of the first byte, 36864 to 37372.
      * @param u32Len Number of bytes, not limited here.
      * @param pBuf Room for `u32Len` ints; untouched on failure.
@@ -197,7 +183,6 @@ public:
 
     /**
      * Writes one byte of the BT area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPBYTE`: `u32Address`, `value`.
      * @param u32Address Address, 36864 to 37372.
      * @param value The byte.
      * @return The service's result, 0 for success; -1 for an address outside the area and when the link fails.
@@ -206,7 +191,6 @@ public:
 
     /**
      * Writes a block that starts in the BT area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the block.
      * @param u32Address Address of the first byte, 36864 to 37372.
      * @param pBuf `u32Len` ints, one byte each.
      * @param u32Len Number of bytes, not limited here.
@@ -224,7 +208,6 @@ public:
 
     /**
      * Reads one byte of the AT area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPBYTE`: `u32Address`.
      * @param u32Address Address, 41984 to 42492.
      * @return The byte; -1 for an address outside the area and when the service or the link fails.
      */
@@ -232,7 +215,6 @@ public:
 
     /**
      * Reads a block that starts in the AT area.
-     * Sends `CMD_SYSTEM_GETFLASHEEPMULTI`: `u32Address`, `u32Len`.
      * @param u32Address Address of the first byte, 41984 to 42492.
      * @param u32Len Number of bytes, not limited here.
      * @param pBuf Room for `u32Len` ints; untouched on failure.
@@ -243,7 +225,6 @@ public:
 
     /**
      * Writes one byte of the AT area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPBYTE`: `u32Address`, `value`.
      * @param u32Address Address, 41984 to 42492.
      * @param value The byte.
      * @return The service's result, 0 for success; -1 for an address outside the area and when the link fails.
@@ -252,7 +233,6 @@ public:
 
     /**
      * Writes a block that starts in the AT area.
-     * Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the block.
      * @param u32Address Address of the first byte, 41984 to 42492.
      * @param pBuf `u32Len` ints, one byte each.
      * @param u32Len Number of bytes, not limited here.
@@ -265,7 +245,6 @@ public:
 
     /**
      * Commits the writes that are pending, those of all areas.
-     * Sends `CMD_SYSTEM_SETFLASHEEPFLUSH`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int SetFlashEepFlush();

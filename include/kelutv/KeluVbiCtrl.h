@@ -16,35 +16,31 @@ class KELUTV_API CKeluVbiCtrl {
 public:
     /**
      * Initialises the data service.
-     * Sends `CMD_TV_TTX_INIT`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int init();
 
     /**
      * Releases the data service.
-     * Sends `CMD_TV_TTX_DEINIT`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int deInit();
 
     /**
      * Opens the data stream.
-     * Sends `CMD_TV_TTX_OPEN`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int open();
 
     /**
      * Closes the data stream.
-     * Sends `CMD_TV_TTX_CLOSE`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int close();
 
     /**
      * Installs the function that receives the data, in place of any earlier one.
-     * Sends `CMD_TV_TTX_REGISTCALLBACK`. The function stays installed when the command fails.
+     * The function stays installed when the command fails.
      * @param callback The function, as for `KeluVbiManager::RegistVBIDataCallback`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -52,7 +48,7 @@ public:
 
     /**
      * Takes the installed function away.
-     * Sends `CMD_TV_TTX_UNREGISTCALLBACK`. The function is gone also when the command fails.
+     * The function is gone also when the command fails.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int unRegistDataCB();

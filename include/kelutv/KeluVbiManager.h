@@ -29,36 +29,31 @@ public:
 
     /**
      * Initialises the data service.
-     * Sends `CMD_TV_TTX_INIT`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int Init();
 
     /**
      * Releases the data service.
-     * Sends `CMD_TV_TTX_DEINIT`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int DeInit();
 
     /**
      * Opens the data stream.
-     * Sends `CMD_TV_TTX_OPEN`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int Open();
 
     /**
      * Closes the data stream.
-     * Sends `CMD_TV_TTX_CLOSE`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int Close();
 
     /**
      * Installs the function that receives the data, in place of any earlier one, then tells the service.
-     * Sends `CMD_TV_TTX_REGISTCALLBACK`. The function is installed before the command is sent and stays installed when
-     * the command fails.
+     * The function is installed before the command is sent and stays installed when the command fails.
      * @param callback The function; null takes the installed one away, yet registers with the service.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -66,15 +61,14 @@ public:
 
     /**
      * Takes the installed function away, then tells the service.
-     * Sends `CMD_TV_TTX_UNREGISTCALLBACK`. The function is gone before the command is sent and does not come back when
-     * the command fails; a delivery under way on another thread may still be in its call.
+     * The function is gone before the command is sent and does not come back when the command fails; a delivery under
+     * way on another thread may still be in its call.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int UnRegistVBIDataCallback();
 
     /**
      * Hands one data block to the installed function, on the calling thread; without one the block is not touched.
-     * Sends nothing.
      * @param type Kind of the data, passed on.
      * @param vbiData The block, at any alignment: an unsigned 32-bit length in the machine's byte order, then that many
      *        bytes, which are passed on where they are. Must not be null while a function is installed.

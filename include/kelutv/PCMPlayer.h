@@ -26,7 +26,6 @@ public:
 
     /**
      * Starts to play a sound file.
-     * Sends `CMD_PCMPLAYER_START_PLAY`: `bLoop`, `bMuteDtvAudio`, `pathName`, the path last.
      * @param pathName Path of the file in the service's file system; which formats play is the service's matter.
      * @param bLoop True plays it over and over.
      * @param bMuteDtvAudio True mutes the digital-TV audio meanwhile.
@@ -36,21 +35,18 @@ public:
 
     /**
      * Ends the playing.
-     * Sends `CMD_PCMPLAYER_STOP_PLAY`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int stopPlay();
 
     /**
      * Reads whether the player is playing.
-     * Sends `CMD_PCMPLAYER_GET_STATUS`.
      * @return One of `KELU_TV_PCMPLAYER_STATUS_E`, unchecked; -1 when the service or the link fails.
      */
     int getStatus();
 
     /**
      * Sets the gain of the player.
-     * Sends `CMD_PCMPLAYER_SET_GAIN`: `gain`.
      * @param gain Gain in the service's unit; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */

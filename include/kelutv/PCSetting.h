@@ -26,14 +26,12 @@ public:
 
     /**
      * Adjusts position, clock and phase to the signal.
-     * Sends `CMD_PCSETTING_PCAUTOADJUST`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int autoAdjust();
 
     /**
      * Sets the horizontal position of the picture.
-     * Sends `CMD_PCSETTING_SETHPOSITION`: `position`.
      * @param position Position; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -41,14 +39,12 @@ public:
 
     /**
      * Reads the horizontal position of the picture.
-     * Sends `CMD_PCSETTING_GETHPOSITION`.
      * @return The position; -1 when the service or the link fails.
      */
     int getHPosition();
 
     /**
      * Sets the vertical position of the picture.
-     * Sends `CMD_PCSETTING_SETVPOSITION`: `position`.
      * @param position Position; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -56,14 +52,12 @@ public:
 
     /**
      * Reads the vertical position of the picture.
-     * Sends `CMD_PCSETTING_GETVPOSITION`.
      * @return The position; -1 when the service or the link fails.
      */
     int getVPosition();
 
     /**
      * Sets the sampling clock.
-     * Sends `CMD_PCSETTING_SETCLOCK`: `clock`.
      * @param clock Clock; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -71,14 +65,12 @@ public:
 
     /**
      * Reads the sampling clock.
-     * Sends `CMD_PCSETTING_GETCLOCK`.
      * @return The clock; -1 when the service or the link fails.
      */
     int getClock();
 
     /**
      * Sets the sampling phase.
-     * Sends `CMD_PCSETTING_SETPHASE`: `phase`.
      * @param phase Phase; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -86,7 +78,6 @@ public:
 
     /**
      * Reads the sampling phase.
-     * Sends `CMD_PCSETTING_GETPHASE`.
      * @return The phase; -1 when the service or the link fails.
      */
     int getPhase();

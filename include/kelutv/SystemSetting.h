@@ -34,21 +34,18 @@ public:
 
     /**
      * Restores the settings of the television to their defaults.
-     * Sends `CMD_SYSTEM_RESTOREDEFAULT`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int restoreDefault();
 
     /**
      * Tells whether the blue screen is on.
-     * Sends `CMD_SYSTEM_GETSCREENBLUE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isScreenBlueEnable();
 
     /**
      * Switches the blue screen on or off.
-     * Sends `CMD_SYSTEM_SETSCREENBLUE`: `onoff`.
      * @param onoff True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -56,7 +53,6 @@ public:
 
     /**
      * Sets the fixed output frame rate of the panel.
-     * Sends `CMD_SYSTEM_SETPANELFIXOUTRATE`: `fixFrmRate`.
      * @param fixFrmRate Frame rate as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -64,7 +60,6 @@ public:
 
     /**
      * Tells the service of the media that is shown: its size, dynamic range, and whether it is a video.
-     * Sends `CMD_SYSTEM_NOTIFY_PLATFROM_MEDIAINFO`: `width`, `heigh`, `hdrType`, `isVideo`.
      * @param width,heigh Size in pixels.
      * @param hdrType Dynamic range, one of `KELU_TV_HDR_TYPE_E`.
      * @param isVideo 1 for a video, 0 for a picture.
@@ -74,7 +69,6 @@ public:
 
     /**
      * Reads which resolutions the television can show.
-     * Sends `CMD_SYSTEM_GETSUPPORTEDTVRESOLUTION`; the answer holds ints until its end.
      * @return The resolutions as the service numbers them, in its order; empty when the service or the link
      * fails.
      */
@@ -89,70 +83,60 @@ public:
 
     /**
      * Enters the STR standby.
-     * Sends `CMD_SYSTEM_SET_ENTER_STR_SUSPEND`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enterStrSuspend();
 
     /**
      * Leaves the STR standby.
-     * Sends `CMD_SYSTEM_SET_STR_RESUME`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int strResume();
 
     /**
      * Enters the normal standby.
-     * Sends `CMD_SYSTEM_SET_ENTER_NORMAL_SUSPEND`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enterNormalSuspend();
 
     /**
      * Enters the shallow standby.
-     * Sends `CMD_SYSTEM_SET_ENTER_SHALLOW_SUSPEND`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int enterShallowSuspend();
 
     /**
      * Leaves the shallow standby.
-     * Sends `CMD_SYSTEM_SET_SHALLOW_RESUME`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int shallowResume();
 
     /**
      * Prepares a standby on behalf of a plug-in.
-     * Sends `CMD_SYSTEM_PRESUSPEND_FOR_PLUGIN`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int preSuspendForPlugin();
 
     /**
      * Prepares a restart of the television.
-     * Sends `CMD_SYSTEM_PREPARE_REBOOT`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int prepareReboot();
 
     /**
      * Prepares a standby.
-     * Sends `CMD_SYSTEM_PRESUSPEND`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int preSuspend();
 
     /**
      * Enters standby.
-     * Sends `CMD_SYSTEM_SUSPEND`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int suspend();
 
     /**
      * Leaves standby.
-     * Sends `CMD_SYSTEM_RESUME`: `powerType`.
      * @param powerType What the television is switched on for, as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -160,7 +144,6 @@ public:
 
     /**
      * Tells the service why the television goes into standby.
-     * Sends `CMD_SYSTEM_SETSTANDBYREASON`: `reason`.
      * @param reason Reason as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -168,7 +151,6 @@ public:
 
     /**
      * Sets the half standby.
-     * Sends `CMD_SYSTEM_SETHALFSTANDBY`: `value`.
      * @param value Value as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -176,22 +158,19 @@ public:
 
     /**
      * Reads the half standby.
-     * Sends `CMD_SYSTEM_GETHALFSTANDBY`.
      * @return The value; -1 when the service or the link fails.
      */
     int getHalfStandby();
 
     /**
      * Reads the wake-up mode.
-     * Sends `CMD_SYSTEM_GETWAKEUPMODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getWakeupMode();
 
     /**
      * Sets the timed wake-up.
-     * A get command by its form: the answer is a value behind a result. Sends `CMD_SYSTEM_SET_TIMER_WAKEUP_PARAM`:
-     * `wakeupTime`, `timerWakeupMode`, `isNeedPanelOn`.
+     * A get command by its form: the answer is a value behind a result.
      * @param wakeupTime Time as the service counts it.
      * @param timerWakeupMode Mode as the service numbers it.
      * @param isNeedPanelOn 1 to light the panel, 0 to leave it dark.
@@ -201,7 +180,6 @@ public:
 
     /**
      * Reads the mode of the last power-off.
-     * Sends `CMD_SYSTEM_GETLASTPOWEROFFMODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getLastPowerOffMode();
@@ -215,7 +193,6 @@ public:
 
     /**
      * Reads the version of the boot program.
-     * Sends `CMD_SYSTEM_GETBOOTVERSION`; the answer holds one text.
      * @param pStr Receives the text with its terminator; there must be room for all of it. Untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no text, and for a null `pStr`, with nothing
      * sent. All three are logged under the tag "TVBASEMW@SystemSetting".
@@ -224,7 +201,6 @@ public:
 
     /**
      * Sets the path of the boot picture.
-     * Sends `CMD_SYSTEM_SETBOOTPICPATH`: `path`.
      * @param path Path of the picture. Must not be null.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -232,14 +208,12 @@ public:
 
     /**
      * Reads the start mode of the television.
-     * Sends `CMD_SYSTEM_GET_TV_START_MODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getTvStartMode();
 
     /**
      * Chooses the start mode of the television.
-     * Sends `CMD_SYSTEM_SET_TV_START_MODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -254,14 +228,12 @@ public:
 
     /**
      * Tells whether the keys on the low-speed converter (LSADC) are on.
-     * Sends `CMD_SYSTEM_GETLSADCKEY`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isLSADCKeyEnable();
 
     /**
      * Switches the keys on the low-speed converter (LSADC) on or off.
-     * Sends `CMD_SYSTEM_SETLSADCKEY`: `onoff`.
      * @param onoff True switches them on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -269,7 +241,6 @@ public:
 
     /**
      * Reports a key to the service.
-     * Sends `CMD_SYSTEM_SET_REPOKEYEVENT`: `iKeyValue`, `iStatus`.
      * @param iKeyValue The key.
      * @param iStatus Whether it was pressed or released.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -278,7 +249,6 @@ public:
 
     /**
      * Moves the camera up or down.
-     * Sends `CMD_SYSTEM_SETCAMERAUPDOWN`: `mode`.
      * @param mode Position as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -293,7 +263,6 @@ public:
 
     /**
      * Reads one byte of the EEPROM.
-     * Sends `CMD_SYSTEM_GETEEPBYTE`: `u32Address`.
      * @param u32Address Address; the service enforces the range.
      * @return The byte; -1 when the service or the link fails.
      */
@@ -301,7 +270,6 @@ public:
 
     /**
      * Reads a block of the EEPROM.
-     * Sends `CMD_SYSTEM_GETEEPMULTI`: `u32Address`, `u32Len`; the answer holds `u32Len` ints.
      * @param u32Address First address; the service enforces the range.
      * @param buf Room for `u32Len` ints, one per byte of the block; all are written, 0 where the service sent
      * less. Untouched on failure.
@@ -313,7 +281,6 @@ public:
 
     /**
      * Writes one byte of the EEPROM.
-     * Sends `CMD_SYSTEM_SETEEPBYTE`: `u32Address`, `value`.
      * @param u32Address Address; the service enforces the range.
      * @param value The byte.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -322,7 +289,6 @@ public:
 
     /**
      * Writes a block of the EEPROM.
-     * Sends `CMD_SYSTEM_SETEEPMULTI`: `u32Address`, `u32Len`, then the ints.
      * @param u32Address First address; the service enforces the range.
      * @param buf One int per byte of the block; not looked at when `u32Len` is below 1, else not null.
      * @param u32Len Bytes in the block; below 1 the command is sent without any.
@@ -332,7 +298,6 @@ public:
 
     /**
      * Reads one byte of the flash EEPROM.
-     * Sends `CMD_SYSTEM_GETFLASHEEPBYTE`: `u32Address`.
      * @param u32Address Address; the service enforces the range.
      * @return The byte; -1 when the service or the link fails.
      */
@@ -340,7 +305,6 @@ public:
 
     /**
      * Reads a block of the flash EEPROM.
-     * Sends `CMD_SYSTEM_GETFLASHEEPMULTI`: `u32Address`, `u32Len`; the answer holds `u32Len` ints.
      * @param u32Address First address; the service enforces the range.
      * @param buf Room for `u32Len` ints, one per byte of the block; all are written, 0 where the service sent
      * less. Untouched on failure.
@@ -352,7 +316,6 @@ public:
 
     /**
      * Writes one byte of the flash EEPROM.
-     * Sends `CMD_SYSTEM_SETFLASHEEPBYTE`: `u32Address`, `value`.
      * @param u32Address Address; the service enforces the range.
      * @param value The byte.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -361,7 +324,6 @@ public:
 
     /**
      * Writes a block of the flash EEPROM.
-     * Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the ints.
      * @param u32Address First address; the service enforces the range.
      * @param buf One int per byte of the block; not looked at when `u32Len` is below 1, else not null.
      * @param u32Len Bytes in the block; below 1 the command is sent without any.
@@ -371,7 +333,6 @@ public:
 
     /**
      * Commits what was written to the flash EEPROM.
-     * Sends `CMD_SYSTEM_SETFLASHEEPFLUSH`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setFlashEepFlush();
@@ -385,7 +346,6 @@ public:
 
     /**
      * Sets one pulse-width modulated output.
-     * Sends `CMD_SYSTEM_SET_PWM_INFO`: `pwmType`, `enable`, `freq`, `duty`, `invert`.
      * @param pwmType Output as the service numbers it.
      * @param enable True switches it on.
      * @param freq Frequency as the service counts it.
@@ -397,7 +357,6 @@ public:
 
     /**
      * Switches the sound bar mode on or off.
-     * Sends `CMD_SYSTEM_SET_SOUNDBAR_MODE`: `enable`.
      * @param enable True switches it on.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -405,7 +364,6 @@ public:
 
     /**
      * Tells whether the sound bar mode is on.
-     * Sends `CMD_SYSTEM_GET_SOUNDBAR_MODE`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSoundbarModeEnable();
@@ -419,28 +377,26 @@ public:
 
     /**
      * Tells whether OLED is enabled.
-     * Sends `CMD_SYSTEM_OLEDENABLED`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isOledEnabled();
 
     /**
      * Asks for the JB and OFFRS repair of the OLED panel.
-     * A get command by its form: the answer is a value behind a result. Sends `CMD_SYSTEM_OLEDREPAIRPROC`.
+     * A get command by its form: the answer is a value behind a result.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool OledJbOffrsRepairProc();
 
     /**
      * Reads the OFFRS time of the OLED panel.
-     * Sends `CMD_SYSTEM_GETOLEDOFFRSTIME`.
      * @return The time as the service counts it; -1 when the service or the link fails.
      */
     int getOledOffRsTime();
 
     /**
      * Asks for the OFFRS repair of the OLED panel.
-     * A get command by its form: the answer is a value behind a result. Sends `CMD_SYSTEM_SETOLEDOFFRSPROC`.
+     * A get command by its form: the answer is a value behind a result.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool setPanelOffrsRepair();
@@ -454,14 +410,12 @@ public:
 
     /**
      * Reads the output mode of 4K pictures.
-     * Sends `CMD_SYSTEM_GETOUTPUT4K2K`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getOutput4k2k();
 
     /**
      * Chooses the output mode of 4K pictures.
-     * Sends `CMD_SYSTEM_SETOUTPUT4K2K`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -469,7 +423,6 @@ public:
 
     /**
      * Sets the edges of the picture that a box puts out.
-     * Sends `CMD_SYSTEM_SET_BOX_OUTPUT_DISP_PARA`: `iLeft`, `iTop`, `iRight`, `iBottom`.
      * @param iLeft,iTop,iRight,iBottom Edges as the service counts them.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -477,7 +430,6 @@ public:
 
     /**
      * Reads the geometry of the picture that a box puts out.
-     * Sends `CMD_SYSTEM_GET_BOX_OUTPUT_DISP_PARA`; the answer holds 12 ints.
      * @param pbuf Room for 12 ints; all are written, 0 where the service sent less. Untouched on failure. Must
      * not be null.
      * @return 0; -1 when the service or the link fails.
@@ -486,14 +438,12 @@ public:
 
     /**
      * Reads the format that a box puts out.
-     * Sends `CMD_SYSTEM_GET_BOX_OUTPUT_FORMAT`.
      * @return The format as the service numbers it; -1 when the service or the link fails.
      */
     int getBoxOutputFormat();
 
     /**
      * Chooses the format that a box puts out.
-     * Sends `CMD_SYSTEM_SET_BOX_OUTPUT_FORMAT`: `format`.
      * @param format Format as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -508,7 +458,6 @@ public:
 
     /**
      * Sets the state of the always-on display (AOD).
-     * Sends `CMD_SYSTEM_SET_AOD_STATE`: `mode`.
      * @param mode State as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -516,7 +465,6 @@ public:
 
     /**
      * Sets the UI mode of the always-on display (AOD).
-     * Sends `CMD_SYSTEM_SET_AODUI_MODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -524,21 +472,18 @@ public:
 
     /**
      * Reads the UI mode of the always-on display (AOD).
-     * Sends `CMD_SYSTEM_GET_AODUI_MODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getAodUIMode();
 
     /**
      * Reads whether the AI close-screen mode is on.
-     * Sends `CMD_SYSTEM_GET_AICLOSESCREENMODE`.
      * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getAICloseScreenMode();
 
     /**
      * Sets the AI close-screen mode.
-     * Sends `CMD_SYSTEM_SET_AICLOSESCREENMODE`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -546,7 +491,6 @@ public:
 
     /**
      * Sets the standby of the AI close-screen mode.
-     * Sends `CMD_SYSTEM_SET_AICLOSESCREENSTANDBY`: `mode`.
      * @param mode Mode as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -554,7 +498,6 @@ public:
 
     /**
      * Tells whether AI standby is supported.
-     * Sends `CMD_SYSTEM_GETISSUPPORTAISTANDBY`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool isSupportAIStandby();
@@ -568,7 +511,6 @@ public:
 
     /**
      * Sets one item.
-     * Sends `CMD_SYSTEM_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
      * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
      * @param param1,param2,param3,param4 What the item defines.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -577,7 +519,6 @@ public:
 
     /**
      * Reads one item.
-     * Sends `CMD_SYSTEM_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
      * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on
@@ -589,7 +530,6 @@ public:
 
     /**
      * Reads the text of one item.
-     * Sends `CMD_SYSTEM_COMMON_GET_ITEM_STRVALUE`: `cmdID`, `param1`, `param2`; the answer holds one text.
      * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param data Receives the text with its terminator; there must be room for all of it. Untouched on failure.
@@ -600,7 +540,6 @@ public:
 
     /**
      * Sets the text of one item.
-     * Sends `CMD_SYSTEM_COMMON_SET_ITEM_STRVALUE`: `cmdID`, `param1`, `stringParam`, `param2`.
      * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param stringParam The text; must not be null.
@@ -617,14 +556,12 @@ public:
 
     /**
      * Restarts the television.
-     * Sets the item `CMDID_SYSTEM_REBOOT`: 0, 0, 0, 0.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int systemReboot();
 
     /**
      * Sets the pin of the wireless subwoofer.
-     * Sets the item `CMDID_SYSTEM_SET_WIRELESS_SUBWOOFER_GPIO`: `value`, 0, 0, 0.
      * @param value Level of the pin.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -632,7 +569,6 @@ public:
 
     /**
      * Chooses the language of the menus.
-     * Sets the item `CMDID_SYSTEM_SET_MENU_LANGUAGE`: `value`, 0, 0, 0.
      * @param value Language, of `kq_lang_type_s`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -640,7 +576,6 @@ public:
 
     /**
      * Reads the language of the menus.
-     * Reads the item `CMDID_SYSTEM_GET_MENU_LANGUAGE`: 0, 0.
      * @param planguage Room for 255 ints, all written as `getSystemItemValue` does; the first is the language, of
      * `kq_lang_type_s`.
      * @return As `getSystemItemValue`.
@@ -649,7 +584,6 @@ public:
 
     /**
      * Reads whether Ethernet and wireless network are compatible.
-     * Reads the item `CMDID_SYSTEM_GET_IS_ETHANDWIFICOMPATIBLE`: 0, 0.
      * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
      * @return As `getSystemItemValue`.
      */
@@ -657,7 +591,6 @@ public:
 
     /**
      * Reads whether the sound care mode is supported.
-     * Reads the item `CMDID_SYSTEM_GET_IS_SUPPORT_SOUND_CARE_MODE`: 0, 0.
      * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
      * @return As `getSystemItemValue`.
      */
@@ -665,7 +598,6 @@ public:
 
     /**
      * Chooses the audio input source of the sound bar.
-     * Sets the item `CMDID_SYSTEM_SET_SOUNDBAR_AUDIO_INPUT_SOURCE`: `value`, 0, 0, 0.
      * @param value Input as the service numbers it.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -673,7 +605,6 @@ public:
 
     /**
      * Reads the audio input source of the sound bar.
-     * Reads the item `CMDID_SYSTEM_GET_SOUNDBAR_AUDIO_INPUT_SOURCE`: 0, 0.
      * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is the input as the service
      * numbers it.
      * @return As `getSystemItemValue`.
@@ -689,8 +620,7 @@ public:
 
     /**
      * Hands a command to the player of digital television.
-     * Sends `CMD_SYSTEM_DTV_CHANGE_CHANNEL`: `cmd`, `dataSize`, then the bytes when there are any. Success and failure
-     * are logged under the tag "TVBASEMW@SystemSetting"; there is no "invoke failure\n".
+     * Success and failure are logged under the tag "TVBASEMW@SystemSetting"; there is no "invoke failure\n".
      * @param cmd Command as the service numbers it.
      * @param pData What the command carries; may be null, which sends no bytes.
      * @param dataSize Its size in bytes, sent as it is; below 1 no bytes are sent.
@@ -700,8 +630,7 @@ public:
 
     /**
      * Hands a command to the television's own service and takes its answer.
-     * Sends `CMD_SYSTEM_DTV_CMD_TO_TV`: `cmd`, `inSize`, `*outSize` or 0, then the bytes when there are any. The call,
-     * its end and the size of the answer are logged under the tag "TVBASEMW@SystemSetting"; there is no
+     * The call, its end and the size of the answer are logged under the tag "TVBASEMW@SystemSetting"; there is no
      * "invoke failure\n".
      * @param cmd Command as the service numbers it.
      * @param pInputData What the command carries; may be null, which sends no bytes.

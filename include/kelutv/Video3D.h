@@ -33,21 +33,18 @@ public:
 
     /**
      * Tells whether the picture is shown in 3D.
-     * Sends `CMD_VIDEO_GET3DSTATUS`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool is3dEnable();
 
     /**
      * Reads the 3D mode.
-     * Sends `CMD_VIDEO_GET3DMODE`.
      * @return One of `KELU_TV_3DMODE_E`; -1 when the service or the link fails.
      */
     int get3dMode();
 
     /**
      * Chooses the 3D mode.
-     * Sends `CMD_VIDEO_SET3DMODE`: `mode`.
      * @param mode One of `KELU_TV_3DMODE_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -55,14 +52,12 @@ public:
 
     /**
      * Tells whether the views of the two eyes are exchanged.
-     * Sends `CMD_VIDEO_GETSWITCHLR`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool getSwitchLR();
 
     /**
      * Exchanges the views of the two eyes or puts them back.
-     * Sends `CMD_VIDEO_SETSWITCHLR`: `onoff`.
      * @param onoff True exchanges them.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -70,14 +65,12 @@ public:
 
     /**
      * Reads the depth of the 3D picture.
-     * Sends `CMD_VIDEO_GETDEPTH`.
      * @return The depth; -1 when the service or the link fails.
      */
     int getDepth();
 
     /**
      * Sets the depth of the 3D picture.
-     * Sends `CMD_VIDEO_SETDEPTH`: `depth`.
      * @param depth Depth; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -85,14 +78,12 @@ public:
 
     /**
      * Reads the view of the 3D picture.
-     * Sends `CMD_VIDEO_GETVIEW`.
      * @return The view; -1 when the service or the link fails.
      */
     int getView();
 
     /**
      * Sets the view of the 3D picture.
-     * Sends `CMD_VIDEO_SETVIEW`: `view`.
      * @param view View; the service enforces the range.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -100,14 +91,12 @@ public:
 
     /**
      * Tells whether a 3D signal is shown flat.
-     * Sends `CMD_VIDEO_GET3DTO2D`.
      * @return False for the service's 0; true for any other answer, a failure included.
      */
     bool get3dto2d();
 
     /**
      * Shows a 3D signal flat, or in 3D again.
-     * Sends `CMD_VIDEO_SET3DTO2D`: `mode`.
      * @param mode 1 shows it flat, 0 in 3D.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -122,7 +111,6 @@ public:
 
     /**
      * Reads the geometry of the display window.
-     * Sends `CMD_VIDEO_GET_WINDOWATTR`; the answer holds the 17 words of `setWindowAttr`.
      * @param source Not sent.
      * @param attr Receives the geometry; untouched when the service or the link fails. May be null.
      * @return 0, also when the service or the link fails.
@@ -131,8 +119,6 @@ public:
 
     /**
      * Sets the geometry of the display window.
-     * Sends `CMD_VIDEO_SET_WINDOWATTR`: `window`, then the four offsets of `cropRect`, `outputRect` and `videoRect`
-     * with `x`, `y`, `width`, `height` each, `enable`, `sourceWidth`, `displayWidth`, `isVirtual`.
      * @param source Not sent.
      * @param stWinAttr The geometry; the service enforces the ranges. Must not be null.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -141,7 +127,6 @@ public:
 
     /**
      * Sets one item.
-     * Sends `CMD_VIDEO_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`, `param3`, `param4`.
      * @param cmdID Item of the video module, of `KELU_TV_CMDID_E`.
      * @param param1,param2,param3,param4 What the item defines.
      * @return The service's result, 0 for success; -1 when the link fails.
@@ -150,7 +135,6 @@ public:
 
     /**
      * Reads one item.
-     * Sends `CMD_VIDEO_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
      * @param cmdID Item of the video module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
      * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on

@@ -24,8 +24,7 @@ typedef struct _SExtPortPlugInOutInfo SExtPortPlugInOutInfo;
 #ifdef __cplusplus
 /**
  * Reads the devices, in the service's order; C++ only.
- * Forwards to `HdmiCEC::getDeviceListInfo`, which sends `CMD_CEC_GETDEVICELISTALLINFO` and tells each device on
- * standard error.
+ * Each device is told on standard error.
  * @param deviceList The devices are added behind what it holds; untouched on failure. Not to be used by another thread
  *        meanwhile.
  * @return 0; -1 when the service or the link fails, and for a null `deviceList`, with nothing sent.
@@ -35,7 +34,6 @@ KELUTV_API int linux_tv_HdmiCEC_getDeviceListInfo(std::vector<KELU_TV_CEC_DEVICE
 
 /**
  * Makes a device the active one.
- * Forwards to `HdmiCEC::selectDevice`, which sends `CMD_CEC_ACTIVATE_CEC_DEVICE`: `logicAddr`.
  * @param logicAddr Logical address of the device.
  * @return The value that the service answers with; -1 when the service or the link fails.
  */
@@ -43,8 +41,7 @@ KELUTV_API int linux_tv_HdmiCEC_selectDevice(int logicAddr);
 
 /**
  * Hands a key to the active device.
- * Forwards to `HdmiCEC::sendCecCmd`, which sends `CMD_CEC_SEND_CEC_COMMAND`: `IrCommand`, `KeyPressed`. Told on
- * standard error beforehand, without a line end.
+ * The key is told on standard error beforehand, without a line end.
  * @param pCecCmdInfo The key and its direction. Must not be null.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -52,15 +49,14 @@ KELUTV_API int linux_tv_HdmiCEC_sendCecCommand(KELU_CEC_CMD_INFO_S* pCecCmdInfo)
 
 /**
  * Reads which HDMI input has the audio return channel.
- * Forwards to `HdmiCEC::getSupportArcPort`, which sends `CMD_CEC_GETARCPORT`.
  * @return Its number; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_HdmiCEC_getSupportArcPort(void);
 
 /**
  * Finds the external port of the device with a logical address, the first such device of the list.
- * Reads the list with `HdmiCEC::getDeviceListInfo` and has the common library's `coverSrc2Port` turn the HDMI source
- * into a port. Without such a device, or without a list, that is the first HDMI input, told on standard output.
+ * The common library's `coverSrc2Port` turns the HDMI source of the device into a port. Without such a device, or
+ * without a list, that is the first HDMI input, told on standard output.
  * @param pPort Receives the port, in every case; handed to `coverSrc2Port` as it is.
  * @param index Logical address of the device; not a position in the list.
  * @return 0, also when there is no such device; -1 when the service or the link fails.

@@ -25,7 +25,6 @@ extern "C" {
 
 /**
  * Switches the hotel mode on or off.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_ENABLE`: `enable`, 0, 0, 0.
  * @param enable True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -33,7 +32,6 @@ KELUTV_API int SetHotelEnable(bool enable);
 
 /**
  * Tells whether the hotel mode is on.
- * Reads the factory item `CMDID_FACTORY_GET_HOTEL_ENABLE`: 0, 0.
  * @param pEnable Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -41,7 +39,6 @@ KELUTV_API int GetHotelEnable(bool* pEnable);
 
 /**
  * Switches the hotel mode's setting of the keypad on or off.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_KEYPAD`: `enable`, 0, 0, 0.
  * @param enable As the service takes it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -49,7 +46,6 @@ KELUTV_API int SetHotelKeypadEnable(bool enable);
 
 /**
  * Tells whether the hotel mode's setting of the keypad is on.
- * Reads the factory item `CMDID_FACTORY_GET_HOTEL_KEYPAD`: 0, 0.
  * @param pEnable Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -57,7 +53,6 @@ KELUTV_API int GetHotelKeypadEnable(bool* pEnable);
 
 /**
  * Switches the hotel mode's setting of the set-up menu on or off.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_SETUP_MENU_ENABLE`: `enable`, 0, 0, 0.
  * @param enable True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -65,7 +60,6 @@ KELUTV_API int SetHotelSetupMenuEnable(bool enable);
 
 /**
  * Tells whether the hotel mode's setting of the set-up menu is on.
- * Reads the factory item `CMDID_FACTORY_GET_HOTEL_SETUP_MENU_ENABLE`: 0, 0.
  * @param pEnable Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -80,7 +74,6 @@ KELUTV_API int GetHotelSetupMenuEnable(bool* pEnable);
 
 /**
  * Sets the highest volume of the hotel mode.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_MAX_VOLUME`: `volume`, 0, 0, 0.
  * @param volume Volume; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -88,7 +81,6 @@ KELUTV_API int SetHotelMaxVolume(int volume);
 
 /**
  * Reads the highest volume of the hotel mode.
- * Reads the factory item `CMDID_FACTORY_GET_HOTEL_MAX_VOLUME`: 0, 0.
  * @param pVolume Receives the volume, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -96,7 +88,6 @@ KELUTV_API int GetHotelMaxVolume(int* pVolume);
 
 /**
  * Sets the start volume of the hotel mode.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_VOLUME`: `volume`, 0, 0, 0.
  * @param volume Volume; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -104,7 +95,6 @@ KELUTV_API int SetHotelBootVolume(int volume);
 
 /**
  * Reads the start volume of the hotel mode.
- * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_VOLUME`: 0, 0.
  * @param pVolume Receives the volume, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -112,7 +102,6 @@ KELUTV_API int GetHotelBootVolume(int* pVolume);
 
 /**
  * Chooses the start source of the hotel mode.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_SRC`: `src`, 0, 0, 0.
  * @param src One of `KELU_TV_SRC_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -120,7 +109,6 @@ KELUTV_API int SetHotelBootSrc(int src);
 
 /**
  * Reads the start source of the hotel mode.
- * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_SRC`: 0, 0.
  * @param pSrc Receives one of `KELU_TV_SRC_E`, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -128,7 +116,6 @@ KELUTV_API int GetHotelBootSrc(int* pSrc);
 
 /**
  * Chooses the start channel of the hotel mode.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_BOOT_CHANNEL`: `tvmode`, `channel`, 0, 0.
  * @param tvmode Kind of television as the service numbers it.
  * @param channel Channel; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -137,7 +124,6 @@ KELUTV_API int SetHotelBootChannel(int tvmode, int channel);
 
 /**
  * Reads the start channel of the hotel mode.
- * Reads the factory item `CMDID_FACTORY_GET_HOTEL_BOOT_CHANNEL`: 0, 0.
  * @param pTvmode Receives the kind of television as the service numbers it, 0 on failure; may be null.
  * @param pChannel Receives the channel, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -153,15 +139,12 @@ KELUTV_API int GetHotelBootChannel(int* pTvmode, int* pChannel);
 
 /**
  * Restores the hotel settings.
- * Sets the factory item `CMDID_FACTORY_SET_HOTEL_RESTORE`: 0, 0, 0, 0.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int RestoreHotelSetting(void);
 
 /**
  * Copies the hotel data from the EEPROM to a file on a USB disk.
- * Forwards to `linux_tv_Factory_operateFlashEEPROM`, which sends `CMD_FACTORY_OPERATEEROM`: `KELU_TV_EEFLASH_BAK`,
- * `pName`.
  * @param pName Path of the file.
  * @return The service's result, 0 for success; -1 when the link fails, and for null, with nothing sent.
  */
@@ -169,8 +152,6 @@ KELUTV_API int BackupHotelData2USB(const char* pName);
 
 /**
  * Copies the hotel data from a file on a USB disk to the EEPROM.
- * Forwards to `linux_tv_Factory_operateFlashEEPROM`, which sends `CMD_FACTORY_OPERATEEROM`: `KELU_TV_EEFLASH_ALL`,
- * `pName`.
  * @param pName Path of the file.
  * @return The service's result, 0 for success; -1 when the link fails, and for null, with nothing sent.
  */

@@ -19,7 +19,6 @@ extern "C" {
 
 /**
  * Starts to play a sound file.
- * Forwards to `PCMPlayer::startPlay`, which sends `CMD_PCMPLAYER_START_PLAY`: `bLoop`, `bMuteDtvAudio`, `pathName`.
  * @param pathName Path of the file in the service's file system; which formats play is the service's matter.
  * @param bLoop True plays it over and over.
  * @param bMuteDtvAudio True mutes the digital-TV audio meanwhile.
@@ -29,14 +28,12 @@ KELUTV_API int linux_tv_PCMPlayer_startPlay(char const* pathName, bool bLoop, bo
 
 /**
  * Ends the playing.
- * Forwards to `PCMPlayer::stopPlay`, which sends `CMD_PCMPLAYER_STOP_PLAY`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_PCMPlayer_stopPlay(void);
 
 /**
  * Reads whether the player is playing.
- * Forwards to `PCMPlayer::getStatus`, which sends `CMD_PCMPLAYER_GET_STATUS`.
  * @return The status, unchecked; -1 in the same type when the service or the link fails. In C compare
  * `(int)status == -1`: the type may be unsigned, and nothing in it is below 0.
  */
@@ -44,7 +41,6 @@ KELUTV_API KELU_TV_PCMPLAYER_STATUS_E linux_tv_PCMPlayer_getStatus(void);
 
 /**
  * Sets the gain of the player.
- * Forwards to `PCMPlayer::setGain`, which sends `CMD_PCMPLAYER_SET_GAIN`: `gain`.
  * @param gain Gain in the service's unit; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */

@@ -16,14 +16,12 @@ extern "C" {
 
 /**
  * Adjusts position, clock and phase to the signal.
- * Forwards to `PCSetting::autoAdjust`, which sends `CMD_PCSETTING_PCAUTOADJUST`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_PCSetting_autoAdjust(void);
 
 /**
  * Sets the horizontal position of the picture.
- * Forwards to `PCSetting::setHPosition`, which sends `CMD_PCSETTING_SETHPOSITION`: `position`.
  * @param position Position; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -31,14 +29,12 @@ KELUTV_API int linux_tv_PCSetting_setHPosition(int position);
 
 /**
  * Reads the horizontal position of the picture.
- * Forwards to `PCSetting::getHPosition`, which sends `CMD_PCSETTING_GETHPOSITION`.
  * @return The position; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_PCSetting_getHPosition(void);
 
 /**
  * Sets the vertical position of the picture.
- * Forwards to `PCSetting::setVPosition`, which sends `CMD_PCSETTING_SETVPOSITION`: `position`.
  * @param position Position; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -46,14 +42,12 @@ KELUTV_API int linux_tv_PCSetting_setVPosition(int position);
 
 /**
  * Reads the vertical position of the picture.
- * Forwards to `PCSetting::getVPosition`, which sends `CMD_PCSETTING_GETVPOSITION`.
  * @return The position; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_PCSetting_getVPosition(void);
 
 /**
  * Sets the sampling clock.
- * Forwards to `PCSetting::setClock`, which sends `CMD_PCSETTING_SETCLOCK`: `clock`.
  * @param clock Clock; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -61,14 +55,12 @@ KELUTV_API int linux_tv_PCSetting_setClock(int clock);
 
 /**
  * Reads the sampling clock.
- * Forwards to `PCSetting::getClock`, which sends `CMD_PCSETTING_GETCLOCK`.
  * @return The clock; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_PCSetting_getClock(void);
 
 /**
  * Sets the sampling phase.
- * Forwards to `PCSetting::setPhase`, which sends `CMD_PCSETTING_SETPHASE`: `phase`.
  * @param phase Phase; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -76,7 +68,6 @@ KELUTV_API int linux_tv_PCSetting_setPhase(int phase);
 
 /**
  * Reads the sampling phase.
- * Forwards to `PCSetting::getPhase`, which sends `CMD_PCSETTING_GETPHASE`.
  * @return The phase; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_PCSetting_getPhase(void);

@@ -24,8 +24,7 @@ extern "C" {
 
 /**
  * Shows a source in a display window.
- * Forwards to `SourceManager::selectSource`, which sends `CMD_SOURCE_SELECTSOURCE`: `srcId`, `mainWindow`. Logged with
- * its arguments before and after the call.
+ * Logged with its arguments before and after the call.
  * @param srcId Source, one of `KELU_TV_SRC_E`.
  * @param mainWindow Display window, as the service numbers it.
  * @return 0, also when the service or the link fails.
@@ -34,7 +33,6 @@ KELUTV_API int linux_tv_SourceManager_selectSource(int srcId, int mainWindow);
 
 /**
  * Releases a source.
- * Forwards to `SourceManager::deselectSource`, which sends `CMD_SOURCE_DESELECTSOURCE`: `srcId`, `bDestroy`.
  * @param srcId Source, one of `KELU_TV_SRC_E`.
  * @param bDestroy Anything but 0 also gives up what the source holds.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -43,8 +41,7 @@ KELUTV_API int linux_tv_SourceManager_deselectSource(int srcId, int bDestroy);
 
 /**
  * Reads the source in a display window.
- * Forwards to `SourceManager::getCurSourceId`, which sends `CMD_SOURCE_GETCURSOURCEID`: `mainWindow`. Logged with what
- * it gives.
+ * Logged with what it gives.
  * @param mainWindow Display window, as the service numbers it.
  * @return One of `KELU_TV_SRC_E`, `KELU_TV_SRC_DIG2` given as `KELU_TV_SRC_DIG1`; -1 when the service or the link
  * fails.
@@ -53,7 +50,6 @@ KELUTV_API int linux_tv_SourceManager_getCurSourceId(int mainWindow);
 
 /**
  * Reads the source that was selected last.
- * Forwards to `SourceManager::getSelectSourceId`, which sends `CMD_SOURCE_GETSELECTSOURCEID`.
  * @return One of `KELU_TV_SRC_E`, `KELU_TV_SRC_DIG2` given as `KELU_TV_SRC_DIG1`; -1 when the service or the link
  * fails.
  */
@@ -61,15 +57,13 @@ KELUTV_API int linux_tv_SourceManager_getSelectSourceId(void);
 
 /**
  * Reads the source that the main window had before.
- * Forwards to `SourceManager::getLastMainSource`, which sends `CMD_SOURCE_GETLASTMAINSOURCE`. Logged with what it
- * gives.
+ * Logged with what it gives.
  * @return One of `KELU_TV_SRC_E`, `KELU_TV_SRC_DIG2` as such; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SourceManager_getLastMainSource(void);
 
 /**
  * Sets the source that the television starts with.
- * Forwards to `SourceManager::setBootSource`, which sends `CMD_SOURCE_SETBOOTSOURCE`: `srcId`.
  * @param srcId Source, one of `KELU_TV_SRC_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -77,7 +71,6 @@ KELUTV_API int linux_tv_SourceManager_setBootSource(int srcId);
 
 /**
  * Reads the source that the television starts with.
- * Forwards to `SourceManager::getBootSource`, which sends `CMD_SOURCE_GETBOOTSOURCE`.
  * @return One of `KELU_TV_SRC_E`, `KELU_TV_SRC_DIG2` given as `KELU_TV_SRC_DIG1`; -1 when the service or the link
  * fails.
  */
@@ -85,8 +78,6 @@ KELUTV_API int linux_tv_SourceManager_getBootSource(void);
 
 /**
  * Reads the sources that the television has.
- * Forwards to `SourceManager::getSourceList`, which sends `CMD_SOURCE_GETSOURCELIST`; the answer holds sources until
- * its end.
  * @param list Room for all the sources, each one of `KELU_TV_SRC_E`; `KELU_TV_SRC_DIG2` is left out. May be null.
  * @param count Receives how many there are, 0 on failure; may be null.
  * @return 0, also when only `KELU_TV_SRC_DIG2` was left out; -1 when there is no source or the service or the link
@@ -96,8 +87,6 @@ KELUTV_API int linux_tv_SourceManager_getSourceList(int* list, int* count);
 
 /**
  * Reads the sources that can be chosen now.
- * Forwards to `SourceManager::getAvailSourceList`, which sends `CMD_SOURCE_GETAVAILSOURCELIST`; the answer holds
- * sources until its end.
  * @param list Room for all the sources, each one of `KELU_TV_SRC_E`, `KELU_TV_SRC_DIG2` among them. May be null.
  * @param count Receives how many there are, 0 on failure; may be null.
  * @return 0; -1 when there is no source or the service or the link fails.
@@ -106,14 +95,12 @@ KELUTV_API int linux_tv_SourceManager_getAvailSourceList(int* list, int* count);
 
 /**
  * Reads whether the television has several AV inputs.
- * Forwards to `SourceManager::isHasMultiAvSource`, which sends `CMD_SOURCE_ISHASMULTIAVSOURCE`.
  * @return The service's value, 1 for several; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SourceManager_isHasMultiAvSource(void);
 
 /**
  * Reads whether a source must be released for a command.
- * Forwards to `SourceManager::isNeedRelease`, which sends `CMD_SOURCE_ISNEEDRELEASE`: `enumSourceIndex`, `command`.
  * @param enumSourceIndex Source, one of `KELU_TV_SRC_E`.
  * @param command Command as the service numbers it.
  * @return The service's value, 1 if it must; -1 when the service or the link fails.
@@ -122,8 +109,6 @@ KELUTV_API int linux_tv_SourceManager_isNeedRelease(int enumSourceIndex, int com
 
 /**
  * Reads whether a change of source needs the media to be switched.
- * Forwards to `SourceManager::isNeedSwitchMedia`, which sends `CMD_SOURCE_ISNEEDSWITCHMEDIA`: `fromSource`, `toSource`,
- * `command`.
  * @param fromSource,toSource Sources, each one of `KELU_TV_SRC_E`.
  * @param command Command as the service numbers it.
  * @return The service's value, 1 if it does; -1 when the service or the link fails.
@@ -132,8 +117,6 @@ KELUTV_API int linux_tv_SourceManager_isNeedSwitchMedia(int fromSource, int toSo
 
 /**
  * Reads whether a change of source needs the new one to be selected.
- * Forwards to `SourceManager::isNeedSelectSoucre`, which sends `CMD_SOURCE_ISNEEDSELECTSOURCE`: `fromSource`,
- * `toSource`.
  * @param fromSource,toSource Sources, each one of `KELU_TV_SRC_E`.
  * @return The service's value, 1 if it does; -1 when the service or the link fails.
  */
@@ -148,8 +131,6 @@ KELUTV_API int linux_tv_SourceManager_isNeedSelectSoucre(int fromSource, int toS
 
 /**
  * Places a display window.
- * Forwards to `SourceManager::setWindowRect`, which sends `CMD_SOURCE_SETWINDOWRECT`: `x`, `y`, `width`, `height`,
- * `mainWindow`, `flag`.
  * @param rect Place and size.
  * @param mainWindow Display window, as the service numbers it.
  * @param flag What the service defines.
@@ -159,8 +140,6 @@ KELUTV_API int linux_tv_SourceManager_setWindowRect(KeluRect rect, int mainWindo
 
 /**
  * Reads the place of a display window.
- * Forwards to `SourceManager::getWindowRect`, which sends `CMD_SOURCE_GETWINDOWRECT`: `mainWindow`; the answer holds
- * `x`, `y`, `width`, `height`.
  * @param rect Receives place and size; untouched when the service or the link fails.
  * @param mainWindow Display window, as the service numbers it.
  * @return 0, also when the service or the link fails; -1 for a null pointer, with nothing sent.
@@ -169,7 +148,6 @@ KELUTV_API int linux_tv_SourceManager_getWindowRect(KeluRect* rect, int mainWind
 
 /**
  * Switches the display of two sources on or off.
- * Forwards to `SourceManager::enableDualDisplay`, which sends `CMD_SOURCE_SETDUALDISPLAY`: `enable`.
  * @param enable Anything but 0 switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -177,7 +155,6 @@ KELUTV_API int linux_tv_SourceManager_enableDualDisplay(int enable);
 
 /**
  * Puts a display window on the left or on the right.
- * Forwards to `SourceManager::setDisplayOnLeft`, which sends `CMD_SOURCE_SETDISPLAYONLEFT`: `left`, `mainWindow`.
  * @param left Anything but 0 puts it on the left.
  * @param mainWindow Display window, as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -186,7 +163,6 @@ KELUTV_API int linux_tv_SourceManager_setDisplayOnLeft(int left, int mainWindow)
 
 /**
  * Gives a display window the focus.
- * Forwards to `SourceManager::setFocusWindow`, which sends `CMD_SOURCE_SETFOCUSWINDOW`: `mainWindow`.
  * @param mainWindow Display window, as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -201,8 +177,6 @@ KELUTV_API int linux_tv_SourceManager_setFocusWindow(int mainWindow);
 
 /**
  * Reads the timing of the current signal.
- * Forwards to `SourceManager::getTimingInfo`, which sends `CMD_SOURCE_GETTIMMINGINFO`; the answer holds the nine fields
- * in order.
  * @param info Receives the timing; untouched on failure.
  * @return 0; -1 when the width is 0, as it is when the service or the link fails, and for a null pointer, with nothing
  * sent.
@@ -211,14 +185,12 @@ KELUTV_API int linux_tv_SourceManager_getTimingInfo(TimingScreen* info);
 
 /**
  * Reads the state of the current signal.
- * Forwards to `SourceManager::getSignalStatus`, which sends `CMD_SOURCE_GETSIGNALSTATUS`.
  * @return The state as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SourceManager_getSignalStatus(void);
 
 /**
  * Tells whether a source that is not shown has a signal.
- * Forwards to `SourceManager::getOfflineSigStatus`, which sends `CMD_SOURCE_GETSINGALSTATE`: `source`.
  * @param source Source, one of `KELU_TV_SRC_E`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
@@ -226,28 +198,24 @@ KELUTV_API int linux_tv_SourceManager_getOfflineSigStatus(int source);
 
 /**
  * Tells whether the HDMI signal is a DVI signal.
- * Forwards to `SourceManager::isDVIMode`, which sends `CMD_SOURCE_GETDVIMODE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SourceManager_isDVIMode(void);
 
 /**
  * Tells whether an MHL device is connected.
- * Forwards to `SourceManager::isMHLStatus`, which sends `CMD_SOURCE_GETMHLSTATUS`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SourceManager_isMHLStatus(void);
 
 /**
  * Tells whether the source in use is the MHL port.
- * Forwards to `SourceManager::isMHLPortInUse`, which sends `CMD_SOURCE_GETMHLINUSE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SourceManager_isMHLPortInUse(void);
 
 /**
  * Sends a key of the remote control to the MHL device.
- * Forwards to `SourceManager::sendRcpKey`, which sends `CMD_SOURCE_SENDRCPKEY`: `key`.
  * @param key Key code of the MHL remote control protocol.
  * @return The service's result, 0 for success; -1 when the link fails.
  */

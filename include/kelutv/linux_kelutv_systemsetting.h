@@ -27,21 +27,18 @@ extern "C" {
 
 /**
  * Restores the settings of the television to their defaults.
- * Forwards to `SystemSetting::restoreDefault`, which sends `CMD_SYSTEM_RESTOREDEFAULT`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_restoreDefault(void);
 
 /**
  * Tells whether the blue screen is on.
- * Forwards to `SystemSetting::isScreenBlueEnable`, which sends `CMD_SYSTEM_GETSCREENBLUE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isScreenBlueEnable(void);
 
 /**
  * Switches the blue screen on or off.
- * Forwards to `SystemSetting::enableScreenBlue`, which sends `CMD_SYSTEM_SETSCREENBLUE`: `onoff`.
  * @param onoff True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -49,7 +46,6 @@ KELUTV_API int linux_tv_SystemSetting_enableScreenBlue(bool onoff);
 
 /**
  * Sets the fixed output frame rate of the panel.
- * Forwards to `SystemSetting::setDispFixOutRate`, which sends `CMD_SYSTEM_SETPANELFIXOUTRATE`: `fixFrmRate`.
  * @param fixFrmRate Frame rate as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -57,8 +53,6 @@ KELUTV_API int linux_tv_SystemSetting_setDispFixOutRate(int fixFrmRate);
 
 /**
  * Reads which resolutions the television can show.
- * Forwards to `SystemSetting::getSupportedTvResolution`, which sends `CMD_SYSTEM_GETSUPPORTEDTVRESOLUTION`; the
- * answer holds ints until its end.
  * @param pModeList Receives the resolutions as the service numbers them, in its order. Must have room for all the
  * service sends; untouched on failure; may be null.
  * @param pListSize Receives their count, 0 on failure; may be null.
@@ -75,35 +69,30 @@ KELUTV_API int linux_tv_SystemSetting_getSupportedTvResolution(int* pModeList, i
 
 /**
  * Prepares a standby on behalf of a plug-in.
- * Forwards to `SystemSetting::preSuspendForPlugin`, which sends `CMD_SYSTEM_PRESUSPEND_FOR_PLUGIN`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_preSuspendForPlugin(void);
 
 /**
  * Prepares a restart of the television.
- * Forwards to `SystemSetting::prepareReboot`, which sends `CMD_SYSTEM_PREPARE_REBOOT`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_prepareReboot(void);
 
 /**
  * Prepares a standby.
- * Forwards to `SystemSetting::preSuspend`, which sends `CMD_SYSTEM_PRESUSPEND`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_preSuspend(void);
 
 /**
  * Enters standby.
- * Forwards to `SystemSetting::suspend`, which sends `CMD_SYSTEM_SUSPEND`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_suspend(void);
 
 /**
  * Leaves standby.
- * Forwards to `SystemSetting::resume`, which sends `CMD_SYSTEM_RESUME`: `powerType`.
  * @param powerType What the television is switched on for, as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -111,7 +100,6 @@ KELUTV_API int linux_tv_SystemSetting_resume(int powerType);
 
 /**
  * Tells the service why the television goes into standby.
- * Forwards to `SystemSetting::setStandbyReason`, which sends `CMD_SYSTEM_SETSTANDBYREASON`: `reason`.
  * @param reason Reason as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -119,7 +107,6 @@ KELUTV_API int linux_tv_SystemSetting_setStandbyReason(int reason);
 
 /**
  * Sets the half standby.
- * Forwards to `SystemSetting::setHalfStandby`, which sends `CMD_SYSTEM_SETHALFSTANDBY`: `value`.
  * @param value Value as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -127,21 +114,18 @@ KELUTV_API int linux_tv_SystemSetting_setHalfStandby(int value);
 
 /**
  * Reads the half standby.
- * Forwards to `SystemSetting::getHalfStandby`, which sends `CMD_SYSTEM_GETHALFSTANDBY`.
  * @return The value; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getHalfStandby(void);
 
 /**
  * Reads the wake-up mode.
- * Forwards to `SystemSetting::getWakeupMode`, which sends `CMD_SYSTEM_GETWAKEUPMODE`.
  * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getWakeupMode(void);
 
 /**
  * Reads the mode of the last power-off.
- * Forwards to `SystemSetting::getLastPowerOffMode`, which sends `CMD_SYSTEM_GETLASTPOWEROFFMODE`.
  * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getLastPowerOffMode(void);
@@ -155,7 +139,6 @@ KELUTV_API int linux_tv_SystemSetting_getLastPowerOffMode(void);
 
 /**
  * Reads the version of the boot program.
- * Forwards to `SystemSetting::getBootVersion`, which sends `CMD_SYSTEM_GETBOOTVERSION`; the answer holds one text.
  * @param pStr Receives the text with its terminator; there must be room for all of it. Untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no text, which is logged, and for a null pointer,
  * with nothing sent or logged.
@@ -164,7 +147,6 @@ KELUTV_API int linux_tv_SystemSetting_getBootVersion(char* pStr);
 
 /**
  * Sets the path of the boot picture.
- * Forwards to `SystemSetting::setBootPicPath`, which sends `CMD_SYSTEM_SETBOOTPICPATH`: `path`.
  * @param pathName Path of the picture.
  * @return The service's result, 0 for success; -1 when the link fails, and for a null path, with nothing sent or
  * logged.
@@ -173,14 +155,12 @@ KELUTV_API int linux_tv_SystemSetting_setBootPicPath(const char* pathName);
 
 /**
  * Reads the start mode of the television.
- * Forwards to `SystemSetting::getTvStartMode`, which sends `CMD_SYSTEM_GET_TV_START_MODE`.
  * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getTvStartMode(void);
 
 /**
  * Chooses the start mode of the television.
- * Forwards to `SystemSetting::setTvStartMode`, which sends `CMD_SYSTEM_SET_TV_START_MODE`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -195,14 +175,12 @@ KELUTV_API int linux_tv_SystemSetting_setTvStartMode(int mode);
 
 /**
  * Tells whether the keys on the low-speed converter (LSADC) are on.
- * Forwards to `SystemSetting::isLSADCKeyEnable`, which sends `CMD_SYSTEM_GETLSADCKEY`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isLSADCKeyEnable(void);
 
 /**
  * Switches the keys on the low-speed converter (LSADC) on or off.
- * Forwards to `SystemSetting::enableLSADCKey`, which sends `CMD_SYSTEM_SETLSADCKEY`: `onoff`.
  * @param onoff True switches them on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -210,8 +188,7 @@ KELUTV_API int linux_tv_SystemSetting_enableLSADCKey(bool onoff);
 
 /**
  * Reports a key to the service.
- * Forwards to `SystemSetting::reportKeyEvent`, which sends `CMD_SYSTEM_SET_REPOKEYEVENT`: `iKeyValue`, `iStatus`. The
- * key is logged first, at info priority under the tag "TVBASEMW@linuxSystemSetting".
+ * The key is logged first, at info priority under the tag "TVBASEMW@linuxSystemSetting".
  * @param iKeyValue The key.
  * @param iStatus Whether it was pressed or released.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -220,7 +197,6 @@ KELUTV_API int linux_tv_SystemSetting_reportKeyEvent(KELU_TV_LINUX_KEYCODE_E iKe
 
 /**
  * Moves the camera up or down.
- * Forwards to `SystemSetting::setCameraUpDown`, which sends `CMD_SYSTEM_SETCAMERAUPDOWN`: `mode`.
  * @param mode Position as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -235,8 +211,6 @@ KELUTV_API int linux_tv_SystemSetting_setCameraUpDown(int mode);
 
 /**
  * Sets one pulse-width modulated output.
- * Forwards to `SystemSetting::setPWMInfo`, which sends `CMD_SYSTEM_SET_PWM_INFO`: `pwmType`, `enable`, `freq`,
- * `duty`, `invert`.
  * @param pwmType Output as the service numbers it.
  * @param enable True switches it on.
  * @param freq Frequency as the service counts it.
@@ -248,7 +222,6 @@ KELUTV_API int linux_tv_SystemSetting_setPWMInfo(int pwmType, bool enable, int f
 
 /**
  * Switches the sound bar mode on or off.
- * Forwards to `SystemSetting::enableSoundbarMode`, which sends `CMD_SYSTEM_SET_SOUNDBAR_MODE`: `enable`.
  * @param enable True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -256,7 +229,6 @@ KELUTV_API int linux_tv_SystemSetting_enableSoundbarMode(bool enable);
 
 /**
  * Tells whether the sound bar mode is on.
- * Forwards to `SystemSetting::isSoundbarModeEnable`, which sends `CMD_SYSTEM_GET_SOUNDBAR_MODE`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isSoundbarModeEnable(void);
@@ -270,30 +242,26 @@ KELUTV_API int linux_tv_SystemSetting_isSoundbarModeEnable(void);
 
 /**
  * Tells whether OLED is enabled.
- * Forwards to `SystemSetting::isOledEnabled`, which sends `CMD_SYSTEM_OLEDENABLED`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isOledEnabled(void);
 
 /**
  * Asks for the JB and OFFRS repair of the OLED panel.
- * A get command by its form: the answer is a value behind a result. Forwards to `SystemSetting::OledJbOffrsRepairProc`,
- * which sends `CMD_SYSTEM_OLEDREPAIRPROC`.
+ * A get command by its form: the answer is a value behind a result.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_OledJbOffrsRepairProc(void);
 
 /**
  * Reads the OFFRS time of the OLED panel.
- * Forwards to `SystemSetting::getOledOffRsTime`, which sends `CMD_SYSTEM_GETOLEDOFFRSTIME`.
  * @return The time as the service counts it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getOledOffRsTime(void);
 
 /**
  * Asks for the OFFRS repair of the OLED panel.
- * A get command by its form: the answer is a value behind a result. Forwards to `SystemSetting::setPanelOffrsRepair`,
- * which sends `CMD_SYSTEM_SETOLEDOFFRSPROC`.
+ * A get command by its form: the answer is a value behind a result.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_setPanelOffrsRepair(void);
@@ -307,14 +275,12 @@ KELUTV_API int linux_tv_SystemSetting_setPanelOffrsRepair(void);
 
 /**
  * Reads the output mode of 4K pictures.
- * Forwards to `SystemSetting::getOutput4k2k`, which sends `CMD_SYSTEM_GETOUTPUT4K2K`.
  * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getOutput4k2k(void);
 
 /**
  * Chooses the output mode of 4K pictures.
- * Forwards to `SystemSetting::setOutput4k2k`, which sends `CMD_SYSTEM_SETOUTPUT4K2K`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -322,8 +288,6 @@ KELUTV_API int linux_tv_SystemSetting_setOutput4k2k(int mode);
 
 /**
  * Sets the edges of the picture that a box puts out.
- * Forwards to `SystemSetting::setBoxOutputDispPara`, which sends `CMD_SYSTEM_SET_BOX_OUTPUT_DISP_PARA`: `iLeft`,
- * `iTop`, `iRight`, `iBottom`.
  * @param iLeft,iTop,iRight,iBottom Edges as the service counts them.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -331,8 +295,6 @@ KELUTV_API int linux_tv_SystemSetting_setBoxOutputDispPara(int iLeft, int iTop, 
 
 /**
  * Reads the geometry of the picture that a box puts out.
- * Forwards to `SystemSetting::getBoxOutputDispPara`, which sends `CMD_SYSTEM_GET_BOX_OUTPUT_DISP_PARA`; the answer
- * holds 12 ints.
  * @param pBuf Room for 12 ints; all are written, 0 where the service sent less. Untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent or logged.
  */
@@ -340,14 +302,12 @@ KELUTV_API int linux_tv_SystemSetting_getBoxOutputDispPara(int* pBuf);
 
 /**
  * Reads the format that a box puts out.
- * Forwards to `SystemSetting::getBoxOutputFormat`, which sends `CMD_SYSTEM_GET_BOX_OUTPUT_FORMAT`.
  * @return The format as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getBoxOutputFormat(void);
 
 /**
  * Chooses the format that a box puts out.
- * Forwards to `SystemSetting::setBoxOutputFormat`, which sends `CMD_SYSTEM_SET_BOX_OUTPUT_FORMAT`: `format`.
  * @param format Format as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -362,14 +322,12 @@ KELUTV_API int linux_tv_SystemSetting_setBoxOutputFormat(int format);
 
 /**
  * Reads whether the AI close-screen mode is on.
- * Forwards to `SystemSetting::getAICloseScreenMode`, which sends `CMD_SYSTEM_GET_AICLOSESCREENMODE`.
  * @return False for the service's 0; true for any other answer, a failure included.
  */
 KELUTV_API bool linux_tv_SystemSetting_getAICloseScreenMode(void);
 
 /**
  * Sets the AI close-screen mode.
- * Forwards to `SystemSetting::setAICloseScreenMode`, which sends `CMD_SYSTEM_SET_AICLOSESCREENMODE`: `mode`.
  * @param mode True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -377,7 +335,6 @@ KELUTV_API int linux_tv_SystemSetting_setAICloseScreenMode(bool mode);
 
 /**
  * Sets the standby of the AI close-screen mode.
- * Forwards to `SystemSetting::setAIScreenStandby`, which sends `CMD_SYSTEM_SET_AICLOSESCREENSTANDBY`: `mode`.
  * @param mode Mode as the service numbers it.
  * @return The service's result as a flag: false for success, true for a failure.
  */
@@ -385,7 +342,6 @@ KELUTV_API bool linux_tv_SystemSetting_setAIScreenStandby(int mode);
 
 /**
  * Tells whether AI standby is supported.
- * Forwards to `SystemSetting::isSupportAIStandby`, which sends `CMD_SYSTEM_GETISSUPPORTAISTANDBY`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_SystemSetting_isSupportAIStandby(void);
@@ -399,8 +355,6 @@ KELUTV_API int linux_tv_SystemSetting_isSupportAIStandby(void);
 
 /**
  * Sets one item.
- * Forwards to `SystemSetting::setSystemItemValue`, which sends `CMD_SYSTEM_COMMON_SET_ITEM_VALUE`: `cmdID`,
- * `param1`, `param2`, `param3`, `param4`.
  * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
  * @param param1,param2,param3,param4 What the item defines.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -409,8 +363,6 @@ KELUTV_API int linux_tv_SystemSetting_setSystemItemValue(int cmdID, int param1, 
 
 /**
  * Reads one item.
- * Forwards to `SystemSetting::getSystemItemValue`, which sends `CMD_SYSTEM_COMMON_GET_ITEM_VALUE`: `cmdID`,
- * `param1`, `param2`.
  * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
  * @param param1,param2 What the item defines.
  * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on
@@ -421,8 +373,6 @@ KELUTV_API int linux_tv_SystemSetting_getSystemItemValue(int cmdID, int param1, 
 
 /**
  * Sets the text of one item.
- * Forwards to `SystemSetting::setSystemItemStrValue`, which sends `CMD_SYSTEM_COMMON_SET_ITEM_STRVALUE`: `cmdID`,
- * `param1`, `stringParam`, `param2`.
  * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
  * @param param1,param2 What the item defines.
  * @param stringParam The text.
@@ -433,8 +383,6 @@ KELUTV_API int linux_tv_SystemSetting_setSystemItemStrValue(int cmdID, int param
 
 /**
  * Reads the text of one item.
- * Forwards to `SystemSetting::getSystemItemStrValue`, which sends `CMD_SYSTEM_COMMON_GET_ITEM_STRVALUE`: `cmdID`,
- * `param1`, `param2`.
  * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
  * @param param1,param2 What the item defines.
  * @param data Receives the text with its terminator; there must be room for all of it. Untouched on failure.
@@ -452,7 +400,6 @@ KELUTV_API int linux_tv_SystemSetting_getSystemItemStrValue(int cmdID, int param
 
 /**
  * Chooses the language of the menus.
- * Sets the item `CMDID_SYSTEM_SET_MENU_LANGUAGE`: `lan`, 0, 0, 0.
  * @param lan Language, of `kq_lang_type_s`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -460,14 +407,13 @@ KELUTV_API int linux_tv_SystemSetting_setLanguage(int lan);
 
 /**
  * Reads the language of the menus.
- * Reads the item `CMDID_SYSTEM_GET_MENU_LANGUAGE`: 0, 0. A failure is told on standard output without a line end.
+ * A failure is told on standard output without a line end.
  * @return The language, of `kq_lang_type_s`; 0 when the service or the link fails.
  */
 KELUTV_API int linux_tv_SystemSetting_getLanguage(void);
 
 /**
  * Reads which languages the menus can be shown in.
- * Reads the item `CMDID_SYSTEM_GET_LANGUAGE_LIST`: 0, 0.
  * @param pCountryList Receives at most 254 entries, of `kq_lang_type_s`; untouched on failure. May be null.
  * @param pListSize Receives the count as the service gives it, of which at most 254 entries are there; 0 on failure.
  * May be null.
@@ -478,7 +424,6 @@ KELUTV_API int linux_tv_SystemSetting_getLanguageList(int* pCountryList, int* pL
 /**
  * Reads which languages subtitles and sound can have in a country, and logs each at info priority under the tag
  * "TVBASEMW@linuxSystemSetting".
- * Reads the item `CMDID_SYSTEM_GET_SUBTITLE_AND_AUDIO_LANGUAGE`: `country`, 0.
  * @param country Country as the service numbers it.
  * @param pLanList Receives at most 254 entries, of `kq_lang_type_s`; untouched on failure. May be null.
  * @param pListSize Receives the count as the service gives it, of which at most 254 entries are there; 0 on failure.
@@ -496,7 +441,6 @@ KELUTV_API int linux_tv_SystemSetting_getSubtitleLanList(int country, int* pLanL
 
 /**
  * Reads the version of the middleware.
- * Reads the text of the item `CMDID_SYSTEM_GET_MODULAR_VERSION`: 0, 0.
  * @param version Receives the text with its terminator; there must be room for all of it. Untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no text, which is logged, and for a null pointer,
  * with nothing sent or logged.
@@ -505,7 +449,6 @@ KELUTV_API int linux_tv_SystemSetting_getMiddlewareVersion(char* version);
 
 /**
  * Reads whether the service has finished its start.
- * Reads the item `CMDID_SYSTEM_GET_TVSERVER_INIT_FINISH`: 0, 0.
  * @param pIsFinish Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -513,7 +456,6 @@ KELUTV_API int linux_tv_SystemSetting_getTvserverInitFinish(bool* pIsFinish);
 
 /**
  * Switches the market mode on or off.
- * Sets the item `CMDID_SYSTEM_SET_MARKET_ENABLE`: `enable`, 0, 0, 0.
  * @param enable True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -521,7 +463,6 @@ KELUTV_API int linux_tv_SystemSetting_setMarketModeEnable(bool enable);
 
 /**
  * Reads whether the market mode is on.
- * Reads the item `CMDID_SYSTEM_GET_MARKET_ENABLE`: 0, 0.
  * @param pEnable Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -529,7 +470,6 @@ KELUTV_API int linux_tv_SystemSetting_getMarketModeEnable(bool* pEnable);
 
 /**
  * Registers one event with the service, or takes that back.
- * Sets the item `CMDID_SYSTEM_SET_CALLBACK_EVNET`: `event`, `isRegigster`, 0, 0.
  * @param event Event as the service numbers it.
  * @param isRegigster True asks for it.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -538,7 +478,6 @@ KELUTV_API int linux_tv_SystemSetting_setSingleCallBack(int event, bool isRegigs
 
 /**
  * Reads what chip and kind of device this is.
- * Reads the item `CMDID_SYSTEM_GET_SOC_PLATFORM`: 0, 0.
  * @param pPlatform Receives the answer, of `SOC_TV_PLATFORM_TYPE_E`; 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -546,7 +485,6 @@ KELUTV_API int linux_tv_SystemSetting_getSocPlatformInfo(int* pPlatform);
 
 /**
  * Chooses the debug mode of the software.
- * Sets the item `CMDID_SYSTEM_SET_SOFTWARE_DEBUG_MODE`: `mode`, 0, 0, 0.
  * @param mode Mode as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -554,7 +492,6 @@ KELUTV_API int linux_tv_SystemSetting_setSoftwareDebugMode(int mode);
 
 /**
  * Reads the debug mode of the software.
- * Reads the item `CMDID_SYSTEM_GET_SOFTWARE_DEBUG_MODE`: 0, 0.
  * @param pMode Receives the mode as the service numbers it; 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -562,7 +499,6 @@ KELUTV_API int linux_tv_SystemSetting_getSoftwareDebugMode(int* pMode);
 
 /**
  * Tells the service the status of the boot video.
- * Sets the item `CMDID_SYSTEM_SET_BOOTVIDEO_STATUS`: `status`, 0, 0, 0.
  * @param status Status as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -570,7 +506,6 @@ KELUTV_API int linux_tv_SystemSetting_SetBootVideoStatus(int status);
 
 /**
  * Tells the service the initialisation status of the applications.
- * Sets the item `CMDID_SYSTEM_SET_APPINIT_STATUS`: `status`, 0, 0, 0.
  * @param status Status as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -585,7 +520,6 @@ KELUTV_API int linux_tv_SystemSetting_SetAPPInitStatus(int status);
 
 /**
  * Switches the screen on or off.
- * Sets the item `CMDID_SYSTEM_SET_SCREEN_ON`: `onOff`, 0, 0, 0.
  * @param onOff True switches it on.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -593,7 +527,6 @@ KELUTV_API int linux_tv_SystemSetting_setScreenOn(bool onOff);
 
 /**
  * Reads whether the screen is on.
- * Reads the item `CMDID_SYSTEM_GET_SCREEN_ON`: 0, 0.
  * @param pOnOff Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -601,7 +534,6 @@ KELUTV_API int linux_tv_SystemSetting_getScreenOn(bool* pOnOff);
 
 /**
  * Tells the service the status of the vertical synchronisation.
- * Sets the item `CMDID_SYSTEM_SET_VSYNC_STATUS`: `status`, 0, 0, 0.
  * @param status Status as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -609,7 +541,6 @@ KELUTV_API int linux_tv_SystemSetting_SetVsyncStatus(int status);
 
 /**
  * Reads the range of the analogue channel scan.
- * Reads the item `CMDID_SYSTEM_GET_ATV_SCAN_RANGE`: 0, 0.
  * @param pMinFre Receives the lowest frequency as the service counts it; 0 on failure; may be null.
  * @param pMaxFre Receives the highest; 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.

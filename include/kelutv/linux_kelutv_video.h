@@ -27,21 +27,18 @@ extern "C" {
 
 /**
  * Tells whether the picture is shown in 3D.
- * Forwards to `Video3D::is3dEnable`, which sends `CMD_VIDEO_GET3DSTATUS`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Video_is3dEnable(void);
 
 /**
  * Reads the 3D mode.
- * Forwards to `Video3D::get3dMode`, which sends `CMD_VIDEO_GET3DMODE`.
  * @return One of `KELU_TV_3DMODE_E`; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Video_get3dMode(void);
 
 /**
  * Chooses the 3D mode.
- * Forwards to `Video3D::set3dMode`, which sends `CMD_VIDEO_SET3DMODE`: `mode`.
  * @param mode One of `KELU_TV_3DMODE_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -49,14 +46,12 @@ KELUTV_API int linux_tv_Video_set3dMode(int mode);
 
 /**
  * Tells whether the views of the two eyes are exchanged.
- * Forwards to `Video3D::getSwitchLR`, which sends `CMD_VIDEO_GETSWITCHLR`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Video_getSwitchLR(void);
 
 /**
  * Exchanges the views of the two eyes or puts them back.
- * Forwards to `Video3D::switchLR`, which sends `CMD_VIDEO_SETSWITCHLR`: `onoff`.
  * @param onoff True exchanges them.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -64,14 +59,12 @@ KELUTV_API int linux_tv_Video_switchLR(bool onoff);
 
 /**
  * Reads the depth of the 3D picture.
- * Forwards to `Video3D::getDepth`, which sends `CMD_VIDEO_GETDEPTH`.
  * @return The depth; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Video_getDepth(void);
 
 /**
  * Sets the depth of the 3D picture.
- * Forwards to `Video3D::setDepth`, which sends `CMD_VIDEO_SETDEPTH`: `depth`.
  * @param depth Depth; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -79,14 +72,12 @@ KELUTV_API int linux_tv_Video_setDepth(int depth);
 
 /**
  * Reads the view of the 3D picture.
- * Forwards to `Video3D::getView`, which sends `CMD_VIDEO_GETVIEW`.
  * @return The view; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Video_getView(void);
 
 /**
  * Sets the view of the 3D picture.
- * Forwards to `Video3D::setView`, which sends `CMD_VIDEO_SETVIEW`: `view`.
  * @param view View; the service enforces the range.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -94,14 +85,12 @@ KELUTV_API int linux_tv_Video_setView(int view);
 
 /**
  * Tells whether a 3D signal is shown flat.
- * Forwards to `Video3D::get3dto2d`, which sends `CMD_VIDEO_GET3DTO2D`.
  * @return 0 for the service's 0; 1 for any other answer, a failure included.
  */
 KELUTV_API int linux_tv_Video_get3dto2d(void);
 
 /**
  * Shows a 3D signal flat, or in 3D again.
- * Forwards to `Video3D::set3dto2d`, which sends `CMD_VIDEO_SET3DTO2D`: `mode`.
  * @param mode True shows it flat.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -116,8 +105,6 @@ KELUTV_API int linux_tv_Video_set3dto2d(bool mode);
 
 /**
  * Reads the geometry of the display window.
- * Forwards to `Video3D::getWindowAttr`, which sends `CMD_VIDEO_GET_WINDOWATTR`; the answer holds the 17 words of
- * `setWindowAttr`.
  * @param source Not sent.
  * @param attr Receives the geometry; untouched when the service or the link fails. May be null.
  * @return 0, also when the service or the link fails.
@@ -126,9 +113,6 @@ KELUTV_API int linux_tv_Video_getWindowAttr(KELU_TV_SRC_E source, KELU_TV_WINDOW
 
 /**
  * Sets the geometry of the display window.
- * Forwards to `Video3D::setWindowAttr`, which sends `CMD_VIDEO_SET_WINDOWATTR`: `window`, then the four offsets of
- * `cropRect`, `outputRect` and `videoRect` with `x`, `y`, `width`, `height` each, `enable`, `sourceWidth`,
- * `displayWidth`, `isVirtual`.
  * @param source Not sent.
  * @param stWinAttr The geometry; the service enforces the ranges. Must not be null.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -137,8 +121,6 @@ KELUTV_API int linux_tv_Video_setWindowAttr(KELU_TV_SRC_E source, KELU_TV_WINDOW
 
 /**
  * Sets one item.
- * Forwards to `Video3D::setVideoItemValue`, which sends `CMD_VIDEO_COMMON_SET_ITEM_VALUE`: `cmdID`, `param1`, `param2`,
- * `param3`, `param4`.
  * @param cmdID Item of the video module, of `KELU_TV_CMDID_E`.
  * @param param1,param2,param3,param4 What the item defines.
  * @return The service's result, 0 for success; -1 when the link fails.
@@ -147,7 +129,6 @@ KELUTV_API int linux_tv_Video_setVideoItemValue(int cmdID, int param1, int param
 
 /**
  * Reads one item.
- * Forwards to `Video3D::getVideoItemValue`, which sends `CMD_VIDEO_COMMON_GET_ITEM_VALUE`: `cmdID`, `param1`, `param2`.
  * @param cmdID Item of the video module, of `KELU_TV_CMDID_E`.
  * @param param1,param2 What the item defines.
  * @param pData Room for 255 ints (1,020 bytes); all are written, 0 where the service sent less. Untouched on failure.
@@ -164,7 +145,6 @@ KELUTV_API int linux_tv_Video_getVideoItemValue(int cmdID, int param1, int param
 
 /**
  * Chooses the work mode of the decoder of analogue video.
- * Sets the item `CMDID_VIDEO_SET_WORKMODE`: `workMode`, 0, 0, 0.
  * @param workMode The mode.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -172,7 +152,6 @@ KELUTV_API int linux_tv_Video_setWorkMode(KELU_TV_TVD_WORK_MODE_E workMode);
 
 /**
  * Chooses the colour system.
- * Sets the item `CMDID_VIDEO_SET_COLORSYSTEM`: `colorSys`, 0, 0, 0.
  * @param colorSys The colour system.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -180,7 +159,6 @@ KELUTV_API int linux_tv_Video_setColorSystem(KELU_TV_CLRSYS_E colorSys);
 
 /**
  * Reads the state of a source's signal.
- * Reads the item `CMDID_VIDEO_GET_SIGNAL_STATUS_SYNC`: `source`, 0.
  * @param source The source.
  * @param status Receives the state, 0 on failure; may be null.
  * @return 0; -1 when the service or the link fails.
@@ -189,7 +167,6 @@ KELUTV_API int linux_tv_Video_getSignalStatusSync(KELU_TV_SRC_E source, KELU_TV_
 
 /**
  * Reads whether the signal has 625 lines.
- * Reads the item `CMDID_VIDEO_GET_625MODE`: 0, 0.
  * @param pbIs625 Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -197,7 +174,6 @@ KELUTV_API int linux_tv_Video_get625Mode(bool* pbIs625);
 
 /**
  * Reads whether the receiver is locked to the signal.
- * Reads the item `CMDID_VIDEO_GET_ISLOCK`: 0, 0.
  * @param signalLock Receives the answer, false on failure; may be null.
  * @return 0; -1 when the service or the link fails.
  */
@@ -205,7 +181,6 @@ KELUTV_API int linux_tv_Video_isSignalLock(bool* signalLock);
 
 /**
  * Reads the list of what the television supports.
- * Reads the item `CMDID_VIDEO_GET_TV_SUPPORTLIST`: 0, 0.
  * @param pList Room for 255 entries, values as the service numbers them; untouched on failure. May be null.
  * @param length Receives the count as the service gives it, of which at most 255 entries are there; 0 on failure. May
  *        be null.
@@ -222,8 +197,7 @@ KELUTV_API int linux_tv_Video_getTvSupportList(int* pList, int* length);
 
 /**
  * Covers the display window with a colour, or shows it again.
- * Sets the item `CMDID_VIDEO_SET_WINDOW_MUTE`: `mute`, the colour, `freeze`, 0. In the word of the colour the lowest
- * byte is `red`, the two above it are both `green`; `blue` is not used.
+ * Of the colour `blue` is not used: `green` is sent in its place.
  * @param mute True covers it.
  * @param color Colour, each part 0 to 255; null is black.
  * @param freeze True keeps the last picture.
@@ -233,7 +207,6 @@ KELUTV_API int linux_tv_Video_muteWindow(bool mute, KELU_TV_COLOR_S* color, bool
 
 /**
  * Reads whether the display window is covered.
- * Reads the item `CMDID_VIDEO_GET_WINDOW_MUTE_STATUS`: 0, 0.
  * @param argMute Receives whether it is covered; false on failure.
  * @param argFreeze Receives whether the last picture is kept; false on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, told on standard output and with nothing
@@ -243,8 +216,7 @@ KELUTV_API int linux_tv_Video_getMuteWindowStatus(bool* argMute, bool* argFreeze
 
 /**
  * Hands a command to the player of digital television.
- * Forwards to `SystemSetting::dtvControl`, which sends `CMD_SYSTEM_DTV_CHANGE_CHANNEL`: `cmd`, `dataSize`, the bytes of
- * `pData`. The command is told on standard output beforehand; success and failure are logged under the tag
+ * The command is told on standard output beforehand; success and failure are logged under the tag
  * "TVBASEMW@SystemSetting" as "[dtvControl, 600] success", debug, and "[dtvControl, 605] failed", error. A link that
  * fails is logged so, too, and not as "invoke failure\n".
  * @param cmd Command as the service numbers it.

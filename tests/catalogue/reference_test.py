@@ -9,7 +9,7 @@ import unittest
 
 from fixture import SENDS_NOTHING, SET_CURVE, CatalogueTest
 
-from reference import main, value_texts
+from reference import main, value_texts, wire_texts
 
 
 class ReferencePages(CatalogueTest):
@@ -59,11 +59,49 @@ class ReferencePages(CatalogueTest):
         self.assertEqual(texts["CMDID_LAMP_SPARE"], "No operation of the library names it.")
         self.assertEqual(texts["CMDID_LAMP_MODULE_START"], "The base of a module, no item.")
 
+    def test_a_method_tells_what_it_sends_and_logs(self) -> None:
+        texts = wire_texts(self.read())
+        self.assertEqual(
+            texts["int Lamp::setLevel(int lamp, int level)"],
+            "Sends #CMD_LAMP_SETLEVEL. Arguments: `lamp (int32), level (int32)`. Answer: the result alone.",
+        )
+        self.assertEqual(
+            texts["int Lamp::getItem(int cmdID, int param1, int* pData)"],
+            "Sends #CMD_LAMP_GETITEM. Arguments: `cmdID (int32), param1 (int32)`. Answer: `pData (ints, 255 of them)`. "
+            r"Logs for a null argument \"no buffer\", error, tag LAMP; after a failure \"failed\", debug, tag LAMP.",
+        )
+
+    def test_a_function_tells_whom_it_calls(self) -> None:
+        texts = wire_texts(self.read())
+        self.assertEqual(
+            texts["int linux_tv_Lamp_setTimer(LAMP_E lamp, int minutes)"],
+            "Calls Lamp::setItem(), which sends #CMD_LAMP_SETITEM. "
+            "Arguments: `CMDID_LAMP_SET_TIMER (int32), lamp (int32), minutes (int32)`. Answer: the result alone.",
+        )
+        self.assertEqual(
+            texts["int linux_tv_Lamp_getColor(Color const* pColor)"], "Sends nothing. Gives a fixed colour."
+        )
+
+    def test_several_calls_are_told_in_their_order(self) -> None:
+        row = "| Lamp::setLevel then Lamp::getLevel | - | irregular | - | - | - | - | Two calls. |"
+        self.change("| Lamp::setLevel(lamp, level) | - | same | - | - | - | - | - |", row)
+        self.assertEqual(
+            wire_texts(self.read())["int linux_tv_Lamp_setLevel(int lamp, int level)"],
+            "Calls Lamp::setLevel(), then Lamp::getLevel(). Two calls.",
+        )
+
+    def test_what_is_logged_means_nothing_to_doxygen(self) -> None:
+        self.change('null "no buffer"', 'null "@see %s <\\n"')
+        text = wire_texts(self.read())["int Lamp::getItem(int cmdID, int param1, int* pData)"]
+        self.assertIn(r'for a null argument \"\@see \%s \<\\n\", error, tag LAMP', text)
+
     def test_the_comments_are_written(self) -> None:
         self.assertEqual(self.run_main(), (0, ""))
         written = (self.folder / "values.dox").read_text(encoding="utf-8")
         self.assertIn("/** @var CMD_LAMP_SETLEVEL\n * Sent by Lamp::setLevel().", written)
         self.assertEqual(written.count("@var"), 9)
+        self.assertEqual(written.count("@fn"), 11)
+        self.assertIn("/** @fn int Lamp::setLevel(int lamp, int level)\n * @par On the wire\n * Sends #CMD", written)
 
     def test_a_broken_table_is_reported(self) -> None:
         self.change("0x1000 | exeCmdSet", "0x1009 | exeCmdSet")

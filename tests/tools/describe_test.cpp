@@ -51,7 +51,6 @@ TEST(Describe, tellsEverything) {
     EXPECT_EQ(quietRun({"describe", "audio.setVolume"}).output,
               R"text(int linux_tv_Audio_setVolume(int channel, int vol)
 audio.setVolume: Sets the volume of one output channel.
-Forwards to `Audio::setVolume`, which sends `CMD_AUDIO_SETVOLUME`: `channel`, `vol`.
 Parameter channel: int, in. Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
     0 speaker KELU_TV_AUDIO_CHANNEL_SPEAKER
     1 headphone KELU_TV_AUDIO_CHANNEL_HEADPHONE
@@ -66,6 +65,7 @@ Parameter channel: int, in. Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
 Parameter vol: int, in. Volume; the service enforces the range.
     a whole number, -2147483648 to 2147483647
 Returns: The service's result, 0 for success; -1 when the link fails.
+Calls: Audio::setVolume
 Sends: CMD_AUDIO_SETVOLUME 0x2008
     in order: int32 channel, int32 vol
     reply: status
@@ -76,7 +76,6 @@ TEST(Describe, tellsOfRecordsListsAndItems) {
     EXPECT_EQ(quietRun({"describe", "audio.getSourcePreScale"}).output,
               R"text(int linux_tv_Audio_getSourcePreScale(int preScaleSource, KELU_TV_SND_PRECIGAIN_ATTR_S* pAttr)
 audio.getSourcePreScale: Reads the prescale gain of one kind of source.
-Reads the item `CMDID_AUDIO_GET_SOURCE_PRESCALE`: `preScaleSource`, 0.
 Parameter preScaleSource: int, in. One of `KELU_TV_PRESCALE_SOURCE_E`.
     0 atv KELU_TV_PRESCALE_SOURCE_ATV
     1 dtv KELU_TV_PRESCALE_SOURCE_DTV
@@ -89,6 +88,7 @@ Parameter preScaleSource: int, in. One of `KELU_TV_PRESCALE_SOURCE_E`.
 Parameter pAttr: KELU_TV_SND_PRECIGAIN_ATTR_S*, out. Receives the gain, both parts 0 on failure; may be null.
     record of s32IntegerGain, s32DecimalGain
 Returns: 0; -1 when the service or the link fails.
+Calls: Audio::getAudioItemValue
 Sends: CMD_AUDIO_COMMON_GET_ITEM_VALUE 0x2054, item CMDID_AUDIO_GET_SOURCE_PRESCALE 8207
     in order: int32 CMDID_AUDIO_GET_SOURCE_PRESCALE, int32 preScaleSource, int32 0
     reply: ints[255] pData
@@ -96,7 +96,6 @@ Sends: CMD_AUDIO_COMMON_GET_ITEM_VALUE 0x2054, item CMDID_AUDIO_GET_SOURCE_PRESC
     EXPECT_EQ(quietRun({"describe", "eep.SetTVFlashEepMulti"}).output,
               R"text(int CKeluEEP::SetTVFlashEepMulti(int u32Address, int* pBuf, int u32Len)
 eep.SetTVFlashEepMulti: Writes a block that starts in the TV area.
-Sends `CMD_SYSTEM_SETFLASHEEPMULTI`: `u32Address`, `u32Len`, then the block.
 Parameter u32Address: int, in. Address of the first byte, 35328 to 35836.
     35328 to 35836
 Parameter pBuf: int*, in. `u32Len` ints, one byte each.
@@ -104,6 +103,7 @@ Parameter pBuf: int*, in. `u32Len` ints, one byte each.
 Parameter u32Len: int, in, may be left out. Number of bytes, not limited here.
     a whole number, -2147483648 to 2147483647
 Returns: The service's result, 0 for success; -1 for an address outside the area, for a null `pBuf` (not logged), and when the link fails.
+Calls: SystemSetting::setFlashEepMulti
 Sends: CMD_SYSTEM_SETFLASHEEPMULTI 0x8015
     in order: int32 u32Address, int32 u32Len, ints pBuf[u32Len]
     reply: status
@@ -115,7 +115,7 @@ Note: An address outside the area gives -1, logged at info priority, with nothin
 TEST(Describe, givesJson) {
     EXPECT_EQ(
         quietRun({"describe", "--json", "audio.getVolume"}).output,
-        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"Forwards to `Audio::getVolume`, which sends `CMD_AUDIO_GETVOLUME`: `channel`.","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput, butt","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":{"KELU_TV_AUDIO_CHANNEL_SPEAKER":0,"KELU_TV_AUDIO_CHANNEL_HEADPHONE":1,"KELU_TV_AUDIO_CHANNEL_BLUETOOTH":2,"KELU_TV_AUDIO_CHANNEL_HDMI":3,"KELU_TV_AUDIO_CHANNEL_SPDIF":4,"KELU_TV_AUDIO_CHANNEL_AVOUT":5,"KELU_TV_AUDIO_CHANNEL_24G":6,"KELU_TV_AUDIO_CHANNEL_HDMI_ARC":7,"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT":8,"KELU_TV_AUDIO_CHANNEL_BUTT":9}}],"requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"nullRule":"","note":""}
+        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput, butt","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":{"KELU_TV_AUDIO_CHANNEL_SPEAKER":0,"KELU_TV_AUDIO_CHANNEL_HEADPHONE":1,"KELU_TV_AUDIO_CHANNEL_BLUETOOTH":2,"KELU_TV_AUDIO_CHANNEL_HDMI":3,"KELU_TV_AUDIO_CHANNEL_SPDIF":4,"KELU_TV_AUDIO_CHANNEL_AVOUT":5,"KELU_TV_AUDIO_CHANNEL_24G":6,"KELU_TV_AUDIO_CHANNEL_HDMI_ARC":7,"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT":8,"KELU_TV_AUDIO_CHANNEL_BUTT":9}}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"nullRule":"","note":""}
 )text");
 }
 

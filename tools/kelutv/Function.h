@@ -138,6 +138,8 @@ struct Function {
     const FunctionTexts* texts;
     Rows<Parameter> parameters;
     ValueType result;
+    /** The operations that it calls, in order: `Audio::setVolume`; empty for a method that sends itself. */
+    const char* calls;
     Rows<Request> requests;
     /** A result of -1 is a value like any other. */
     bool anyResultIsValue;

@@ -93,7 +93,8 @@ Json documentOf(const Function& function) {
     const FunctionTexts& texts = *function.texts;
     Json document{{"function", function.name},       {"short", function.shortName}, {"module", function.module},
                   {"signature", function.signature}, {"brief", texts.brief},        {"details", texts.details},
-                  {"returns", texts.returns},        {"parameters", Json::array()}, {"requests", Json::array()}};
+                  {"returns", texts.returns},        {"parameters", Json::array()}, {"calls", function.calls},
+                  {"requests", Json::array()}};
     for (std::size_t i = 0; i < function.parameters.size(); ++i) {
         document["parameters"].add(documentOf(function.parameters[i], texts.parameters[i]));
     }
@@ -125,6 +126,7 @@ public:
         if (mFunction.result.names != nullptr) {
             printNames(*mFunction.result.names);
         }
+        paragraph("Calls", mFunction.calls);
         printRequests();
         paragraph("Null", mTexts.nullRule);
         paragraph("Note", mTexts.note);
