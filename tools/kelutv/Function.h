@@ -149,7 +149,7 @@ struct Function {
     void (*call)(CallFrame& frame);
 };
 
-/** Every function, by module and in the order of the catalogue: 639 C functions and the class methods without one. */
+/** Every C function, and every class method without one, by module and in the order of the catalogue. */
 const std::vector<const Function*>& allFunctions();
 
 /** Every enumeration of the public headers. */
