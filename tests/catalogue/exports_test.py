@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""The built library exports what the catalogue and the list of symbols name, and nothing else.
+"""The built library exports what the catalogue and the lists of symbols name, and nothing else.
 
-    exports_test.py [--write] NM LIBRARY LIST
+    exports_test.py [--write] NM LIBRARY LIST PACKAGE-LIST
 
-Each line of the list is a public header and a symbol that stems from it; --write makes the list.
+Each line of the list is a public header and a symbol that stems from it, each line of the package's list a symbol and the
+version it came with. --write makes both; a symbol that is new to the package's list came with the newest version.
 """
 
 from __future__ import annotations
@@ -22,11 +23,16 @@ from model import Catalogue  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 
 
-def exported_symbols(nm: str, library: str) -> set[str]:
+TAG = "[abi:cxx11]"
+PACKAGE_HEAD = "libkelutvbaseclient.so.1 libkelutvbaseclient1 #MINVER#"
+
+
+def exported_names(nm: str, library: str) -> set[str]:
+    """The exported symbols as they are read, with the tags of the compiler."""
     command = [nm, "--dynamic", "--defined-only", "--demangle", "--format=posix", library]
     output = subprocess.run(command, check=True, capture_output=True, text=True).stdout
     symbols = (re.fullmatch(r"(.+?) ([A-Za-z])(?: [0-9a-f]+){1,2} *", line) for line in output.splitlines())
-    return {symbol[1].replace("[abi:cxx11]", "") for symbol in symbols if symbol and symbol[2] != "A"}
+    return {symbol[1] for symbol in symbols if symbol and symbol[2] != "A"}
 
 
 def type_information(classes: dict[str, bool]) -> set[str]:
@@ -74,6 +80,31 @@ def list_lines(exported: set[str], catalogue: Catalogue) -> list[str]:
     return sorted(f"{origin(symbol, headers, classes)}: {symbol}" for symbol in exported)
 
 
+def newest_version() -> str:
+    changelog = (ROOT / "packaging/changelog").read_text(encoding="utf-8")
+    return re.match(r"\S+ \((.+)-\d+\)", changelog)[1]
+
+
+def package_entry(name: str) -> str:
+    return f" {name}@Base" if re.fullmatch(r"\w+", name) else f' (c++)"{name}@Base"'
+
+
+def package_lines(names: set[str], path: Path) -> list[str]:
+    """The lines of the package's list: those that it has keep their version."""
+    listed = path.read_text(encoding="utf-8").splitlines() if path.exists() else []
+    versions = dict(line.rsplit(" ", 1) for line in listed[1:])
+    newest = newest_version()
+    entries = sorted((package_entry(name) for name in names), key=lambda entry: ("(c++)" in entry, entry))
+    return [PACKAGE_HEAD, *(f"{entry} {versions.get(entry, newest)}" for entry in entries)]
+
+
+def differences(path: Path, lines: list[str]) -> list[str]:
+    listed = path.read_text(encoding="utf-8").splitlines()
+    return [f"not exported, but in {path}: {line}" for line in listed if line not in set(lines)] + [
+        f"exported, but not in {path}: {line}" for line in lines if line not in set(listed)
+    ]
+
+
 def complaints(expected: set[str], exported: set[str], classes: dict[str, bool]) -> list[str]:
     foreign = (symbol for symbol in exported - expected if not class_of(symbol, classes))
     return [f"not exported: {symbol}" for symbol in sorted(expected - exported)] + [
@@ -85,15 +116,18 @@ def main(options: argparse.Namespace) -> int:
     catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
     classes = exported_classes(catalogue)
     expected = set(expected_exports(catalogue)) | type_information(classes)
-    exported = exported_symbols(options.nm, options.library)
+    names = exported_names(options.nm, options.library)
+    exported = {name.replace(TAG, "") for name in names}
     found = complaints(expected, exported, classes)
-    lines = list_lines(exported, catalogue)
-    if options.write and not found:
-        options.list.write_text("\n".join(lines) + "\n", encoding="utf-8")
-    elif not options.write:
-        listed = options.list.read_text(encoding="utf-8").splitlines()
-        found += [f"not exported, but in {options.list}: {line}" for line in listed if line not in set(lines)]
-        found += [f"exported, but not in {options.list}: {line}" for line in lines if line not in set(listed)]
+    lists = {
+        options.list: list_lines(exported, catalogue),
+        options.package_list: package_lines(names, options.package_list),
+    }
+    for path, lines in lists.items():
+        if not options.write:
+            found += differences(path, lines)
+        elif not found:
+            path.write_text("\n".join(lines) + "\n", encoding="utf-8")
     print("\n".join(found), file=sys.stderr, end="\n" if found else "")
     print(f"{len(exported)} exported symbols, {len(expected)} expected by name")
     return 1 if found else 0
@@ -101,10 +135,11 @@ def main(options: argparse.Namespace) -> int:
 
 def arguments() -> argparse.Namespace:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--write", action="store_true", help="write the list instead of comparing with it")
+    parser.add_argument("--write", action="store_true", help="write the lists instead of comparing with them")
     parser.add_argument("nm")
     parser.add_argument("library")
     parser.add_argument("list", type=Path)
+    parser.add_argument("package_list", type=Path)
     return parser.parse_args()
 
 
