@@ -78,16 +78,28 @@ def _name_complaints(operation: Operation, doc: Doc) -> Iterable[str]:
             yield f"{operation.place}: the comment of {operation.name} names {name}, which the row does not call"
 
 
+def _null_complaints(operation: Operation, doc: Doc, catalogue: Catalogue) -> Iterable[str]:
+    """Of pointers whose comment and row differ on whether null may be passed; a refusal may stand with the result."""
+    for parameter in catalogue.parameters[operation.name]:
+        text = doc.parameters.get(parameter.name, "")
+        told = re.search(r"\bnull\b", f"{text} {doc.returns}", re.I) and "ust not be null" not in text
+        if text and parameter.type.endswith("*") and parameter.allows_null != bool(told):
+            says = "may be" if parameter.allows_null else "must not be"
+            yield (f"{operation.place}: '{parameter.name}' of {operation.name} {says} null by its row, "
+                   f"its comment says {'otherwise' if told else 'nothing of it'}")
+
+
 def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:
     """Complaints about comments that differ on one argument, or that name what the row does not have.
 
-    Of a row these are its value sets, what it calls, and the commands and items that it sends.
+    Of a row these are its value sets, what it calls, what commands and items it sends, and where null may be passed.
     """
     documented = [operation for operation in catalogue.operations if operation.name in docs]
     complaints: list[str] = []
     for operation in documented:
         complaints += _value_complaints(operation, docs[operation.name], catalogue)
         complaints += _name_complaints(operation, docs[operation.name])
+        complaints += _null_complaints(operation, docs[operation.name], catalogue)
         if _only_forwards(operation) and operation.callee.name in docs:
             complaints += _argument_complaints(operation, docs)
     return complaints

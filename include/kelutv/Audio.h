@@ -734,7 +734,7 @@ public:
     /**
      * Reads whether one sound output is switched on.
      * @param str Name of the output, as `getOutputList` gives it; null is logged and sent as an empty name.
-     * @param pOnoff Receives the state; untouched on failure.
+     * @param pOnoff Receives the state; untouched on failure. Must not be null.
      * @return 0, also when the service or the link fails, which is only logged; -1 when a pointer is null.
      */
     int getOutputStatus(char const* str, bool* pOnoff);

@@ -1507,14 +1507,14 @@ public:
 
     /**
      * Reads the version of the 455 chip.
-     * @param pdata Receives the text, as in `getFactoryItemStrValue`.
+     * @param pdata Receives the text, as in `getFactoryItemStrValue`; null is refused as there.
      * @return What `getFactoryItemStrValue` gives.
      */
     int get455Version(char* pdata);
 
     /**
      * Reads the version of the 457 chip.
-     * @param pdata Receives the text, as in `getFactoryItemStrValue`.
+     * @param pdata Receives the text, as in `getFactoryItemStrValue`; null is refused as there.
      * @return What `getFactoryItemStrValue` gives.
      */
     int get457Version(char* pdata);

@@ -577,21 +577,23 @@ public:
     /**
      * Reads the language of the menus.
      * @param planguage Room for 255 ints, all written as `getSystemItemValue` does; the first is the language, of
-     * `kq_lang_type_s`.
+     * `kq_lang_type_s`. Null is refused as there.
      * @return As `getSystemItemValue`.
      */
     int GetMenuLanguage(int* planguage);
 
     /**
      * Reads whether Ethernet and wireless network are compatible.
-     * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
+     * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not. Null is refused
+     * as there.
      * @return As `getSystemItemValue`.
      */
     int GetIsEthandWifiCompatible(int* pdata);
 
     /**
      * Reads whether the sound care mode is supported.
-     * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not.
+     * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is 0 for not. Null is refused
+     * as there.
      * @return As `getSystemItemValue`.
      */
     int GetIsSupportSoundCareMode(int* pdata);
@@ -606,7 +608,7 @@ public:
     /**
      * Reads the audio input source of the sound bar.
      * @param pdata Room for 255 ints, all written as `getSystemItemValue` does; the first is the input as the service
-     * numbers it.
+     * numbers it. Null is refused as there.
      * @return As `getSystemItemValue`.
      */
     int GetSoundBarAudioInputSource(int* pdata);

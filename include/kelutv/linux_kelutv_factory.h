@@ -1040,7 +1040,7 @@ KELUTV_API int linux_tv_Factory_getMacAddress(char* pStr);
 
 /**
  * Sets the address of the network port.
- * @param pMacAddr `length` numbers, one for each part of the address.
+ * @param pMacAddr `length` numbers, one for each part of the address. Null sends none.
  * @param length How many numbers to send; sent as it is, and below 1 no number behind it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -1199,7 +1199,7 @@ KELUTV_API int linux_tv_Factory_ExDevInserted(const char* pData);
 /**
  * Hands over the data of a key.
  * @param type One of `KELU_TV_MUL_KEY_E`.
- * @param pData `length` numbers.
+ * @param pData `length` numbers. Null sends none.
  * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
  * @param checksum Sum over the data, as the caller computed it.
  * @param xorchecksum Exclusive or over the data, as the caller computed it.
@@ -1210,7 +1210,7 @@ KELUTV_API int linux_tv_Factory_setKeyData(int type, int* pData, int length, int
 /**
  * Hands over data of the network port.
  * @param type One of `KELU_TV_NETDATATRAN_TPYE_E`.
- * @param pData `length` numbers.
+ * @param pData `length` numbers. Null sends none.
  * @param length How many numbers to send; sent as it is, and below 1 no number behind the header.
  * @param checksum Sum over the data, as the caller computed it.
  * @param xorchecksum Exclusive or over the data, as the caller computed it.
@@ -1487,7 +1487,7 @@ KELUTV_API int linux_tv_Factory_getMachineInfo(int type, char* info);
 /**
  * Sets a text about the machine.
  * @param type One of `KELU_TV_MACHINE_INFO_E`.
- * @param info Text.
+ * @param info The text. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setMachineInfo(int type, char* info);
@@ -1902,7 +1902,7 @@ KELUTV_API int linux_tv_Factory_getHistoryMaxTemperature(int* value);
 
 /**
  * Burns all keys of a path.
- * @param str Path of the folder.
+ * @param str Path of the folder. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_setSeaAllKeyBurn(char* str);
@@ -1940,56 +1940,56 @@ KELUTV_API int linux_tv_Factory_deletePresentationData(void);
 
 /**
  * Copies the data of the presentation from a path.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_copyPresentationData(char* pPath);
 
 /**
  * Copies the middleware's data base to a USB disk.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_copyMWDB2USB(char* pPath);
 
 /**
  * Copies the middleware's data base from a USB disk.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_copyUSBDB2MW(char* pPath);
 
 /**
  * Replaces the logo shown at start.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_updateBootLogo(char* pPath);
 
 /**
  * Writes the separate data to a file.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_exportSeparatedData(char* pPath);
 
 /**
  * Reads the separate data from a file.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_importSeparatedData(char* pPath);
 
 /**
  * Checks a file for an upgrade of the EEPROM data.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_upgradeFlashEEPROMCheck(char* pPath);
 
 /**
  * Copies preset channels from a file.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @param type Kind of channels as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -1997,7 +1997,7 @@ KELUTV_API int linux_tv_factory_copyPresetChannelDB2MW(char* pPath, int type);
 
 /**
  * Copies preset channels to a file.
- * @param pPath Path of the file.
+ * @param pPath Path of the file. Null is sent as the empty text.
  * @param type Kind of channels as the service numbers it.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -2005,14 +2005,14 @@ KELUTV_API int linux_tv_factory_copyPresetChannelDB2USB(char* pPath, int type);
 
 /**
  * Presets the channels by a named list.
- * @param pName Name of the list.
+ * @param pName Name of the list. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_factory_presetChannel(char* pName);
 
 /**
  * Hands over the data of an update over the air.
- * @param pData Text of the update as the service defines it.
+ * @param pData Text of the update as the service defines it. Null is sent as the empty text.
  * @param bUpdate True asks for the update.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -2020,7 +2020,7 @@ KELUTV_API int linux_tv_Factory_setOtaUpdate(char* pData, bool bUpdate);
 
 /**
  * Sends the result of the self check out of the serial port.
- * @param checkDataStr Result as text.
+ * @param checkDataStr The result as a text. Null is sent as the empty text.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_Factory_sendSelfCheckData(char* checkDataStr);

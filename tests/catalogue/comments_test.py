@@ -72,6 +72,26 @@ class Comments(CatalogueTest):
         [complaint] = self.said()
         self.assertIn("the comment of linux_tv_Lamp_setLevel says 'LAMP_E' of lamp, the row nothing", complaint)
 
+    def comment_item(self, text: str, returns: str = "0.") -> None:
+        declaration = "    int getItem(int cmdID, int param1, int* pData);"
+        told = f"/** Reads it.\n * @param cmdID,param1 Which.\n * @param pData {text}\n * @return {returns} */\n"
+        self.change(declaration, told + declaration, "include/kelutv/Lamp.h")
+
+    def test_a_null_that_is_refused_is_told_of(self) -> None:
+        self.comment_item("Receives 255 ints.")
+        [complaint] = self.said()
+        self.assertIn("'pData' of Lamp::getItem may be null by its row, its comment says nothing of it", complaint)
+
+    def test_a_refusal_may_stand_with_the_result(self) -> None:
+        self.comment_item("Receives 255 ints.", "0; -1 for a null `pData`, with nothing sent.")
+        self.assertEqual(self.said(), [])
+
+    def test_a_null_that_does_harm_is_not_allowed(self) -> None:
+        self.comment_item("Receives 255 ints; null drops them.")
+        self.change("| ints[255] -> pData | pData | null \"no buffer\"; failure", "| ints[255] -> pData | - | failure")
+        [complaint] = self.said()
+        self.assertIn("'pData' of Lamp::getItem must not be null by its row, its comment says otherwise", complaint)
+
     def test_what_is_no_enumeration_with_values_is_passed_over(self) -> None:
         self.comment_method("One of `LAMP_E`.", "One of `Color`, of `nothing`, of `LAMP_E` and so on.")
         self.assertEqual(self.said(), [])
