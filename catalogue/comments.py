@@ -53,23 +53,17 @@ def _value_complaints(operation: Operation, doc: Doc, catalogue: Catalogue) -> I
                    f"the row {held or 'nothing'}")
 
 
-def _called_by(operation: Operation) -> tuple[Operation, ...]:
-    if not isinstance(operation, Function):
-        return ()
-    return operation.steps or ((operation.callee,) if operation.callee else ())
-
-
 def _sent_by(operation: Operation) -> set[str]:
     """Every command and item that goes out when an operation is called."""
     if not isinstance(operation, Function):
         return {operation.command} if operation.command else set()
     item = {operation.item} if operation.item else set()
-    return item.union(*(_sent_by(callee) for callee in _called_by(operation)))
+    return item.union(*(_sent_by(callee) for callee in operation.called))
 
 
 def _name_complaints(operation: Operation, doc: Doc) -> Iterable[str]:
     words = " ".join([doc.brief, doc.details, *doc.parameters.values(), doc.returns])
-    callees, sent = {callee.name for callee in _called_by(operation)}, _sent_by(operation)
+    callees, sent = {callee.name for callee in operation.called}, _sent_by(operation)
     for name in _COMMANDS.findall(words):
         if name not in sent:
             yield f"{operation.place}: the comment of {operation.name} names {name}, which the row does not send"

@@ -234,6 +234,10 @@ class Method:
         return self
 
     @property
+    def called(self) -> tuple[Operation, ...]:
+        return ()
+
+    @property
     def layers(self) -> tuple[Layer, ...]:
         return ()
 
@@ -278,6 +282,11 @@ class Function:
     @property
     def name(self) -> str:
         return f"{self.owner}::{self.signature.name}" if self.owner else self.signature.name
+
+    @property
+    def called(self) -> tuple[Operation, ...]:
+        """The operations that it calls itself, in order."""
+        return self.steps or ((self.callee,) if self.callee else ())
 
     @property
     def method(self) -> Method | None:

@@ -79,8 +79,8 @@ def value_texts(catalogue: Catalogue) -> dict[str, str]:
 
 def _call_text(operation: Operation) -> str:
     """What an operation sends, or whom it calls for that."""
-    if isinstance(operation, Function) and operation.steps:
-        return f"Calls {', then '.join(f'{step.name}()' for step in operation.steps)}."
+    if len(operation.called) > 1:
+        return f"Calls {', then '.join(f'{step.name}()' for step in operation.called)}."
     method = operation.method
     if method is None or method.command is None:
         return "Sends nothing."

@@ -83,8 +83,8 @@ class ReferencePages(CatalogueTest):
         )
 
     def test_several_calls_are_told_in_their_order(self) -> None:
-        row = "| Lamp::setLevel then Lamp::getLevel | - | irregular | - | - | - | - | Two calls. |"
-        self.change("| Lamp::setLevel(lamp, level) | - | same | - | - | - | - | - |", row)
+        forwards = "| Lamp::setLevel(lamp, level) | - | same | - | - | - | - | - | - |"
+        self.change(forwards, "| Lamp::setLevel then Lamp::getLevel | - | irregular | - | - | set | - | - | Two calls. |")
         self.assertEqual(
             wire_texts(self.read())["int linux_tv_Lamp_setLevel(int lamp, int level)"],
             "Calls Lamp::setLevel(), then Lamp::getLevel(). Two calls.",

@@ -58,15 +58,9 @@ def row(cells: Iterable[str]) -> str:
     return f"{{{', '.join(cells)}}}"
 
 
-def directly_called(operation: Operation) -> list[Operation]:
-    if not isinstance(operation, Function):
-        return []
-    return [operation.callee] if operation.callee else list(operation.steps)
-
-
 def called_by(operation: Operation) -> Iterable[Operation]:
     """Every operation that this one calls, directly or through another."""
-    for callee in directly_called(operation):
+    for callee in operation.called:
         yield callee
         yield from called_by(callee)
 
@@ -411,7 +405,7 @@ class ModuleSource:
             f"&kTextsOf_{self.module.name}[{index}]",
             self.tables.name("Parameter", parameters),
             str(self._result(operation)),
-            text(", ".join(called.name for called in directly_called(operation))),
+            text(", ".join(called.name for called in operation.called)),
             self.tables.name("Request", self._requests(operation)),
             str(operation.minus_one != "failure").lower(),
             str(operation.status_is_value).lower(),
