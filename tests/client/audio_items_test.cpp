@@ -19,12 +19,6 @@ class AudioItem : public ClientTest {
 protected:
     AudioItem() { values.fill(kUntouched); }
 
-    void expectUntouched() {
-        for (const int value : values) {
-            ASSERT_EQ(value, kUntouched);
-        }
-    }
-
     /** One more than an item has, to see a write behind it. */
     std::array<int, kItemValues + 1> values;
 };
@@ -52,15 +46,6 @@ TEST_F(AudioItem, valuesBehindTheEndOfTheReplyAreZero) {
         ASSERT_EQ(values[i], 0);
     }
     EXPECT_EQ(values.back(), kUntouched);
-}
-
-TEST_F(AudioItem, aFailedReadLeavesTheBuffer) {
-    answer({1, 21, 22});
-    EXPECT_EQ(audio().getAudioItemValue(0x200C, 1, 2, values.data()), -1);
-    failTransactions();
-    EXPECT_EQ(audio().getAudioItemValue(0x200C, 1, 2, values.data()), -1);
-    expectUntouched();
-    EXPECT_EQ(logged(), kNothingLogged);
 }
 
 TEST_F(AudioItem, aNullBufferIsLoggedAndNothingSent) {

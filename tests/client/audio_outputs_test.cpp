@@ -28,14 +28,6 @@ TEST_F(AudioOutputs, mayBeNone) {
     EXPECT_EQ(audio().getOutputList(), Names());
 }
 
-TEST_F(AudioOutputs, areNoneAfterAFailure) {
-    service().reply(Wire::reply().i32(1).cstr("speaker").bytes());
-    EXPECT_EQ(audio().getOutputList(), Names());
-    failTransactions();
-    EXPECT_EQ(audio().getOutputList(), Names());
-    EXPECT_EQ(logged(), kNothingLogged);
-}
-
 TEST_F(AudioOutputs, endAtAnUnterminatedName) {
     service().reply(Wire::reply().i32(0).cstr("speaker").raw("arcs", 4).bytes());
     EXPECT_EQ(audio().getOutputList(), (Names{"speaker"}));

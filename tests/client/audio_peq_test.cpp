@@ -3,8 +3,6 @@
 #include <kelutv/Audio.h>
 #include <kelutv/linux_kelutv_audio.h>
 
-#include <cstring>
-
 namespace kelutv::test {
 namespace {
 
@@ -31,10 +29,6 @@ Wire& addEqualizer(Wire& wire, int bandNum) {
 Bytes equalizerRequest(int bandNum) {
     Wire wire = Wire::request(0x205A);
     return addEqualizer(wire, bandNum).bytes();
-}
-
-bool same(const KELU_TV_SND_PEQ_ATTR_S& a, const KELU_TV_SND_PEQ_ATTR_S& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
 using AudioEqualizer = ClientTest;
@@ -71,24 +65,6 @@ TEST_F(AudioEqualizer, hasItsBandNumberReadUnchecked) {
     KELU_TV_SND_PEQ_ATTR_S attributes{};
     EXPECT_EQ(audio().getPEQAttr(&attributes), 0);
     EXPECT_EQ(attributes.intBandNum, 99);
-}
-
-TEST_F(AudioEqualizer, isUntouchedByAFailedRead) {
-    Wire reply = Wire::reply().i32(1);
-    service().reply(addEqualizer(reply, 3).bytes());
-    KELU_TV_SND_PEQ_ATTR_S attributes = equalizer(4);
-    EXPECT_EQ(audio().getPEQAttr(&attributes), -1);
-    failTransactions();
-    EXPECT_EQ(linux_tv_Audio_getPEQAttr(&attributes), -1);
-    EXPECT_TRUE(same(attributes, equalizer(4)));
-    EXPECT_EQ(logged(), kNothingLogged);
-}
-
-TEST_F(AudioEqualizer, isRefusedAsNullByTheCFunctions) {
-    EXPECT_EQ(linux_tv_Audio_setPEQAttr(nullptr), -1);
-    EXPECT_EQ(linux_tv_Audio_getPEQAttr(nullptr), -1);
-    EXPECT_EQ(sent(), kNothingSent);
-    EXPECT_EQ(logged(), kNothingLogged);
 }
 
 } // namespace

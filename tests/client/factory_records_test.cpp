@@ -12,22 +12,7 @@ constexpr int kUntouched = 0x5A5A5A5A;
 
 Factory& factory() { return *Factory::instance(); }
 
-using Gains = std::array<int, 6>;
-using Points = std::array<unsigned int, 5>;
-using Rect = std::array<unsigned int, 4>;
 using Bands = std::array<int, 12>;
-
-std::array<unsigned int, 6> fields(const CalibrationInfo& data) {
-    return {data.redGain, data.greenGain, data.blueGain, data.redOffset, data.greenOffset, data.blueOffset};
-}
-
-Gains fields(const ColorTempData& data) {
-    return {data.redGain, data.greenGain, data.blueGain, data.redOffset, data.greenOffset, data.blueOffset};
-}
-
-Points fields(const NlaInfo& data) { return {data.point0, data.point25, data.point50, data.point75, data.point100}; }
-
-Rect fields(const KeluRect& data) { return {data.x, data.y, data.width, data.height}; }
 
 Bands fields(const SoundPeqData& data) {
     return {data.FO1_COARSE, data.FO1_FINE, data.FO2_COARSE, data.FO2_FINE, data.FO3_COARSE, data.FO3_FINE,
@@ -36,44 +21,7 @@ Bands fields(const SoundPeqData& data) {
 
 using FactoryRecord = ClientTest;
 
-TEST_F(FactoryRecord, areSentFieldByField) {
-    answer({2});
-    EXPECT_EQ(factory().setADCGainOffset(9, {1, 2, 3, 4, 5, 0xFFFFFFFF}), 2);
-    EXPECT_EQ(sent(), only(requestOf(0x9004, {9, 1, 2, 3, 4, 5, -1})));
-    EXPECT_EQ(factory().setColorTemp(9, {1, -2, 3, -4, 5, -6}), 2);
-    EXPECT_EQ(sent(), only(requestOf(0x9006, {9, 1, -2, 3, -4, 5, -6})));
-    EXPECT_EQ(factory().setNLAPoint(9, {1, 2, 3, 4, 5}), 2);
-    EXPECT_EQ(sent(), only(requestOf(0x9009, {9, 1, 2, 3, 4, 5})));
-    EXPECT_EQ(factory().setOverscan({1, 2, 3, 4}), 2);
-    EXPECT_EQ(sent(), only(requestOf(0x900B, {1, 2, 3, 4})));
-    EXPECT_EQ(factory().setSoundPEQ({1, -2, 3, -4, 5, -6, 7, -8, 9, -10, 11, -12}), 2);
-    EXPECT_EQ(sent(), only(requestOf(0x9063, {1, -2, 3, -4, 5, -6, 7, -8, 9, -10, 11, -12})));
-}
-
-TEST_F(FactoryRecord, areReadFieldByField) {
-    answer({0, 1, -2, 3, -4, 5, -6, 7, -8, 9, -10, 11, -12, 13});
-    EXPECT_EQ(fields(factory().getADCGainOffset(9)),
-              (std::array<unsigned int, 6>{1, 0xFFFFFFFE, 3, 0xFFFFFFFC, 5, 0xFFFFFFFA}));
-    EXPECT_EQ(sent(), only(requestOf(0x9005, {9})));
-    EXPECT_EQ(fields(factory().getColorTemp(8)), (Gains{1, -2, 3, -4, 5, -6}));
-    EXPECT_EQ(sent(), only(requestOf(0x9007, {8})));
-    EXPECT_EQ(fields(factory().getNLAPoint(7, static_cast<KELU_TV_SRC_E>(6))),
-              (Points{1, 0xFFFFFFFE, 3, 0xFFFFFFFC, 5}));
-    EXPECT_EQ(sent(), only(requestOf(0x900A, {7, 6})));
-    EXPECT_EQ(fields(factory().getOverscan()), (Rect{1, 0xFFFFFFFE, 3, 0xFFFFFFFC}));
-    EXPECT_EQ(sent(), only(requestOf(0x900C)));
-    EXPECT_EQ(fields(factory().getSoundPEQ()), (Bands{1, -2, 3, -4, 5, -6, 7, -8, 9, -10, 11, -12}));
-    EXPECT_EQ(sent(), only(requestOf(0x9062)));
-}
-
-TEST_F(FactoryRecord, areZeroAfterAFailureAndWhereTheReplyEnds) {
-    answer({1, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
-    EXPECT_EQ(fields(factory().getADCGainOffset(9)), (std::array<unsigned int, 6>{}));
-    EXPECT_EQ(fields(factory().getColorTemp(9)), Gains{});
-    EXPECT_EQ(fields(factory().getNLAPoint(9, KELU_TV_SRC_E{})), Points{});
-    EXPECT_EQ(fields(factory().getOverscan()), Rect{});
-    EXPECT_EQ(fields(factory().getSoundPEQ()), Bands{});
-    EXPECT_EQ(logged(), kNothingLogged);
+TEST_F(FactoryRecord, areZeroWhereTheReplyEnds) {
     answer({0, 1, 2});
     EXPECT_EQ(fields(factory().getSoundPEQ()), (Bands{1, 2}));
 }

@@ -91,26 +91,5 @@ TEST_F(Hotel, theChannelIsTwoNumbers) {
     EXPECT_EQ(channel, 0);
 }
 
-TEST_F(Hotel, theSettingsAreRestored) {
-    answer({5});
-    EXPECT_EQ(RestoreHotelSetting(), 5);
-    EXPECT_EQ(sent(), only(itemSet(36973)));
-}
-
-TEST_F(Hotel, theDataIsCopiedFromAndToTheEeprom) {
-    answer({5});
-    EXPECT_EQ(BackupHotelData2USB("/mnt/a"), 5);
-    EXPECT_EQ(sent(), only(Wire::request(0x908B).i32(0).cstr("/mnt/a").bytes()));
-    EXPECT_EQ(RestoreHotelData2EEP("/mnt/b"), 5);
-    EXPECT_EQ(sent(), only(Wire::request(0x908B).i32(2).cstr("/mnt/b").bytes()));
-}
-
-TEST_F(Hotel, theDataNeedsAPath) {
-    EXPECT_EQ(BackupHotelData2USB(nullptr), -1);
-    EXPECT_EQ(RestoreHotelData2EEP(nullptr), -1);
-    EXPECT_EQ(sent(), kNothingSent);
-    EXPECT_EQ(logged(), kNothingLogged);
-}
-
 } // namespace
 } // namespace kelutv::test

@@ -34,16 +34,6 @@ TEST_F(PcmPlayer, sendsANullPathAsAnEmptyOne) {
     EXPECT_EQ(sent(), only(Wire::request(0xE001).i32(0).i32(0).cstr("").bytes()));
 }
 
-TEST_F(PcmPlayer, stopsAndSetsItsGain) {
-    answer({4});
-    EXPECT_EQ(player().stopPlay(), 4);
-    EXPECT_EQ(linux_tv_PCMPlayer_stopPlay(), 4);
-    EXPECT_EQ(sent(), std::vector<std::string>(2, hex(requestOf(0xE002))));
-    EXPECT_EQ(player().setGain(-6), 4);
-    EXPECT_EQ(linux_tv_PCMPlayer_setGain(-6), 4);
-    EXPECT_EQ(sent(), std::vector<std::string>(2, hex(requestOf(0xE004, {-6}))));
-}
-
 // irregular: linux_tv_PCMPlayer_getStatus
 TEST_F(PcmPlayer, tellsItsStatusUnchecked) {
     answer({0, 1});

@@ -12,23 +12,9 @@ namespace {
 
 constexpr int kUntouched = 0x5A5A5A5A;
 
-Bytes itemSet(int item, std::int32_t param1, std::int32_t param2 = 0) {
-    return requestOf(0x8046, {item, param1, param2, 0, 0});
-}
-
 Bytes itemGet(int item, std::int32_t param1 = 0) { return requestOf(0x8047, {item, param1, 0}); }
 
 using SystemItem = ClientTest;
-
-TEST_F(SystemItem, flagsAreSetAsOneAndZero) {
-    answer({5});
-    EXPECT_EQ(linux_tv_SystemSetting_setScreenOn(true), 5);
-    EXPECT_EQ(sent(), only(itemSet(32814, 1)));
-    EXPECT_EQ(linux_tv_SystemSetting_setMarketModeEnable(false), 5);
-    EXPECT_EQ(sent(), only(itemSet(32802, 0)));
-    EXPECT_EQ(linux_tv_SystemSetting_setSingleCallBack(-7, true), 5);
-    EXPECT_EQ(sent(), only(itemSet(32811, -7, 1)));
-}
 
 TEST_F(SystemItem, flagsAreFalseAfterAFailure) {
     struct Getter {
@@ -85,14 +71,6 @@ TEST_F(SystemItem, theLanguageIsTheAnswerAndAFailureIsPrinted) {
     EXPECT_EQ(linux_tv_SystemSetting_getLanguage(), 0);
     EXPECT_EQ(output.take(), "linux_tv_SystemSetting_getSystemItemValue fail");
     EXPECT_EQ(logged(), kNothingLogged);
-}
-
-TEST_F(SystemItem, theMiddlewareVersionIsATextItem) {
-    char text[16] = "before";
-    service().reply(Wire::reply().i32(0).cstr("3.1").bytes());
-    EXPECT_EQ(linux_tv_SystemSetting_getMiddlewareVersion(text), 0);
-    EXPECT_EQ(sent(), only(requestOf(0x8049, {32790, 0, 0})));
-    EXPECT_STREQ(text, "3.1");
 }
 
 /** The two lists of languages. */

@@ -47,14 +47,6 @@ TEST_F(VideoItem, fillsTwoHundredAndFiftyFiveInts) {
     EXPECT_EQ(values[255], kUntouched);
 }
 
-TEST_F(VideoItem, theSystemsAreSet) {
-    answer({5});
-    EXPECT_EQ(linux_tv_Video_setWorkMode(KELU_TV_TVD_WORK_MODE_CHAN_SCAN), 5);
-    EXPECT_EQ(sent(), only(itemSet(12289, 1)));
-    EXPECT_EQ(linux_tv_Video_setColorSystem(KELU_TV_CLRSYS_NTSC_50), 5);
-    EXPECT_EQ(sent(), only(itemSet(12295, 8)));
-}
-
 TEST_F(VideoItem, theSignalIsReadAndZeroAfterAFailure) {
     KELU_TV_SIGNAL_E status = 99;
     answer({0, -3});
