@@ -36,6 +36,17 @@ def _argument_complaints(function: Function, docs: dict[str, Doc]) -> Iterable[s
                    f"'{theirs}' of {function.callee.name}, '{texts[1]}'")
 
 
+def _result_complaints(function: Function, docs: dict[str, Doc]) -> Iterable[str]:
+    """Of a result that is handed on: what stands before a semicolon is told of success, the same for both."""
+    if function.result != "same" or function.signature.result != function.callee.signature.result:
+        return
+    texts = [docs[name].returns for name in (function.name, function.callee.name)]
+    told = [re.split(r"[.;]", text)[0] for text in texts]
+    if told[0] != told[1]:
+        yield (f"{function.place}: comments differ on the result of {function.name}, '{texts[0]}', and "
+               f"{function.callee.name}, '{texts[1]}'")
+
+
 def _enumeration_said(text: str, catalogue: Catalogue) -> str | None:
     """The one enumeration with values whose members a text speaks of."""
     said = set(re.findall(r"\bof `(\w+)`", text)) & catalogue.headers.enumerations.keys()
@@ -84,7 +95,7 @@ def _null_complaints(operation: Operation, doc: Doc, catalogue: Catalogue) -> It
 
 
 def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:
-    """Complaints about comments that differ on one argument, or that name what the row does not have.
+    """Complaints about comments that differ on one argument or result, or that name what the row does not have.
 
     Of a row these are its value sets, what it calls, what commands and items it sends, and where null may be passed.
     """
@@ -96,4 +107,5 @@ def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:
         complaints += _null_complaints(operation, docs[operation.name], catalogue)
         if _only_forwards(operation) and operation.callee.name in docs:
             complaints += _argument_complaints(operation, docs)
+            complaints += _result_complaints(operation, docs)
     return complaints

@@ -131,7 +131,7 @@ public:
     /**
      * Enters the white balance by infrared.
      * A get command, although it starts something.
-     * @return The value; -1 when the service or the link fails.
+     * @return The service's answer; -1 when the service or the link fails.
      */
     int enterIrWBAdj();
 
@@ -321,7 +321,7 @@ public:
 
     /**
      * Reads the gamma curve.
-     * @return The number of the curve; -1 when the service or the link fails.
+     * @return The curve as the service numbers it; -1 when the service or the link fails.
      */
     int getGamma();
 
@@ -334,7 +334,7 @@ public:
 
     /**
      * Reads the test pattern.
-     * @return The number of the pattern; -1 when the service or the link fails.
+     * @return One of `KELU_TV_PATTERN_E`; -1 when the service or the link fails.
      */
     int getTestPattern();
 
@@ -347,7 +347,7 @@ public:
 
     /**
      * Reads the index of the panel.
-     * @return The number of the panel; -1 when the service or the link fails.
+     * @return The index of the panel; -1 when the service or the link fails.
      */
     int getPanelIndex();
 
@@ -360,7 +360,7 @@ public:
 
     /**
      * Reads how the picture is flipped and mirrored.
-     * @return The way; -1 when the service or the link fails.
+     * @return The flip as the service numbers it; -1 when the service or the link fails.
      */
     int getPanelFlipMirror();
 
@@ -413,7 +413,7 @@ public:
 
     /**
      * Reads the delta value of the dream panel.
-     * @return The step; -1 when the service or the link fails.
+     * @return The delta value; -1 when the service or the link fails.
      */
     int getDreamPanelDeltaValue();
 
@@ -460,7 +460,7 @@ public:
 
     /**
      * Reads whether the pixel shift of the OLED panel is on.
-     * @return 1 when it is, 0 when not; -1 when the service or the link fails.
+     * @return 0 for off, 1 for on; -1 when the service or the link fails.
      */
     int getOLEDPixelShiftEnable();
 
@@ -473,7 +473,7 @@ public:
 
     /**
      * Reads which line overdrive table is in use.
-     * @return The index; -1 when the service or the link fails.
+     * @return The index of the table; -1 when the service or the link fails.
      */
     int getLineODIndex();
 
@@ -1026,7 +1026,7 @@ public:
      * A failure and a missing text are logged, each in its own words.
      * @param str Receives the text, terminator included, and must have room for all the service sends; "default" when
      * the service or the link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `str`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `str`, logged and with nothing sent.
      */
     int getPlatform(char* str);
 
@@ -1035,7 +1035,7 @@ public:
      * A failure and a missing text are logged, each in its own words.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "date error"
      * when the service or the link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getEepromDate(char* pStr);
 
@@ -1043,7 +1043,7 @@ public:
      * Reads the bar code of the set.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error barcode"
      * when the service or the link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getBarCode(char* pStr);
 
@@ -1051,7 +1051,7 @@ public:
      * Reads the identifier of the panel.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error panelId"
      * when the service or the link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelID(char* pStr);
 
@@ -1059,7 +1059,7 @@ public:
      * Reads the address of the network port.
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error mac"
      * when the service or the link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getMacAddress(char* pStr);
 
@@ -1076,7 +1076,7 @@ public:
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_emmc_id"
      * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
      * no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getEmmcID(char* pStr);
 
@@ -1085,7 +1085,7 @@ public:
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_chip_id"
      * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
      * no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getSocChipID(char* pStr);
 
@@ -1094,7 +1094,7 @@ public:
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
      * link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getInnerTconVersion(char* pStr);
 
@@ -1103,7 +1103,7 @@ public:
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the service or
      * the link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getExternalMemcVersion(char* pStr);
 
@@ -1112,7 +1112,7 @@ public:
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
      * link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelPQVersion(char* pStr);
 
@@ -1121,7 +1121,7 @@ public:
      * @param pStr Receives the text, terminator included, and must have room for all the service sends;
      * "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the service or
      * the link fails or there is no text.
-     * @return 0 in every other case; -1 for a null `pStr`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelDataVersion(char* pStr);
 
@@ -1154,7 +1154,7 @@ public:
      * @param time Receives the text, terminator included, and must have room for all the service sends; "19700101"
      * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
      * no text.
-     * @return 0 in every other case; -1 for a null `time`, logged and with nothing sent.
+     * @return 0, also on failure; -1 for a null `time`, logged and with nothing sent.
      */
     int getInternetTime(char* time);
 
@@ -1204,7 +1204,7 @@ public:
 
     /**
      * Reads whether the RSA key is burnt into the one-time programmable memory.
-     * @return The value; -1 when the service or the link fails.
+     * @return The status; -1 when the service or the link fails.
      */
     int getIsBurnOtpRsa();
 
@@ -1219,8 +1219,8 @@ public:
     /**
      * Tells the service that an external device was plugged in.
      * @param pData Text as the service defines it.
-     * @return The value behind a result of 0; -1 when the service or the link fails, and for a null `pData`, logged
-     * and with nothing sent.
+     * @return The service's answer; -1 when the service or the link fails, and for a null `pData`, logged and with
+     * nothing sent.
      */
     int exDevInserted(char const* pData);
 
@@ -1289,13 +1289,13 @@ public:
 
     /**
      * Reads the mode of the device.
-     * @return The kind as the service numbers it; -1 when the service or the link fails.
+     * @return The mode as the service numbers it; -1 when the service or the link fails.
      */
     int getDeviceMode();
 
     /**
      * Reads whether the set is made for an operator.
-     * @return The value; -1 when the service or the link fails.
+     * @return The answer; -1 when the service or the link fails.
      */
     int isOperatorCustomized();
 
@@ -1315,7 +1315,7 @@ public:
 
     /**
      * Reads the test pattern of the laser projector.
-     * @return The number of the pattern; -1 when the service or the link fails.
+     * @return The pattern as the service numbers it; -1 when the service or the link fails.
      */
     int getLaserTVTestPattern();
 
@@ -1393,7 +1393,7 @@ public:
      * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error" without
      * a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
      * Null drops it.
-     * @return 0 in every case.
+     * @return 0, also on failure; 0 for a null `pStr`, too.
      */
     int getLaserFWVersion(int type, char* pStr);
 

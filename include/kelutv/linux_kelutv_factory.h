@@ -97,7 +97,7 @@ KELUTV_API int linux_tv_Factory_restoreColorTemp(void);
  * @param colorTemp Colour temperature as the service numbers it.
  * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
  * failure.
- * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
+ * @return 0; -1 when the service or the link fails or there is no text, and for null, with nothing sent.
  */
 KELUTV_API int getAutoColorTempDebugInfo(int colorTemp, char* pStr);
 
@@ -172,7 +172,7 @@ KELUTV_API int linux_tv_Factory_getPQBinVersion(char* pPQBinVersion);
  * Sends a control code to the picture processing.
  * @param cmdID Control code, one of `KELU_TV_PQ_IOCTL_CMD_E`.
  * @param pParm Not used; may be null.
- * @return 0; -1 when the service or the link fails.
+ * @return 0; -1, with "pqIoCtl error" on standard error, for any other result of the service and when the link fails.
  */
 KELUTV_API int linux_tv_Factory_pqIoCtl(KELU_TV_PQ_IOCTL_CMD_E cmdID, void* pParm);
 
@@ -329,7 +329,7 @@ KELUTV_API int linux_tv_Factory_setDdrSpreadFreq(int freq);
 
 /**
  * Reads the gamma curve.
- * @return The curve; -1 when the service or the link fails.
+ * @return The curve as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getGamma(void);
 
@@ -368,7 +368,7 @@ KELUTV_API int linux_tv_Factory_setPanelIndex(int index);
 
 /**
  * Reads how the picture is flipped and mirrored.
- * @return The flip; -1 when the service or the link fails.
+ * @return The flip as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getPanelFlipMirror(void);
 
@@ -395,7 +395,7 @@ KELUTV_API int linux_tv_Factory_setIChipTestPattern(int pattern);
 
 /**
  * Reads the highest duty of the backlight.
- * @return The upper end; -1 when the service or the link fails.
+ * @return The duty; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getBackLightPwmMax(void);
 
@@ -408,7 +408,7 @@ KELUTV_API int linux_tv_Factory_setBackLightPwmMax(int pwmMax);
 
 /**
  * Reads the lowest duty of the backlight.
- * @return The lower end; -1 when the service or the link fails.
+ * @return The duty; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getBackLightPwmMin(void);
 
@@ -421,7 +421,7 @@ KELUTV_API int linux_tv_Factory_setBackLightPwmMin(int pwmMin);
 
 /**
  * Reads the delta value of the dream panel.
- * @return The offset; -1 when the service or the link fails.
+ * @return The delta value; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getDreamPanelDeltaValue(void);
 
@@ -727,7 +727,7 @@ KELUTV_API int linux_tv_Factory_setFactoryItemStrValue(int cmdID, int param1, in
  * @param param1,param2 What the item defines.
  * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
  * failure.
- * @return 0; -1 when the service or the link fails, and for a null `pStr`, with nothing sent.
+ * @return 0; -1 when the service or the link fails or there is no text, and for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getFactoryItemStrValue(int cmdID, int param1, int param2, char* pStr);
 
@@ -1158,7 +1158,8 @@ KELUTV_API int linux_tv_Factory_getBurnKeyStatus(int* pBuf);
  * @param str The data, a text.
  * @param retSnData Receives the serial number, terminator included, and must have room for all the service sends;
  * untouched on failure.
- * @return 0; -1 when the service or the link fails, and for a null `str` or `retSnData`, with nothing sent.
+ * @return 0; -1 when the service or the link fails or there is no serial number, and for a null `str` or `retSnData`,
+ * with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_setStbOtpBurn(int CaCardKind, const char* str, char* retSnData);
 
@@ -1261,7 +1262,7 @@ KELUTV_API int linux_tv_Factory_isSupportEOC(void);
 
 /**
  * Reads the mode of the device.
- * @return The mode; -1 when the service or the link fails.
+ * @return The mode as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getDeviceMode(void);
 
@@ -1287,7 +1288,7 @@ KELUTV_API int linux_tv_Factory_isSupportExternChip(int chipType);
 
 /**
  * Reads the test pattern of the laser projector.
- * @return The pattern; -1 when the service or the link fails.
+ * @return The pattern as the service numbers it; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getLaserTVTestPattern(void);
 
@@ -1423,7 +1424,8 @@ KELUTV_API int linux_tv_Factory_setNTPQItemValue(int channel, int cmdId, int val
  * Reads the version of the external picture chip.
  * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
  * failure and when there is no text.
- * @return 0; -1 when the service or the link fails, and for a null `pStr`, with nothing sent.
+ * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `pStr`, with nothing
+ * sent.
  */
 KELUTV_API int linux_tv_Factory_getNTPQPlatFormVer(char* pStr);
 
@@ -1440,7 +1442,7 @@ KELUTV_API int linux_tv_Factory_upgradeNTPQIC(int chipId, const char* path);
  * @param mainCmd Main command as the chip numbers it.
  * @param subCmd Subordinate command as the chip numbers it.
  * @param value Value of the command.
- * @return The value; -1 when the service or the link fails.
+ * @return The answer; -1 when the service or the link fails.
  */
 KELUTV_API int linux_tv_Factory_getNT72315Command(int mainCmd, int subCmd, int value);
 
@@ -1457,7 +1459,8 @@ KELUTV_API int linux_tv_Factory_setNT72315Command(int mainCmd, int subCmd, int v
  * Reads the version of the EP9169 chip.
  * @param pVersion Receives the text, terminator included, and must have room for all the service sends; untouched on
  * failure and when there is no text.
- * @return 0; -1 when the service or the link fails, and for a null `pVersion`, with nothing sent.
+ * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `pVersion`, with nothing
+ * sent.
  */
 KELUTV_API int linux_tv_Factory_getEP9169PlatFormVer(char* pVersion);
 

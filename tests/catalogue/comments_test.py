@@ -45,6 +45,17 @@ class Comments(CatalogueTest):
             complaint,
         )
 
+    def test_two_comments_on_one_result(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "The level.", "0; -1 when the lamp is out.")
+        self.comment_function("One of `LAMP_E`.", "The level.", "The old level; -1 when the lamp is out.")
+        [complaint] = self.said()
+        self.assertIn("comments differ on the result of linux_tv_Lamp_setLevel, 'The old level; -1 when", complaint)
+
+    def test_each_layer_has_failures_of_its_own(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "The level.", "0; -1 when the lamp is out.")
+        self.comment_function("One of `LAMP_E`.", "The level.", "0; -1 when the lamp is out or gone.")
+        self.assertEqual(self.said(), [])
+
     def test_each_layer_speaks_of_null_for_itself(self) -> None:
         self.comment_method("One of `LAMP_E`.", "The level. Must not be null.")
         self.comment_function("One of `LAMP_E`.", "The level; null is refused.")
