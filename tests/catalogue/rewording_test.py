@@ -12,15 +12,15 @@ from collections.abc import Callable
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-FOLDERS = ["catalogue", "wire", "tools/kelutv", "tests/client/wire", "tests/simulator"]
+FOLDERS = ["catalogue", "wire/generator", "tests/client/wire", "tests/simulator"]
 sys.path[:0] = [str(ROOT / folder) for folder in FOLDERS]
 
 import catalogue  # noqa: E402
-import generate_functions  # noqa: E402
-import generate_interface  # noqa: E402
+import generate  # noqa: E402
 import generate_pairs  # noqa: E402
+import generate_wire_table  # noqa: E402
+import program  # noqa: E402
 import reference  # noqa: E402
-from generate import WireTable, write_tables  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 
 COMMENT = re.compile(r"/\*.*?\*/|//[^\n]*", re.S)
@@ -84,13 +84,9 @@ class Rewording(unittest.TestCase):
         written = cls.folder / f"made of {name}"
         written.mkdir()
         options = ["--catalogue", str(ROOT / "catalogue"), "--include", str(include)]
-        codes = [
-            generate_functions.main([*options, str(written), "functions_"]),
-            generate_interface.main([*options, str(written / "interface.cpp")]),
-            write_tables("", WireTable, [*options, str(written), "wire_"]),
-            write_tables("", generate_pairs.PairTable, [*options, str(written), "pairs_"]),
-            reference.main([*options, str(written / "reference.txt")]),
-        ]
+        generators = (generate, generate_wire_table, generate_pairs)
+        codes = [program.run("", each.sources, [*options, str(written)]) for each in generators]
+        codes.append(reference.main([*options, str(written / "reference.txt")]))
         if any(codes):
             raise AssertionError(f"a generator refuses {name}")
         exports = catalogue.expected_exports(read_catalogue(ROOT / "catalogue", include))

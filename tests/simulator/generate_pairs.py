@@ -8,13 +8,15 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(ROOT / "catalogue"), str(ROOT / "tests" / "client" / "wire")]
+sys.path[:0] = [str(ROOT / folder) for folder in ("catalogue", "wire/generator", "tests/client/wire")]
 
 from arguments import Call, Value, build_calls  # noqa: E402
 from cells import record_leaves  # noqa: E402
-from generate import Source, text_literal, write_tables  # noqa: E402
+from cxx import row, text  # noqa: E402
+from generate_wire_table import TestRows, per_module  # noqa: E402
 from model import Catalogue, Module, Operand, Operation, ReplyField, State  # noqa: E402
 from outcomes import ITEM_COUNT, Outcomes  # noqa: E402
+from program import run  # noqa: E402
 
 BLOCKS = ("ints", "doubles")
 
@@ -107,7 +109,7 @@ class PairTable:
     def __init__(self, catalogue: Catalogue, module: Module):
         self.headers = catalogue.headers
         self.module = module
-        self.source = Source(catalogue, module)
+        self.rows = TestRows(catalogue, module)
 
     def _add_pairs(self) -> None:
         operations = [op for op in self.module.operations if rule_of(op)]
@@ -128,8 +130,8 @@ class PairTable:
         steps = [self._step(setter, call, outcome) for call in calls]
         steps += steps[:1] if len(steps) > 1 else []
         name = f"{setter.name}_then_{getter.name}".replace("::", "_")
-        get = self.source.call_function(getter, get_call)
-        self.source.rows.append(f'{{"{name}", {self.source.table("Step", steps)}, {get}}}')
+        get = self.rows.call_function(getter, get_call)
+        self.rows.all.append(row([text(name), self.rows.arrays.name("Step", steps), get]))
 
     @staticmethod
     def _agree(setter: Operation, calls: list[Call], getter: Operation, get_call: Call) -> bool:
@@ -143,14 +145,14 @@ class PairTable:
 
     def _step(self, setter: Operation, call: Call, outcome: StoredOutcome) -> str:
         shown = outcome.shown(operand_values(setter, rule_of(setter).values, call))
-        return f"{{{self.source.call_function(setter, call)}, {text_literal(shown)}}}"
+        return row([self.rows.call_function(setter, call), text(shown)])
 
-    def text(self) -> str:
+    def source(self) -> str:
         self._add_pairs()
-        if not self.source.rows:
-            return "// Generated from the catalogue: no state of this module is both set and read.\n"
-        return self.source.text("Pair", ["simulator/Pairs.h"])
+        return self.rows.source("Pair", "simulator/Pairs.h")
 
+
+sources = per_module("pairs_", lambda catalogue, module: PairTable(catalogue, module).source())
 
 if __name__ == "__main__":
-    sys.exit(write_tables(__doc__, PairTable))
+    sys.exit(run(__doc__, sources))

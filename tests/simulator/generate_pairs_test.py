@@ -9,7 +9,7 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(ROOT / "tests" / "catalogue"), str(ROOT / "tests" / "simulator")]
+sys.path[:0] = [str(ROOT / folder) for folder in ("tests/catalogue", "wire/generator", "tests/simulator")]
 
 from generate_pairs import PairTable  # noqa: E402
 from torch_fixture import TorchTest  # noqa: E402
@@ -20,7 +20,7 @@ UNTOUCHED = "1515870810*"
 class GeneratePairs(TorchTest):
     def text(self, module: str = "torch") -> str:
         catalogue = self.read()
-        return PairTable(catalogue, catalogue.module(module)).text()
+        return PairTable(catalogue, catalogue.module(module)).source()
 
     def pairs(self, module: str = "torch") -> list[str]:
         return re.findall(r'^    \{"(\w+_then_\w+)", ', self.text(module), re.M)

@@ -7,6 +7,8 @@ from dataclasses import dataclass, field
 from cells import pointee, record_leaves
 from headers import Headers, Parameter, Signature
 from model import Operation, ValueSet
+from program import GenerationError
+from tables import Place
 
 UNTOUCHED_INT = 0x5A5A5A5A
 UNTOUCHED_DOUBLE = -0.5
@@ -47,6 +49,7 @@ class CallBuilder:
     """Gives every parameter a marker; flags alternate, starting with `first_flag`."""
 
     def __init__(self, operation: Operation, headers: Headers, first_flag: bool):
+        self.place: Place = operation.place
         self.signature: Signature = operation.signature
         self.values: dict[str, ValueSet] = operation.values
         self.headers = headers
@@ -95,7 +98,7 @@ class CallBuilder:
             return f"{number}U"
         if type_name in self.headers.enumerations:
             return f"static_cast<{type_name}>({number})"
-        raise ValueError(f"{self.signature.name}: no marker for an argument of type {type_name}")
+        raise GenerationError(self.place, f"there is no marker for an argument of type {type_name}")
 
     def _add_scalar(self, parameter: Parameter, marker: int) -> None:
         number = self._number(parameter.name, parameter.type, marker)

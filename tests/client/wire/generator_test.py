@@ -9,12 +9,13 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[3]
-sys.path[:0] = [str(ROOT / "tests" / "catalogue"), str(Path(__file__).resolve().parent)]
+FOLDERS = ["tests/catalogue", "wire/generator", "tests/client/wire"]
+sys.path[:0] = [str(ROOT / folder) for folder in FOLDERS]
 
 from torch_fixture import TorchTest  # noqa: E402
 
 from arguments import build_calls  # noqa: E402
-from generate import Source, WireTable, sends_one_request  # noqa: E402
+from generate_wire_table import TestRows, WireTable, sends_one_request  # noqa: E402
 from outcomes import Outcomes, request_payload  # noqa: E402
 
 UNTOUCHED = "1515870810*"
@@ -143,9 +144,9 @@ class Layers(GeneratorTest):
 class Sources(GeneratorTest):
     def body(self, name: str) -> str:
         self.prepare(name)
-        source = Source(self.catalogue, self.catalogue.module(self.operation.module))
-        source.call_function(self.operation, self.call)
-        return next(iter(source.calls))
+        rows = TestRows(self.catalogue, self.catalogue.module(self.operation.module))
+        rows.call_function(self.operation, self.call)
+        return next(iter(rows.calls))
 
     def test_a_constructed_object_is_made_for_the_call(self) -> None:
         self.assertIn("Torch().setGain(11.25)", self.body("Torch::setGain"))
@@ -169,8 +170,8 @@ class Sources(GeneratorTest):
 
     def test_every_operation_that_sends_has_a_row(self) -> None:
         table = WireTable(self.catalogue, self.catalogue.module("torch"))
-        text = table.text()
-        self.assertEqual(len(table.source.rows), 25)
+        text = table.source()
+        self.assertEqual(len(table.rows.all), 25)
         self.assertIn('{"Torch_isOpen_true", ', text)
         self.assertIn('{"Torch_isOpen_false", ', text)
 

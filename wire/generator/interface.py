@@ -1,21 +1,11 @@
-#!/usr/bin/env python3
-"""Writes the table of commands: what every one of them carries, and what it does to the state of a television."""
+"""The tables of commands, items and states: what every request carries, and what it does to a television's state."""
 
 from __future__ import annotations
 
-import argparse
-import json
-import sys
-from pathlib import Path
-
-ROOT = Path(__file__).resolve().parent.parent
-sys.path.insert(0, str(ROOT / "catalogue"))
-
-from cells import record_leaves  # noqa: E402
-from folders import add_folder_options, read_named_catalogue  # noqa: E402
-from model import Catalogue, Function, Method, Operand, Operation  # noqa: E402
-from model import Reply, ReplyField, State, ValueSet, WireItem  # noqa: E402
-from tables import CatalogueError  # noqa: E402
+from cells import record_leaves
+from cxx import Arrays, array, boolean, includes, row, source, text
+from model import Catalogue, Function, Method, Operand, Operation, Reply, ReplyField, State, ValueSet, WireItem
+from program import GenerationError
 
 ENCODINGS = {
     "int32": "Int32",
@@ -42,33 +32,18 @@ REST = -1
 COUNT_OF_REST = -2
 
 
-class GenerationError(Exception):
-    """Why there is no table."""
-
-
-def text(value: str) -> str:
-    return json.dumps(value)
-
-
 def state_key(operation: Operation, state: State) -> str:
     return f"{operation.method.module}.{state.name}"
 
 
-class TableWriter:
+class InterfaceTables:
     def __init__(self, catalogue: Catalogue):
         self.catalogue = catalogue
         self.headers = catalogue.headers
         self.kept = [op for op in catalogue.operations if op.state]
         self.states = sorted({state_key(op, op.state) for op in self.kept})
         self.enumerations: dict[str, str] = {}
-        self.arrays: dict[str, str] = {}
-
-    def _array(self, row_type: str, rows: list[str]) -> str:
-        """The name of a table with these rows; equal tables are written once."""
-        if not rows:
-            return "{}"
-        body = f"constexpr {row_type} %s[] = {{{', '.join(rows)}}};"
-        return self.arrays.setdefault(body, f"k{row_type}s{len(self.arrays)}")
+        self.arrays = Arrays()
 
     def _names(self, type_name: str, values: ValueSet | None) -> str:
         enumeration = values.enumeration if values and values.enumeration else type_name
@@ -85,8 +60,8 @@ class TableWriter:
             values = (operation if item.literal is None else method).values.get(named.source.lstrip("*"))
             names = self._names(named.type, values)
             length = self._length_item(operation, item)
-            rows.append(f"{{Encoding::{ENCODINGS[item.kind]}, {text(named.source)}, {names}, {length}}}")
-        return self._array("RequestItem", rows)
+            rows.append(row([f"Encoding::{ENCODINGS[item.kind]}", text(named.source), names, str(length)]))
+        return self.arrays.name("RequestItem", rows)
 
     @staticmethod
     def _length_item(operation: Operation, item: WireItem) -> int:
@@ -95,7 +70,7 @@ class TableWriter:
         if item.length in sources:
             return sources.index(item.length)
         if item.length and item is not operation.request[-1]:
-            raise GenerationError(f"{operation.place}: {item.source} is not the last item and its length is not sent")
+            raise GenerationError(operation.place, f"{item.source} is not the last item and its length is not sent")
         return REST
 
     def _reply_field(self, field: ReplyField, values: dict[str, ValueSet], leads: bool) -> list[str]:
@@ -118,11 +93,11 @@ class TableWriter:
             reply = Reply("parcel", (ReplyField("int", "value"),))
         counts = {field.count for field in reply.fields}
         rows = [self._reply_field(field, values, field.name in counts) for field in reply.fields]
-        return self._array("ReplyField", [row for leaves in rows for row in leaves])
+        return self.arrays.name("ReplyField", [leaf for leaves in rows for leaf in leaves])
 
     def _operands(self, operands: tuple[Operand, ...]) -> str:
         rows = [f"{{{op.index}, 0}}" if op.literal is None else f"{{-1, {op.literal}}}" for op in operands]
-        return self._array("Operand", rows)
+        return self.arrays.name("Operand", rows)
 
     def _rule(self, operation: Operation) -> str:
         state = operation.state
@@ -141,11 +116,10 @@ class TableWriter:
     def _commands(self) -> list[str]:
         rows: dict[int, tuple[str, Method]] = {}
         for method in self.catalogue.methods:
-            operation, has_items = self._operation(method), str(method.items).lower()
-            row = f"{{{text(method.command)}, {operation}, 0x{method.value:X}, {has_items}}}"
-            known = rows.setdefault(method.value, (row, method))
-            if known[0] != row:
-                raise GenerationError(f"{method.place}: {method.command} differs from its row at {known[1].place}")
+            cells = row([text(method.command), self._operation(method), f"0x{method.value:X}", boolean(method.items)])
+            known = rows.setdefault(method.value, (cells, method))
+            if known[0] != cells:
+                raise GenerationError(method.place, f"{method.command} differs from its row at {known[1].place}")
         return [rows[value][0] for value in sorted(rows)]
 
     def _items(self) -> list[str]:
@@ -155,7 +129,7 @@ class TableWriter:
             key = (call.method.value, call.item_value)
             known = calls.setdefault(key, call)
             if known.state and call.state and self._rule(known) != self._rule(call):
-                raise GenerationError(f"{call.place}: {call.item} differs from its row at {known.place}")
+                raise GenerationError(call.place, f"{call.item} differs from its row at {known.place}")
             if call.state and not known.state:
                 calls[key] = call
         return [f"{{0x{key[0]:X}, {key[1]}, {self._operation(calls[key])}}}" for key in sorted(calls)]
@@ -167,13 +141,13 @@ class TableWriter:
             name = state_key(operation, operation.state)
             held = [self._held_by(operation, key) for key in operation.state.keys]
             if keys.setdefault(name, held) != held:
-                raise GenerationError(f"{operation.place}: {name} has other keys elsewhere")
+                raise GenerationError(operation.place, f"{name} has other keys elsewhere")
             values[name] |= self._values_of(operation)
         return [self._state_row(name, values[name], keys[name]) for name in self.states]
 
     def _state_row(self, name: str, values: set[str], keys: list[str]) -> str:
         held = f"Holds::{values.pop()}" if len(values) == 1 else "Holds::Anything"
-        rows = self._array("Holds", [f"Holds::{key}" for key in keys])
+        rows = self.arrays.name("Holds", [f"Holds::{key}" for key in keys])
         return f"{{{text(name)}, {text(name.split('.')[0])}, {held}, {rows}}}"
 
     @staticmethod
@@ -202,7 +176,7 @@ class TableWriter:
 
     @staticmethod
     def _enumerator(name: str, value: int) -> str:
-        return f"{{{text(name)}, {value}, {str(name.endswith('_BUTT')).lower()}}}"
+        return f"{{{text(name)}, {value}, {boolean(name.endswith('_BUTT'))}}}"
 
     def _enumeration_lines(self) -> list[str]:
         lines = []
@@ -213,46 +187,23 @@ class TableWriter:
             lines.append(f"constexpr Enumeration {constant} = {{{text(name)}, {constant}Values}};")
         return lines
 
-    def write(self) -> str:
+    def source(self) -> str:
         states, commands, items = self._state_rows(), self._commands(), self._items()
-        return "\n".join(
-            [
-                "// Generated from the catalogue.",
-                '#include "wire/Interface.h"\n',
-                "namespace kelutv::wire {\n\nnamespace {\n",
-                *self._enumeration_lines(),
-                self._table("Enumerator kEnumerators", self._enumerator_rows()),
-                *(body % name for body, name in self.arrays.items()),
-                self._table("StateSlot kStates", states),
-                self._table("Command kCommands", commands),
-                self._table("Item kItems", items),
-                "\n} // namespace\n",
+        return source(
+            includes(["wire/Interface.h"]),
+            "kelutv::wire",
+            shown=[
                 "Rows<Command> allCommands() { return kCommands; }",
                 "Rows<Item> allItems() { return kItems; }",
                 "Rows<StateSlot> allStates() { return kStates; }",
                 "Rows<Enumerator> allEnumerators() { return kEnumerators; }",
-                "\n} // namespace kelutv::wire\n",
-            ]
+            ],
+            hidden=[
+                *self._enumeration_lines(),
+                array("constexpr Enumerator kEnumerators", self._enumerator_rows()),
+                *self.arrays.definitions(),
+                array("constexpr StateSlot kStates", states),
+                array("constexpr Command kCommands", commands),
+                array("constexpr Item kItems", items),
+            ],
         )
-
-    @staticmethod
-    def _table(name: str, rows: list[str]) -> str:
-        return f"constexpr {name}[] = {{\n    " + ",\n    ".join(rows) + ",\n};"
-
-
-def main(argv: list[str] | None = None) -> int:
-    parser = argparse.ArgumentParser(description=__doc__)
-    add_folder_options(parser)
-    parser.add_argument("output", type=Path, help="the C++ source to write")
-    arguments = parser.parse_args(argv)
-    try:
-        catalogue = read_named_catalogue(arguments)
-        arguments.output.write_text(TableWriter(catalogue).write(), encoding="utf-8")
-    except (CatalogueError, GenerationError) as error:
-        print(error, file=sys.stderr)
-        return 1
-    return 0
-
-
-if __name__ == "__main__":
-    sys.exit(main())

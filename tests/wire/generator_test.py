@@ -1,4 +1,4 @@
-"""What the generator of the command table makes of good and bad catalogues."""
+"""What the generator makes of good and bad catalogues."""
 
 from __future__ import annotations
 
@@ -10,25 +10,32 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(ROOT / "wire"), str(ROOT / "tests" / "catalogue")]
+sys.path[:0] = [str(ROOT / folder) for folder in ("wire/generator", "tests/catalogue")]
 
-import generate_interface  # noqa: E402
+import generate  # noqa: E402
+from interface import InterfaceTables  # noqa: E402
+from program import GenerationError  # noqa: E402
 from torch_fixture import TorchTest  # noqa: E402
 
 
-class GenerateInterface(TorchTest):
+class Generate(TorchTest):
+    def setUp(self) -> None:
+        super().setUp()
+        self.written = self.folder / "written"
+
     def generate(self) -> tuple[int, str]:
         """The exit code and what stands on standard error."""
         folders = ["--catalogue", str(self.folder / "catalogue"), "--include", str(self.folder / "include")]
+        self.written.mkdir()
         errors = io.StringIO()
         with contextlib.redirect_stderr(errors):
-            return generate_interface.main([*folders, str(self.folder / "table.cpp")]), errors.getvalue()
+            return generate.main([*folders, str(self.written)]), errors.getvalue()
 
     def test_writes_every_command_in_ascending_order(self) -> None:
         self.change_torch("CMD_TORCH_SETTEXT | 0x2000", "CMD_TORCH_SETTEXT | 0x3000")
         self.change("CMD_TORCH_SETTEXT = 0x2000", "CMD_TORCH_SETTEXT = 0x3000", "include/kelutv/commands.h")
         self.assertEqual(self.generate(), (0, ""))
-        table = (self.folder / "table.cpp").read_text(encoding="utf-8")
+        table = (self.written / "interface.cpp").read_text(encoding="utf-8")
         rows = table[table.index("kCommands[]") : table.index("kItems[]")]
         values = [int(value, 16) for value in re.findall(r", (0x[0-9A-F]+), (?:true|false)}", rows)]
         self.assertEqual(values, [*range(0x1000, 0x1007), *range(0x2001, 0x200C), 0x3000])
@@ -39,14 +46,14 @@ class GenerateInterface(TorchTest):
         place = self.folder / "catalogue/torch.md"
         self.assertEqual(code, 1)
         self.assertIn(f"{place}:{line}: value '2000' is not hexadecimal in the form 0x2008\n", errors)
-        self.assertFalse((self.folder / "table.cpp").exists())
+        self.assertEqual(list(self.written.iterdir()), [])
 
 
 class Shapes(TorchTest):
     """What the rows of a small catalogue come to."""
 
     def table(self) -> str:
-        return generate_interface.TableWriter(self.read()).write()
+        return InterfaceTables(self.read()).source()
 
     def rows(self, name: str) -> list[str]:
         table = self.table()
@@ -55,7 +62,7 @@ class Shapes(TorchTest):
     def reply_of(self, command: str) -> str:
         (row,) = [row for row in self.rows("Command kCommands") if f'"{command}"' in row]
         (name,) = re.findall(r"kReplyField\w+", row)
-        return re.search(rf"ReplyField {name}\[\] = \{{(.*)\}};", self.table())[1]
+        return " ".join(re.search(rf"ReplyField {name}\[\] = \{{(.*?)\n\}};", self.table(), re.S)[1].split()).rstrip(",")
 
     def test_composed_methods_add_no_commands(self) -> None:
         self.assertEqual(len(self.rows("Command kCommands")), 19)
@@ -66,9 +73,9 @@ class Shapes(TorchTest):
 
     def test_rows_of_an_item_may_differ_in_names_but_not_in_what_is_kept(self) -> None:
         self.change_torch("timer[LAMP_LEFT]", "timer[0]")
-        writer = generate_interface.TableWriter(self.read())
-        with self.assertRaisesRegex(generate_interface.GenerationError, "CMDID_LAMP_GET_TIMER differs from its row at"):
-            writer.write()
+        tables = InterfaceTables(self.read())
+        with self.assertRaisesRegex(GenerationError, "CMDID_LAMP_GET_TIMER differs from its row at"):
+            tables.source()
 
     def test_a_count_leads_what_is_left(self) -> None:
         fields = self.reply_of("CMD_TORCH_GETPOINTS")

@@ -3,31 +3,19 @@
 
 from __future__ import annotations
 
-import argparse
 import sys
+from collections.abc import Callable
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[3]
-sys.path.insert(0, str(ROOT / "catalogue"))
+sys.path[:0] = [str(ROOT / "catalogue"), str(ROOT / "wire" / "generator")]
 
 from arguments import Call, build_calls  # noqa: E402
 from calls import COMPUTED  # noqa: E402
-from folders import add_folder_options, read_named_catalogue  # noqa: E402
+from cxx import Arrays, array, boolean, bytes_view, includes, row, source, text, text_or_null  # noqa: E402
 from model import Catalogue, Method, Module, Operation  # noqa: E402
 from outcomes import Outcomes, request_payload  # noqa: E402
-from tables import CatalogueError  # noqa: E402
-
-
-def bytes_literal(data: bytes) -> str:
-    """A string view literal, four bytes to a group."""
-    groups = [data[i : i + 4] for i in range(0, len(data), 4)] or [b""]
-    return " ".join('"' + "".join(f"\\x{byte:02x}" for byte in group) + '"' for group in groups) + "sv"
-
-
-def text_literal(text: str | None) -> str:
-    if text is None:
-        return "nullptr"
-    return '"' + text.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n") + '"'
+from program import Sources, run  # noqa: E402
 
 
 def sends_one_request(operation: Operation) -> bool:
@@ -39,15 +27,15 @@ def sends_one_request(operation: Operation) -> bool:
     return operation.command is not None
 
 
-class Source:
-    """The C++ source of one module in the making: the calls, and the tables that name them."""
+class TestRows:
+    """The rows of one module in the making: the calls, and the arrays that name them."""
 
     def __init__(self, catalogue: Catalogue, module: Module):
         self.catalogue = catalogue
         self.module = module
         self.calls: dict[str, str] = {}
-        self.tables: dict[str, str] = {}
-        self.rows: list[str] = []
+        self.arrays = Arrays()
+        self.all: list[str] = []
 
     def _target(self, operation: Operation) -> str:
         if operation.owner is None:
@@ -76,28 +64,22 @@ class Source:
         body = f"void %s(Observed& observed, {null}) {{\n" + "\n".join(f"    {line}" for line in lines) + "\n}"
         return self.calls.setdefault(body, f"call{len(self.calls)}")
 
-    def table(self, row_type: str, rows: list[str]) -> str:
-        """The name of a table with these rows; equal tables are written once."""
-        if not rows:
-            return "{}"
-        body = f"constexpr {row_type} %s[] = {{\n" + "\n".join(f"    {row}," for row in rows) + "\n};"
-        return self.tables.setdefault(body, f"kTable{len(self.tables)}")
-
-    def text(self, row_type: str, includes: list[str]) -> str:
+    def source(self, row_type: str, header: str) -> str:
         """The whole source: the rows are offered as the module's."""
+        if not self.all:
+            return f"// Generated from the catalogue: nothing of module {self.module.name} is tested here.\n"
         headers = [header for header in (self.module.header, self.module.c_header) if header]
-        rows = "\n".join(f"    {row}," for row in self.rows)
-        return "\n\n".join(
-            [
-                "// Generated from the catalogue.\n" + "\n".join(f"#include <{header}>" for header in headers),
-                "\n".join(f'#include "{include}"' for include in includes),
-                "namespace kelutv::test {\n\nusing namespace std::string_view_literals;\n\nnamespace {",
-                *(body % name for body, name in self.calls.items()),
-                *(body % name for body, name in self.tables.items()),
-                f"constexpr {row_type} kRows[] = {{\n{rows}\n}};",
+        return source(
+            includes([header], headers),
+            "kelutv::test",
+            shown=[],
+            hidden=[
+                "using namespace std::string_view_literals;",
+                *(body.replace("%s", name, 1) for body, name in self.calls.items()),
+                *self.arrays.definitions(),
+                array(f"constexpr {row_type} kRows", self.all),
                 f"const Offered<{row_type}> offered(kRows);",
-                "} // namespace\n\n} // namespace kelutv::test\n",
-            ]
+            ],
         )
 
 
@@ -107,7 +89,7 @@ class WireTable:
     def __init__(self, catalogue: Catalogue, module: Module):
         self.catalogue = catalogue
         self.module = module
-        self.source = Source(catalogue, module)
+        self.rows = TestRows(catalogue, module)
 
     @staticmethod
     def _is_numbers_only(operation: Operation, call: Call) -> bool:
@@ -116,66 +98,49 @@ class WireTable:
         return not call.setup and not texts and operation.method.reply.shape != "parcel"
 
     def _answers(self, outcomes: Outcomes) -> str:
-        cells = ([bytes_literal(o.reply), text_literal(o.observed), text_literal(o.log)] for o in outcomes.answers())
-        return self.source.table("Answer", [f"{{{', '.join(row)}}}" for row in cells])
+        cells = ([bytes_view(o.reply), text_or_null(o.observed), text_or_null(o.log)] for o in outcomes.answers())
+        return self.rows.arrays.name("Answer", [row(each) for each in cells])
 
     def _refusals(self, operation: Operation, outcomes: Outcomes) -> str:
         rows = []
         for refusal in operation.refusals:
             outcome = outcomes.refused(refusal)
-            rows.append(f'{{"{refusal.parameter}", {text_literal(outcome.observed)}, {text_literal(outcome.log)}}}')
-        return self.source.table("RefusedNull", rows)
+            rows.append(row([text(refusal.parameter), text_or_null(outcome.observed), text_or_null(outcome.log)]))
+        return self.rows.arrays.name("RefusedNull", rows)
 
     def _add(self, operation: Operation, call: Call) -> None:
         outcomes = Outcomes(operation, self.catalogue.headers, call)
         failure = outcomes.failure()
         name = "_".join([operation.name.replace("::", "_"), *("true" if flag else "false" for flag in call.flags)])
         cells = [
-            text_literal(name),
-            self.source.call_function(operation, call),
+            text(name),
+            self.rows.call_function(operation, call),
             f"0x{operation.method.value:04X}",
-            bytes_literal(request_payload(operation.request, call)),
+            bytes_view(request_payload(operation.request, call)),
             self._answers(outcomes),
             self._refusals(operation, outcomes),
-            text_literal(failure.observed),
-            text_literal(failure.log),
-            str(self._is_numbers_only(operation, call)).lower(),
+            text_or_null(failure.observed),
+            text_or_null(failure.log),
+            boolean(self._is_numbers_only(operation, call)),
         ]
-        self.source.rows.append(f"{{{', '.join(cells)}}}")
+        self.rows.all.append(row(cells))
 
-    def text(self) -> str:
+    def source(self) -> str:
         for operation in self.module.operations:
             if sends_one_request(operation):
                 for call in build_calls(operation, self.catalogue.headers):
                     self._add(operation, call)
-        if not self.source.rows:
-            return "// Generated from the catalogue: no operation of this module sends anything.\n"
-        return self.source.text("WireOperation", ["client/wire/WireTable.h"])
+        return self.rows.source("WireOperation", "client/wire/WireTable.h")
 
 
-def write_if_changed(path: Path, text: str) -> None:
-    """Leaves an equal file alone, so that nothing that is made of it is made again."""
-    if not path.exists() or path.read_text(encoding="utf-8") != text:
-        path.write_text(text, encoding="utf-8")
+def per_module(prefix: str, text_of: Callable[[Catalogue, Module], str]) -> Sources:
+    """One source for each module, `<prefix><module>.cpp`."""
+    return lambda catalogue, _: {
+        f"{prefix}{module.name}.cpp": text_of(catalogue, module) for module in catalogue.modules
+    }
 
 
-def write_tables(description: str, table: type, argv: list[str] | None = None) -> int:
-    """The command line `FOLDER PREFIX` with the options for folders: writes PREFIX<module>.cpp for every module."""
-    parser = argparse.ArgumentParser(description=description)
-    add_folder_options(parser)
-    parser.add_argument("folder", type=Path, help="where to write")
-    parser.add_argument("prefix", help="what the names of the sources begin with")
-    arguments = parser.parse_args(argv)
-    try:
-        catalogue = read_named_catalogue(arguments)
-        for module in catalogue.modules:
-            text = table(catalogue, module).text()
-            write_if_changed(arguments.folder / f"{arguments.prefix}{module.name}.cpp", text)
-    except (CatalogueError, ValueError) as error:
-        print(error, file=sys.stderr)
-        return 1
-    return 0
-
+sources = per_module("wire_table_", lambda catalogue, module: WireTable(catalogue, module).source())
 
 if __name__ == "__main__":
-    sys.exit(write_tables(__doc__, WireTable))
+    sys.exit(run(__doc__, sources))
