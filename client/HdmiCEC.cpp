@@ -1,4 +1,4 @@
-#include "ReplyReaders.h"
+#include "Marshalling.h"
 
 #include <kelutv/HdmiCEC.h>
 #include <kelutv/commands.h>

@@ -1,4 +1,4 @@
-#include "ReplyReaders.h"
+#include "Marshalling.h"
 
 #include <kelutv/Picture.h>
 #include <kelutv/commands.h>

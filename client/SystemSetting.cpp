@@ -1,5 +1,5 @@
 #include "InterfaceToken.h"
-#include "ReplyReaders.h"
+#include "Marshalling.h"
 
 #include <kelutv/SystemSetting.h>
 #include <kelutv/commands.h>

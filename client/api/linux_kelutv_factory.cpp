@@ -1,4 +1,4 @@
-#include "ReplyReaders.h"
+#include "Marshalling.h"
 
 #include <kelutv/Factory.h>
 #include <kelutv/linux_kelutv_factory.h>

@@ -1,4 +1,4 @@
-#include "ReplyReaders.h"
+#include "Marshalling.h"
 
 #include <kelutv/items.h>
 #include <kelutv/linux_kelutv_factory.h>

@@ -1,5 +1,5 @@
+#include "Marshalling.h"
 #include "PictureModes.h"
-#include "ReplyReaders.h"
 
 #include <kelutv/Picture.h>
 #include <kelutv/items.h>

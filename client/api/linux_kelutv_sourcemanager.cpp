@@ -1,4 +1,4 @@
-#include "ReplyReaders.h"
+#include "Marshalling.h"
 
 #include <kelutv/SourceManager.h>
 #include <kelutv/linux_kelutv_sourcemanager.h>

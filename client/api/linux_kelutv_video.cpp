@@ -1,4 +1,4 @@
-#include "ReplyReaders.h"
+#include "Marshalling.h"
 
 #include <kelutv/SystemSetting.h>
 #include <kelutv/Video3D.h>
