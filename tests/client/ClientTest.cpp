@@ -1,4 +1,4 @@
-#include "ClientTest.h"
+#include "client/ClientTest.h"
 
 namespace kelutv::test {
 

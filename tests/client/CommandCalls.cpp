@@ -1,4 +1,4 @@
-#include "CommandCalls.h"
+#include "client/CommandCalls.h"
 
 #include <kelutv/link/TVBaseClient.h>
 

@@ -1,4 +1,4 @@
-#include "EventRecorder.h"
+#include "client/EventRecorder.h"
 
 #include "support/Deadline.h"
 
