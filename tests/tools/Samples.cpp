@@ -1,6 +1,6 @@
-#include "Samples.h"
+#include "tools/Samples.h"
 
-#include "tools/kelutv/Call.h"
+#include "tools/kelutv/calls/Call.h"
 
 namespace kelutv::test {
 

@@ -1,7 +1,7 @@
-#include "CommandLine.h"
+#include "tools/kelutv/CommandLine.h"
 
-#include "Commands.h"
-#include "Nearest.h"
+#include "tools/kelutv/Program.h"
+#include "tools/kelutv/text/Nearest.h"
 
 #include <cstdio>
 #include <exception>
@@ -48,7 +48,7 @@ Exit run(Parser& parser, const Context& context, std::vector<std::string> words)
 } // namespace
 
 Exit runCommandLine(std::vector<std::string> words) {
-    Context context;
+    Context context{runCommandLine};
     Parser parser = makeProgram(context);
     return run(parser, context, std::move(words));
 }

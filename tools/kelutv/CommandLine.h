@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Errors.h"
+#include "tools/kelutv/output/Errors.h"
 
 #include <string>
 #include <vector>

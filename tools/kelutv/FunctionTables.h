@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Function.h"
+#include "tools/kelutv/Function.h"
 
 #include <vector>
 

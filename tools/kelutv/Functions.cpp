@@ -1,7 +1,7 @@
-#include "Errors.h"
-#include "FunctionTables.h"
-#include "Nearest.h"
-#include "Words.h"
+#include "tools/kelutv/FunctionTables.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/Nearest.h"
+#include "tools/kelutv/text/Words.h"
 
 #include <fnmatch.h>
 

@@ -1,4 +1,4 @@
-#include "CommandLine.h"
+#include "tools/kelutv/CommandLine.h"
 
 #include <csignal>
 

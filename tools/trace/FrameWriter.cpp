@@ -1,4 +1,4 @@
-#include "FrameWriter.h"
+#include "tools/trace/FrameWriter.h"
 
 #include <sys/uio.h>
 

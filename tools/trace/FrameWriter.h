@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Frame.h"
+#include "tools/trace/Frame.h"
 
 #include <sys/types.h>
 

@@ -1,4 +1,4 @@
-#include "PipeSignal.h"
+#include "tools/trace/PipeSignal.h"
 
 #include <pthread.h>
 

@@ -1,7 +1,6 @@
-#include "FrameWriter.h"
-#include "PipeSignal.h"
-
-#include "tools/tap/Tap.h"
+#include "tools/interposition/Tap.h"
+#include "tools/trace/FrameWriter.h"
+#include "tools/trace/PipeSignal.h"
 
 #include <fcntl.h>
 #include <unistd.h>

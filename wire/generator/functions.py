@@ -183,7 +183,7 @@ class ModuleSource:
         rows = [self._row(operation, index) for index, operation in enumerate(operations)]
         headers = [header for header in (self.module.header, self.module.c_header) if header]
         return source(
-            includes(["tools/kelutv/CallFrame.h", "tools/kelutv/FunctionTables.h"], headers),
+            includes(["tools/kelutv/calls/CallFrame.h", "tools/kelutv/FunctionTables.h"], headers),
             "kelutv::tool",
             shown=[
                 f"Rows<Function> functionsOf_{self.module.name}();",

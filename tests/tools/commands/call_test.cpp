@@ -1,0 +1,243 @@
+#include "simulator/Simulator.h"
+#include "support/TestFolder.h"
+#include "tools/Tool.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+
+namespace kelutv::test {
+namespace {
+
+SimulatorEnvironment& environment = SimulatorEnvironment::install();
+
+std::string directory() { return std::getenv("KQDROID_RUNTIME_DIR"); }
+
+/** Runs a call that succeeds and gives what it prints. */
+std::string called(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "call");
+    const ToolRun run = runTool(std::move(arguments));
+    EXPECT_EQ(run.exit, 0) << run.error;
+    return run.output;
+}
+
+struct Wrong {
+    const char* name;
+    std::vector<std::string> arguments;
+    const char* message;
+};
+
+class WrongCall : public ::testing::TestWithParam<Wrong> {};
+
+TEST(Call, setsAndReadsBackByNames) {
+    EXPECT_EQ(called({"audio.setVolume", "speaker", "35"}), "result: 0\n");
+    EXPECT_EQ(called({"linux_tv_Audio_getVolume", "KELU_TV_AUDIO_CHANNEL_SPEAKER"}), "result: 35\n");
+    EXPECT_EQ(called({"audio.setVolume", "HEADPH", "0x10"}), "result: 0\n");
+    EXPECT_EQ(called({"audio.getVolume", "headphone"}), "result: 16\n");
+}
+
+TEST(Call, namesEnumeratedResults) {
+    EXPECT_EQ(called({"sourcemanager.selectSource", "hdmi2", "1"}), "result: 0\n");
+    EXPECT_EQ(called({"sourcemanager.getCurSourceId", "1"}), "result: 10 (hdmi2)\n");
+}
+
+TEST(Call, showsOutputs) {
+    EXPECT_EQ(called({"audio.setEQEnable", "off"}), "result: 0\n");
+    EXPECT_EQ(called({"audio.getEQEnable"}), "result: 0\npEnable: false\n");
+    EXPECT_EQ(called({"--json", "audio.getEQEnable"}),
+              "{\"function\":\"linux_tv_Audio_getEQEnable\",\"result\":0,\"outputs\":{\"pEnable\":false}}\n");
+    EXPECT_EQ(called({"factory.getMacAddress"}), "result: 0\npStr: \"02:00:00:12:34:56\"\n");
+    EXPECT_EQ(called({"factory.getSystemupTime"}), "result: 0\npBuf: [0, 3600]\n");
+}
+
+TEST(Call, takesAndShowsRecords) {
+    EXPECT_EQ(called({"factory.setOverscan", "x=1,width=3,height=0x4"}), "result: 0\n");
+    EXPECT_EQ(called({"factory.getOverscan"}), "result: 0\npRect: x=1 y=0 width=3 height=4\n");
+    EXPECT_EQ(called({"factory.getOverscan", "--json"}),
+              "{\"function\":\"linux_tv_Factory_getOverscan\",\"result\":0,"
+              "\"outputs\":{\"pRect\":{\"x\":1,\"y\":0,\"width\":3,\"height\":4}}}\n");
+}
+
+TEST(Call, showsARecordAsTheResult) {
+    EXPECT_EQ(called({"audio.setPreScale", "0", "integer=2,decimal=5"}), "result: 0\n");
+    EXPECT_EQ(called({"audio.getPreScale", "0"}), "result: integer=2 decimal=5\n");
+}
+
+TEST(Call, takesBlocksInEveryForm) {
+    const std::string file = directory() + "/block";
+    std::ofstream(file, std::ios::binary) << '\1' << '\2' << '\3';
+    for (const std::string& block :
+         {std::string("1,2,3"), std::string("[1, 2, 3]"), std::string("hex:010203"), '@' + file}) {
+        EXPECT_EQ(called({"eep.SetTVFlashEepMulti", "35328", "0,0,0", "3"}), "result: 0\n");
+        EXPECT_EQ(called({"eep.SetTVFlashEepMulti", "35328", block}), "result: 0\n");
+        EXPECT_EQ(called({"eep.GetTVFlashEepMulti", "35328", "3"}), "result: 0\npBuf: [1, 2, 3]\n");
+    }
+}
+
+TEST(Call, showsListsOfRecordsAndTexts) {
+    const std::string devices = called({"hdmicec.getDeviceListInfo", "--json"});
+    EXPECT_EQ(devices.find("{\"function\":\"linux_tv_HdmiCEC_getDeviceListInfo\",\"result\":0,"
+                           "\"outputs\":{\"deviceList\":[{\"logAddr\":4,"),
+              0U)
+        << devices;
+    const std::string sources = called({"sourcemanager.getSourceList"});
+    EXPECT_EQ(sources.find("result: 0\nlist: [0 (atv), "), 0U) << sources;
+}
+
+TEST(Call, keepsWhatTheLibraryPrintsOutOfTheData) {
+    const ToolRun run = runTool({"--json", "call", "picture.getPictureMode"});
+    EXPECT_EQ(run.output, "{\"function\":\"linux_tv_Picture_getPictureMode\",\"result\":0,\"outputs\":{}}\n");
+    EXPECT_NE(run.error.find("getPictureMode : pictureModeIndex = 0"), std::string::npos) << run.error;
+}
+
+TEST(Call, showsTheBytesOfTheWire) {
+    EXPECT_EQ(called({"audio.setVolume", "speaker", "35"}), "result: 0\n");
+    EXPECT_EQ(
+        called({"--wire", "audio.getVolume", "speaker"}),
+        "-> 000040001600000061006e00640072006f00690064002e004900540056004200610073006500530065007200760069006300650000"
+        "000000092000000000"
+        "0000\n<- 0000000023000000\nresult: 35\n");
+}
+
+TEST(Call, tellsWhatTheServiceRefuses) {
+    const ToolRun run = runTool({"call", "factory.setMacAddress", "1,2,3"});
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(run.output, "result: -107\n");
+    EXPECT_EQ(run.error, "kelutv: factory.setMacAddress: the service answered -107\n");
+}
+
+TEST(Call, tellsThatAScreenShotIsRefused) {
+    ASSERT_EQ(runTool({"sim", "fault", "CMD_PICTURE_GETVIDEOSCREENSHOT", "error", "5", "once"}).exit, 0);
+    const ToolRun run = runTool({"call", "picture.getVideoScreenShot", "640", "480", "/shot.png", "false"});
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(run.error, "kelutv: picture.getVideoScreenShot: the service answered 5\n");
+}
+
+TEST(Call, takesMinusOneForAValueWhereItIsOne) {
+    EXPECT_EQ(called({"systemsetting.setLanguage", "-1"}), "result: 0\n");
+    EXPECT_EQ(called({"systemsetting.getLanguage"}), "result: -1\n");
+}
+
+TEST(Call, passesANullOnThatTheMethodTakes) {
+    EXPECT_EQ(called({"factory.setMachineInfo", "0", "text"}), "result: 0\n");
+    EXPECT_EQ(called({"factory.setMachineInfo", "0", "null"}), "result: 0\n");
+    EXPECT_EQ(called({"factory.getMachineInfo", "0"}), "result: 0\ninfo: \"\"\n");
+}
+
+TEST(Call, tellsWhatTheLibraryRefuses) {
+    const ToolRun run = runTool({"--json", "call", "picture.setDolbyHdrPicMode", "1"});
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(run.output, "{\"function\":\"Picture::setDolbyHdrPicMode\",\"result\":-1,\"outputs\":{},"
+                          "\"failure\":\"the library refused the call, nothing was sent\"}\n");
+}
+
+TEST(Call, tellsThatThereIsNoService) {
+    const std::string nowhere = directory() + "/nowhere";
+    const ToolRun run = runTool({"call", "audio.getVolume", "speaker"}, {"KQDROID_RUNTIME_DIR=" + nowhere});
+    EXPECT_EQ(run.exit, 3);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.error, "kelutv: there is no television service; is the television, or kelutv-simulator, running?\n");
+}
+
+void expectRefused(const std::vector<std::string>& arguments, const std::string& message) {
+    environment.simulator().takeTrace();
+    for (const char* command : {"call", "encode"}) {
+        std::vector<std::string> words = arguments;
+        words.insert(words.begin(), command);
+        const ToolRun run = runTool(words);
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.error, usageError(command, message));
+    }
+    EXPECT_TRUE(environment.simulator().takeTrace().empty());
+}
+
+TEST_P(WrongCall, saysWhatIsWrongAndSendsNothing) { expectRefused(GetParam().arguments, GetParam().message); }
+
+TEST(Call, namesTheFileThatIsNotThere) {
+    const TestFolder folder;
+    const std::string path = folder.pathOf("nowhere");
+    expectRefused({"factory.setMacAddress", '@' + path},
+                  "factory.setMacAddress: pMacAddr: cannot read '" + path + "': No such file or directory");
+}
+
+TEST(Call, namesTheDirectoryThatIsNoFile) {
+    const TestFolder folder;
+    expectRefused({"factory.setMacAddress", '@' + folder.path()}, "factory.setMacAddress: pMacAddr: cannot read '" +
+                                                                      folder.path() +
+                                                                      "': it is a directory, and a file is needed");
+}
+
+const Wrong kWrong[] = {
+    {"function",
+     {"audio.setVolum", "1", "2"},
+     "there is no function 'audio.setVolum'; nearest: audio.setVolume, audio.getVolume, audio.setMaxVolume, "
+     "audio.setVolumeByC, audio.setVolumeToReg"},
+    {"ambiguousFunction",
+     {"factory.getIRWBStatus"},
+     "'factory.getIRWBStatus' is short for several functions: linux_tv_Factory_getIRWBStatus, "
+     "linux_tv_factory_getIRWBStatus"},
+    {"tooFewArguments", {"audio.setVolume", "speaker"}, "audio.setVolume takes 2 arguments: channel vol; there are 1"},
+    {"tooManyArguments", {"audio.getEQEnable", "1"}, "audio.getEQEnable takes 0 arguments; there are 1"},
+    {"arrayAndLength",
+     {"factory.setMacAddress"},
+     "factory.setMacAddress takes 2 arguments: pMacAddr [length]; there are 0"},
+    {"enumerator",
+     {"audio.setVolume", "speakr", "1"},
+     "audio.setVolume: channel: 'speakr' is not one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, "
+     "hdmi_arc, socoutput, butt; nearest: speaker"},
+    {"ambiguousEnumerator",
+     {"sourcemanager.selectSource", "hdmi", "1"},
+     "sourcemanager.selectSource: srcId: 'hdmi' may be hdmi1, hdmi2, hdmi3, hdmi4, hdmi_max"},
+    {"number",
+     {"audio.setVolume", "speaker", "loud"},
+     "audio.setVolume: vol: 'loud' is not a whole number, -2147483648 to 2147483647"},
+    {"emptyNumber",
+     {"audio.setVolume", "speaker", ""},
+     "audio.setVolume: vol: '' is not a whole number, -2147483648 to 2147483647"},
+    {"numberOfTooManyBits",
+     {"audio.setVolume", "speaker", "4294967296"},
+     "audio.setVolume: vol: '4294967296' does not fit into 32 bits"},
+    {"numberOutsideItsRange",
+     {"eep.GetTVFlashEepByte", "1"},
+     "eep.GetTVFlashEepByte: u32Address: '1' is not 35328 to 35836"},
+    {"flag", {"audio.setEQEnable", "perhaps"}, "audio.setEQEnable: enable: 'perhaps' is not true or false"},
+    {"real", {"factory.setAvcGain", "much"}, "factory.setAvcGain: value: 'much' is not a number"},
+    {"field",
+     {"factory.setOverscan", "x=1,widht=2"},
+     "factory.setOverscan: rect: there is no field 'widht' in KeluRect, which has x, y, width, height; nearest: width"},
+    {"fieldWithoutValue", {"factory.setOverscan", "1,2,3,4"}, "factory.setOverscan: rect: '1' is not FIELD=VALUE"},
+    {"valueOfAField",
+     {"factory.setOverscan", "x=-1"},
+     "factory.setOverscan: rect: x: '-1' is not a whole number, 0 to 4294967295"},
+    {"entryOfAnArray",
+     {"factory.setMacAddress", "1,x"},
+     "factory.setMacAddress: pMacAddr: 'x' is not a whole number, -2147483648 to 2147483647"},
+    {"lengthBeyondTheArray",
+     {"factory.setMacAddress", "1,2", "3"},
+     "factory.setMacAddress: length: 3 is more than the 2 entries of pMacAddr"},
+    {"oddHexadecimals",
+     {"factory.setMacAddress", "hex:123"},
+     "factory.setMacAddress: pMacAddr: '123' has an odd number of hexadecimal digits"},
+    {"hexadecimals",
+     {"factory.setMacAddress", "hex:12g3"},
+     "factory.setMacAddress: pMacAddr: 'g' is not a hexadecimal digit"},
+    {"null", {"hdmicec.sendCecCommand", "null"}, "hdmicec.sendCecCommand: pCecCmdInfo: null is not allowed here"},
+    {"callback",
+     {"notify.registerCallbackFunc", "shout"},
+     "notify.registerCallbackFunc: callback: 'shout' is not print or null"},
+    {"room",
+     {"eep.GetTVFlashEepMulti", "35328", "1000000000"},
+     "eep.GetTVFlashEepMulti: u32Len: 1000000000 entries are too many, 4194304 is the most"},
+    {"blockThatIsShorterThanItSays",
+     {"vbimanager.VbiDataCallback", "1", "hex:05000000aa"},
+     "vbimanager.VbiDataCallback: vbiData: the block begins with a word that says how many bytes follow, and they must "
+     "be there"},
+};
+
+INSTANTIATE_TEST_SUITE_P(All, WrongCall, ::testing::ValuesIn(kWrong),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+} // namespace
+} // namespace kelutv::test

@@ -1,0 +1,171 @@
+#include "tools/Tool.h"
+
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <sstream>
+
+namespace kelutv::test {
+namespace {
+
+const char kToken[] =
+    "000040001600000061006e00640072006f00690064002e00490054005600420061007300650053006500720076006900630065"
+    "0000000000";
+
+std::ptrdiff_t linesIn(const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }
+
+ToolRun quietRun(std::vector<std::string> words) {
+    const TestFolder folder;
+    ToolRun run = runTool(std::move(words), {"KQDROID_RUNTIME_DIR=" + folder.pathOf("nowhere/at/all")});
+    EXPECT_EQ(run.exit, 0) << run.error;
+    return run;
+}
+
+/** How many functions each module has, as `list --modules` says. */
+std::map<std::string, std::ptrdiff_t> modules() {
+    std::istringstream lines(quietRun({"list", "--modules"}).output);
+    std::map<std::string, std::ptrdiff_t> counts;
+    std::string name;
+    for (std::ptrdiff_t count = 0; lines >> name >> count;) {
+        counts[name] = count;
+    }
+    return counts;
+}
+
+TEST(List, showsEveryFunctionInALine) {
+    std::ptrdiff_t all = 0;
+    for (const auto& [name, count] : modules()) {
+        EXPECT_EQ(linesIn(quietRun({"list", name + ".*"}).output), count) << name;
+        all += count;
+    }
+    EXPECT_GT(all, 0);
+    EXPECT_EQ(linesIn(quietRun({"list"}).output), all);
+    EXPECT_EQ(linesIn(quietRun({"list", "--json"}).output), all);
+}
+
+TEST(List, showsWhatMatches) {
+    EXPECT_EQ(quietRun({"list", "pcmplayer.s*"}).output, "pcmplayer.startPlay  Starts to play a sound file.\n"
+                                                         "pcmplayer.stopPlay  Ends the playing.\n"
+                                                         "pcmplayer.setGain  Sets the gain of the player.\n");
+    EXPECT_EQ(linesIn(quietRun({"list", "audio"}).output), modules().at("audio"));
+    EXPECT_EQ(
+        quietRun({"list", "inputvolume", "--json"}).output,
+        R"text({"function":"Audio::getInputVolume","short":"audio.getInputVolume","module":"audio","brief":"Reads the input volume."}
+{"function":"Audio::setInputVolume","short":"audio.setInputVolume","module":"audio","brief":"Sets the input volume."}
+)text");
+}
+
+TEST(List, countsTheModules) { EXPECT_EQ(quietRun({"list", "--modules", "*.setMute"}).output, "audio  1\n"); }
+
+TEST(List, refusesAPatternWithoutAMatch) {
+    const ToolRun run = runTool({"list", "audoi"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error, usageError("list", "no module or function matches 'audoi'; nearest: audio"));
+}
+
+TEST(Describe, tellsEverything) {
+    EXPECT_EQ(quietRun({"describe", "audio.setVolume"}).output,
+              R"text(int linux_tv_Audio_setVolume(int channel, int vol)
+audio.setVolume: Sets the volume of one output channel.
+Parameter channel: int, in. Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
+    0 speaker KELU_TV_AUDIO_CHANNEL_SPEAKER
+    1 headphone KELU_TV_AUDIO_CHANNEL_HEADPHONE
+    2 bluetooth KELU_TV_AUDIO_CHANNEL_BLUETOOTH
+    3 hdmi KELU_TV_AUDIO_CHANNEL_HDMI
+    4 spdif KELU_TV_AUDIO_CHANNEL_SPDIF
+    5 avout KELU_TV_AUDIO_CHANNEL_AVOUT
+    6 24g KELU_TV_AUDIO_CHANNEL_24G
+    7 hdmi_arc KELU_TV_AUDIO_CHANNEL_HDMI_ARC
+    8 socoutput KELU_TV_AUDIO_CHANNEL_SOCOUTPUT
+    9 butt KELU_TV_AUDIO_CHANNEL_BUTT
+Parameter vol: int, in. Volume; the service enforces the range.
+    a whole number, -2147483648 to 2147483647
+Returns: The service's result, 0 for success; -1 when the link fails.
+Calls: Audio::setVolume
+Sends: CMD_AUDIO_SETVOLUME 0x2008
+    in order: int32 channel, int32 vol
+    reply: status
+)text");
+}
+
+TEST(Describe, tellsOfRecordsListsAndItems) {
+    EXPECT_EQ(quietRun({"describe", "audio.getSourcePreScale"}).output,
+              R"text(int linux_tv_Audio_getSourcePreScale(int preScaleSource, KELU_TV_SND_PRECIGAIN_ATTR_S* pAttr)
+audio.getSourcePreScale: Reads the prescale gain of one kind of source.
+Parameter preScaleSource: int, in. One of `KELU_TV_PRESCALE_SOURCE_E`.
+    0 atv KELU_TV_PRESCALE_SOURCE_ATV
+    1 dtv KELU_TV_PRESCALE_SOURCE_DTV
+    2 cvbs KELU_TV_PRESCALE_SOURCE_CVBS
+    3 vga KELU_TV_PRESCALE_SOURCE_VGA
+    4 ypbpr KELU_TV_PRESCALE_SOURCE_YPBPR
+    5 hdmi KELU_TV_PRESCALE_SOURCE_HDMI
+    6 media KELU_TV_PRESCALE_SOURCE_MEDIA
+    7 butt KELU_TV_PRESCALE_SOURCE_BUTT
+Parameter pAttr: KELU_TV_SND_PRECIGAIN_ATTR_S*, out. Receives the gain, both parts 0 on failure; may be null.
+    record of s32IntegerGain, s32DecimalGain
+Returns: 0; -1 when the service or the link fails.
+Calls: Audio::getAudioItemValue
+Sends: CMD_AUDIO_COMMON_GET_ITEM_VALUE 0x2054, item CMDID_AUDIO_GET_SOURCE_PRESCALE 8207
+    in order: int32 CMDID_AUDIO_GET_SOURCE_PRESCALE, int32 preScaleSource, int32 0
+    reply: ints[255] pData
+)text");
+    EXPECT_EQ(quietRun({"describe", "eep.SetTVFlashEepMulti"}).output,
+              R"text(int CKeluEEP::SetTVFlashEepMulti(int u32Address, int* pBuf, int u32Len)
+eep.SetTVFlashEepMulti: Writes a block that starts in the TV area.
+Parameter u32Address: int, in. Address of the first byte, 35328 to 35836.
+    35328 to 35836
+Parameter pBuf: int*, in. `u32Len` ints, one byte each.
+    list of u32Len, each a whole number, -2147483648 to 2147483647
+Parameter u32Len: int, in, may be left out. Number of bytes, not limited here.
+    a whole number, -2147483648 to 2147483647
+Returns: The service's result, 0 for success; -1 for an address outside the area, for a null `pBuf` (not logged), and when the link fails.
+Calls: SystemSetting::setFlashEepMulti
+Sends: CMD_SYSTEM_SETFLASHEEPMULTI 0x8015
+    in order: int32 u32Address, int32 u32Len, ints pBuf[u32Len]
+    reply: status
+Null: A null pBuf is refused with nothing sent.
+Note: An address outside the area gives -1, logged at info priority, with nothing sent.
+)text");
+}
+
+TEST(Describe, givesJson) {
+    EXPECT_EQ(
+        quietRun({"describe", "--json", "audio.getVolume"}).output,
+        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput, butt","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":{"KELU_TV_AUDIO_CHANNEL_SPEAKER":0,"KELU_TV_AUDIO_CHANNEL_HEADPHONE":1,"KELU_TV_AUDIO_CHANNEL_BLUETOOTH":2,"KELU_TV_AUDIO_CHANNEL_HDMI":3,"KELU_TV_AUDIO_CHANNEL_SPDIF":4,"KELU_TV_AUDIO_CHANNEL_AVOUT":5,"KELU_TV_AUDIO_CHANNEL_24G":6,"KELU_TV_AUDIO_CHANNEL_HDMI_ARC":7,"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT":8,"KELU_TV_AUDIO_CHANNEL_BUTT":9}}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"nullRule":"","note":""}
+)text");
+}
+
+TEST(Encode, givesTheBytesOfARequest) {
+    EXPECT_EQ(quietRun({"encode", "audio.setVolume", "headphone", "-1"}).output,
+              std::string(kToken) + "0820000001000000ffffffff\n");
+    EXPECT_EQ(quietRun({"encode", "audio.setVolume", "headphone", "2", "--json"}).output,
+              "{\"function\":\"linux_tv_Audio_setVolume\",\"requests\":[\"" + std::string(kToken) +
+                  "082000000100000002000000\"]}\n");
+}
+
+TEST(Encode, givesEveryRequest) {
+    EXPECT_EQ(
+        quietRun({"encode", "picture.setMPEGNR", "1"}).output,
+        R"text(000040001600000061006e00640072006f00690064002e0049005400560042006100730065005300650072007600690063006500000000001610000001000000
+000040001600000061006e00640072006f00690064002e0049005400560042006100730065005300650072007600690063006500000000001810000001000000
+)text");
+}
+
+TEST(Encode, writesTheBytesThemselves) {
+    const ToolRun run = quietRun({"encode", "--raw", "audio.getMute", "speaker"});
+    EXPECT_EQ(run.output.size(), 64U);
+    EXPECT_EQ(run.output.substr(56), std::string("\x0b\x20\0\0\0\0\0\0", 8));
+}
+
+TEST(Encode, saysThatNothingIsSent) {
+    const ToolRun run = quietRun({"encode", "factory.getWBWhitePattern"});
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.error, "factory.getWBWhitePattern sends nothing\n");
+    EXPECT_EQ(quietRun({"encode", "-q", "factory.getWBWhitePattern"}).error, "");
+}
+
+} // namespace
+} // namespace kelutv::test

@@ -1,0 +1,166 @@
+#include "tools/Tool.h"
+
+#include "simulator/Simulator.h"
+#include "support/TestFolder.h"
+
+#include <keluem/publisher.h>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <csignal>
+#include <cstdint>
+#include <sstream>
+
+namespace kelutv::test {
+namespace {
+
+SimulatorEnvironment& television = SimulatorEnvironment::install();
+
+/** The tool at work: its subscriptions stand. */
+std::unique_ptr<ChildProcess> startMonitor(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "monitor");
+    auto monitor = startTool(std::move(arguments));
+    EXPECT_TRUE(monitor->error().waitFor("kelutv: watching for events\n")) << monitor->error().text();
+    return monitor;
+}
+
+/** One for all events, since only those of one publisher keep their order. */
+keluem::Publisher& publisher() {
+    static auto* const publisher = new keluem::Publisher;
+    return *publisher;
+}
+
+template <typename... Words> void publish(unsigned int event, Words... words) {
+    const std::int32_t payload[] = {words..., 0};
+    EXPECT_EQ(publisher().publish(event, payload, sizeof...(words) * sizeof(std::int32_t)), 0);
+}
+
+std::vector<std::string> withoutTimes(const std::string& output) {
+    std::vector<std::string> lines;
+    std::istringstream stream(output);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line.substr(line.find(' ') + 1));
+    }
+    return lines;
+}
+
+using Lines = std::vector<std::string>;
+
+TEST(Monitor, tellsOfEventsInTheirOrder) {
+    const auto monitor = startMonitor({"--count", "3"});
+    publish(0x60001, 0, 35);
+    publish(0x60007);
+    publish(0x60002, 1, -2);
+    EXPECT_EQ(monitor->exitCode(), 0);
+    EXPECT_EQ(
+        withoutTimes(monitor->output().text()),
+        (Lines{"0x60001 KELU_EM_MODE_VOLUME volumeChanged (8 bytes: 00 00 00 00 23 00 00 00): channel=0, volume=35",
+               "0x60007 KELU_EM_MODE_VOLUME (0 bytes)",
+               "0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 01 00 00 00 fe ff ff ff): channel=1, mute=-2"}));
+}
+
+TEST(Monitor, tellsOfTheTelevisionsOwnEvents) {
+    const auto monitor = startMonitor({"--count", "1", "--json"});
+    EXPECT_EQ(runTool({"call", "audio.setVolume", "speaker", "77"}).exit, 0);
+    EXPECT_EQ(monitor->exitCode(), 0);
+    auto event = nlohmann::json::parse(monitor->output().text());
+    EXPECT_GT(event.at("time").get<double>(), 1.0e9);
+    event.erase("time");
+    EXPECT_EQ(event, nlohmann::json::parse(R"({"event": 393217, "name": "volumeChanged", "length": 8,
+        "module": "KELU_EM_MODE_VOLUME", "payload": "000000004d000000", "words": [0, 77]})"));
+}
+
+TEST(Monitor, showsPayloadsThatAreNoWords) {
+    const auto monitor = startMonitor({"--count", "1", "--json"});
+    keluem::Publisher publisher;
+    ASSERT_EQ(publisher.publish(0x80009, "abc", 3), 0);
+    EXPECT_EQ(monitor->exitCode(), 0);
+    const auto event = nlohmann::json::parse(monitor->output().text());
+    EXPECT_EQ(event.at("payload"), "616263");
+    EXPECT_TRUE(event.at("words").empty());
+    EXPECT_TRUE(event.at("name").is_null());
+}
+
+TEST(Monitor, showsOnlyWhatIsWanted) {
+    const auto monitor = startMonitor({"--event", "MuteChanged", "-e", "0x80005", "--module", "cec", "--count", "3"});
+    publish(0x60001, 0, 1);
+    publish(0x60002, 0, 1);
+    publish(0x80004);
+    publish(0x80005);
+    publish(0x1A0001);
+    EXPECT_EQ(monitor->exitCode(), 0);
+    EXPECT_EQ(withoutTimes(monitor->output().text()),
+              (Lines{"0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 00 00 00 00 01 00 00 00): channel=0, mute=1",
+                     "0x80005 KELU_EM_MODE_COMMON (0 bytes)", "0x1A0001 KELU_EM_MODE_CEC cecDeviceChanged (0 bytes)"}));
+}
+
+TEST(Monitor, listensToModulesBeyondTheLibrarys) {
+    for (const std::vector<std::string>& options :
+         {std::vector<std::string>{"--module", "ttx"}, {"--module", "0x120000"}, {"--event", "0x120001"}, {"--all"}}) {
+        auto arguments = options;
+        arguments.insert(arguments.end(), {"--count", "1"});
+        const auto monitor = startMonitor(arguments);
+        publish(0x120001, 4);
+        EXPECT_EQ(monitor->exitCode(), 0);
+        EXPECT_EQ(withoutTimes(monitor->output().text()),
+                  (Lines{"0x120001 KELU_EM_MODE_TTX (4 bytes: 04 00 00 00): 4"}));
+    }
+}
+
+TEST(Monitor, endsBySignal) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        const auto monitor = startMonitor({});
+        publish(0x60001, 0, 1);
+        ASSERT_TRUE(monitor->output().waitFor("0x60001"));
+        monitor->kill(signal);
+        EXPECT_EQ(monitor->exitCode(), 0);
+    }
+}
+
+TEST(Monitor, endsWhenTheTimeIsOver) {
+    EXPECT_EQ(runTool({"monitor", "--timeout", "0.05"}).exit, 0);
+    const ToolRun run = runTool({"monitor", "--timeout", "0.05", "--count", "2"});
+    EXPECT_EQ(run.exit, 5);
+    EXPECT_NE(run.error.find("kelutv: the time was over after 0 of 2 events\n"), std::string::npos);
+}
+
+TEST(Monitor, refusesBadInput) {
+    struct Case {
+        std::vector<std::string> arguments;
+        const char* error;
+    };
+    const Case cases[] = {
+        {{"monitor", "--event", "volumeChange"}, "no event is called volumeChange; nearest: volumeChanged"},
+        {{"monitor", "--event", "7"}, "event 7 has no module in its upper half, as 0x60001 has"},
+        {{"monitor", "--module", "0x60001"},
+         "module 0x60001 is none; a module is a multiple of 0x10000 from 0x10000 to 0x200000"},
+        {{"monitor", "--module", "nowhere"}, "nowhere"},
+        {{"monitor", "--timeout", "-1"}, "--timeout"},
+        {{"monitor", "--count", "x"}, "--count"},
+    };
+    for (const Case& test : cases) {
+        const ToolRun run = runTool(test.arguments);
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_EQ(run.output, "");
+        EXPECT_NE(run.error.find(test.error), std::string::npos) << run.error;
+    }
+}
+
+TEST(Monitor, tellsOfTheMissingService) {
+    const TestFolder folder;
+    const ToolRun run = runTool({"monitor"}, {"KQDROID_RUNTIME_DIR=" + folder.pathOf("runtime")});
+    EXPECT_EQ(run.exit, 3);
+}
+
+TEST(MonitorLast, tellsOfTheLossOfTheService) {
+    const auto monitor = startMonitor({});
+    publish(0x60001, 0, 1);
+    ASSERT_TRUE(monitor->output().waitFor("0x60001"));
+    television.simulator().process().kill(SIGTERM);
+    EXPECT_EQ(monitor->exitCode(), 3);
+    EXPECT_NE(monitor->error().text().find("kelutv: the service is gone\n"), std::string::npos);
+}
+
+} // namespace
+} // namespace kelutv::test

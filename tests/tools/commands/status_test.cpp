@@ -1,0 +1,79 @@
+#include "tools/Tool.h"
+
+#include "simulator/Simulator.h"
+
+#include <nlohmann/json.hpp>
+
+#include <gtest/gtest.h>
+
+namespace kelutv::test {
+namespace {
+
+constexpr char kScreen[] = "source              atv\n"
+                           "signal              on\n"
+                           "timing              720x576, 50 Hz, interlaced\n"
+                           "stream-type         sdr\n"
+                           "volume              20\n"
+                           "mute                off\n"
+                           "sound-mode          standard\n"
+                           "picture-mode        standard\n"
+                           "brightness          50\n"
+                           "contrast            50\n"
+                           "saturation          50\n"
+                           "sharpness           50\n"
+                           "hue                 50\n"
+                           "backlight           80\n"
+                           "color-temperature   nature\n"
+                           "aspect              16_9\n"
+                           "language            english\n"
+                           "screen              on\n"
+                           "last-power-off      0\n"
+                           "wakeup              0\n"
+                           "hotel               off\n"
+                           "middleware-version  2.4.0\n"
+                           "platform            KTV-1000\n";
+
+class Status : public ::testing::Test {
+protected:
+    RuntimeDir mRuntimeDir;
+    Simulator mSimulator;
+};
+
+TEST_F(Status, showsTheTelevision) {
+    const ToolRun run = runTool({"status"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output, kScreen);
+    EXPECT_EQ(run.error, "");
+}
+
+TEST_F(Status, showsTheRestWhenOneValueCannotBeRead) {
+    ASSERT_EQ(runTool({"set", "source", "cvbs2"}).exit, 0);
+    const ToolRun run = runTool({"status"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output.substr(0, run.output.find("stream-type")),
+              "source              cvbs2\n"
+              "signal              off\n"
+              "timing              unreadable: the service gives no value for timing\n");
+    EXPECT_NE(run.output.find("\nplatform            KTV-1000\n"), std::string::npos);
+}
+
+TEST_F(Status, isADocument) {
+    ASSERT_EQ(runTool({"set", "source", "cvbs2"}).exit, 0);
+    ASSERT_EQ(runTool({"set", "volume", "31"}).exit, 0);
+    const auto document = nlohmann::json::parse(runTool({"status", "--json"}).output);
+    EXPECT_EQ(document.at("source"), "cvbs2");
+    EXPECT_EQ(document.at("signal"), false);
+    EXPECT_EQ(document.at("volume"), 31);
+    EXPECT_TRUE(document.at("timing").is_null());
+    EXPECT_EQ(document.at("unreadable"), nlohmann::json({{"timing", "the service gives no value for timing"}}));
+    EXPECT_EQ(document.at("platform"), "KTV-1000");
+}
+
+TEST_F(Status, hasColourWhenAsked) {
+    const ToolRun run = runTool({"status", "--color", "always"});
+    EXPECT_NE(run.output.find("volume              \033[33m20\033[0m\n"), std::string::npos);
+    EXPECT_NE(run.output.find("signal              \033[32mon\033[0m\n"), std::string::npos);
+}
+
+} // namespace
+} // namespace kelutv::test

@@ -1,0 +1,242 @@
+#include "tools/Tool.h"
+
+#include "simulator/Simulator.h"
+#include "support/Sanitizers.h"
+#include "support/TestFolder.h"
+#include "tools/trace/FrameWriter.h"
+#include "tools/trace/PipeSignal.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+
+namespace kelutv::test {
+namespace {
+
+SimulatorEnvironment& television = SimulatorEnvironment::install();
+
+using Lines = std::vector<std::string>;
+
+/** The folder that the pipes of the test's tools are in; gone with the object. */
+class PipeFolder {
+public:
+    std::vector<std::string> environment() const { return {sanitizerOptions(), "TMPDIR=" + mFolder.path()}; }
+    bool isEmpty() const { return std::filesystem::is_empty(mFolder.path()); }
+
+private:
+    TestFolder mFolder;
+};
+
+/** One traced run; its folder for pipes must be empty behind it. */
+ToolRun trace(Lines arguments) {
+    const PipeFolder folder;
+    arguments.insert(arguments.begin(), "trace");
+    ToolRun run = runTool(arguments, folder.environment());
+    EXPECT_TRUE(folder.isEmpty());
+    return run;
+}
+
+ToolRun traceClient(const char* action) { return trace({"--", KELUTV_TRACED_CLIENT, action}); }
+
+/** The trace lines among others, without processes and times. */
+Lines traced(const std::string& error) {
+    // The pieces apart, since an expression for the whole line would go as deep as the line is long.
+    static const std::regex caller(R"(\[\d+(?::\d+)?\] )");
+    static const std::regex duration(R"( <\d+\.\d{6}>)");
+    Lines lines;
+    std::istringstream stream(error);
+    for (std::string line; std::getline(stream, line);) {
+        const std::size_t begin = line.find("] ");
+        const std::size_t end = line.rfind(" <");
+        if (begin < end && end != std::string::npos && std::regex_match(line.substr(0, begin + 2), caller) &&
+            std::regex_match(line.substr(end), duration)) {
+            lines.push_back(line.substr(begin + 2, end - begin - 2));
+        }
+    }
+    return lines;
+}
+
+std::string setSpeaker(const std::string& volume) {
+    return "CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=" + volume + ") -> 0";
+}
+
+TEST(Trace, leavesTheProgramsOutputAlone) {
+    const ToolRun run = traceClient("print");
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output, "to standard output\n");
+    EXPECT_NE(run.error.find("to standard error\n"), std::string::npos);
+    EXPECT_EQ(traced(run.error), Lines{setSpeaker("5")});
+}
+
+TEST(Trace, decodesRefusalsAndValues) {
+    const ToolRun run = trace({"--", KELUTV_TOOL_PROGRAM, "-q", "call", "audio.setVolume", "speaker", "101"});
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(traced(run.error),
+              Lines{"CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=101) -> -107"});
+    const ToolRun get = trace({"--", KELUTV_TOOL_PROGRAM, "call", "sourcemanager.getCurSourceId", "0"});
+    EXPECT_EQ(traced(get.error).size(), 1U) << get.error;
+}
+
+TEST(Trace, writesToAFile) {
+    const TestFolder folder;
+    const std::string path = folder.pathOf("output");
+    const ToolRun run = trace({"--output", path, "--", KELUTV_TRACED_CLIENT, "print"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(traced(run.error), Lines{});
+    std::stringstream written;
+    written << std::ifstream(path).rdbuf();
+    EXPECT_EQ(traced(written.str()), Lines{setSpeaker("5")});
+}
+
+TEST(Trace, writesDocuments) {
+    const TestFolder folder;
+    const std::string path = folder.pathOf("output");
+    EXPECT_EQ(trace({"--json", "-o", path, "--", KELUTV_TRACED_CLIENT, "print"}).exit, 0);
+    auto document = nlohmann::json::parse(std::ifstream(path));
+    EXPECT_EQ(document.at("process"), document.at("thread"));
+    EXPECT_GT(document.at("start").get<double>(), 1.0e9);
+    EXPECT_GT(document.at("duration").get<double>(), 0);
+    EXPECT_EQ(document.at("status"), 0);
+    EXPECT_EQ(document.at("request").at("command"), "CMD_AUDIO_SETVOLUME");
+    EXPECT_EQ(document.at("request").at("arguments").at(1), nlohmann::json::parse(R"({"name": "vol", "value": 5})"));
+    EXPECT_EQ(document.at("reply"), nlohmann::json::parse(R"({"result": 0, "fields": []})"));
+}
+
+TEST(Trace, tellsOfEveryThread) {
+    const ToolRun run = traceClient("threads");
+    EXPECT_EQ(run.exit, 0);
+    const Lines lines = traced(run.error);
+    EXPECT_EQ(lines.size(), 200U);
+    EXPECT_EQ(std::set<std::string>(lines.begin(), lines.end()).size(), 200U);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), setSpeaker("49")), 1);
+}
+
+TEST(Trace, tellsOfChildren) {
+    const ToolRun run = traceClient("fork");
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(traced(run.error), (Lines{setSpeaker("1"), setSpeaker("5"), setSpeaker("2")}));
+    EXPECT_EQ(traced(trace({"--", "sh", "-c", std::string(KELUTV_TRACED_CLIENT) + " print; exit 3"}).error),
+              Lines{setSpeaker("5")});
+}
+
+TEST(Trace, needsNoDescriptorOfTheProgram) {
+    const PipeFolder folder;
+    auto environment = folder.environment();
+    // To close what other threads read from is what ThreadSanitizer reports.
+    environment.emplace_back("TSAN_OPTIONS=report_bugs=0");
+    const ToolRun run = runTool({"trace", "--", KELUTV_TRACED_CLIENT, "close"}, environment);
+    EXPECT_EQ(run.exit, 0);
+    const Lines lines = traced(run.error);
+    ASSERT_EQ(lines.size(), 2U) << run.error;
+    EXPECT_EQ(lines[0], setSpeaker("1"));
+}
+
+TEST(Trace, tellsOfAllThatWasSentBeforeAKill) {
+    const ToolRun run = traceClient("killed");
+    EXPECT_EQ(run.exit, 128 + SIGKILL);
+    EXPECT_EQ(traced(run.error), Lines{setSpeaker("3")});
+}
+
+TEST(Trace, carriesLargeRequests) {
+    const ToolRun run = traceClient("large");
+    const Lines lines = traced(run.error);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0], "CMD_FACTORY_SETINTERNETTIME(time=\"" + std::string(20000, 't') + "\") -> 0");
+}
+
+TEST(Trace, tellsOfADeadLink) {
+    const TestFolder elsewhere;
+    const PipeFolder folder;
+    auto environment = folder.environment();
+    environment.push_back("KQDROID_RUNTIME_DIR=" + elsewhere.pathOf("runtime"));
+    const ToolRun run = runTool({"trace", "--", KELUTV_TRACED_CLIENT, "print"}, environment);
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(traced(run.error), Lines{"CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=5) -> "
+                                       "no reply: the link is dead"});
+}
+
+TEST(Trace, tellsOnlyOfWhatIsWanted) {
+    const auto volumes = [](Lines options) {
+        options.insert(options.end(), {"--", KELUTV_TRACED_CLIENT, "fork"});
+        return traced(trace(options).error).size();
+    };
+    EXPECT_EQ(volumes({"--filter", "cmd_audio_set*"}), 3U);
+    EXPECT_EQ(volumes({"--filter", "GETVOLUME"}), 0U);
+    EXPECT_EQ(volumes({"-f", "GETVOLUME", "-f", "SETVOLUME"}), 3U);
+    EXPECT_EQ(volumes({"--count", "2"}), 2U);
+}
+
+TEST(Trace, endsAsTheProgramEnds) {
+    EXPECT_EQ(traceClient("fail").exit, 7);
+    EXPECT_EQ(trace({"--", "sh", "-c", "exit 77"}).exit, 77);
+    const ToolRun missing = trace({"--", "no-such-program"});
+    EXPECT_EQ(missing.exit, 127);
+    EXPECT_EQ(missing.error, "kelutv: cannot run no-such-program: No such file or directory\n");
+    EXPECT_EQ(trace({"--", "/dev/null"}).exit, 126);
+}
+
+TEST(Trace, handsSignalsOn) {
+    const PipeFolder folder;
+    const auto tool = startTool({"trace", "--", KELUTV_TRACED_CLIENT, "wait"}, folder.environment());
+    ASSERT_TRUE(tool->error().waitFor(setSpeaker("6")));
+    tool->kill(SIGTERM);
+    EXPECT_EQ(tool->exitCode(), 128 + SIGTERM);
+}
+
+TEST(Trace, leavesTheProgramRunningWhenTheToolIsKilled) {
+    const PipeFolder folder;
+    const auto tool = startTool({"trace", "--", KELUTV_TRACED_CLIENT, "orphan"}, folder.environment());
+    EXPECT_TRUE(tool->output().waitFor("set the volume: 0\n"));
+    EXPECT_EQ(tool->wait(), SIGKILL);
+}
+
+TEST(Trace, refusesBadInput) {
+    struct Case {
+        Lines arguments;
+        const char* error;
+    };
+    const Case cases[] = {
+        {{"trace"}, "PROGRAM"},
+        {{"trace", "--filter", "CMD_AUDIO_SETVOLUMES", "--", "true"},
+         "kelutv: --filter: no command or item is called CMD_AUDIO_SETVOLUMES; nearest: CMD_AUDIO_SETVOLUME"},
+        {{"trace", "--count", "many", "--", "true"}, "--count"},
+    };
+    for (const Case& test : cases) {
+        const ToolRun run = runTool(test.arguments);
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_NE(run.error.find(test.error), std::string::npos) << run.error;
+    }
+    const TestFolder folder;
+    EXPECT_EQ(runTool({"trace", "--output", folder.pathOf("nowhere/file"), "--", "true"}).exit, 1);
+}
+
+TEST(TraceFrames, aBrokenPipeIsSilent) {
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    ::close(ends[0]);
+    {
+        const kelutv::trace::NoPipeSignal quiet;
+        kelutv::trace::FrameWriter writer(ends[1], 1, 1, 5);
+        writer.append("hello", 5);
+        writer.finish();
+        EXPECT_EQ(errno, EPIPE);
+    }
+    sigset_t pending;
+    ::sigpending(&pending);
+    EXPECT_EQ(::sigismember(&pending, SIGPIPE), 0);
+    ::close(ends[1]);
+}
+
+} // namespace
+} // namespace kelutv::test

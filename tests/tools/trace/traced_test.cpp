@@ -1,0 +1,74 @@
+#include "simulator/Simulator.h"
+#include "support/Sanitizers.h"
+#include "tools/Samples.h"
+#include "tools/Tool.h"
+
+#include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/decoding/Decoding.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace kelutv::test {
+namespace {
+
+using Document = nlohmann::ordered_json;
+
+SimulatorEnvironment& environment = SimulatorEnvironment::install();
+
+std::string quoted(const std::string& word) {
+    std::string text = "'";
+    for (const char character : word) {
+        text += character == '\'' ? std::string("'\\''") : std::string(1, character);
+    }
+    return text + '\'';
+}
+
+std::string lineFor(const tool::Function& function, const std::vector<std::string>& arguments) {
+    std::string line = std::string("call ") + function.name;
+    for (const std::string& argument : arguments) {
+        line += ' ' + quoted(argument);
+    }
+    return line + '\n';
+}
+
+/** One program calls every function; its trace holds what each of them sends, in order and with nothing between. */
+TEST(Traced, isWhatEveryFunctionSends) {
+    const std::string folder = std::getenv("KQDROID_RUNTIME_DIR");
+    const std::string lines = folder + "/lines";
+    const std::string trace = folder + "/trace";
+    std::vector<Document> expected;
+    std::ofstream script(lines);
+    for (const tool::Function* function : tool::allFunctions()) {
+        const std::vector<std::string> arguments = sampleArguments(*function);
+        script << lineFor(*function, arguments);
+        for (const auto& bytes : tool::requestsOf(*function, arguments)) {
+            expected.push_back(Document::parse(tool::documentOf(tool::decodeRequest(bytes)).dump()));
+        }
+    }
+    script.close();
+
+    runTool({"trace", "--json", "--output", trace, "--", "/bin/sh", "-c",
+             std::string("exec " KELUTV_TOOL_PROGRAM " repl < ") + lines},
+            {sanitizerOptions()});
+
+    std::ifstream traced(trace);
+    std::size_t index = 0;
+    for (std::string line; std::getline(traced, line); ++index) {
+        ASSERT_LT(index, expected.size()) << line;
+        const Document document = Document::parse(line);
+        EXPECT_EQ(document["request"], expected[index]);
+        EXPECT_EQ(document["status"], 0) << line;
+        EXPECT_FALSE(document["reply"].is_null()) << line;
+    }
+    EXPECT_EQ(index, expected.size());
+    EXPECT_GE(expected.size(), 750U);
+}
+
+} // namespace
+} // namespace kelutv::test

@@ -1,0 +1,164 @@
+#include "tools/kelutv/calls/ArgumentReader.h"
+
+#include "tools/kelutv/calls/Callbacks.h"
+#include "tools/kelutv/calls/Scalars.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/Nearest.h"
+#include "tools/kelutv/text/Words.h"
+
+#include <cstring>
+#include <optional>
+
+namespace kelutv::tool {
+
+namespace {
+
+std::string unquoted(const std::string& text) {
+    const bool isQuoted = text.size() > 1 && text.front() == '"' && text.back() == '"';
+    return isQuoted ? text.substr(1, text.size() - 2) : text;
+}
+
+std::vector<std::string> entriesOf(const std::string& text) {
+    const bool hasBrackets = text.size() > 1 && text.front() == '[' && text.back() == ']';
+    return split(hasBrackets ? text.substr(1, text.size() - 2) : text, ',');
+}
+
+/** The bytes that `hex:` or `@FILE` stand for. */
+std::optional<std::vector<std::uint8_t>> blockOf(const std::string& text) {
+    constexpr const char* kHex = "hex:";
+    if (text.rfind(kHex, 0) == 0) {
+        return bytesOfHex(text.substr(std::strlen(kHex)));
+    }
+    return !text.empty() && text[0] == '@' ? std::optional(bytesOfFile(text.substr(1))) : std::nullopt;
+}
+
+const Field& fieldNamed(const Record& record, const std::string& name) {
+    std::vector<std::string> names;
+    for (const Field& field : record.fields) {
+        if (field.name == name) {
+            return field;
+        }
+        names.emplace_back(field.name);
+    }
+    throw UsageError("there is no field '" + name + "' in " + record.name + ", which has " + joined(names, ", ") +
+                     nearestHint(name, names));
+}
+
+ValueType typeOf(const Field& field) { return {Kind::Value, field.scalar, field.names, nullptr, false, 0, 0}; }
+
+class Reader {
+public:
+    Reader(const Parameter& parameter, CallFrame::Slot& slot) : mParameter(parameter), mSlot(slot) {}
+
+    void read(const std::string& text) {
+        if (text == "null" && mParameter.pointer) {
+            readNull();
+            return;
+        }
+        switch (mParameter.values.kind) {
+        case Kind::Text:
+            readText(unquoted(text));
+            break;
+        case Kind::Array:
+            readArray(text);
+            break;
+        case Kind::Record:
+            readRecord(text);
+            break;
+        case Kind::Callback:
+            readCallback(text);
+            break;
+        default:
+            mSlot.bytes.resize(sizeOf(mParameter.values.scalar));
+            writeScalar(mParameter.values, text, mSlot.bytes.data());
+        }
+    }
+
+private:
+    void readNull() {
+        if (!mParameter.allowsNull) {
+            throw UsageError("null is not allowed here");
+        }
+        mSlot.isNull = true;
+    }
+
+    void readText(const std::string& text) {
+        mSlot.bytes.assign(text.begin(), text.end());
+        mSlot.bytes.push_back(0);
+    }
+
+    void readArray(const std::string& text) {
+        const std::size_t size = sizeOf(mParameter.values.scalar);
+        if (const auto block = blockOf(text)) {
+            mSlot.count = block->size();
+            mSlot.bytes.assign(block->size() * size, 0);
+            for (std::size_t i = 0; i < block->size(); ++i) {
+                writeScalar(mParameter.values, std::to_string((*block)[i]), &mSlot.bytes[i * size]);
+            }
+        } else {
+            const std::vector<std::string> entries = entriesOf(text);
+            mSlot.count = entries.size();
+            mSlot.bytes.assign(entries.size() * size, 0);
+            for (std::size_t i = 0; i < entries.size(); ++i) {
+                writeScalar(mParameter.values, entries[i], &mSlot.bytes[i * size]);
+            }
+        }
+        checkLead();
+        mSlot.bytes.push_back(0); // There is something to point at when there are no entries.
+    }
+
+    /** A block that says its own length must hold as much, for the library believes it. */
+    void checkLead() const {
+        if (!mParameter.ledByLength) {
+            return;
+        }
+        std::uint32_t length = 0;
+        const bool isWhole = mSlot.bytes.size() >= sizeof length;
+        if (isWhole) {
+            std::memcpy(&length, mSlot.bytes.data(), sizeof length);
+        }
+        if (!isWhole || length > mSlot.bytes.size() - sizeof length) {
+            throw UsageError("the block begins with a word that says how many bytes follow, and they must be there");
+        }
+    }
+
+    void readRecord(const std::string& text) {
+        const Record& record = *mParameter.values.record;
+        mSlot.bytes.assign(record.size, 0);
+        for (const std::string& entry : split(text, ',')) {
+            const std::size_t equals = entry.find('=');
+            if (equals == std::string::npos) {
+                throw UsageError("'" + entry + "' is not FIELD=VALUE");
+            }
+            readField(fieldNamed(record, entry.substr(0, equals)), entry.substr(equals + 1));
+        }
+    }
+
+    void readField(const Field& field, const std::string& text) {
+        try {
+            writeScalar(typeOf(field), text, &mSlot.bytes[field.offset]);
+        } catch (const UsageError& error) {
+            throw UsageError(std::string(field.name) + ": " + error.what());
+        }
+    }
+
+    void readCallback(const std::string& text) {
+        mSlot.bytes.assign(sizeof(void*), 0);
+        if (text == "print") {
+            storePrinter(mParameter.type, mSlot.bytes.data());
+        } else if (text != "null") {
+            throw UsageError("'" + text + "' is not print or null");
+        }
+    }
+
+    const Parameter& mParameter;
+    CallFrame::Slot& mSlot;
+};
+
+} // namespace
+
+void readArgument(const Parameter& parameter, const std::string& text, CallFrame::Slot& slot) {
+    Reader(parameter, slot).read(text);
+}
+
+} // namespace kelutv::tool

@@ -1,0 +1,198 @@
+#include "tools/kelutv/calls/Arguments.h"
+
+#include "tools/kelutv/calls/ArgumentReader.h"
+#include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/calls/Scalars.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/Words.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace kelutv::tool {
+
+namespace {
+
+/** More than any answer can bring: a transaction has at most 1 MiB. */
+constexpr std::size_t kRoom = std::size_t{1} << 20;
+/** What the caller may ask to be filled. */
+constexpr std::int64_t kMostEntries = std::int64_t{1} << 22;
+
+bool isGiven(const Parameter& parameter) { return parameter.direction != Direction::Out; }
+
+bool holdsText(const Record& record) {
+    return std::any_of(record.fields.begin(), record.fields.end(),
+                       [](const Field& field) { return field.scalar == Scalar::Char; });
+}
+
+std::string wordsFor(std::size_t count) { return std::to_string(count) + (count == 1 ? " argument" : " arguments"); }
+
+std::string namesOf(const std::vector<const Parameter*>& parameters) {
+    std::vector<std::string> names;
+    for (const Parameter* parameter : parameters) {
+        names.push_back(parameter->direction == Direction::Length ? '[' + std::string(parameter->name) + ']'
+                                                                  : parameter->name);
+    }
+    return names.empty() ? "" : ": " + joined(names, " ");
+}
+
+/** Fills frames; the lengths of arrays last, since they may be left out. */
+class FrameBuilder {
+public:
+    FrameBuilder(const Function& function, const std::vector<std::string>& arguments)
+        : mFunction(function), mArguments(arguments), mFrame(function.parameters.size()) {}
+
+    CallFrame build() {
+        chooseParameters();
+        readGiven();
+        fillLengths();
+        makeRoom();
+        return std::move(mFrame);
+    }
+
+private:
+    std::string label(std::size_t index) const {
+        return std::string(mFunction.shortName) + ": " + mFunction.parameters[index].name;
+    }
+
+    void chooseParameters() {
+        const auto all = givenParameters(mFunction);
+        mGiven = all;
+        if (mArguments.size() != all.size()) {
+            mGiven.erase(std::remove_if(mGiven.begin(), mGiven.end(),
+                                        [](const Parameter* each) { return each->direction == Direction::Length; }),
+                         mGiven.end());
+        }
+        if (mArguments.size() != mGiven.size()) {
+            throw UsageError(std::string(mFunction.shortName) + " takes " + wordsFor(all.size()) + namesOf(all) +
+                             "; there are " + std::to_string(mArguments.size()));
+        }
+    }
+
+    std::size_t indexOf(const Parameter* parameter) const {
+        return static_cast<std::size_t>(parameter - mFunction.parameters.begin());
+    }
+
+    void readGiven() {
+        for (std::size_t i = 0; i < mGiven.size(); ++i) {
+            const std::size_t index = indexOf(mGiven[i]);
+            try {
+                readArgument(*mGiven[i], mArguments[i], mFrame.slot(index));
+            } catch (const UsageError& error) {
+                throw UsageError(label(index) + ": " + error.what());
+            }
+        }
+    }
+
+    /** A length that was left out is the array's; one that was given must not go beyond it. */
+    void fillLengths() {
+        for (std::size_t i = 0; i < mFunction.parameters.size(); ++i) {
+            const Parameter& array = mFunction.parameters[i];
+            if (array.values.kind != Kind::Array || array.direction != Direction::In) {
+                continue;
+            }
+            for (std::size_t j = 0; j < mFunction.parameters.size(); ++j) {
+                if (mFunction.parameters[j].direction == Direction::Length &&
+                    std::strcmp(mFunction.parameters[j].name, array.length) == 0) {
+                    fillLength(i, j);
+                }
+            }
+        }
+    }
+
+    void fillLength(std::size_t array, std::size_t length) {
+        CallFrame::Slot& slot = mFrame.slot(length);
+        const auto count = static_cast<std::int32_t>(mFrame.slot(array).count);
+        if (slot.bytes.empty()) {
+            slot.bytes.resize(sizeof count);
+            std::memcpy(slot.bytes.data(), &count, sizeof count);
+            return;
+        }
+        const auto given = mFrame.value<std::int32_t>(length);
+        if (given > count && !mFrame.slot(array).isNull) {
+            throw UsageError(label(length) + ": " + std::to_string(given) + " is more than the " +
+                             std::to_string(count) + " entries of " + mFunction.parameters[array].name);
+        }
+    }
+
+    void makeRoom() {
+        for (std::size_t i = 0; i < mFunction.parameters.size(); ++i) {
+            const Parameter& parameter = mFunction.parameters[i];
+            if (!isGiven(parameter) && parameter.values.kind != Kind::List) {
+                makeRoomFor(parameter, mFrame.slot(i));
+            }
+        }
+    }
+
+    void makeRoomFor(const Parameter& parameter, CallFrame::Slot& slot) {
+        std::size_t size = kRoom;
+        if (parameter.values.kind == Kind::Array) {
+            const auto entries = lengthOf(mFunction, parameter, mFrame);
+            if (entries && *entries > kMostEntries) {
+                throw UsageError(std::string(mFunction.shortName) + ": " + parameter.length + ": " +
+                                 std::to_string(*entries) + " entries are too many, " + std::to_string(kMostEntries) +
+                                 " is the most");
+            }
+            size = std::max(size, static_cast<std::size_t>(std::max<std::int64_t>(entries.value_or(0), 0)) *
+                                      sizeOf(parameter.values.scalar));
+        }
+        const Record* const record = parameter.values.record;
+        const bool isZeroed = (record != nullptr && holdsText(*record)) || parameter.values.scalar == Scalar::Byte ||
+                              parameter.values.kind == Kind::Text;
+        slot.bytes.assign(size, isZeroed ? 0 : kUntouched);
+        if (parameter.values.kind == Kind::Text) {
+            slot.bytes[0] = kUntouched;
+        }
+    }
+
+    const Function& mFunction;
+    const std::vector<std::string>& mArguments;
+    CallFrame mFrame;
+    std::vector<const Parameter*> mGiven;
+};
+
+std::optional<std::int64_t> factorOf(const Function& function, const std::string& factor, const CallFrame& frame) {
+    if (factor.find_first_not_of("0123456789") == std::string::npos) {
+        return std::int64_t{std::stoll(factor)};
+    }
+    for (std::size_t i = 0; i < function.parameters.size(); ++i) {
+        const CallFrame::Slot& slot = frame.slot(i);
+        if (factor != function.parameters[i].name || slot.isNull || slot.bytes.empty()) {
+            continue;
+        }
+        const bool isUnwritten =
+            !isGiven(function.parameters[i]) && isUntouched(slot.bytes.data(), sizeof(std::int32_t));
+        return isUnwritten ? std::nullopt : std::optional<std::int64_t>(frame.value<std::int32_t>(i));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::vector<const Parameter*> givenParameters(const Function& function) {
+    std::vector<const Parameter*> given;
+    for (const Parameter& parameter : function.parameters) {
+        if (isGiven(parameter)) {
+            given.push_back(&parameter);
+        }
+    }
+    return given;
+}
+
+CallFrame frameOf(const Function& function, const std::vector<std::string>& arguments) {
+    return FrameBuilder(function, arguments).build();
+}
+
+std::optional<std::int64_t> lengthOf(const Function& function, const Parameter& parameter, const CallFrame& frame) {
+    std::optional<std::int64_t> length;
+    for (const std::string& factor : split(parameter.length, '*')) {
+        const auto value = factorOf(function, factor, frame);
+        if (!value) {
+            return std::nullopt;
+        }
+        length = length.value_or(1) * *value;
+    }
+    return length;
+}
+
+} // namespace kelutv::tool

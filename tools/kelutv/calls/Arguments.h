@@ -1,0 +1,23 @@
+#pragma once
+
+#include "tools/kelutv/Function.h"
+#include "tools/kelutv/calls/CallFrame.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+/**
+ * A frame with the arguments in memory and room for every output.
+ *
+ * @throws UsageError which argument is wrong and what is allowed
+ */
+CallFrame frameOf(const Function& function, const std::vector<std::string>& arguments);
+
+/** What the parameter's length comes to; nothing where it says none or its parts are not known. */
+std::optional<std::int64_t> lengthOf(const Function& function, const Parameter& parameter, const CallFrame& frame);
+
+} // namespace kelutv::tool

@@ -1,0 +1,160 @@
+#include "tools/kelutv/calls/Outputs.h"
+
+#include "tools/kelutv/calls/Arguments.h"
+#include "tools/kelutv/calls/Scalars.h"
+#include "tools/kelutv/text/Words.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace kelutv::tool {
+
+namespace {
+
+/** Buffers of items are this long, whatever the item; zeros at the end mean nothing. */
+constexpr const char* kItemLength = "255";
+
+std::string textAt(const std::uint8_t* from, std::size_t room) {
+    return {from, std::find(from, from + room, std::uint8_t{0})};
+}
+
+Json fieldOf(const Field& field, const std::uint8_t* record) {
+    const std::uint8_t* const from = record + field.offset;
+    if (field.scalar == Scalar::Char) {
+        return textAt(from, field.count);
+    }
+    return isUntouched(from, sizeOf(field.scalar)) ? Json() : readScalar(field.scalar, from);
+}
+
+Json recordAt(const Record& record, const std::uint8_t* from) {
+    if (isUntouched(from, record.size)) {
+        return nullptr;
+    }
+    Json fields = Json::object();
+    for (const Field& field : record.fields) {
+        fields[field.name] = fieldOf(field, from);
+    }
+    return fields;
+}
+
+bool isZero(const std::uint8_t* from, std::size_t size) {
+    return std::all_of(from, from + size, [](std::uint8_t byte) { return byte == 0; });
+}
+
+/** Records without a number of their own, up to the first that holds nothing. */
+Json recordsAt(const Record& record, const std::vector<std::uint8_t>& bytes) {
+    Json records = Json::array();
+    for (std::size_t at = 0; at + record.size <= bytes.size() && !isZero(&bytes[at], record.size); at += record.size) {
+        records.add(recordAt(record, &bytes[at]));
+    }
+    return records.entries().empty() ? Json() : records;
+}
+
+/** The entries that were written, as many as the length says at most. */
+std::size_t writtenEntries(const Function& function, const Parameter& parameter, const CallFrame& frame,
+                           const CallFrame::Slot& slot) {
+    const std::size_t size = sizeOf(parameter.values.scalar);
+    const auto length = lengthOf(function, parameter, frame);
+    const std::size_t room = slot.bytes.size() / size;
+    const std::size_t most =
+        length ? std::min(room, static_cast<std::size_t>(std::max<std::int64_t>(*length, 0))) : room;
+    std::size_t count = 0;
+    while (count < most && !isUntouched(&slot.bytes[count * size], size)) {
+        ++count;
+    }
+    if (std::strcmp(parameter.length, kItemLength) == 0) {
+        while (count > 1 && isZero(&slot.bytes[(count - 1) * size], size)) {
+            --count;
+        }
+    }
+    return count;
+}
+
+Json arrayOf(const Function& function, const Parameter& parameter, const CallFrame& frame,
+             const CallFrame::Slot& slot) {
+    if (parameter.values.record != nullptr) {
+        return recordsAt(*parameter.values.record, slot.bytes);
+    }
+    const std::size_t size = sizeOf(parameter.values.scalar);
+    if (parameter.values.scalar == Scalar::Byte) {
+        const auto length = lengthOf(function, parameter, frame).value_or(0);
+        const auto count = std::min(slot.bytes.size(), static_cast<std::size_t>(std::max<std::int64_t>(length, 0)));
+        return hexOf({slot.bytes.begin(), slot.bytes.begin() + static_cast<std::ptrdiff_t>(count)});
+    }
+    if (isUntouched(slot.bytes.data(), size)) {
+        return nullptr;
+    }
+    Json entries = Json::array();
+    const std::size_t count = writtenEntries(function, parameter, frame, slot);
+    for (std::size_t i = 0; i < count; ++i) {
+        entries.add(readScalar(parameter.values.scalar, &slot.bytes[i * size]));
+    }
+    return entries;
+}
+
+Json devicesOf(const CallFrame& frame) {
+    Json devices = Json::array();
+    for (const KELU_TV_CEC_DEVICE_INFO_SORTED_S& device : frame.foundDevices()) {
+        devices.add({{"logAddr", device.logAddr},
+                     {"hdmiDevPort", device.hdmiDevPort},
+                     {"phyAddr", device.phyAddr},
+                     {"deVName", device.deVName},
+                     {"hdmiListText", device.hdmiListText}});
+    }
+    return devices;
+}
+
+Json textOfSlot(const CallFrame::Slot& slot) {
+    const bool isUnwritten = slot.bytes[0] == kUntouched && slot.bytes[1] == 0;
+    return isUnwritten ? Json() : Json(textAt(slot.bytes.data(), slot.bytes.size()));
+}
+
+Json outputOf(const Function& function, const Parameter& parameter, const CallFrame& frame,
+              const CallFrame::Slot& slot) {
+    if (slot.isNull) {
+        return nullptr;
+    }
+    switch (parameter.values.kind) {
+    case Kind::Text:
+        return textOfSlot(slot);
+    case Kind::Array:
+        return arrayOf(function, parameter, frame, slot);
+    case Kind::Record:
+        return recordAt(*parameter.values.record, slot.bytes.data());
+    case Kind::List:
+        return devicesOf(frame);
+    default:
+        break;
+    }
+    const bool isUnwritten = isUntouched(slot.bytes.data(), sizeOf(parameter.values.scalar));
+    return isUnwritten ? Json() : readScalar(parameter.values.scalar, slot.bytes.data());
+}
+
+} // namespace
+
+Json resultOf(const Function& function, const CallFrame& frame) {
+    switch (function.result.kind) {
+    case Kind::Nothing:
+        return nullptr;
+    case Kind::List:
+        return frame.resultTexts();
+    case Kind::Record:
+        return recordAt(*function.result.record, frame.result().bytes.data());
+    default:
+        break;
+    }
+    return readScalar(function.result.scalar, frame.result().bytes.data());
+}
+
+Json outputsOf(const Function& function, const CallFrame& frame) {
+    Json outputs = Json::object();
+    for (std::size_t i = 0; i < function.parameters.size(); ++i) {
+        const Parameter& parameter = function.parameters[i];
+        if (parameter.direction == Direction::Out || parameter.direction == Direction::InOut) {
+            outputs[parameter.name] = outputOf(function, parameter, frame, frame.slot(i));
+        }
+    }
+    return outputs;
+}
+
+} // namespace kelutv::tool

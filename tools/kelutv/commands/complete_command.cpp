@@ -1,0 +1,59 @@
+#include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/shell/Completion.h"
+#include "tools/kelutv/shell/LineWords.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+namespace {
+
+void printCompletions(const Command& program, const Output& output, const std::vector<std::string>& words,
+                      const std::string& begun) {
+    const std::vector<std::string> names = completionsOf(program, words, begun);
+    for (const std::string& name : names) {
+        output.line(name);
+    }
+    output.document({{"completions", names}});
+}
+
+/** A line of the shell, which begins with the name of the program. */
+void completeLine(const Command& program, const Output& output, const std::string& line) {
+    Words words = wordsBegun(line);
+    if (!words.complete.empty()) {
+        words.complete.erase(words.complete.begin());
+    }
+    printCompletions(program, output, words.complete, words.begun);
+}
+
+void completeWords(const Command& program, const Output& output, std::vector<std::string> words) {
+    const std::string begun = words.empty() ? "" : words.back();
+    if (!words.empty()) {
+        words.pop_back();
+    }
+    printCompletions(program, output, words, begun);
+}
+
+} // namespace
+
+void addCompleteCommand(const Command& program, Context& context) {
+    const Subcommand command(
+        program, "complete",
+        "Print what the last word may become, one a line\n\nExamples:\nkelutv complete -- get vol");
+    command.hide(); // For shells, not for persons.
+    const auto line = std::make_shared<std::string>();
+    const auto words = std::make_shared<std::vector<std::string>>();
+    command.option("--line", *line, "LINE", "The line up to the cursor, instead of words");
+    command.words("WORD", *words, "The words up to the cursor, behind --");
+    command.action([program, &context, command, line, words] {
+        if (command.isGiven("--line")) {
+            completeLine(program, context.output, *line);
+        } else {
+            completeWords(program, context.output, *words);
+        }
+    });
+}
+
+} // namespace kelutv::tool

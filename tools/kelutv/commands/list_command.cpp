@@ -1,0 +1,76 @@
+#include "tools/kelutv/Function.h"
+#include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/text/Nearest.h"
+#include "tools/kelutv/text/Words.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+namespace kelutv::tool {
+
+namespace {
+
+struct Options {
+    std::string pattern;
+    bool modules = false;
+};
+
+std::vector<const Function*> chosen(const std::string& pattern) {
+    if (pattern.empty()) {
+        return allFunctions();
+    }
+    auto functions = functionsMatching(pattern);
+    if (functions.empty()) {
+        std::vector<std::string> names;
+        for (const Function* function : allFunctions()) {
+            names.emplace_back(function->module);
+            names.emplace_back(function->shortName);
+        }
+        throw UsageError("no module or function matches '" + pattern + '\'' + nearestHint(pattern, names));
+    }
+    return functions;
+}
+
+void printFunctions(const Output& output, const std::vector<const Function*>& functions) {
+    for (const Function* function : functions) {
+        output.line(output.styled(Style::Name, function->shortName) + "  " +
+                    output.styled(Style::Dim, function->texts->brief));
+        output.document({{"function", function->name},
+                         {"short", function->shortName},
+                         {"module", function->module},
+                         {"brief", function->texts->brief}});
+    }
+}
+
+void printModules(const Output& output, const std::vector<const Function*>& functions) {
+    std::map<std::string, int> counts;
+    for (const Function* function : functions) {
+        ++counts[function->module];
+    }
+    for (const auto& [module, count] : counts) {
+        output.line(output.styled(Style::Name, module) + "  " + std::to_string(count));
+        output.document({{"module", module}, {"functions", count}});
+    }
+}
+
+} // namespace
+
+void addListCommand(const Command& program, Context& context) {
+    const auto options = std::make_shared<Options>();
+    const Subcommand command(program, "list",
+                             "List the functions that can be called\n\n"
+                             "Examples:\n"
+                             "kelutv list\n"
+                             "kelutv list audio\n"
+                             "kelutv list '*Volume*'\n"
+                             "kelutv list --modules");
+    command.optional("PATTERN", options->pattern, "A module, a piece of a name, or a pattern with * and ?");
+    command.flag("-m,--modules", options->modules, "List the modules with the number of their functions");
+    command.action([options, &context] {
+        const auto functions = chosen(options->pattern);
+        options->modules ? printModules(context.output, functions) : printFunctions(context.output, functions);
+    });
+}
+
+} // namespace kelutv::tool

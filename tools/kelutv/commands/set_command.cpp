@@ -1,0 +1,41 @@
+#include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/settings/ThingValue.h"
+
+#include <memory>
+#include <string>
+
+namespace kelutv::tool {
+
+namespace {
+
+void set(const Output& output, const std::string& name, const std::string& text) {
+    const Thing& thing = thingNamed(name);
+    const Json wanted = writeThing(thing, text);
+    const Json value = readThing(thing);
+    if (value != wanted) {
+        output.message("set to " + shownText(thing, wanted) + ", the television has " + shownText(thing, value));
+    }
+    output.line(shownText(thing, value));
+    output.document({{"thing", thing.name}, {"value", value}});
+}
+
+} // namespace
+
+void addSetCommand(const Command& program, Context& context) {
+    const Subcommand command(program, "set",
+                             "Change what a person changes daily, and print what it is then\n"
+                             "Names can be shortened as long as one is meant. 'kelutv get' lists every THING "
+                             "and its values.\n\n"
+                             "Examples:\n"
+                             "kelutv set volume 35\n"
+                             "kelutv set volume +5\n"
+                             "kelutv set mute toggle\n"
+                             "kelutv set source hdmi2");
+    const auto name = std::make_shared<std::string>();
+    const auto value = std::make_shared<std::string>();
+    command.required("THING", *name, "What to change: volume, source, picture-mode, ...");
+    command.required("VALUE", *value, "A number, +N or -N; on, off or toggle; a name");
+    command.action([&context, name, value] { set(context.output, *name, *value); });
+}
+
+} // namespace kelutv::tool

@@ -1,0 +1,81 @@
+#include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/process/SignalWatch.h"
+#include "tools/kelutv/trace/TraceLog.h"
+#include "tools/kelutv/trace/TracePipe.h"
+#include "tools/kelutv/trace/TracedProgram.h"
+
+#include <poll.h>
+
+#include <memory>
+
+namespace kelutv::tool {
+
+namespace {
+
+struct TraceOptions {
+    TraceLog::Options log;
+    std::vector<std::string> words;
+};
+
+void writeAll(TracePipe& pipe, TraceLog& log) {
+    for (const TracedTransaction& transaction : pipe.take()) {
+        log.write(transaction);
+    }
+}
+
+/** Hands on what was sent to the tool alone; a terminal sends its signals to the program, too. */
+void passOn(SignalWatch& signals, const TracedProgram& program) {
+    while (const auto signal = signals.take()) {
+        if (signal->ssi_signo != SIGCHLD && signal->ssi_code <= 0) {
+            program.kill(static_cast<int>(signal->ssi_signo));
+        }
+    }
+}
+
+int waitForEnd(TracedProgram& program, SignalWatch& signals, TracePipe& pipe, TraceLog& log) {
+    pollfd watched[] = {{pipe.fd(), POLLIN, 0}, {signals.fd(), POLLIN, 0}};
+    std::optional<int> exit;
+    while (!(exit = program.exitCode())) {
+        ::poll(watched, 2, -1);
+        passOn(signals, program);
+        writeAll(pipe, log);
+    }
+    writeAll(pipe, log);
+    return *exit;
+}
+
+Exit trace(const TraceOptions& options) {
+    TraceLog log(options.log);
+    TracePipe pipe;
+    SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+    std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be told.
+    TracedProgram program(options.words, pipe.path(), signals.maskBefore());
+    const int exit = waitForEnd(program, signals, pipe, log);
+    log.finish();
+    return static_cast<Exit>(exit);
+}
+
+} // namespace
+
+void addTraceCommand(const Command& program, Context& context) {
+    const auto options = std::make_shared<TraceOptions>();
+    const Subcommand command(
+        program, "trace",
+        "Run a program and tell what it sends to the television\n\n"
+        "One line for each command with its answer and the time it took, on standard error or in a file. The\n"
+        "program is not changed and keeps its input and output. Its exit code is the tool's, too.\n\n"
+        "Examples:\n"
+        "kelutv trace -- ./your-application --verbose\n"
+        "kelutv trace --filter 'CMD_AUDIO_*' --output audio.trace -- ./your-application");
+    command.option("-o,--output", options->log.file, "FILE", "Write the trace to this file");
+    command.option("-f,--filter", options->log.filters, "PATTERN",
+                   "Only commands and items with such a name; may be given several times");
+    command.option("-n,--count", options->log.count, "N", "Tell of this many; the program goes on");
+    command.requiredWords("PROGRAM", options->words, "The program and its arguments");
+    command.action([options, &context] {
+        options->log.json = context.output.json;
+        context.exit = trace(*options);
+    });
+}
+
+} // namespace kelutv::tool

@@ -1,0 +1,203 @@
+#include "tools/kelutv/decoding/Decoding.h"
+
+#include "tools/kelutv/text/Words.h"
+#include "wire/text/Describe.h"
+#include "wire/text/EnumeratorNames.h"
+
+#include <binder/Parcel.h>
+
+#include <algorithm>
+
+namespace kelutv::tool {
+
+namespace {
+
+using WireKind = wire::Encoding;
+using wire::Result;
+
+/** The reader stands where the argument begins that could not be read. */
+std::size_t offsetOf(const wire::Request& request, const android::Parcel& parcel) {
+    switch (request.refusal->result) {
+    case Result::WrongToken:
+        return 0;
+    case Result::UnknownCommand:
+        return request.argumentsAt - sizeof(std::int32_t);
+    default:
+        return parcel.dataPosition();
+    }
+}
+
+/** An item without a row can be read all the same. */
+bool isMalformed(const wire::Request& request) {
+    return request.refusal && request.refusal->result != Result::UnknownItem;
+}
+
+Json valueOf(const wire::Value& scalar, WireKind kind) {
+    if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
+        return *number;
+    }
+    if (const auto* const real = std::get_if<double>(&scalar)) {
+        return *real;
+    }
+    const auto& text = std::get<std::string>(scalar);
+    return kind == WireKind::Bytes ? Json(hexOf({text.begin(), text.end()})) : Json(text);
+}
+
+bool isSingle(const NamedValue& value) {
+    return value.scalars.size() == 1 && value.encoding != WireKind::Ints && value.encoding != WireKind::Doubles;
+}
+
+Json documentOf(const NamedValue& value) {
+    Json document;
+    if (value.name != nullptr) {
+        document["name"] = value.name;
+    }
+    if (!isSingle(value)) {
+        document["value"] = Json::array();
+        for (const wire::Value& scalar : value.scalars) {
+            document["value"].add(valueOf(scalar, value.encoding));
+        }
+        return document;
+    }
+    document["value"] = valueOf(value.scalars.front(), value.encoding);
+    const auto* const number = std::get_if<std::int32_t>(&value.scalars.front());
+    const std::string name = number != nullptr ? wire::nameOfValue(*number, value.names) : "";
+    if (!name.empty()) {
+        document["enumerator"] = name;
+    }
+    return document;
+}
+
+Json documentOf(const std::vector<NamedValue>& values) {
+    Json documents = Json::array();
+    for (const NamedValue& value : values) {
+        documents.add(documentOf(value));
+    }
+    return documents;
+}
+
+void addFlaw(Json& document, const std::optional<wire::ReplyFlaw>& flaw) {
+    if (flaw) {
+        document["fault"] = {{"offset", flaw->offset}, {"text", flaw->text}};
+    }
+}
+
+/** A function that takes any item has none of its own. */
+bool isSameItem(const Request& row, const wire::Request& request) {
+    return row.commandValue == request.command->value &&
+           (row.item == nullptr || !request.command->hasItems || request.arguments.empty() ||
+            row.itemValue == std::get<std::int32_t>(request.arguments.front().front()));
+}
+
+} // namespace
+
+DecodedRequest decodeRequest(const Bytes& bytes) {
+    android::Parcel parcel;
+    parcel.setData(bytes.data(), bytes.size());
+    DecodedRequest decoded{wire::readRequest(parcel), std::nullopt};
+    if (isMalformed(decoded.request)) {
+        decoded.flaw = {offsetOf(decoded.request, parcel), decoded.request.refusal->text};
+    }
+    return decoded;
+}
+
+const wire::Operation& operationFor(const wire::Request& request) {
+    static constexpr wire::ReplyField kWords[] = {{WireKind::Ints, nullptr, nullptr, wire::kRestOfReply}};
+    static constexpr wire::Operation kUnknown{
+        {}, wire::Shape::Parcel, kWords, {wire::StateRule::Access::None, nullptr, {}, {}}};
+    if (request.operation != nullptr) {
+        return *request.operation;
+    }
+    return request.command != nullptr ? request.command->operation : kUnknown;
+}
+
+wire::ReplyReading decodeReply(const wire::Operation& operation, const Bytes& bytes) {
+    android::Parcel parcel;
+    parcel.setData(bytes.data(), bytes.size());
+    return wire::readReply(operation, parcel);
+}
+
+std::vector<NamedValue> argumentsOf(const wire::Request& request) {
+    std::vector<NamedValue> values;
+    for (std::size_t i = 0; i < request.arguments.size(); ++i) {
+        const wire::RequestItem& item = wire::itemsOf(request)[i];
+        values.push_back({item.name, item.encoding, item.names, request.arguments[i]});
+    }
+    return values;
+}
+
+std::vector<NamedValue> fieldsOf(const wire::Operation& operation, const wire::Reply& reply) {
+    std::vector<NamedValue> values;
+    for (const wire::Values& scalars : reply.fields) {
+        const wire::ReplyField& field = wire::fieldAt(operation, values.size());
+        values.push_back({field.name, field.encoding, field.names, scalars});
+    }
+    return values;
+}
+
+std::string itemNameOf(const wire::Request& request) {
+    if (request.command == nullptr || !request.command->hasItems || request.arguments.empty()) {
+        return "";
+    }
+    const auto number = std::get<std::int32_t>(request.arguments.front().front());
+    return wire::nameOfValue(number, wire::itemsOf(request)[0].names);
+}
+
+std::vector<const Function*> sendersOf(const wire::Request& request) {
+    if (request.command == nullptr) {
+        return {};
+    }
+    std::vector<const Function*> senders;
+    for (const Function* const function : functionsSending(request.command->value)) {
+        const Rows<Request>& sent = function->requests;
+        if (std::any_of(sent.begin(), sent.end(),
+                        [&request](const Request& row) { return isSameItem(row, request); })) {
+            senders.push_back(function);
+        }
+    }
+    return senders;
+}
+
+std::string lineOf(const NamedValue& value) {
+    const std::string text = wire::describe(value.scalars, value.encoding, value.names);
+    return value.name != nullptr ? value.name + (" = " + text) : text;
+}
+
+Json documentOf(const DecodedRequest& decoded) {
+    const wire::Request& request = decoded.request;
+    Json document;
+    document["command"] = request.command != nullptr ? Json(request.command->name) : Json();
+    document["number"] = request.number ? Json(*request.number) : Json();
+    if (const std::string item = itemNameOf(request); !item.empty()) {
+        document["item"] = item;
+    }
+    document["arguments"] = documentOf(argumentsOf(request));
+    addFlaw(document, decoded.flaw);
+    return document;
+}
+
+Json documentOf(const wire::Operation& operation, const wire::ReplyReading& reading) {
+    Json document;
+    document["result"] = reading.hasResult ? Json(reading.reply.result) : Json();
+    document["fields"] = documentOf(fieldsOf(operation, reading.reply));
+    addFlaw(document, reading.flaw);
+    return document;
+}
+
+std::string textOf(const wire::Operation& operation, const wire::ReplyReading& reading) {
+    std::string text = reading.hasResult ? std::to_string(reading.reply.result) : "";
+    const char* separator = ": ";
+    for (const NamedValue& value : fieldsOf(operation, reading.reply)) {
+        text += separator + (value.name != nullptr ? value.name + std::string("=") : "") +
+                wire::describe(value.scalars, value.encoding, value.names);
+        separator = ", ";
+    }
+    if (reading.flaw) {
+        text += (text.empty() ? "" : " ") + ('[' + textOf(*reading.flaw) + ']');
+    }
+    return text;
+}
+
+std::string textOf(const wire::ReplyFlaw& flaw) { return flaw.text + " (at byte " + std::to_string(flaw.offset) + ')'; }
+
+} // namespace kelutv::tool

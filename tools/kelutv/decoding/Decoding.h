@@ -1,0 +1,65 @@
+#pragma once
+
+#include "tools/kelutv/Function.h"
+#include "tools/kelutv/output/Output.h"
+#include "tools/kelutv/text/HexInput.h"
+#include "wire/codec/ReplyReader.h"
+#include "wire/codec/Request.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+/** A request read from its bytes, and what is wrong with it at which of them. */
+struct DecodedRequest {
+    wire::Request request;
+    std::optional<wire::ReplyFlaw> flaw;
+};
+
+DecodedRequest decodeRequest(const Bytes& bytes);
+
+/** What the reply to a request is read by; that of a command without a row takes all words behind the result. */
+const wire::Operation& operationFor(const wire::Request& request);
+
+wire::ReplyReading decodeReply(const wire::Operation& operation, const Bytes& bytes);
+
+/** One argument or field. */
+struct NamedValue {
+    /** Null for a field without a name of its own. */
+    const char* name;
+    wire::Encoding encoding;
+    const wire::Enumeration* names;
+    wire::Values scalars;
+};
+
+/** The arguments in wire order, as far as they could be read. */
+std::vector<NamedValue> argumentsOf(const wire::Request& request);
+
+/** What stands behind the result word. */
+std::vector<NamedValue> fieldsOf(const wire::Operation& operation, const wire::Reply& reply);
+
+/** The name of the item that a request of an item command carries; null when there is none. */
+std::string itemNameOf(const wire::Request& request);
+
+/** The functions that send such a request: any item, or its item. */
+std::vector<const Function*> sendersOf(const wire::Request& request);
+
+/** `channel = 0 KELU_TV_AUDIO_CHANNEL_SPEAKER`. */
+std::string lineOf(const NamedValue& value);
+
+/** `{"command": ..., "number": ..., "item": ..., "arguments": [...], "fault": ...}`. */
+Json documentOf(const DecodedRequest& decoded);
+
+/** `{"result": ..., "fields": [...], "fault": ...}`. */
+Json documentOf(const wire::Operation& operation, const wire::ReplyReading& reading);
+
+/** `0: 35`, with what is wrong in brackets. */
+std::string textOf(const wire::Operation& operation, const wire::ReplyReading& reading);
+
+/** `TEXT (at byte N)`. */
+std::string textOf(const wire::ReplyFlaw& flaw);
+
+} // namespace kelutv::tool

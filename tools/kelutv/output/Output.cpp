@@ -1,0 +1,78 @@
+#include "tools/kelutv/output/Output.h"
+
+#include "tools/kelutv/output/StandardOutput.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace kelutv::tool {
+
+namespace {
+
+bool isWanted(const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+bool isDumb() {
+    const char* const terminal = std::getenv("TERM");
+    return terminal == nullptr || std::strcmp(terminal, "dumb") == 0;
+}
+
+const char* codeOf(Style style) {
+    switch (style) {
+    case Style::Name:
+        return "1";
+    case Style::Value:
+        return "36";
+    case Style::Number:
+        return "33";
+    case Style::Dim:
+        return "2";
+    case Style::Good:
+        return "32";
+    case Style::Bad:
+        return "31";
+    case Style::Plain:
+        break;
+    }
+    return "";
+}
+
+} // namespace
+
+void Output::line(const std::string& text) const {
+    if (!json) {
+        writeData(text + '\n');
+    }
+}
+
+void Output::document(const Json& value) const {
+    if (json) {
+        writeData(value.dump() + '\n');
+    }
+}
+
+void Output::message(const std::string& text) const {
+    if (!quiet) {
+        std::fprintf(stderr, "%s\n", text.c_str());
+    }
+}
+
+void Output::complain(const std::string& text) { std::fprintf(stderr, "kelutv: %s\n", text.c_str()); }
+
+std::string Output::styled(Style style, const std::string& text) const {
+    return style != Style::Plain && hasColor() ? std::string("\033[") + codeOf(style) + 'm' + text + "\033[0m" : text;
+}
+
+bool Output::hasColor() const {
+    if (json || color == Color::Never) {
+        return false;
+    }
+    return color == Color::Always || (::isatty(STDOUT_FILENO) == 1 && !isWanted("NO_COLOR") && !isDumb());
+}
+
+} // namespace kelutv::tool

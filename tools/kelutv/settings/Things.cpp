@@ -1,0 +1,292 @@
+#include "tools/kelutv/settings/Things.h"
+
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/Nearest.h"
+#include "tools/kelutv/text/Words.h"
+
+#include <algorithm>
+
+namespace kelutv::tool {
+
+namespace {
+
+constexpr int kPercent = 100;
+constexpr int kLongestDelay = 500;
+
+/** A function with its arguments. */
+struct Access {
+    std::string function;
+    std::vector<std::string> arguments;
+};
+
+Thing number(std::string name, std::string meaning, Place place, Access get, Access set, int high = kPercent,
+             std::string unit = "") {
+    return {std::move(name),
+            std::move(meaning),
+            ThingKind::Number,
+            place,
+            std::move(get.function),
+            std::move(get.arguments),
+            "",
+            std::move(set.function),
+            std::move(set.arguments),
+            0,
+            high,
+            std::move(unit)};
+}
+
+Thing other(ThingKind kind, std::string name, std::string meaning, Place place, Access get, Access set = {}) {
+    Thing thing = number(std::move(name), std::move(meaning), place, std::move(get), std::move(set));
+    thing.kind = kind;
+    return thing;
+}
+
+/** The thing when it comes in an output parameter. */
+Thing in(std::string output, Thing thing) {
+    thing.output = std::move(output);
+    return thing;
+}
+
+Access audio(const std::string& function, std::vector<std::string> arguments = {}) {
+    return {"linux_tv_Audio_" + function, std::move(arguments)};
+}
+
+Access picture(const std::string& function, std::vector<std::string> arguments = {}) {
+    return {"linux_tv_Picture_" + function, std::move(arguments)};
+}
+
+Access source(const std::string& function, std::vector<std::string> arguments = {}) {
+    return {"linux_tv_SourceManager_" + function, std::move(arguments)};
+}
+
+Access system(const std::string& function, std::vector<std::string> arguments = {}) {
+    return {"linux_tv_SystemSetting_" + function, std::move(arguments)};
+}
+
+Access factory(const std::string& function) { return {"linux_tv_Factory_" + function, {}}; }
+
+Thing effect(const std::string& name, const std::string& meaning, const std::string& parameter) {
+    return number(name, meaning, Place::List, audio("getEffectParameter", {parameter}),
+                  audio("setEffectParameter", {parameter, "%"}));
+}
+
+Thing pictureNumber(const std::string& name, const std::string& meaning, const std::string& function) {
+    return number(name, meaning, Place::Status, picture("get" + function), picture("set" + function, {"%"}));
+}
+
+Thing flag(std::string name, std::string meaning, Place place, Access get, Access set) {
+    return other(ThingKind::Switch, std::move(name), std::move(meaning), place, std::move(get), std::move(set));
+}
+
+Thing choice(std::string name, std::string meaning, Place place, Access get, Access set = {}) {
+    return other(ThingKind::Choice, std::move(name), std::move(meaning), place, std::move(get), std::move(set));
+}
+
+Thing config(const std::string& name, const std::string& meaning, const std::string& function,
+             const std::string& output) {
+    return in(output,
+              flag(name, meaning, Place::List, {"CConfig::Get" + function, {}}, {"CConfig::Set" + function, {"%"}}));
+}
+
+Thing hotelFlag(const std::string& name, const std::string& meaning, Place place, const std::string& function) {
+    return in("pEnable", flag(name, meaning, place, {"Get" + function, {}}, {"Set" + function, {"%"}}));
+}
+
+Thing hotelVolume(const std::string& name, const std::string& meaning, const std::string& function) {
+    return in("pVolume", number(name, meaning, Place::List, {"Get" + function, {}}, {"Set" + function, {"%"}}));
+}
+
+Thing text(const std::string& name, const std::string& meaning, Place place, const std::string& output, Access get) {
+    return in(output, other(ThingKind::Text, name, meaning, place, std::move(get)));
+}
+
+std::vector<Thing> sourceThings() {
+    return {
+        choice("source", "What the main window shows", Place::Status, source("getCurSourceId", {"0"}),
+               source("selectSource", {"%", "0"})),
+        flag("signal", "Whether the source has a signal", Place::Status, source("getSignalStatus"), {}),
+        in("info", other(ThingKind::Timing, "timing", "The size and the rate of the signal", Place::Status,
+                         source("getTimingInfo"))),
+        choice("stream-type", "The dynamic range of the signal", Place::Status, picture("getHdrStreamType")),
+        choice("boot-source", "The source that the television starts with", Place::List, source("getBootSource"),
+               source("setBootSource", {"%"})),
+    };
+}
+
+std::vector<Thing> soundThings() {
+    return {
+        number("volume", "The volume of the speakers", Place::Status, audio("getVolume", {"speaker"}),
+               audio("setVolume", {"speaker", "%"})),
+        flag("mute", "Whether the speakers are silent", Place::Status, audio("getMute", {"speaker"}),
+             audio("setMute", {"speaker", "%"})),
+        number("headphone-volume", "The volume of the headphones", Place::List, audio("getVolume", {"headphone"}),
+               audio("setVolume", {"headphone", "%"})),
+        number("subwoofer-volume", "The volume of the subwoofer", Place::List, audio("getSubWooferVolume"),
+               audio("setSubWooferVolume", {"%"})),
+        number("max-volume", "The highest volume of the speakers", Place::List, audio("getMaxVolume", {"speaker"}),
+               audio("setMaxVolume", {"speaker", "%"})),
+        number("boot-volume", "The volume that the television starts with", Place::List,
+               audio("getBootVolume", {"speaker"}), audio("setBootVolume", {"speaker", "%"})),
+        choice("sound-mode", "The sound mode", Place::Status, audio("getSoundMode"), audio("setSoundMode", {"%"})),
+        choice("stereo", "Mono, stereo or the language of a dual sound", Place::List, audio("getStereoMode"),
+               audio("setStereoMode", {"%"})),
+        flag("surround", "Surround sound", Place::List, audio("getSurroundMode"), audio("setSurroundMode", {"%"})),
+        effect("balance", "Left and right, the middle is 50", "balance_e"),
+        effect("bass", "The low tones", "bass_e"),
+        effect("treble", "The high tones", "treble_e"),
+        choice("spdif", "What the digital sound output carries", Place::List, audio("getSPDIFOutput"),
+               audio("setSPDIFOutput", {"%"})),
+        number("spdif-delay", "How much later the digital output sounds", Place::List, audio("getSPDIFOutputDelay"),
+               audio("setSPDIFOutputDelay", {"%"}), kLongestDelay, "ms"),
+    };
+}
+
+std::vector<Thing> pictureThings() {
+    return {
+        choice("picture-mode", "The picture mode", Place::Status, picture("getPictureMode"),
+               picture("setPictureMode", {"%"})),
+        pictureNumber("brightness", "The brightness of the picture", "Brightness"),
+        pictureNumber("contrast", "The contrast of the picture", "Contrast"),
+        pictureNumber("saturation", "The colour saturation", "Saturation"),
+        pictureNumber("sharpness", "The sharpness of the picture", "Sharpness"),
+        pictureNumber("hue", "The hue of the picture", "Hue"),
+        pictureNumber("backlight", "The backlight of the panel", "Backlight"),
+        choice("color-temperature", "The colour temperature", Place::Status, picture("getColorTemp"),
+               picture("setColorTemp", {"%"})),
+        choice("aspect", "How the picture fills the screen", Place::Status, picture("getAspect"),
+               picture("setAspect", {"%", "false"})),
+        choice("noise-reduction", "The noise reduction", Place::List, picture("getNR"), picture("setNR", {"%"})),
+        flag("game-mode", "The game mode", Place::List, picture("isGameModeEnable"), picture("enableGameMode", {"%"})),
+        flag("freeze", "Whether the picture stands still", Place::List, picture("isFreezeEnable"),
+             picture("enableFreeze", {"%"})),
+        flag("overscan", "Whether the edge of the picture is cut", Place::List, picture("isOverscanEnable"),
+             picture("enableOverscan", {"%"})),
+        choice("hdr-mode", "How a high dynamic range is shown", Place::List, picture("getHdrMode"),
+               picture("setHdrMode", {"%"})),
+    };
+}
+
+std::vector<Thing> systemThings() {
+    return {
+        choice("language", "The language of the menus", Place::Status, system("getLanguage"),
+               system("setLanguage", {"%"})),
+        in("pOnOff", flag("screen", "Whether the screen is on", Place::Status, system("getScreenOn"),
+                          system("setScreenOn", {"%"}))),
+        flag("blue-screen", "A blue screen without a signal", Place::List, system("isScreenBlueEnable"),
+             system("enableScreenBlue", {"%"})),
+        in("pEnable", flag("market-mode", "The mode for the shop", Place::List, system("getMarketModeEnable"),
+                           system("setMarketModeEnable", {"%"}))),
+        config("cec", "Control of the devices at the HDMI inputs", "CECSwitchMode", "aMode"),
+        config("arc", "The audio return channel", "ARCEnable", "aEnable"),
+        number("last-power-off", "How the television was last switched off, as the service numbers it", Place::Status,
+               system("getLastPowerOffMode"), {}),
+        number("wakeup", "What woke the television, as the service numbers it", Place::Status, system("getWakeupMode"),
+               {}),
+    };
+}
+
+std::vector<Thing> hotelThings() {
+    return {
+        hotelFlag("hotel", "The hotel mode", Place::Status, "HotelEnable"),
+        hotelFlag("hotel-keypad", "Whether the keys at the television work in a hotel", Place::List,
+                  "HotelKeypadEnable"),
+        hotelFlag("hotel-menu", "Whether the setup menu opens in a hotel", Place::List, "HotelSetupMenuEnable"),
+        hotelVolume("hotel-max-volume", "The highest volume in a hotel", "HotelMaxVolume"),
+        hotelVolume("hotel-boot-volume", "The volume that a hotel's television starts with", "HotelBootVolume"),
+        in("pSrc", choice("hotel-boot-source", "The source that a hotel's television starts with", Place::List,
+                          {"GetHotelBootSrc", {}}, {"SetHotelBootSrc", {"%"}})),
+    };
+}
+
+std::vector<Thing> versionThings() {
+    return {
+        text("middleware-version", "The version of the middleware", Place::Status, "version",
+             system("getMiddlewareVersion")),
+        text("boot-version", "The version of the boot loader", Place::List, "pStr", system("getBootVersion")),
+        text("platform", "The platform", Place::Status, "str", factory("getPlatform")),
+        text("picture-version", "The version of the picture data", Place::List, "pPQBinVersion",
+             factory("getPQBinVersion")),
+        text("panel", "The panel", Place::List, "info", factory("getPanelInfo")),
+    };
+}
+
+std::vector<Thing> allThings() {
+    std::vector<Thing> all;
+    for (const auto& part :
+         {sourceThings(), soundThings(), pictureThings(), systemThings(), hotelThings(), versionThings()}) {
+        all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+}
+
+/** An enumerator that only marks the end of a range or of the enumeration. */
+bool isMark(const std::string& name) {
+    const std::string::size_type end = name.rfind('_');
+    const std::string last = end == std::string::npos ? name : name.substr(end + 1);
+    return last == "butt" || last == "max";
+}
+
+} // namespace
+
+const std::vector<Thing>& things() {
+    static const std::vector<Thing> all = allThings();
+    return all;
+}
+
+std::vector<std::string> thingNames(bool settable) {
+    std::vector<std::string> names;
+    for (const Thing& thing : things()) {
+        if (!settable || !thing.setter.empty()) {
+            names.push_back(thing.name);
+        }
+    }
+    return names;
+}
+
+const Enumeration& enumerationOf(const Thing& thing) {
+    const Function& getter = functionNamed(thing.getter);
+    if (thing.output.empty()) {
+        return *getter.result.names;
+    }
+    const auto* const parameter = std::find_if(getter.parameters.begin(), getter.parameters.end(),
+                                               [&thing](const Parameter& each) { return thing.output == each.name; });
+    return *parameter->values.names;
+}
+
+const Thing& thingNamed(const std::string& name) {
+    for (const Thing& thing : things()) {
+        if (thing.name == name) {
+            return thing;
+        }
+    }
+    throw UsageError("there is no '" + name + "' to get or set" + nearestHint(name, thingNames(false)));
+}
+
+std::string allowedFor(const Thing& thing) {
+    switch (thing.kind) {
+    case ThingKind::Number:
+        return std::to_string(thing.low) + ".." + std::to_string(thing.high) +
+               (thing.unit.empty() ? "" : ' ' + thing.unit) + ", +N, -N";
+    case ThingKind::Switch:
+    case ThingKind::Choice:
+        return joined(valueNames(thing), ", ");
+    case ThingKind::Text:
+    case ThingKind::Timing:
+        break;
+    }
+    return "";
+}
+
+std::vector<std::string> valueNames(const Thing& thing) {
+    if (thing.kind == ThingKind::Switch) {
+        return {"on", "off", "toggle"};
+    }
+    std::vector<std::string> names;
+    if (thing.kind == ThingKind::Choice) {
+        names = shortNamesOf(enumerationOf(thing));
+        names.erase(std::remove_if(names.begin(), names.end(), isMark), names.end());
+    }
+    return names;
+}
+
+} // namespace kelutv::tool

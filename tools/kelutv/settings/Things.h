@@ -1,0 +1,69 @@
+#pragma once
+
+#include "tools/kelutv/Function.h"
+
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+enum class ThingKind {
+    /** A whole number of a range. */
+    Number,
+    /** On or off. */
+    Switch,
+    /** One name of the enumeration that the function that sets or reads it has. */
+    Choice,
+    Text,
+    /** The size and the rate of the picture that comes in. */
+    Timing,
+};
+
+/** Where a thing stands. */
+enum class Place {
+    /** Among all others. */
+    List,
+    /** On the screen of `kelutv status`, too. */
+    Status,
+};
+
+/** Something of the television that a person reads or changes by one word. */
+struct Thing {
+    std::string name;
+    std::string meaning;
+    ThingKind kind;
+    Place place;
+    /** The function that reads it, with its arguments. */
+    std::string getter;
+    std::vector<std::string> getterArguments;
+    /** The output parameter of that function that holds it; empty for its result. */
+    std::string output;
+    /** The function that sets it; empty when it can only be read. */
+    std::string setter;
+    /** The arguments of that function, "%" for the value. */
+    std::vector<std::string> setterArguments;
+    /** The range of a number, and what it is counted in. */
+    int low;
+    int high;
+    std::string unit;
+};
+
+/** Every thing, those that belong together beside each other. */
+const std::vector<Thing>& things();
+
+/** The names of all things, or only of those that can be set. */
+std::vector<std::string> thingNames(bool settable);
+
+/** @throws UsageError with the nearest names when there is none */
+const Thing& thingNamed(const std::string& name);
+
+/** The enumeration that names the values of a choice. */
+const Enumeration& enumerationOf(const Thing& thing);
+
+/** What can be written for it: `0..100, +N, -N`, `on, off, toggle`, names apart by commas; for texts nothing. */
+std::string allowedFor(const Thing& thing);
+
+/** The words that `set` takes for a switch or a choice, in the order of the enumeration. */
+std::vector<std::string> valueNames(const Thing& thing);
+
+} // namespace kelutv::tool

@@ -1,0 +1,216 @@
+#include "tools/kelutv/shell/Completion.h"
+
+#include "tools/kelutv/Function.h"
+#include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/EepArea.h"
+#include "tools/kelutv/settings/Things.h"
+#include "tools/kelutv/shell/Files.h"
+
+#include <algorithm>
+#include <cctype>
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace kelutv::tool {
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+bool begins(const std::string& word, const std::string& begun) { return word.compare(0, begun.size(), begun) == 0; }
+
+bool isOption(const std::string& word) {
+    return word.size() > 1 && word.front() == '-' && std::isdigit(static_cast<unsigned char>(word[1])) == 0;
+}
+
+/** Where in the command line the word that is begun stands. */
+struct Spot {
+    Command command;
+    /** What the option before it takes; nothing for none. */
+    std::optional<Operand> option;
+    /** The words before it that are neither options nor commands. */
+    Names arguments;
+    /** Behind "--". */
+    bool onlyArguments = false;
+};
+
+void step(Spot& spot, const std::string& word) {
+    if (spot.option) {
+        spot.option.reset();
+    } else if (!spot.onlyArguments && word == "--") {
+        spot.onlyArguments = true;
+    } else if (!spot.onlyArguments && isOption(word)) {
+        const std::optional<Operand> option = spot.command.optionNamed(word);
+        spot.option = option && option->most > 0 ? option : std::nullopt;
+    } else if (const auto below = spot.command.below(word); below && spot.arguments.empty()) {
+        spot.command = *below;
+    } else {
+        spot.arguments.push_back(word);
+    }
+}
+
+/** What the next argument of the command is; nothing when it takes no more. */
+std::optional<Operand> positionalOf(const Spot& spot) {
+    std::size_t place = spot.arguments.size();
+    for (const Operand& operand : spot.command.positionals()) {
+        if (place < operand.most) {
+            return operand;
+        }
+        place -= operand.most;
+    }
+    return std::nullopt;
+}
+
+void sortOut(Names& names) {
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+}
+
+Names functionNames(const std::string& begun) {
+    Names names;
+    for (const Function* const function : allFunctions()) {
+        names.push_back(function->shortName);
+        if (!begun.empty()) {
+            names.push_back(function->name);
+        }
+    }
+    sortOut(names);
+    return names;
+}
+
+Names moduleNames() {
+    Names names;
+    for (const Function* const function : allFunctions()) {
+        names.push_back(function->module);
+    }
+    sortOut(names);
+    return names;
+}
+
+Names enumeratorNames(const Enumeration& enumeration, const std::string& begun) {
+    Names names = shortNamesOf(enumeration);
+    for (const Enumerator& enumerator : enumeration.values) {
+        if (!begun.empty()) {
+            names.emplace_back(enumerator.name);
+        }
+    }
+    return names;
+}
+
+Names valuesOf(const Parameter& parameter, const std::string& begun) {
+    if (parameter.values.kind == Kind::Value && parameter.values.scalar == Scalar::Bool) {
+        return {"false", "off", "on", "true"};
+    }
+    if (parameter.values.names != nullptr) {
+        return enumeratorNames(*parameter.values.names, begun);
+    }
+    return {};
+}
+
+Names argumentNames(const Spot& spot, const std::string& begun) {
+    try {
+        const auto parameters = givenParameters(functionNamed(spot.arguments.front()));
+        const std::size_t place = spot.arguments.size() - 1;
+        return place < parameters.size() ? valuesOf(*parameters[place], begun) : Names();
+    } catch (const UsageError&) {
+        return {};
+    }
+}
+
+Names thingValues(const Spot& spot) {
+    const Names known = thingNames(true);
+    const std::string& name = spot.arguments.front();
+    return std::find(known.begin(), known.end(), name) == known.end() ? Names() : valueNames(thingNamed(name));
+}
+
+Names commandsBelow(const Spot& spot) {
+    std::optional<Command> command = spot.command.above();
+    for (const std::string& name : spot.arguments) {
+        command = command ? command->below(name) : std::nullopt;
+    }
+    return command ? command->namesBelow() : Names();
+}
+
+Names namesOf(const char* enumerationName, const std::string& begun) {
+    for (const Enumeration& enumeration : allEnumerations()) {
+        if (enumeration.name == std::string(enumerationName)) {
+            return enumeratorNames(enumeration, begun);
+        }
+    }
+    return {};
+}
+
+Names areaNames() {
+    Names names;
+    for (const EepArea& area : eepAreas()) {
+        names.emplace_back(area.name);
+    }
+    return names;
+}
+
+using Source = std::function<Names(const Spot&, const std::string&)>;
+
+/** What may stand where the help says so. */
+const std::map<std::string, Source>& sources() {
+    static const std::map<std::string, Source> all{
+        {"ARG", argumentNames},
+        {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
+        {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
+        {"FILE", [](const Spot&, const std::string& begun) { return filesBeginning(begun); }},
+        {"FUNCTION", [](const Spot&, const std::string& begun) { return functionNames(begun); }},
+        {"NAME|NUMBER", [](const Spot&, const std::string& begun) { return namesOf("ATV_CMD_ID_E", begun); }},
+        {"NUMBER|NAME", [](const Spot&, const std::string& begun) { return namesOf("KELU_EM_MODE_E", begun); }},
+        {"PATTERN",
+         [](const Spot&, const std::string& begun) {
+             Names names = moduleNames();
+             const Names functions = functionNames(begun);
+             names.insert(names.end(), functions.begin(), functions.end());
+             return names;
+         }},
+        {"PROGRAM", [](const Spot&, const std::string& begun) { return filesBeginning(begun); }},
+        {"THING", [](const Spot& spot, const std::string&) { return thingNames(spot.command.name() == "set"); }},
+        {"VALUE", [](const Spot& spot, const std::string&) { return thingValues(spot); }},
+        {"WHEN",
+         [](const Spot&, const std::string&) {
+             return Names{"always", "auto", "never"};
+         }},
+    };
+    return all;
+}
+
+Names candidatesAt(const Spot& spot, const std::string& begun) {
+    if (!spot.option && !spot.onlyArguments && isOption(begun + ' ')) {
+        return spot.command.optionNames();
+    }
+    if (!spot.option && begins(begun, "@")) {
+        Names files = filesBeginning(begun.substr(1));
+        std::transform(files.begin(), files.end(), files.begin(), [](const std::string& file) { return '@' + file; });
+        return files;
+    }
+    if (!spot.option && spot.arguments.empty() && !spot.command.namesBelow().empty()) {
+        return spot.command.namesBelow();
+    }
+    const std::optional<Operand> operand = spot.option ? spot.option : positionalOf(spot);
+    const auto source = operand ? sources().find(operand->form) : sources().end();
+    return source == sources().end() ? Names() : source->second(spot, begun);
+}
+
+} // namespace
+
+std::vector<std::string> completionsOf(const Command& program, const std::vector<std::string>& words,
+                                       const std::string& begun) {
+    Spot spot{program, std::nullopt, {}, false};
+    for (const std::string& word : words) {
+        step(spot, word);
+    }
+    Names names = candidatesAt(spot, begun);
+    names.erase(
+        std::remove_if(names.begin(), names.end(), [&begun](const std::string& name) { return !begins(name, begun); }),
+        names.end());
+    sortOut(names);
+    return names;
+}
+
+} // namespace kelutv::tool

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/parser/Parser.h"
+#include "tools/kelutv/shell/History.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+/** Carries out lines as the command line would, over one connection, until there are no more. */
+class Repl {
+public:
+    using RunCommandLine = Exit (*)(std::vector<std::string> words);
+
+    /**
+     * @param program what the words at a terminal are completed by; must live as long as this
+     * @param runCommandLine runs the words of a line
+     * @param options words that stand before those of every line
+     * @param stopAtFailure ends with the first line that fails
+     */
+    Repl(const Command& program, RunCommandLine runCommandLine, std::vector<std::string> options, bool stopAtFailure);
+
+    /**
+     * Reads lines, with editing, completion and history when both ends are terminals.
+     *
+     * @return what the last line that failed gave; always success at a terminal
+     */
+    Exit run();
+
+private:
+    std::optional<std::string> nextLine();
+    Exit runLine(const std::string& line);
+    Exit runWords(std::vector<std::string> words);
+
+    RunCommandLine mRunCommandLine;
+    std::vector<std::string> mOptions;
+    bool mStopAtFailure;
+    bool mAtTerminal;
+    bool mEnded = false;
+    History mHistory;
+};
+
+} // namespace kelutv::tool

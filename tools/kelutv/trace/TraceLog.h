@@ -1,0 +1,45 @@
+#pragma once
+
+#include "tools/kelutv/text/NamePattern.h"
+#include "tools/kelutv/trace/TracePipe.h"
+
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+/** Writes traced transactions in words or as JSON, one a line, to a file or to standard error. */
+class TraceLog {
+public:
+    struct Options {
+        /** Empty for standard error. */
+        std::string file;
+        std::vector<std::string> filters;
+        /** How many are written; 0 for all. */
+        std::size_t count = 0;
+        bool json = false;
+    };
+
+    /** @throws ToolError when the file cannot be opened, UsageError when a filter lets nothing through */
+    explicit TraceLog(const Options& options);
+
+    void write(const TracedTransaction& transaction);
+
+    /** @throws ToolError when anything was not written */
+    void finish();
+
+private:
+    bool isWanted(const std::vector<std::string>& names) const;
+
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> mFile;
+    std::string mPath;
+    std::vector<NamePattern> mFilters;
+    std::size_t mLeft;
+    bool mLimited;
+    bool mJson;
+};
+
+} // namespace kelutv::tool

@@ -1,0 +1,113 @@
+#include "tools/kelutv/trace/TracePipe.h"
+
+#include "tools/kelutv/output/Errors.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+namespace kelutv::tool {
+
+namespace {
+
+using trace::FrameHead;
+using trace::RecordHead;
+
+[[noreturn]] void fail(const std::string& what) { throw ToolError(Exit::Failure, what + ": " + std::strerror(errno)); }
+
+std::string makeDirectory() {
+    const char* const folder = std::getenv("TMPDIR");
+    std::string path = std::string(folder != nullptr && *folder != '\0' ? folder : "/tmp") + "/kelutv-trace-XXXXXX";
+    if (::mkdtemp(path.data()) == nullptr) {
+        fail("cannot make the directory " + path);
+    }
+    return path;
+}
+
+bool isWhole(const FrameHead& frame, const Bytes& record) {
+    RecordHead head{};
+    if (record.size() != frame.total || record.size() < sizeof(head)) {
+        return false;
+    }
+    std::memcpy(&head, record.data(), sizeof(head));
+    return std::uint64_t{head.requestSize} + head.replySize + sizeof(head) == record.size();
+}
+
+TracedTransaction transactionOf(const FrameHead& frame, const Bytes& record) {
+    RecordHead head{};
+    std::memcpy(&head, record.data(), sizeof(head));
+    const auto request = record.begin() + sizeof(head);
+    const auto reply = request + head.requestSize;
+    return {frame.process,
+            frame.thread,
+            std::chrono::nanoseconds(head.startNanoseconds),
+            std::chrono::nanoseconds(head.durationNanoseconds),
+            head.status,
+            {request, reply},
+            {reply, reply + head.replySize}};
+}
+
+} // namespace
+
+TracePipe::TracePipe() : mDirectory(makeDirectory()), mPath(mDirectory + "/pipe") {
+    // Open for writing, too: then it does not end when a program does.
+    if (::mkfifo(mPath.c_str(), S_IRUSR | S_IWUSR) != 0 ||
+        (mFd = ::open(mPath.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC)) < 0) {
+        const int error = errno;
+        ::rmdir(mDirectory.c_str());
+        errno = error;
+        fail("cannot make the pipe " + mPath);
+    }
+}
+
+TracePipe::~TracePipe() {
+    ::unlink(mPath.c_str());
+    ::rmdir(mDirectory.c_str());
+    ::close(mFd);
+}
+
+std::vector<TracedTransaction> TracePipe::take() {
+    std::vector<TracedTransaction> transactions;
+    std::uint8_t buffer[65536];
+    for (ssize_t length = 0; (length = ::read(mFd, buffer, sizeof(buffer))) > 0;) {
+        mUnread.insert(mUnread.end(), buffer, buffer + length);
+        takeFrames(transactions);
+    }
+    return transactions;
+}
+
+void TracePipe::takeFrames(std::vector<TracedTransaction>& transactions) {
+    std::size_t position = 0;
+    FrameHead frame{};
+    while (mUnread.size() - position >= sizeof(frame)) {
+        std::memcpy(&frame, mUnread.data() + position, sizeof(frame));
+        if (mUnread.size() - position - sizeof(frame) < frame.length) {
+            break;
+        }
+        append(frame, mUnread.data() + position + sizeof(frame), transactions);
+        position += sizeof(frame) + frame.length;
+    }
+    mUnread.erase(mUnread.begin(), mUnread.begin() + static_cast<std::ptrdiff_t>(position));
+}
+
+void TracePipe::append(const trace::FrameHead& frame, const std::uint8_t* piece,
+                       std::vector<TracedTransaction>& transactions) {
+    const std::pair<std::int32_t, std::int32_t> writer(frame.process, frame.thread);
+    Bytes& record = mRecords[writer];
+    if (frame.offset == 0) {
+        record.clear(); // What was begun and not ended is forgotten.
+    }
+    if (record.size() == frame.offset) {
+        record.insert(record.end(), piece, piece + frame.length);
+    }
+    if (isWhole(frame, record)) {
+        transactions.push_back(transactionOf(frame, record));
+        mRecords.erase(writer);
+    }
+}
+
+} // namespace kelutv::tool

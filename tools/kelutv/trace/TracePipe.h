@@ -1,0 +1,54 @@
+#pragma once
+
+#include "tools/kelutv/text/HexInput.h"
+#include "tools/trace/Frame.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kelutv::tool {
+
+/** One transaction of a traced program. */
+struct TracedTransaction {
+    std::int32_t process;
+    std::int32_t thread;
+    std::chrono::nanoseconds start;
+    std::chrono::nanoseconds duration;
+    /** The transport's status. */
+    std::int32_t status;
+    Bytes request;
+    Bytes reply;
+};
+
+/** The named pipe through which traced programs tell of their transactions, in a private directory of its own. */
+class TracePipe {
+public:
+    TracePipe();
+    ~TracePipe();
+    TracePipe(const TracePipe&) = delete;
+    TracePipe& operator=(const TracePipe&) = delete;
+
+    const std::string& path() const { return mPath; }
+    int fd() const { return mFd; }
+
+    /** Everything that is there now, in the order of the transactions' ends; does not wait. */
+    std::vector<TracedTransaction> take();
+
+private:
+    void takeFrames(std::vector<TracedTransaction>& transactions);
+    void append(const trace::FrameHead& frame, const std::uint8_t* piece, std::vector<TracedTransaction>& transactions);
+
+    std::string mDirectory;
+    std::string mPath;
+    int mFd = -1;
+    Bytes mUnread;
+    /** What has come of the record of each thread. */
+    std::map<std::pair<std::int32_t, std::int32_t>, Bytes> mRecords;
+};
+
+} // namespace kelutv::tool
