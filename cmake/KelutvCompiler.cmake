@@ -29,10 +29,11 @@ if(KELUTV_PACKAGES)
     add_compile_options("-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
     set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
     set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
-    if(CMAKE_CROSSCOMPILING AND KELUTV_CCACHE)
+    if(KELUTV_CCACHE)
         # The cache knows the sources again in another folder and under another locale, where ./check makes the packages
         # a second time.
-        set(another_place "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_SLOPPINESS=locale)
+        set(another_place "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}"
+                          CCACHE_SLOPPINESS=locale,pch_defines,time_macros)
         list(PREPEND CMAKE_C_COMPILER_LAUNCHER env ${another_place})
         list(PREPEND CMAKE_CXX_COMPILER_LAUNCHER env ${another_place})
     endif()
