@@ -5,7 +5,7 @@ from __future__ import annotations
 from dataclasses import dataclass, field
 from typing import TYPE_CHECKING
 
-from headers import Headers, Record, Signature
+from headers import Enumeration, Headers, Record, Signature
 from tables import Place
 
 if TYPE_CHECKING:
@@ -340,6 +340,46 @@ class PlatformRecord:
     record: Record
 
 
+@dataclass(frozen=True)
+class EventField:
+    """One field of a payload, `size` bytes long; with a size of 0 it takes all that is left.
+
+    `type` is one of `events.TYPE_SIZES` or an enumeration.
+    """
+
+    name: str
+    type: str
+    size: int
+
+    @property
+    def is_open(self) -> bool:
+        return self.size == 0
+
+
+@dataclass(frozen=True)
+class Event:
+    """What a television publishes under the identifiers from `first` to `last`."""
+
+    place: Place
+    first: int
+    last: int
+    name: str
+    fields: tuple[EventField, ...]
+    when: str
+
+
+@dataclass
+class Events:
+    """The events in the order of their table, and the enumerations that only payloads have.
+
+    `meanings` are those of the enumerators of these.
+    """
+
+    rows: list[Event] = field(default_factory=list)
+    enumerations: dict[str, Enumeration] = field(default_factory=dict)
+    meanings: dict[str, str] = field(default_factory=dict)
+
+
 @dataclass
 class Catalogue:
     """`parameters` says what every parameter is for, by the name of the operation."""
@@ -351,6 +391,7 @@ class Catalogue:
     platform_records: dict[str, PlatformRecord] = field(default_factory=dict)
     modules: list[Module] = field(default_factory=list)
     parameters: dict[str, tuple[ParameterInfo, ...]] = field(default_factory=dict)
+    events: Events = field(default_factory=Events)
 
     @property
     def methods(self) -> list[Method]:

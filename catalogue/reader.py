@@ -8,6 +8,7 @@ from pathlib import Path
 
 import cells
 import end_markers
+import events
 from calls import COMPOSED_COLUMNS, FUNCTION_COLUMNS, CallReader
 from effects import check_effects
 from headers import Field, Headers, Record, Signature, read_headers
@@ -62,9 +63,10 @@ class _Reader:
     def read(self) -> Catalogue:
         self._read_link()
         self._read_end_markers()
+        self._read_events()
         modules = []
         for path in sorted(self.folder.glob("*.md")):
-            if path.name not in (LINK_FILE, end_markers.FILE, "README.md"):
+            if path.name not in (LINK_FILE, end_markers.FILE, events.FILE, "README.md"):
                 sections = self.sections(path, MODULE_COLUMNS)
                 module = self._read_module(path, sections) if sections else None
                 if module:
@@ -90,6 +92,13 @@ class _Reader:
 
         records = self.catalogue.platform_records
         self.each(sections.get("Platform records"), lambda row: records.update({row["record"]: _platform_record(row)}))
+
+    def _read_events(self) -> None:
+        """A catalogue without the file has no events."""
+        path = self.folder / events.FILE
+        if path.exists():
+            sections = self.sections(path, events.COLUMNS)
+            self.catalogue.events = events.read_events(sections, self.headers, self.complain)
 
     def _read_parameters(self) -> None:
         reader = ParameterReader(self.catalogue)
