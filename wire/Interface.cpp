@@ -26,6 +26,8 @@ const Command* findCommand(std::int32_t value) {
 
 const StateSlot* findState(std::string_view name) { return findNamed(allStates(), name); }
 
+const Enumeration* findEnumeration(std::string_view name) { return findNamed(allEnumerations(), name); }
+
 const Enumerator* findEnumerator(std::string_view name) { return findNamed(allEnumerators(), name); }
 
 const Operation* operationOf(const Command& command, const Arguments& arguments) {

@@ -105,12 +105,15 @@ struct Item {
 Rows<Command> allCommands();
 Rows<Item> allItems();
 Rows<StateSlot> allStates();
+/** Every enumeration of the public headers, by ascending name. */
+Rows<Enumeration> allEnumerations();
 /** Every enumerator of the public headers, by ascending name. */
 Rows<Enumerator> allEnumerators();
 
 /** Null when there is none. */
 const Command* findCommand(std::int32_t value);
 const StateSlot* findState(std::string_view name);
+const Enumeration* findEnumeration(std::string_view name);
 const Enumerator* findEnumerator(std::string_view name);
 
 /** What a command does with these arguments; null when it names an item that does not exist. */

@@ -10,6 +10,8 @@ public:
     constexpr Rows() = default;
     template <std::size_t count>
     constexpr Rows(const Row (&rows)[count]) : mRows(rows), mCount(count) {} // NOLINT(google-explicit-constructor)
+    /** Those of a table that was read at run time; they must stay. */
+    constexpr Rows(const Row* rows, std::size_t count) : mRows(rows), mCount(count) {}
 
     constexpr const Row* begin() const { return mRows; }
     constexpr const Row* end() const { return mRows + mCount; }

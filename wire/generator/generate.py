@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the interface as data: what every command carries, what can be called and how, and what help says of it."""
+"""Writes the interface as data: what every command carries, what can be called and how, what help says of it, events."""
 
 from __future__ import annotations
 
@@ -10,6 +10,7 @@ HERE = Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parents[1] / "catalogue")]
 
 from docs import read_docs  # noqa: E402
+from event_sources import EventSources  # noqa: E402
 from functions import ModuleSource, offered  # noqa: E402
 from interface import InterfaceTables  # noqa: E402
 from model import Catalogue  # noqa: E402
@@ -23,7 +24,11 @@ def sources(catalogue: Catalogue, include: Path) -> dict[str, str]:
     vocabulary = Vocabulary(catalogue)
     docs = read_docs(include)
     operations = offered(catalogue)
+    events = EventSources(catalogue)
     found = {
+        "events.cpp": events.table(),
+        "events.md": events.page(),
+        "include/kelutv-simulator/events.h": events.header(),
         "interface.cpp": InterfaceTables(catalogue).source(),
         "vocabulary.cpp": vocabulary.source(catalogue.modules),
     }

@@ -42,15 +42,14 @@ class InterfaceTables:
         self.headers = catalogue.headers
         self.kept = [op for op in catalogue.operations if op.state]
         self.states = sorted({state_key(op, op.state) for op in self.kept})
-        self.enumerations: dict[str, str] = {}
+        self.enumerations = sorted(self.headers.enumerations)
         self.arrays = Arrays()
 
     def _names(self, type_name: str, values: ValueSet | None) -> str:
         enumeration = values.enumeration if values and values.enumeration else type_name
         if enumeration not in self.headers.enumerations:
             return "nullptr"
-        self.enumerations[enumeration] = f"k{enumeration}"
-        return f"&k{enumeration}"
+        return f"&kEnumerations[{self.enumerations.index(enumeration)}]"
 
     def _request(self, operation: Operation) -> str:
         method = operation.method
@@ -179,13 +178,13 @@ class InterfaceTables:
         return f"{{{text(name)}, {value}, {boolean(name.endswith('_BUTT'))}}}"
 
     def _enumeration_lines(self) -> list[str]:
-        lines = []
-        for name, constant in self.enumerations.items():
-            values = self.headers.enumerations[name].values
-            rows = ", ".join(self._enumerator(*each) for each in values.items())
-            lines.append(f"constexpr Enumerator {constant}Values[] = {{{rows}}};")
-            lines.append(f"constexpr Enumeration {constant} = {{{text(name)}, {constant}Values}};")
-        return lines
+        lines, enumerations = [], []
+        for name in self.enumerations:
+            rows = ", ".join(self._enumerator(*each) for each in self.headers.enumerations[name].values.items())
+            if rows:
+                lines.append(f"constexpr Enumerator k{name}Values[] = {{{rows}}};")
+            enumerations.append(f"{{{text(name)}, {f'k{name}Values' if rows else '{}'}}}")
+        return [*lines, array("constexpr Enumeration kEnumerations", enumerations)]
 
     def source(self) -> str:
         states, commands, items = self._state_rows(), self._commands(), self._items()
@@ -196,6 +195,7 @@ class InterfaceTables:
                 "Rows<Command> allCommands() { return kCommands; }",
                 "Rows<Item> allItems() { return kItems; }",
                 "Rows<StateSlot> allStates() { return kStates; }",
+                "Rows<Enumeration> allEnumerations() { return kEnumerations; }",
                 "Rows<Enumerator> allEnumerators() { return kEnumerators; }",
             ],
             hidden=[

@@ -24,6 +24,7 @@ class GenerationError(Exception):
 def write_if_changed(path: Path, content: str) -> None:
     """Leaves an equal file alone, so that nothing that is made of it is made again."""
     if not path.exists() or path.read_text(encoding="utf-8") != content:
+        path.parent.mkdir(parents=True, exist_ok=True)
         path.write_text(content, encoding="utf-8")
 
 
