@@ -10,6 +10,8 @@
 
 #include <csignal>
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 namespace kelutv::test {
@@ -18,9 +20,10 @@ namespace {
 SimulatorEnvironment& television = SimulatorEnvironment::install();
 
 /** The tool at work: its subscriptions stand. */
-std::unique_ptr<ChildProcess> startMonitor(std::vector<std::string> arguments) {
+std::unique_ptr<ChildProcess> startMonitor(std::vector<std::string> arguments,
+                                           std::vector<std::string> environment = {}) {
     arguments.insert(arguments.begin(), "monitor");
-    auto monitor = startTool(std::move(arguments));
+    auto monitor = startTool(std::move(arguments), std::move(environment));
     EXPECT_TRUE(monitor->error().waitFor("kelutv: watching for events\n")) << monitor->error().text();
     return monitor;
 }
@@ -53,11 +56,12 @@ TEST(Monitor, tellsOfEventsInTheirOrder) {
     publish(0x60007);
     publish(0x60002, 1, -2);
     EXPECT_EQ(monitor->exitCode(), 0);
-    EXPECT_EQ(
-        withoutTimes(monitor->output().text()),
-        (Lines{"0x60001 KELU_EM_MODE_VOLUME volumeChanged (8 bytes: 00 00 00 00 23 00 00 00): channel=0, volume=35",
-               "0x60007 KELU_EM_MODE_VOLUME (0 bytes)",
-               "0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 01 00 00 00 fe ff ff ff): channel=1, mute=-2"}));
+    EXPECT_EQ(withoutTimes(monitor->output().text()),
+              (Lines{"0x60001 KELU_EM_MODE_VOLUME volumeChanged (8 bytes: 00 00 00 00 23 00 00 00): channel=0 "
+                     "KELU_TV_AUDIO_CHANNEL_SPEAKER, volume=35",
+                     "0x60007 KELU_EM_MODE_VOLUME (0 bytes)",
+                     "0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 01 00 00 00 fe ff ff ff): channel=1 "
+                     "KELU_TV_AUDIO_CHANNEL_HEADPHONE, mute=-2"}));
 }
 
 TEST(Monitor, tellsOfTheTelevisionsOwnEvents) {
@@ -68,7 +72,9 @@ TEST(Monitor, tellsOfTheTelevisionsOwnEvents) {
     EXPECT_GT(event.at("time").get<double>(), 1.0e9);
     event.erase("time");
     EXPECT_EQ(event, nlohmann::json::parse(R"({"event": 393217, "name": "volumeChanged", "length": 8,
-        "module": "KELU_EM_MODE_VOLUME", "payload": "000000004d000000", "words": [0, 77]})"));
+        "module": "KELU_EM_MODE_VOLUME", "payload": "000000004d000000", "words": [0, 77],
+        "fields": [{"name": "channel", "value": 0, "enumerator": "KELU_TV_AUDIO_CHANNEL_SPEAKER"},
+                   {"name": "volume", "value": 77}]})"));
 }
 
 TEST(Monitor, showsPayloadsThatAreNoWords) {
@@ -80,6 +86,7 @@ TEST(Monitor, showsPayloadsThatAreNoWords) {
     EXPECT_EQ(event.at("payload"), "616263");
     EXPECT_TRUE(event.at("words").empty());
     EXPECT_TRUE(event.at("name").is_null());
+    EXPECT_EQ(event.at("fields"), nlohmann::json::array());
 }
 
 TEST(Monitor, showsOnlyWhatIsWanted) {
@@ -91,21 +98,105 @@ TEST(Monitor, showsOnlyWhatIsWanted) {
     publish(0x1A0001);
     EXPECT_EQ(monitor->exitCode(), 0);
     EXPECT_EQ(withoutTimes(monitor->output().text()),
-              (Lines{"0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 00 00 00 00 01 00 00 00): channel=0, mute=1",
+              (Lines{"0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 00 00 00 00 01 00 00 00): channel=0 "
+                     "KELU_TV_AUDIO_CHANNEL_SPEAKER, mute=1",
                      "0x80005 KELU_EM_MODE_COMMON (0 bytes)", "0x1A0001 KELU_EM_MODE_CEC cecDeviceChanged (0 bytes)"}));
 }
 
 TEST(Monitor, listensToModulesBeyondTheLibrarys) {
-    for (const std::vector<std::string>& options :
-         {std::vector<std::string>{"--module", "ttx"}, {"--module", "0x120000"}, {"--event", "0x120001"}, {"--all"}}) {
+    for (const std::vector<std::string>& options : {std::vector<std::string>{"--module", "ttx"},
+                                                    {"--module", "0x120000"},
+                                                    {"--event", "0x120001"},
+                                                    {"--event", "vbiBlock"},
+                                                    {"--all"}}) {
         auto arguments = options;
         arguments.insert(arguments.end(), {"--count", "1"});
         const auto monitor = startMonitor(arguments);
         publish(0x120001, 4);
         EXPECT_EQ(monitor->exitCode(), 0);
         EXPECT_EQ(withoutTimes(monitor->output().text()),
-                  (Lines{"0x120001 KELU_EM_MODE_TTX (4 bytes: 04 00 00 00): 4"}));
+                  (Lines{"0x120001 KELU_EM_MODE_TTX vbiBlock (4 bytes: 04 00 00 00): length=4, data=<>"}));
     }
+}
+
+/** The events of another television, in a file for as long as it lives. */
+class EventFile {
+public:
+    explicit EventFile(const char* text) { std::ofstream(mPath) << text; }
+    ~EventFile() { std::filesystem::remove(mPath); }
+    EventFile(const EventFile&) = delete;
+    EventFile& operator=(const EventFile&) = delete;
+
+    const std::string& path() const { return mPath; }
+
+private:
+    std::string mPath = ::testing::TempDir() + "monitor_test.events.md";
+};
+
+constexpr char kOtherTelevision[] = R"(# Another television
+
+## Events
+
+| identifier | event | payload | when |
+|---|---|---|---|
+| KELU_EM_MODE_VOLUME+7 | loudnessChanged | level:int16, mode:LOUD_E, name:text | Another loudness. |
+
+## Enumerations
+
+| enumeration | enumerator | value | meaning |
+|---|---|---|---|
+| LOUD_E | LOUD_NIGHT | 2 | For the night. |
+)";
+
+void publishLoudness() {
+    constexpr char kPayload[] = "\xff\xff\x02\0\0\0soft";
+    EXPECT_EQ(publisher().publish(0x60007, kPayload, sizeof(kPayload)), 0);
+}
+
+constexpr char kLoudness[] =
+    "0x60007 KELU_EM_MODE_VOLUME loudnessChanged (11 bytes: ff ff 02 00 00 00 73 6f 66 74 00): "
+    "level=-1, mode=2 LOUD_NIGHT, name=\"soft\"";
+
+TEST(Monitor, takesTheEventsOfAnotherTelevision) {
+    const EventFile file(kOtherTelevision);
+    const auto monitor = startMonitor({"--events", file.path(), "--event", "loudnesschanged", "--count", "1"});
+    publish(0x60001, 0, 35);
+    publishLoudness();
+    EXPECT_EQ(monitor->exitCode(), 0);
+    EXPECT_EQ(withoutTimes(monitor->output().text()), Lines{kLoudness});
+}
+
+TEST(Monitor, takesTheEventsThatTheEnvironmentNames) {
+    const EventFile file(kOtherTelevision);
+    const auto monitor = startMonitor({"--count", "2", "--json"}, {"KELUTV_EVENTS=" + file.path()});
+    publishLoudness();
+    publish(0x60001, 0, 35);
+    EXPECT_EQ(monitor->exitCode(), 0);
+    std::istringstream lines(monitor->output().text());
+    std::string line;
+    std::getline(lines, line);
+    const auto loudness = nlohmann::json::parse(line);
+    EXPECT_EQ(loudness.at("name"), "loudnessChanged");
+    EXPECT_EQ(loudness.at("fields"), nlohmann::json::parse(R"([{"name": "level", "value": -1},
+        {"name": "mode", "value": 2, "enumerator": "LOUD_NIGHT"}, {"name": "name", "value": "soft"}])"));
+    std::getline(lines, line);
+    EXPECT_TRUE(nlohmann::json::parse(line).at("name").is_null());
+}
+
+TEST(Monitor, refusesFilesThatDescribeNoEvents) {
+    const EventFile file(
+        "## Events\n\n| identifier | event | payload | when |\n|---|---|---|---|\n| 7 | x | - | y |\n");
+    const std::string complaint =
+        "kelutv: " + file.path() + ":5: the upper half of identifier 7 is not a module of KELU_EM_MODE_E\n";
+    for (const ToolRun& run :
+         {runTool({"monitor", "--events", file.path()}), runTool({"monitor"}, {"KELUTV_EVENTS=" + file.path()})}) {
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_NE(run.error.find(complaint), std::string::npos) << run.error;
+    }
+    const std::string missing = file.path() + ".none";
+    const ToolRun run = runTool({"monitor", "--events", missing});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_NE(run.error.find("cannot read " + missing), std::string::npos) << run.error;
 }
 
 TEST(Monitor, endsBySignal) {

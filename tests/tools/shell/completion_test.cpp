@@ -25,6 +25,8 @@ protected:
         for (const char* const name : {"image.bin", "image two.bin", "other"}) {
             std::ofstream(mFolder.path() + '/' + name) << 'x';
         }
+        std::ofstream(mFolder.path() + "/television.md")
+            << "## Events\n| identifier | event | payload | when |\n| 0x60001 | lampSwitched | - | Always. |\n";
     }
 
     /** The candidates that bash gets, in one line. */
@@ -79,6 +81,10 @@ TEST_F(Completion, completesInBash) {
         {"kelutv eep du", "dump"},
         {"kelutv eep dump t", "tv"},
         {"kelutv monitor --module vo", "volume"},
+        {"kelutv monitor --event vol", "volumeChanged"},
+        {"kelutv monitor --events oth", "other"},
+        {"kelutv monitor --events television.md --event ", "lampSwitched"},
+        {"kelutv monitor --events other --event ", ""},
         {"kelutv decode --command CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
         {"kelutv decode @oth", "other"},
         {"kelutv trace --output oth", "other"},

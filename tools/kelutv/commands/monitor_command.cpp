@@ -1,9 +1,13 @@
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventQueue.h"
 #include "tools/kelutv/events/EventSubscription.h"
 #include "tools/kelutv/process/SignalWatch.h"
 #include "tools/kelutv/text/Words.h"
+
+#include "wire/events/Payload.h"
+#include "wire/text/Describe.h"
 
 #include <poll.h>
 
@@ -24,6 +28,7 @@ using Clock = std::chrono::steady_clock;
 struct MonitorOptions {
     std::size_t count = 0;
     double seconds = 0;
+    std::string eventFile;
     std::vector<std::string> events;
     std::vector<std::string> modules;
     bool all = false;
@@ -31,21 +36,23 @@ struct MonitorOptions {
 
 /** The events that are shown: all that come when none are named. */
 struct Wanted {
-    std::set<std::uint32_t> events;
+    std::vector<EventRange> events;
     std::set<std::uint32_t> modules;
 
     bool includes(std::uint32_t id) const {
-        return (events.empty() && modules.empty()) || events.count(id) != 0 || modules.count(moduleOf(id)) != 0;
+        return (events.empty() && modules.empty()) || modules.count(wire::moduleOf(id)) != 0 ||
+               std::any_of(events.begin(), events.end(),
+                           [id](const EventRange& range) { return range.first <= id && id <= range.last; });
     }
 };
 
-Wanted wantedBy(const MonitorOptions& options) {
+Wanted wantedBy(const MonitorOptions& options, const wire::EventTable& events) {
     Wanted wanted;
     for (const std::string& event : options.events) {
-        wanted.events.insert(eventOf(event));
+        wanted.events.push_back(eventNamed(events, event));
     }
     for (const std::string& module : options.modules) {
-        wanted.modules.insert(moduleOf(module));
+        wanted.modules.insert(moduleNamed(module));
     }
     if (options.all) {
         for (const std::uint32_t module : allModules()) {
@@ -57,8 +64,8 @@ Wanted wantedBy(const MonitorOptions& options) {
 
 std::set<std::uint32_t> modulesOf(const Wanted& wanted) {
     std::set<std::uint32_t> modules = wanted.modules;
-    for (const std::uint32_t event : wanted.events) {
-        modules.insert(moduleOf(event));
+    for (const EventRange& range : wanted.events) {
+        modules.insert(wire::moduleOf(range.first));
     }
     return modules;
 }
@@ -91,48 +98,62 @@ std::string idText(std::uint32_t id) {
     return text;
 }
 
-std::string wordsText(const ReceivedEvent& event) {
-    const std::optional<EventName> name = eventNamed(event.id);
+/** An event with what the television's table says of it. */
+struct KnownEvent {
+    KnownEvent(const ReceivedEvent& what, const wire::EventTable& events)
+        : received(what), known(events.find(what.id)), module(moduleName(wire::moduleOf(what.id))),
+          fields(wire::readPayload(known, what.payload)) {}
+
+    const ReceivedEvent& received;
+    /** Null when the table does not have it. */
+    const wire::Event* known;
+    /** Empty for one that the event manager does not have. */
+    std::string module;
+    std::vector<wire::PayloadValue> fields;
+};
+
+std::string fieldsText(const KnownEvent& event) {
     std::string text;
-    std::size_t index = 0;
-    for (const std::int32_t word : wordsOf(event.payload)) {
-        const bool isNamed = name.has_value() && index < name->words.size();
-        text +=
-            (text.empty() ? "" : ", ") + (isNamed ? name->words[index] + std::string("=") : "") + std::to_string(word);
-        ++index;
+    for (const wire::PayloadValue& field : event.fields) {
+        text += (text.empty() ? "" : ", ") + (field.name != nullptr ? field.name + std::string("=") : "") +
+                wire::describe({field.value}, field.encoding, field.names);
     }
     return text;
 }
 
-std::string lineOf(const ReceivedEvent& event, const Output& output) {
-    const std::optional<EventName> name = eventNamed(event.id);
-    const std::string words = wordsText(event);
-    return output.styled(Style::Dim, clockText(event.time)) + ' ' + output.styled(Style::Number, idText(event.id)) +
-           ' ' + moduleName(moduleOf(event.id)) +
-           (name.has_value() ? ' ' + output.styled(Style::Name, name->name) : "") + " (" +
-           std::to_string(event.payload.size()) + " bytes" +
-           (event.payload.empty() ? "" : ": " + spacedHexOf(event.payload)) + ')' +
-           (words.empty() ? "" : ": " + output.styled(Style::Value, words));
+std::string lineOf(const KnownEvent& event, const Output& output) {
+    const Bytes& payload = event.received.payload;
+    const std::string fields = fieldsText(event);
+    return output.styled(Style::Dim, clockText(event.received.time)) + ' ' +
+           output.styled(Style::Number, idText(event.received.id)) + ' ' + event.module +
+           (event.known != nullptr ? ' ' + output.styled(Style::Name, event.known->name) : "") + " (" +
+           std::to_string(payload.size()) + " bytes" + (payload.empty() ? "" : ": " + spacedHexOf(payload)) + ')' +
+           (fields.empty() ? "" : ": " + output.styled(Style::Value, fields));
 }
 
-Json documentOf(const ReceivedEvent& event) {
-    const std::optional<EventName> name = eventNamed(event.id);
-    const std::string module = moduleName(moduleOf(event.id));
+Json documentOf(const KnownEvent& event) {
     Json document;
-    document["time"] = std::chrono::duration<double>(event.time.time_since_epoch()).count();
-    document["event"] = event.id;
-    document["name"] = name.has_value() ? Json(name->name) : Json();
-    document["module"] = !module.empty() ? Json(module) : Json();
-    document["length"] = event.payload.size();
-    document["payload"] = hexOf(event.payload);
-    document["words"] = wordsOf(event.payload);
+    document["time"] = std::chrono::duration<double>(event.received.time.time_since_epoch()).count();
+    document["event"] = event.received.id;
+    document["name"] = event.known != nullptr ? Json(event.known->name) : Json();
+    document["module"] = !event.module.empty() ? Json(event.module) : Json();
+    document["length"] = event.received.payload.size();
+    document["payload"] = hexOf(event.received.payload);
+    document["words"] = wordsOf(event.received.payload);
+    document["fields"] = Json::array();
+    for (const wire::PayloadValue& field : event.fields) {
+        if (field.name != nullptr) {
+            document["fields"].add(documentOf(NamedValue{field.name, field.encoding, field.names, {field.value}}));
+        }
+    }
     return document;
 }
 
 class Monitor {
 public:
     Monitor(const MonitorOptions& options, const Output& output)
-        : mOptions(options), mOutput(output), mWanted(wantedBy(options)) {
+        : mOptions(options), mOutput(output), mEvents(eventsOf(options.eventFile)),
+          mWanted(wantedBy(options, mEvents)) {
         if (options.seconds > 0) {
             mEnd = Clock::now() +
                    std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(options.seconds));
@@ -185,8 +206,9 @@ private:
     void printNews() {
         for (const ReceivedEvent& event : mQueue.take()) {
             if (mWanted.includes(event.id) && !isEnough()) {
-                mOutput.line(lineOf(event, mOutput));
-                mOutput.document(documentOf(event));
+                const KnownEvent known(event, mEvents);
+                mOutput.line(lineOf(known, mOutput));
+                mOutput.document(documentOf(known));
                 ++mPrinted;
             }
         }
@@ -194,7 +216,8 @@ private:
 
     const MonitorOptions& mOptions;
     const Output& mOutput;
-    Wanted mWanted;
+    const wire::EventTable mEvents;
+    const Wanted mWanted;
     EventQueue& mQueue = EventQueue::instance();
     std::optional<Clock::time_point> mEnd;
     std::size_t mPrinted = 0;
@@ -208,16 +231,20 @@ void addMonitorCommand(const Command& program, Context& context) {
         program, "monitor",
         "Tell of the television's events as they come\n\n"
         "One line for each event, until SIGINT or SIGTERM. Without --event, --module and --all these are the\n"
-        "events that every application of the library gets. Names of events are those of the simulator.\n\n"
+        "events that every application of the library gets. Names of events and fields are those of the\n"
+        "simulated television, or of the file of --events or of the variable KELUTV_EVENTS.\n\n"
         "Examples:\n"
         "kelutv monitor\n"
         "kelutv monitor --module volume --count 1 --timeout 10\n"
-        "kelutv monitor --event 0x60001 --json");
+        "kelutv monitor --event 0x60001 --json\n"
+        "kelutv monitor --events my-television.md --event volumeChanged");
     command.option("-n,--count", options->count, "N", "End after this many events");
     command.option("-t,--timeout", options->seconds, "SECONDS", "End after this many seconds");
-    command.option("-e,--event", options->events, "NUMBER|NAME", "Only this event; may be given several times");
-    command.option("-m,--module", options->modules, "NUMBER|NAME",
-                   "Only the events of this module; may be given several times");
+    command.option("-e,--event", options->events, "EVENT",
+                   "Only this event, by name or number; may be given several times");
+    command.option("-m,--module", options->modules, "MODULE",
+                   "Only the events of this module, by name or number; may be given several times");
+    command.option("--events", options->eventFile, "FILE", "What events the television has, as a table");
     command.flag("-a,--all", options->all, "The events of all modules");
     command.action([options, &context] { Monitor(*options, context.output).run(); });
 }

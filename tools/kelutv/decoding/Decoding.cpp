@@ -47,27 +47,6 @@ bool isSingle(const NamedValue& value) {
     return value.scalars.size() == 1 && value.encoding != WireKind::Ints && value.encoding != WireKind::Doubles;
 }
 
-Json documentOf(const NamedValue& value) {
-    Json document;
-    if (value.name != nullptr) {
-        document["name"] = value.name;
-    }
-    if (!isSingle(value)) {
-        document["value"] = Json::array();
-        for (const wire::Value& scalar : value.scalars) {
-            document["value"].add(valueOf(scalar, value.encoding));
-        }
-        return document;
-    }
-    document["value"] = valueOf(value.scalars.front(), value.encoding);
-    const auto* const number = std::get_if<std::int32_t>(&value.scalars.front());
-    const std::string name = number != nullptr ? wire::nameOfValue(*number, value.names) : "";
-    if (!name.empty()) {
-        document["enumerator"] = name;
-    }
-    return document;
-}
-
 Json documentOf(const std::vector<NamedValue>& values) {
     Json documents = Json::array();
     for (const NamedValue& value : values) {
@@ -90,6 +69,27 @@ bool isSameItem(const Request& row, const wire::Request& request) {
 }
 
 } // namespace
+
+Json documentOf(const NamedValue& value) {
+    Json document;
+    if (value.name != nullptr) {
+        document["name"] = value.name;
+    }
+    if (!isSingle(value)) {
+        document["value"] = Json::array();
+        for (const wire::Value& scalar : value.scalars) {
+            document["value"].add(valueOf(scalar, value.encoding));
+        }
+        return document;
+    }
+    document["value"] = valueOf(value.scalars.front(), value.encoding);
+    const auto* const number = std::get_if<std::int32_t>(&value.scalars.front());
+    const std::string name = number != nullptr ? wire::nameOfValue(*number, value.names) : "";
+    if (!name.empty()) {
+        document["enumerator"] = name;
+    }
+    return document;
+}
 
 DecodedRequest decodeRequest(const Bytes& bytes) {
     android::Parcel parcel;

@@ -50,6 +50,9 @@ std::vector<const Function*> sendersOf(const wire::Request& request);
 /** `channel = 0 KELU_TV_AUDIO_CHANNEL_SPEAKER`. */
 std::string lineOf(const NamedValue& value);
 
+/** `{"name": ..., "value": ..., "enumerator": ...}`, what it has of these. */
+Json documentOf(const NamedValue& value);
+
 /** `{"command": ..., "number": ..., "item": ..., "arguments": [...], "fault": ...}`. */
 Json documentOf(const DecodedRequest& decoded);
 

@@ -1,33 +1,17 @@
 #include "tools/kelutv/events/EventNames.h"
 
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/Nearest.h"
-#include "wire/Events.h"
+#include "wire/events/EventFile.h"
+#include "wire/text/EnumeratorNames.h"
+#include "wire/text/Names.h"
+#include "wire/text/Nearest.h"
 
-#include <strings.h>
-
-#include <algorithm>
-#include <cctype>
 #include <cstdlib>
-#include <cstring>
+#include <optional>
 
 namespace kelutv::tool {
 
 namespace {
-
-/** `volumeChanged` for `kVolumeChanged`. */
-std::string nameOf(const wire::EventName& event) {
-    std::string name = event.name + 1;
-    name.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(name.front())));
-    return name;
-}
-
-const Enumeration& modules() {
-    const Rows<Enumeration> enumerations = allEnumerations();
-    return *std::find_if(enumerations.begin(), enumerations.end(),
-                         [](const Enumeration& row) { return std::strcmp(row.name, "KELU_EM_MODE_E") == 0; });
-}
 
 std::optional<std::uint32_t> numberIn(const std::string& text) {
     char* end = nullptr;
@@ -38,43 +22,47 @@ std::optional<std::uint32_t> numberIn(const std::string& text) {
 
 } // namespace
 
-std::optional<EventName> eventNamed(std::uint32_t id) {
-    for (const wire::EventName& event : wire::allEvents()) {
-        if (event.event == id) {
-            return EventName{nameOf(event), {event.words.begin(), event.words.end()}};
-        }
+wire::EventTable eventsOf(const std::string& file) {
+    const char* const named = std::getenv("KELUTV_EVENTS");
+    const std::string path = file.empty() && named != nullptr ? named : file;
+    if (path.empty()) {
+        return wire::EventTable(wire::simulatedEvents());
     }
-    return std::nullopt;
+    try {
+        return wire::readEventFile(path);
+    } catch (const wire::EventFileError& error) {
+        throw UsageError(error.what());
+    }
 }
 
-std::uint32_t eventOf(const std::string& text) {
+EventRange eventNamed(const wire::EventTable& events, const std::string& text) {
     if (const auto number = numberIn(text)) {
-        if (moduleOf(*number) == 0) {
+        if (wire::moduleOf(*number) == 0) {
             throw UsageError("event " + text + " has no module in its upper half, as 0x60001 has");
         }
-        return *number;
+        return {*number, *number};
     }
-    std::vector<std::string> names;
-    for (const wire::EventName& event : wire::allEvents()) {
-        names.push_back(nameOf(event));
-        if (::strcasecmp(text.c_str(), names.back().c_str()) == 0) {
-            return event.event;
-        }
+    const wire::Event* const event = events.named(text);
+    if (event == nullptr) {
+        throw UsageError("no event is called " + text + wire::nearestHint(text, events.names()));
     }
-    throw UsageError("no event is called " + text + nearestHint(text, names));
+    return {event->first, event->last};
 }
 
 std::string moduleName(std::uint32_t module) {
-    const Enumerator* const found = enumeratorOf(modules(), static_cast<std::int32_t>(module));
-    return found != nullptr ? found->name : "";
+    return wire::nameOfValue(static_cast<std::int32_t>(module), &wire::eventModules());
 }
 
-std::uint32_t moduleOf(const std::string& text) {
+std::uint32_t moduleNamed(const std::string& text) {
     const auto number = numberIn(text);
     if (!number) {
-        return moduleOf(static_cast<std::uint32_t>(enumeratorNamed(modules(), text).value));
+        try {
+            return wire::moduleOf(static_cast<std::uint32_t>(wire::namesOf(wire::eventModules()).valueOf(text)));
+        } catch (const wire::UnknownName& error) {
+            throw UsageError(error.what());
+        }
     }
-    if (moduleOf(*number) != *number || moduleName(*number).empty()) {
+    if (!wire::isEventModule(*number)) {
         throw UsageError("module " + text + " is none; a module is a multiple of 0x10000 from 0x10000 to 0x200000");
     }
     return *number;
@@ -82,9 +70,9 @@ std::uint32_t moduleOf(const std::string& text) {
 
 std::vector<std::uint32_t> allModules() {
     std::vector<std::uint32_t> all;
-    for (const Enumerator& module : modules().values) {
+    for (const wire::Enumerator& module : wire::eventModules().values) {
         const auto number = static_cast<std::uint32_t>(module.value);
-        if (moduleOf(number) == number) {
+        if (wire::isEventModule(number)) {
             all.push_back(number);
         }
     }

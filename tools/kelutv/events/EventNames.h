@@ -1,32 +1,35 @@
 #pragma once
 
+#include "wire/events/EventTable.h"
+
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace kelutv::tool {
 
-/** One event and the int words of its payload, as the simulated television publishes it. */
-struct EventName {
-    std::string name;
-    /** Fewer than the payload has when the others have no names. */
-    std::vector<const char*> words;
+/**
+ * The events that the television is said to have: those of the file, else of the file that KELUTV_EVENTS names, else
+ * those of the simulated television.
+ * @throws UsageError when the file cannot be read or is wrong
+ */
+wire::EventTable eventsOf(const std::string& file);
+
+/** Identifiers in a row, both ends included. */
+struct EventRange {
+    std::uint32_t first;
+    std::uint32_t last;
 };
 
-/** Nothing when the event has no name. */
-std::optional<EventName> eventNamed(std::uint32_t id);
+/** The identifiers of the event of this number or name, whatever the name's case. @throws UsageError when there is none
+ */
+EventRange eventNamed(const wire::EventTable& events, const std::string& text);
 
-/** The event of this number or name, whatever the name's case. @throws UsageError when there is none */
-std::uint32_t eventOf(const std::string& text);
-
-constexpr std::uint32_t moduleOf(std::uint32_t event) { return event & 0xFFFF0000; }
-
-/** `KELU_EM_MODE_VOLUME`; empty for a number that is no module. */
+/** `KELU_EM_MODE_VOLUME`; empty for a number that is not a module. */
 std::string moduleName(std::uint32_t module);
 
 /** The module of this number, name or short name. @throws UsageError when there is none */
-std::uint32_t moduleOf(const std::string& text);
+std::uint32_t moduleNamed(const std::string& text);
 
 /** Every module of the event manager. */
 std::vector<std::uint32_t> allModules();

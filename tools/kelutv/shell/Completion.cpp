@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/Function.h"
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
 #include "tools/kelutv/settings/Things.h"
@@ -34,16 +35,22 @@ struct Spot {
     Names arguments;
     /** Behind "--". */
     bool onlyArguments = false;
+    /** The values of the options before it, by the names that were written. */
+    std::map<std::string, std::string> given;
+    /** As it was written. */
+    std::string optionName;
 };
 
 void step(Spot& spot, const std::string& word) {
     if (spot.option) {
         spot.option.reset();
+        spot.given[spot.optionName] = word;
     } else if (!spot.onlyArguments && word == "--") {
         spot.onlyArguments = true;
     } else if (!spot.onlyArguments && isOption(word)) {
         const std::optional<Operand> option = spot.command.optionNamed(word);
         spot.option = option && option->most > 0 ? option : std::nullopt;
+        spot.optionName = word;
     } else if (const auto below = spot.command.below(word); below && spot.arguments.empty()) {
         spot.command = *below;
     } else {
@@ -142,6 +149,16 @@ Names namesOf(const char* enumerationName, const std::string& begun) {
     return {};
 }
 
+/** Of the events that the line says the television has. */
+Names eventNames(const Spot& spot) {
+    const auto file = spot.given.find("--events");
+    try {
+        return eventsOf(file != spot.given.end() ? file->second : "").names();
+    } catch (const UsageError&) {
+        return {};
+    }
+}
+
 Names areaNames() {
     Names names;
     for (const EepArea& area : eepAreas()) {
@@ -158,10 +175,11 @@ const std::map<std::string, Source>& sources() {
         {"ARG", argumentNames},
         {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
         {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
+        {"EVENT", [](const Spot& spot, const std::string&) { return eventNames(spot); }},
         {"FILE", [](const Spot&, const std::string& begun) { return filesBeginning(begun); }},
         {"FUNCTION", [](const Spot&, const std::string& begun) { return functionNames(begun); }},
+        {"MODULE", [](const Spot&, const std::string& begun) { return namesOf("KELU_EM_MODE_E", begun); }},
         {"NAME|NUMBER", [](const Spot&, const std::string& begun) { return namesOf("ATV_CMD_ID_E", begun); }},
-        {"NUMBER|NAME", [](const Spot&, const std::string& begun) { return namesOf("KELU_EM_MODE_E", begun); }},
         {"PATTERN",
          [](const Spot&, const std::string& begun) {
              Names names = moduleNames();
@@ -201,7 +219,7 @@ Names candidatesAt(const Spot& spot, const std::string& begun) {
 
 std::vector<std::string> completionsOf(const Command& program, const std::vector<std::string>& words,
                                        const std::string& begun) {
-    Spot spot{program, std::nullopt, {}, false};
+    Spot spot{program, std::nullopt, {}, false, {}, ""};
     for (const std::string& word : words) {
         step(spot, word);
     }
