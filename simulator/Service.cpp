@@ -4,6 +4,7 @@
 #include "simulator/faults/Spoil.h"
 #include "simulator/trace/Trace.h"
 #include "wire/codec/Request.h"
+#include "wire/events/Payload.h"
 
 #include <binder/IPCThreadState.h>
 #include <binder/Parcel.h>
@@ -24,13 +25,7 @@ using android::status_t;
 namespace {
 
 Notice noticeOf(const Change& change) {
-    std::string payload;
-    for (const wire::Values& scalars : {change.keys, change.values}) {
-        for (const wire::Value& scalar : scalars) {
-            payload += payloadOf({std::get<std::int32_t>(scalar)});
-        }
-    }
-    return {change.event, payload, describe(change)};
+    return {change.event, wire::payloadOf(change.keys) + wire::payloadOf(change.values), describe(change)};
 }
 
 const Effect* effectOf(const std::vector<FaultRule>& faults, Effect::Kind kind) {

@@ -1,6 +1,6 @@
 #include "simulator/configuration/SlotReader.h"
 
-#include "wire/Events.h"
+#include "wire/events/EventTable.h"
 #include "wire/text/Nearest.h"
 
 #include <nlohmann/json.hpp>
@@ -54,21 +54,37 @@ Range rangeOf(const JsonNode& node) {
     return range;
 }
 
+bool isCarriedBy(wire::Holds holds, const wire::EventField& field) {
+    return (holds == wire::Holds::Integers && field.type == wire::FieldType::Int32) ||
+           (holds == wire::Holds::Texts && field.type == wire::FieldType::Text);
+}
+
+/** Whether the fields of the payload are for the keys of the state and what it holds. */
+bool canCarry(const wire::Event& event, const wire::StateSlot& slot) {
+    const auto& fields = event.fields;
+    return fields.size() > slot.keys.size() &&
+           std::equal(slot.keys.begin(), slot.keys.end(), fields.begin(), isCarriedBy) &&
+           std::all_of(fields.begin() + slot.keys.size(), fields.end(),
+                       [&slot](const wire::EventField& field) { return isCarriedBy(slot.holds, field); });
+}
+
+/** `1 key and integers`. */
+std::string formOf(const wire::StateSlot& slot) {
+    return std::to_string(slot.keys.size()) + (slot.keys.size() == 1 ? " key" : " keys") + " and " +
+           wordFor(slot.holds);
+}
+
 unsigned int eventOf(const JsonNode& node, const wire::StateSlot& slot) {
     const std::string name = node.text();
-    const bool ofIntegers = slot.holds == wire::Holds::Integers &&
-                            std::all_of(slot.keys.begin(), slot.keys.end(),
-                                        [](wire::Holds holds) { return holds == wire::Holds::Integers; });
-    if (!ofIntegers) {
-        node.fail("only a state of integers can have an event");
+    const wire::EventTable events(wire::simulatedEvents());
+    const wire::Event* const event = events.named(name);
+    if (event == nullptr) {
+        node.fail("there is no event '" + name + "'" + wire::nearestOf(name, events.names()));
     }
-    const auto events = wire::allEvents();
-    const auto* const found = std::find_if(events.begin(), events.end(),
-                                           [&name](const wire::EventName& event) { return event.name == name; });
-    if (found == events.end()) {
-        node.fail("there is no event '" + name + "'" + wire::nearestOf(name, namesOf(events)));
+    if (!canCarry(*event, slot)) {
+        node.fail("the payload of " + name + " cannot carry " + slot.name + ", which has " + formOf(slot));
     }
-    return found->event;
+    return event->first;
 }
 
 void readInitial(const wire::StateSlot& slot, const JsonNode& node, SlotSettings& settings) {

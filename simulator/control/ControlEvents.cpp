@@ -5,15 +5,16 @@
 #include "simulator/files/File.h"
 #include "simulator/state/SlotForm.h"
 #include "simulator/television/PowerNames.h"
-#include "wire/Events.h"
+#include "wire/events/EventTable.h"
+#include "wire/events/Payload.h"
 
+#include <kelutv-simulator/events.h>
 #include <kelutv/system_types.h>
 
 #include <keluem/publisher.h>
 
 #include <fcntl.h>
 
-#include <cstring>
 #include <utility>
 
 namespace kelutv::simulator {
@@ -29,34 +30,15 @@ void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
     equipment.state.keep(slot, {key}, {happened});
     const std::string name = shortNameOf(key, enumeratorsOf(*form.keys[0].names));
     const std::string what = shortNameOf(happened, enumeratorsOf(*form.values[0].names));
-    equipment.notices.push_back({wire::kKeyUsed, payloadOf({key, happened}),
+    equipment.notices.push_back({KELU_SIM_EVENT_KEY_USED, wire::payloadOf({key, happened}),
                                  "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
-}
-
-Enumerators modules() {
-    constexpr char kPrefix[] = "KELU_EM_MODE_";
-    Enumerators modules;
-    for (const wire::Enumerator& row : wire::allEnumerators()) {
-        if (std::strncmp(row.name, kPrefix, std::strlen(kPrefix)) == 0 && row.value != KELU_EM_MODE_BUTT) {
-            modules.push_back(row);
-        }
-    }
-    return modules;
-}
-
-std::optional<unsigned int> knownEvent(const std::string& word) {
-    for (const wire::EventName& known : wire::allEvents()) {
-        if (word == known.name) {
-            return known.event;
-        }
-    }
-    return std::nullopt;
 }
 
 /** A number, the name of an event, or a module and what is added to it. */
 unsigned int eventNamed(const std::string& word) {
-    if (const auto known = knownEvent(word)) {
-        return *known;
+    const wire::EventTable events(wire::simulatedEvents());
+    if (const wire::Event* const known = events.named(word)) {
+        return known->first;
     }
     const std::size_t plus = word.find('+');
     const std::string offset = plus == std::string::npos ? "0" : word.substr(plus + 1);
@@ -64,7 +46,8 @@ unsigned int eventNamed(const std::string& word) {
     if (!added || *added < 0 || *added > 0xFFFF) {
         throw BadLine("what is added to the module of an event goes from 0 to 65535, not '" + offset + "'");
     }
-    const std::int32_t module = enumeratorOf(word.substr(0, plus), modules(), "event or module");
+    const std::int32_t module =
+        enumeratorOf(word.substr(0, plus), enumeratorsOf(wire::eventModules()), "event or module");
     return static_cast<unsigned int>(module) + static_cast<unsigned int>(*added);
 }
 

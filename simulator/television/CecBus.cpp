@@ -1,6 +1,8 @@
 #include "simulator/television/CecBus.h"
 
-#include "wire/Events.h"
+#include "wire/events/Payload.h"
+
+#include <kelutv-simulator/events.h>
 
 #include <algorithm>
 #include <iterator>
@@ -90,7 +92,8 @@ void CecBus::change(CecDevice& device, bool plugged) {
     }
     device.plugged = plugged;
     mRevision.advance();
-    mNotices.push_back({wire::kCecDeviceChanged, payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
+    mNotices.push_back({KELU_SIM_EVENT_CEC_DEVICE_CHANGED,
+                        wire::payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
                         device.name + (plugged ? " plugged in" : " unplugged")});
     if (!plugged && mPlaying == device.logAddr) {
         play(kTelevision);
@@ -101,8 +104,8 @@ void CecBus::play(std::int32_t logAddr) {
     if (mPlaying != logAddr) {
         mPlaying = logAddr;
         mRevision.advance();
-        mNotices.push_back(
-            {wire::kCecPlayingChanged, payloadOf({logAddr}), "CEC device " + std::to_string(logAddr) + " plays"});
+        mNotices.push_back({KELU_SIM_EVENT_CEC_PLAYING_CHANGED, wire::payloadOf({logAddr}),
+                            "CEC device " + std::to_string(logAddr) + " plays"});
     }
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -16,8 +14,5 @@ struct Notice {
 };
 
 using Notices = std::vector<Notice>;
-
-/** A row of int32 words as they stand in a payload. */
-std::string payloadOf(std::initializer_list<std::int32_t> words);
 
 } // namespace kelutv::simulator

@@ -1,6 +1,8 @@
 #include "simulator/television/Power.h"
 
-#include "wire/Events.h"
+#include "wire/events/Payload.h"
+
+#include <kelutv-simulator/events.h>
 
 #include <string>
 
@@ -16,7 +18,8 @@ void Power::enter(PowerState state) {
     if (state != PowerState::On) {
         mLastOff = number;
     }
-    mNotices.push_back({wire::kPowerStateChanged, payloadOf({number}), "power state = " + std::to_string(number)});
+    mNotices.push_back(
+        {KELU_SIM_EVENT_POWER_STATE_CHANGED, wire::payloadOf({number}), "power state = " + std::to_string(number)});
 }
 
 void Power::wake(std::int32_t wakeupMode) {

@@ -3,18 +3,20 @@
 #include "simulator/state/Revision.h"
 #include "simulator/television/Notice.h"
 
+#include <kelutv-simulator/events.h>
+
 #include <cstdint>
 
 namespace kelutv::simulator {
 
 /** What the television is doing; the numbers are those of the event and of the last power-off mode. */
 enum class PowerState : std::int32_t {
-    On = 0,
-    Suspended = 1,
-    SuspendedToMemory = 2,
-    NormallySuspended = 3,
-    ShallowlySuspended = 4,
-    Rebooting = 5,
+    On = KELU_SIM_POWER_STATE_ON,
+    Suspended = KELU_SIM_POWER_STATE_SUSPENDED,
+    SuspendedToMemory = KELU_SIM_POWER_STATE_MEMORY,
+    NormallySuspended = KELU_SIM_POWER_STATE_NORMAL,
+    ShallowlySuspended = KELU_SIM_POWER_STATE_SHALLOW,
+    Rebooting = KELU_SIM_POWER_STATE_REBOOTING,
 };
 
 /** Sleeping and waking up. Not synchronised. */

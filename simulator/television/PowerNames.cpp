@@ -1,24 +1,19 @@
 #include "simulator/television/PowerNames.h"
 
+#include "wire/events/EventTable.h"
+#include "wire/text/Names.h"
+
+#include <kelutv-simulator/events.h>
+
 namespace kelutv::simulator {
 
-namespace {
+const wire::Enumeration& powerStateNames() {
+    const wire::EventTable events(wire::simulatedEvents());
+    return *events.find(KELU_SIM_EVENT_POWER_STATE_CHANGED)->fields[0].names;
+}
 
-constexpr wire::Enumerator row(PowerState state, const char* name) { return {name, static_cast<std::int32_t>(state)}; }
-
-constexpr wire::Enumerator kNames[] = {
-    row(PowerState::On, "on"),
-    row(PowerState::Suspended, "suspended"),
-    row(PowerState::SuspendedToMemory, "memory"),
-    row(PowerState::NormallySuspended, "normal"),
-    row(PowerState::ShallowlySuspended, "shallow"),
-    row(PowerState::Rebooting, "rebooting"),
-};
-
-} // namespace
-
-wire::Enumeration powerStateNames() { return {"PowerState", kNames}; }
-
-std::string wordFor(PowerState state) { return kNames[static_cast<std::size_t>(state)].name; }
+std::string wordFor(PowerState state) {
+    return wire::namesOf(powerStateNames()).shortNameOf(static_cast<std::int32_t>(state));
+}
 
 } // namespace kelutv::simulator

@@ -8,7 +8,7 @@
 namespace kelutv::simulator {
 
 /** What the control channel calls the power states. */
-wire::Enumeration powerStateNames();
+const wire::Enumeration& powerStateNames();
 std::string wordFor(PowerState state);
 
 } // namespace kelutv::simulator

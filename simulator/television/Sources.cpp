@@ -1,7 +1,8 @@
 #include "simulator/television/Sources.h"
 
-#include "wire/Events.h"
+#include "wire/events/Payload.h"
 
+#include <kelutv-simulator/events.h>
 #include <kelutv/video_types.h>
 
 #include <string_view>
@@ -105,8 +106,8 @@ void Sources::change(std::int32_t source, bool plugged, const Signal& signal) {
     if (after != before) {
         const std::string text = settings.name + (plugged ? " is plugged in" : " is unplugged") +
                                  (after.second ? ", with a signal" : ", without a signal");
-        mNotices.push_back(
-            {wire::kSourcePlugged, payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
+        mNotices.push_back({KELU_SIM_EVENT_SOURCE_PLUGGED,
+                            wire::payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
     }
     if (showsInMainWindow(source)) {
         show(visible(source));

@@ -1,6 +1,8 @@
 #include "simulator/television/Teletext.h"
 
-#include "wire/Events.h"
+#include "wire/events/Payload.h"
+
+#include <kelutv/events.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -55,7 +57,9 @@ std::string packet(unsigned int row) {
 }
 
 /** The length as the client reads it, then the data. */
-std::string blockOf(const std::string& data) { return payloadOf({static_cast<std::int32_t>(data.size())}) + data; }
+std::string blockOf(const std::string& data) {
+    return wire::payloadOf({static_cast<std::int32_t>(data.size())}) + data;
+}
 
 } // namespace
 
@@ -71,7 +75,7 @@ bool Teletext::deliver(unsigned int type, const std::string& data) {
     if (delivers()) {
         const std::string text = "VBI block of type " + std::to_string(type) + ", " + std::to_string(data.size()) +
                                  (data.size() == 1 ? " byte" : " bytes");
-        mNotices.push_back({wire::kVbiBlock + type, blockOf(data), text});
+        mNotices.push_back({KELU_EM_MODE_TTX + type, blockOf(data), text});
     }
     return delivers();
 }

@@ -212,7 +212,7 @@ TEST_F(ControlVerbs, EventHasAnyIdentifierAndPayload) {
     const std::string path = std::string(std::getenv("KQDROID_RUNTIME_DIR")) + "/payload";
     std::ofstream(path) << "abcd";
     say("event 0x60001 0100000002000000");
-    say("event kStreamTypeChanged 03:00:00:00");
+    say("event streamTypeChanged 03:00:00:00");
     say("event volume+0xFFFF");
     say("event KELU_EM_MODE_CEC \"abcd\"");
     say("event cec+7 @" + path);

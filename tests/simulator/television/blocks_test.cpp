@@ -169,6 +169,8 @@ Rows<Item> allItems() { return {}; }
 
 Rows<StateSlot> allStates() { return simulator::kStates; }
 
+Rows<Enumeration> allEnumerations() { return {}; }
+
 Rows<Enumerator> allEnumerators() { return {}; }
 
 } // namespace kelutv::wire

@@ -366,6 +366,8 @@ Rows<Item> allItems() { return {}; }
 
 Rows<StateSlot> allStates() { return {}; }
 
+Rows<Enumeration> allEnumerations() { return {}; }
+
 Rows<Enumerator> allEnumerators() { return {}; }
 
 } // namespace kelutv::wire
