@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import json
 import unittest
 
 from fixture import ROOT, CatalogueTest, read_catalogue
@@ -149,6 +150,29 @@ class SimulatedTelevision(unittest.TestCase):
             "cecPlayingChanged": 0x1A0002,
         }
         self.assertEqual({name: rows.get(name) for name in expected}, expected)
+
+    def test_payloads_are_the_keys_and_values_of_the_states_that_have_them(self) -> None:
+        catalogue = read_catalogue(ROOT / "catalogue", ROOT / "include")
+        setters = {f"{op.method.module}.{op.state.name}": op for op in catalogue.operations if op.state and op.state.is_set}
+        rows = {row.name: row for row in catalogue.events.rows}
+        configuration = json.loads((ROOT / "simulator/configuration/defaults.json").read_text(encoding="utf-8"))
+        carried = {
+            f"{module.name}.{state}": rows[settings["event"]]
+            for module in catalogue.modules
+            for state, settings in configuration.get(module.name, {}).items()
+            if "event" in settings
+        }
+        self.assertGreater(len(carried), 100)
+        for state in carried.keys() & setters.keys():
+            rule, request = setters[state].state, setters[state].request
+            operands = [request[o.index] for o in (*rule.keys, *(rule.values or ())) if o.index is not None]
+            self.assertEqual(len(operands), len(carried[state].fields), state)
+            for operand, field in zip(operands, carried[state].fields):
+                values = setters[state].values.get(operand.source.lstrip("*"))
+                names = values.enumeration if values and values.enumeration else operand.type
+                if names in catalogue.headers.enumerations:
+                    self.assertEqual(field.type, names, f"{state}: {field.name}")
+                self.assertEqual(field.type == "text", operand.kind in ("cstring", "str16"), state)
 
 
 if __name__ == "__main__":

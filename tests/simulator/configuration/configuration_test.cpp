@@ -160,13 +160,13 @@ constexpr Bad kBad[] = {
      ": /audio/volume: the initial value 101 is out of the range from 0 to 100"},
     {"Event", R"({"audio": {"volume": {"event": "volumChanged"}}})",
      ": /audio/volume/event: there is no event 'volumChanged'; the nearest is volumeChanged"},
-    {"EventOfText", R"({"factory": {"panelID": {"event": "mode3dChanged"}}})",
-     ": /factory/panelID/event: the payload of mode3dChanged cannot carry factory.panelID, which has 0 keys and "
+    {"EventOfText", R"({"factory": {"panelID": {"event": "brightnessChanged"}}})",
+     ": /factory/panelID/event: the payload of brightnessChanged cannot carry factory.panelID, which has 0 keys and "
      "texts"},
-    {"EventWithoutKeys", R"({"audio": {"volume": {"event": "mode3dChanged"}}})",
-     ": /audio/volume/event: the payload of mode3dChanged cannot carry audio.volume, which has 1 key and integers"},
-    {"EventOfReals", R"({"factory": {"soundCurve": {"event": "mode3dChanged"}}})",
-     ": /factory/soundCurve/event: the payload of mode3dChanged cannot carry factory.soundCurve, which has 0 keys "
+    {"EventWithoutKeys", R"({"audio": {"volume": {"event": "brightnessChanged"}}})",
+     ": /audio/volume/event: the payload of brightnessChanged cannot carry audio.volume, which has 1 key and integers"},
+    {"EventOfReals", R"({"factory": {"soundCurve": {"event": "brightnessChanged"}}})",
+     ": /factory/soundCurve/event: the payload of brightnessChanged cannot carry factory.soundCurve, which has 0 keys "
      "and numbers"},
     {"Role", R"({"sourcemanager": {"curSource": {"source": "window"}}})",
      ": /sourcemanager/curSource/source: a source is the key or the value, not 'window'"},

@@ -43,7 +43,7 @@ TEST_F(Events, DoNotTellOfAValueSetAnewOrRefused) {
     EXPECT_EQ(linux_tv_Audio_setVolume(KELU_TV_AUDIO_CHANNEL_SPEAKER, 20), 0);
     EXPECT_EQ(linux_tv_Audio_setVolume(KELU_TV_AUDIO_CHANNEL_SPEAKER, 101), -107);
     EXPECT_EQ(linux_tv_Audio_setMute(KELU_TV_AUDIO_CHANNEL_SPEAKER, false), 0);
-    EXPECT_EQ(linux_tv_Audio_setSoundMode(KELU_TV_SNDMODE_MOVIE), 0);
+    EXPECT_EQ(linux_tv_Audio_setSoundMode(KELU_TV_SNDMODE_STANDARD), 0);
     EXPECT_EQ(takeEvents(), std::vector<Event>{});
 }
 

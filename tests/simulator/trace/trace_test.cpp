@@ -72,6 +72,7 @@ TEST_F(Trace, NamesItemsAndTheirOwnArguments) {
     const std::vector<std::string> expected{
         own("CMD_AUDIO_COMMON_SET_ITEM_VALUE(cmdID=8203 CMDID_AUDIO_SET_MAX_VOLUME, channel=0 "
             "KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=80, param3=0, param4=0) -> 0"),
+        "event 0x60003: audio.maxVolume[0] = 80",
         own("CMD_AUDIO_COMMON_GET_ITEM_VALUE(cmdID=8204 CMDID_AUDIO_GET_MAX_VOLUME, channel=0 "
             "KELU_TV_AUDIO_CHANNEL_SPEAKER, param2=0) -> 0: [80, 0*254]"),
     };
