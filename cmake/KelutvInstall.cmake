@@ -79,6 +79,10 @@ if(TARGET kelutv)
 endif()
 if(TARGET kelutv-simulator)
     install(
+        FILES "${KELUTV_SIMULATOR_EVENTS_HEADER}"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/kelutv-simulator"
+        COMPONENT platform_development)
+    install(
         FILES "${PROJECT_SOURCE_DIR}/simulator/configuration/defaults.json"
               "${PROJECT_SOURCE_DIR}/simulator/configuration/config.schema.json"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"

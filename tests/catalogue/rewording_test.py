@@ -90,7 +90,8 @@ class Rewording(unittest.TestCase):
         if any(codes):
             raise AssertionError(f"a generator refuses {name}")
         exports = catalogue.expected_exports(read_catalogue(ROOT / "catalogue", include))
-        return {path.name: path.read_text(encoding="utf-8") for path in written.iterdir()} | {"exports": str(exports)}
+        files = (path for path in written.rglob("*") if path.is_file())
+        return {path.name: path.read_text(encoding="utf-8") for path in files} | {"exports": str(exports)}
 
     def comments(self, include: Path) -> str:
         texts = (path.read_text(encoding="utf-8") for path in sorted((include / "kelutv").glob("*.h")))

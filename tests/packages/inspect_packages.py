@@ -69,7 +69,11 @@ PACKAGES: dict[str, tuple[list[str], list[str], list[str]]] = {
     "libkelutv-platform-dev": (
         ["libkelutv-platform1", "libkelutvbaseclient-dev"],
         [],
-        [*tree("platform/include", "*.h", "include/kelutv-platform"), "lib/{triplet}/libkqdroid.so"],
+        [
+            *tree("platform/include", "*.h", "include/kelutv-platform"),
+            "include/kelutv-simulator/events.h",
+            "lib/{triplet}/libkqdroid.so",
+        ],
     ),
     "kelutv-tools": (
         ["libkelutvbaseclient1", "libkelutv-platform1"],
