@@ -28,6 +28,14 @@ const StateSlot* findState(std::string_view name) { return findNamed(allStates()
 
 const Enumeration* findEnumeration(std::string_view name) { return findNamed(allEnumerations(), name); }
 
+std::vector<std::string> stateNames() {
+    std::vector<std::string> names;
+    for (const StateSlot& slot : allStates()) {
+        names.emplace_back(slot.name);
+    }
+    return names;
+}
+
 const Enumerator* findEnumerator(std::string_view name) { return findNamed(allEnumerators(), name); }
 
 const Operation* operationOf(const Command& command, const Arguments& arguments) {

@@ -4,7 +4,9 @@
 #include "wire/Value.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace kelutv::wire {
 
@@ -113,6 +115,8 @@ Rows<Enumerator> allEnumerators();
 /** Null when there is none. */
 const Command* findCommand(std::int32_t value);
 const StateSlot* findState(std::string_view name);
+/** By ascending name. */
+std::vector<std::string> stateNames();
 const Enumeration* findEnumeration(std::string_view name);
 const Enumerator* findEnumerator(std::string_view name);
 

@@ -1,6 +1,7 @@
 #include "simulator/configuration/ConfigurationReader.h"
 
 #include "simulator/configuration/SlotReader.h"
+#include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 
 #include <nlohmann/json.hpp>
@@ -14,7 +15,6 @@ namespace kelutv::simulator {
 
 namespace {
 
-constexpr char kSourcePrefix[] = "KELU_TV_SRC_";
 constexpr char kCurrentSource[] = "sourcemanager.curSource";
 
 /** The states of a module without its name. */
@@ -31,7 +31,7 @@ std::vector<std::string> statesOf(const std::string& module) {
 const wire::StateSlot& stateIn(const std::string& module, const std::string& name, const JsonNode& place) {
     const wire::StateSlot* const slot = wire::findState(module + '.' + name);
     if (slot == nullptr) {
-        place.fail("there is no state '" + name + "' in " + module + wire::nearestOf(name, statesOf(module)));
+        place.fail("there is no state '" + name + "' in " + module + wire::nearestHint(name, statesOf(module)));
     }
     return *slot;
 }
@@ -148,7 +148,7 @@ private:
             for (const auto& signal : mParts.signals) {
                 names.push_back(signal.first);
             }
-            node.fail("there is no signal " + node.shown() + " in /signals" + wire::nearestOf(node.text(), names));
+            node.fail("there is no signal " + node.shown() + " in /signals" + wire::nearestHint(node.text(), names));
         }
         return found->second;
     }
@@ -224,15 +224,11 @@ private:
 Configuration readConfiguration(const JsonNode& root) { return Configuration(Reader(root).read()); }
 
 std::int32_t readSourceName(const JsonNode& place, const std::string& name) {
-    const wire::Enumerator* const found = name.rfind(kSourcePrefix, 0) == 0 ? wire::findEnumerator(name) : nullptr;
-    if (found == nullptr) {
-        std::vector<std::string> names = namesOf(wire::allEnumerators());
-        names.erase(std::remove_if(names.begin(), names.end(),
-                                   [](const std::string& other) { return other.rfind(kSourcePrefix, 0) != 0; }),
-                    names.end());
-        place.fail("'" + name + "' is no source of KELU_TV_SRC_E" + wire::nearestOf(name, names));
+    try {
+        return wire::namesOf(*wire::findEnumeration("KELU_TV_SRC_E")).valueOf(name);
+    } catch (const wire::UnknownName& error) {
+        place.fail(error.what());
     }
-    return found->value;
 }
 
 } // namespace kelutv::simulator

@@ -1,6 +1,8 @@
 #include "simulator/configuration/SlotReader.h"
 
+#include "wire/StateForm.h"
 #include "wire/events/EventTable.h"
+#include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 
 #include <nlohmann/json.hpp>
@@ -11,27 +13,34 @@ namespace kelutv::simulator {
 
 namespace {
 
-std::int32_t enumeratorOf(const JsonNode& place, const std::string& name) {
-    const wire::Enumerator* const found = wire::findEnumerator(name);
-    if (found == nullptr) {
-        place.fail("there is no enumerator '" + name + "'" + wire::nearestOf(name, namesOf(wire::allEnumerators())));
+/** Of an enumerator of any enumeration by its full name, or of one of these names. */
+std::int32_t valueNamed(const JsonNode& place, const std::string& name, const wire::Enumeration* names) {
+    if (const wire::Enumerator* const found = wire::findEnumerator(name)) {
+        return found->value;
     }
-    return found->value;
+    if (names == nullptr) {
+        place.fail("there is no enumerator '" + name + "'" + wire::nearestHint(name, namesOf(wire::allEnumerators())));
+    }
+    try {
+        return wire::namesOf(*names).valueOf(name);
+    } catch (const wire::UnknownName& error) {
+        place.fail(error.what());
+    }
 }
 
 /** A name of an enumerator, or a number. */
-std::int32_t keyOf(const JsonNode& place, const std::string& name) {
+std::int32_t keyOf(const JsonNode& place, const std::string& name, const wire::Enumeration* names) {
     std::int32_t number = 0;
     const char* const end = name.data() + name.size();
     const auto read = std::from_chars(name.data(), end, number);
-    return read.ec == std::errc() && read.ptr == end ? number : enumeratorOf(place, name);
+    return read.ec == std::errc() && read.ptr == end ? number : valueNamed(place, name, names);
 }
 
-wire::Value scalarOf(const JsonNode& node, wire::Holds holds) {
+wire::Value valueOf(const JsonNode& node, wire::Holds holds, const wire::Enumeration* names) {
     const bool isText = node.value().is_string();
     switch (holds) {
     case wire::Holds::Integers:
-        return isText ? enumeratorOf(node, node.text()) : node.number();
+        return isText ? valueNamed(node, node.text(), names) : node.number();
     case wire::Holds::Reals:
         return node.real();
     case wire::Holds::Texts:
@@ -69,7 +78,7 @@ bool canCarry(const wire::Event& event, const wire::StateSlot& slot) {
 }
 
 /** `1 key and integers`. */
-std::string formOf(const wire::StateSlot& slot) {
+std::string shapeOf(const wire::StateSlot& slot) {
     return std::to_string(slot.keys.size()) + (slot.keys.size() == 1 ? " key" : " keys") + " and " +
            wordFor(slot.holds);
 }
@@ -79,10 +88,10 @@ unsigned int eventOf(const JsonNode& node, const wire::StateSlot& slot) {
     const wire::EventTable events(wire::simulatedEvents());
     const wire::Event* const event = events.named(name);
     if (event == nullptr) {
-        node.fail("there is no event '" + name + "'" + wire::nearestOf(name, events.names()));
+        node.fail("there is no event '" + name + "'" + wire::nearestHint(name, events.names()));
     }
     if (!canCarry(*event, slot)) {
-        node.fail("the payload of " + name + " cannot carry " + slot.name + ", which has " + formOf(slot));
+        node.fail("the payload of " + name + " cannot carry " + slot.name + ", which has " + shapeOf(slot));
     }
     return event->first;
 }
@@ -95,8 +104,9 @@ void readInitial(const wire::StateSlot& slot, const JsonNode& node, SlotSettings
     if (slot.keys.size() == 0 || slot.keys[0] != wire::Holds::Integers) {
         node.fail(std::string(slot.name) + " is not kept for each of several numbers");
     }
+    const wire::Enumeration* const names = wire::formOf(slot).keys.front().names;
     for (const auto& [key, values] : node.members()) {
-        settings.initialByKey[keyOf(values, key)] = readValues(values, slot);
+        settings.initialByKey[keyOf(values, key, names)] = readValues(values, slot);
     }
 }
 
@@ -128,15 +138,17 @@ void checkRange(const JsonNode& node, const SlotSettings& settings) {
 const wire::StateSlot& readStateName(const JsonNode& place, const std::string& name) {
     const wire::StateSlot* const slot = wire::findState(name);
     if (slot == nullptr) {
-        place.fail("there is no state '" + name + "'" + wire::nearestOf(name, namesOf(wire::allStates())));
+        place.fail("there is no state '" + name + "'" + wire::nearestHint(name, wire::stateNames()));
     }
     return *slot;
 }
 
 wire::Values readValues(const JsonNode& node, const wire::StateSlot& slot) {
+    const wire::StateForm form = wire::formOf(slot);
     wire::Values values;
     for (const JsonNode& entry : node.listed()) {
-        values.push_back(scalarOf(entry, slot.holds));
+        const bool isNamed = values.size() < form.values.size();
+        values.push_back(valueOf(entry, slot.holds, isNamed ? form.values[values.size()].names : nullptr));
     }
     return values;
 }

@@ -29,7 +29,7 @@ std::string listFaults(Equipment& equipment, const std::string& rest) {
 }
 
 std::string unknownVerb(const std::string& verb) {
-    return "there is no control command '" + verb + "'" + wire::nearestOf(verb, controlVerbNames()) +
+    return "there is no control command '" + verb + "'" + wire::nearestHint(verb, controlVerbNames()) +
            "; allowed: " + listed(controlVerbNames());
 }
 

@@ -3,8 +3,8 @@
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
 #include "simulator/files/File.h"
-#include "simulator/state/SlotForm.h"
 #include "simulator/television/PowerNames.h"
+#include "wire/StateForm.h"
 #include "wire/events/EventTable.h"
 #include "wire/events/Payload.h"
 
@@ -26,10 +26,10 @@ constexpr std::size_t kLongestVbi = keluem::kMaxPayload - sizeof(std::int32_t);
 
 void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
     const wire::StateSlot& slot = *wire::findState(kKeyState);
-    const SlotForm form = formOf(slot);
+    const wire::StateForm form = wire::formOf(slot);
     equipment.state.keep(slot, {key}, {happened});
-    const std::string name = shortNameOf(key, enumeratorsOf(*form.keys[0].names));
-    const std::string what = shortNameOf(happened, enumeratorsOf(*form.values[0].names));
+    const std::string name = wire::namesOf(*form.keys[0].names).shortNameOf(key);
+    const std::string what = wire::namesOf(*form.values[0].names).shortNameOf(happened);
     equipment.notices.push_back({KELU_SIM_EVENT_KEY_USED, wire::payloadOf({key, happened}),
                                  "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
 }
@@ -46,8 +46,7 @@ unsigned int eventNamed(const std::string& word) {
     if (!added || *added < 0 || *added > 0xFFFF) {
         throw BadLine("what is added to the module of an event goes from 0 to 65535, not '" + offset + "'");
     }
-    const std::int32_t module =
-        enumeratorOf(word.substr(0, plus), enumeratorsOf(wire::eventModules()), "event or module");
+    const std::int32_t module = integerOf(word.substr(0, plus), wire::namesOf(wire::eventModules()), "event or module");
     return static_cast<unsigned int>(module) + static_cast<unsigned int>(*added);
 }
 
@@ -94,7 +93,7 @@ std::string countOf(const std::string& bytes) {
 } // namespace
 
 std::string enterPowerState(Equipment& equipment, const std::string& rest) {
-    const std::int32_t state = enumeratorOf(rest, enumeratorsOf(powerStateNames()), "power state");
+    const std::int32_t state = integerOf(rest, wire::namesOf(powerStateNames()), "power state");
     if (state < 0 || state > static_cast<std::int32_t>(PowerState::Rebooting)) {
         throw BadLine("power states go from 0 to 5");
     }
@@ -107,11 +106,11 @@ std::string useKey(Equipment& equipment, const std::string& rest) {
     if (words.empty() || words.size() > 2) {
         throw BadLine("key takes a key code, and press or release if it is to be only that");
     }
-    const SlotForm form = formOf(*wire::findState(kKeyState));
-    const std::int32_t key = enumeratorOf(words[0].text(), enumeratorsOf(*form.keys[0].names), "key code");
-    const Enumerators happenings = enumeratorsOf(*form.values[0].names);
+    const wire::StateForm form = wire::formOf(*wire::findState(kKeyState));
+    const std::int32_t key = integerOf(words[0].text(), wire::namesOf(*form.keys[0].names), "key code");
+    const wire::Names& happenings = wire::namesOf(*form.values[0].names);
     if (words.size() == 2) {
-        useKey(equipment, key, enumeratorOf(words[1].text(), happenings, "use of a key"));
+        useKey(equipment, key, integerOf(words[1].text(), happenings, "use of a key"));
         return "";
     }
     useKey(equipment, key, KELU_TV_KPC_EV_KEY_PRESS);

@@ -11,11 +11,11 @@ namespace kelutv::simulator {
 namespace {
 
 std::int32_t sourceNamed(const Equipment& equipment, const std::string& word) {
-    Enumerators names;
+    std::vector<wire::Enumerator> names;
     for (const std::int32_t id : equipment.sources.ids()) {
         names.push_back({equipment.sources.nameOf(id).c_str(), id});
     }
-    const std::int32_t id = enumeratorOf(word, names, "source");
+    const std::int32_t id = integerOf(word, wire::Names("the sources", names), "source");
     if (!equipment.sources.has(id)) {
         throw BadLine("there is no source " + word);
     }
@@ -53,7 +53,7 @@ const Signal& presetNamed(const Equipment& equipment, const std::string& name) {
     for (const auto& preset : presets) {
         names.push_back(preset.first);
     }
-    throw BadLine('\'' + name + "' is no signal" + wire::nearestOf(name, names) + "; allowed: " + listed(names) +
+    throw BadLine('\'' + name + "' is no signal" + wire::nearestHint(name, names) + "; allowed: " + listed(names) +
                   ", or STATE=VALUE");
 }
 
@@ -93,7 +93,7 @@ Fields fieldsOf(const ControlWords& words) {
         const std::size_t equals = word.find('=');
         const std::string field = word.substr(0, equals);
         if (equals == std::string::npos || std::find(names.begin(), names.end(), field) == names.end()) {
-            throw BadLine("a CEC device has no field '" + field + "'" + wire::nearestOf(field, names) +
+            throw BadLine("a CEC device has no field '" + field + "'" + wire::nearestHint(field, names) +
                           "; allowed: " + listed(names) + ", each with =VALUE");
         }
         if (!fields.emplace(field, word.substr(equals + 1)).second) {

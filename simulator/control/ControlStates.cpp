@@ -2,9 +2,10 @@
 
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
-#include "simulator/state/SlotForm.h"
 #include "simulator/television/PowerNames.h"
 #include "simulator/television/SlotAccess.h"
+#include "wire/StateForm.h"
+#include "wire/text/Pattern.h"
 #include "wire/text/Quote.h"
 
 #include <set>
@@ -58,7 +59,7 @@ Lines linesOf(Equipment& equipment, const wire::StateSlot& slot) {
     const SlotSettings& settings = equipment.configuration.settings(slot);
     const wire::Values anyKeys(slot.keys.size(), std::int32_t{0});
     if (!anyKeys.empty() && !settings.keyIsSource && isJustKept(equipment, slot, anyKeys)) {
-        const wire::Values initial = completed(formOf(slot), settings.initial);
+        const wire::Values initial = wire::completed(wire::formOf(slot), settings.initial);
         lines.push_back("# " + std::string(slot.name) + " of any other key: " + inWords(initial));
     }
     return lines;
@@ -72,11 +73,11 @@ std::string signalLine(const std::string& name, const Signal& signal) {
     return line;
 }
 
-Lines sourceLines(Equipment& equipment, const std::string& pattern) {
+Lines sourceLines(Equipment& equipment, const wire::Pattern& pattern) {
     Lines lines;
     for (const std::int32_t id : equipment.sources.ids()) {
         const std::string& name = equipment.sources.nameOf(id);
-        if (matches("source " + name, pattern)) {
+        if (pattern.matches("source " + name)) {
             lines.push_back((equipment.sources.isPlugged(id) ? "plug " : "unplug ") + name);
             lines.push_back(signalLine(name, equipment.sources.signalAt(id)));
         }
@@ -90,21 +91,21 @@ std::string deviceLine(const CecDevice& device) {
            " listText=" + wire::inQuotes(device.listText) + " plugged=" + (device.plugged ? '1' : '0');
 }
 
-Lines cecLines(Equipment& equipment, const std::string& pattern) {
+Lines cecLines(Equipment& equipment, const wire::Pattern& pattern) {
     Lines lines;
     for (const CecDevice& device : equipment.cec.all()) {
-        if (matches("cec " + device.name, pattern)) {
+        if (pattern.matches("cec " + device.name)) {
             lines.push_back(deviceLine(device));
         }
     }
-    if (matches("cec", pattern)) {
+    if (pattern.matches("cec")) {
         lines.push_back("cec play " + std::to_string(equipment.cec.playing()));
     }
     return lines;
 }
 
-Lines powerLines(Equipment& equipment, const std::string& pattern) {
-    return matches("power", pattern) ? Lines{"power " + wordFor(equipment.power.state())} : Lines{};
+Lines powerLines(Equipment& equipment, const wire::Pattern& pattern) {
+    return pattern.matches("power") ? Lines{"power " + wordFor(equipment.power.state())} : Lines{};
 }
 
 /**
@@ -119,11 +120,11 @@ int rankOf(const Equipment& equipment, const wire::StateSlot& slot) {
     return settings.valueIsSource ? 1 : 3;
 }
 
-Lines stateLines(Equipment& equipment, const std::string& pattern) {
+Lines stateLines(Equipment& equipment, const wire::Pattern& pattern) {
     Lines lines;
     for (int rank = 0; rank <= 3; ++rank) {
         for (const wire::StateSlot& slot : wire::allStates()) {
-            if (rankOf(equipment, slot) == rank && matches(slot.name, pattern)) {
+            if (rankOf(equipment, slot) == rank && pattern.matches(slot.name)) {
                 const Lines more = linesOf(equipment, slot);
                 lines.insert(lines.end(), more.begin(), more.end());
             }
@@ -162,14 +163,15 @@ std::string get(Equipment& equipment, const std::string& rest) {
 }
 
 std::string show(Equipment& equipment, const std::string& rest) {
-    const std::string pattern = unwrapped(rest);
+    const std::string text = unwrapped(rest);
+    const wire::Pattern pattern(text, wire::stateNames());
     Lines all;
     for (const auto& part : {sourceLines, cecLines, powerLines, stateLines}) {
         const Lines lines = part(equipment, pattern);
         all.insert(all.end(), lines.begin(), lines.end());
     }
     if (all.empty()) {
-        throw BadLine("nothing fits '" + pattern + "'");
+        throw BadLine("nothing matches '" + text + "'");
     }
     return joinedLines(all);
 }

@@ -1,6 +1,6 @@
 #include "simulator/control/ControlValues.h"
 
-#include "simulator/state/SlotForm.h"
+#include "wire/StateForm.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Quote.h"
 
@@ -9,14 +9,6 @@
 namespace kelutv::simulator {
 
 namespace {
-
-std::vector<std::string> slotNames() {
-    std::vector<std::string> names;
-    for (const wire::StateSlot& slot : wire::allStates()) {
-        names.emplace_back(slot.name);
-    }
-    return names;
-}
 
 std::vector<const wire::StateSlot*> slotsWithLastPart(const std::string& part) {
     std::vector<const wire::StateSlot*> slots;
@@ -46,7 +38,7 @@ wire::Value integerFrom(const std::string& word, const wire::Enumeration* names,
         return enumerator->value;
     }
     if (names != nullptr) {
-        return enumeratorOf(word, enumeratorsOf(*names), what);
+        return integerOf(word, wire::namesOf(*names), what);
     }
     if (const auto number = int32Of(word)) {
         return *number;
@@ -116,7 +108,8 @@ const wire::StateSlot& slotNamed(const std::string& name) {
         return *slots.front();
     }
     if (slots.empty()) {
-        throw BadLine("there is no state '" + name + "'" + wire::nearestOf(name, slotNames()) + "; show lists them");
+        throw BadLine("there is no state '" + name + "'" + wire::nearestHint(name, wire::stateNames()) +
+                      "; show lists them");
     }
     std::vector<std::string> candidates;
     for (const wire::StateSlot* const slot : slots) {
@@ -126,7 +119,7 @@ const wire::StateSlot& slotNamed(const std::string& name) {
 }
 
 wire::Values keysOf(const wire::StateSlot& slot, const ControlWords& words) {
-    const SlotForm form = formOf(slot);
+    const wire::StateForm form = wire::formOf(slot);
     if (words.size() != form.keys.size()) {
         throw BadLine(wrongCount(slot, "key", form.keys.size(), words.size()));
     }
@@ -138,7 +131,7 @@ wire::Values keysOf(const wire::StateSlot& slot, const ControlWords& words) {
 }
 
 wire::Values valuesOf(const wire::StateSlot& slot, const ControlWords& words) {
-    const SlotForm form = formOf(slot);
+    const wire::StateForm form = wire::formOf(slot);
     if (words.size() != form.values.size() && !(form.isOpen && words.size() > form.values.size())) {
         throw BadLine(wrongCount(slot, "value", form.values.size(), words.size()));
     }
@@ -160,7 +153,7 @@ std::string inWords(const wire::Values& scalars, const char* separator) {
 
 std::string inWords(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values) {
     const std::string brackets = keys.empty() ? "" : '[' + inWords(keys) + ']';
-    return slot.name + brackets + " = " + inWords(completed(formOf(slot), values));
+    return slot.name + brackets + " = " + inWords(wire::completed(wire::formOf(slot), values));
 }
 
 } // namespace kelutv::simulator

@@ -65,7 +65,7 @@ private:
             for (const auto& reader : readers()) {
                 known.push_back(reader.first);
             }
-            throw std::invalid_argument("a fault knows no '" + mClause + "'" + wire::nearestOf(mClause, known) +
+            throw std::invalid_argument("a fault knows no '" + mClause + "'" + wire::nearestHint(mClause, known) +
                                         "; it takes from PID, nth N, once, times N and one of " + kEffects);
         }
         (this->*found->second)();

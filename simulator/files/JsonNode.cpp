@@ -75,7 +75,7 @@ std::vector<std::pair<std::string, JsonNode>> JsonNode::membersOf(const std::vec
     for (const auto& [name, node] : all) {
         if (std::find(allowed.begin(), allowed.end(), name) == allowed.end()) {
             node.fail("there is no '" + name + "' here, only " + commaSeparated(allowed) +
-                      wire::nearestOf(name, allowed));
+                      wire::nearestHint(name, allowed));
         }
     }
     return all;

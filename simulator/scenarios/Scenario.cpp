@@ -161,7 +161,7 @@ std::string findScenario(const std::string& nameOrPath) {
     }
     const std::vector<std::string> names = scenarioNames();
     throw ScenarioError("there is no scenario '" + nameOrPath + "', neither a file nor one of: " + listed(names) +
-                        wire::nearestOf(nameOrPath, names));
+                        wire::nearestHint(nameOrPath, names));
 }
 
 } // namespace kelutv::simulator

@@ -1,10 +1,6 @@
 #include "simulator/text/ControlWords.h"
 
 #include "simulator/text/Words.h"
-#include "wire/text/Nearest.h"
-
-#include <fnmatch.h>
-#include <strings.h>
 
 #include <algorithm>
 #include <cctype>
@@ -53,56 +49,6 @@ std::size_t findOutsideQuotes(const std::string& text, char wanted) {
         i = text[i] == '"' ? endOfQuotes(text, i) : i + 1;
     }
     return std::string::npos;
-}
-
-/** Lower case, without underscores and hyphens. */
-std::string folded(const std::string& name) {
-    std::string result;
-    for (const char character : name) {
-        if (character != '_' && character != '-') {
-            result += static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
-        }
-    }
-    return result;
-}
-
-/** How many characters all names have in common, in whole words. */
-std::size_t commonLength(const Enumerators& names) {
-    const std::string_view first = names[0].name;
-    std::size_t common = first.size();
-    for (const wire::Enumerator& row : names) {
-        const std::string_view name = row.name;
-        common = static_cast<std::size_t>(
-            std::mismatch(first.begin(), first.begin() + static_cast<std::ptrdiff_t>(std::min(common, name.size())),
-                          name.begin())
-                .first -
-            first.begin());
-    }
-    const std::size_t underscore = first.substr(0, common).rfind('_');
-    return underscore == std::string_view::npos ? 0 : underscore + 1;
-}
-
-/** The short names, in the order of the enumerators. */
-std::vector<std::string> shortNames(const Enumerators& names) {
-    const std::size_t common = names.empty() ? 0 : commonLength(names);
-    std::vector<std::string> result;
-    for (const wire::Enumerator& row : names) {
-        std::string name = row.name + common;
-        std::transform(name.begin(), name.end(), name.begin(),
-                       [](unsigned char character) { return static_cast<char>(std::tolower(character)); });
-        result.push_back(std::move(name));
-    }
-    return result;
-}
-
-bool beginsWord(const std::string& name, std::size_t at) {
-    return at == 0 || std::isalnum(static_cast<unsigned char>(name[at - 1])) == 0 ||
-           (std::isupper(static_cast<unsigned char>(name[at])) != 0 &&
-            std::isupper(static_cast<unsigned char>(name[at - 1])) == 0);
-}
-
-std::string unknownName(const std::string& word, const std::vector<std::string>& names, const std::string& what) {
-    return '\'' + word + "' is no " + what + wire::nearestOf(word, names) + "; allowed: " + listed(names);
 }
 
 } // namespace
@@ -178,67 +124,15 @@ std::optional<std::string> bytesOf(const std::string& hex) {
     return bytes;
 }
 
-Enumerators enumeratorsOf(const wire::Enumeration& enumeration) {
-    constexpr std::string_view kEnd = "_BUTT";
-    Enumerators enumerators;
-    for (const wire::Enumerator& row : enumeration.values) {
-        const std::string_view name = row.name;
-        if (name.size() < kEnd.size() || name.substr(name.size() - kEnd.size()) != kEnd) {
-            enumerators.push_back(row);
-        }
-    }
-    return enumerators;
-}
-
-std::int32_t enumeratorOf(const std::string& word, const Enumerators& names, const std::string& what) {
+std::int32_t integerOf(const std::string& word, const wire::Names& names, const std::string& what) {
     if (const auto number = int32Of(word)) {
         return *number;
     }
-    const std::vector<std::string> shorts = shortNames(names);
-    const std::string wanted = folded(word);
-    std::vector<std::size_t> begun;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const std::string name = folded(shorts[i]);
-        if (wanted == name || wanted == folded(names[i].name)) {
-            return names[i].value;
-        }
-        if (!wanted.empty() && name.rfind(wanted, 0) == 0) {
-            begun.push_back(i);
-        }
+    try {
+        return names.valueOf(word);
+    } catch (const wire::UnknownName& error) {
+        throw BadLine(what + ": " + error.what());
     }
-    if (begun.empty()) {
-        throw BadLine(unknownName(word, shorts, what));
-    }
-    if (begun.size() > 1) {
-        std::vector<std::string> candidates;
-        for (const std::size_t index : begun) {
-            candidates.push_back(shorts[index]);
-        }
-        throw BadLine("'" + word + "' is the beginning of more than one " + what + ": " + listed(candidates));
-    }
-    return names[begun.front()].value;
-}
-
-std::string shortNameOf(std::int32_t value, const Enumerators& names) {
-    const std::vector<std::string> shorts = shortNames(names);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (names[i].value == value) {
-            return shorts[i];
-        }
-    }
-    return "";
-}
-
-bool matches(const std::string& name, const std::string& pattern) {
-    if (pattern.find_first_of("*?") != std::string::npos) {
-        return ::fnmatch(pattern.c_str(), name.c_str(), FNM_CASEFOLD | FNM_NOESCAPE) == 0;
-    }
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        if (beginsWord(name, i) && ::strncasecmp(name.c_str() + i, pattern.c_str(), pattern.size()) == 0) {
-            return true;
-        }
-    }
-    return false;
 }
 
 std::string unwrapped(const std::string& text) {

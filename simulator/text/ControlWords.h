@@ -1,6 +1,6 @@
 #pragma once
 
-#include "wire/Interface.h"
+#include "wire/text/Names.h"
 
 #include <cstdint>
 #include <optional>
@@ -44,25 +44,8 @@ std::optional<std::int32_t> int32Of(const std::string& word);
 /** Bytes in hexadecimal; colons and `0x` in front do not count. */
 std::optional<std::string> bytesOf(const std::string& hex);
 
-using Enumerators = std::vector<wire::Enumerator>;
-
-/** Without the marker of the end. */
-Enumerators enumeratorsOf(const wire::Enumeration& enumeration);
-
-/**
- * The value of an enumerator by its name, by what stands behind the words that all names have in common, or by the
- * beginning of that, in any case; or the number. @throws BadLine that says what is allowed, `what` naming the thing
- */
-std::int32_t enumeratorOf(const std::string& word, const Enumerators& names, const std::string& what);
-
-/** The name without the words that all have in common, in lower case; empty when no enumerator has the value. */
-std::string shortNameOf(std::int32_t value, const Enumerators& names);
-
-/**
- * Whether the name fits a pattern of `*` (any characters) and `?` (one), or, if there are none in it, has the text at
- * the beginning of one of its words; in any case.
- */
-bool matches(const std::string& name, const std::string& pattern);
+/** The number that a word says, or the value that it names. @throws BadLine that says what is allowed for `what` */
+std::int32_t integerOf(const std::string& word, const wire::Names& names, const std::string& what);
 
 /** The text of the only word if that is in quotes; else what was given. */
 std::string unwrapped(const std::string& text);

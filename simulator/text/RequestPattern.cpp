@@ -63,7 +63,7 @@ RequestPattern::RequestPattern(const std::string& word) : mName(word == "any" ? 
     }
     const std::vector<std::string> names = allNames();
     if (std::none_of(names.begin(), names.end(), [this](const std::string& name) { return fits(mName, name); })) {
-        throw std::invalid_argument("there is no command or item '" + word + "'" + wire::nearestOf(word, names));
+        throw std::invalid_argument("there is no command or item '" + word + "'" + wire::nearestHint(word, names));
     }
 }
 

@@ -33,7 +33,7 @@ TEST_F(NamesTest, AreTakenInFullShortAndInPieces) {
     for (const char* const word : {"A_MODE_STANDARD", "a_mode_standard", "standard", "STANDARD"}) {
         EXPECT_EQ(mNames.valueOf(word), 2) << word;
     }
-    for (const char* const word : {"standard_two", "standard-two", "two", "rd_t"}) {
+    for (const char* const word : {"standard_two", "standard-two", "standardtwo", "two", "rd_t"}) {
         EXPECT_EQ(mNames.valueOf(word), 3) << word;
     }
     EXPECT_EQ(mNames.valueOf("v"), 1);

@@ -18,6 +18,15 @@ constexpr std::size_t kManyNames = 24;
 
 bool isSame(const std::string& name, const std::string& wanted) { return name == wanted; }
 
+std::string withoutUnderscores(std::string name) {
+    name.erase(std::remove(name.begin(), name.end(), '_'), name.end());
+    return name;
+}
+
+bool isSameButForUnderscores(const std::string& name, const std::string& wanted) {
+    return withoutUnderscores(name) == withoutUnderscores(wanted);
+}
+
 bool endsWithWord(const std::string& name, const std::string& wanted) {
     const std::size_t start = name.size() - wanted.size();
     return name.size() > wanted.size() && name.compare(start, wanted.size(), wanted) == 0 && name[start - 1] == '_';
@@ -71,7 +80,7 @@ Names::Names(std::string of, const std::vector<Enumerator>& enumerators) : mOf(s
     for (const Enumerator& each : enumerators) {
         const std::string name = each.name;
         const std::string brief = lowered(name.substr(begins(name, usual) ? usual.size() : common.size()));
-        mNames.push_back({lowered(name), brief, each.value, each.isEndMarker});
+        mNames.push_back({name, brief, each.value, each.isEndMarker});
         if (!each.isEndMarker) {
             mShortNames.push_back(brief);
         }
@@ -90,12 +99,13 @@ std::vector<const Names::Name*> Names::matching(const std::string& wanted, Match
 
 std::int32_t Names::valueOf(const std::string& word) const {
     std::string wanted = lowered(word);
-    const auto full = std::find_if(mNames.begin(), mNames.end(), [&](const Name& name) { return name.full == wanted; });
+    const auto full =
+        std::find_if(mNames.begin(), mNames.end(), [&](const Name& name) { return lowered(name.full) == wanted; });
     if (full != mNames.end()) {
         return full->value;
     }
     std::replace(wanted.begin(), wanted.end(), '-', '_');
-    for (const Match match : {isSame, endsWithWord, begins, holds}) {
+    for (const Match match : {isSame, isSameButForUnderscores, endsWithWord, begins, holds}) {
         const auto found = matching(wanted, match);
         if (wanted.empty() || found.empty()) {
             continue;
@@ -110,7 +120,21 @@ std::int32_t Names::valueOf(const std::string& word) const {
         }
         return found.front()->value;
     }
-    throw UnknownName("'" + word + "' is not one of " + listed() + nearestHint(word, mShortNames));
+    throw UnknownName("'" + word + "' is not one of " + listed() + hintFor(word));
+}
+
+std::string Names::hintFor(const std::string& word) const {
+    const std::string hint = nearestHint(word, mShortNames);
+    if (!hint.empty()) {
+        return hint;
+    }
+    std::vector<std::string> full;
+    for (const Name& name : mNames) {
+        if (!name.isEndMarker) {
+            full.push_back(name.full);
+        }
+    }
+    return nearestHint(word, full);
 }
 
 std::string Names::shortNameOf(std::int32_t value) const {

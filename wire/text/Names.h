@@ -28,7 +28,7 @@ public:
 
     /**
      * The value meant by a full name, a short name, or an unambiguous piece of one. The case of letters does not count,
-     * and `-` stands for `_`.
+     * and `_` may be `-` or left out.
      * @throws UnknownName with the names that are allowed, or those that may be meant
      */
     std::int32_t valueOf(const std::string& word) const;
@@ -51,6 +51,8 @@ private:
     };
     using Match = bool (*)(const std::string& name, const std::string& wanted);
 
+    /** Of the short names, or else of the full ones. */
+    std::string hintFor(const std::string& word) const;
     std::vector<const Name*> matching(const std::string& wanted, Match match) const;
 
     std::string mOf;

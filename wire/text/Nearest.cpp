@@ -68,9 +68,4 @@ std::string nearestHint(const std::string& written, const std::vector<std::strin
     return hint;
 }
 
-std::string nearestOf(const std::string& word, const std::vector<std::string>& names) {
-    const std::vector<std::string> nearest = nearestNames(word, names);
-    return nearest.empty() ? "" : "; the nearest is " + nearest.front();
-}
-
 } // namespace kelutv::wire

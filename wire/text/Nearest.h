@@ -14,8 +14,4 @@ std::vector<std::string> nearestNames(const std::string& written, const std::vec
 /** The end of a message about a name that does not exist: `; nearest: volume, mute`, or nothing when none is near. */
 std::string nearestHint(const std::string& written, const std::vector<std::string>& names);
 
-/** `; the nearest is NAME` for a complaint about a name that does not exist; empty when none comes near. Ignores case.
- */
-std::string nearestOf(const std::string& word, const std::vector<std::string>& names);
-
 } // namespace kelutv::wire

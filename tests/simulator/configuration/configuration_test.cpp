@@ -129,15 +129,20 @@ constexpr Bad kBad[] = {
     {"Twice", R"({"audio": {"volume": {}, "volume": {}}})", ": 'volume' stands twice in one object"},
     {"Module", R"({"audoi": {}})",
      ": /audoi: there is no 'audoi' here, only audio, config, factory, pcmplayer, pcsetting, picture, sourcemanager, "
-     "systemsetting, video, $schema, cec, signals, sources; the nearest is audio"},
+     "systemsetting, video, $schema, cec, signals, sources; nearest: audio"},
     {"State", R"({"audio": {"volum": {}}})",
-     ": /audio/volum: there is no state 'volum' in audio; the nearest is volume"},
+     ": /audio/volum: there is no state 'volum' in audio; nearest: volume, maxVolume, bootVolume, inputVolume, "
+     "volumeToReg"},
     {"Setting", R"({"audio": {"volume": {"intial": 3}}})",
-     ": /audio/volume/intial: there is no 'intial' here, only initial, range, event, source; the nearest is initial"},
+     ": /audio/volume/intial: there is no 'intial' here, only initial, range, event, source; nearest: initial"},
     {"Settings", R"({"audio": {"volume": 3}})", ": /audio/volume: an object is needed, not 3"},
-    {"Text", R"({"audio": {"volume": {"initial": "loud"}}})", ": /audio/volume/initial: there is no enumerator 'loud'"},
+    {"Text", R"({"audio": {"volume": {"initial": "loud"}}})",
+     ": /audio/volume/initial: there is no enumerator 'loud'; nearest: "
+     "KELU_TV_AUDIO_ADVANCED_EFFECT_PARAM_SWS_LOUDNESS_GAIN_E, "
+     "KELU_TV_AUDIO_ADVANCED_EFFECT_PARAM_SWS_LOUDNESS_ONOFF_E"},
     {"Enumerator", R"({"systemsetting": {"menuLanguage": {"initial": "KQ_LANG_ENGLSH"}}})",
-     ": /systemsetting/menuLanguage/initial: there is no enumerator 'KQ_LANG_ENGLSH'; the nearest is KQ_LANG_ENGLISH"},
+     ": /systemsetting/menuLanguage/initial: 'KQ_LANG_ENGLSH' is not one of chinese, english, traditional_chinese, "
+     "czech, german, spanish, french, italian; nearest: KQ_LANG_ENGLISH"},
     {"Number", R"({"factory": {"panelID": {"initial": 55}}})", ": /factory/panelID/initial: a text is needed, not 55"},
     {"Fraction", R"({"audio": {"volume": {"initial": 0.5}}})",
      ": /audio/volume/initial: an integer of 32 bits is needed, not 0.5"},
@@ -148,8 +153,9 @@ constexpr Bad kBad[] = {
     {"TooSmall", R"({"audio": {"mute": {"initial": -2147483649}}})",
      ": /audio/mute/initial: an integer of 32 bits is needed, not -2147483649"},
     {"Key", R"({"picture": {"picModeEnable": {"initial": {"KELU_TV_HDR_TYPE_HDR": [1]}}}})",
-     ": /picture/picModeEnable/initial/KELU_TV_HDR_TYPE_HDR: there is no enumerator 'KELU_TV_HDR_TYPE_HDR'; "
-     "the nearest is KELU_TV_HDR_TYPE_SDR"},
+     ": /picture/picModeEnable/initial/KELU_TV_HDR_TYPE_HDR: 'KELU_TV_HDR_TYPE_HDR' is not one of sdr, hdr10, "
+     "dolby_hdr, sdr_to_hdr, hdr10_plus, photo, hlg; nearest: KELU_TV_HDR_TYPE_SDR, KELU_TV_HDR_TYPE_HDR10, "
+     "KELU_TV_HDR_TYPE_HLG, KELU_TV_HDR_TYPE_DOLBY_HDR, KELU_TV_HDR_TYPE_HDR10_PLUS"},
     {"NoKeys", R"({"sourcemanager": {"selectSource": {"initial": {"0": 1}}}})",
      ": /sourcemanager/selectSource/initial: sourcemanager.selectSource is not kept for each of several numbers"},
     {"Range", R"({"audio": {"volume": {"range": [100, 0]}}})",
@@ -159,7 +165,8 @@ constexpr Bad kBad[] = {
     {"OutOfRange", R"({"audio": {"volume": {"initial": 101}}})",
      ": /audio/volume: the initial value 101 is out of the range from 0 to 100"},
     {"Event", R"({"audio": {"volume": {"event": "volumChanged"}}})",
-     ": /audio/volume/event: there is no event 'volumChanged'; the nearest is volumeChanged"},
+     ": /audio/volume/event: there is no event 'volumChanged'; nearest: volumeChanged, voiceChanged, hueChanged, "
+     "maxVolumeChanged"},
     {"EventOfText", R"({"factory": {"panelID": {"event": "brightnessChanged"}}})",
      ": /factory/panelID/event: the payload of brightnessChanged cannot carry factory.panelID, which has 0 keys and "
      "texts"},
@@ -175,12 +182,16 @@ constexpr Bad kBad[] = {
     {"NoSource", R"({"sources": {"KELU_TV_SRC_ATV": null}})",
      ": /sourcemanager/bootSource/initial: \"KELU_TV_SRC_ATV\" is none of the television's sources"},
     {"SourceName", R"({"sources": {"KELU_TV_SRC_HDM1": {}}})",
-     ": /sources/KELU_TV_SRC_HDM1: 'KELU_TV_SRC_HDM1' is no source of KELU_TV_SRC_E; the nearest is KELU_TV_SRC_HDMI1"},
+     ": /sources/KELU_TV_SRC_HDM1: 'KELU_TV_SRC_HDM1' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, cvbs_max, "
+     "vga, ypbpr1, "
+     "ypbpr2, ypbpr_max, hdmi1, hdmi2, hdmi3, hdmi4, hdmi_max, media, media1, media2, media_max, scart1, scart2, "
+     "scart_max, auto; nearest: KELU_TV_SRC_HDMI1, KELU_TV_SRC_HDMI2, KELU_TV_SRC_HDMI3, KELU_TV_SRC_HDMI4, "
+     "KELU_TV_SRC_DIG1"},
     {"SourceTwice", R"({"sources": {"KELU_TV_SRC_MEDIA": {}}})",
      ": /sources/KELU_TV_SRC_MEDIA1: KELU_TV_SRC_MEDIA1 and KELU_TV_SRC_MEDIA are the same source"},
     {"SourceState", R"({"sources": {"KELU_TV_SRC_ATV": {"sourcemanager.signalState": 1}}})",
      ": /sources/KELU_TV_SRC_ATV/sourcemanager.signalState: there is no state 'sourcemanager.signalState'; "
-     "the nearest is sourcemanager.signalStatus"},
+     "nearest: sourcemanager.signalStatus, sourcemanager.mhlStatus"},
     {"SignalOfTexts", R"({"sources": {"KELU_TV_SRC_ATV": {"factory.panelID": "x"}}})",
      ": /sources/KELU_TV_SRC_ATV/factory.panelID: factory.panelID cannot show a signal: it is not made of integers, or "
      "is kept for each of several keys"},
@@ -236,14 +247,6 @@ TEST(Signals, HaveTheirStatesAndLengths) {
               "sourcemanager.signalStatus takes 1 integer");
     EXPECT_EQ(configuration.objectionToSignal(*wire::findState(kVolume), numbers({1})),
               "audio.volume does not show a signal");
-}
-
-TEST(Nearest, IsTheNameWithTheFewestChanges) {
-    EXPECT_EQ(nearest("hdmi", {"atv", "hdmi1", "vga"}), "hdmi1");
-    EXPECT_EQ(nearest("VOLUME", {"mute", "volume"}), "volume");
-    EXPECT_EQ(nearest("brightness", {"mute", "volume"}), "");
-    EXPECT_EQ(hint("mut", {"mute"}), "; the nearest is mute");
-    EXPECT_EQ(hint("", {"volume"}), "");
 }
 
 } // namespace

@@ -2,9 +2,9 @@
 
 #include "simulator/control/Control.h"
 #include "simulator/control/ControlVerbs.h"
-#include "simulator/state/SlotForm.h"
 #include "simulator/television/SlotAccess.h"
 #include "simulator/text/ControlWords.h"
+#include "wire/StateForm.h"
 #include "wire/text/Quote.h"
 
 #include <gtest/gtest.h>
@@ -59,32 +59,18 @@ TEST(ControlLines, HaveNumbersAndBytes) {
     }
 }
 
-TEST(ControlLines, HaveShortNames) {
-    const Enumerators names{
-        {"A_MODE_VIVID", 1}, {"A_MODE_STANDARD", 2}, {"A_MODE_STANDARD_TWO", 3}, {"A_MODE_SOFT", 4}};
-    for (const char* const word : {"A_MODE_STANDARD", "standard", "STANDARD", "2", "0x2"}) {
-        EXPECT_EQ(enumeratorOf(word, names, "mode"), 2) << word;
+TEST(ControlLines, TakeNumbersAndNames) {
+    const wire::Names modes("MODE_E", {{"A_MODE_VIVID", 1}, {"A_MODE_STANDARD", 2}});
+    for (const char* const word : {"A_MODE_STANDARD", "standard", "2", "0x2"}) {
+        EXPECT_EQ(integerOf(word, modes, "mode"), 2) << word;
     }
-    EXPECT_EQ(enumeratorOf("standardtwo", names, "mode"), 3);
-    EXPECT_EQ(enumeratorOf("v", names, "mode"), 1);
-    EXPECT_EQ(enumeratorOf("so", names, "mode"), 4);
-    EXPECT_EQ(enumeratorOf("99", names, "mode"), 99);
-    EXPECT_THROW(enumeratorOf("s", names, "mode"), BadLine);
-    EXPECT_THROW(enumeratorOf("", names, "mode"), BadLine);
-    EXPECT_THROW(enumeratorOf("x", {}, "mode"), BadLine);
-    EXPECT_EQ(shortNameOf(3, names), "standard_two");
-    EXPECT_EQ(shortNameOf(5, names), "");
-}
-
-TEST(ControlLines, HavePatterns) {
-    EXPECT_TRUE(matches("audio.maxVolume", "volume"));
-    EXPECT_TRUE(matches("audio.maxVolume", "AUDIO.max"));
-    EXPECT_TRUE(matches("source KELU_TV_SRC_HDMI1", "hdmi1"));
-    EXPECT_FALSE(matches("factory.voiceCuesEnable", "cec"));
-    EXPECT_FALSE(matches("audio.maxVolume", "volume?"));
-    EXPECT_TRUE(matches("audio.maxVolume", "*VOLUME"));
-    EXPECT_FALSE(matches("audio.maxVolume", "audio.*x"));
-    EXPECT_TRUE(matches("anything", ""));
+    EXPECT_EQ(integerOf("99", modes, "mode"), 99);
+    try {
+        integerOf("soft", modes, "mode");
+        FAIL() << "a name that does not exist was taken";
+    } catch (const BadLine& error) {
+        EXPECT_STREQ(error.what(), "mode: 'soft' is not one of vivid, standard");
+    }
 }
 
 class ControlOfEquipment : public ::testing::Test {
@@ -93,16 +79,16 @@ protected:
 };
 
 /** A word that the part of a slot takes. */
-std::string wordFor(const SlotPart& part) {
+std::string wordFor(const wire::StatePart& part) {
     return part.encoding == wire::Encoding::CString || part.encoding == wire::Encoding::String16 ||
                    part.encoding == wire::Encoding::Bytes
                ? "\"text\""
                : "1";
 }
 
-std::string wordsFor(const std::vector<SlotPart>& parts) {
+std::string wordsFor(const std::vector<wire::StatePart>& parts) {
     std::string words;
-    for (const SlotPart& part : parts) {
+    for (const wire::StatePart& part : parts) {
         words += (words.empty() ? "" : ", ") + wordFor(part);
     }
     return words;
@@ -111,7 +97,7 @@ std::string wordsFor(const std::vector<SlotPart>& parts) {
 TEST_F(ControlOfEquipment, SetsEveryStateToWhatGetShows) {
     int set = 0;
     for (const wire::StateSlot& slot : wire::allStates()) {
-        const SlotForm form = formOf(slot);
+        const wire::StateForm form = wire::formOf(slot);
         const std::string target = slot.name + (form.keys.empty() ? "" : '[' + wordsFor(form.keys) + ']');
         const std::string line = target + " = " + wordsFor(form.values);
         if (!isJustKept(mEquipment, slot, wire::Values(form.keys.size(), std::int32_t{1}))) {

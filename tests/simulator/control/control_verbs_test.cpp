@@ -136,7 +136,7 @@ TEST_F(ControlVerbs, ShowPicksByPattern) {
     EXPECT_EQ(say("show cec soundbar"), "cec add logAddr=5 hdmiDevPort=1 name=\"Soundbar\" phyAddr=\"2.0.0.0\" "
                                         "listText=\"HDMI2 Soundbar\" plugged=1");
     EXPECT_EQ(linesOf(say("show source?*HDMI1")).front(), "plug KELU_TV_SRC_HDMI1");
-    EXPECT_EQ(complaint("show nonsense"), "nothing fits 'nonsense'");
+    EXPECT_EQ(complaint("show nonsense"), "nothing matches 'nonsense'");
 }
 
 bool isAvailable(int source) {
@@ -255,9 +255,10 @@ struct BadLine {
 
 constexpr BadLine kBadLines[] = {
     {"unplu hdmi1",
-     "there is no control command 'unplu'; the nearest is unplug; allowed: cec, event, fault, faults, get, help, key, "
+     "there is no control command 'unplu'; nearest: unplug; allowed: cec, event, fault, faults, get, help, key, "
      "plug, power, set, show, signal, unplug and vbi"},
-    {"set audio.volum[0] = 1", "there is no state 'audio.volum'; the nearest is audio.volume; show lists them"},
+    {"set audio.volum[0] = 1",
+     "there is no state 'audio.volum'; nearest: audio.volume, audio.volumeToReg; show lists them"},
     {"set audio.volume[0]", "set takes STATE[KEY...] = VALUE..."},
     {"set audio.volume = 1", "audio.volume has 1 key, not 0"},
     {"set audio.volume[0 = 1", "the keys of 'audio.volume[0' have no closing bracket"},
@@ -271,13 +272,13 @@ constexpr BadLine kBadLines[] = {
     {"plug", "plug takes a source, or 'cec' and the logical address of a CEC device"},
     {"unplug hdmi1 hdmi2", "unplug takes a source, or 'cec' and the logical address of a CEC device"},
     {"plug cec 9", "there is no CEC device with the logical address 9"},
-    {"plug dig", "'dig' is the beginning of more than one source: dig1 and dig2"},
+    {"plug dig", "source: 'dig' may be dig1, dig2"},
     {"signal 5 none", "there is no source 5"},
     {"signal hdmi1 timingInfo=1,2", "sourcemanager.timingInfo has 9 values, not 2"},
     {"signal hdmi1 audio.volume=1", "audio.volume does not show a signal"},
-    {"set audio.volume[speakr] = 1", "'speakr' is no key 1 of audio.volume; the nearest is speaker; allowed: speaker, "
-                                     "headphone, bluetooth, hdmi, spdif, "
-                                     "avout, 24g, hdmi_arc and socoutput"},
+    {"set audio.volume[speakr] = 1",
+     "key 1 of audio.volume: 'speakr' is not one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, "
+     "hdmi_arc, socoutput; nearest: speaker"},
     {"set picture.currentPictureMode = 1", "picture.currentPictureMode follows from other states and cannot be set"},
     {"set systemsetting.wakeupMode = 1", "systemsetting.wakeupMode follows from other states and cannot be set"},
     {"set systemsetting.eep[0] = 256", "a byte goes from 0 to 255, not 256"},
@@ -289,11 +290,11 @@ constexpr BadLine kBadLines[] = {
     {"cec add logAddr=11", "cec add needs hdmiDevPort=NUMBER"},
     {"cec add logAddr=11 logAddr=11", "the field 'logAddr' is there twice"},
     {"cec add logAdr=11",
-     "a CEC device has no field 'logAdr'; the nearest is logAddr; allowed: logAddr, hdmiDevPort, name, phyAddr, "
+     "a CEC device has no field 'logAdr'; nearest: logAddr; allowed: logAddr, hdmiDevPort, name, phyAddr, "
      "listText and plugged, each with =VALUE"},
     {"cec remove 9", "there is no CEC device with the logical address 9"},
     {"key", "key takes a key code, and press or release if it is to be only that"},
-    {"key power hold", "'hold' is no use of a key; allowed: release and press"},
+    {"key power hold", "use of a key: 'hold' is not one of release, press"},
     {"event", "event takes an identifier, and the payload in hexadecimal, as @FILE, or as a text in quotes"},
     {"event volume+65536", "what is added to the module of an event goes from 0 to 65535, not '65536'"},
     {"event 0x60001 012", "'012' is neither bytes in hexadecimal, nor @FILE, nor a text in quotes"},
@@ -301,8 +302,7 @@ constexpr BadLine kBadLines[] = {
     {"vbi 0", "vbi takes a type from 1 to 65535 and the data in hexadecimal"},
     {"vbi 1 00", "VBI is not initialised, open and registered for: nobody takes the block"},
     {"faults all", "faults takes nothing"},
-    {"power of", "'of' is no power state; the nearest is on; allowed: on, suspended, memory, normal, shallow and "
-                 "rebooting"},
+    {"power of", "power state: 'of' is not one of on, suspended, memory, normal, shallow, rebooting; nearest: on"},
 };
 
 void PrintTo(const BadLine& bad, std::ostream* out) { *out << bad.line; }
@@ -323,10 +323,10 @@ TEST(ControlComplaintsOfFiles, NameTheFile) {
 }
 
 TEST(ControlComplaintsOfNames, ListWhatIsAllowed) {
-    EXPECT_EQ(complaint("plug hdmi5").rfind("'hdmi5' is no source; the nearest is hdmi1; allowed: atv, ", 0), 0U);
-    EXPECT_EQ(complaint("signal hdmi1 1080p6").rfind("'1080p6' is no signal; the nearest is 1080p60; ", 0), 0U);
-    EXPECT_EQ(complaint("key volum_up").rfind("'volum_up' is no key code; the nearest is volume_up; ", 0), 0U);
-    EXPECT_EQ(complaint("event volumx+1").rfind("'volumx' is no event or module; the nearest is volume", 0), 0U);
+    EXPECT_EQ(complaint("plug hdmi5").rfind("source: 'hdmi5' is not one of atv, ", 0), 0U);
+    EXPECT_EQ(complaint("signal hdmi1 1080p6").rfind("'1080p6' is no signal; nearest: 1080p60, ", 0), 0U);
+    EXPECT_EQ(complaint("key volum_up").rfind("key code: 'volum_up' is not one of ", 0), 0U);
+    EXPECT_EQ(complaint("event volumx+1").rfind("event or module: 'volumx' is not one of ", 0), 0U);
 }
 
 } // namespace

@@ -103,8 +103,7 @@ TEST_F(ScenarioFile, IsCheckedAsAWholeBeforeItStarts) {
         {"after 2h plug 5", ":2: after takes a time from 0ms to 3600s, like 200ms or 1.5s"},
         {"after 2s", ":2: 'after' has nothing to do then"},
         {"on", ":2: on takes a command, an item or any"},
-        {"on CMD_AUDIO_GETVOLUM",
-         ":2: there is no command or item 'CMD_AUDIO_GETVOLUM'; the nearest is CMD_AUDIO_GETVOLUME"},
+        {"on CMD_AUDIO_GETVOLUM", ":2: there is no command or item 'CMD_AUDIO_GETVOLUM'; nearest: CMD_AUDIO_GETVOLUME"},
         {"on any within 3", ":2: within takes a time from 0ms to 3600s, like 200ms or 1.5s"},
         {"after 1s explode 5", ":2: there is no control command 'explode'"},
     };
@@ -132,7 +131,7 @@ TEST_F(ScenarioFile, IsFoundByItsName) {
     EXPECT_EQ(simulator->exitCode(), 2);
     EXPECT_EQ(simulator->error().text(),
               "kelutv-simulator: there is no scenario 'signal-los', neither a file nor one of: factory-line, "
-              "first-start, hdmi-hotplug-cec, hotel and signal-loss; the nearest is signal-loss\n");
+              "first-start, hdmi-hotplug-cec, hotel and signal-loss; nearest: signal-loss\n");
 }
 
 class ShippedScenario : public ::testing::TestWithParam<const char*> {

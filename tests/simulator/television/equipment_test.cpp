@@ -4,10 +4,12 @@
 #include "simulator/television/Equipment.h"
 #include "simulator/television/KeptState.h"
 #include "simulator/television/Settings.h"
+#include "wire/events/Payload.h"
 
 #include <kelutv/kelutv.h>
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <limits>
@@ -93,7 +95,7 @@ TEST_F(Running, ASourceThatIsNotShownTellsOnlyOfItself) {
     const Notices notices = std::exchange(mEquipment.notices, {});
     ASSERT_EQ(notices.size(), 1U);
     EXPECT_EQ(notices[0].event, 0x40004U);
-    EXPECT_EQ(notices[0].payload, payloadOf({KELU_TV_SRC_HDMI1, 0, 0}));
+    EXPECT_EQ(notices[0].payload, wire::payloadOf({KELU_TV_SRC_HDMI1, 0, 0}));
     EXPECT_EQ(notices[0].text, "KELU_TV_SRC_HDMI1 is unplugged, without a signal");
     EXPECT_EQ(told(), Events{});
     EXPECT_EQ(read("sourcemanager.sourceList").size(), 13U);
@@ -269,7 +271,7 @@ constexpr BadState kBadStates[] = {
      "cecPlaying, power"},
     {"MemberMissing", "\"mainWindowShown\": true,", "", "state.json: 'mainWindowShown' is missing"},
     {"UnknownState", "audio.volume", "audio.volum",
-     "state.json: /settings/0/state: there is no state 'audio.volum'; the nearest is audio.volume"},
+     "state.json: /settings/0/state: there is no state 'audio.volum'; nearest: audio.volume, audio.volumeToReg"},
     {"NoKey", "\"key\": [0], ", "", "state.json: /settings/0: audio.volume takes 1 key of integers"},
     {"WrongKey", "\"key\": [0]", "\"key\": [\"0\"]", "state.json: /settings/0: audio.volume takes 1 key of integers"},
     {"OutOfRange", "[35]", "[101]", "state.json: /settings/0/value: audio.volume goes from 0 to 100"},
@@ -281,12 +283,16 @@ constexpr BadState kBadStates[] = {
     {"StateTwice", "[35]}", "[35]}, {\"state\": \"audio.volume\", \"key\": [0], \"value\": [3]}",
      "state.json: /settings/1: audio.volume stands twice with this key"},
     {"UnknownSource", "KELU_TV_SRC_HDMI1", "KELU_TV_SRC_HDMI9",
-     "state.json: /sources/0/source: 'KELU_TV_SRC_HDMI9' is no source of KELU_TV_SRC_E; the nearest is "
-     "KELU_TV_SRC_HDMI1"},
+     "state.json: /sources/0/source: 'KELU_TV_SRC_HDMI9' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, cvbs_max, "
+     "vga, ypbpr1, "
+     "ypbpr2, ypbpr_max, hdmi1, hdmi2, hdmi3, hdmi4, hdmi_max, media, media1, media2, media_max, scart1, scart2, "
+     "scart_max, auto; nearest: KELU_TV_SRC_HDMI1, KELU_TV_SRC_HDMI2, KELU_TV_SRC_HDMI3, KELU_TV_SRC_HDMI4, "
+     "KELU_TV_SRC_DIG1"},
     {"SourceTheSetLacks", "KELU_TV_SRC_HDMI1", "KELU_TV_SRC_SCART1",
      "state.json: /sources/0/source: the television has no source \"KELU_TV_SRC_SCART1\""},
     {"UnknownSignal", "video.mode3d", "video.mode4d",
-     "state.json: /sources/0/signal/video.mode4d: there is no state 'video.mode4d'; the nearest is video.mode3d"},
+     "state.json: /sources/0/signal/video.mode4d: there is no state 'video.mode4d'; nearest: video.mode3d, "
+     "video.mode625"},
     {"NoSignal", "video.mode3d", "audio.volume",
      "state.json: /sources/0/signal/audio.volume: audio.volume does not show a signal"},
     {"PlaysUnplugged", "\"cecPlaying\": 4", "\"cecPlaying\": 5",

@@ -168,7 +168,9 @@ TEST_F(StateFile, ThatNamesAnUnknownStateIsRefused) {
     end();
     std::string text = content();
     text.replace(text.find("audio.volume"), 12, "audio.valume");
-    expectRefused(text, ": /settings/0/state: there is no state 'audio.valume'; the nearest is audio.volume");
+    expectRefused(
+        text,
+        ": /settings/0/state: there is no state 'audio.valume'; nearest: audio.volume, audio.maxVolume, audio.mute");
 }
 
 TEST_F(StateFile, ThatCannotBeMadeEndsTheSimulator) {

@@ -1,0 +1,101 @@
+#include "wire/StateForm.h"
+
+#include <utility>
+
+namespace kelutv::wire {
+
+namespace {
+
+bool isBlock(Encoding encoding) { return encoding == Encoding::Ints || encoding == Encoding::Doubles; }
+
+StatePart partOf(const Operation& operation, const Operand& operand) {
+    if (operand.index < 0) {
+        return {Encoding::Int32, nullptr};
+    }
+    const RequestItem& item = operation.request[static_cast<std::size_t>(operand.index)];
+    return {item.encoding, item.names};
+}
+
+std::vector<StatePart> partsOf(const Operation& operation, const Rows<Operand>& operands) {
+    std::vector<StatePart> parts;
+    for (const Operand& operand : operands) {
+        parts.push_back(partOf(operation, operand));
+    }
+    return parts;
+}
+
+/** What a block holds can have any length; the first of it is there always in a block of fixed length. */
+void addPart(StateForm& form, const StatePart& part, int count) {
+    form.isOpen = form.isOpen || count == kRestOfReply || count > 1;
+    if (count > 0) {
+        form.values.push_back(part);
+    }
+}
+
+StateForm formForSet(const Operation& operation) {
+    StateForm form{partsOf(operation, operation.rule.keys), {}, false};
+    for (const StatePart& part : partsOf(operation, operation.rule.values)) {
+        addPart(form, part, isBlock(part.encoding) ? kRestOfReply : 1);
+    }
+    return form;
+}
+
+StateForm formForGet(const Operation& operation) {
+    StateForm form{partsOf(operation, operation.rule.keys), {}, false};
+    for (const ReplyField& field : operation.reply) {
+        addPart(form, {field.encoding, field.names}, field.count);
+    }
+    if (operation.shape == Shape::Status) {
+        addPart(form, {Encoding::Int32, nullptr}, 1);
+    }
+    return form;
+}
+
+const Operation* operationOn(const StateSlot& slot, StateRule::Access access) {
+    for (const Command& command : allCommands()) {
+        if (command.operation.rule.slot == &slot && command.operation.rule.access == access) {
+            return &command.operation;
+        }
+    }
+    for (const Item& item : allItems()) {
+        if (item.operation.rule.slot == &slot && item.operation.rule.access == access) {
+            return &item.operation;
+        }
+    }
+    return nullptr;
+}
+
+Value zeroOf(Encoding kind) {
+    switch (kind) {
+    case Encoding::CString:
+    case Encoding::String16:
+    case Encoding::Bytes:
+        return std::string();
+    case Encoding::Double:
+    case Encoding::Doubles:
+        return 0.0;
+    case Encoding::Int32:
+    case Encoding::Ints:
+        break;
+    }
+    return std::int32_t{0};
+}
+
+} // namespace
+
+StateForm formOf(const StateSlot& slot) {
+    if (const Operation* const set = operationOn(slot, StateRule::Access::Set)) {
+        return formForSet(*set);
+    }
+    const Operation* const get = operationOn(slot, StateRule::Access::Get);
+    return get != nullptr ? formForGet(*get) : StateForm{};
+}
+
+Values completed(const StateForm& form, Values values) {
+    for (std::size_t i = values.size(); i < form.values.size(); ++i) {
+        values.push_back(zeroOf(form.values[i].encoding));
+    }
+    return values;
+}
+
+} // namespace kelutv::wire
