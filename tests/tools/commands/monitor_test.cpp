@@ -53,13 +53,13 @@ using Lines = std::vector<std::string>;
 TEST(Monitor, tellsOfEventsInTheirOrder) {
     const auto monitor = startMonitor({"--count", "3"});
     publish(0x60001, 0, 35);
-    publish(0x60007);
+    publish(0x6FF07);
     publish(0x60002, 1, -2);
     EXPECT_EQ(monitor->exitCode(), 0);
     EXPECT_EQ(withoutTimes(monitor->output().text()),
               (Lines{"0x60001 KELU_EM_MODE_VOLUME volumeChanged (8 bytes: 00 00 00 00 23 00 00 00): channel=0 "
                      "KELU_TV_AUDIO_CHANNEL_SPEAKER, volume=35",
-                     "0x60007 KELU_EM_MODE_VOLUME (0 bytes)",
+                     "0x6FF07 KELU_EM_MODE_VOLUME (0 bytes)",
                      "0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 01 00 00 00 fe ff ff ff): channel=1 "
                      "KELU_TV_AUDIO_CHANNEL_HEADPHONE, mute=-2"}));
 }
@@ -80,7 +80,7 @@ TEST(Monitor, tellsOfTheTelevisionsOwnEvents) {
 TEST(Monitor, showsPayloadsThatAreNoWords) {
     const auto monitor = startMonitor({"--count", "1", "--json"});
     keluem::Publisher publisher;
-    ASSERT_EQ(publisher.publish(0x80009, "abc", 3), 0);
+    ASSERT_EQ(publisher.publish(0x8FF09, "abc", 3), 0);
     EXPECT_EQ(monitor->exitCode(), 0);
     const auto event = nlohmann::json::parse(monitor->output().text());
     EXPECT_EQ(event.at("payload"), "616263");
@@ -90,17 +90,17 @@ TEST(Monitor, showsPayloadsThatAreNoWords) {
 }
 
 TEST(Monitor, showsOnlyWhatIsWanted) {
-    const auto monitor = startMonitor({"--event", "MuteChanged", "-e", "0x80005", "--module", "cec", "--count", "3"});
+    const auto monitor = startMonitor({"--event", "MuteChanged", "-e", "0x8FF05", "--module", "cec", "--count", "3"});
     publish(0x60001, 0, 1);
     publish(0x60002, 0, 1);
-    publish(0x80004);
-    publish(0x80005);
+    publish(0x8FF04);
+    publish(0x8FF05);
     publish(0x1A0001);
     EXPECT_EQ(monitor->exitCode(), 0);
     EXPECT_EQ(withoutTimes(monitor->output().text()),
               (Lines{"0x60002 KELU_EM_MODE_VOLUME muteChanged (8 bytes: 00 00 00 00 01 00 00 00): channel=0 "
                      "KELU_TV_AUDIO_CHANNEL_SPEAKER, mute=1",
-                     "0x80005 KELU_EM_MODE_COMMON (0 bytes)", "0x1A0001 KELU_EM_MODE_CEC cecDeviceChanged (0 bytes)"}));
+                     "0x8FF05 KELU_EM_MODE_COMMON (0 bytes)", "0x1A0001 KELU_EM_MODE_CEC cecDeviceChanged (0 bytes)"}));
 }
 
 TEST(Monitor, listensToModulesBeyondTheLibrarys) {
