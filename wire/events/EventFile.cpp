@@ -123,15 +123,7 @@ public:
         }
         Event event = withIdentifiers(row);
         for (std::size_t i = 0; i < mContent.events.size(); ++i) {
-            const Event& known = mContent.events[i];
-            const std::string line = std::to_string(mLines[i]);
-            if (lowered(known.name) == lowered(name)) {
-                throw LineError(row.line, "event " + name + " stands on line " + line + " already");
-            }
-            if (event.first <= known.last && known.first <= event.last) {
-                throw LineError(row.line,
-                                "identifier " + row.cells[0] + " is that of " + known.name + " on line " + line);
-            }
+            refuseTwin(mContent.events[i], mLines[i], event, row);
         }
         event.name = mContent.keep(name);
         event.fields = fieldsOf(row);
@@ -141,6 +133,17 @@ public:
     }
 
 private:
+    /** Complains when the event of a row has the name or an identifier of one that stands before it. */
+    static void refuseTwin(const Event& known, std::size_t line, const Event& event, const TableRow& row) {
+        if (lowered(known.name) == lowered(row.cells[1])) {
+            throw LineError(row.line, "event " + row.cells[1] + " stands on line " + std::to_string(line) + " already");
+        }
+        if (event.first <= known.last && known.first <= event.last) {
+            throw LineError(row.line, "identifier " + row.cells[0] + " is that of " + known.name + " on line " +
+                                          std::to_string(line));
+        }
+    }
+
     bool isOwnEnumerator(const std::string& name) const {
         return std::any_of(mContent.enumerators.begin(), mContent.enumerators.end(), [&name](const auto& values) {
             return std::any_of(values.begin(), values.end(),
