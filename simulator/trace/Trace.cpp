@@ -1,5 +1,7 @@
 #include "simulator/trace/Trace.h"
 
+#include "wire/events/EventTable.h"
+
 #include <cstdio>
 
 namespace kelutv::simulator {
@@ -23,8 +25,10 @@ std::string describe(pid_t caller, const wire::Request& request, const wire::Rep
 
 std::string describe(const Notice& notice) {
     char identifier[32];
-    std::snprintf(identifier, sizeof(identifier), "event 0x%X: ", notice.event);
-    return identifier + notice.text;
+    std::snprintf(identifier, sizeof(identifier), "event 0x%X", notice.event);
+    const wire::EventTable events(wire::simulatedEvents());
+    const wire::Event* const known = events.find(notice.event);
+    return identifier + (known != nullptr ? std::string(" ") + known->name : "") + ": " + notice.text;
 }
 
 std::string describe(pid_t caller, const wire::Request& request, const FaultRule& fault) {

@@ -24,8 +24,8 @@ namespace kelutv::test {
 namespace {
 
 constexpr int kCecDeviceChanged = 0x1A0001;
-constexpr char kUnplugged[] = "event 0x1A0001: Soundbar unplugged\n";
-constexpr char kPluggedIn[] = "event 0x1A0001: Soundbar plugged in\n";
+constexpr char kUnplugged[] = "event 0x1A0001 cecDeviceChanged: Soundbar unplugged\n";
+constexpr char kPluggedIn[] = "event 0x1A0001 cecDeviceChanged: Soundbar plugged in\n";
 constexpr char kBadLine[] = "kelutv-simulator: there is no control command 'explode'; allowed: cec, event, fault, "
                             "faults, get, help, key, plug, power, "
                             "set, show, signal, unplug and vbi\n";

@@ -20,8 +20,8 @@ namespace {
 
 constexpr char kReady[] = "kelutv-simulator: ready (TVBaseService)\n";
 constexpr char kEnded[] = "kelutv-simulator: the scenario has ended\n";
-constexpr char kUnplugged[] = "event 0x1A0001: Soundbar unplugged\n";
-constexpr char kPluggedIn[] = "event 0x1A0001: Soundbar plugged in\n";
+constexpr char kUnplugged[] = "event 0x1A0001 cecDeviceChanged: Soundbar unplugged\n";
+constexpr char kPluggedIn[] = "event 0x1A0001 cecDeviceChanged: Soundbar plugged in\n";
 
 class ScenarioFile : public ::testing::Test {
 protected:

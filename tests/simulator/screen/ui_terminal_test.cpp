@@ -113,7 +113,7 @@ TEST_F(UiTerminal, ShowsWhatAClientDoes) {
     EXPECT_EQ(SimulatorEnvironment::transact(requestOf(0x2008, {0, 35})), replyOf({0}));
     EXPECT_TRUE(mTerminal.waitFor("[########-----------------] 35"));
     EXPECT_TRUE(mTerminal.waitFor("CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35) -> 0"));
-    EXPECT_TRUE(mTerminal.waitFor("event 0x60001: audio.volume[0] = 35"));
+    EXPECT_TRUE(mTerminal.waitFor("event 0x60001 volumeChanged: audio.volume[0] = 35"));
     simulator->kill(SIGTERM);
     EXPECT_EQ(simulator->exitCode(), 0);
     EXPECT_TRUE(mTerminal.waitFor(kLeave));

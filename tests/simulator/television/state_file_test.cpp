@@ -96,7 +96,7 @@ TEST_F(StateFile, KeepsWhatTheControlChannelChanged) {
     const std::string script = mRuntimeDir.path() + "/script";
     std::filesystem::rename(path(), script);
     start({"--control", script});
-    EXPECT_TRUE(mSimulator->process().output().waitFor("event 0x1A0001: Disc player unplugged\n"));
+    EXPECT_TRUE(mSimulator->process().output().waitFor("event 0x1A0001 cecDeviceChanged: Disc player unplugged\n"));
     kill();
     start();
     EXPECT_EQ(send(CMD_CEC_ACTIVATE_CEC_DEVICE, {4}), replyOf({-109}));

@@ -34,9 +34,9 @@ TEST_F(Trace, NamesCommandArgumentsAndResult) {
     linux_tv_Audio_setMute(KELU_TV_AUDIO_CHANNEL_SPDIF, true);
     const std::vector<std::string> expected{
         own("CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35) -> 0"),
-        "event 0x60001: audio.volume[0] = 35",
+        "event 0x60001 volumeChanged: audio.volume[0] = 35",
         own("CMD_AUDIO_SETMUTE(channel=4 KELU_TV_AUDIO_CHANNEL_SPDIF, onoff=1, type=0 KELU_TV_SND_MUTE_IRCTRL) -> 0"),
-        "event 0x60002: audio.mute[4] = 1",
+        "event 0x60002 muteChanged: audio.mute[4] = 1",
     };
     EXPECT_EQ(lines(), expected);
 }
@@ -72,7 +72,7 @@ TEST_F(Trace, NamesItemsAndTheirOwnArguments) {
     const std::vector<std::string> expected{
         own("CMD_AUDIO_COMMON_SET_ITEM_VALUE(cmdID=8203 CMDID_AUDIO_SET_MAX_VOLUME, channel=0 "
             "KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=80, param3=0, param4=0) -> 0"),
-        "event 0x60003: audio.maxVolume[0] = 80",
+        "event 0x60003 maxVolumeChanged: audio.maxVolume[0] = 80",
         own("CMD_AUDIO_COMMON_GET_ITEM_VALUE(cmdID=8204 CMDID_AUDIO_GET_MAX_VOLUME, channel=0 "
             "KELU_TV_AUDIO_CHANNEL_SPEAKER, param2=0) -> 0: [80, 0*254]"),
     };

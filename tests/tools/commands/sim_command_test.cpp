@@ -54,8 +54,8 @@ TEST_F(SimCommand, SendsItsWordsAsALine) {
     expectData({"set audio.volume[speaker] = 36"}, "");
     expectData({"set", "audio.volume[speaker] = 37"}, "");
     expectData({"get", "audio.volume[speaker]"}, "audio.volume[0] = 37\n");
-    EXPECT_TRUE(happens("event 0x60001: audio.volume[0] = 35"));
-    EXPECT_TRUE(happens("event 0x60001: audio.volume[0] = 37"));
+    EXPECT_TRUE(happens("event 0x60001 volumeChanged: audio.volume[0] = 35"));
+    EXPECT_TRUE(happens("event 0x60001 volumeChanged: audio.volume[0] = 37"));
 }
 
 TEST_F(SimCommand, KeepsWordsWithBlanksTogether) {
@@ -64,8 +64,8 @@ TEST_F(SimCommand, KeepsWordsWithBlanksTogether) {
                                       "listText=\"HDMI3 Game \\\\ console\" plugged=1\n");
     expectData({"event", "0x60001", "two words"}, "");
     expectData({"event", "0x60001", "\"one\""}, "");
-    EXPECT_TRUE(happens("event 0x60001: from the control channel, 9 bytes"));
-    EXPECT_TRUE(happens("event 0x60001: from the control channel, 3 bytes"));
+    EXPECT_TRUE(happens("event 0x60001 volumeChanged: from the control channel, 9 bytes"));
+    EXPECT_TRUE(happens("event 0x60001 volumeChanged: from the control channel, 3 bytes"));
 }
 
 TEST_F(SimCommand, TakesNegativeNumbers) {
@@ -80,7 +80,7 @@ TEST_F(SimCommand, FindsAPayloadFromWhereItWasStarted) {
     expectData({"event", "0x60001", "@pay load"}, "");
     ASSERT_EQ(::fchdir(before), 0);
     ::close(before);
-    EXPECT_TRUE(happens("event 0x60001: from the control channel, 5 bytes"));
+    EXPECT_TRUE(happens("event 0x60001 volumeChanged: from the control channel, 5 bytes"));
 }
 
 TEST_F(SimCommand, CarriesOutTheLinesOfAFile) {
