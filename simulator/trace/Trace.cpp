@@ -15,8 +15,9 @@ std::string describe(pid_t caller, const wire::Request& request) {
 } // namespace
 
 std::string describe(const Change& change) {
-    return std::string(change.slot->name) + '[' + wire::joined(change.keys, wire::Encoding::Int32, nullptr) +
-           "] = " + wire::joined(change.values, wire::Encoding::Int32, nullptr);
+    const std::string keys = wire::joined(change.keys, wire::Encoding::Int32, nullptr);
+    return change.slot->name + (keys.empty() ? "" : '[' + keys + ']') + " = " +
+           wire::joined(change.values, wire::Encoding::Int32, nullptr);
 }
 
 std::string describe(pid_t caller, const wire::Request& request, const wire::Reply& reply) {

@@ -79,6 +79,16 @@ TEST_F(Trace, NamesItemsAndTheirOwnArguments) {
     EXPECT_EQ(lines(), expected);
 }
 
+TEST_F(Trace, TellsOfSettingsAsTheyAreKept) {
+    linux_tv_Picture_setBrightness(61);
+    char info[] = "TV";
+    linux_tv_Factory_setMachineInfo(KELU_TV_MACHINE_INFO_MODEL, info);
+    const std::vector<std::string> traced = lines();
+    ASSERT_EQ(traced.size(), 4U);
+    EXPECT_EQ(traced[1], "event 0x80006 brightnessChanged: picture.brightness = 61");
+    EXPECT_EQ(traced[3], "event 0x30011 machineInfoChanged: factory.machineInfo[0] = \"TV\"");
+}
+
 TEST_F(Trace, QuotesTexts) {
     linux_tv_PCMPlayer_startPlay("/tmp/a \"b\"\n.pcm", true, false);
     EXPECT_EQ(lines(),
