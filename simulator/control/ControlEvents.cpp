@@ -7,6 +7,7 @@
 #include "wire/StateForm.h"
 #include "wire/events/EventTable.h"
 #include "wire/events/Payload.h"
+#include "wire/text/Nearest.h"
 
 #include <kelutv-simulator/events.h>
 #include <kelutv/system_types.h>
@@ -34,6 +35,19 @@ void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
                                  "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
 }
 
+/** @throws BadLine with the event that may be meant, or the modules that are allowed */
+unsigned int moduleNamed(const std::string& word, const wire::EventTable& events) {
+    try {
+        return static_cast<unsigned int>(integerOf(word, wire::namesOf(wire::eventModules()), "event or module"));
+    } catch (const BadLine&) {
+        const std::string nearest = wire::nearestHint(word, events.names());
+        if (nearest.empty()) {
+            throw;
+        }
+        throw BadLine('\'' + word + "' is no event or module" + nearest);
+    }
+}
+
 /** A number, the name of an event, or a module and what is added to it. */
 unsigned int eventNamed(const std::string& word) {
     const wire::EventTable events(wire::simulatedEvents());
@@ -46,8 +60,7 @@ unsigned int eventNamed(const std::string& word) {
     if (!added || *added < 0 || *added > 0xFFFF) {
         throw BadLine("what is added to the module of an event goes from 0 to 65535, not '" + offset + "'");
     }
-    const std::int32_t module = integerOf(word.substr(0, plus), wire::namesOf(wire::eventModules()), "event or module");
-    return static_cast<unsigned int>(module) + static_cast<unsigned int>(*added);
+    return moduleNamed(word.substr(0, plus), events) + static_cast<unsigned int>(*added);
 }
 
 std::string fileContent(const std::string& path) {
