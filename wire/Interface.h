@@ -1,6 +1,6 @@
 #pragma once
 
-#include "wire/Rows.h"
+#include "wire/Enumeration.h"
 #include "wire/Value.h"
 
 #include <cstdint>
@@ -9,19 +9,6 @@
 #include <vector>
 
 namespace kelutv::wire {
-
-struct Enumerator {
-    const char* name;
-    std::int32_t value;
-    /** Ends the enumeration and is no value of it. */
-    bool isEndMarker = false;
-};
-
-/** One enumeration of the public headers. */
-struct Enumeration {
-    const char* name;
-    Rows<Enumerator> values;
-};
 
 /** How something stands in a parcel. */
 enum class Encoding { Int32, Double, CString, String16, Ints, Doubles, Bytes };
@@ -107,18 +94,12 @@ struct Item {
 Rows<Command> allCommands();
 Rows<Item> allItems();
 Rows<StateSlot> allStates();
-/** Every enumeration of the public headers, by ascending name. */
-Rows<Enumeration> allEnumerations();
-/** Every enumerator of the public headers, by ascending name. */
-Rows<Enumerator> allEnumerators();
 
 /** Null when there is none. */
 const Command* findCommand(std::int32_t value);
 const StateSlot* findState(std::string_view name);
 /** By ascending name. */
 std::vector<std::string> stateNames();
-const Enumeration* findEnumeration(std::string_view name);
-const Enumerator* findEnumerator(std::string_view name);
 
 /** What a command does with these arguments; null when it names an item that does not exist. */
 const Operation* operationOf(const Command& command, const Arguments& arguments);

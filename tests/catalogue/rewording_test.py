@@ -23,6 +23,7 @@ import program  # noqa: E402
 import reference  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 
+TEXTS = "functions_texts.cpp"
 COMMENT = re.compile(r"/\*.*?\*/|//[^\n]*", re.S)
 # What gives a comment its place and form: its ends, the tags, the names behind @param.
 FORM = r"/\*\*<?|/\*|\*/|//|@param\s+(?:\w+,\s*)*\w+|@[\w{}]+"
@@ -105,21 +106,14 @@ class Rewording(unittest.TestCase):
         self.assertEqual(self.before.keys(), after.keys())
         return {name for name, text in after.items() if text != self.before[name]}
 
-    @staticmethod
-    def all_texts() -> set[str]:
-        modules = read_catalogue(ROOT / "catalogue", ROOT / "include").modules
-        return {f"functions_{module.name}_texts.cpp" for module in modules}
-
     def test_other_words_change_the_texts_of_help_alone(self) -> None:
-        self.assertEqual(self.differing(mangled), self.all_texts())
+        self.assertEqual(self.differing(mangled), {TEXTS})
 
     def test_other_phrases_change_texts_of_help_alone(self) -> None:
-        differing = self.differing(rephrased)
-        self.assertLess(set(), differing)
-        self.assertLessEqual(differing, self.all_texts())
+        self.assertEqual(self.differing(rephrased), {TEXTS})
 
     def test_headers_without_comments_change_the_texts_of_help_alone(self) -> None:
-        self.assertEqual(self.differing(dropped), self.all_texts())
+        self.assertEqual(self.differing(dropped), {TEXTS})
 
 
 if __name__ == "__main__":

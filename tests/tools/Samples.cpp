@@ -1,52 +1,48 @@
 #include "tools/Samples.h"
 
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/calls/Scalars.h"
 
 namespace kelutv::test {
 
 namespace {
 
-using tool::Field;
-using tool::Kind;
-using tool::Scalar;
-using tool::ValueType;
-
-std::string sampleValue(const ValueType& type, std::size_t position) {
+std::string sampleValue(const wire::ValueType& type, std::size_t position) {
     if (type.names != nullptr) {
         const auto& names = type.names->values;
         return names[position % names.size()].name;
     }
-    if (type.bounded) {
-        return std::to_string(type.high);
+    if (type.range != nullptr && type.range->isBounded()) {
+        return std::to_string(*type.range->greatest);
     }
     switch (type.scalar) {
-    case Scalar::Bool:
+    case wire::ScalarType::Bool:
         return position % 2 == 0 ? "on" : "false";
-    case Scalar::Double:
+    case wire::ScalarType::Double:
         return std::to_string(position + 1) + ".5";
     default:
         return std::to_string(position + 2);
     }
 }
 
-std::string sampleRecord(const tool::Record& record) {
+std::string sampleRecord(const wire::Record& record) {
     std::string text;
-    for (const Field& field : record.fields) {
-        const ValueType type{Kind::Value, field.scalar, field.names, nullptr, false, 0, 0};
-        text += (text.empty() ? "" : ",") + std::string(field.name) + '=' + sampleValue(type, text.size() % 7);
+    for (const wire::Field& field : record.fields) {
+        text += (text.empty() ? "" : ",") + std::string(field.name) + '=' +
+                sampleValue(tool::typeOf(field), text.size() % 7);
     }
     return text;
 }
 
-std::string sample(const tool::Parameter& parameter, std::size_t position) {
+std::string sample(const wire::Parameter& parameter, std::size_t position) {
     switch (parameter.values.kind) {
-    case Kind::Text:
+    case wire::ValueKind::Text:
         return "text" + std::to_string(position);
-    case Kind::Array:
-        return parameter.values.scalar == Scalar::Byte ? "hex:020000000a0b" : "[5,6,7]";
-    case Kind::Record:
+    case wire::ValueKind::Array:
+        return parameter.values.scalar == wire::ScalarType::Byte ? "hex:020000000a0b" : "[5,6,7]";
+    case wire::ValueKind::Record:
         return sampleRecord(*parameter.values.record);
-    case Kind::Callback:
+    case wire::ValueKind::Callback:
         return "null";
     default:
         return sampleValue(parameter.values, position);
@@ -55,10 +51,10 @@ std::string sample(const tool::Parameter& parameter, std::size_t position) {
 
 } // namespace
 
-std::vector<std::string> sampleArguments(const tool::Function& function) {
+std::vector<std::string> sampleArguments(const wire::Function& function) {
     std::vector<std::string> arguments;
-    for (const tool::Parameter* parameter : tool::givenParameters(function)) {
-        if (parameter->direction != tool::Direction::Length) {
+    for (const wire::Parameter* parameter : tool::givenParameters(function)) {
+        if (parameter->direction != wire::Direction::Length) {
             arguments.push_back(sample(*parameter, arguments.size()));
         }
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/kelutv/Function.h"
+#include "wire/Function.h"
 
 #include <string>
 #include <vector>
@@ -9,6 +9,6 @@ namespace kelutv::test {
 
 /** Arguments that a function takes, one for each parameter that is given but lengths: different numbers, names, texts.
  */
-std::vector<std::string> sampleArguments(const tool::Function& function);
+std::vector<std::string> sampleArguments(const wire::Function& function);
 
 } // namespace kelutv::test

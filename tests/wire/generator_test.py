@@ -16,6 +16,7 @@ import generate  # noqa: E402
 from interface import InterfaceTables  # noqa: E402
 from program import GenerationError  # noqa: E402
 from torch_fixture import TorchTest  # noqa: E402
+from vocabulary import Vocabulary  # noqa: E402
 
 
 class Generate(TorchTest):
@@ -52,8 +53,12 @@ class Generate(TorchTest):
 class Shapes(TorchTest):
     """What the rows of a small catalogue come to."""
 
+    def tables(self) -> InterfaceTables:
+        catalogue = self.read()
+        return InterfaceTables(catalogue, Vocabulary(catalogue))
+
     def table(self) -> str:
-        return InterfaceTables(self.read()).source()
+        return self.tables().source()
 
     def rows(self, name: str) -> list[str]:
         table = self.table()
@@ -73,7 +78,7 @@ class Shapes(TorchTest):
 
     def test_rows_of_an_item_may_differ_in_names_but_not_in_what_is_kept(self) -> None:
         self.change_torch("timer[LAMP_LEFT]", "timer[0]")
-        tables = InterfaceTables(self.read())
+        tables = self.tables()
         with self.assertRaisesRegex(GenerationError, "CMDID_LAMP_GET_TIMER differs from its row at"):
             tables.source()
 

@@ -1,7 +1,7 @@
 #include "tools/kelutv/CommandLine.h"
 
 #include "tools/kelutv/Program.h"
-#include "tools/kelutv/text/Nearest.h"
+#include "wire/text/Nearest.h"
 
 #include <cstdio>
 #include <exception>
@@ -12,10 +12,11 @@ namespace {
 
 std::string whatIsUnknown(const Command& command, const UnexpectedWord& error) {
     if (error.word.size() > 1 && error.word.front() == '-') {
-        return "unknown option '" + error.word + '\'' + nearestHint(error.word, command.optionNames());
+        return "unknown option '" + error.word + '\'' + wire::nearestHint(error.word, command.optionNames());
     }
     const std::vector<std::string> names = command.namesBelow();
-    return names.empty() ? error.what() : "unknown command '" + error.word + '\'' + nearestHint(error.word, names);
+    return names.empty() ? error.what()
+                         : "unknown command '" + error.word + '\'' + wire::nearestHint(error.word, names);
 }
 
 Exit complainOfUsage(const Parser& parser, const std::string& complaint) {

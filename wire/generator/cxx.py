@@ -25,6 +25,11 @@ def boolean(value: bool) -> str:
     return str(value).lower()
 
 
+def optional(value: str | None) -> str:
+    """A `std::optional` that holds this expression, or nothing."""
+    return "std::nullopt" if value is None else value
+
+
 def row(cells: Iterable[str]) -> str:
     """What one row of a table is initialized with."""
     return f"{{{', '.join(cells)}}}"

@@ -1,20 +1,29 @@
-"""The tables of functions: what can be called, how, and the calls."""
+"""The table of functions: what can be called, and how."""
 
 from __future__ import annotations
 
 import re
 from collections.abc import Iterable
-from dataclasses import dataclass
 
 from cells import ANSWER, pointee
-from cxx import Arrays, array, boolean, includes, row, source, text
+from cxx import Arrays, array, boolean, includes, optional, row, source, text, text_or_null
+from effects import reads_back
 from model import Catalogue, Method, Module, Operation, ValueSet, WireItem
 from parameters import ITEMS, ParameterInfo
+from program import GenerationError
 from texts import texts_declaration
-from thunks import Thunks
 from value_sets import all_values
-from vocabulary import Vocabulary
+from vocabulary import Vocabulary, range_row
 
+EFFECTS = {"read": "Read", "set": "Set", "action": "Action", "print-only": "PrintOnly"}
+KINDS = {
+    "value": "Single",
+    "text": "Text",
+    "array": "Array",
+    "record": "Record",
+    "list": "List",
+    "callback": "Callback",
+}
 DIRECTIONS = {"in": "In", "out": "Out", "inout": "InOut", "unused": "In", "length": "Length"}
 
 
@@ -57,52 +66,6 @@ def declaration(operation: Operation) -> str:
     return f"{operation.signature.result} {operation.name}({parameters})"
 
 
-@dataclass(frozen=True)
-class ValueType:
-    kind: str
-    scalar: str = "Int"
-    names: str = "nullptr"
-    record: str = "nullptr"
-    values: ValueSet | None = None
-
-    def __str__(self) -> str:
-        bounds = self.values if self.values and self.values.bounded else None
-        low, high = (bounds.low, bounds.high) if bounds else (0, 0)
-        names = [self.names, self.record, boolean(bounds is not None), str(low), str(high)]
-        return row([f"Kind::{self.kind}", f"Scalar::{self.scalar}", *names])
-
-
-class ParameterRow:
-    """Writes what the catalogue says of one parameter."""
-
-    def __init__(self, vocabulary: Vocabulary):
-        self.vocabulary = vocabulary
-
-    def _length(self, parameter: ParameterInfo) -> str:
-        return parameter.count or (parameter.room if parameter.room not in (None, ANSWER) else "")
-
-    def _values(self, parameter: ParameterInfo) -> ValueType:
-        base = pointee(parameter.type)
-        record = self.vocabulary.record(base)
-        numbers = parameter.kind in ("value", "array") and record == "nullptr"
-        scalar = self.vocabulary.scalar(parameter.element) if numbers else "Int"
-        names = self.vocabulary.names(base, parameter.values) if numbers else "nullptr"
-        return ValueType(parameter.kind.capitalize(), scalar, names, record, parameter.values)
-
-    def text(self, parameter: ParameterInfo) -> str:
-        cells = [
-            text(parameter.name),
-            text(c_type(parameter.type)),
-            f"Direction::{DIRECTIONS[parameter.direction]}",
-            boolean(parameter.type.endswith("*")),
-            boolean(parameter.allows_null),
-            str(self._values(parameter)),
-            text(self._length(parameter)),
-            boolean(parameter.led_by_length),
-        ]
-        return row(cells)
-
-
 def wire_text(item: WireItem) -> str:
     """One item of a request as a person reads it."""
     if item.computed:
@@ -122,15 +85,76 @@ def reply_text(method: Method) -> str:
     return ", ".join(fields)
 
 
-class ModuleSource:
-    """The C++ source of one module's functions."""
+class FunctionTable:
+    """Writes the rows of all functions that are offered, in their order."""
 
-    def __init__(self, catalogue: Catalogue, vocabulary: Vocabulary, module: Module):
+    def __init__(self, catalogue: Catalogue, vocabulary: Vocabulary):
         self.catalogue = catalogue
         self.vocabulary = vocabulary
-        self.module = module
-        self.thunks = Thunks(module)
+        self.operations = offered(catalogue)
+        self.names = {operation.name for operation in self.operations}
         self.arrays = Arrays()
+
+    def _values(
+        self, kind: str, scalar: str = "Int", names: str = "nullptr", record: str = "nullptr", known: ValueSet | None = None
+    ) -> str:
+        """What a value may be; of the values that are `known` the range, if it is one."""
+        ranges = [range_row(known)] if known and not known.enumeration else []
+        table = self.arrays.name("Range", ranges) if ranges else "nullptr"
+        return row([f"ValueKind::{kind}", f"ScalarType::{scalar}", names, record, table])
+
+    def _parameter_values(self, parameter: ParameterInfo) -> str:
+        base = pointee(parameter.type)
+        record = self.vocabulary.record(base)
+        kind = KINDS[parameter.kind]
+        if parameter.kind not in ("value", "array") or record != "nullptr":
+            return self._values(kind, record=record)
+        names = self.vocabulary.names(base, parameter.values)
+        return self._values(kind, self.vocabulary.scalar(parameter.element), names, known=parameter.values)
+
+    def _parameter(self, parameter: ParameterInfo) -> str:
+        length = parameter.count or (parameter.room if parameter.room != ANSWER else None)
+        cells = [
+            text(parameter.name),
+            text(c_type(parameter.type)),
+            f"Direction::{DIRECTIONS[parameter.direction]}",
+            boolean(parameter.type.endswith("*")),
+            boolean(parameter.allows_null),
+            self._parameter_values(parameter),
+            text(length),
+            boolean(parameter.led_by_length),
+        ]
+        return row(cells)
+
+    def _result(self, operation: Operation) -> str:
+        declared = operation.signature.result
+        if declared == "void":
+            return self._values("Nothing")
+        if declared.startswith("std::"):
+            return self._values("List")
+        if self.vocabulary.is_record(declared):
+            return self._values("Record", record=self.vocabulary.record(declared))
+        known = all_values(operation).get("return")
+        return self._values(
+            "Single", self.vocabulary.scalar(declared), self.vocabulary.names(declared, known), known=known
+        )
+
+    def _back(self, operation: Operation) -> str | None:
+        """What can be called to read what a set is about to change: of a method that has one, its C function."""
+        getter = operation.effect.back
+        if getter is None or getter in self.names:
+            return getter
+        callers = (each for each in self.catalogue.functions if getter in [called.name for called in each.called])
+        found = next((each.name for each in callers if each.name in self.names and reads_back(each, operation)), None)
+        if found is None:
+            raise GenerationError(operation.place, f"no function reads back with {getter}")
+        return found
+
+    def _effect(self, operation: Operation) -> str:
+        effect = operation.effect
+        kept = optional(None if effect.kept is None else boolean(effect.kept))
+        kind = f"EffectKind::{EFFECTS[effect.kind]}"
+        return row([kind, text_or_null(self._back(operation)), kept, boolean(effect.dangerous)])
 
     def _requests(self, operation: Operation) -> list[str]:
         if len(operation.called) > 1:
@@ -139,60 +163,42 @@ class ModuleSource:
         if method is None or not method.command:
             return []
         items = list(operation.request)
-        item, number = "nullptr", "0"
+        item, value = None, 0
         if method.items and items and items[0].literal is not None:
-            item, number = text(self._enumerator(items[0])), str(items[0].literal)
-        arguments = ", ".join(wire_text(each) for each in items)
-        cells = [text(method.command), f"0x{method.value:X}", item, number, text(arguments), text(reply_text(method))]
-        return [row(cells)]
+            item, value = self._enumerator(items[0]), items[0].literal
+        arguments = text(", ".join(wire_text(each) for each in items))
+        named = [text(method.command), f"0x{method.value:X}", text_or_null(item), str(value)]
+        return [row([*named, arguments, text(reply_text(method))])]
 
     def _enumerator(self, item: WireItem) -> str:
         values = self.catalogue.headers.enumerations[ITEMS].values
         return item.source if item.source in values else next(n for n, v in values.items() if v == item.literal)
 
-    def _result(self, operation: Operation) -> ValueType:
-        declared = operation.signature.result
-        if declared == "void":
-            return ValueType("Nothing")
-        if declared.startswith("std::"):
-            return ValueType("List")
-        if self.vocabulary.is_record(declared):
-            return ValueType("Record", record=self.vocabulary.record(declared))
-        values = all_values(operation).get("return")
-        return ValueType("Value", self.vocabulary.scalar(declared), self.vocabulary.names(declared, values), values=values)
-
     def _row(self, operation: Operation, index: int) -> str:
-        parameters = [ParameterRow(self.vocabulary).text(each) for each in self.catalogue.parameters[operation.name]]
+        module = self.catalogue.module(operation.module)
+        parameters = [self._parameter(each) for each in self.catalogue.parameters[operation.name]]
         cells = [
             text(operation.name),
-            text(short_name(operation, self.module)),
-            text(self.module.name),
+            text(short_name(operation, module)),
+            text(module.name),
             text(declaration(operation)),
-            f"&kTextsOf_{self.module.name}[{index}]",
+            f"&kTexts[{index}]",
             self.arrays.name("Parameter", parameters),
-            str(self._result(operation)),
+            self._result(operation),
+            self._effect(operation),
             text(", ".join(called.name for called in operation.called)),
-            self.arrays.name("Request", self._requests(operation)),
+            self.arrays.name("SentRequest", self._requests(operation)),
             boolean(operation.minus_one != "failure"),
             boolean(operation.status_is_value),
-            self.thunks.name(operation),
         ]
         return row(cells)
 
-    def source(self, operations: list[Operation]) -> str:
-        rows = [self._row(operation, index) for index, operation in enumerate(operations)]
-        headers = [header for header in (self.module.header, self.module.c_header) if header]
+    def source(self) -> str:
+        rows = [self._row(operation, index) for index, operation in enumerate(self.operations)]
         return source(
-            includes(["tools/kelutv/calls/CallFrame.h", "tools/kelutv/FunctionTables.h"], headers),
-            "kelutv::tool",
-            shown=[
-                f"Rows<Function> functionsOf_{self.module.name}();",
-                f"Rows<Function> functionsOf_{self.module.name}() {{ return kFunctions; }}",
-            ],
-            hidden=[
-                *self.arrays.definitions(),
-                *self.thunks.definitions(),
-                array("constexpr Function kFunctions", rows),
-            ],
-            declared=[*self.vocabulary.declarations(), texts_declaration(self.module, len(operations))],
+            includes(["wire/Function.h"]),
+            "kelutv::wire",
+            shown=["Rows<Function> allFunctions() { return kFunctions; }"],
+            hidden=[*self.arrays.definitions(), array("constexpr Function kFunctions", rows)],
+            declared=[self.vocabulary.declared_enumerations(), self.vocabulary.declared_records(), texts_declaration(len(rows))],
         )

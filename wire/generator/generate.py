@@ -11,32 +11,30 @@ sys.path[:0] = [str(HERE), str(HERE.parents[1] / "catalogue")]
 
 from docs import read_docs  # noqa: E402
 from event_sources import EventSources  # noqa: E402
-from functions import ModuleSource, offered  # noqa: E402
+from functions import FunctionTable  # noqa: E402
 from interface import InterfaceTables  # noqa: E402
 from model import Catalogue  # noqa: E402
 from program import run  # noqa: E402
-from texts import TextSource  # noqa: E402
+from texts import texts_source  # noqa: E402
+from thunks import thunks_source  # noqa: E402
 from vocabulary import Vocabulary  # noqa: E402
 
 
 def sources(catalogue: Catalogue, include: Path) -> dict[str, str]:
-    """Every source by its name. Sentences stand in `functions_*_texts.cpp` and nowhere else."""
+    """Every source by its name. Sentences of the headers stand in `functions_texts.cpp` and nowhere else."""
     vocabulary = Vocabulary(catalogue)
-    docs = read_docs(include)
-    operations = offered(catalogue)
+    functions = FunctionTable(catalogue, vocabulary)
     events = EventSources(catalogue)
-    found = {
+    return {
+        "vocabulary.cpp": vocabulary.source(),
+        "interface.cpp": InterfaceTables(catalogue, vocabulary).source(),
         "events.cpp": events.table(),
         "events.md": events.page(),
         "include/kelutv-simulator/events.h": events.header(),
-        "interface.cpp": InterfaceTables(catalogue).source(),
-        "vocabulary.cpp": vocabulary.source(catalogue.modules),
+        "functions.cpp": functions.source(),
+        "functions_texts.cpp": texts_source(functions.operations, read_docs(include)),
+        "thunks.cpp": thunks_source(catalogue, functions.operations),
     }
-    for module in catalogue.modules:
-        own = [operation for operation in operations if operation.module == module.name]
-        found[f"functions_{module.name}.cpp"] = ModuleSource(catalogue, vocabulary, module).source(own)
-        found[f"functions_{module.name}_texts.cpp"] = TextSource(docs, module).source(own)
-    return found
 
 
 def main(argv: list[str] | None = None) -> int:

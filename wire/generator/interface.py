@@ -6,6 +6,7 @@ from cells import record_leaves
 from cxx import Arrays, array, boolean, includes, row, source, text
 from model import Catalogue, Function, Method, Operand, Operation, Reply, ReplyField, State, ValueSet, WireItem
 from program import GenerationError
+from vocabulary import Vocabulary
 
 ENCODINGS = {
     "int32": "Int32",
@@ -37,19 +38,15 @@ def state_key(operation: Operation, state: State) -> str:
 
 
 class InterfaceTables:
-    def __init__(self, catalogue: Catalogue):
+    """Writes the tables of the whole interface."""
+
+    def __init__(self, catalogue: Catalogue, vocabulary: Vocabulary):
         self.catalogue = catalogue
+        self.vocabulary = vocabulary
         self.headers = catalogue.headers
         self.kept = [op for op in catalogue.operations if op.state]
         self.states = sorted({state_key(op, op.state) for op in self.kept})
-        self.enumerations = sorted(self.headers.enumerations)
         self.arrays = Arrays()
-
-    def _names(self, type_name: str, values: ValueSet | None) -> str:
-        enumeration = values.enumeration if values and values.enumeration else type_name
-        if enumeration not in self.headers.enumerations:
-            return "nullptr"
-        return f"&kEnumerations[{self.enumerations.index(enumeration)}]"
 
     def _request(self, operation: Operation) -> str:
         method = operation.method
@@ -57,7 +54,7 @@ class InterfaceTables:
         for item, declared in zip(operation.request, method.request):
             named = item if item.literal is None else declared
             values = (operation if item.literal is None else method).values.get(named.source.lstrip("*"))
-            names = self._names(named.type, values)
+            names = self.vocabulary.names(named.type, values)
             length = self._length_item(operation, item)
             rows.append(row([f"Encoding::{ENCODINGS[item.kind]}", text(named.source), names, str(length)]))
         return self.arrays.name("RequestItem", rows)
@@ -75,13 +72,13 @@ class InterfaceTables:
     def _reply_field(self, field: ReplyField, values: dict[str, ValueSet], leads: bool) -> list[str]:
         if field.kind in self.headers.records:
             return [
-                f"{{Encoding::{ENCODINGS[self._leaf_kind(kind)]}, {text(path[1:])}, {self._names(kind, None)}, 1}}"
+                f"{{Encoding::{ENCODINGS[self._leaf_kind(kind)]}, {text(path[1:])}, {self.vocabulary.names(kind)}, 1}}"
                 for path, kind in record_leaves(self.headers, field.kind, "")
             ]
         count = REST if field.repeated else COUNT_OF_REST if leads else 1
         if field.count is not None:
             count = int(field.count) if field.count.isdigit() else REST
-        names = self._names(field.kind, values.get(field.target or "return"))
+        names = self.vocabulary.names(field.kind, values.get(field.target or "return"))
         return [f"{{Encoding::{ENCODINGS[field.kind]}, nullptr, {names}, {count}}}"]
 
     def _leaf_kind(self, type_name: str) -> str:
@@ -169,23 +166,6 @@ class InterfaceTables:
         ]
         return {HOLDS[ENCODINGS[leaf]] for leaf in leaves or ["int"]}
 
-    def _enumerator_rows(self) -> list[str]:
-        values = {n: v for e in self.headers.enumerations.values() for n, v in e.values.items()}
-        return [self._enumerator(name, values[name]) for name in sorted(values)]
-
-    @staticmethod
-    def _enumerator(name: str, value: int) -> str:
-        return f"{{{text(name)}, {value}, {boolean(name.endswith('_BUTT'))}}}"
-
-    def _enumeration_lines(self) -> list[str]:
-        lines, enumerations = [], []
-        for name in self.enumerations:
-            rows = ", ".join(self._enumerator(*each) for each in self.headers.enumerations[name].values.items())
-            if rows:
-                lines.append(f"constexpr Enumerator k{name}Values[] = {{{rows}}};")
-            enumerations.append(f"{{{text(name)}, {f'k{name}Values' if rows else '{}'}}}")
-        return [*lines, array("constexpr Enumeration kEnumerations", enumerations)]
-
     def source(self) -> str:
         states, commands, items = self._state_rows(), self._commands(), self._items()
         return source(
@@ -195,15 +175,12 @@ class InterfaceTables:
                 "Rows<Command> allCommands() { return kCommands; }",
                 "Rows<Item> allItems() { return kItems; }",
                 "Rows<StateSlot> allStates() { return kStates; }",
-                "Rows<Enumeration> allEnumerations() { return kEnumerations; }",
-                "Rows<Enumerator> allEnumerators() { return kEnumerators; }",
             ],
             hidden=[
-                *self._enumeration_lines(),
-                array("constexpr Enumerator kEnumerators", self._enumerator_rows()),
                 *self.arrays.definitions(),
                 array("constexpr StateSlot kStates", states),
                 array("constexpr Command kCommands", commands),
                 array("constexpr Item kItems", items),
             ],
+            declared=[self.vocabulary.declared_enumerations()],
         )

@@ -2,6 +2,7 @@
 
 #include "support/Deadline.h"
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/text/FunctionNamed.h"
 
 #include <kelutv/linux_kelutv_notify.h>
 
@@ -21,8 +22,8 @@ void remember(int event, void* /*message*/, unsigned int /*length*/, void* /*pre
 
 /** The library makes its client while there is no service, and never again. */
 TEST(EncodeThenCall, reachesTheServiceAndItsEvents) {
-    const tool::Function& setVolume = tool::functionNamed("audio.setVolume");
-    const tool::Function& getVolume = tool::functionNamed("audio.getVolume");
+    const wire::Function& setVolume = tool::functionNamed("audio.setVolume");
+    const wire::Function& getVolume = tool::functionNamed("audio.getVolume");
     EXPECT_EQ(tool::requestsOf(setVolume, {"speaker", "1"}).size(), 1U);
     EXPECT_EQ(tool::callFunction(getVolume, {"speaker"}).result.dump(), "20");
     linux_tv_registerCallbackFunc(remember);

@@ -15,14 +15,14 @@ TEST(Encoded, isWhatAServiceReceives) {
     ScriptedService service;
     service.start();
     service.reply(Bytes(1024));
-    for (const tool::Function* function : tool::allFunctions()) {
-        SCOPED_TRACE(function->name);
-        const auto arguments = sampleArguments(*function);
-        const auto encoded = tool::requestsOf(*function, arguments);
-        tool::tryFunction(*function, arguments);
+    for (const wire::Function& function : wire::allFunctions()) {
+        SCOPED_TRACE(function.name);
+        const auto arguments = sampleArguments(function);
+        const auto encoded = tool::requestsOf(function, arguments);
+        tool::tryFunction(function, arguments);
         const auto received = service.takeRequests();
         EXPECT_EQ(encoded, received);
-        EXPECT_EQ(encoded.size(), function->requests.size());
+        EXPECT_EQ(encoded.size(), function.requests.size());
     }
 }
 

@@ -3,7 +3,11 @@
 #include "tools/Tool.h"
 
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/calls/Thunks.h"
+#include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/kelutv/text/Words.h"
+
+#include "wire/text/FunctionNames.h"
 
 #include <gtest/gtest.h>
 
@@ -15,8 +19,6 @@
 
 namespace kelutv::test {
 namespace {
-
-using tool::Function;
 
 SimulatorEnvironment& environment = SimulatorEnvironment::install();
 
@@ -38,10 +40,10 @@ std::set<std::string> exportedSymbols(const std::string& pattern) {
 TEST(Functions, holdEveryCFunctionAndEveryMethodWithoutOne) {
     std::set<std::string> functions;
     std::set<std::string> methods;
-    for (const Function* function : tool::allFunctions()) {
-        const bool isMethod = std::string(function->name).find("::") != std::string::npos;
-        EXPECT_TRUE((isMethod ? methods : functions).insert(function->name).second)
-            << function->name << " is there twice";
+    for (const wire::Function& function : wire::allFunctions()) {
+        const bool isMethod = std::string(function.name).find("::") != std::string::npos;
+        EXPECT_TRUE((isMethod ? methods : functions).insert(function.name).second)
+            << function.name << " is there twice";
     }
     EXPECT_EQ(functions, exportedSymbols(R"(kelutv/linux_\w+\.h: (\w+))"));
     const std::set<std::string> exported = exportedSymbols(R"(kelutv/\w+\.h: (\w+::\w+)\(.*)");
@@ -50,38 +52,40 @@ TEST(Functions, holdEveryCFunctionAndEveryMethodWithoutOne) {
     EXPECT_EQ(methods.count("Audio::setVolume"), 0U);
 }
 
+TEST(Functions, haveACallEach) { EXPECT_EQ(tool::allThunks().size(), wire::allFunctions().size()); }
+
 TEST(Functions, areFoundByTheirNames) {
-    for (const Function* function : tool::allFunctions()) {
-        EXPECT_EQ(&tool::functionNamed(function->name), function);
-        const auto listed = tool::functionsMatching(function->shortName);
-        EXPECT_NE(std::find(listed.begin(), listed.end(), function), listed.end()) << function->name;
+    for (const wire::Function& function : wire::allFunctions()) {
+        EXPECT_EQ(&tool::functionNamed(function.name), &function);
+        const auto listed = wire::functionsMatching(function.shortName);
+        EXPECT_NE(std::find(listed.begin(), listed.end(), &function), listed.end()) << function.name;
     }
     EXPECT_STREQ(tool::functionNamed("audio.setVolume").name, "linux_tv_Audio_setVolume");
     EXPECT_STREQ(tool::functionNamed("audio.setInputVolume").name, "Audio::setInputVolume");
 }
 
 TEST(Functions, areDescribed) {
-    for (const Function* function : tool::allFunctions()) {
-        const tool::FunctionTexts& texts = *function->texts;
-        EXPECT_STRNE(texts.brief, "") << function->name;
-        EXPECT_TRUE(*texts.returns != '\0' || function->result.kind == tool::Kind::Nothing) << function->name;
-        ASSERT_EQ(texts.parameters.size(), function->parameters.size()) << function->name;
+    for (const wire::Function& function : wire::allFunctions()) {
+        const wire::FunctionTexts& texts = *function.texts;
+        EXPECT_STRNE(texts.brief, "") << function.name;
+        EXPECT_TRUE(*texts.returns != '\0' || function.result.kind == wire::ValueKind::Nothing) << function.name;
+        ASSERT_EQ(texts.parameters.size(), function.parameters.size()) << function.name;
         for (std::size_t i = 0; i < texts.parameters.size(); ++i) {
-            EXPECT_STRNE(texts.parameters[i], "") << function->name << ' ' << function->parameters[i].name;
+            EXPECT_STRNE(texts.parameters[i], "") << function.name << ' ' << function.parameters[i].name;
         }
-        for (const tool::Request& request : function->requests) {
-            EXPECT_STRNE(request.reply, "") << function->name;
+        for (const wire::SentRequest& request : function.requests) {
+            EXPECT_STRNE(request.reply, "") << function.name;
         }
     }
 }
 
 TEST(Functions, areFoundByWhatTheySend) {
-    for (const Function* function : tool::allFunctions()) {
-        for (const tool::Request& request : function->requests) {
+    for (const wire::Function& function : wire::allFunctions()) {
+        for (const wire::SentRequest& request : function.requests) {
             const auto senders = request.item == nullptr
-                                     ? tool::functionsSending(request.commandValue)
-                                     : tool::functionsSending(request.commandValue, request.itemValue);
-            EXPECT_NE(std::find(senders.begin(), senders.end(), function), senders.end()) << function->name;
+                                     ? wire::functionsSending(request.commandValue)
+                                     : wire::functionsSending(request.commandValue, request.itemValue);
+            EXPECT_NE(std::find(senders.begin(), senders.end(), &function), senders.end()) << function.name;
         }
     }
 }
@@ -115,14 +119,14 @@ const std::set<std::string> kNothingWritten{
 };
 
 TEST(Functions, areAnsweredByTheSimulator) {
-    for (const Function* function : tool::allFunctions()) {
-        SCOPED_TRACE(function->name);
-        const tool::CallResult call = tool::tryFunction(*function, sampleArguments(*function));
-        EXPECT_EQ(call.transactions.size(), function->requests.size());
-        EXPECT_NE(call.result.isNull(), function->result.kind != tool::Kind::Nothing);
-        EXPECT_EQ(!call.failure.empty(), kRefused.count(function->name) == 1) << call.failure;
+    for (const wire::Function& function : wire::allFunctions()) {
+        SCOPED_TRACE(function.name);
+        const tool::CallResult call = tool::tryFunction(function, sampleArguments(function));
+        EXPECT_EQ(call.transactions.size(), function.requests.size());
+        EXPECT_NE(call.result.isNull(), function.result.kind != wire::ValueKind::Nothing);
+        EXPECT_EQ(!call.failure.empty(), kRefused.count(function.name) == 1) << call.failure;
         for (const auto& [name, value] : call.outputs.members()) {
-            EXPECT_TRUE(!value.isNull() || !call.failure.empty() || kNothingWritten.count(function->name) == 1)
+            EXPECT_TRUE(!value.isNull() || !call.failure.empty() || kNothingWritten.count(function.name) == 1)
                 << name << " was not written";
         }
     }
@@ -131,8 +135,8 @@ TEST(Functions, areAnsweredByTheSimulator) {
 /** The program itself, for a part of them: what it prints is what was found here. */
 TEST(Functions, areDescribedEncodedAndCalledByTheProgram) {
     constexpr std::size_t kStep = 48;
-    for (std::size_t i = 0; i < tool::allFunctions().size(); i += kStep) {
-        const Function& function = *tool::allFunctions()[i];
+    for (std::size_t i = 0; i < wire::allFunctions().size(); i += kStep) {
+        const wire::Function& function = wire::allFunctions()[i];
         SCOPED_TRACE(function.name);
         const ToolRun described = runTool({"describe", function.name});
         EXPECT_EQ(described.output.find(function.signature), 0U);

@@ -186,10 +186,10 @@ const Wrong kWrong[] = {
     {"enumerator",
      {"audio.setVolume", "speakr", "1"},
      "audio.setVolume: channel: 'speakr' is not one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, "
-     "hdmi_arc, socoutput, butt; nearest: speaker"},
+     "hdmi_arc, socoutput; nearest: speaker"},
     {"ambiguousEnumerator",
      {"sourcemanager.selectSource", "hdmi", "1"},
-     "sourcemanager.selectSource: srcId: 'hdmi' may be hdmi1, hdmi2, hdmi3, hdmi4, hdmi_max"},
+     "sourcemanager.selectSource: srcId: 'hdmi' may be hdmi1, hdmi2, hdmi3, hdmi4"},
     {"number",
      {"audio.setVolume", "speaker", "loud"},
      "audio.setVolume: vol: 'loud' is not a whole number, -2147483648 to 2147483647"},

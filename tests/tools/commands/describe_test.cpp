@@ -80,10 +80,10 @@ Parameter channel: int, in. Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.
     6 24g KELU_TV_AUDIO_CHANNEL_24G
     7 hdmi_arc KELU_TV_AUDIO_CHANNEL_HDMI_ARC
     8 socoutput KELU_TV_AUDIO_CHANNEL_SOCOUTPUT
-    9 butt KELU_TV_AUDIO_CHANNEL_BUTT
 Parameter vol: int, in. Volume; the service enforces the range.
-    a whole number, -2147483648 to 2147483647
+    a whole number, -2147483648 to 2147483647; values ? to ?, step ?, unit ?, default ?
 Returns: The service's result, 0 for success; -1 when the link fails.
+Effect: set, put back by what linux_tv_Audio_getVolume reads, kept beyond power off: ?
 Calls: Audio::setVolume
 Sends: CMD_AUDIO_SETVOLUME 0x2008
     in order: int32 channel, int32 vol
@@ -103,10 +103,10 @@ Parameter preScaleSource: int, in. One of `KELU_TV_PRESCALE_SOURCE_E`.
     4 ypbpr KELU_TV_PRESCALE_SOURCE_YPBPR
     5 hdmi KELU_TV_PRESCALE_SOURCE_HDMI
     6 media KELU_TV_PRESCALE_SOURCE_MEDIA
-    7 butt KELU_TV_PRESCALE_SOURCE_BUTT
 Parameter pAttr: KELU_TV_SND_PRECIGAIN_ATTR_S*, out. Receives the gain, both parts 0 on failure; may be null.
     record of s32IntegerGain, s32DecimalGain
 Returns: 0; -1 when the service or the link fails.
+Effect: read
 Calls: Audio::getAudioItemValue
 Sends: CMD_AUDIO_COMMON_GET_ITEM_VALUE 0x2054, item CMDID_AUDIO_GET_SOURCE_PRESCALE 8207
     in order: int32 CMDID_AUDIO_GET_SOURCE_PRESCALE, int32 preScaleSource, int32 0
@@ -116,12 +116,13 @@ Sends: CMD_AUDIO_COMMON_GET_ITEM_VALUE 0x2054, item CMDID_AUDIO_GET_SOURCE_PRESC
               R"text(int CKeluEEP::SetTVFlashEepMulti(int u32Address, int* pBuf, int u32Len)
 eep.SetTVFlashEepMulti: Writes a block that starts in the TV area.
 Parameter u32Address: int, in. Address of the first byte, 35328 to 35836.
-    35328 to 35836
+    35328 to 35836; step ?, unit ?, default ?
 Parameter pBuf: int*, in. `u32Len` ints, one byte each.
     list of u32Len, each a whole number, -2147483648 to 2147483647
 Parameter u32Len: int, in, may be left out. Number of bytes, not limited here.
     a whole number, -2147483648 to 2147483647
 Returns: The service's result, 0 for success; -1 for an address outside the area, for a null `pBuf` (not logged), and when the link fails.
+Effect: set, put back by what SystemSetting::getFlashEepMulti reads, kept beyond power off: ?, dangerous
 Calls: SystemSetting::setFlashEepMulti
 Sends: CMD_SYSTEM_SETFLASHEEPMULTI 0x8015
     in order: int32 u32Address, int32 u32Len, ints pBuf[u32Len]
@@ -131,10 +132,56 @@ Note: An address outside the area gives -1, logged at info priority, with nothin
 )text");
 }
 
+/** What stands between these, the second left out. */
+std::string between(const std::string& text, const std::string& begin, const std::string& end) {
+    const std::size_t from = text.find(begin);
+    const std::size_t to = from == std::string::npos ? from : text.find(end, from);
+    return to == std::string::npos ? "" : text.substr(from, to - from);
+}
+
+TEST(Describe, tellsWhatIsKnownOfNumbers) {
+    const std::string unit = quietRun({"describe", "audio.setAVsync"}).output;
+    EXPECT_EQ(between(unit, "    a whole", "\n"),
+              "    a whole number, -2147483648 to 2147483647; values ? to ?, step ?, unit ms, default ?");
+    const std::string step = quietRun({"describe", "factory.setAvcGain"}).output;
+    EXPECT_EQ(between(step, "    a number", "\n"), "    a number; values ? to ?, step 0.001, unit ?, default ?");
+    const std::string field = quietRun({"describe", "audio.setPEQAttr"}).output;
+    EXPECT_EQ(between(field, "    intBandNum", "\n"), "    intBandNum: 1 to 10; step ?, unit ?, default ?");
+    const std::string result = quietRun({"describe", "audio.getAVsync"}).output;
+    EXPECT_EQ(between(result, "    a whole", "\nEffect"),
+              "    a whole number, -2147483648 to 2147483647; values ? to ?, step ?, unit ms, default ?");
+}
+
+TEST(Describe, givesWhatIsKnownOfNumbersAsJson) {
+    const std::string unit = quietRun({"describe", "--json", "audio.setAVsync"}).output;
+    EXPECT_EQ(between(unit, R"("range")", "}"), R"("range":[null,null],"step":null,"unit":"ms","default":null)");
+    const std::string step = quietRun({"describe", "--json", "factory.setAvcGain"}).output;
+    EXPECT_EQ(between(step, R"("range")", "}"), R"("range":[null,null],"step":0.001,"unit":null,"default":null)");
+    const std::string field = quietRun({"describe", "--json", "audio.setPEQAttr"}).output;
+    EXPECT_EQ(between(field, R"("fields")", "}"),
+              R"("fields":[{"name":"intBandNum","range":[1,10],"step":null,"unit":null,"default":null)");
+    const std::string result = quietRun({"describe", "--json", "audio.getAVsync"}).output;
+    EXPECT_EQ(between(result, R"("result")", "}"),
+              R"("result":{"range":[null,null],"step":null,"unit":"ms","default":null)");
+}
+
+TEST(Describe, tellsWhatACallDoes) {
+    const std::vector<std::pair<std::string, std::string>> effects{
+        {"audio.getVolume", "Effect: read"},
+        {"pcmplayer.startPlay", "Effect: action, kept beyond power off: ?"},
+        {"audio.setVolume", "Effect: set, put back by what linux_tv_Audio_getVolume reads, kept beyond power off: ?"},
+    };
+    for (const auto& [name, effect] : effects) {
+        EXPECT_EQ(between(quietRun({"describe", name}).output, "Effect", "\n"), effect) << name;
+    }
+    EXPECT_EQ(between(quietRun({"describe", "--json", "audio.setVolume"}).output, R"("effect")", "}"),
+              R"("effect":{"kind":"set","dangerous":false,"back":"linux_tv_Audio_getVolume","kept":null)");
+}
+
 TEST(Describe, givesJson) {
     EXPECT_EQ(
         quietRun({"describe", "--json", "audio.getVolume"}).output,
-        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput, butt","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":{"KELU_TV_AUDIO_CHANNEL_SPEAKER":0,"KELU_TV_AUDIO_CHANNEL_HEADPHONE":1,"KELU_TV_AUDIO_CHANNEL_BLUETOOTH":2,"KELU_TV_AUDIO_CHANNEL_HDMI":3,"KELU_TV_AUDIO_CHANNEL_SPDIF":4,"KELU_TV_AUDIO_CHANNEL_AVOUT":5,"KELU_TV_AUDIO_CHANNEL_24G":6,"KELU_TV_AUDIO_CHANNEL_HDMI_ARC":7,"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT":8,"KELU_TV_AUDIO_CHANNEL_BUTT":9}}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"nullRule":"","note":""}
+        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":{"KELU_TV_AUDIO_CHANNEL_SPEAKER":0,"KELU_TV_AUDIO_CHANNEL_HEADPHONE":1,"KELU_TV_AUDIO_CHANNEL_BLUETOOTH":2,"KELU_TV_AUDIO_CHANNEL_HDMI":3,"KELU_TV_AUDIO_CHANNEL_SPDIF":4,"KELU_TV_AUDIO_CHANNEL_AVOUT":5,"KELU_TV_AUDIO_CHANNEL_24G":6,"KELU_TV_AUDIO_CHANNEL_HDMI_ARC":7,"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT":8}}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"effect":{"kind":"read","dangerous":false},"nullRule":"","note":""}
 )text");
 }
 

@@ -11,9 +11,9 @@ namespace kelutv::test {
 namespace {
 
 TEST(Decoded, isWhatEveryFunctionSends) {
-    for (const tool::Function* function : tool::allFunctions()) {
-        SCOPED_TRACE(function->name);
-        for (const auto& bytes : tool::requestsOf(*function, sampleArguments(*function))) {
+    for (const wire::Function& function : wire::allFunctions()) {
+        SCOPED_TRACE(function.name);
+        for (const auto& bytes : tool::requestsOf(function, sampleArguments(function))) {
             const tool::DecodedRequest decoded = tool::decodeRequest(bytes);
             if (decoded.flaw) {
                 ADD_FAILURE() << tool::textOf(*decoded.flaw);

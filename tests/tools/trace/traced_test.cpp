@@ -29,7 +29,7 @@ std::string quoted(const std::string& word) {
     return text + '\'';
 }
 
-std::string lineFor(const tool::Function& function, const std::vector<std::string>& arguments) {
+std::string lineFor(const wire::Function& function, const std::vector<std::string>& arguments) {
     std::string line = std::string("call ") + function.name;
     for (const std::string& argument : arguments) {
         line += ' ' + quoted(argument);
@@ -44,10 +44,10 @@ TEST(Traced, isWhatEveryFunctionSends) {
     const std::string trace = folder + "/trace";
     std::vector<Document> expected;
     std::ofstream script(lines);
-    for (const tool::Function* function : tool::allFunctions()) {
-        const std::vector<std::string> arguments = sampleArguments(*function);
-        script << lineFor(*function, arguments);
-        for (const auto& bytes : tool::requestsOf(*function, arguments)) {
+    for (const wire::Function& function : wire::allFunctions()) {
+        const std::vector<std::string> arguments = sampleArguments(function);
+        script << lineFor(function, arguments);
+        for (const auto& bytes : tool::requestsOf(function, arguments)) {
             expected.push_back(Document::parse(tool::documentOf(tool::decodeRequest(bytes)).dump()));
         }
     }

@@ -3,8 +3,8 @@
 #include "tools/kelutv/calls/Callbacks.h"
 #include "tools/kelutv/calls/Scalars.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/Nearest.h"
 #include "tools/kelutv/text/Words.h"
+#include "wire/text/Nearest.h"
 
 #include <cstring>
 #include <optional>
@@ -32,40 +32,38 @@ std::optional<std::vector<std::uint8_t>> blockOf(const std::string& text) {
     return !text.empty() && text[0] == '@' ? std::optional(bytesOfFile(text.substr(1))) : std::nullopt;
 }
 
-const Field& fieldNamed(const Record& record, const std::string& name) {
+const wire::Field& fieldNamed(const wire::Record& record, const std::string& name) {
     std::vector<std::string> names;
-    for (const Field& field : record.fields) {
+    for (const wire::Field& field : record.fields) {
         if (field.name == name) {
             return field;
         }
         names.emplace_back(field.name);
     }
     throw UsageError("there is no field '" + name + "' in " + record.name + ", which has " + joined(names, ", ") +
-                     nearestHint(name, names));
+                     wire::nearestHint(name, names));
 }
-
-ValueType typeOf(const Field& field) { return {Kind::Value, field.scalar, field.names, nullptr, false, 0, 0}; }
 
 class Reader {
 public:
-    Reader(const Parameter& parameter, CallFrame::Slot& slot) : mParameter(parameter), mSlot(slot) {}
+    Reader(const wire::Parameter& parameter, CallFrame::Slot& slot) : mParameter(parameter), mSlot(slot) {}
 
     void read(const std::string& text) {
-        if (text == "null" && mParameter.pointer) {
+        if (text == "null" && mParameter.isPointer) {
             readNull();
             return;
         }
         switch (mParameter.values.kind) {
-        case Kind::Text:
+        case wire::ValueKind::Text:
             readText(unquoted(text));
             break;
-        case Kind::Array:
+        case wire::ValueKind::Array:
             readArray(text);
             break;
-        case Kind::Record:
+        case wire::ValueKind::Record:
             readRecord(text);
             break;
-        case Kind::Callback:
+        case wire::ValueKind::Callback:
             readCallback(text);
             break;
         default:
@@ -109,7 +107,7 @@ private:
 
     /** A block that says its own length must hold as much, for the library believes it. */
     void checkLead() const {
-        if (!mParameter.ledByLength) {
+        if (!mParameter.isLedByLength) {
             return;
         }
         std::uint32_t length = 0;
@@ -123,7 +121,7 @@ private:
     }
 
     void readRecord(const std::string& text) {
-        const Record& record = *mParameter.values.record;
+        const wire::Record& record = *mParameter.values.record;
         mSlot.bytes.assign(record.size, 0);
         for (const std::string& entry : split(text, ',')) {
             const std::size_t equals = entry.find('=');
@@ -134,7 +132,7 @@ private:
         }
     }
 
-    void readField(const Field& field, const std::string& text) {
+    void readField(const wire::Field& field, const std::string& text) {
         try {
             writeScalar(typeOf(field), text, &mSlot.bytes[field.offset]);
         } catch (const UsageError& error) {
@@ -151,13 +149,13 @@ private:
         }
     }
 
-    const Parameter& mParameter;
+    const wire::Parameter& mParameter;
     CallFrame::Slot& mSlot;
 };
 
 } // namespace
 
-void readArgument(const Parameter& parameter, const std::string& text, CallFrame::Slot& slot) {
+void readArgument(const wire::Parameter& parameter, const std::string& text, CallFrame::Slot& slot) {
     Reader(parameter, slot).read(text);
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/calls/CallFrame.h"
+#include "wire/Function.h"
 
 #include <string>
 
 namespace kelutv::tool {
 
 /** Puts what an argument's text means into the slot. @throws UsageError what is wrong and what is allowed */
-void readArgument(const Parameter& parameter, const std::string& text, CallFrame::Slot& slot);
+void readArgument(const wire::Parameter& parameter, const std::string& text, CallFrame::Slot& slot);
 
 } // namespace kelutv::tool

@@ -18,20 +18,20 @@ constexpr std::size_t kRoom = std::size_t{1} << 20;
 /** What the caller may ask to be filled. */
 constexpr std::int64_t kMostEntries = std::int64_t{1} << 22;
 
-bool isGiven(const Parameter& parameter) { return parameter.direction != Direction::Out; }
+bool isGiven(const wire::Parameter& parameter) { return parameter.direction != wire::Direction::Out; }
 
-bool holdsText(const Record& record) {
+bool holdsText(const wire::Record& record) {
     return std::any_of(record.fields.begin(), record.fields.end(),
-                       [](const Field& field) { return field.scalar == Scalar::Char; });
+                       [](const wire::Field& field) { return field.scalar == wire::ScalarType::Char; });
 }
 
 std::string wordsFor(std::size_t count) { return std::to_string(count) + (count == 1 ? " argument" : " arguments"); }
 
-std::string namesOf(const std::vector<const Parameter*>& parameters) {
+std::string namesOf(const std::vector<const wire::Parameter*>& parameters) {
     std::vector<std::string> names;
-    for (const Parameter* parameter : parameters) {
-        names.push_back(parameter->direction == Direction::Length ? '[' + std::string(parameter->name) + ']'
-                                                                  : parameter->name);
+    for (const wire::Parameter* parameter : parameters) {
+        names.push_back(parameter->direction == wire::Direction::Length ? '[' + std::string(parameter->name) + ']'
+                                                                        : parameter->name);
     }
     return names.empty() ? "" : ": " + joined(names, " ");
 }
@@ -39,7 +39,7 @@ std::string namesOf(const std::vector<const Parameter*>& parameters) {
 /** Fills frames; the lengths of arrays last, since they may be left out. */
 class FrameBuilder {
 public:
-    FrameBuilder(const Function& function, const std::vector<std::string>& arguments)
+    FrameBuilder(const wire::Function& function, const std::vector<std::string>& arguments)
         : mFunction(function), mArguments(arguments), mFrame(function.parameters.size()) {}
 
     CallFrame build() {
@@ -59,9 +59,10 @@ private:
         const auto all = givenParameters(mFunction);
         mGiven = all;
         if (mArguments.size() != all.size()) {
-            mGiven.erase(std::remove_if(mGiven.begin(), mGiven.end(),
-                                        [](const Parameter* each) { return each->direction == Direction::Length; }),
-                         mGiven.end());
+            mGiven.erase(
+                std::remove_if(mGiven.begin(), mGiven.end(),
+                               [](const wire::Parameter* each) { return each->direction == wire::Direction::Length; }),
+                mGiven.end());
         }
         if (mArguments.size() != mGiven.size()) {
             throw UsageError(std::string(mFunction.shortName) + " takes " + wordsFor(all.size()) + namesOf(all) +
@@ -69,7 +70,7 @@ private:
         }
     }
 
-    std::size_t indexOf(const Parameter* parameter) const {
+    std::size_t indexOf(const wire::Parameter* parameter) const {
         return static_cast<std::size_t>(parameter - mFunction.parameters.begin());
     }
 
@@ -87,12 +88,12 @@ private:
     /** A length that was left out is the array's; one that was given must not go beyond it. */
     void fillLengths() {
         for (std::size_t i = 0; i < mFunction.parameters.size(); ++i) {
-            const Parameter& array = mFunction.parameters[i];
-            if (array.values.kind != Kind::Array || array.direction != Direction::In) {
+            const wire::Parameter& array = mFunction.parameters[i];
+            if (array.values.kind != wire::ValueKind::Array || array.direction != wire::Direction::In) {
                 continue;
             }
             for (std::size_t j = 0; j < mFunction.parameters.size(); ++j) {
-                if (mFunction.parameters[j].direction == Direction::Length &&
+                if (mFunction.parameters[j].direction == wire::Direction::Length &&
                     std::strcmp(mFunction.parameters[j].name, array.length) == 0) {
                     fillLength(i, j);
                 }
@@ -117,16 +118,16 @@ private:
 
     void makeRoom() {
         for (std::size_t i = 0; i < mFunction.parameters.size(); ++i) {
-            const Parameter& parameter = mFunction.parameters[i];
-            if (!isGiven(parameter) && parameter.values.kind != Kind::List) {
+            const wire::Parameter& parameter = mFunction.parameters[i];
+            if (!isGiven(parameter) && parameter.values.kind != wire::ValueKind::List) {
                 makeRoomFor(parameter, mFrame.slot(i));
             }
         }
     }
 
-    void makeRoomFor(const Parameter& parameter, CallFrame::Slot& slot) {
+    void makeRoomFor(const wire::Parameter& parameter, CallFrame::Slot& slot) {
         std::size_t size = kRoom;
-        if (parameter.values.kind == Kind::Array) {
+        if (parameter.values.kind == wire::ValueKind::Array) {
             const auto entries = lengthOf(mFunction, parameter, mFrame);
             if (entries && *entries > kMostEntries) {
                 throw UsageError(std::string(mFunction.shortName) + ": " + parameter.length + ": " +
@@ -136,22 +137,24 @@ private:
             size = std::max(size, static_cast<std::size_t>(std::max<std::int64_t>(entries.value_or(0), 0)) *
                                       sizeOf(parameter.values.scalar));
         }
-        const Record* const record = parameter.values.record;
-        const bool isZeroed = (record != nullptr && holdsText(*record)) || parameter.values.scalar == Scalar::Byte ||
-                              parameter.values.kind == Kind::Text;
+        const wire::Record* const record = parameter.values.record;
+        const bool isZeroed = (record != nullptr && holdsText(*record)) ||
+                              parameter.values.scalar == wire::ScalarType::Byte ||
+                              parameter.values.kind == wire::ValueKind::Text;
         slot.bytes.assign(size, isZeroed ? 0 : kUntouched);
-        if (parameter.values.kind == Kind::Text) {
+        if (parameter.values.kind == wire::ValueKind::Text) {
             slot.bytes[0] = kUntouched;
         }
     }
 
-    const Function& mFunction;
+    const wire::Function& mFunction;
     const std::vector<std::string>& mArguments;
     CallFrame mFrame;
-    std::vector<const Parameter*> mGiven;
+    std::vector<const wire::Parameter*> mGiven;
 };
 
-std::optional<std::int64_t> factorOf(const Function& function, const std::string& factor, const CallFrame& frame) {
+std::optional<std::int64_t> factorOf(const wire::Function& function, const std::string& factor,
+                                     const CallFrame& frame) {
     if (factor.find_first_not_of("0123456789") == std::string::npos) {
         return std::int64_t{std::stoll(factor)};
     }
@@ -169,9 +172,9 @@ std::optional<std::int64_t> factorOf(const Function& function, const std::string
 
 } // namespace
 
-std::vector<const Parameter*> givenParameters(const Function& function) {
-    std::vector<const Parameter*> given;
-    for (const Parameter& parameter : function.parameters) {
+std::vector<const wire::Parameter*> givenParameters(const wire::Function& function) {
+    std::vector<const wire::Parameter*> given;
+    for (const wire::Parameter& parameter : function.parameters) {
         if (isGiven(parameter)) {
             given.push_back(&parameter);
         }
@@ -179,11 +182,12 @@ std::vector<const Parameter*> givenParameters(const Function& function) {
     return given;
 }
 
-CallFrame frameOf(const Function& function, const std::vector<std::string>& arguments) {
+CallFrame frameOf(const wire::Function& function, const std::vector<std::string>& arguments) {
     return FrameBuilder(function, arguments).build();
 }
 
-std::optional<std::int64_t> lengthOf(const Function& function, const Parameter& parameter, const CallFrame& frame) {
+std::optional<std::int64_t> lengthOf(const wire::Function& function, const wire::Parameter& parameter,
+                                     const CallFrame& frame) {
     std::optional<std::int64_t> length;
     for (const std::string& factor : split(parameter.length, '*')) {
         const auto value = factorOf(function, factor, frame);

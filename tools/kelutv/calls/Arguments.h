@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/calls/CallFrame.h"
+#include "wire/Function.h"
 
 #include <cstdint>
 #include <optional>
@@ -15,9 +15,10 @@ namespace kelutv::tool {
  *
  * @throws UsageError which argument is wrong and what is allowed
  */
-CallFrame frameOf(const Function& function, const std::vector<std::string>& arguments);
+CallFrame frameOf(const wire::Function& function, const std::vector<std::string>& arguments);
 
 /** What the parameter's length comes to; nothing where it says none or its parts are not known. */
-std::optional<std::int64_t> lengthOf(const Function& function, const Parameter& parameter, const CallFrame& frame);
+std::optional<std::int64_t> lengthOf(const wire::Function& function, const wire::Parameter& parameter,
+                                     const CallFrame& frame);
 
 } // namespace kelutv::tool

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/calls/Arguments.h"
 #include "tools/kelutv/calls/Outputs.h"
+#include "tools/kelutv/calls/Thunks.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/service/ServiceAccess.h"
@@ -32,7 +33,7 @@ public:
     Collector& operator=(const Collector&) = delete;
 };
 
-std::string transactionFailure(const Function& function, const tap::Transaction& transaction) {
+std::string transactionFailure(const wire::Function& function, const tap::Transaction& transaction) {
     std::int32_t word = 0;
     if (transaction.reply.size() < sizeof word) {
         return "the service's answer has no result";
@@ -50,7 +51,7 @@ void checkLink(const CallResult& call) {
     }
 }
 
-std::string failureOf(const Function& function, const CallResult& call) {
+std::string failureOf(const wire::Function& function, const CallResult& call) {
     for (const tap::Transaction& transaction : call.transactions) {
         const std::string failure = transactionFailure(function, transaction);
         if (!failure.empty()) {
@@ -63,12 +64,12 @@ std::string failureOf(const Function& function, const CallResult& call) {
     return call.transactions.empty() ? "the library refused the call, nothing was sent" : "the function gave -1";
 }
 
-CallResult make(const Function& function, CallFrame frame) {
+CallResult make(const wire::Function& function, CallFrame frame) {
     CallResult call;
     {
         const Collector collector(call.transactions);
         const ForeignOutput foreign;
-        function.call(frame);
+        thunkOf(function)(frame);
     }
     call.result = resultOf(function, frame);
     call.outputs = outputsOf(function, frame);
@@ -76,13 +77,13 @@ CallResult make(const Function& function, CallFrame frame) {
 }
 
 /** Whether the function has anything to do with the service, a command or events. */
-bool needsService(const Function& function) {
+bool needsService(const wire::Function& function) {
     return function.requests.size() > 0 || std::strcmp(function.module, "notify") == 0;
 }
 
 } // namespace
 
-CallResult tryFunction(const Function& function, const std::vector<std::string>& arguments) {
+CallResult tryFunction(const wire::Function& function, const std::vector<std::string>& arguments) {
     CallFrame frame = frameOf(function, arguments);
     if (needsService(function)) {
         connectToService();
@@ -93,7 +94,7 @@ CallResult tryFunction(const Function& function, const std::vector<std::string>&
     return call;
 }
 
-CallResult callFunction(const Function& function, const std::vector<std::string>& arguments) {
+CallResult callFunction(const wire::Function& function, const std::vector<std::string>& arguments) {
     CallResult call = tryFunction(function, arguments);
     if (!call.failure.empty()) {
         throw ServiceError(std::string(function.shortName) + ": " + call.failure);
@@ -101,7 +102,8 @@ CallResult callFunction(const Function& function, const std::vector<std::string>
     return call;
 }
 
-std::vector<std::vector<std::uint8_t>> requestsOf(const Function& function, const std::vector<std::string>& arguments) {
+std::vector<std::vector<std::uint8_t>> requestsOf(const wire::Function& function,
+                                                  const std::vector<std::string>& arguments) {
     CallFrame frame = frameOf(function, arguments);
     const NoService none;
     std::vector<std::vector<std::uint8_t>> requests;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "tools/interposition/Tap.h"
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/output/Output.h"
+#include "wire/Function.h"
 
 #include <string>
 #include <vector>
@@ -24,17 +24,17 @@ struct CallResult {
 /**
  * The parameters that are given on the command line, in order; length parameters among them may all be left out.
  */
-std::vector<const Parameter*> givenParameters(const Function& function);
+std::vector<const wire::Parameter*> givenParameters(const wire::Function& function);
 
 /**
  * Calls the function with arguments in text form (see docs/tool.md) and tells whether it failed.
  *
  * @throws UsageError for wrong arguments, nothing sent then; LinkError when there is no service or it is gone
  */
-CallResult tryFunction(const Function& function, const std::vector<std::string>& arguments);
+CallResult tryFunction(const wire::Function& function, const std::vector<std::string>& arguments);
 
 /** As above. @throws ServiceError, too, when the function reports a failure */
-CallResult callFunction(const Function& function, const std::vector<std::string>& arguments);
+CallResult callFunction(const wire::Function& function, const std::vector<std::string>& arguments);
 
 /**
  * The exact requests of a call, made without a service: the library's own function runs, and every request is answered
@@ -42,15 +42,16 @@ CallResult callFunction(const Function& function, const std::vector<std::string>
  *
  * @throws UsageError for wrong arguments
  */
-std::vector<std::vector<std::uint8_t>> requestsOf(const Function& function, const std::vector<std::string>& arguments);
+std::vector<std::vector<std::uint8_t>> requestsOf(const wire::Function& function,
+                                                  const std::vector<std::string>& arguments);
 
 /** `{"function": NAME, "result": ..., "outputs": {...}}`; with `"failure"` when the call failed. */
-Json documentOf(const Function& function, const CallResult& call);
+Json documentOf(const wire::Function& function, const CallResult& call);
 
 /** The lines a person reads: `result: 0 (off)`, `pEnable: true`. */
-std::vector<std::string> linesOf(const Function& function, const CallResult& call);
+std::vector<std::string> linesOf(const wire::Function& function, const CallResult& call);
 
 /** One value of a type in words: `35`, `2 (speaker)`, `"text"`, `true`, `[1, 2, 3]`, `red=1 green=2`. */
-std::string textOf(const ValueType& type, const Json& value);
+std::string textOf(const wire::ValueType& type, const Json& value);
 
 } // namespace kelutv::tool

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/kelutv/Function.h"
+#include "wire/Function.h"
 
 #include <kelutv/hdmicec_types.h>
 

@@ -1,28 +1,28 @@
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/calls/Scalars.h"
 #include "tools/kelutv/text/Words.h"
+
+#include "wire/text/Names.h"
 
 namespace kelutv::tool {
 
 namespace {
 
-ValueType typeOf(const Field& field) {
-    return {field.scalar == Scalar::Char ? Kind::Text : Kind::Value, field.scalar, field.names, nullptr, false, 0, 0};
-}
-
-std::string numberText(const ValueType& type, const Json& value) {
+std::string numberText(const wire::ValueType& type, const Json& value) {
     if (type.names != nullptr && value.isInteger()) {
-        if (const Enumerator* const name = enumeratorOf(*type.names, static_cast<std::int32_t>(value.asInteger()))) {
-            return value.dump() + " (" + shortNameOf(*type.names, *name) + ')';
+        const auto number = static_cast<std::int32_t>(value.asInteger());
+        if (const std::string name = wire::namesOf(*type.names).shortNameOf(number); !name.empty()) {
+            return value.dump() + " (" + name + ')';
         }
     }
     return value.dump();
 }
 
-std::string objectText(const Record* record, const Json& value) {
+std::string objectText(const wire::Record* record, const Json& value) {
     std::vector<std::string> fields;
     std::size_t index = 0;
     for (const auto& [name, field] : value.members()) {
-        const ValueType plain{Kind::Value, Scalar::Int, nullptr, nullptr, false, 0, 0};
+        const wire::ValueType plain{wire::ValueKind::Single, wire::ScalarType::Int, nullptr, nullptr, nullptr};
         fields.push_back(name + '=' + textOf(record == nullptr ? plain : typeOf(record->fields[index]), field));
         ++index;
     }
@@ -31,7 +31,7 @@ std::string objectText(const Record* record, const Json& value) {
 
 } // namespace
 
-std::string textOf(const ValueType& type, const Json& value) {
+std::string textOf(const wire::ValueType& type, const Json& value) {
     if (value.isNull()) {
         return "(untouched)";
     }
@@ -51,7 +51,7 @@ std::string textOf(const ValueType& type, const Json& value) {
     return numberText(type, value);
 }
 
-Json documentOf(const Function& function, const CallResult& call) {
+Json documentOf(const wire::Function& function, const CallResult& call) {
     Json document{{"function", function.name}, {"result", call.result}, {"outputs", call.outputs}};
     if (!call.failure.empty()) {
         document["failure"] = call.failure;
@@ -59,12 +59,12 @@ Json documentOf(const Function& function, const CallResult& call) {
     return document;
 }
 
-std::vector<std::string> linesOf(const Function& function, const CallResult& call) {
+std::vector<std::string> linesOf(const wire::Function& function, const CallResult& call) {
     std::vector<std::string> lines;
-    if (function.result.kind != Kind::Nothing) {
+    if (function.result.kind != wire::ValueKind::Nothing) {
         lines.push_back("result: " + textOf(function.result, call.result));
     }
-    for (const Parameter& parameter : function.parameters) {
+    for (const wire::Parameter& parameter : function.parameters) {
         if (const Json* const found = call.outputs.find(parameter.name)) {
             lines.push_back(std::string(parameter.name) + ": " + textOf(parameter.values, *found));
         }

@@ -18,20 +18,20 @@ std::string textAt(const std::uint8_t* from, std::size_t room) {
     return {from, std::find(from, from + room, std::uint8_t{0})};
 }
 
-Json fieldOf(const Field& field, const std::uint8_t* record) {
+Json fieldOf(const wire::Field& field, const std::uint8_t* record) {
     const std::uint8_t* const from = record + field.offset;
-    if (field.scalar == Scalar::Char) {
+    if (field.scalar == wire::ScalarType::Char) {
         return textAt(from, field.count);
     }
     return isUntouched(from, sizeOf(field.scalar)) ? Json() : readScalar(field.scalar, from);
 }
 
-Json recordAt(const Record& record, const std::uint8_t* from) {
+Json recordAt(const wire::Record& record, const std::uint8_t* from) {
     if (isUntouched(from, record.size)) {
         return nullptr;
     }
     Json fields = Json::object();
-    for (const Field& field : record.fields) {
+    for (const wire::Field& field : record.fields) {
         fields[field.name] = fieldOf(field, from);
     }
     return fields;
@@ -42,7 +42,7 @@ bool isZero(const std::uint8_t* from, std::size_t size) {
 }
 
 /** Records without a number of their own, up to the first that holds nothing. */
-Json recordsAt(const Record& record, const std::vector<std::uint8_t>& bytes) {
+Json recordsAt(const wire::Record& record, const std::vector<std::uint8_t>& bytes) {
     Json records = Json::array();
     for (std::size_t at = 0; at + record.size <= bytes.size() && !isZero(&bytes[at], record.size); at += record.size) {
         records.add(recordAt(record, &bytes[at]));
@@ -51,7 +51,7 @@ Json recordsAt(const Record& record, const std::vector<std::uint8_t>& bytes) {
 }
 
 /** The entries that were written, as many as the length says at most. */
-std::size_t writtenEntries(const Function& function, const Parameter& parameter, const CallFrame& frame,
+std::size_t writtenEntries(const wire::Function& function, const wire::Parameter& parameter, const CallFrame& frame,
                            const CallFrame::Slot& slot) {
     const std::size_t size = sizeOf(parameter.values.scalar);
     const auto length = lengthOf(function, parameter, frame);
@@ -70,13 +70,13 @@ std::size_t writtenEntries(const Function& function, const Parameter& parameter,
     return count;
 }
 
-Json arrayOf(const Function& function, const Parameter& parameter, const CallFrame& frame,
+Json arrayOf(const wire::Function& function, const wire::Parameter& parameter, const CallFrame& frame,
              const CallFrame::Slot& slot) {
     if (parameter.values.record != nullptr) {
         return recordsAt(*parameter.values.record, slot.bytes);
     }
     const std::size_t size = sizeOf(parameter.values.scalar);
-    if (parameter.values.scalar == Scalar::Byte) {
+    if (parameter.values.scalar == wire::ScalarType::Byte) {
         const auto length = lengthOf(function, parameter, frame).value_or(0);
         const auto count = std::min(slot.bytes.size(), static_cast<std::size_t>(std::max<std::int64_t>(length, 0)));
         return hexOf({slot.bytes.begin(), slot.bytes.begin() + static_cast<std::ptrdiff_t>(count)});
@@ -109,19 +109,19 @@ Json textOfSlot(const CallFrame::Slot& slot) {
     return isUnwritten ? Json() : Json(textAt(slot.bytes.data(), slot.bytes.size()));
 }
 
-Json outputOf(const Function& function, const Parameter& parameter, const CallFrame& frame,
+Json outputOf(const wire::Function& function, const wire::Parameter& parameter, const CallFrame& frame,
               const CallFrame::Slot& slot) {
     if (slot.isNull) {
         return nullptr;
     }
     switch (parameter.values.kind) {
-    case Kind::Text:
+    case wire::ValueKind::Text:
         return textOfSlot(slot);
-    case Kind::Array:
+    case wire::ValueKind::Array:
         return arrayOf(function, parameter, frame, slot);
-    case Kind::Record:
+    case wire::ValueKind::Record:
         return recordAt(*parameter.values.record, slot.bytes.data());
-    case Kind::List:
+    case wire::ValueKind::List:
         return devicesOf(frame);
     default:
         break;
@@ -132,13 +132,13 @@ Json outputOf(const Function& function, const Parameter& parameter, const CallFr
 
 } // namespace
 
-Json resultOf(const Function& function, const CallFrame& frame) {
+Json resultOf(const wire::Function& function, const CallFrame& frame) {
     switch (function.result.kind) {
-    case Kind::Nothing:
+    case wire::ValueKind::Nothing:
         return nullptr;
-    case Kind::List:
+    case wire::ValueKind::List:
         return frame.resultTexts();
-    case Kind::Record:
+    case wire::ValueKind::Record:
         return recordAt(*function.result.record, frame.result().bytes.data());
     default:
         break;
@@ -146,11 +146,11 @@ Json resultOf(const Function& function, const CallFrame& frame) {
     return readScalar(function.result.scalar, frame.result().bytes.data());
 }
 
-Json outputsOf(const Function& function, const CallFrame& frame) {
+Json outputsOf(const wire::Function& function, const CallFrame& frame) {
     Json outputs = Json::object();
     for (std::size_t i = 0; i < function.parameters.size(); ++i) {
-        const Parameter& parameter = function.parameters[i];
-        if (parameter.direction == Direction::Out || parameter.direction == Direction::InOut) {
+        const wire::Parameter& parameter = function.parameters[i];
+        if (parameter.direction == wire::Direction::Out || parameter.direction == wire::Direction::InOut) {
             outputs[parameter.name] = outputOf(function, parameter, frame, frame.slot(i));
         }
     }

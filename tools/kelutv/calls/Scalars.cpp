@@ -1,6 +1,7 @@
 #include "tools/kelutv/calls/Scalars.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/AllowedValues.h"
 #include "tools/kelutv/text/Words.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace {
 
 using Limits = std::numeric_limits<std::int32_t>;
 
-[[noreturn]] void refuse(const ValueType& type, const std::string& text) {
+[[noreturn]] void refuse(const wire::ValueType& type, const std::string& text) {
     throw UsageError("'" + text + "' is not " + allowedText(type));
 }
 
@@ -36,11 +37,11 @@ std::optional<std::int64_t> numberOf(const std::string& text) {
 }
 
 /** Hexadecimal numbers may use all 32 bits of an int. */
-std::int32_t intOf(const ValueType& type, const std::string& text) {
+std::int32_t intOf(const wire::ValueType& type, const std::string& text) {
     const auto number = numberOf(text);
     if (!number) {
         if (type.names != nullptr) {
-            return enumeratorNamed(*type.names, text).value;
+            return valueNamed(*type.names, text);
         }
         refuse(type, text);
     }
@@ -49,23 +50,24 @@ std::int32_t intOf(const ValueType& type, const std::string& text) {
         throw UsageError("'" + text + "' does not fit into 32 bits");
     }
     const auto value = static_cast<std::int32_t>(*number);
-    if (type.bounded && (value < type.low || value > type.high)) {
+    const wire::Range* const range = type.range;
+    if (range != nullptr && range->isBounded() && (value < *range->least || value > *range->greatest)) {
         refuse(type, text);
     }
     return value;
 }
 
-std::uint32_t unsignedOf(const ValueType& type, const std::string& text) {
+std::uint32_t unsignedOf(const wire::ValueType& type, const std::string& text) {
     const auto number = numberOf(text);
-    const std::int64_t most = type.scalar == Scalar::Byte ? std::numeric_limits<std::uint8_t>::max()
-                                                          : std::numeric_limits<std::uint32_t>::max();
+    const std::int64_t most = type.scalar == wire::ScalarType::Byte ? std::numeric_limits<std::uint8_t>::max()
+                                                                    : std::numeric_limits<std::uint32_t>::max();
     if (!number || *number < 0 || *number > most) {
         refuse(type, text);
     }
     return static_cast<std::uint32_t>(*number);
 }
 
-bool flagOf(const ValueType& type, const std::string& text) {
+bool flagOf(const wire::ValueType& type, const std::string& text) {
     static constexpr std::array<const char*, 4> kYes{"true", "on", "1", "yes"};
     static constexpr std::array<const char*, 4> kNo{"false", "off", "0", "no"};
     const std::string word = lowered(text);
@@ -76,7 +78,7 @@ bool flagOf(const ValueType& type, const std::string& text) {
     return isYes;
 }
 
-double doubleOf(const ValueType& type, const std::string& text) {
+double doubleOf(const wire::ValueType& type, const std::string& text) {
     char* end = nullptr;
     const double number = std::strtod(text.c_str(), &end);
     if (text.empty() || *end != '\0' || std::strchr("+-.0123456789", text[0]) == nullptr) {
@@ -95,54 +97,58 @@ template <typename T> T get(const std::uint8_t* from) {
 
 } // namespace
 
-std::size_t sizeOf(Scalar scalar) {
+wire::ValueType typeOf(const wire::Field& field) {
+    return {wire::ValueKind::Single, field.scalar, field.names, nullptr, field.range};
+}
+
+std::size_t sizeOf(wire::ScalarType scalar) {
     switch (scalar) {
-    case Scalar::Double:
+    case wire::ScalarType::Double:
         return sizeof(double);
-    case Scalar::Bool:
-    case Scalar::Char:
-    case Scalar::Byte:
+    case wire::ScalarType::Bool:
+    case wire::ScalarType::Char:
+    case wire::ScalarType::Byte:
         return 1;
-    case Scalar::Int:
-    case Scalar::Unsigned:
+    case wire::ScalarType::Int:
+    case wire::ScalarType::Unsigned:
         break;
     }
     return sizeof(std::int32_t);
 }
 
-void writeScalar(const ValueType& type, const std::string& text, std::uint8_t* to) {
+void writeScalar(const wire::ValueType& type, const std::string& text, std::uint8_t* to) {
     switch (type.scalar) {
-    case Scalar::Int:
+    case wire::ScalarType::Int:
         put(intOf(type, text), to);
         break;
-    case Scalar::Unsigned:
+    case wire::ScalarType::Unsigned:
         put(unsignedOf(type, text), to);
         break;
-    case Scalar::Bool:
+    case wire::ScalarType::Bool:
         put(static_cast<std::uint8_t>(flagOf(type, text)), to);
         break;
-    case Scalar::Double:
+    case wire::ScalarType::Double:
         put(doubleOf(type, text), to);
         break;
-    case Scalar::Char:
-    case Scalar::Byte:
+    case wire::ScalarType::Char:
+    case wire::ScalarType::Byte:
         put(static_cast<std::uint8_t>(unsignedOf(type, text)), to);
         break;
     }
 }
 
-Json readScalar(Scalar scalar, const std::uint8_t* from) {
+Json readScalar(wire::ScalarType scalar, const std::uint8_t* from) {
     switch (scalar) {
-    case Scalar::Unsigned:
+    case wire::ScalarType::Unsigned:
         return get<std::uint32_t>(from);
-    case Scalar::Bool:
+    case wire::ScalarType::Bool:
         return *from != 0;
-    case Scalar::Double:
+    case wire::ScalarType::Double:
         return get<double>(from);
-    case Scalar::Char:
-    case Scalar::Byte:
+    case wire::ScalarType::Char:
+    case wire::ScalarType::Byte:
         return *from;
-    case Scalar::Int:
+    case wire::ScalarType::Int:
         break;
     }
     return get<std::int32_t>(from);

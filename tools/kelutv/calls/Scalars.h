@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/output/Output.h"
+#include "wire/Function.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,13 +12,16 @@ namespace kelutv::tool {
 /** What output memory is filled with before a call, so that it shows what was written. */
 constexpr std::uint8_t kUntouched = 0x5A;
 
-std::size_t sizeOf(Scalar scalar);
+/** What one value of a field may be. */
+wire::ValueType typeOf(const wire::Field& field);
+
+std::size_t sizeOf(wire::ScalarType scalar);
 
 /** Puts the value that a text means where it belongs in memory. @throws UsageError when it is not allowed */
-void writeScalar(const ValueType& type, const std::string& text, std::uint8_t* to);
+void writeScalar(const wire::ValueType& type, const std::string& text, std::uint8_t* to);
 
 /** The value in memory. */
-Json readScalar(Scalar scalar, const std::uint8_t* from);
+Json readScalar(wire::ScalarType scalar, const std::uint8_t* from);
 
 /** Whether nothing was written over the fill. */
 bool isUntouched(const std::uint8_t* from, std::size_t size);

@@ -1,5 +1,6 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/kelutv/text/Words.h"
 
 #include <memory>
@@ -37,7 +38,7 @@ Json wireDocument(const CallResult& call) {
 }
 
 void run(const Options& options, const Output& output) {
-    const Function& function = functionNamed(options.function);
+    const wire::Function& function = functionNamed(options.function);
     const CallResult call = tryFunction(function, options.arguments);
     Json document = documentOf(function, call);
     if (options.wire) {

@@ -1,7 +1,8 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/decoding/Decoding.h"
-#include "tools/kelutv/text/Nearest.h"
 #include "tools/kelutv/text/Words.h"
+
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -40,10 +41,10 @@ Bytes requestBytes(const DecodeOptions& options) {
 }
 
 std::vector<std::string> senderNames(const wire::Request& request) {
-    const std::vector<const Function*> functions = sendersOf(request);
+    const std::vector<const wire::Function*> functions = sendersOf(request);
     std::vector<std::string> names;
     std::transform(functions.begin(), functions.end(), std::back_inserter(names),
-                   [](const Function* function) { return function->name; });
+                   [](const wire::Function* function) { return function->name; });
     return names;
 }
 
@@ -65,7 +66,7 @@ const wire::Command& commandNamed(const std::string& text) {
         }
         names.emplace_back(command.name);
     }
-    throw UsageError("--command: no command " + text + nearestHint(text, names));
+    throw UsageError("--command: no command " + text + wire::nearestHint(text, names));
 }
 
 /** The arguments that a reply needs to be read: the item of an item command. */
@@ -83,7 +84,7 @@ wire::Arguments itemArguments(const wire::Command& command, const std::string& t
         }
         names.emplace_back(name.name);
     }
-    throw UsageError("--item: no item " + text + nearestHint(text, names));
+    throw UsageError("--item: no item " + text + wire::nearestHint(text, names));
 }
 
 /** What `--command` and `--item` say of the request. */

@@ -1,6 +1,12 @@
-#include "tools/kelutv/Function.h"
+#include "tools/kelutv/calls/Scalars.h"
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/text/AllowedValues.h"
+#include "tools/kelutv/text/Effects.h"
+#include "tools/kelutv/text/FunctionNamed.h"
+#include "tools/kelutv/text/Ranges.h"
 #include "tools/kelutv/text/Words.h"
+
+#include "wire/text/Names.h"
 
 #include <cstdio>
 #include <memory>
@@ -15,70 +21,89 @@ std::string hexadecimal(std::int32_t number) {
     return text;
 }
 
-const char* wordFor(Direction direction) {
+const char* wordFor(wire::Direction direction) {
     switch (direction) {
-    case Direction::Out:
+    case wire::Direction::Out:
         return "out";
-    case Direction::InOut:
+    case wire::Direction::InOut:
         return "in and out";
-    case Direction::Length:
+    case wire::Direction::Length:
         return "in, may be left out";
-    case Direction::In:
+    case wire::Direction::In:
         break;
     }
     return "in";
 }
 
 /** What may be written for a parameter, or what it shows. */
-std::string formOf(const Parameter& parameter) {
+std::string formOf(const wire::Parameter& parameter) {
     switch (parameter.values.kind) {
-    case Kind::Text:
+    case wire::ValueKind::Text:
         return "text";
-    case Kind::Record: {
+    case wire::ValueKind::Record: {
         std::vector<std::string> fields;
-        for (const Field& field : parameter.values.record->fields) {
+        for (const wire::Field& field : parameter.values.record->fields) {
             fields.emplace_back(field.name);
         }
         return "record of " + joined(fields, ", ");
     }
-    case Kind::Array: {
+    case wire::ValueKind::Array: {
         const std::string length = parameter.length;
         const std::string entry =
             parameter.values.record != nullptr ? "records" : "each " + allowedText(parameter.values);
         return "list" + (length.empty() ? "" : " of " + length) + ", " + entry;
     }
-    case Kind::List:
+    case wire::ValueKind::List:
         return "list";
-    case Kind::Callback:
+    case wire::ValueKind::Callback:
         return "print or null";
     default:
         return allowedText(parameter.values);
     }
 }
 
-Json namesOf(const Enumeration& enumeration) {
+Json valuesOf(const wire::Enumeration& enumeration) {
     Json names = Json::object();
-    for (const Enumerator& each : enumeration.values) {
-        names[each.name] = each.value;
+    for (const wire::Enumerator& each : enumeration.values) {
+        if (!each.isEndMarker) {
+            names[each.name] = each.value;
+        }
     }
     return names;
 }
 
-Json documentOf(const Parameter& parameter, const char* meaning) {
-    Json document{
-        {"name", parameter.name}, {"type", parameter.type},    {"direction", wordFor(parameter.direction)},
-        {"meaning", meaning},     {"form", formOf(parameter)}, {"null", parameter.pointer && parameter.allowsNull}};
-    if (parameter.values.names != nullptr) {
-        document["enumeration"] = parameter.values.names->name;
-        document["values"] = namesOf(*parameter.values.names);
+Json documentOf(const wire::Field& field) {
+    Json document{{"name", field.name}};
+    if (field.names != nullptr) {
+        document["enumeration"] = field.names->name;
     }
-    if (parameter.values.bounded) {
-        document["range"] = Json::array({parameter.values.low, parameter.values.high});
+    if (const wire::Range* const range = rangeOf(typeOf(field), wire::Direction::In)) {
+        addRange(document, *range);
     }
     return document;
 }
 
-Json documentOf(const Request& request) {
+Json documentOf(const wire::Parameter& parameter, const char* meaning) {
+    Json document{
+        {"name", parameter.name}, {"type", parameter.type},    {"direction", wordFor(parameter.direction)},
+        {"meaning", meaning},     {"form", formOf(parameter)}, {"null", parameter.isPointer && parameter.allowsNull}};
+    if (parameter.values.names != nullptr) {
+        document["enumeration"] = parameter.values.names->name;
+        document["values"] = valuesOf(*parameter.values.names);
+    }
+    if (const wire::Range* const range = rangeOf(parameter.values, parameter.direction)) {
+        addRange(document, *range);
+    }
+    if (parameter.values.record != nullptr) {
+        document["fields"] = Json::array();
+        for (const wire::Field& field : parameter.values.record->fields) {
+            document["fields"].add(documentOf(field));
+        }
+    }
+    return document;
+}
+
+Json documentOf(const wire::SentRequest& request) {
     Json document{{"command", request.command}, {"number", request.commandValue}};
     if (request.item != nullptr) {
         document["item"] = request.item;
@@ -89,8 +114,8 @@ Json documentOf(const Request& request) {
     return document;
 }
 
-Json documentOf(const Function& function) {
-    const FunctionTexts& texts = *function.texts;
+Json documentOf(const wire::Function& function) {
+    const wire::FunctionTexts& texts = *function.texts;
     Json document{{"function", function.name},       {"short", function.shortName}, {"module", function.module},
                   {"signature", function.signature}, {"brief", texts.brief},        {"details", texts.details},
                   {"returns", texts.returns},        {"parameters", Json::array()}, {"calls", function.calls},
@@ -98,13 +123,18 @@ Json documentOf(const Function& function) {
     for (std::size_t i = 0; i < function.parameters.size(); ++i) {
         document["parameters"].add(documentOf(function.parameters[i], texts.parameters[i]));
     }
-    for (const Request& request : function.requests) {
+    for (const wire::SentRequest& request : function.requests) {
         document["requests"].add(documentOf(request));
     }
     if (function.result.names != nullptr) {
         document["resultEnumeration"] = function.result.names->name;
-        document["resultValues"] = namesOf(*function.result.names);
+        document["resultValues"] = valuesOf(*function.result.names);
     }
+    if (const wire::Range* const range = rangeOf(function.result, wire::Direction::Out)) {
+        document["result"] = Json::object();
+        addRange(document["result"], *range);
+    }
+    document["effect"] = effectDocument(function.effect);
     document["nullRule"] = texts.nullRule;
     document["note"] = texts.note;
     return document;
@@ -112,7 +142,7 @@ Json documentOf(const Function& function) {
 
 class Description {
 public:
-    Description(const Output& output, const Function& function)
+    Description(const Output& output, const wire::Function& function)
         : mOutput(output), mFunction(function), mTexts(*function.texts) {}
 
     void print() const {
@@ -126,6 +156,10 @@ public:
         if (mFunction.result.names != nullptr) {
             printNames(*mFunction.result.names);
         }
+        if (const wire::Range* const range = rangeOf(mFunction.result, wire::Direction::Out)) {
+            printForm(allowedText(mFunction.result), range);
+        }
+        paragraph("Effect", effectText(mFunction.effect));
         paragraph("Calls", mFunction.calls);
         printRequests();
         paragraph("Null", mTexts.nullRule);
@@ -139,20 +173,39 @@ private:
         }
     }
 
-    void printNames(const Enumeration& enumeration) const {
-        for (const Enumerator& each : enumeration.values) {
-            mOutput.line("    " + std::to_string(each.value) + ' ' +
-                         mOutput.styled(Style::Value, shortNameOf(enumeration, each)) + ' ' + each.name);
+    void printNames(const wire::Enumeration& enumeration) const {
+        for (const wire::Enumerator& each : enumeration.values) {
+            if (!each.isEndMarker) {
+                const std::string name = wire::namesOf(enumeration).shortNameOf(each.value);
+                mOutput.line("    " + std::to_string(each.value) + ' ' + mOutput.styled(Style::Value, name) + ' ' +
+                             each.name);
+            }
         }
     }
 
-    void printParameter(const Parameter& parameter, const std::string& meaning) const {
+    /** One line of what is allowed, and what is known of it. */
+    void printForm(const std::string& form, const wire::Range* range) const {
+        mOutput.line("    " + form + (range != nullptr ? "; " + rangeText(*range) : ""));
+    }
+
+    void printFields(const wire::Record& record) const {
+        for (const wire::Field& field : record.fields) {
+            if (field.range != nullptr) {
+                printForm(std::string(field.name) + ": " + allowedText(typeOf(field)), field.range);
+            }
+        }
+    }
+
+    void printParameter(const wire::Parameter& parameter, const std::string& meaning) const {
         paragraph(std::string("Parameter ") + parameter.name,
                   std::string(parameter.type) + ", " + wordFor(parameter.direction) + ". " + meaning);
         if (parameter.values.names != nullptr) {
             printNames(*parameter.values.names);
         } else {
-            mOutput.line("    " + formOf(parameter));
+            printForm(formOf(parameter), rangeOf(parameter.values, parameter.direction));
+        }
+        if (parameter.values.record != nullptr) {
+            printFields(*parameter.values.record);
         }
     }
 
@@ -160,7 +213,7 @@ private:
         if (mFunction.requests.size() == 0) {
             paragraph("Sends", "nothing");
         }
-        for (const Request& request : mFunction.requests) {
+        for (const wire::SentRequest& request : mFunction.requests) {
             const std::string item = request.item == nullptr ? ""
                                                              : std::string(", item ") + request.item + ' ' +
                                                                    std::to_string(request.itemValue);
@@ -171,8 +224,8 @@ private:
     }
 
     const Output& mOutput;
-    const Function& mFunction;
-    const FunctionTexts& mTexts;
+    const wire::Function& mFunction;
+    const wire::FunctionTexts& mTexts;
 };
 
 } // namespace
@@ -186,7 +239,7 @@ void addDescribeCommand(const Command& program, Context& context) {
                              "kelutv describe linux_tv_Picture_setPictureMode");
     command.required("FUNCTION", *name, "Full or short name");
     command.action([name, &context] {
-        const Function& function = functionNamed(*name);
+        const wire::Function& function = functionNamed(*name);
         Description(context.output, function).print();
         context.output.document(documentOf(function));
     });

@@ -1,6 +1,7 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/kelutv/text/Words.h"
 
 #include <memory>
@@ -17,7 +18,7 @@ struct Options {
 
 using Requests = std::vector<std::vector<std::uint8_t>>;
 
-Json documentOf(const Function& function, const Requests& requests) {
+Json documentOf(const wire::Function& function, const Requests& requests) {
     Json document{{"function", function.name}, {"requests", Json::array()}};
     for (const auto& request : requests) {
         document["requests"].add(hexOf(request));
@@ -36,7 +37,7 @@ void print(const Requests& requests, bool raw, const Output& output) {
 }
 
 void run(const Options& options, const Output& output) {
-    const Function& function = functionNamed(options.function);
+    const wire::Function& function = functionNamed(options.function);
     const Requests requests = requestsOf(function, options.arguments);
     print(requests, options.raw, output);
     if (!options.raw) {

@@ -1,7 +1,8 @@
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/commands/Commands.h"
-#include "tools/kelutv/text/Nearest.h"
 #include "tools/kelutv/text/Words.h"
+
+#include "wire/text/FunctionNames.h"
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 #include <map>
@@ -16,24 +17,21 @@ struct Options {
     bool modules = false;
 };
 
-std::vector<const Function*> chosen(const std::string& pattern) {
-    if (pattern.empty()) {
-        return allFunctions();
-    }
-    auto functions = functionsMatching(pattern);
+std::vector<const wire::Function*> chosen(const std::string& pattern) {
+    const auto functions = wire::functionsMatching(pattern);
     if (functions.empty()) {
         std::vector<std::string> names;
-        for (const Function* function : allFunctions()) {
-            names.emplace_back(function->module);
-            names.emplace_back(function->shortName);
+        for (const wire::Function& function : wire::allFunctions()) {
+            names.emplace_back(function.module);
+            names.emplace_back(function.shortName);
         }
-        throw UsageError("no module or function matches '" + pattern + '\'' + nearestHint(pattern, names));
+        throw UsageError("no module or function matches '" + pattern + '\'' + wire::nearestHint(pattern, names));
     }
     return functions;
 }
 
-void printFunctions(const Output& output, const std::vector<const Function*>& functions) {
-    for (const Function* function : functions) {
+void printFunctions(const Output& output, const std::vector<const wire::Function*>& functions) {
+    for (const wire::Function* function : functions) {
         output.line(output.styled(Style::Name, function->shortName) + "  " +
                     output.styled(Style::Dim, function->texts->brief));
         output.document({{"function", function->name},
@@ -43,9 +41,9 @@ void printFunctions(const Output& output, const std::vector<const Function*>& fu
     }
 }
 
-void printModules(const Output& output, const std::vector<const Function*>& functions) {
+void printModules(const Output& output, const std::vector<const wire::Function*>& functions) {
     std::map<std::string, int> counts;
-    for (const Function* function : functions) {
+    for (const wire::Function* function : functions) {
         ++counts[function->module];
     }
     for (const auto& [module, count] : counts) {

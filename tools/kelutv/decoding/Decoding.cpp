@@ -62,7 +62,7 @@ void addFlaw(Json& document, const std::optional<wire::ReplyFlaw>& flaw) {
 }
 
 /** A function that takes any item has none of its own. */
-bool isSameItem(const Request& row, const wire::Request& request) {
+bool isSameItem(const wire::SentRequest& row, const wire::Request& request) {
     return row.commandValue == request.command->value &&
            (row.item == nullptr || !request.command->hasItems || request.arguments.empty() ||
             row.itemValue == std::get<std::int32_t>(request.arguments.front().front()));
@@ -143,15 +143,15 @@ std::string itemNameOf(const wire::Request& request) {
     return wire::nameOfValue(number, wire::itemsOf(request)[0].names);
 }
 
-std::vector<const Function*> sendersOf(const wire::Request& request) {
+std::vector<const wire::Function*> sendersOf(const wire::Request& request) {
     if (request.command == nullptr) {
         return {};
     }
-    std::vector<const Function*> senders;
-    for (const Function* const function : functionsSending(request.command->value)) {
-        const Rows<Request>& sent = function->requests;
+    std::vector<const wire::Function*> senders;
+    for (const wire::Function* const function : wire::functionsSending(request.command->value)) {
+        const wire::Rows<wire::SentRequest>& sent = function->requests;
         if (std::any_of(sent.begin(), sent.end(),
-                        [&request](const Request& row) { return isSameItem(row, request); })) {
+                        [&request](const wire::SentRequest& row) { return isSameItem(row, request); })) {
             senders.push_back(function);
         }
     }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/output/Output.h"
 #include "tools/kelutv/text/HexInput.h"
+#include "wire/Function.h"
 #include "wire/codec/ReplyReader.h"
 #include "wire/codec/Request.h"
 
@@ -45,7 +45,7 @@ std::vector<NamedValue> fieldsOf(const wire::Operation& operation, const wire::R
 std::string itemNameOf(const wire::Request& request);
 
 /** The functions that send such a request: any item, or its item. */
-std::vector<const Function*> sendersOf(const wire::Request& request);
+std::vector<const wire::Function*> sendersOf(const wire::Request& request);
 
 /** `channel = 0 KELU_TV_AUDIO_CHANNEL_SPEAKER`. */
 std::string lineOf(const NamedValue& value);

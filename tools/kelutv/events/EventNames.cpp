@@ -1,9 +1,10 @@
 #include "tools/kelutv/events/EventNames.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/AllowedValues.h"
+
 #include "wire/events/EventFile.h"
 #include "wire/text/EnumeratorNames.h"
-#include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 
 #include <cstdlib>
@@ -56,11 +57,7 @@ std::string moduleName(std::uint32_t module) {
 std::uint32_t moduleNamed(const std::string& text) {
     const auto number = numberIn(text);
     if (!number) {
-        try {
-            return wire::moduleOf(static_cast<std::uint32_t>(wire::namesOf(wire::eventModules()).valueOf(text)));
-        } catch (const wire::UnknownName& error) {
-            throw UsageError(error.what());
-        }
+        return wire::moduleOf(static_cast<std::uint32_t>(valueNamed(wire::eventModules(), text)));
     }
     if (!wire::isEventModule(*number)) {
         throw UsageError("module " + text + " is none; a module is a multiple of 0x10000 from 0x10000 to 0x200000");

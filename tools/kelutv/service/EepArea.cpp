@@ -1,7 +1,7 @@
 #include "tools/kelutv/service/EepArea.h"
 
 #include "tools/kelutv/service/ServiceLink.h"
-#include "tools/kelutv/text/Nearest.h"
+#include "wire/text/Nearest.h"
 
 #include <kelutv/KeluEEP.h>
 #include <kelutv/SystemSetting.h>
@@ -68,7 +68,7 @@ const EepArea& eepAreaNamed(const std::string& name) {
         }
         names.emplace_back(area.name);
     }
-    throw UsageError("no area is called " + name + nearestHint(name, names) +
+    throw UsageError("no area is called " + name + wire::nearestHint(name, names) +
                      "; there are tv, network, app, bt, at, flash and eep");
 }
 

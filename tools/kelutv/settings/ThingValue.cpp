@@ -3,7 +3,10 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Silence.h"
-#include "tools/kelutv/text/Nearest.h"
+#include "tools/kelutv/text/FunctionNamed.h"
+
+#include "wire/text/Names.h"
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 #include <charconv>
@@ -16,9 +19,9 @@ namespace kelutv::tool {
 namespace {
 
 Json named(const Thing& thing, const Json& number) {
-    const Enumeration& names = enumerationOf(thing);
-    const Enumerator* const found = enumeratorOf(names, static_cast<std::int32_t>(number.asInteger()));
-    return found == nullptr ? number : Json(shortNameOf(names, *found));
+    const auto value = static_cast<std::int32_t>(number.asInteger());
+    const std::string name = wire::namesOf(enumerationOf(thing)).shortNameOf(value);
+    return name.empty() ? number : Json(name);
 }
 
 bool truthOf(const Json& value) { return value.isBoolean() ? value.asBoolean() : value.asInteger() != 0; }
@@ -30,7 +33,7 @@ CallResult callQuietly(const std::string& function, const std::vector<std::strin
 
 [[noreturn]] void refuse(const Thing& thing, const std::string& text) {
     throw UsageError(thing.name + " cannot be '" + text + "', allowed: " + allowedFor(thing) +
-                     nearestHint(text, valueNames(thing)));
+                     wire::nearestHint(text, valueNames(thing)));
 }
 
 std::optional<int> wholeNumber(const std::string& digits) {
@@ -75,12 +78,12 @@ Json flagFor(const Thing& thing, const std::string& text) {
 Json choiceFor(const Thing& thing, const std::string& text) {
     const std::vector<std::string> allowed = valueNames(thing);
     try {
-        const Enumeration& names = enumerationOf(thing);
-        const Enumerator& meant = enumeratorNamed(names, text);
-        if (std::find(allowed.begin(), allowed.end(), shortNameOf(names, meant)) != allowed.end()) {
-            return named(thing, meant.value);
+        const wire::Names& names = wire::namesOf(enumerationOf(thing));
+        const std::string meant = names.shortNameOf(names.valueOf(text));
+        if (std::find(allowed.begin(), allowed.end(), meant) != allowed.end()) {
+            return meant;
         }
-    } catch (const UsageError&) { // Told of below, in the words of the thing.
+    } catch (const wire::UnknownName&) { // Told of below, in the words of the thing.
     }
     refuse(thing, text);
 }
@@ -102,8 +105,7 @@ Json valueFor(const Thing& thing, const std::string& text) {
 
 std::string argumentFor(const Thing& thing, const Json& value) {
     if (thing.kind == ThingKind::Choice) {
-        const Enumeration& names = enumerationOf(thing);
-        return std::to_string(enumeratorNamed(names, value.asText()).value);
+        return std::to_string(wire::namesOf(enumerationOf(thing)).valueOf(value.asText()));
     }
     return value.dump();
 }

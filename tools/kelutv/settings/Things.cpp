@@ -1,8 +1,11 @@
 #include "tools/kelutv/settings/Things.h"
 
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/Nearest.h"
+#include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/kelutv/text/Words.h"
+
+#include "wire/text/Names.h"
+#include "wire/text/Nearest.h"
 
 #include <algorithm>
 
@@ -219,13 +222,6 @@ std::vector<Thing> allThings() {
     return all;
 }
 
-/** An enumerator that only marks the end of a range or of the enumeration. */
-bool isMark(const std::string& name) {
-    const std::string::size_type end = name.rfind('_');
-    const std::string last = end == std::string::npos ? name : name.substr(end + 1);
-    return last == "butt" || last == "max";
-}
-
 } // namespace
 
 const std::vector<Thing>& things() {
@@ -243,13 +239,14 @@ std::vector<std::string> thingNames(bool settable) {
     return names;
 }
 
-const Enumeration& enumerationOf(const Thing& thing) {
-    const Function& getter = functionNamed(thing.getter);
+const wire::Enumeration& enumerationOf(const Thing& thing) {
+    const wire::Function& getter = functionNamed(thing.getter);
     if (thing.output.empty()) {
         return *getter.result.names;
     }
-    const auto* const parameter = std::find_if(getter.parameters.begin(), getter.parameters.end(),
-                                               [&thing](const Parameter& each) { return thing.output == each.name; });
+    const auto* const parameter =
+        std::find_if(getter.parameters.begin(), getter.parameters.end(),
+                     [&thing](const wire::Parameter& each) { return thing.output == each.name; });
     return *parameter->values.names;
 }
 
@@ -259,7 +256,7 @@ const Thing& thingNamed(const std::string& name) {
             return thing;
         }
     }
-    throw UsageError("there is no '" + name + "' to get or set" + nearestHint(name, thingNames(false)));
+    throw UsageError("there is no '" + name + "' to get or set" + wire::nearestHint(name, thingNames(false)));
 }
 
 std::string allowedFor(const Thing& thing) {
@@ -281,12 +278,8 @@ std::vector<std::string> valueNames(const Thing& thing) {
     if (thing.kind == ThingKind::Switch) {
         return {"on", "off", "toggle"};
     }
-    std::vector<std::string> names;
-    if (thing.kind == ThingKind::Choice) {
-        names = shortNamesOf(enumerationOf(thing));
-        names.erase(std::remove_if(names.begin(), names.end(), isMark), names.end());
-    }
-    return names;
+    return thing.kind == ThingKind::Choice ? wire::namesOf(enumerationOf(thing)).shortNames()
+                                           : std::vector<std::string>();
 }
 
 } // namespace kelutv::tool

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/kelutv/Function.h"
+#include "wire/Function.h"
 
 #include <string>
 #include <vector>
@@ -58,7 +58,7 @@ std::vector<std::string> thingNames(bool settable);
 const Thing& thingNamed(const std::string& name);
 
 /** The enumeration that names the values of a choice. */
-const Enumeration& enumerationOf(const Thing& thing);
+const wire::Enumeration& enumerationOf(const Thing& thing);
 
 /** What can be written for it: `0..100, +N, -N`, `on, off, toggle`, names apart by commas; for texts nothing. */
 std::string allowedFor(const Thing& thing);

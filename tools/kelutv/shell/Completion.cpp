@@ -1,12 +1,14 @@
 #include "tools/kelutv/shell/Completion.h"
 
-#include "tools/kelutv/Function.h"
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
 #include "tools/kelutv/settings/Things.h"
 #include "tools/kelutv/shell/Files.h"
+#include "tools/kelutv/text/FunctionNamed.h"
+
+#include "wire/text/Names.h"
 
 #include <algorithm>
 #include <cctype>
@@ -77,10 +79,10 @@ void sortOut(Names& names) {
 
 Names functionNames(const std::string& begun) {
     Names names;
-    for (const Function* const function : allFunctions()) {
-        names.push_back(function->shortName);
+    for (const wire::Function& function : wire::allFunctions()) {
+        names.emplace_back(function.shortName);
         if (!begun.empty()) {
-            names.push_back(function->name);
+            names.emplace_back(function.name);
         }
     }
     sortOut(names);
@@ -89,25 +91,25 @@ Names functionNames(const std::string& begun) {
 
 Names moduleNames() {
     Names names;
-    for (const Function* const function : allFunctions()) {
-        names.push_back(function->module);
+    for (const wire::Function& function : wire::allFunctions()) {
+        names.emplace_back(function.module);
     }
     sortOut(names);
     return names;
 }
 
-Names enumeratorNames(const Enumeration& enumeration, const std::string& begun) {
-    Names names = shortNamesOf(enumeration);
-    for (const Enumerator& enumerator : enumeration.values) {
-        if (!begun.empty()) {
+Names enumeratorNames(const wire::Enumeration& enumeration, const std::string& begun) {
+    Names names = wire::namesOf(enumeration).shortNames();
+    for (const wire::Enumerator& enumerator : enumeration.values) {
+        if (!begun.empty() && !enumerator.isEndMarker) {
             names.emplace_back(enumerator.name);
         }
     }
     return names;
 }
 
-Names valuesOf(const Parameter& parameter, const std::string& begun) {
-    if (parameter.values.kind == Kind::Value && parameter.values.scalar == Scalar::Bool) {
+Names valuesOf(const wire::Parameter& parameter, const std::string& begun) {
+    if (parameter.values.kind == wire::ValueKind::Single && parameter.values.scalar == wire::ScalarType::Bool) {
         return {"false", "off", "on", "true"};
     }
     if (parameter.values.names != nullptr) {
@@ -141,12 +143,7 @@ Names commandsBelow(const Spot& spot) {
 }
 
 Names namesOf(const char* enumerationName, const std::string& begun) {
-    for (const Enumeration& enumeration : allEnumerations()) {
-        if (enumeration.name == std::string(enumerationName)) {
-            return enumeratorNames(enumeration, begun);
-        }
-    }
-    return {};
+    return enumeratorNames(*wire::findEnumeration(enumerationName), begun);
 }
 
 /** Of the events that the line says the television has. */

@@ -1,8 +1,8 @@
 #include "tools/kelutv/text/NamePattern.h"
 
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/Nearest.h"
 #include "wire/Interface.h"
+#include "wire/text/Nearest.h"
 
 #include <fnmatch.h>
 
@@ -40,7 +40,7 @@ bool NamePattern::matches(const std::string& name) const {
 void NamePattern::requireMatch(const std::string& text) const {
     const std::vector<std::string> names = allNames();
     if (std::none_of(names.begin(), names.end(), [this](const std::string& name) { return matches(name); })) {
-        throw UsageError("--filter: no command or item is called " + text + nearestHint(text, names));
+        throw UsageError("--filter: no command or item is called " + text + wire::nearestHint(text, names));
     }
 }
 

@@ -1,0 +1,28 @@
+#include "tools/kelutv/text/FunctionNamed.h"
+
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/Words.h"
+
+#include "wire/text/FunctionNames.h"
+#include "wire/text/Nearest.h"
+
+#include <vector>
+
+namespace kelutv::tool {
+
+const wire::Function& functionNamed(const std::string& name) {
+    const auto found = wire::functionsNamed(name);
+    if (found.empty()) {
+        throw UsageError("there is no function '" + name + "'" + wire::nearestHint(name, wire::functionNames()));
+    }
+    if (found.size() > 1) {
+        std::vector<std::string> names;
+        for (const wire::Function* const function : found) {
+            names.emplace_back(function->name);
+        }
+        throw UsageError("'" + name + "' is short for several functions: " + joined(names, ", "));
+    }
+    return *found.front();
+}
+
+} // namespace kelutv::tool
