@@ -134,7 +134,7 @@ FaultRule readFault(const std::string& line) {
     if (words.empty()) {
         throw std::invalid_argument("a fault begins with the command or item that it is for, or with any");
     }
-    RequestPattern pattern(words[0]);
+    wire::RequestPattern pattern(words[0]);
     ClauseReader clauses(words, 1);
     clauses.readAll();
     const bool isSingle = clauses.nth && !clauses.times;

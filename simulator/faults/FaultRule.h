@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/text/RequestPattern.h"
+#include "wire/text/RequestPattern.h"
 
 #include <sys/types.h>
 
@@ -23,7 +23,7 @@ struct Effect {
 struct FaultRule {
     /** The text it was made from, its words one space apart. */
     std::string line;
-    RequestPattern pattern;
+    wire::RequestPattern pattern;
     std::optional<pid_t> caller;
     /** The first matching request that is hit, counted from 1. */
     std::int32_t nth;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/text/RequestPattern.h"
+#include "wire/text/RequestPattern.h"
 
 #include <chrono>
 #include <functional>
@@ -26,7 +26,7 @@ struct ScenarioStep {
     /** At: since the start of the scenario. After: since the step before. On: the longest wait, if there is one. */
     std::optional<std::chrono::milliseconds> time;
     /** The request that is waited for. */
-    std::optional<RequestPattern> request;
+    std::optional<wire::RequestPattern> request;
     /** For the control channel; empty when the step only waits. */
     std::string line;
 };

@@ -102,14 +102,6 @@ Assignment assignmentOf(const std::string& text) {
     return assignment;
 }
 
-std::optional<std::int32_t> int32Of(const std::string& word) {
-    if (!isHexadecimal(word)) {
-        return numberOf<std::int32_t>(word);
-    }
-    const auto number = numberOf<std::uint32_t>(word.substr(2), 16);
-    return number ? std::optional(static_cast<std::int32_t>(*number)) : std::nullopt;
-}
-
 std::optional<std::string> bytesOf(const std::string& hex) {
     std::string digits = isHexadecimal(hex) ? hex.substr(2) : hex;
     digits.erase(std::remove(digits.begin(), digits.end(), ':'), digits.end());
@@ -125,7 +117,7 @@ std::optional<std::string> bytesOf(const std::string& hex) {
 }
 
 std::int32_t integerOf(const std::string& word, const wire::Names& names, const std::string& what) {
-    if (const auto number = int32Of(word)) {
+    if (const auto number = wire::int32Of(word)) {
         return *number;
     }
     try {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "wire/text/Names.h"
+#include "wire/text/Numbers.h"
 
 #include <cstdint>
 #include <optional>
@@ -38,8 +39,7 @@ struct Assignment {
 };
 Assignment assignmentOf(const std::string& text);
 
-/** A number in decimal or, after `0x`, in hexadecimal, that fits into 32 bits. */
-std::optional<std::int32_t> int32Of(const std::string& word);
+using wire::int32Of;
 
 /** Bytes in hexadecimal; colons and `0x` in front do not count. */
 std::optional<std::string> bytesOf(const std::string& hex);

@@ -15,7 +15,8 @@ TEST(Nearest, AreTheNamesWithFewChanges) {
     EXPECT_EQ(nearestNames("hdmi", {"atv", "hdmi1", "vga"}), Names{"hdmi1"});
     EXPECT_EQ(nearestNames("VOLUME", {"mute", "volume"}), Names{"volume"});
     EXPECT_EQ(nearestNames("voluem", {"volume"}), Names{"volume"});
-    EXPECT_EQ(nearestNames("volume", {"volumeUp", "maxVolume", "volumes"}), (Names{"volumes", "volumeUp", "maxVolume"}));
+    EXPECT_EQ(nearestNames("volume", {"volumeUp", "maxVolume", "volumes"}),
+              (Names{"volumes", "volumeUp", "maxVolume"}));
     EXPECT_EQ(nearestNames("brightness", {"mute", "volume"}), Names{});
 }
 

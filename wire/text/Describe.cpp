@@ -98,6 +98,14 @@ std::string joined(const Values& scalars, Encoding kind, const Enumeration* name
     return result;
 }
 
+std::string itemNameOf(const Request& request) {
+    if (request.command == nullptr || !request.command->hasItems || request.arguments.empty()) {
+        return "";
+    }
+    const auto number = std::get<std::int32_t>(request.arguments.front().front());
+    return nameOfValue(number, itemsOf(request)[0].names);
+}
+
 const Rows<RequestItem>& itemsOf(const Request& request) {
     return (request.operation != nullptr ? *request.operation : request.command->operation).request;
 }

@@ -19,6 +19,9 @@ std::string describe(const Values& scalars, Encoding kind, const Enumeration* na
 /** The scalars in words, apart by commas. */
 std::string joined(const Values& scalars, Encoding kind, const Enumeration* names);
 
+/** The name of the item that a request carries; empty when it carries none, or one without a name. */
+std::string itemNameOf(const Request& request);
+
 /** What the arguments of a known command are, as far as the request says. */
 const Rows<RequestItem>& itemsOf(const Request& request);
 

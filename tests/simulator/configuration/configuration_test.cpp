@@ -182,10 +182,9 @@ constexpr Bad kBad[] = {
     {"NoSource", R"({"sources": {"KELU_TV_SRC_ATV": null}})",
      ": /sourcemanager/bootSource/initial: \"KELU_TV_SRC_ATV\" is none of the television's sources"},
     {"SourceName", R"({"sources": {"KELU_TV_SRC_HDM1": {}}})",
-     ": /sources/KELU_TV_SRC_HDM1: 'KELU_TV_SRC_HDM1' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, cvbs_max, "
-     "vga, ypbpr1, "
-     "ypbpr2, ypbpr_max, hdmi1, hdmi2, hdmi3, hdmi4, hdmi_max, media, media1, media2, media_max, scart1, scart2, "
-     "scart_max, auto; nearest: KELU_TV_SRC_HDMI1, KELU_TV_SRC_HDMI2, KELU_TV_SRC_HDMI3, KELU_TV_SRC_HDMI4, "
+     ": /sources/KELU_TV_SRC_HDM1: 'KELU_TV_SRC_HDM1' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, vga, ypbpr1, "
+     "ypbpr2, hdmi1, hdmi2, hdmi3, hdmi4, media, media1, media2, scart1, scart2, auto; nearest: KELU_TV_SRC_HDMI1, "
+     "KELU_TV_SRC_HDMI2, KELU_TV_SRC_HDMI3, KELU_TV_SRC_HDMI4, "
      "KELU_TV_SRC_DIG1"},
     {"SourceTwice", R"({"sources": {"KELU_TV_SRC_MEDIA": {}}})",
      ": /sources/KELU_TV_SRC_MEDIA1: KELU_TV_SRC_MEDIA1 and KELU_TV_SRC_MEDIA are the same source"},

@@ -326,7 +326,7 @@ TEST(ControlComplaintsOfNames, ListWhatIsAllowed) {
     EXPECT_EQ(complaint("plug hdmi5").rfind("source: 'hdmi5' is not one of atv, ", 0), 0U);
     EXPECT_EQ(complaint("signal hdmi1 1080p6").rfind("'1080p6' is no signal; nearest: 1080p60, ", 0), 0U);
     EXPECT_EQ(complaint("key volum_up").rfind("key code: 'volum_up' is not one of ", 0), 0U);
-    EXPECT_EQ(complaint("event volumx+1").rfind("'volumx' is no event or module; nearest: ", 0), 0U);
+    EXPECT_EQ(complaint("event volumx+1").rfind("event or module: 'volumx' is not one of ", 0), 0U);
     EXPECT_EQ(complaint("event volumChanged").rfind("'volumChanged' is no event or module; nearest: volumeChanged", 0),
               0U);
 }

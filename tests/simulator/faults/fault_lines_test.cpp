@@ -62,9 +62,9 @@ TEST(FaultLines, ThatMakeNoSenseAreRefused) {
         {"", "a fault begins with the command or item that it is for, or with any"},
         {"any", "the fault does not say what goes wrong: " + effects},
         {"any nth 3", "the fault does not say what goes wrong: " + effects},
-        {"CMD_AUDIO_SETVOLUM error -5",
-         "there is no command or item 'CMD_AUDIO_SETVOLUM'; nearest: CMD_AUDIO_SETVOLUME, CMD_AUDIO_GETVOLUME, "
-         "CMD_AUDIO_SETVOLUME_C, CMD_AUDIO_SETAVSYNC, CMD_AUDIO_SETMUTE"},
+        {"CMD_AUDIO_SETVOLUNE error -5",
+         "there is no command or item 'CMD_AUDIO_SETVOLUNE'; nearest: CMD_AUDIO_SETVOLUME, CMD_AUDIO_GETVOLUME, "
+         "CMD_AUDIO_SETVOLUME_C, CMD_AUDIO_SETMUTE, CMD_AUDIO_GETMUTE"},
         {"CMD_NOTHING_* error -5", "there is no command or item 'CMD_NOTHING_*'"},
         {"0x99999 error -5", "there is no command 0x99999"},
         {"any eror -5", "a fault knows no 'eror'; nearest: error; it takes from PID, nth N, once, times N and "

@@ -48,11 +48,12 @@ TEST_F(FaultOptions, MayBeGivenAgain) {
 }
 
 TEST_F(FaultOptions, ThatMakeNoSenseAreRefused) {
-    const auto simulator = startSimulator({"--fault", "CMD_AUDIO_GETVOLUM error -5"});
+    const auto simulator = startSimulator({"--fault", "CMD_AUDIO_GETVOLUNE error -5"});
     EXPECT_EQ(simulator->exitCode(), 2);
-    EXPECT_EQ(simulator->error().text(), "kelutv-simulator: --fault: there is no command or item 'CMD_AUDIO_GETVOLUM'; "
-                                         "nearest: CMD_AUDIO_GETVOLUME, CMD_AUDIO_SETVOLUME, CMD_AUDIO_SETVOLUME_C, "
-                                         "CMD_AUDIO_GETAVSYNC, CMD_AUDIO_GETMUTE\n");
+    EXPECT_EQ(simulator->error().text(),
+              "kelutv-simulator: --fault: there is no command or item 'CMD_AUDIO_GETVOLUNE'; "
+              "nearest: CMD_AUDIO_GETVOLUME, CMD_AUDIO_SETVOLUME, CMD_AUDIO_GETMUTE, "
+              "CMD_AUDIO_SETVOLUME_C, CMD_AUDIO_GETAMPMUTE\n");
     EXPECT_EQ(simulator->output().text(), "");
 }
 

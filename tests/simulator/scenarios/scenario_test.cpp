@@ -103,7 +103,8 @@ TEST_F(ScenarioFile, IsCheckedAsAWholeBeforeItStarts) {
         {"after 2h plug 5", ":2: after takes a time from 0ms to 3600s, like 200ms or 1.5s"},
         {"after 2s", ":2: 'after' has nothing to do then"},
         {"on", ":2: on takes a command, an item or any"},
-        {"on CMD_AUDIO_GETVOLUM", ":2: there is no command or item 'CMD_AUDIO_GETVOLUM'; nearest: CMD_AUDIO_GETVOLUME"},
+        {"on CMD_AUDIO_GETVOLUNE",
+         ":2: there is no command or item 'CMD_AUDIO_GETVOLUNE'; nearest: CMD_AUDIO_GETVOLUME"},
         {"on any within 3", ":2: within takes a time from 0ms to 3600s, like 200ms or 1.5s"},
         {"after 1s explode 5", ":2: there is no control command 'explode'"},
     };

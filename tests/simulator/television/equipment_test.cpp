@@ -283,10 +283,10 @@ constexpr BadState kBadStates[] = {
     {"StateTwice", "[35]}", "[35]}, {\"state\": \"audio.volume\", \"key\": [0], \"value\": [3]}",
      "state.json: /settings/1: audio.volume stands twice with this key"},
     {"UnknownSource", "KELU_TV_SRC_HDMI1", "KELU_TV_SRC_HDMI9",
-     "state.json: /sources/0/source: 'KELU_TV_SRC_HDMI9' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, cvbs_max, "
-     "vga, ypbpr1, "
-     "ypbpr2, ypbpr_max, hdmi1, hdmi2, hdmi3, hdmi4, hdmi_max, media, media1, media2, media_max, scart1, scart2, "
-     "scart_max, auto; nearest: KELU_TV_SRC_HDMI1, KELU_TV_SRC_HDMI2, KELU_TV_SRC_HDMI3, KELU_TV_SRC_HDMI4, "
+     "state.json: /sources/0/source: 'KELU_TV_SRC_HDMI9' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, vga, "
+     "ypbpr1, "
+     "ypbpr2, hdmi1, hdmi2, hdmi3, hdmi4, media, media1, media2, scart1, scart2, auto; nearest: KELU_TV_SRC_HDMI1, "
+     "KELU_TV_SRC_HDMI2, KELU_TV_SRC_HDMI3, KELU_TV_SRC_HDMI4, "
      "KELU_TV_SRC_DIG1"},
     {"SourceTheSetLacks", "KELU_TV_SRC_HDMI1", "KELU_TV_SRC_SCART1",
      "state.json: /sources/0/source: the television has no source \"KELU_TV_SRC_SCART1\""},

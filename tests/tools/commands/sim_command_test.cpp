@@ -118,10 +118,12 @@ TEST_F(SimCommand, GivesJsonADocumentALine) {
                                                   "\"# audio.volume of any other key: 20\"]}\n");
     const ToolRun run = runTool({"--json", "sim", "get", "audio.volum"});
     EXPECT_EQ(run.exit, 1);
-    EXPECT_EQ(run.output,
-              "{\"ok\":false,\"lines\":[\"there is no state 'audio.volum'; the nearest is audio.volume; show "
-              "lists them\"]}\n");
-    EXPECT_EQ(run.error, "kelutv: there is no state 'audio.volum'; the nearest is audio.volume; show lists them\n");
+    EXPECT_EQ(
+        run.output,
+        "{\"ok\":false,\"lines\":[\"there is no state 'audio.volum'; nearest: audio.volume, audio.volumeToReg; show "
+        "lists them\"]}\n");
+    EXPECT_EQ(run.error,
+              "kelutv: there is no state 'audio.volum'; nearest: audio.volume, audio.volumeToReg; show lists them\n");
 }
 
 TEST_F(SimCommand, RefusesALineThatIsNone) {

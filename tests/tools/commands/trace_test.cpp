@@ -173,6 +173,10 @@ TEST(Trace, tellsOnlyOfWhatIsWanted) {
     };
     EXPECT_EQ(volumes({"--filter", "cmd_audio_set*"}), 3U);
     EXPECT_EQ(volumes({"--filter", "GETVOLUME"}), 0U);
+    EXPECT_EQ(volumes({"--filter", "CMD_AUDIO_SETVOLUME"}), 3U);
+    EXPECT_EQ(volumes({"--filter", "0x2008"}), 3U);
+    EXPECT_EQ(volumes({"--filter", "0x2009"}), 0U);
+    EXPECT_EQ(volumes({"--filter", "any"}), 3U);
     EXPECT_EQ(volumes({"-f", "GETVOLUME", "-f", "SETVOLUME"}), 3U);
     EXPECT_EQ(volumes({"--count", "2"}), 2U);
 }

@@ -3,6 +3,7 @@
 #include "tools/kelutv/text/Words.h"
 
 #include "wire/text/Nearest.h"
+#include "wire/text/Numbers.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -48,14 +49,8 @@ std::vector<std::string> senderNames(const wire::Request& request) {
     return names;
 }
 
-std::optional<std::int32_t> numberOf(const std::string& text) {
-    char* end = nullptr;
-    const long number = std::strtol(text.c_str(), &end, 0);
-    return !text.empty() && *end == '\0' ? std::optional(static_cast<std::int32_t>(number)) : std::nullopt;
-}
-
 const wire::Command& commandNamed(const std::string& text) {
-    const auto number = numberOf(text);
+    const auto number = wire::int32Of(text);
     if (const wire::Command* const known = number ? wire::findCommand(*number) : nullptr) {
         return *known;
     }
@@ -74,7 +69,7 @@ wire::Arguments itemArguments(const wire::Command& command, const std::string& t
     if (!command.hasItems) {
         throw UsageError(std::string("--item: ") + command.name + " carries no items");
     }
-    if (const auto number = numberOf(text)) {
+    if (const auto number = wire::int32Of(text)) {
         return {{*number}};
     }
     std::vector<std::string> names;

@@ -63,7 +63,7 @@ void addListCommand(const Command& program, Context& context) {
                              "kelutv list audio\n"
                              "kelutv list '*Volume*'\n"
                              "kelutv list --modules");
-    command.optional("PATTERN", options->pattern, "A module, a piece of a name, or a pattern with * and ?");
+    command.optional("PATTERN", options->pattern, "A module, a name, a piece of one, or a pattern with *, ? and [...]");
     command.flag("-m,--modules", options->modules, "List the modules with the number of their functions");
     command.action([options, &context] {
         const auto functions = chosen(options->pattern);

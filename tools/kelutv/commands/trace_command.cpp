@@ -69,7 +69,7 @@ void addTraceCommand(const Command& program, Context& context) {
         "kelutv trace --filter 'CMD_AUDIO_*' --output audio.trace -- ./your-application");
     command.option("-o,--output", options->log.file, "FILE", "Write the trace to this file");
     command.option("-f,--filter", options->log.filters, "PATTERN",
-                   "Only commands and items with such a name; may be given several times");
+                   "Only requests with such a name or number; may be given several times");
     command.option("-n,--count", options->log.count, "N", "Tell of this many; the program goes on");
     command.requiredWords("PROGRAM", options->words, "The program and its arguments");
     command.action([options, &context] {

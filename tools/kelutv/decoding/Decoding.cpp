@@ -135,14 +135,6 @@ std::vector<NamedValue> fieldsOf(const wire::Operation& operation, const wire::R
     return values;
 }
 
-std::string itemNameOf(const wire::Request& request) {
-    if (request.command == nullptr || !request.command->hasItems || request.arguments.empty()) {
-        return "";
-    }
-    const auto number = std::get<std::int32_t>(request.arguments.front().front());
-    return wire::nameOfValue(number, wire::itemsOf(request)[0].names);
-}
-
 std::vector<const wire::Function*> sendersOf(const wire::Request& request) {
     if (request.command == nullptr) {
         return {};
@@ -168,7 +160,7 @@ Json documentOf(const DecodedRequest& decoded) {
     Json document;
     document["command"] = request.command != nullptr ? Json(request.command->name) : Json();
     document["number"] = request.number ? Json(*request.number) : Json();
-    if (const std::string item = itemNameOf(request); !item.empty()) {
+    if (const std::string item = wire::itemNameOf(request); !item.empty()) {
         document["item"] = item;
     }
     document["arguments"] = documentOf(argumentsOf(request));

@@ -41,9 +41,6 @@ std::vector<NamedValue> argumentsOf(const wire::Request& request);
 /** What stands behind the result word. */
 std::vector<NamedValue> fieldsOf(const wire::Operation& operation, const wire::Reply& reply);
 
-/** The name of the item that a request of an item command carries; null when there is none. */
-std::string itemNameOf(const wire::Request& request);
-
 /** The functions that send such a request: any item, or its item. */
 std::vector<const wire::Function*> sendersOf(const wire::Request& request);
 

@@ -2,7 +2,10 @@
 
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Errors.h"
+
 #include "wire/text/Describe.h"
+#include "wire/text/Names.h"
+#include "wire/text/Nearest.h"
 
 #include <utils/Errors.h>
 
@@ -54,15 +57,17 @@ Json traceDocument(const TracedTransaction& transaction, const DecodedRequest& d
     return document;
 }
 
-std::vector<std::string> namesOf(const wire::Request& request) {
-    std::vector<std::string> names;
-    if (request.command != nullptr) {
-        names.push_back(request.command->name);
+std::vector<wire::RequestPattern> patternsOf(const std::vector<std::string>& filters) {
+    std::vector<wire::RequestPattern> patterns;
+    for (const std::string& filter : filters) {
+        try {
+            patterns.emplace_back(filter);
+        } catch (const wire::UnknownName&) {
+            throw UsageError("--filter: no command or item is called " + filter +
+                             wire::nearestHint(filter, wire::RequestPattern::names()));
+        }
     }
-    if (const std::string item = itemNameOf(request); !item.empty()) {
-        names.push_back(item);
-    }
-    return names;
+    return patterns;
 }
 
 int closeUnlessShared(std::FILE* file) { return file != stderr ? std::fclose(file) : 0; }
@@ -78,14 +83,14 @@ std::FILE* open(const std::string& path) {
 } // namespace
 
 TraceLog::TraceLog(const Options& options)
-    : mFile(nullptr, closeUnlessShared), mPath(options.file), mFilters(options.filters.begin(), options.filters.end()),
+    : mFile(nullptr, closeUnlessShared), mPath(options.file), mFilters(patternsOf(options.filters)),
       mLeft(options.count), mLimited(options.count != 0), mJson(options.json) {
     mFile.reset(open(options.file));
 }
 
 void TraceLog::write(const TracedTransaction& transaction) {
     const DecodedRequest decoded = decodeRequest(transaction.request);
-    if (!isWanted(namesOf(decoded.request)) || (mLimited && mLeft == 0)) {
+    if (!isWanted(decoded.request) || (mLimited && mLeft == 0)) {
         return;
     }
     mLeft -= mLimited ? 1 : 0;
@@ -101,11 +106,10 @@ void TraceLog::finish() {
     }
 }
 
-bool TraceLog::isWanted(const std::vector<std::string>& names) const {
-    return mFilters.empty() || std::any_of(mFilters.begin(), mFilters.end(), [&names](const NamePattern& filter) {
-               return std::any_of(names.begin(), names.end(),
-                                  [&filter](const std::string& name) { return filter.matches(name); });
-           });
+bool TraceLog::isWanted(const wire::Request& request) const {
+    return mFilters.empty() ||
+           std::any_of(mFilters.begin(), mFilters.end(),
+                       [&request](const wire::RequestPattern& filter) { return filter.matches(request); });
 }
 
 } // namespace kelutv::tool

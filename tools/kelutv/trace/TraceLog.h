@@ -1,7 +1,8 @@
 #pragma once
 
-#include "tools/kelutv/text/NamePattern.h"
 #include "tools/kelutv/trace/TracePipe.h"
+
+#include "wire/text/RequestPattern.h"
 
 #include <cstddef>
 #include <cstdio>
@@ -32,11 +33,11 @@ public:
     void finish();
 
 private:
-    bool isWanted(const std::vector<std::string>& names) const;
+    bool isWanted(const wire::Request& request) const;
 
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> mFile;
     std::string mPath;
-    std::vector<NamePattern> mFilters;
+    std::vector<wire::RequestPattern> mFilters;
     std::size_t mLeft;
     bool mLimited;
     bool mJson;
