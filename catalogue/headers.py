@@ -11,7 +11,7 @@ import re
 from dataclasses import dataclass, field
 from pathlib import Path
 
-from tables import RowError
+from tables import Place, RowError
 
 
 @dataclass(frozen=True)
@@ -65,6 +65,7 @@ class Field:
 class Record:
     name: str
     fields: tuple[Field, ...]
+    place: Place
 
 
 @dataclass
@@ -128,7 +129,8 @@ def parse_signature(text: str) -> Signature:
 
 
 def _without_comments(text: str) -> str:
-    text = re.sub(r"/\*.*?\*/", " ", text, flags=re.S)
+    """The code, each line where it was."""
+    text = re.sub(r"/\*.*?\*/", lambda comment: " " + "\n" * comment[0].count("\n"), text, flags=re.S)
     return re.sub(r"//[^\n]*", " ", text)
 
 
@@ -148,11 +150,11 @@ def _field(text: str) -> Field:
     return Field(canonical_type(match[1]), match[2], math.prod(counts) if counts else None)
 
 
-def _records(text: str) -> list[Record]:
+def _records(text: str, path: Path) -> list[Record]:
     found = []
     for match in re.finditer(r"typedef\s+struct\s+\w+\s*\{(.*?)\}\s*(\w+)\s*;", text, re.S):
         fields = tuple(_field(part) for part in match[1].split(";") if part.strip())
-        found.append(Record(match[2], fields))
+        found.append(Record(match[2], fields, Place(path, text.count("\n", 0, match.start()) + 1)))
     return found
 
 
@@ -202,7 +204,7 @@ def read_headers(include: Path) -> Headers:
         headers.callbacks.update(callbacks)
         headers.symbol_types.update(_symbol_types(text) | callbacks)
         headers.arrays.update({array.name: array for array in _arrays(text)})
-        headers.records.update({r.name: r for r in _records(text)})
+        headers.records.update({r.name: r for r in _records(text, path)})
         headers.functions[f"kelutv/{path.name}"] = _functions(text)
         headers.methods.update(_methods(text))
     for enumeration in headers.enumerations.values():

@@ -198,7 +198,7 @@ def _platform_record(row: Row) -> PlatformRecord:
         if not match:
             raise RowError(f"field '{text}' is not TYPE PATH with the type int, unsigned int, bool or double")
         fields.append(Field(match[1], match[2]))
-    return PlatformRecord(row["header"].strip("`"), Record(row["record"], tuple(fields)))
+    return PlatformRecord(row["header"].strip("`"), Record(row["record"], tuple(fields), row.place))
 
 
 def _one_of(column: str, text: str, allowed: list[str]) -> str:

@@ -19,6 +19,9 @@ from torch_fixture import TorchTest  # noqa: E402
 from vocabulary import Vocabulary  # noqa: E402
 
 
+VALUES = "int, unsigned int, bool, double, char, unsigned char, an enumeration, a record"
+
+
 class Generate(TorchTest):
     def setUp(self) -> None:
         super().setUp()
@@ -48,6 +51,28 @@ class Generate(TorchTest):
         self.assertEqual(code, 1)
         self.assertIn(f"{place}:{line}: value '2000' is not hexadecimal in the form 0x2008\n", errors)
         self.assertEqual(list(self.written.iterdir()), [])
+
+    def assert_refused(self, place: str, line: int, message: str) -> None:
+        self.assertEqual(self.generate(), (1, f"{self.folder / place}:{line}: {message}\n"))
+        self.assertEqual(list(self.written.iterdir()), [])
+
+    def test_says_where_a_parameter_or_a_result_has_no_form_in_memory(self) -> None:
+        self.change("int TimerOf(int* pMinutes)", "int TimerOf(float* pMinutes)", "include/kelutv/torch.h")
+        line = self.change_torch("int TimerOf(int* pMinutes)", "int TimerOf(float* pMinutes)")
+        self.assert_refused("catalogue/torch.md", line, f"a value of type float is none of: {VALUES}")
+
+    def test_says_where_a_field_has_no_form_in_memory(self) -> None:
+        lines = (self.folder / "include/kelutv/commands.h").read_text(encoding="utf-8").splitlines()
+        comment = "/* Two\nlines. */\n"
+        self.change("typedef struct Grid {", comment + "typedef struct Grid {", "include/kelutv/commands.h")
+        self.change("char names[2][3];", "char names[2][3];\n    long size;", "include/kelutv/commands.h")
+        line = lines.index("typedef struct Grid {") + 1 + comment.count("\n")
+        self.assert_refused("include/kelutv/commands.h", line, f"a value of type long is none of: {VALUES}")
+
+    def test_says_where_a_block_has_no_known_end(self) -> None:
+        line = self.change_torch("length, ints(points, length) | status", "ints(points, 3), length | status")
+        message = "points is not the last item and its length is not sent"
+        self.assert_refused("catalogue/torch.md", line, message)
 
 
 class Shapes(TorchTest):

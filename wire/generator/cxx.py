@@ -74,7 +74,7 @@ def source(
         "// Generated from the catalogue and the public headers.",
         f"{included}\n",
         f"namespace {namespace} {{\n",
-        *declared,
+        *(f"{each}\n" for each in declared),
         *unnamed,
         *shown,
         f"\n}} // namespace {namespace}\n",

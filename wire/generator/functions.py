@@ -11,9 +11,10 @@ from effects import reads_back
 from model import Catalogue, Method, Module, Operation, ValueSet, WireItem
 from parameters import ITEMS, ParameterInfo
 from program import GenerationError
+from tables import Place
 from texts import texts_declaration
 from value_sets import all_values
-from vocabulary import Vocabulary, range_row
+from vocabulary import Vocabulary, range_of
 
 EFFECTS = {"read": "Read", "set": "Set", "action": "Action", "print-only": "PrintOnly"}
 KINDS = {
@@ -99,20 +100,18 @@ class FunctionTable:
         self, kind: str, scalar: str = "Int", names: str = "nullptr", record: str = "nullptr", known: ValueSet | None = None
     ) -> str:
         """What a value may be; of the values that are `known` the range, if it is one."""
-        ranges = [range_row(known)] if known and not known.enumeration else []
-        table = self.arrays.name("Range", ranges) if ranges else "nullptr"
-        return row([f"ValueKind::{kind}", f"ScalarType::{scalar}", names, record, table])
+        return row([f"ValueKind::{kind}", f"ScalarType::{scalar}", names, record, range_of(known, self.arrays)])
 
-    def _parameter_values(self, parameter: ParameterInfo) -> str:
+    def _parameter_values(self, parameter: ParameterInfo, place: Place) -> str:
         base = pointee(parameter.type)
         record = self.vocabulary.record(base)
         kind = KINDS[parameter.kind]
         if parameter.kind not in ("value", "array") or record != "nullptr":
             return self._values(kind, record=record)
         names = self.vocabulary.names(base, parameter.values)
-        return self._values(kind, self.vocabulary.scalar(parameter.element), names, known=parameter.values)
+        return self._values(kind, self.vocabulary.scalar(parameter.element, place), names, known=parameter.values)
 
-    def _parameter(self, parameter: ParameterInfo) -> str:
+    def _parameter(self, parameter: ParameterInfo, place: Place) -> str:
         length = parameter.count or (parameter.room if parameter.room != ANSWER else None)
         cells = [
             text(parameter.name),
@@ -120,7 +119,7 @@ class FunctionTable:
             f"Direction::{DIRECTIONS[parameter.direction]}",
             boolean(parameter.type.endswith("*")),
             boolean(parameter.allows_null),
-            self._parameter_values(parameter),
+            self._parameter_values(parameter, place),
             text(length),
             boolean(parameter.led_by_length),
         ]
@@ -136,7 +135,10 @@ class FunctionTable:
             return self._values("Record", record=self.vocabulary.record(declared))
         known = all_values(operation).get("return")
         return self._values(
-            "Single", self.vocabulary.scalar(declared), self.vocabulary.names(declared, known), known=known
+            "Single",
+            self.vocabulary.scalar(declared, operation.place),
+            self.vocabulary.names(declared, known),
+            known=known,
         )
 
     def _back(self, operation: Operation) -> str | None:
@@ -176,7 +178,7 @@ class FunctionTable:
 
     def _row(self, operation: Operation, index: int) -> str:
         module = self.catalogue.module(operation.module)
-        parameters = [self._parameter(each) for each in self.catalogue.parameters[operation.name]]
+        parameters = [self._parameter(each, operation.place) for each in self.catalogue.parameters[operation.name]]
         cells = [
             text(operation.name),
             text(short_name(operation, module)),

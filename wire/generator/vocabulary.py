@@ -6,8 +6,10 @@ from collections.abc import Iterable
 
 from cells import pointee
 from cxx import Arrays, array, boolean, includes, optional, row, source, text, text_or_null
-from headers import Enumeration, Field
+from headers import Enumeration, Field, Record
 from model import Catalogue, ValueSet
+from program import GenerationError
+from tables import Place
 
 SCALARS = {
     "int": "Int",
@@ -31,10 +33,13 @@ def field_values(catalogue: Catalogue) -> dict[tuple[str, str], ValueSet]:
     return found
 
 
-def range_row(values: ValueSet) -> str:
-    """What is known of the values of a number."""
+def range_of(values: ValueSet | None, arrays: Arrays) -> str:
+    """A pointer to what is known of the values of a number."""
+    if values is None or values.enumeration:
+        return "nullptr"
     known = (values.low, values.high, values.step, values.default)
-    return row([*(optional(None if each is None else str(each)) for each in known), text_or_null(values.unit)])
+    cells = [*(optional(None if each is None else str(each)) for each in known), text_or_null(values.unit)]
+    return arrays.name("Range", [row(cells)])
 
 
 class Vocabulary:
@@ -53,8 +58,14 @@ class Vocabulary:
         known = enumeration in self.enumerations
         return f"&kEnumerations[{list(self.enumerations).index(enumeration)}]" if known else "nullptr"
 
-    def scalar(self, type_name: str) -> str:
-        return "Int" if type_name in self.headers.enumerations else SCALARS[type_name]
+    def scalar(self, type_name: str, place: Place) -> str:
+        """What a value of this type is in memory; the row at `place` has one."""
+        if type_name in self.headers.enumerations:
+            return "Int"
+        if type_name not in SCALARS:
+            known = ", ".join(name for name in SCALARS if name != "void")
+            raise GenerationError(place, f"a value of type {type_name} is none of: {known}, an enumeration, a record")
+        return SCALARS[type_name]
 
     def is_record(self, type_name: str) -> bool:
         return type_name in self.records
@@ -62,12 +73,11 @@ class Vocabulary:
     def record(self, type_name: str) -> str:
         return f"&kRecords[{self.records.index(type_name)}]" if self.is_record(type_name) else "nullptr"
 
-    def _declared_fields(self, record: str) -> tuple[Field, ...]:
-        known = self.platform[record].record if record in self.platform else self.headers.records[record]
-        return known.fields
+    def _record(self, name: str) -> Record:
+        return self.platform[name].record if name in self.platform else self.headers.records[name]
 
     def leaves(self, record: str, prefix: str = "") -> Iterable[Field]:
-        for field in self._declared_fields(record):
+        for field in self._record(record).fields:
             text_field = self.headers.arrays.get(field.type)
             nested = field.type in self.headers.records or text_field is not None
             indexes = [f"[{i}]" for i in range(field.count)] if field.count and nested else [""]
@@ -99,12 +109,11 @@ class Vocabulary:
 
     def _field(self, record: str, field: Field) -> str:
         values = self.field_values.get((record, field.name))
-        ranges = [range_row(values)] if values and not values.enumeration else []
         cells = [
             text(field.name),
-            f"ScalarType::{self.scalar(field.type)}",
+            f"ScalarType::{self.scalar(field.type, self._record(record).place)}",
             self.names(field.type, values),
-            self.arrays.name("Range", ranges) if ranges else "nullptr",
+            range_of(values, self.arrays),
             f"offsetof({record}, {field.name})",
             str(field.count or 1),
         ]
