@@ -1,5 +1,6 @@
 #include "simulator/Service.h"
 
+#include "simulator/control/Control.h"
 #include "simulator/faults/Ending.h"
 #include "simulator/faults/Spoil.h"
 #include "simulator/trace/Trace.h"
@@ -107,7 +108,7 @@ wire::Reply Service::carryOut(const wire::Request& request, const FaultRules& fa
 
 Answer Service::control(const std::string& line) {
     const std::lock_guard<std::mutex> lock(mMutex);
-    Answer answer = mTelevision.control(line);
+    Answer answer = mTelevision.operate([&line](Equipment& equipment) { return obey(equipment, line); });
     settle();
     return answer;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/control/Answer.h"
 #include "simulator/television/Television.h"
 #include "simulator/trace/Watcher.h"
 

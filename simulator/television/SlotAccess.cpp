@@ -1,7 +1,7 @@
 #include "simulator/television/SlotAccess.h"
 
+#include "simulator/television/HandlerTable.h"
 #include "simulator/television/Settings.h"
-#include "simulator/television/Special.h"
 
 #include <cstddef>
 
@@ -30,19 +30,8 @@ wire::Request requestFor(const wire::Command& command, const wire::Values& keys,
     return request;
 }
 
-/** The command that sets or reads the slot and does more, or other, than keeping it; none for most. */
-const wire::Command* specialCommand(const wire::StateSlot& slot, wire::StateRule::Access access) {
-    for (const wire::Command& command : wire::allCommands()) {
-        const wire::StateRule& rule = command.operation.rule;
-        if (rule.slot == &slot && rule.access == access && specialHandler(requestFor(command, {}, {})) != nullptr) {
-            return &command;
-        }
-    }
-    return nullptr;
-}
-
 wire::Reply performed(Equipment& equipment, const wire::Request& request) {
-    return specialHandler(request)(equipment, request);
+    return handlerOf(request)(equipment, request);
 }
 
 std::optional<wire::Refusal> refusalOf(const wire::Reply& reply) {
@@ -57,10 +46,10 @@ std::optional<wire::Refusal> setLikeRequest(Equipment& equipment, const wire::St
     if (auto refusal = objectionToKeys(equipment, slot, keys)) {
         return refusal;
     }
-    if (const wire::Command* const command = specialCommand(slot, wire::StateRule::Access::Set)) {
+    if (const wire::Command* const command = handledCommand(slot, wire::StateRule::Access::Set)) {
         return refusalOf(performed(equipment, requestFor(*command, keys, values)));
     }
-    if (specialCommand(slot, wire::StateRule::Access::Get) != nullptr) {
+    if (handledCommand(slot, wire::StateRule::Access::Get) != nullptr) {
         return wire::Refusal{wire::Result::OutOfRange,
                              std::string(slot.name) + " follows from other states and cannot be set"};
     }
@@ -71,7 +60,7 @@ Reading readLikeRequest(Equipment& equipment, const wire::StateSlot& slot, const
     if (auto refusal = objectionToKeys(equipment, slot, keys)) {
         return {refusal, {}};
     }
-    const wire::Command* const command = specialCommand(slot, wire::StateRule::Access::Get);
+    const wire::Command* const command = handledCommand(slot, wire::StateRule::Access::Get);
     if (command == nullptr) {
         return {std::nullopt, readState(equipment, slot, keys)};
     }
@@ -84,8 +73,8 @@ Reading readLikeRequest(Equipment& equipment, const wire::StateSlot& slot, const
 }
 
 bool isJustKept(const Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys) {
-    return specialCommand(slot, wire::StateRule::Access::Set) == nullptr &&
-           specialCommand(slot, wire::StateRule::Access::Get) == nullptr && !equipment.sources.workedOut(slot, keys);
+    return handledCommand(slot, wire::StateRule::Access::Set) == nullptr &&
+           handledCommand(slot, wire::StateRule::Access::Get) == nullptr && !equipment.sources.workedOut(slot, keys);
 }
 
 } // namespace kelutv::simulator

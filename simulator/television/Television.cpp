@@ -1,8 +1,7 @@
 #include "simulator/television/Television.h"
 
-#include "simulator/control/Control.h"
+#include "simulator/television/HandlerTable.h"
 #include "simulator/television/Settings.h"
-#include "simulator/television/Special.h"
 
 #include <cstdio>
 #include <stdexcept>
@@ -37,14 +36,8 @@ wire::Reply Television::perform(const wire::Request& request) {
     return reply;
 }
 
-Answer Television::control(const std::string& line) {
-    Answer answer = obey(mEquipment, line);
-    keepState();
-    return answer;
-}
-
 wire::Reply Television::carryOut(const wire::Request& request) {
-    if (const Handler handler = specialHandler(request)) {
+    if (const Handler handler = handlerOf(request)) {
         return handler(mEquipment, request);
     }
     const wire::StateRule& rule = request.operation->rule;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "simulator/control/Answer.h"
 #include "simulator/television/Equipment.h"
 #include "simulator/television/StateFile.h"
 #include "wire/codec/Reply.h"
@@ -34,8 +33,12 @@ public:
         return mEquipment.faults.meet(request, caller);
     }
 
-    /** Does what a line of the control channel says. */
-    Answer control(const std::string& line);
+    /** Does with the equipment what no request does, and gives what `action` returns. */
+    template <typename Action> auto operate(const Action& action) {
+        auto result = action(mEquipment);
+        keepState();
+        return result;
+    }
 
     /** What else happened since the last take. */
     Notices takeNotices() { return std::exchange(mEquipment.notices, {}); }

@@ -1,5 +1,6 @@
 // The screen of the simulator: what it says of the television, and how that looks.
 
+#include "simulator/control/Control.h"
 #include "simulator/screen/UiRender.h"
 #include "simulator/screen/UiView.h"
 #include "simulator/television/Television.h"
@@ -113,7 +114,7 @@ class UiViewOf : public ::testing::Test {
 protected:
     UiView after(const std::vector<std::string>& lines) {
         for (const std::string& line : lines) {
-            const Answer answer = mTelevision.control(line);
+            const Answer answer = mTelevision.operate([&line](Equipment& equipment) { return obey(equipment, line); });
             EXPECT_TRUE(answer.ok) << line << ": " << answer.text;
         }
         return viewOf(mTelevision.equipment());

@@ -1,5 +1,6 @@
 // What the commands do that are more than store and return, and the control lines, on a table of this test's own.
 
+#include "simulator/control/Control.h"
 #include "simulator/television/Television.h"
 #include "simulator/trace/Trace.h"
 #include "support/Wire.h"
@@ -102,7 +103,7 @@ constexpr unsigned int kPlays = 0x1A0002;
 constexpr unsigned int kPower = 0x80002;
 constexpr unsigned int kBlockOfTypeOne = 0x120001;
 
-class Special : public ::testing::Test {
+class Handlers : public ::testing::Test {
 protected:
     Bytes sendBytes(const Bytes& bytes) {
         android::Parcel data;
@@ -119,7 +120,9 @@ protected:
         return sendBytes(requestOf(command, arguments));
     }
 
-    std::string control(const std::string& line) { return mTelevision.control(line).text; }
+    std::string control(const std::string& line) {
+        return mTelevision.operate([&line](Equipment& equipment) { return obey(equipment, line); }).text;
+    }
 
     std::vector<Told> told() {
         std::vector<Told> all;
@@ -142,7 +145,7 @@ protected:
     std::string mTrace;
 };
 
-TEST_F(Special, EepBytesAreReadBack) {
+TEST_F(Handlers, EepBytesAreReadBack) {
     EXPECT_EQ(send(CMD_SYSTEM_SETEEPBYTE, {0xFFFF, 255}), replyOf({0}));
     EXPECT_EQ(send(CMD_SYSTEM_SETFLASHEEPBYTE, {0, 7}), replyOf({0}));
     EXPECT_EQ(send(CMD_SYSTEM_GETEEPBYTE, {0xFFFF}), replyOf({0, 255}));
@@ -151,7 +154,7 @@ TEST_F(Special, EepBytesAreReadBack) {
     EXPECT_EQ(send(CMD_SYSTEM_GETFLASHEEPBYTE, {0xFFFF}), replyOf({0, 0}));
 }
 
-TEST_F(Special, EepBlocksAreReadBack) {
+TEST_F(Handlers, EepBlocksAreReadBack) {
     EXPECT_EQ(send(CMD_SYSTEM_SETEEPMULTI, {0x8BFC, 3, 1, 2, 3}), replyOf({0}));
     EXPECT_EQ(send(CMD_SYSTEM_SETFLASHEEPMULTI, {0xFFFD, 3, 4, 128, 255}), replyOf({0}));
     EXPECT_EQ(send(CMD_SYSTEM_GETEEPMULTI, {0x8BFB, 5}), replyOf({0, 0, 1, 2, 3, 0}));
@@ -162,7 +165,7 @@ TEST_F(Special, EepBlocksAreReadBack) {
     EXPECT_EQ(send(CMD_SYSTEM_SETFLASHEEPFLUSH), replyOf({0}));
 }
 
-TEST_F(Special, EepAddressesOutOfRangeAreRefused) {
+TEST_F(Handlers, EepAddressesOutOfRangeAreRefused) {
     for (const int address : {-1, 0x10000, 0x7FFFFFFF}) {
         EXPECT_EQ(send(CMD_SYSTEM_GETEEPBYTE, {address}), replyOf({-107}));
         EXPECT_EQ(send(CMD_SYSTEM_SETFLASHEEPBYTE, {address, 1}), replyOf({-107}));
@@ -175,7 +178,7 @@ TEST_F(Special, EepAddressesOutOfRangeAreRefused) {
     EXPECT_EQ(send(CMD_SYSTEM_GETFLASHEEPBYTE, {0xFFFF}), replyOf({0, 0}));
 }
 
-TEST_F(Special, EepValuesThatAreNoBytesAreRefused) {
+TEST_F(Handlers, EepValuesThatAreNoBytesAreRefused) {
     EXPECT_EQ(send(CMD_SYSTEM_SETEEPBYTE, {5, 256}), replyOf({-107}));
     EXPECT_EQ(send(CMD_SYSTEM_SETEEPBYTE, {5, -1}), replyOf({-107}));
     EXPECT_EQ(send(CMD_SYSTEM_SETFLASHEEPMULTI, {5, 2, 1, 300}), replyOf({-107}));
@@ -184,7 +187,7 @@ TEST_F(Special, EepValuesThatAreNoBytesAreRefused) {
     EXPECT_EQ(send(CMD_SYSTEM_GETEEPBYTE, {5}), replyOf({0, 0}));
 }
 
-TEST_F(Special, RebootLosesWhatWasNotFlushed) {
+TEST_F(Handlers, RebootLosesWhatWasNotFlushed) {
     send(CMD_SYSTEM_SETFLASHEEPBYTE, {1, 11});
     send(CMD_SYSTEM_SETFLASHEEPFLUSH);
     send(CMD_SYSTEM_SETFLASHEEPBYTE, {1, 12});
@@ -196,7 +199,7 @@ TEST_F(Special, RebootLosesWhatWasNotFlushed) {
     EXPECT_EQ(send(CMD_SYSTEM_GETLASTPOWEROFFMODE), replyOf({0, 5}));
 }
 
-TEST_F(Special, PowerStatesAreToldOfOnce) {
+TEST_F(Handlers, PowerStatesAreToldOfOnce) {
     EXPECT_EQ(send(CMD_SYSTEM_GETLASTPOWEROFFMODE), replyOf({0, 0}));
     const std::pair<int, int> suspends[] = {{CMD_SYSTEM_SUSPEND, 1},
                                             {CMD_SYSTEM_SET_ENTER_STR_SUSPEND, 2},
@@ -213,7 +216,7 @@ TEST_F(Special, PowerStatesAreToldOfOnce) {
     }
 }
 
-TEST_F(Special, EveryResumeWakesUp) {
+TEST_F(Handlers, EveryResumeWakesUp) {
     for (const int command : {CMD_SYSTEM_SET_STR_RESUME, CMD_SYSTEM_SET_SHALLOW_RESUME}) {
         send(CMD_SYSTEM_SUSPEND);
         told();
@@ -222,7 +225,7 @@ TEST_F(Special, EveryResumeWakesUp) {
     }
 }
 
-TEST_F(Special, CecDevicesPluggedInAreListed) {
+TEST_F(Handlers, CecDevicesPluggedInAreListed) {
     const Wire disc = Wire::reply().i32(0).i32(4).i32(0).cstr("Disc player").cstr("1.0.0.0").cstr("HDMI1 Disc player");
     EXPECT_EQ(control("unplug 5"), "");
     EXPECT_EQ(hex(send(CMD_CEC_GETDEVICELISTALLINFO)), hex(disc.bytes()));
@@ -236,7 +239,7 @@ TEST_F(Special, CecDevicesPluggedInAreListed) {
     EXPECT_EQ(send(CMD_CEC_GETDEVICELISTALLINFO), replyOf({0}));
 }
 
-TEST_F(Special, PluggingIsToldOfOnce) {
+TEST_F(Handlers, PluggingIsToldOfOnce) {
     EXPECT_EQ(control("plug 8"), "");
     EXPECT_EQ(control("plug 8"), "");
     EXPECT_EQ(control("unplug 8"), "");
@@ -244,7 +247,7 @@ TEST_F(Special, PluggingIsToldOfOnce) {
     EXPECT_EQ(told(), (std::vector<Told>{{kPlugged, {8, 1, 1}}, {kPlugged, {8, 1, 0}}}));
 }
 
-TEST_F(Special, ASelectedCecDevicePlaysUntilItIsUnplugged) {
+TEST_F(Handlers, ASelectedCecDevicePlaysUntilItIsUnplugged) {
     EXPECT_EQ(send(CMD_CEC_GET_PLAYING_DEVICE_LOGADDR), replyOf({0, 0}));
     EXPECT_EQ(send(CMD_CEC_ACTIVATE_CEC_DEVICE, {4}), replyOf({0, 0}));
     EXPECT_EQ(send(CMD_CEC_ACTIVATE_CEC_DEVICE, {4}), replyOf({0, 0}));
@@ -261,7 +264,7 @@ TEST_F(Special, ASelectedCecDevicePlaysUntilItIsUnplugged) {
     EXPECT_EQ(told(), (std::vector<Told>{{kPlays, {5}}, {kPlays, {0}}}));
 }
 
-TEST_F(Special, ArcIsActiveWhileAnAudioSystemHangsOnItsPort) {
+TEST_F(Handlers, ArcIsActiveWhileAnAudioSystemHangsOnItsPort) {
     EXPECT_EQ(send(CMD_CEC_GETARCSUPPORTED), replyOf({0, 1}));
     EXPECT_EQ(send(CMD_CEC_GETARCPORT), replyOf({0, 1}));
     EXPECT_EQ(send(CMD_CEC_GETARCCONNECTSTATE), replyOf({0, 1}));
@@ -271,7 +274,7 @@ TEST_F(Special, ArcIsActiveWhileAnAudioSystemHangsOnItsPort) {
     EXPECT_EQ(send(CMD_CEC_GETARCCONNECTSTATE), replyOf({0, 1}));
 }
 
-TEST_F(Special, TeletextGreetsOnceItIsAskedForInWhateverOrder) {
+TEST_F(Handlers, TeletextGreetsOnceItIsAskedForInWhateverOrder) {
     const std::vector<std::vector<int>> orders{
         {CMD_TV_TTX_INIT, CMD_TV_TTX_OPEN, CMD_TV_TTX_REGISTCALLBACK},
         {CMD_TV_TTX_REGISTCALLBACK, CMD_TV_TTX_INIT, CMD_TV_TTX_OPEN},
@@ -300,14 +303,14 @@ TEST_F(Special, TeletextGreetsOnceItIsAskedForInWhateverOrder) {
     }
 }
 
-TEST_F(Special, VbiLinesReachTheClient) {
+TEST_F(Handlers, VbiLinesReachTheClient) {
     startTeletext();
     EXPECT_EQ(control("vbi 1 0a00FF7f"), "");
     EXPECT_EQ(control("vbi 65535"), "");
     EXPECT_EQ(told(), (std::vector<Told>{{kBlockOfTypeOne, {4, 0x7fff000a}}, {0x12FFFF, {0}}}));
 }
 
-TEST_F(Special, VbiEndsWithAnyOfItsThreeConditions) {
+TEST_F(Handlers, VbiEndsWithAnyOfItsThreeConditions) {
     for (const auto& [off, on] :
          {std::pair(CMD_TV_TTX_DEINIT, CMD_TV_TTX_INIT), std::pair(CMD_TV_TTX_CLOSE, CMD_TV_TTX_OPEN),
           std::pair(CMD_TV_TTX_UNREGISTCALLBACK, CMD_TV_TTX_REGISTCALLBACK)}) {
@@ -321,7 +324,7 @@ TEST_F(Special, VbiEndsWithAnyOfItsThreeConditions) {
     }
 }
 
-TEST_F(Special, AVbiBlockFitsAnEvent) {
+TEST_F(Handlers, AVbiBlockFitsAnEvent) {
     startTeletext();
     EXPECT_EQ(control("vbi 1 " + std::string(2 * 65532, '0')), "");
     EXPECT_EQ(told().size(), 1U);
@@ -329,14 +332,14 @@ TEST_F(Special, AVbiBlockFitsAnEvent) {
     EXPECT_EQ(told().size(), 0U);
 }
 
-TEST_F(Special, ControlLinesThatSayNothingDoNothing) {
+TEST_F(Handlers, ControlLinesThatSayNothingDoNothing) {
     for (const char* const line : {"", "   \t", "# plug 8", "#plug 8"}) {
         EXPECT_EQ(control(line), "");
     }
     EXPECT_EQ(told(), std::vector<Told>{});
 }
 
-TEST_F(Special, BadControlLinesAreRefused) {
+TEST_F(Handlers, BadControlLinesAreRefused) {
     startTeletext();
     EXPECT_EQ(control("explode 3").rfind("there is no control command 'explode'; allowed: cec, ", 0), 0U);
     for (const char* const line : {"plug x", "plug 4x", "plug 99999999999"}) {
