@@ -3,7 +3,7 @@
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
 #include "simulator/files/File.h"
-#include "simulator/television/PowerNames.h"
+#include "simulator/television/Power.h"
 #include "wire/StateForm.h"
 #include "wire/events/EventTable.h"
 #include "wire/events/Payload.h"

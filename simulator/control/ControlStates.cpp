@@ -2,7 +2,7 @@
 
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
-#include "simulator/television/PowerNames.h"
+#include "simulator/television/Power.h"
 #include "simulator/television/SlotAccess.h"
 #include "wire/StateForm.h"
 #include "wire/text/Pattern.h"
@@ -105,7 +105,7 @@ Lines cecLines(Equipment& equipment, const wire::Pattern& pattern) {
 }
 
 Lines powerLines(Equipment& equipment, const wire::Pattern& pattern) {
-    return pattern.matches("power") ? Lines{"power " + wordFor(equipment.power.state())} : Lines{};
+    return pattern.matches("power") ? Lines{"power " + nameOf(equipment.power.state())} : Lines{};
 }
 
 /**

@@ -1,10 +1,10 @@
 #include "simulator/television/Power.h"
 
+#include "wire/events/EventTable.h"
 #include "wire/events/Payload.h"
+#include "wire/text/Names.h"
 
 #include <kelutv-simulator/events.h>
-
-#include <string>
 
 namespace kelutv::simulator {
 
@@ -34,6 +34,15 @@ void Power::takeOver(PowerState state, std::int32_t lastPowerOffMode, std::int32
     mState = state;
     mLastOff = lastPowerOffMode;
     mWakeupMode = wakeupMode;
+}
+
+const wire::Enumeration& powerStateNames() {
+    const wire::EventTable events(wire::simulatedEvents());
+    return *events.find(KELU_SIM_EVENT_POWER_STATE_CHANGED)->fields[0].names;
+}
+
+std::string nameOf(PowerState state) {
+    return wire::namesOf(powerStateNames()).shortNameOf(static_cast<std::int32_t>(state));
 }
 
 } // namespace kelutv::simulator

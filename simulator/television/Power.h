@@ -2,10 +2,12 @@
 
 #include "simulator/state/Revision.h"
 #include "simulator/television/Notice.h"
+#include "wire/Interface.h"
 
 #include <kelutv-simulator/events.h>
 
 #include <cstdint>
+#include <string>
 
 namespace kelutv::simulator {
 
@@ -18,6 +20,10 @@ enum class PowerState : std::int32_t {
     ShallowlySuspended = KELU_SIM_POWER_STATE_SHALLOW,
     Rebooting = KELU_SIM_POWER_STATE_REBOOTING,
 };
+
+/** What the control channel and events call the power states. */
+const wire::Enumeration& powerStateNames();
+std::string nameOf(PowerState state);
 
 /** Sleeping and waking up. Not synchronised. */
 class Power {
