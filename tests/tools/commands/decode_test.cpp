@@ -105,6 +105,7 @@ TEST(Decode, readsAReply) {
     };
     const Case cases[] = {
         {{"--command", "CMD_AUDIO_GETVOLUME", "--reply", "00000000 23000000"}, "result: 0\n  35\n"},
+        {{"--command", "audio_getvolume", "--reply", "00000000 23000000"}, "result: 0\n  35\n"},
         {{"--command", "0x2009", "--reply", "95ffffff"}, "result: -107\n"},
         {{"--command", "CMD_SOURCE_GETSOURCELIST", "--reply", "00000000 00000000 01000000"},
          "result: 0\n  0 KELU_TV_SRC_ATV, 1 KELU_TV_SRC_DIG1\n"},
@@ -197,9 +198,10 @@ TEST(Decode, refusesBadInput) {
         {{"zz"}, "'z' is not a hexadecimal digit"},
         {{"000"}, "'000' has an odd number of hexadecimal digits"},
         {{'@' + nowhere}, "cannot read '" + nowhere + "': No such file or directory"},
-        {{"--command", "CMD_AUDIO_GETVOLUM", "--reply", "00"},
-         "--command: no command CMD_AUDIO_GETVOLUM; nearest: "
-         "CMD_AUDIO_GETVOLUME"},
+        {{"--command", "CMD_AUDIO_GETVOLUM", "--reply", "00"}, "--command: 'CMD_AUDIO_GETVOLUM' is not one of "},
+        {{"--command", "0x99999", "--reply", "00"}, "--command: no command 0x99999"},
+        {{"--command", "AUDIO_COMMON_GET_ITEM_VALUE", "--item", "nothing", "--reply", "00"},
+         "--item: 'nothing' is not one of "},
         {{"--command", "CMD_AUDIO_GETVOLUME", "--item", "1", "--reply", "00"},
          "--item: CMD_AUDIO_GETVOLUME carries no items"},
         {{"--command", "CMD_AUDIO_COMMON_GET_ITEM_VALUE", "--item", "1", "--reply", "00"},

@@ -1,8 +1,8 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/decoding/Decoding.h"
+#include "tools/kelutv/text/AllowedValues.h"
 #include "tools/kelutv/text/Words.h"
 
-#include "wire/text/Nearest.h"
 #include "wire/text/Numbers.h"
 
 #include <algorithm>
@@ -49,19 +49,25 @@ std::vector<std::string> senderNames(const wire::Request& request) {
     return names;
 }
 
+/** A number, or the value that a name means. */
+std::int32_t numberOf(const char* option, const wire::Enumeration& names, const std::string& text) {
+    if (const auto number = wire::int32Of(text)) {
+        return *number;
+    }
+    try {
+        return valueNamed(names, text);
+    } catch (const UsageError& error) {
+        throw UsageError(std::string(option) + ": " + error.what());
+    }
+}
+
 const wire::Command& commandNamed(const std::string& text) {
-    const auto number = wire::int32Of(text);
-    if (const wire::Command* const known = number ? wire::findCommand(*number) : nullptr) {
-        return *known;
+    const wire::Enumeration& names = *wire::findEnumeration("ATV_CMD_ID_E");
+    const wire::Command* const command = wire::findCommand(numberOf("--command", names, text));
+    if (command == nullptr) {
+        throw UsageError("--command: no command " + text);
     }
-    std::vector<std::string> names;
-    for (const wire::Command& command : wire::allCommands()) {
-        if (text == command.name) {
-            return command;
-        }
-        names.emplace_back(command.name);
-    }
-    throw UsageError("--command: no command " + text + wire::nearestHint(text, names));
+    return *command;
 }
 
 /** The arguments that a reply needs to be read: the item of an item command. */
@@ -69,17 +75,7 @@ wire::Arguments itemArguments(const wire::Command& command, const std::string& t
     if (!command.hasItems) {
         throw UsageError(std::string("--item: ") + command.name + " carries no items");
     }
-    if (const auto number = wire::int32Of(text)) {
-        return {{*number}};
-    }
-    std::vector<std::string> names;
-    for (const wire::Enumerator& name : command.operation.request[0].names->values) {
-        if (text == name.name) {
-            return {{name.value}};
-        }
-        names.emplace_back(name.name);
-    }
-    throw UsageError("--item: no item " + text + wire::nearestHint(text, names));
+    return {{numberOf("--item", *command.operation.request[0].names, text)}};
 }
 
 /** What `--command` and `--item` say of the request. */
