@@ -71,6 +71,8 @@ TEST_F(Completion, completesInBash) {
         {"kelutv call audio.setVolume sp", "spdif|speaker"},
         {"kelutv call audio.setVolume KELU_TV_AUDIO_CHANNEL_S",
          "KELU_TV_AUDIO_CHANNEL_SOCOUTPUT|KELU_TV_AUDIO_CHANNEL_SPDIF|KELU_TV_AUDIO_CHANNEL_SPEAKER"},
+        {"kelutv call audio.setVolume b", "bluetooth"},
+        {"kelutv call audio.setVolume KELU_TV_AUDIO_CHANNEL_B", "KELU_TV_AUDIO_CHANNEL_BLUETOOTH"},
         {"kelutv call audio.setMute speaker t", "true"},
         {"kelutv encode audio.setVolume sp", "spdif|speaker"},
         {"kelutv call nothing.here s", ""},
