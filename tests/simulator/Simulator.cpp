@@ -1,13 +1,13 @@
 #include "simulator/Simulator.h"
 
+#include "tools/process/Redirection.h"
+
 #include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdio>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -57,13 +57,8 @@ std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments,
     arguments.insert(arguments.begin(), KELUTV_SIMULATOR);
     ChildProcess::Options options;
     options.captureError = true;
-    std::fflush(stdout);
-    const int own = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
-    ::dup2(output, STDOUT_FILENO);
-    auto process = std::make_unique<ChildProcess>(std::move(arguments), options);
-    ::dup2(own, STDOUT_FILENO);
-    ::close(own);
-    return process;
+    const process::Redirection redirection(STDOUT_FILENO, output);
+    return std::make_unique<ChildProcess>(std::move(arguments), options);
 }
 
 SimulatorEnvironment& SimulatorEnvironment::install() {

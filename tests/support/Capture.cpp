@@ -4,7 +4,6 @@
 
 #include <android/log.h>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -51,34 +50,27 @@ void LogCapture::write(int priority, const char* tag, const char* text) {
     mEntries.push_back({priority, tag != nullptr ? std::optional<std::string>(tag) : std::nullopt, text});
 }
 
-FdCapture::FdCapture(int fd) : mFd(fd), mReal(-1) {
+FdCapture::FdCapture(int fd) : mFd(fd) {
     keepFailureReportsOutOfCaptures();
-    flush();
-    mReal = ::fcntl(fd, F_DUPFD_CLOEXEC, 0);
-    if (mReal < 0 || ::dup2(mFile.fd(), fd) < 0) {
+    mRedirection.emplace(fd, mFile.fd());
+    if (!mRedirection->isActive()) {
         throw std::system_error(errno, std::generic_category(), "cannot take over descriptor " + std::to_string(fd));
     }
 }
 
 FdCapture::~FdCapture() {
     const std::string rest = take();
-    ::dup2(mReal, mFd);
-    ::close(mReal);
+    mRedirection.reset();
     std::fwrite(rest.data(), 1, rest.size(), mFd == STDERR_FILENO ? stderr : stdout);
 }
 
 std::string FdCapture::take() {
-    flush();
+    std::fflush(nullptr);
     return mFile.take();
 }
 
 bool FdCapture::waitFor(const std::string& part, std::chrono::milliseconds patience) const {
     return mFile.waitFor(part, patience);
-}
-
-void FdCapture::flush() {
-    std::cout.flush();
-    std::fflush(nullptr);
 }
 
 } // namespace kelutv::test

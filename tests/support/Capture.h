@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/OutputFile.h"
+#include "tools/process/Redirection.h"
 
 #include <kqlog/capture.h>
 
@@ -58,11 +59,9 @@ public:
     bool waitFor(const std::string& part, std::chrono::milliseconds patience = kPatience) const;
 
 private:
-    static void flush();
-
     int mFd;
-    int mReal;
     OutputFile mFile;
+    std::optional<process::Redirection> mRedirection;
 };
 
 } // namespace kelutv::test

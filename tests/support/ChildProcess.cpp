@@ -1,6 +1,7 @@
 #include "support/ChildProcess.h"
 
-#include <spawn.h>
+#include "tools/process/Spawn.h"
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <sstream>
 #include <system_error>
+#include <utility>
 
 namespace kelutv::test {
 
@@ -25,56 +27,23 @@ std::vector<std::string> emulated(std::vector<std::string> arguments) {
     return command;
 }
 
-/** Spawning does not tell of a missing program under every emulator. */
+/** Under some emulators spawning a program that is missing succeeds. */
 void requireProgram(const std::string& program) {
     if (program.find('/') != std::string::npos && ::access(program.c_str(), X_OK) != 0) {
         throw std::system_error(errno, std::generic_category(), "cannot start " + program);
     }
 }
 
-std::string nameOf(const std::string& setting) { return setting.substr(0, setting.find('=') + 1); }
-
-std::vector<std::string> environmentWith(const std::vector<std::string>& settings) {
-    std::vector<std::string> all(settings);
-    for (char** entry = environ; *entry != nullptr; ++entry) {
-        const std::string inherited(*entry);
-        bool replaced = false;
-        for (const std::string& setting : settings) {
-            replaced = replaced || nameOf(setting) == nameOf(inherited);
-        }
-        if (!replaced) {
-            all.push_back(inherited);
-        }
+std::vector<std::pair<int, int>> descriptorsFor(const OutputFile* output, const OutputFile* error) {
+    std::vector<std::pair<int, int>> descriptors;
+    if (output != nullptr) {
+        descriptors.emplace_back(STDOUT_FILENO, output->fd());
     }
-    return all;
+    if (error != nullptr) {
+        descriptors.emplace_back(STDERR_FILENO, error->fd());
+    }
+    return descriptors;
 }
-
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-    std::vector<char*> pointers;
-    for (std::string& text : texts) {
-        pointers.push_back(text.data());
-    }
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
-class FileActions {
-public:
-    FileActions() { ::posix_spawn_file_actions_init(&mActions); }
-    ~FileActions() { ::posix_spawn_file_actions_destroy(&mActions); }
-    FileActions(const FileActions&) = delete;
-    FileActions& operator=(const FileActions&) = delete;
-
-    void redirect(int fd, const OutputFile* to) {
-        if (to != nullptr) {
-            ::posix_spawn_file_actions_adddup2(&mActions, to->fd(), fd);
-        }
-    }
-    const posix_spawn_file_actions_t* get() const { return &mActions; }
-
-private:
-    posix_spawn_file_actions_t mActions{};
-};
 
 } // namespace
 
@@ -82,16 +51,8 @@ ChildProcess::ChildProcess(std::vector<std::string> arguments, const Options& op
     : mOutput(options.captureOutput ? std::make_unique<OutputFile>() : nullptr),
       mError(options.captureError ? std::make_unique<OutputFile>() : nullptr), mOwner(::getpid()) {
     requireProgram(arguments.front());
-    std::vector<std::string> command = emulated(std::move(arguments));
-    std::vector<std::string> environment = environmentWith(options.environment);
-    FileActions actions;
-    actions.redirect(STDOUT_FILENO, mOutput.get());
-    actions.redirect(STDERR_FILENO, mError.get());
-    const int error = ::posix_spawnp(&mPid, command.front().c_str(), actions.get(), nullptr, pointersTo(command).data(),
-                                     pointersTo(environment).data());
-    if (error != 0) {
-        throw std::system_error(error, std::generic_category(), "cannot start " + command.front());
-    }
+    mPid = process::spawn(
+        {emulated(std::move(arguments)), {}, options.environment, descriptorsFor(mOutput.get(), mError.get())});
 }
 
 ChildProcess::~ChildProcess() {

@@ -1,43 +1,34 @@
 #include "support/FailureReports.h"
 
+#include "tools/process/Redirection.h"
+
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
+#include <optional>
 #include <system_error>
 
 namespace kelutv::test {
 
 namespace {
 
-int duplicate(int fd) {
-    const int copy = ::fcntl(fd, F_DUPFD_CLOEXEC, 0);
-    if (copy < 0) {
-        throw std::system_error(errno, std::generic_category(), "cannot keep standard output");
-    }
-    return copy;
-}
-
 /** The program's own standard output, and meanwhile the one that a test has put in its place. */
 class ReportOutput {
 public:
-    void use() {
-        std::fflush(stdout);
-        mTaken = duplicate(STDOUT_FILENO);
-        ::dup2(mOwn, STDOUT_FILENO);
+    ReportOutput() : mOwn(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0)) {
+        if (mOwn < 0) {
+            throw std::system_error(errno, std::generic_category(), "cannot keep standard output");
+        }
     }
-    void giveBack() const {
-        std::fflush(stdout);
-        ::dup2(mTaken, STDOUT_FILENO);
-        ::close(mTaken);
-    }
+    void use() { mRedirection.emplace(STDOUT_FILENO, mOwn); }
+    void giveBack() { mRedirection.reset(); }
 
 private:
-    const int mOwn = duplicate(STDOUT_FILENO);
-    int mTaken = -1;
+    const int mOwn;
+    std::optional<process::Redirection> mRedirection;
 };
 
 class BeforeReport : public ::testing::EmptyTestEventListener {

@@ -6,7 +6,7 @@
 
 #include <atomic>
 
-namespace kelutv::tap {
+namespace kelutv::interposition {
 
 namespace {
 
@@ -72,13 +72,13 @@ status_t transact(TVBaseClient& client, const Service& service, const Parcel& re
 
 } // namespace
 
-} // namespace kelutv::tap
+} // namespace kelutv::interposition
 
 namespace android {
 
 /** Goes before the client library's own: does the same, with no symbol of that library, and tells the observer. */
 KELUTV_API status_t TVBaseClient::invoke(const Parcel& request, Parcel* reply) {
-    return kelutv::tap::transact(*this, mBpTvbaseService, request, reply);
+    return kelutv::interposition::transact(*this, mBpTvbaseService, request, reply);
 }
 
 } // namespace android

@@ -9,7 +9,7 @@ namespace android {
 class Parcel;
 }
 
-namespace kelutv::tap {
+namespace kelutv::interposition {
 
 /** One request of the client library and what came of it. */
 struct Transaction {
@@ -47,4 +47,4 @@ void answer(Responder responder);
 /** A transaction to keep. */
 Transaction copyOf(const TransactionView& view);
 
-} // namespace kelutv::tap
+} // namespace kelutv::interposition

@@ -27,7 +27,7 @@ int openPipe() {
 
 std::int64_t nanoseconds(std::chrono::nanoseconds time) { return time.count(); }
 
-void write(int fd, const tap::TransactionView& transaction) {
+void write(int fd, const interposition::TransactionView& transaction) {
     const RecordHead head{nanoseconds(transaction.start.time_since_epoch()),
                           nanoseconds(transaction.duration),
                           transaction.status,
@@ -41,7 +41,7 @@ void write(int fd, const tap::TransactionView& transaction) {
     writer.finish();
 }
 
-void send(const tap::TransactionView& transaction) {
+void send(const interposition::TransactionView& transaction) {
     const int before = errno;
     const int fd = openPipe();
     if (fd >= 0) {
@@ -57,7 +57,7 @@ void send(const tap::TransactionView& transaction) {
     const std::size_t size = path != nullptr ? std::strlen(path) + 1 : 0;
     if (size > 1 && size <= sizeof(pipePath)) {
         std::memcpy(pipePath, path, size);
-        tap::observe(send);
+        interposition::observe(send);
     }
 }
 

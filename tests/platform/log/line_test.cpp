@@ -1,4 +1,5 @@
 #include "support/Capture.h"
+#include "tools/process/Redirection.h"
 
 #include <android/log.h>
 #include <sys/socket.h>
@@ -14,6 +15,7 @@
 
 namespace {
 
+using kelutv::process::Redirection;
 using kelutv::test::FdCapture;
 
 std::string ids() { return "  " + std::to_string(::getpid()) + "/" + std::to_string(::gettid()) + " "; }
@@ -98,27 +100,12 @@ TEST(LogLine, leavesErrnoAloneAndShowsIt) {
     EXPECT_EQ(standardError.take(), "I t" + ids() + std::strerror(ENOENT) + "\n");
 }
 
-/** Standard error replaced by a descriptor of the test's own for as long as the object lives. */
-class StandardErrorAt {
-public:
-    explicit StandardErrorAt(int fd) : mReal(::dup(STDERR_FILENO)) { ::dup2(fd, STDERR_FILENO); }
-    ~StandardErrorAt() {
-        ::dup2(mReal, STDERR_FILENO);
-        ::close(mReal);
-    }
-    StandardErrorAt(const StandardErrorAt&) = delete;
-    StandardErrorAt& operator=(const StandardErrorAt&) = delete;
-
-private:
-    int mReal;
-};
-
 TEST(LogLine, isWrittenByOneCall) {
     int ends[2];
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends), 0);
     const std::string text(5000, 'x');
     {
-        const StandardErrorAt socket(ends[0]);
+        const Redirection socket(STDERR_FILENO, ends[0]);
         __android_log_print(ANDROID_LOG_INFO, "t", "%s", text.c_str());
     }
     ::close(ends[0]);
@@ -135,7 +122,7 @@ TEST(LogLine, reportsAStandardErrorThatRefuses) {
     int result = 0;
     errno = 0;
     {
-        const StandardErrorAt readEnd(ends[0]);
+        const Redirection readEnd(STDERR_FILENO, ends[0]);
         result = __android_log_write(ANDROID_LOG_INFO, "t", "x");
     }
     EXPECT_EQ(result, -EBADF);

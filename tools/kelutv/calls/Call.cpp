@@ -1,11 +1,14 @@
 #include "tools/kelutv/calls/Call.h"
 
+#include "tools/interposition/Connection.h"
 #include "tools/kelutv/calls/Arguments.h"
 #include "tools/kelutv/calls/Outputs.h"
 #include "tools/kelutv/calls/Thunks.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/output/StandardOutput.h"
-#include "tools/kelutv/service/ServiceAccess.h"
+#include "tools/kelutv/service/ServiceLink.h"
+#include "tools/process/Redirection.h"
+
+#include <unistd.h>
 
 #include <cstring>
 
@@ -13,27 +16,27 @@ namespace kelutv::tool {
 
 namespace {
 
-thread_local std::vector<tap::Transaction>* collected = nullptr;
+thread_local std::vector<interposition::Transaction>* collected = nullptr;
 
-void collect(const tap::TransactionView& transaction) {
+void collect(const interposition::TransactionView& transaction) {
     if (collected != nullptr) {
-        collected->push_back(tap::copyOf(transaction));
+        collected->push_back(interposition::copyOf(transaction));
     }
 }
 
 /** Gathers what this thread sends while it lives. */
 class Collector {
 public:
-    explicit Collector(std::vector<tap::Transaction>& transactions) {
+    explicit Collector(std::vector<interposition::Transaction>& transactions) {
         collected = &transactions;
-        tap::observe(collect);
+        interposition::observe(collect);
     }
     ~Collector() { collected = nullptr; }
     Collector(const Collector&) = delete;
     Collector& operator=(const Collector&) = delete;
 };
 
-std::string transactionFailure(const wire::Function& function, const tap::Transaction& transaction) {
+std::string transactionFailure(const wire::Function& function, const interposition::Transaction& transaction) {
     std::int32_t word = 0;
     if (transaction.reply.size() < sizeof word) {
         return "the service's answer has no result";
@@ -43,7 +46,7 @@ std::string transactionFailure(const wire::Function& function, const tap::Transa
 }
 
 void checkLink(const CallResult& call) {
-    for (const tap::Transaction& transaction : call.transactions) {
+    for (const interposition::Transaction& transaction : call.transactions) {
         if (transaction.status != 0) {
             throw LinkError("the request did not get through: the service is gone or did not take it (status " +
                             std::to_string(transaction.status) + ')');
@@ -52,7 +55,7 @@ void checkLink(const CallResult& call) {
 }
 
 std::string failureOf(const wire::Function& function, const CallResult& call) {
-    for (const tap::Transaction& transaction : call.transactions) {
+    for (const interposition::Transaction& transaction : call.transactions) {
         const std::string failure = transactionFailure(function, transaction);
         if (!failure.empty()) {
             return failure;
@@ -68,7 +71,7 @@ CallResult make(const wire::Function& function, CallFrame frame) {
     CallResult call;
     {
         const Collector collector(call.transactions);
-        const ForeignOutput foreign;
+        const process::Redirection printed(STDOUT_FILENO, STDERR_FILENO);
         thunkOf(function)(frame);
     }
     call.result = resultOf(function, frame);
@@ -86,7 +89,7 @@ bool needsService(const wire::Function& function) {
 CallResult tryFunction(const wire::Function& function, const std::vector<std::string>& arguments) {
     CallFrame frame = frameOf(function, arguments);
     if (needsService(function)) {
-        connectToService();
+        requireService();
     }
     CallResult call = make(function, std::move(frame));
     checkLink(call);
@@ -105,9 +108,9 @@ CallResult callFunction(const wire::Function& function, const std::vector<std::s
 std::vector<std::vector<std::uint8_t>> requestsOf(const wire::Function& function,
                                                   const std::vector<std::string>& arguments) {
     CallFrame frame = frameOf(function, arguments);
-    const NoService none;
+    const interposition::StubbedService stubbed;
     std::vector<std::vector<std::uint8_t>> requests;
-    for (tap::Transaction& transaction : make(function, std::move(frame)).transactions) {
+    for (interposition::Transaction& transaction : make(function, std::move(frame)).transactions) {
         requests.push_back(std::move(transaction.request));
     }
     return requests;

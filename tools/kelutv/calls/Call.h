@@ -16,7 +16,7 @@ struct CallResult {
     /** The output parameters by name; one that was not written is null. */
     Json outputs;
     /** What went over the wire. */
-    std::vector<tap::Transaction> transactions;
+    std::vector<interposition::Transaction> transactions;
     /** Why the call failed; empty when it did not. */
     std::string failure;
 };

@@ -15,7 +15,7 @@ struct Options {
     bool wire = false;
 };
 
-Json documentOf(const tap::Transaction& transaction) {
+Json documentOf(const interposition::Transaction& transaction) {
     return {{"request", hexOf(transaction.request)},
             {"reply", hexOf(transaction.reply)},
             {"status", transaction.status},
@@ -23,7 +23,7 @@ Json documentOf(const tap::Transaction& transaction) {
 }
 
 void printWire(const Output& output, const CallResult& call) {
-    for (const tap::Transaction& transaction : call.transactions) {
+    for (const interposition::Transaction& transaction : call.transactions) {
         output.line("-> " + hexOf(transaction.request));
         output.line("<- " + hexOf(transaction.reply));
     }
@@ -31,7 +31,7 @@ void printWire(const Output& output, const CallResult& call) {
 
 Json wireDocument(const CallResult& call) {
     Json transactions = Json::array();
-    for (const tap::Transaction& transaction : call.transactions) {
+    for (const interposition::Transaction& transaction : call.transactions) {
         transactions.add(documentOf(transaction));
     }
     return transactions;

@@ -3,8 +3,8 @@
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventQueue.h"
 #include "tools/kelutv/events/EventSubscription.h"
-#include "tools/kelutv/process/SignalWatch.h"
 #include "tools/kelutv/text/Words.h"
+#include "tools/process/SignalWatch.h"
 
 #include "wire/events/Payload.h"
 #include "wire/text/Describe.h"
@@ -161,7 +161,7 @@ public:
     }
 
     void run() {
-        SignalWatch signals{SIGINT, SIGTERM};
+        process::SignalWatch signals{SIGINT, SIGTERM};
         mQueue.take(); // What came to an earlier command.
         const EventSubscription subscription(modulesOf(mWanted));
         mOutput.message("kelutv: watching for events");
@@ -185,7 +185,7 @@ private:
     bool isEnough() const { return mOptions.count != 0 && mPrinted == mOptions.count; }
 
     /** False when the time is over. */
-    bool wait(const SignalWatch& signals) {
+    bool wait(const process::SignalWatch& signals) {
         pollfd watched[] = {{mQueue.fd(), POLLIN, 0}, {signals.fd(), POLLIN, 0}};
         if (!mEnd) {
             ::poll(watched, 2, -1);

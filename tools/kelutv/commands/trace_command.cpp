@@ -1,8 +1,8 @@
 #include "tools/kelutv/commands/Commands.h"
-#include "tools/kelutv/process/SignalWatch.h"
 #include "tools/kelutv/trace/TraceLog.h"
 #include "tools/kelutv/trace/TracePipe.h"
 #include "tools/kelutv/trace/TracedProgram.h"
+#include "tools/process/SignalWatch.h"
 
 #include <poll.h>
 
@@ -24,7 +24,7 @@ void writeAll(TracePipe& pipe, TraceLog& log) {
 }
 
 /** Hands on what was sent to the tool alone; a terminal sends its signals to the program, too. */
-void passOn(SignalWatch& signals, const TracedProgram& program) {
+void passOn(process::SignalWatch& signals, const TracedProgram& program) {
     while (const auto signal = signals.take()) {
         if (signal->ssi_signo != SIGCHLD && signal->ssi_code <= 0) {
             program.kill(static_cast<int>(signal->ssi_signo));
@@ -32,7 +32,7 @@ void passOn(SignalWatch& signals, const TracedProgram& program) {
     }
 }
 
-int waitForEnd(TracedProgram& program, SignalWatch& signals, TracePipe& pipe, TraceLog& log) {
+int waitForEnd(TracedProgram& program, process::SignalWatch& signals, TracePipe& pipe, TraceLog& log) {
     pollfd watched[] = {{pipe.fd(), POLLIN, 0}, {signals.fd(), POLLIN, 0}};
     std::optional<int> exit;
     while (!(exit = program.exitCode())) {
@@ -47,7 +47,7 @@ int waitForEnd(TracedProgram& program, SignalWatch& signals, TracePipe& pipe, Tr
 Exit trace(const TraceOptions& options) {
     TraceLog log(options.log);
     TracePipe pipe;
-    SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+    process::SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
     std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be told.
     TracedProgram program(options.words, pipe.path(), signals.maskBefore());
     const int exit = waitForEnd(program, signals, pipe, log);

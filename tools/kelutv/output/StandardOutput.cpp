@@ -2,9 +2,6 @@
 
 #include "tools/kelutv/output/Errors.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -17,22 +14,6 @@ void writeData(const std::string& text) {
             throw ToolError(Exit::Failure, ""); // The reader has seen enough.
         }
         throw ToolError(Exit::Failure, std::string("cannot write to standard output: ") + std::strerror(errno));
-    }
-}
-
-ForeignOutput::ForeignOutput() {
-    std::fflush(stdout);
-    mData = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    if (mData >= 0) {
-        ::dup2(STDERR_FILENO, STDOUT_FILENO);
-    }
-}
-
-ForeignOutput::~ForeignOutput() {
-    std::fflush(stdout);
-    if (mData >= 0) {
-        ::dup2(mData, STDOUT_FILENO);
-        ::close(mData);
     }
 }
 

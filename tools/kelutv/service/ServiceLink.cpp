@@ -1,14 +1,16 @@
 #include "tools/kelutv/service/ServiceLink.h"
 
+#include "tools/interposition/Connection.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/service/ServiceAccess.h"
 
 #include <kelutv/link/TVBaseClient.h>
 
 namespace kelutv::tool {
 
 android::sp<android::IBinder> requireService() {
-    connectToService();
+    if (!interposition::connectToService()) {
+        throw LinkError("there is no television service; is the television, or kelutv-simulator, running?");
+    }
     const android::sp<android::ITVBaseService>& service = android::TVBaseClient::self()->getBpTvbaseService();
     return android::IInterface::asBinder(service);
 }

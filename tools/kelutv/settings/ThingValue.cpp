@@ -2,8 +2,8 @@
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/output/Silence.h"
 #include "tools/kelutv/text/FunctionNamed.h"
+#include "tools/process/Redirection.h"
 
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <cstdlib>
 #include <optional>
 #include <vector>
 
@@ -26,8 +27,12 @@ Json named(const Thing& thing, const Json& number) {
 
 bool truthOf(const Json& value) { return value.isBoolean() ? value.asBoolean() : value.asInteger() != 0; }
 
+/** Without what the library logs and prints on standard error, unless the person asked for a log. */
 CallResult callQuietly(const std::string& function, const std::vector<std::string>& arguments) {
-    const Silence duringTheCall;
+    std::optional<process::MutedStandardError> muted;
+    if (std::getenv("KQLOG_LEVEL") == nullptr) {
+        muted.emplace();
+    }
     return callFunction(functionNamed(function), arguments);
 }
 

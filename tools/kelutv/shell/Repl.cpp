@@ -2,10 +2,10 @@
 
 #include "tools/kelutv/output/Output.h"
 #include "tools/kelutv/output/StandardOutput.h"
-#include "tools/kelutv/process/OwnProcess.h"
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "tools/kelutv/shell/LineWords.h"
+#include "tools/kelutv/shell/OwnProcess.h"
 
 #include <unistd.h>
 

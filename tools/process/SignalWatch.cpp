@@ -1,14 +1,12 @@
-#include "tools/kelutv/process/SignalWatch.h"
-
-#include "tools/kelutv/output/Errors.h"
+#include "tools/process/SignalWatch.h"
 
 #include <pthread.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
+#include <system_error>
 
-namespace kelutv::tool {
+namespace kelutv::process {
 
 SignalWatch::SignalWatch(std::initializer_list<int> signals) {
     sigset_t watched;
@@ -18,7 +16,7 @@ SignalWatch::SignalWatch(std::initializer_list<int> signals) {
     }
     mFd = ::signalfd(-1, &watched, SFD_CLOEXEC | SFD_NONBLOCK);
     if (mFd < 0) {
-        throw ToolError(Exit::Failure, std::string("cannot watch for signals: ") + std::strerror(errno));
+        throw std::system_error(errno, std::generic_category(), "cannot watch for signals");
     }
     ::pthread_sigmask(SIG_BLOCK, &watched, &mBefore);
 }
@@ -35,4 +33,4 @@ std::optional<signalfd_siginfo> SignalWatch::take() {
     return ::read(mFd, &info, sizeof(info)) == sizeof(info) ? std::optional(info) : std::nullopt;
 }
 
-} // namespace kelutv::tool
+} // namespace kelutv::process

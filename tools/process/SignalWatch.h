@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <optional>
 
-namespace kelutv::tool {
+namespace kelutv::process {
 
 /**
  * While this lives, the signals do nothing by themselves but are read from here. Threads started meanwhile have them
@@ -32,4 +32,4 @@ private:
     int mFd;
 };
 
-} // namespace kelutv::tool
+} // namespace kelutv::process
