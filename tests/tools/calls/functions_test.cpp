@@ -1,12 +1,10 @@
 #include "simulator/Simulator.h"
 #include "tools/Samples.h"
 #include "tools/Tool.h"
-
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/calls/Thunks.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-#include "tools/kelutv/text/Words.h"
-
+#include "tools/kelutv/text/Hex.h"
 #include "wire/text/FunctionNames.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,9 @@
 #include "tools/kelutv/calls/Callbacks.h"
 #include "tools/kelutv/calls/Scalars.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Hex.h"
+#include "tools/kelutv/text/InputFile.h"
+#include "tools/kelutv/text/Lists.h"
 #include "wire/text/Nearest.h"
 
 #include <cstring>

@@ -4,7 +4,7 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/calls/Scalars.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Lists.h"
 
 #include <algorithm>
 #include <cstring>

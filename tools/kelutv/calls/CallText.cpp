@@ -1,7 +1,6 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/calls/Scalars.h"
-#include "tools/kelutv/text/Words.h"
-
+#include "tools/kelutv/text/Lists.h"
 #include "wire/text/Names.h"
 
 namespace kelutv::tool {

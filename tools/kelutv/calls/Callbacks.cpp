@@ -1,6 +1,6 @@
 #include "tools/kelutv/calls/Callbacks.h"
 
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Hex.h"
 
 #include <kelutv/linux_kelutv_notify.h>
 #include <kelutv/vbi_types.h>

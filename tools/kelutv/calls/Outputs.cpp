@@ -2,7 +2,7 @@
 
 #include "tools/kelutv/calls/Arguments.h"
 #include "tools/kelutv/calls/Scalars.h"
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Hex.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,7 +2,7 @@
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/AllowedValues.h"
-#include "tools/kelutv/text/Words.h"
+#include "wire/text/Letters.h"
 
 #include <algorithm>
 #include <array>
@@ -24,7 +24,7 @@ using Limits = std::numeric_limits<std::int32_t>;
 
 bool isHexadecimal(const std::string& text) {
     const std::size_t start = !text.empty() && text[0] == '-' ? 1 : 0;
-    return lowered(text.substr(start, 2)) == "0x";
+    return wire::lowered(text.substr(start, 2)) == "0x";
 }
 
 /** A number as it is written: decimal, or hexadecimal after 0x. */
@@ -70,7 +70,7 @@ std::uint32_t unsignedOf(const wire::ValueType& type, const std::string& text) {
 bool flagOf(const wire::ValueType& type, const std::string& text) {
     static constexpr std::array<const char*, 4> kYes{"true", "on", "1", "yes"};
     static constexpr std::array<const char*, 4> kNo{"false", "off", "0", "no"};
-    const std::string word = lowered(text);
+    const std::string word = wire::lowered(text);
     const bool isYes = std::find(kYes.begin(), kYes.end(), word) != kYes.end();
     if (!isYes && std::find(kNo.begin(), kNo.end(), word) == kNo.end()) {
         refuse(type, text);

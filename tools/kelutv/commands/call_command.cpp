@@ -1,7 +1,7 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Hex.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/shell/Completion.h"
-#include "tools/kelutv/shell/LineWords.h"
+#include "tools/kelutv/shell/Tokenizer.h"
 
 #include <memory>
 #include <string>
@@ -21,11 +21,11 @@ void printCompletions(const Command& program, const Output& output, const std::v
 
 /** A line of the shell, which begins with the name of the program. */
 void completeLine(const Command& program, const Output& output, const std::string& line) {
-    Words words = wordsBegun(line);
-    if (!words.complete.empty()) {
-        words.complete.erase(words.complete.begin());
+    LineTokens tokens = tokenizeUnfinished(line);
+    if (!tokens.complete.empty()) {
+        tokens.complete.erase(tokens.complete.begin());
     }
-    printCompletions(program, output, words.complete, words.begun);
+    printCompletions(program, output, tokens.complete, tokens.begun);
 }
 
 void completeWords(const Command& program, const Output& output, std::vector<std::string> words) {

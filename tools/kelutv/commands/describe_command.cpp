@@ -3,9 +3,8 @@
 #include "tools/kelutv/text/AllowedValues.h"
 #include "tools/kelutv/text/Effects.h"
 #include "tools/kelutv/text/FunctionNamed.h"
+#include "tools/kelutv/text/Lists.h"
 #include "tools/kelutv/text/Ranges.h"
-#include "tools/kelutv/text/Words.h"
-
 #include "wire/text/Names.h"
 
 #include <cstdio>

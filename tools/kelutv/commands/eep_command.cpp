@@ -1,8 +1,10 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/service/EepArea.h"
+#include "tools/kelutv/text/Hex.h"
 #include "tools/kelutv/text/HexDump.h"
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/InputFile.h"
+#include "tools/kelutv/text/Lists.h"
 
 #include <algorithm>
 #include <cerrno>

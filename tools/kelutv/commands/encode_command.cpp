@@ -2,7 +2,7 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Hex.h"
 
 #include <memory>
 

@@ -1,6 +1,4 @@
 #include "tools/kelutv/commands/Commands.h"
-#include "tools/kelutv/text/Words.h"
-
 #include "wire/text/FunctionNames.h"
 #include "wire/text/Nearest.h"
 

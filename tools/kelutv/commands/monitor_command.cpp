@@ -3,9 +3,8 @@
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventQueue.h"
 #include "tools/kelutv/events/EventSubscription.h"
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Hex.h"
 #include "tools/process/SignalWatch.h"
-
 #include "wire/events/Payload.h"
 #include "wire/text/Describe.h"
 
@@ -71,7 +70,7 @@ std::set<std::uint32_t> modulesOf(const Wanted& wanted) {
 }
 
 /** The payload as int words; empty when it is no row of them. */
-std::vector<std::int32_t> wordsOf(const Bytes& payload) {
+std::vector<std::int32_t> int32sOf(const Bytes& payload) {
     if (payload.empty() || payload.size() % sizeof(std::int32_t) != 0) {
         return {};
     }
@@ -139,7 +138,7 @@ Json documentOf(const KnownEvent& event) {
     document["module"] = !event.module.empty() ? Json(event.module) : Json();
     document["length"] = event.received.payload.size();
     document["payload"] = hexOf(event.received.payload);
-    document["words"] = wordsOf(event.received.payload);
+    document["words"] = int32sOf(event.received.payload);
     document["fields"] = Json::array();
     for (const wire::PayloadValue& field : event.fields) {
         if (field.name != nullptr) {

@@ -1,6 +1,6 @@
 #include "tools/kelutv/decoding/Decoding.h"
 
-#include "tools/kelutv/text/Words.h"
+#include "tools/kelutv/text/Hex.h"
 #include "wire/text/Describe.h"
 #include "wire/text/EnumeratorNames.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tools/kelutv/output/Output.h"
-#include "tools/kelutv/text/HexInput.h"
+#include "tools/kelutv/text/Hex.h"
 #include "wire/Function.h"
 #include "wire/codec/ReplyReader.h"
 #include "wire/codec/Request.h"

@@ -2,7 +2,6 @@
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/AllowedValues.h"
-
 #include "wire/events/EventFile.h"
 #include "wire/text/EnumeratorNames.h"
 #include "wire/text/Nearest.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/HexInput.h"
+#include "tools/kelutv/text/Hex.h"
 
 #include <string>
 #include <vector>

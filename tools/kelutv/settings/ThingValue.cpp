@@ -4,7 +4,6 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/process/Redirection.h"
-
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 

@@ -2,8 +2,7 @@
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-#include "tools/kelutv/text/Words.h"
-
+#include "tools/kelutv/text/Lists.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 

@@ -7,7 +7,6 @@
 #include "tools/kelutv/settings/Things.h"
 #include "tools/kelutv/shell/Files.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-
 #include "wire/text/Names.h"
 
 #include <algorithm>

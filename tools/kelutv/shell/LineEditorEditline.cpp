@@ -1,5 +1,5 @@
 #include "tools/kelutv/shell/LineEditor.h"
-#include "tools/kelutv/shell/LineWords.h"
+#include "tools/kelutv/shell/Tokenizer.h"
 
 #include <editline/readline.h>
 
@@ -38,10 +38,10 @@ char* nextCandidate(const char*, int state) {
 
 char** complete(const char* text, int, int end) {
     rl_attempted_completion_over = 1; // No other kind of completion when there is nothing.
-    const Words words = wordsBegun(std::string(rl_line_buffer, static_cast<std::size_t>(end)));
+    const LineTokens tokens = tokenizeUnfinished(std::string(rl_line_buffer, static_cast<std::size_t>(end)));
     candidates.clear();
-    for (const std::string& word : completer(words.complete, words.begun)) {
-        candidates.push_back(text + escaped(word.substr(words.begun.size())));
+    for (const std::string& word : completer(tokens.complete, tokens.begun)) {
+        candidates.push_back(text + escaped(word.substr(tokens.begun.size())));
     }
     const bool isFolder = candidates.size() == 1 && candidates.front().back() == '/';
     rl_completion_append_character = isFolder ? kNothing : kBlank;

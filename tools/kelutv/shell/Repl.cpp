@@ -4,8 +4,8 @@
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
-#include "tools/kelutv/shell/LineWords.h"
 #include "tools/kelutv/shell/OwnProcess.h"
+#include "tools/kelutv/shell/Tokenizer.h"
 
 #include <unistd.h>
 
@@ -85,7 +85,7 @@ std::optional<std::string> Repl::nextLine() {
 
 Exit Repl::runLine(const std::string& line) {
     try {
-        std::vector<std::string> words = wordsOf(line);
+        std::vector<std::string> words = tokenize(line);
         if (!words.empty() && words.front() == "kelutv") {
             words.erase(words.begin());
         }

@@ -1,7 +1,6 @@
 #include "tools/kelutv/text/AllowedValues.h"
 
 #include "tools/kelutv/output/Errors.h"
-
 #include "wire/text/Names.h"
 
 namespace kelutv::tool {

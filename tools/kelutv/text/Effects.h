@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tools/kelutv/output/Json.h"
-
 #include "wire/Function.h"
 
 #include <string>

@@ -1,8 +1,7 @@
 #include "tools/kelutv/text/FunctionNamed.h"
 
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/text/Words.h"
-
+#include "tools/kelutv/text/Lists.h"
 #include "wire/text/FunctionNames.h"
 #include "wire/text/Nearest.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/kelutv/text/HexInput.h"
+#include "tools/kelutv/text/Hex.h"
 #include "tools/trace/Frame.h"
 
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "tools/kelutv/shell/LineWords.h"
+#include "tools/kelutv/shell/Tokenizer.h"
 
 #include "tools/kelutv/output/Errors.h"
 
@@ -13,18 +13,18 @@ class Reader {
 public:
     explicit Reader(const std::string& line) : mLine(line) {}
 
-    Words read() {
+    LineTokens read() {
         while (mAt < mLine.size() && !atComment()) {
             take(mLine[mAt++]);
         }
-        return mWords;
+        return mTokens;
     }
 
 private:
-    bool atComment() const { return mLine[mAt] == '#' && mWords.open == 0 && !mInWord; }
+    bool atComment() const { return mLine[mAt] == '#' && mTokens.open == 0 && !mInWord; }
 
     void take(char letter) {
-        if (mWords.open != 0) {
+        if (mTokens.open != 0) {
             takeQuoted(letter);
         } else if (std::isspace(static_cast<unsigned char>(letter)) != 0) {
             endWord();
@@ -34,51 +34,51 @@ private:
     }
 
     void takeQuoted(char letter) {
-        if (letter == mWords.open) {
-            mWords.open = 0;
-        } else if (letter == '\\' && mWords.open == '"' && mAt < mLine.size() &&
+        if (letter == mTokens.open) {
+            mTokens.open = 0;
+        } else if (letter == '\\' && mTokens.open == '"' && mAt < mLine.size() &&
                    (mLine[mAt] == '"' || mLine[mAt] == '\\')) {
-            mWords.begun += mLine[mAt++];
+            mTokens.begun += mLine[mAt++];
         } else {
-            mWords.begun += letter;
+            mTokens.begun += letter;
         }
     }
 
     void takePlain(char letter) {
         mInWord = true;
         if (letter == '\'' || letter == '"') {
-            mWords.open = letter;
+            mTokens.open = letter;
         } else if (letter == '\\' && mAt < mLine.size()) {
-            mWords.begun += mLine[mAt++];
+            mTokens.begun += mLine[mAt++];
         } else {
-            mWords.begun += letter;
+            mTokens.begun += letter;
         }
     }
 
     void endWord() {
         if (mInWord) {
-            mWords.complete.push_back(mWords.begun);
+            mTokens.complete.push_back(mTokens.begun);
         }
-        mWords.begun.clear();
+        mTokens.begun.clear();
         mInWord = false;
     }
 
     const std::string& mLine;
     std::size_t mAt = 0;
     bool mInWord = false;
-    Words mWords;
+    LineTokens mTokens;
 };
 
 } // namespace
 
-Words wordsBegun(const std::string& line) { return Reader(line).read(); }
+LineTokens tokenizeUnfinished(const std::string& line) { return Reader(line).read(); }
 
-std::vector<std::string> wordsOf(const std::string& line) {
-    const Words words = wordsBegun(line + '\n');
-    if (words.open != 0) {
-        throw UsageError(std::string("the quotation mark ") + words.open + " is not closed");
+std::vector<std::string> tokenize(const std::string& line) {
+    const LineTokens tokens = tokenizeUnfinished(line + '\n');
+    if (tokens.open != 0) {
+        throw UsageError(std::string("the quotation mark ") + tokens.open + " is not closed");
     }
-    return words.complete;
+    return tokens.complete;
 }
 
 } // namespace kelutv::tool
