@@ -54,10 +54,10 @@ TEST(Manners, helpBeginsWithExamples) {
               "  kelutv set mute toggle\n"
               "  kelutv set source hdmi2\n"
               "\n"
-              "Usage: kelutv set [OPTIONS] THING VALUE\n"
+              "Usage: kelutv set [OPTIONS] SETTING VALUE\n"
               "\n"
               "Change what a person changes daily, and print what it is then\n"
-              "Names can be shortened as long as one is meant. 'kelutv get' lists every THING and its values.\n"
+              "Names can be shortened as long as one is meant. 'kelutv get' lists every SETTING and its values.\n"
               "\n");
     EXPECT_EQ(runTool({"set", "--help"}).output, run.output);
 }

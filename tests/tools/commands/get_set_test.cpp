@@ -17,7 +17,7 @@ namespace {
 SimulatorEnvironment& environment = SimulatorEnvironment::install();
 
 struct Setting {
-    std::string thing;
+    std::string name;
     std::string written;
     std::string shown;
     /** The request that sets it, in the simulator's words. */
@@ -87,29 +87,29 @@ std::vector<nlohmann::json> documentsOf(const std::string& output) {
     return documents;
 }
 
-TEST(GetSet, setsWithTheFunctionOfTheThingAndGetsItBack) {
+TEST(GetSet, setsWithTheFunctionOfTheSettingAndGetsItBack) {
     for (const Setting& setting : kSettings) {
-        SCOPED_TRACE(setting.thing);
+        SCOPED_TRACE(setting.name);
         environment.simulator().takeTrace();
-        const ToolRun set = runTool({"set", setting.thing, setting.written});
+        const ToolRun set = runTool({"set", setting.name, setting.written});
         EXPECT_EQ(set.exit, 0);
         EXPECT_EQ(set.output, setting.shown + "\n");
         EXPECT_EQ(set.error, "");
         EXPECT_TRUE(wasTraced(setting.request));
-        EXPECT_EQ(runTool({"get", setting.thing}).output, setting.shown + "\n");
+        EXPECT_EQ(runTool({"get", setting.name}).output, setting.shown + "\n");
     }
 }
 
-TEST(GetSet, everyThingThatCanBeSetIsTested) {
+TEST(GetSet, everySettingThatCanBeSetIsTested) {
     std::set<std::string> listed;
-    for (const nlohmann::json& thing : documentsOf(runTool({"get", "--json"}).output)) {
-        if (!thing.at("allowed").get<std::string>().empty()) {
-            listed.insert(thing.at("thing"));
+    for (const nlohmann::json& setting : documentsOf(runTool({"get", "--json"}).output)) {
+        if (!setting.at("allowed").get<std::string>().empty()) {
+            listed.insert(setting.at("thing"));
         }
     }
     std::set<std::string> tested;
     for (const Setting& setting : kSettings) {
-        tested.insert(setting.thing);
+        tested.insert(setting.name);
     }
     EXPECT_EQ(listed, tested);
 }
@@ -121,11 +121,11 @@ TEST(GetSet, readsWhatCannotBeSet) {
         {"last-power-off", "0\n"},   {"platform", "KTV-1000\n"},
         {"panel", "3840x2160@60\n"}, {"picture-version", "PQ-1.4.0\n"},
     };
-    for (const auto& [thing, shown] : expected) {
-        const ToolRun run = runTool({"get", thing});
-        EXPECT_EQ(run.exit, 0) << thing;
-        EXPECT_EQ(run.output, shown) << thing;
-        EXPECT_EQ(run.error, "") << thing;
+    for (const auto& [name, shown] : expected) {
+        const ToolRun run = runTool({"get", name});
+        EXPECT_EQ(run.exit, 0) << name;
+        EXPECT_EQ(run.output, shown) << name;
+        EXPECT_EQ(run.error, "") << name;
     }
 }
 

@@ -119,7 +119,7 @@ TEST_F(Completion, givesWordsAndDocuments) {
     EXPECT_EQ(runTool({"complete", "--", "get", "nothing"}).exit, 0);
 }
 
-TEST_F(Completion, offersEveryFunctionAndThing) {
+TEST_F(Completion, offersEveryFunctionAndSetting) {
     const auto count = [](const std::string& output) { return std::count(output.begin(), output.end(), '\n'); };
     const std::string shortNames = runTool({"complete", "--", "call", ""}).output;
     EXPECT_GT(count(shortNames), 700);

@@ -1,5 +1,5 @@
 #include "tools/kelutv/commands/Commands.h"
-#include "tools/kelutv/settings/ThingValue.h"
+#include "tools/kelutv/settings/SettingValue.h"
 
 #include <algorithm>
 #include <memory>
@@ -13,25 +13,25 @@ std::string padded(const std::string& text, std::size_t width) {
     return text + std::string(std::max(text.size(), width) - text.size(), ' ');
 }
 
-void listThing(const Output& output, const Thing& thing) {
+void listSetting(const Output& output, const Setting& setting) {
     constexpr std::size_t kNameWidth = 20;
-    const std::string allowed = thing.setter.empty() ? "" : allowedFor(thing);
-    output.line(output.styled(Style::Name, padded(thing.name, kNameWidth)) + thing.meaning +
+    const std::string allowed = setting.setter.empty() ? "" : allowedFor(setting);
+    output.line(output.styled(Style::Name, padded(setting.name, kNameWidth)) + setting.meaning +
                 (allowed.empty() ? "" : ": " + output.styled(Style::Value, allowed)));
-    output.document({{"thing", thing.name}, {"meaning", thing.meaning}, {"allowed", allowed}});
+    output.document({{"thing", setting.name}, {"meaning", setting.meaning}, {"allowed", allowed}});
 }
 
 void get(const Output& output, const std::string& name) {
     if (name.empty()) {
-        for (const Thing& thing : things()) {
-            listThing(output, thing);
+        for (const Setting& setting : settings()) {
+            listSetting(output, setting);
         }
         return;
     }
-    const Thing& thing = thingNamed(name);
-    const Json value = readThing(thing);
-    output.line(shownText(thing, value));
-    output.document({{"thing", thing.name}, {"value", value}});
+    const Setting& setting = settingNamed(name);
+    const Json value = readSetting(setting);
+    output.line(shownText(setting, value));
+    output.document({{"thing", setting.name}, {"value", value}});
 }
 
 } // namespace
@@ -39,13 +39,13 @@ void get(const Output& output, const std::string& name) {
 void addGetCommand(const Command& program, Context& context) {
     const Subcommand command(program, "get",
                              "Read what a person changes daily\n"
-                             "Without a THING: lists all of them and what each can be.\n\n"
+                             "Without a SETTING: lists all of them and what each can be.\n\n"
                              "Examples:\n"
                              "kelutv get volume\n"
                              "kelutv get source --json\n"
                              "kelutv get");
     const auto name = std::make_shared<std::string>();
-    command.optional("THING", *name, "What to read: volume, source, picture-mode, ...");
+    command.optional("SETTING", *name, "What to read: volume, source, picture-mode, ...");
     command.action([&context, name] { get(context.output, *name); });
 }
 

@@ -1,5 +1,5 @@
 #include "tools/kelutv/commands/Commands.h"
-#include "tools/kelutv/settings/ThingValue.h"
+#include "tools/kelutv/settings/SettingValue.h"
 
 #include <memory>
 #include <string>
@@ -9,14 +9,14 @@ namespace kelutv::tool {
 namespace {
 
 void set(const Output& output, const std::string& name, const std::string& text) {
-    const Thing& thing = thingNamed(name);
-    const Json wanted = writeThing(thing, text);
-    const Json value = readThing(thing);
+    const Setting& setting = settingNamed(name);
+    const Json wanted = writeSetting(setting, text);
+    const Json value = readSetting(setting);
     if (value != wanted) {
-        output.message("set to " + shownText(thing, wanted) + ", the television has " + shownText(thing, value));
+        output.message("set to " + shownText(setting, wanted) + ", the television has " + shownText(setting, value));
     }
-    output.line(shownText(thing, value));
-    output.document({{"thing", thing.name}, {"value", value}});
+    output.line(shownText(setting, value));
+    output.document({{"thing", setting.name}, {"value", value}});
 }
 
 } // namespace
@@ -24,7 +24,7 @@ void set(const Output& output, const std::string& name, const std::string& text)
 void addSetCommand(const Command& program, Context& context) {
     const Subcommand command(program, "set",
                              "Change what a person changes daily, and print what it is then\n"
-                             "Names can be shortened as long as one is meant. 'kelutv get' lists every THING "
+                             "Names can be shortened as long as one is meant. 'kelutv get' lists every SETTING "
                              "and its values.\n\n"
                              "Examples:\n"
                              "kelutv set volume 35\n"
@@ -33,7 +33,7 @@ void addSetCommand(const Command& program, Context& context) {
                              "kelutv set source hdmi2");
     const auto name = std::make_shared<std::string>();
     const auto value = std::make_shared<std::string>();
-    command.required("THING", *name, "What to change: volume, source, picture-mode, ...");
+    command.required("SETTING", *name, "What to change: volume, source, picture-mode, ...");
     command.required("VALUE", *value, "A number, +N or -N; on, off or toggle; a name");
     command.action([&context, name, value] { set(context.output, *name, *value); });
 }

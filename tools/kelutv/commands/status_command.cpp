@@ -1,5 +1,5 @@
 #include "tools/kelutv/commands/Commands.h"
-#include "tools/kelutv/settings/ThingValue.h"
+#include "tools/kelutv/settings/SettingValue.h"
 
 #include <optional>
 #include <string>
@@ -8,21 +8,21 @@ namespace kelutv::tool {
 
 namespace {
 
-/** The screen, one thing a line, or one document of all. */
+/** The screen, one setting a line, or one document of all. */
 class StatusScreen {
 public:
     explicit StatusScreen(const Output& output) : mOutput(output) {}
 
     /** @throws LinkError */
-    void add(const Thing& thing) {
+    void add(const Setting& setting) {
         try {
-            const Json value = readThing(thing);
-            mDocument[thing.name] = value;
-            show(thing.name, shownText(thing, value), styleOf(value));
+            const Json value = readSetting(setting);
+            mDocument[setting.name] = value;
+            show(setting.name, shownText(setting, value), styleOf(value));
         } catch (const ServiceError& error) {
-            mDocument[thing.name] = nullptr;
-            mDocument["unreadable"][thing.name] = error.what();
-            show(thing.name, std::string("unreadable: ") + error.what(), Style::Bad);
+            mDocument[setting.name] = nullptr;
+            mDocument["unreadable"][setting.name] = error.what();
+            show(setting.name, std::string("unreadable: ") + error.what(), Style::Bad);
         }
     }
 
@@ -53,12 +53,12 @@ private:
 void showStatus(const Output& output) {
     StatusScreen screen(output);
     std::optional<LinkError> lost;
-    for (const Thing& thing : things()) {
-        if (thing.place != Place::Status) {
+    for (const Setting& setting : settings()) {
+        if (setting.place != Place::Status) {
             continue;
         }
         try {
-            screen.add(thing);
+            screen.add(setting);
         } catch (const LinkError& error) {
             lost = error;
             break;

@@ -4,7 +4,7 @@
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
-#include "tools/kelutv/settings/Things.h"
+#include "tools/kelutv/settings/Settings.h"
 #include "tools/kelutv/shell/Files.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "wire/text/Names.h"
@@ -127,10 +127,10 @@ Names argumentNames(const Spot& spot, const std::string& begun) {
     }
 }
 
-Names thingValues(const Spot& spot) {
-    const Names known = thingNames(true);
+Names settingValues(const Spot& spot) {
+    const Names known = settingNames(true);
     const std::string& name = spot.arguments.front();
-    return std::find(known.begin(), known.end(), name) == known.end() ? Names() : valueNames(thingNamed(name));
+    return std::find(known.begin(), known.end(), name) == known.end() ? Names() : valueNames(settingNamed(name));
 }
 
 Names commandsBelow(const Spot& spot) {
@@ -184,8 +184,8 @@ const std::map<std::string, Source>& sources() {
              return names;
          }},
         {"PROGRAM", [](const Spot&, const std::string& begun) { return filesBeginning(begun); }},
-        {"THING", [](const Spot& spot, const std::string&) { return thingNames(spot.command.name() == "set"); }},
-        {"VALUE", [](const Spot& spot, const std::string&) { return thingValues(spot); }},
+        {"SETTING", [](const Spot& spot, const std::string&) { return settingNames(spot.command.name() == "set"); }},
+        {"VALUE", [](const Spot& spot, const std::string&) { return settingValues(spot); }},
         {"WHEN",
          [](const Spot&, const std::string&) {
              return Names{"always", "auto", "never"};

@@ -1,4 +1,4 @@
-#include "tools/kelutv/settings/Things.h"
+#include "tools/kelutv/settings/Settings.h"
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/FunctionNamed.h"
@@ -21,11 +21,11 @@ struct Access {
     std::vector<std::string> arguments;
 };
 
-Thing number(std::string name, std::string meaning, Place place, Access get, Access set, int high = kPercent,
-             std::string unit = "") {
+Setting number(std::string name, std::string meaning, Place place, Access get, Access set, int high = kPercent,
+               std::string unit = "") {
     return {std::move(name),
             std::move(meaning),
-            ThingKind::Number,
+            SettingKind::Number,
             place,
             std::move(get.function),
             std::move(get.arguments),
@@ -37,16 +37,16 @@ Thing number(std::string name, std::string meaning, Place place, Access get, Acc
             std::move(unit)};
 }
 
-Thing other(ThingKind kind, std::string name, std::string meaning, Place place, Access get, Access set = {}) {
-    Thing thing = number(std::move(name), std::move(meaning), place, std::move(get), std::move(set));
-    thing.kind = kind;
-    return thing;
+Setting other(SettingKind kind, std::string name, std::string meaning, Place place, Access get, Access set = {}) {
+    Setting setting = number(std::move(name), std::move(meaning), place, std::move(get), std::move(set));
+    setting.kind = kind;
+    return setting;
 }
 
-/** The thing when it comes in an output parameter. */
-Thing in(std::string output, Thing thing) {
-    thing.output = std::move(output);
-    return thing;
+/** The setting when it comes in an output parameter. */
+Setting in(std::string output, Setting setting) {
+    setting.output = std::move(output);
+    return setting;
 }
 
 Access audio(const std::string& function, std::vector<std::string> arguments = {}) {
@@ -67,47 +67,47 @@ Access system(const std::string& function, std::vector<std::string> arguments = 
 
 Access factory(const std::string& function) { return {"linux_tv_Factory_" + function, {}}; }
 
-Thing effect(const std::string& name, const std::string& meaning, const std::string& parameter) {
+Setting effect(const std::string& name, const std::string& meaning, const std::string& parameter) {
     return number(name, meaning, Place::List, audio("getEffectParameter", {parameter}),
                   audio("setEffectParameter", {parameter, "%"}));
 }
 
-Thing pictureNumber(const std::string& name, const std::string& meaning, const std::string& function) {
+Setting pictureNumber(const std::string& name, const std::string& meaning, const std::string& function) {
     return number(name, meaning, Place::Status, picture("get" + function), picture("set" + function, {"%"}));
 }
 
-Thing flag(std::string name, std::string meaning, Place place, Access get, Access set) {
-    return other(ThingKind::Switch, std::move(name), std::move(meaning), place, std::move(get), std::move(set));
+Setting flag(std::string name, std::string meaning, Place place, Access get, Access set) {
+    return other(SettingKind::Switch, std::move(name), std::move(meaning), place, std::move(get), std::move(set));
 }
 
-Thing choice(std::string name, std::string meaning, Place place, Access get, Access set = {}) {
-    return other(ThingKind::Choice, std::move(name), std::move(meaning), place, std::move(get), std::move(set));
+Setting choice(std::string name, std::string meaning, Place place, Access get, Access set = {}) {
+    return other(SettingKind::Choice, std::move(name), std::move(meaning), place, std::move(get), std::move(set));
 }
 
-Thing config(const std::string& name, const std::string& meaning, const std::string& function,
-             const std::string& output) {
+Setting config(const std::string& name, const std::string& meaning, const std::string& function,
+               const std::string& output) {
     return in(output,
               flag(name, meaning, Place::List, {"CConfig::Get" + function, {}}, {"CConfig::Set" + function, {"%"}}));
 }
 
-Thing hotelFlag(const std::string& name, const std::string& meaning, Place place, const std::string& function) {
+Setting hotelFlag(const std::string& name, const std::string& meaning, Place place, const std::string& function) {
     return in("pEnable", flag(name, meaning, place, {"Get" + function, {}}, {"Set" + function, {"%"}}));
 }
 
-Thing hotelVolume(const std::string& name, const std::string& meaning, const std::string& function) {
+Setting hotelVolume(const std::string& name, const std::string& meaning, const std::string& function) {
     return in("pVolume", number(name, meaning, Place::List, {"Get" + function, {}}, {"Set" + function, {"%"}}));
 }
 
-Thing text(const std::string& name, const std::string& meaning, Place place, const std::string& output, Access get) {
-    return in(output, other(ThingKind::Text, name, meaning, place, std::move(get)));
+Setting text(const std::string& name, const std::string& meaning, Place place, const std::string& output, Access get) {
+    return in(output, other(SettingKind::Text, name, meaning, place, std::move(get)));
 }
 
-std::vector<Thing> sourceThings() {
+std::vector<Setting> sourceSettings() {
     return {
         choice("source", "What the main window shows", Place::Status, source("getCurSourceId", {"0"}),
                source("selectSource", {"%", "0"})),
         flag("signal", "Whether the source has a signal", Place::Status, source("getSignalStatus"), {}),
-        in("info", other(ThingKind::Timing, "timing", "The size and the rate of the signal", Place::Status,
+        in("info", other(SettingKind::Timing, "timing", "The size and the rate of the signal", Place::Status,
                          source("getTimingInfo"))),
         choice("stream-type", "The dynamic range of the signal", Place::Status, picture("getHdrStreamType")),
         choice("boot-source", "The source that the television starts with", Place::List, source("getBootSource"),
@@ -115,7 +115,7 @@ std::vector<Thing> sourceThings() {
     };
 }
 
-std::vector<Thing> soundThings() {
+std::vector<Setting> soundSettings() {
     return {
         number("volume", "The volume of the speakers", Place::Status, audio("getVolume", {"speaker"}),
                audio("setVolume", {"speaker", "%"})),
@@ -143,7 +143,7 @@ std::vector<Thing> soundThings() {
     };
 }
 
-std::vector<Thing> pictureThings() {
+std::vector<Setting> pictureSettings() {
     return {
         choice("picture-mode", "The picture mode", Place::Status, picture("getPictureMode"),
                picture("setPictureMode", {"%"})),
@@ -168,7 +168,7 @@ std::vector<Thing> pictureThings() {
     };
 }
 
-std::vector<Thing> systemThings() {
+std::vector<Setting> systemSettings() {
     return {
         choice("language", "The language of the menus", Place::Status, system("getLanguage"),
                system("setLanguage", {"%"})),
@@ -187,7 +187,7 @@ std::vector<Thing> systemThings() {
     };
 }
 
-std::vector<Thing> hotelThings() {
+std::vector<Setting> hotelSettings() {
     return {
         hotelFlag("hotel", "The hotel mode", Place::Status, "HotelEnable"),
         hotelFlag("hotel-keypad", "Whether the keys at the television work in a hotel", Place::List,
@@ -200,7 +200,7 @@ std::vector<Thing> hotelThings() {
     };
 }
 
-std::vector<Thing> versionThings() {
+std::vector<Setting> versionSettings() {
     return {
         text("middleware-version", "The version of the middleware", Place::Status, "version",
              system("getMiddlewareVersion")),
@@ -212,10 +212,10 @@ std::vector<Thing> versionThings() {
     };
 }
 
-std::vector<Thing> allThings() {
-    std::vector<Thing> all;
+std::vector<Setting> allSettings() {
+    std::vector<Setting> all;
     for (const auto& part :
-         {sourceThings(), soundThings(), pictureThings(), systemThings(), hotelThings(), versionThings()}) {
+         {sourceSettings(), soundSettings(), pictureSettings(), systemSettings(), hotelSettings(), versionSettings()}) {
         all.insert(all.end(), part.begin(), part.end());
     }
     return all;
@@ -223,62 +223,62 @@ std::vector<Thing> allThings() {
 
 } // namespace
 
-const std::vector<Thing>& things() {
-    static const std::vector<Thing> all = allThings();
+const std::vector<Setting>& settings() {
+    static const std::vector<Setting> all = allSettings();
     return all;
 }
 
-std::vector<std::string> thingNames(bool settable) {
+std::vector<std::string> settingNames(bool settable) {
     std::vector<std::string> names;
-    for (const Thing& thing : things()) {
-        if (!settable || !thing.setter.empty()) {
-            names.push_back(thing.name);
+    for (const Setting& setting : settings()) {
+        if (!settable || !setting.setter.empty()) {
+            names.push_back(setting.name);
         }
     }
     return names;
 }
 
-const wire::Enumeration& enumerationOf(const Thing& thing) {
-    const wire::Function& getter = functionNamed(thing.getter);
-    if (thing.output.empty()) {
+const wire::Enumeration& enumerationOf(const Setting& setting) {
+    const wire::Function& getter = functionNamed(setting.getter);
+    if (setting.output.empty()) {
         return *getter.result.names;
     }
     const auto* const parameter =
         std::find_if(getter.parameters.begin(), getter.parameters.end(),
-                     [&thing](const wire::Parameter& each) { return thing.output == each.name; });
+                     [&setting](const wire::Parameter& each) { return setting.output == each.name; });
     return *parameter->values.names;
 }
 
-const Thing& thingNamed(const std::string& name) {
-    for (const Thing& thing : things()) {
-        if (thing.name == name) {
-            return thing;
+const Setting& settingNamed(const std::string& name) {
+    for (const Setting& setting : settings()) {
+        if (setting.name == name) {
+            return setting;
         }
     }
-    throw UsageError("there is no '" + name + "' to get or set" + wire::nearestHint(name, thingNames(false)));
+    throw UsageError("there is no '" + name + "' to get or set" + wire::nearestHint(name, settingNames(false)));
 }
 
-std::string allowedFor(const Thing& thing) {
-    switch (thing.kind) {
-    case ThingKind::Number:
-        return std::to_string(thing.low) + ".." + std::to_string(thing.high) +
-               (thing.unit.empty() ? "" : ' ' + thing.unit) + ", +N, -N";
-    case ThingKind::Switch:
-    case ThingKind::Choice:
-        return joined(valueNames(thing), ", ");
-    case ThingKind::Text:
-    case ThingKind::Timing:
+std::string allowedFor(const Setting& setting) {
+    switch (setting.kind) {
+    case SettingKind::Number:
+        return std::to_string(setting.low) + ".." + std::to_string(setting.high) +
+               (setting.unit.empty() ? "" : ' ' + setting.unit) + ", +N, -N";
+    case SettingKind::Switch:
+    case SettingKind::Choice:
+        return joined(valueNames(setting), ", ");
+    case SettingKind::Text:
+    case SettingKind::Timing:
         break;
     }
     return "";
 }
 
-std::vector<std::string> valueNames(const Thing& thing) {
-    if (thing.kind == ThingKind::Switch) {
+std::vector<std::string> valueNames(const Setting& setting) {
+    if (setting.kind == SettingKind::Switch) {
         return {"on", "off", "toggle"};
     }
-    return thing.kind == ThingKind::Choice ? wire::namesOf(enumerationOf(thing)).shortNames()
-                                           : std::vector<std::string>();
+    return setting.kind == SettingKind::Choice ? wire::namesOf(enumerationOf(setting)).shortNames()
+                                               : std::vector<std::string>();
 }
 
 } // namespace kelutv::tool

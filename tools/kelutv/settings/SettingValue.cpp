@@ -1,4 +1,4 @@
-#include "tools/kelutv/settings/ThingValue.h"
+#include "tools/kelutv/settings/SettingValue.h"
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/output/Errors.h"
@@ -18,9 +18,9 @@ namespace kelutv::tool {
 
 namespace {
 
-Json named(const Thing& thing, const Json& number) {
+Json named(const Setting& setting, const Json& number) {
     const auto value = static_cast<std::int32_t>(number.asInteger());
-    const std::string name = wire::namesOf(enumerationOf(thing)).shortNameOf(value);
+    const std::string name = wire::namesOf(enumerationOf(setting)).shortNameOf(value);
     return name.empty() ? number : Json(name);
 }
 
@@ -35,9 +35,9 @@ CallResult callQuietly(const std::string& function, const std::vector<std::strin
     return callFunction(functionNamed(function), arguments);
 }
 
-[[noreturn]] void refuse(const Thing& thing, const std::string& text) {
-    throw UsageError(thing.name + " cannot be '" + text + "', allowed: " + allowedFor(thing) +
-                     wire::nearestHint(text, valueNames(thing)));
+[[noreturn]] void refuse(const Setting& setting, const std::string& text) {
+    throw UsageError(setting.name + " cannot be '" + text + "', allowed: " + allowedFor(setting) +
+                     wire::nearestHint(text, valueNames(setting)));
 }
 
 std::optional<int> wholeNumber(const std::string& digits) {
@@ -54,62 +54,62 @@ std::optional<int> changeIn(const std::string& text) {
     return wholeNumber(text.front() == '+' ? text.substr(1) : text);
 }
 
-Json numberFor(const Thing& thing, const std::string& text) {
+Json numberFor(const Setting& setting, const std::string& text) {
     if (const std::optional<int> change = changeIn(text)) {
-        const std::int64_t sum = readThing(thing).asInteger() + *change;
-        return std::clamp<std::int64_t>(sum, thing.low, thing.high);
+        const std::int64_t sum = readSetting(setting).asInteger() + *change;
+        return std::clamp<std::int64_t>(sum, setting.low, setting.high);
     }
     const std::optional<int> value = wholeNumber(text);
-    if (!value || *value < thing.low || *value > thing.high) {
-        refuse(thing, text);
+    if (!value || *value < setting.low || *value > setting.high) {
+        refuse(setting, text);
     }
     return *value;
 }
 
-Json flagFor(const Thing& thing, const std::string& text) {
+Json flagFor(const Setting& setting, const std::string& text) {
     static const std::vector<std::string> on{"on", "true", "yes", "1"};
     static const std::vector<std::string> off{"off", "false", "no", "0"};
     if (text == "toggle") {
-        return !readThing(thing).asBoolean();
+        return !readSetting(setting).asBoolean();
     }
     const bool isOn = std::find(on.begin(), on.end(), text) != on.end();
     if (!isOn && std::find(off.begin(), off.end(), text) == off.end()) {
-        refuse(thing, text);
+        refuse(setting, text);
     }
     return isOn;
 }
 
-Json choiceFor(const Thing& thing, const std::string& text) {
-    const std::vector<std::string> allowed = valueNames(thing);
+Json choiceFor(const Setting& setting, const std::string& text) {
+    const std::vector<std::string> allowed = valueNames(setting);
     try {
-        const wire::Names& names = wire::namesOf(enumerationOf(thing));
+        const wire::Names& names = wire::namesOf(enumerationOf(setting));
         const std::string meant = names.shortNameOf(names.valueOf(text));
         if (std::find(allowed.begin(), allowed.end(), meant) != allowed.end()) {
             return meant;
         }
-    } catch (const wire::UnknownName&) { // Told of below, in the words of the thing.
+    } catch (const wire::UnknownName&) { // Told of below, in the words of the setting.
     }
-    refuse(thing, text);
+    refuse(setting, text);
 }
 
-Json valueFor(const Thing& thing, const std::string& text) {
-    switch (thing.kind) {
-    case ThingKind::Number:
-        return numberFor(thing, text);
-    case ThingKind::Switch:
-        return flagFor(thing, text);
-    case ThingKind::Choice:
-        return choiceFor(thing, text);
-    case ThingKind::Text:
-    case ThingKind::Timing:
+Json valueFor(const Setting& setting, const std::string& text) {
+    switch (setting.kind) {
+    case SettingKind::Number:
+        return numberFor(setting, text);
+    case SettingKind::Switch:
+        return flagFor(setting, text);
+    case SettingKind::Choice:
+        return choiceFor(setting, text);
+    case SettingKind::Text:
+    case SettingKind::Timing:
         break;
     }
-    refuse(thing, text);
+    refuse(setting, text);
 }
 
-std::string argumentFor(const Thing& thing, const Json& value) {
-    if (thing.kind == ThingKind::Choice) {
-        return std::to_string(wire::namesOf(enumerationOf(thing)).valueOf(value.asText()));
+std::string argumentFor(const Setting& setting, const Json& value) {
+    if (setting.kind == SettingKind::Choice) {
+        return std::to_string(wire::namesOf(enumerationOf(setting)).valueOf(value.asText()));
     }
     return value.dump();
 }
@@ -121,38 +121,38 @@ std::string timingText(const Json& timing) {
 
 } // namespace
 
-Json readThing(const Thing& thing) {
-    const CallResult call = callQuietly(thing.getter, thing.getterArguments);
-    Json value = thing.output.empty() ? call.result : call.outputs.at(thing.output);
+Json readSetting(const Setting& setting) {
+    const CallResult call = callQuietly(setting.getter, setting.getterArguments);
+    Json value = setting.output.empty() ? call.result : call.outputs.at(setting.output);
     if (value.isNull()) {
-        throw ServiceError("the service gives no value for " + thing.name);
+        throw ServiceError("the service gives no value for " + setting.name);
     }
-    if (thing.kind == ThingKind::Choice) {
-        return named(thing, value);
+    if (setting.kind == SettingKind::Choice) {
+        return named(setting, value);
     }
-    return thing.kind == ThingKind::Switch ? truthOf(value) : value;
+    return setting.kind == SettingKind::Switch ? truthOf(value) : value;
 }
 
-Json writeThing(const Thing& thing, const std::string& text) {
-    if (thing.setter.empty()) {
-        throw UsageError(thing.name + " can only be read");
+Json writeSetting(const Setting& setting, const std::string& text) {
+    if (setting.setter.empty()) {
+        throw UsageError(setting.name + " can only be read");
     }
-    Json value = valueFor(thing, text);
-    std::vector<std::string> arguments = thing.setterArguments;
-    std::replace(arguments.begin(), arguments.end(), std::string("%"), argumentFor(thing, value));
-    callQuietly(thing.setter, arguments);
+    Json value = valueFor(setting, text);
+    std::vector<std::string> arguments = setting.setterArguments;
+    std::replace(arguments.begin(), arguments.end(), std::string("%"), argumentFor(setting, value));
+    callQuietly(setting.setter, arguments);
     return value;
 }
 
-std::string shownText(const Thing& thing, const Json& value) {
-    if (thing.kind == ThingKind::Timing) {
+std::string shownText(const Setting& setting, const Json& value) {
+    if (setting.kind == SettingKind::Timing) {
         return timingText(value);
     }
     if (value.isBoolean()) {
         return value.asBoolean() ? "on" : "off";
     }
     const std::string text = value.isText() ? value.asText() : value.dump();
-    return thing.unit.empty() ? text : text + ' ' + thing.unit;
+    return setting.unit.empty() ? text : text + ' ' + setting.unit;
 }
 
 } // namespace kelutv::tool

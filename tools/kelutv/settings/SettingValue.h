@@ -1,30 +1,30 @@
 #pragma once
 
 #include "tools/kelutv/output/Output.h"
-#include "tools/kelutv/settings/Things.h"
+#include "tools/kelutv/settings/Settings.h"
 
 #include <string>
 
 namespace kelutv::tool {
 
 /**
- * Reads a thing: a number, a flag, the short name of a choice (its number when it has no name), a text, or the record
+ * Reads a setting: a number, a flag, the short name of a choice (its number when it has no name), a text, or the record
  * of a timing.
  *
  * @throws LinkError, ServiceError
  */
-Json readThing(const Thing& thing);
+Json readSetting(const Setting& setting);
 
 /**
- * Sets a thing to what is written and gives that value in the form that `readThing` gives it.
+ * Sets a setting to what is written and gives that value in the form that `readSetting` gives it.
  *
  * "+5" and "-5" change a number by so much, no further than its range; "toggle" turns a switch round.
  *
  * @throws UsageError when it is not allowed, nothing is set then; LinkError, ServiceError
  */
-Json writeThing(const Thing& thing, const std::string& text);
+Json writeSetting(const Setting& setting, const std::string& text);
 
 /** The value as a person reads it: `35`, `on`, `hdmi2`, `3840x2160, 60 Hz`. */
-std::string shownText(const Thing& thing, const Json& value);
+std::string shownText(const Setting& setting, const Json& value);
 
 } // namespace kelutv::tool

@@ -7,7 +7,7 @@
 
 namespace kelutv::tool {
 
-enum class ThingKind {
+enum class SettingKind {
     /** A whole number of a range. */
     Number,
     /** On or off. */
@@ -19,7 +19,7 @@ enum class ThingKind {
     Timing,
 };
 
-/** Where a thing stands. */
+/** Where a setting stands. */
 enum class Place {
     /** Among all others. */
     List,
@@ -28,10 +28,10 @@ enum class Place {
 };
 
 /** Something of the television that a person reads or changes by one word. */
-struct Thing {
+struct Setting {
     std::string name;
     std::string meaning;
-    ThingKind kind;
+    SettingKind kind;
     Place place;
     /** The function that reads it, with its arguments. */
     std::string getter;
@@ -48,22 +48,22 @@ struct Thing {
     std::string unit;
 };
 
-/** Every thing, those that belong together beside each other. */
-const std::vector<Thing>& things();
+/** Every setting, those that belong together beside each other. */
+const std::vector<Setting>& settings();
 
-/** The names of all things, or only of those that can be set. */
-std::vector<std::string> thingNames(bool settable);
+/** The names of all settings, or only of those that can be set. */
+std::vector<std::string> settingNames(bool settable);
 
 /** @throws UsageError with the nearest names when there is none */
-const Thing& thingNamed(const std::string& name);
+const Setting& settingNamed(const std::string& name);
 
 /** The enumeration that names the values of a choice. */
-const wire::Enumeration& enumerationOf(const Thing& thing);
+const wire::Enumeration& enumerationOf(const Setting& setting);
 
 /** What can be written for it: `0..100, +N, -N`, `on, off, toggle`, names apart by commas; for texts nothing. */
-std::string allowedFor(const Thing& thing);
+std::string allowedFor(const Setting& setting);
 
 /** The words that `set` takes for a switch or a choice, in the order of the enumeration. */
-std::vector<std::string> valueNames(const Thing& thing);
+std::vector<std::string> valueNames(const Setting& setting);
 
 } // namespace kelutv::tool
