@@ -56,7 +56,7 @@ TEST(Manners, helpBeginsWithExamples) {
               "\n"
               "Usage: kelutv set [OPTIONS] SETTING VALUE\n"
               "\n"
-              "Change what a person changes daily, and print what it is then\n"
+              "Change a setting of the television, and print its new value\n"
               "Names can be shortened as long as one is meant. 'kelutv get' lists every SETTING and its values.\n"
               "\n");
     EXPECT_EQ(runTool({"set", "--help"}).output, run.output);

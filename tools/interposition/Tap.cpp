@@ -54,20 +54,20 @@ status_t send(TVBaseClient& client, const Service& service, const Parcel& reques
 }
 
 status_t sendObserved(TVBaseClient& client, const Service& service, const Parcel& request, Parcel* reply,
-                      Observer tell) {
+                      Observer notify) {
     const auto start = std::chrono::system_clock::now();
     const auto begin = std::chrono::steady_clock::now();
     const status_t status = send(client, service, request, reply);
     const bool replied = status == android::NO_ERROR && reply != nullptr;
-    tell({start, std::chrono::steady_clock::now() - begin, status, request.data(), request.dataSize(),
-          replied ? reply->data() : nullptr, replied ? reply->dataSize() : 0});
+    notify({start, std::chrono::steady_clock::now() - begin, status, request.data(), request.dataSize(),
+            replied ? reply->data() : nullptr, replied ? reply->dataSize() : 0});
     return status;
 }
 
 status_t transact(TVBaseClient& client, const Service& service, const Parcel& request, Parcel* reply) {
-    const Observer tell = observer.load();
-    return tell == nullptr ? send(client, service, request, reply)
-                           : sendObserved(client, service, request, reply, tell);
+    const Observer notify = observer.load();
+    return notify == nullptr ? send(client, service, request, reply)
+                             : sendObserved(client, service, request, reply, notify);
 }
 
 } // namespace
@@ -76,7 +76,7 @@ status_t transact(TVBaseClient& client, const Service& service, const Parcel& re
 
 namespace android {
 
-/** Goes before the client library's own: does the same, with no symbol of that library, and tells the observer. */
+/** Goes before the client library's own: does the same, with no symbol of that library, and calls the observer. */
 KELUTV_API status_t TVBaseClient::invoke(const Parcel& request, Parcel* reply) {
     return kelutv::interposition::transact(*this, mBpTvbaseService, request, reply);
 }

@@ -16,7 +16,7 @@ namespace {
 /** Kept from the start: programs change their environment. */
 char pipePath[PATH_MAX];
 
-/** Opened anew for each record, since programs close descriptors that are not theirs; -1 when nobody listens. */
+/** Opened for each record, since programs close descriptors that are not theirs; -1 when nobody listens. */
 int openPipe() {
     const int fd = ::open(pipePath, O_WRONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd >= 0) {

@@ -192,8 +192,8 @@ TEST(Decode, refusesBadInput) {
     };
     const Case cases[] = {
         {{}, "nothing to decode: give the bytes of a request, --reply with those of a reply, or both"},
-        {{"--reply", "00"}, "--reply needs the request before it, or --command to tell what it answers"},
-        {{"00", "--command", "0x2008"}, "--command: the request tells its command by itself; leave one of them out"},
+        {{"--reply", "00"}, "--reply needs the request before it, or --command to name what it answers"},
+        {{"00", "--command", "0x2008"}, "--command: the request names its command itself; leave one of them out"},
         {{"00", "--item", "0x200C"}, "--item needs --command"},
         {{"zz"}, "'z' is not a hexadecimal digit"},
         {{"000"}, "'000' has an odd number of hexadecimal digits"},

@@ -103,14 +103,14 @@ TEST(Eep, refusesBadInputAndSendsNothing) {
     const Case cases[] = {
         {{"read", "tw", "0"}, "no area is called tw; nearest: tv"},
         {{"read", "tv", "0x8BFD"}, "address 0x8BFD is outside the area tv, which goes from 0x8A00 to 0x8BFC"},
-        {{"read", "tv", "8G"}, "ADDRESS: '8G' is no number; it is written like 35328 or 0x8A00"},
+        {{"read", "tv", "8G"}, "ADDRESS: '8G' is not a number; write it like 35328 or 0x8A00"},
         {{"read", "tv", "0x8BFC", "2"},
          "2 bytes from 0x8BFC on do not fit into the area tv: from there to its end at "
          "0x8BFC it has 1 to 1"},
         {{"read", "tv", "0x8A00", "0"}, "0 bytes from 0x8A00 on do not fit into the area tv"},
         {{"write", "tv", "0x8BFC", "1", "2"}, "2 bytes from 0x8BFC on do not fit into the area tv"},
         {{"write", "tv", "0x8A00", "256"}, "BYTES: a byte goes from 0 to 255, not 256"},
-        {{"write", "tv", "0x8A00", "1,x"}, "BYTES: 'x' is no number; it is written like 35328 or 0x8A00"},
+        {{"write", "tv", "0x8A00", "1,x"}, "BYTES: 'x' is not a number; write it like 35328 or 0x8A00"},
         {{"write", "tv", "0x8A00", "hex:4"}, "'4' has an odd number of hexadecimal digits"},
         {{"write", "tv", "0x8A00", "@" + nowhere}, "cannot read '" + nowhere + "': No such file or directory"},
         {{"dump", "tv", "--offset", "509"}, "--offset: the area tv has the offsets 0 to 508, not 509"},

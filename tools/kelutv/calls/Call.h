@@ -27,7 +27,7 @@ struct CallResult {
 std::vector<const wire::Parameter*> givenParameters(const wire::Function& function);
 
 /**
- * Calls the function with arguments in text form (see docs/tool.md) and tells whether it failed.
+ * Calls the function with arguments in text form (see docs/tool.md) and says whether it failed.
  *
  * @throws UsageError for wrong arguments, nothing sent then; LinkError when there is no service or it is gone
  */
@@ -51,7 +51,7 @@ Json documentOf(const wire::Function& function, const CallResult& call);
 /** The lines a person reads: `result: 0 (off)`, `pEnable: true`. */
 std::vector<std::string> linesOf(const wire::Function& function, const CallResult& call);
 
-/** One value of a type in words: `35`, `2 (speaker)`, `"text"`, `true`, `[1, 2, 3]`, `red=1 green=2`. */
+/** The text of a value of a type: `35`, `2 (speaker)`, `"text"`, `true`, `[1, 2, 3]`, `red=1 green=2`. */
 std::string textOf(const wire::ValueType& type, const Json& value);
 
 } // namespace kelutv::tool

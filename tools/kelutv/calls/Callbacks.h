@@ -6,7 +6,7 @@
 namespace kelutv::tool {
 
 /**
- * Stores the tool's own function for a callback type, which prints what it is told to standard output: `event
+ * Stores the tool's own function for a callback type, which prints its arguments to standard output: `event
  * 0x10002 01000000` and `vbi 2 0a0b`. A block of more than 64 bytes is cut.
  */
 void storePrinter(const std::string& type, std::uint8_t* to);

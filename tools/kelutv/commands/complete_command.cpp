@@ -42,7 +42,7 @@ void addCompleteCommand(const Command& program, Context& context) {
     const Subcommand command(
         program, "complete",
         "Print what the last word may become, one a line\n\nExamples:\nkelutv complete -- get vol");
-    command.hide(); // For shells, not for persons.
+    command.hide(); // For shells, not for people.
     const auto line = std::make_shared<std::string>();
     const auto words = std::make_shared<std::vector<std::string>>();
     command.option("--line", *line, "LINE", "The line up to the cursor, instead of words");

@@ -99,10 +99,10 @@ void check(const DecodeOptions& options) {
         throw UsageError("nothing to decode: give the bytes of a request, --reply with those of a reply, or both");
     }
     if (options.words.empty() && options.command.empty()) {
-        throw UsageError("--reply needs the request before it, or --command to tell what it answers");
+        throw UsageError("--reply needs the request before it, or --command to name what it answers");
     }
     if (!options.words.empty() && !options.command.empty()) {
-        throw UsageError("--command: the request tells its command by itself; leave one of them out");
+        throw UsageError("--command: the request names its command itself; leave one of them out");
     }
     if (!options.item.empty() && options.command.empty()) {
         throw UsageError("--item needs --command");
@@ -173,9 +173,9 @@ void addDecodeCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<DecodeOptions>();
     const Subcommand command(
         program, "decode",
-        "Tell what the bytes of a request or a reply say\n\n"
+        "Show what the bytes of a request or a reply mean\n\n"
         "The bytes are hex digits, with or without spaces and 0x, or the lines of a hex dump. What is wrong with\n"
-        "them is told with the byte at which it is, behind what could be read.\n\n"
+        "them follows what could be read, with the position of the byte.\n\n"
         "Examples:\n"
         "kelutv encode audio.setVolume speaker 35 | kelutv decode -\n"
         "kelutv decode --command CMD_AUDIO_GETVOLUME --reply '00000000 23000000'\n"

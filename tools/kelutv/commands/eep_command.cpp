@@ -34,7 +34,7 @@ int numberOf(const std::string& text, const std::string& what) {
     errno = 0;
     const long number = std::strtol(text.c_str(), &end, 0);
     if (text.empty() || *end != '\0' || errno != 0 || number < 0 || number > INT32_MAX) {
-        throw UsageError(what + ": '" + text + "' is no number; it is written like 35328 or 0x8A00");
+        throw UsageError(what + ": '" + text + "' is not a number; write it like 35328 or 0x8A00");
     }
     return static_cast<int>(number);
 }

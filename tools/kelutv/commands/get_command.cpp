@@ -38,7 +38,7 @@ void get(const Output& output, const std::string& name) {
 
 void addGetCommand(const Command& program, Context& context) {
     const Subcommand command(program, "get",
-                             "Read what a person changes daily\n"
+                             "Read a setting of the television\n"
                              "Without a SETTING: lists all of them and what each can be.\n\n"
                              "Examples:\n"
                              "kelutv get volume\n"

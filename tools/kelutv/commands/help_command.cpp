@@ -26,7 +26,7 @@ void printHelp(Command command, const Output& output, const std::vector<std::str
 
 void addHelpCommand(const Command& program, Context& context) {
     const Subcommand command(program, "help",
-                             "Tell what a command does\n\nExamples:\n"
+                             "Show what a command does\n\nExamples:\n"
                              "kelutv help\n"
                              "kelutv help set");
     const auto path = std::make_shared<std::vector<std::string>>();

@@ -228,7 +228,7 @@ void addMonitorCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<MonitorOptions>();
     const Subcommand command(
         program, "monitor",
-        "Tell of the television's events as they come\n\n"
+        "Show the television's events as they come\n\n"
         "One line for each event, until SIGINT or SIGTERM. Without --event, --module and --all these are the\n"
         "events that every application of the library gets. Names of events and fields are those of the\n"
         "simulated television, or of the file of --events or of the variable KELUTV_EVENTS.\n\n"

@@ -23,7 +23,7 @@ void set(const Output& output, const std::string& name, const std::string& text)
 
 void addSetCommand(const Command& program, Context& context) {
     const Subcommand command(program, "set",
-                             "Change what a person changes daily, and print what it is then\n"
+                             "Change a setting of the television, and print its new value\n"
                              "Names can be shortened as long as one is meant. 'kelutv get' lists every SETTING "
                              "and its values.\n\n"
                              "Examples:\n"

@@ -75,7 +75,7 @@ void showStatus(const Output& output) {
 void addStatusCommand(const Command& program, Context& context) {
     const Subcommand command(program, "status",
                              "Show the television on one screen\n"
-                             "What cannot be read is told of in its line; the rest stands all the same.\n\n"
+                             "A setting that cannot be read says so in its line; the others are shown.\n\n"
                              "Examples:\n"
                              "kelutv status\n"
                              "kelutv status --json");

@@ -48,7 +48,7 @@ Exit trace(const TraceOptions& options) {
     TraceLog log(options.log);
     TracePipe pipe;
     process::SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
-    std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be told.
+    std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.
     TracedProgram program(options.words, pipe.path(), signals.maskBefore());
     const int exit = waitForEnd(program, signals, pipe, log);
     log.finish();
@@ -61,7 +61,7 @@ void addTraceCommand(const Command& program, Context& context) {
     const auto options = std::make_shared<TraceOptions>();
     const Subcommand command(
         program, "trace",
-        "Run a program and tell what it sends to the television\n\n"
+        "Run a program and show what it sends to the television\n\n"
         "One line for each command with its answer and the time it took, on standard error or in a file. The\n"
         "program is not changed and keeps its input and output. Its exit code is the tool's, too.\n\n"
         "Examples:\n"
@@ -70,7 +70,7 @@ void addTraceCommand(const Command& program, Context& context) {
     command.option("-o,--output", options->log.file, "FILE", "Write the trace to this file");
     command.option("-f,--filter", options->log.filters, "PATTERN",
                    "Only requests with such a name or number; may be given several times");
-    command.option("-n,--count", options->log.count, "N", "Tell of this many; the program goes on");
+    command.option("-n,--count", options->log.count, "N", "Show only this many; the program runs on");
     command.requiredWords("PROGRAM", options->words, "The program and its arguments");
     command.action([options, &context] {
         options->log.json = context.output.json;

@@ -46,7 +46,7 @@ std::optional<int> wholeNumber(const std::string& digits) {
     return error == std::errc() && end == digits.data() + digits.size() ? std::optional<int>(value) : std::nullopt;
 }
 
-/** The number behind a sign that tells by how much to change; nothing for anything else. */
+/** The number behind a sign, by which to change a setting; nothing for anything else. */
 std::optional<int> changeIn(const std::string& text) {
     if (text.size() < 2 || (text.front() != '+' && text.front() != '-') || text[1] == '-') {
         return std::nullopt;
@@ -87,7 +87,7 @@ Json choiceFor(const Setting& setting, const std::string& text) {
         if (std::find(allowed.begin(), allowed.end(), meant) != allowed.end()) {
             return meant;
         }
-    } catch (const wire::UnknownName&) { // Told of below, in the words of the setting.
+    } catch (const wire::UnknownName&) { // Reported below, with what the setting allows.
     }
     refuse(setting, text);
 }

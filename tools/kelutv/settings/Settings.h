@@ -19,7 +19,7 @@ enum class SettingKind {
     Timing,
 };
 
-/** Where a setting stands. */
+/** Where a setting is listed. */
 enum class Place {
     /** Among all others. */
     List,
@@ -27,7 +27,7 @@ enum class Place {
     Status,
 };
 
-/** Something of the television that a person reads or changes by one word. */
+/** A setting or a state of the television that is read or changed by its name. */
 struct Setting {
     std::string name;
     std::string meaning;
@@ -60,7 +60,7 @@ const Setting& settingNamed(const std::string& name);
 /** The enumeration that names the values of a choice. */
 const wire::Enumeration& enumerationOf(const Setting& setting);
 
-/** What can be written for it: `0..100, +N, -N`, `on, off, toggle`, names apart by commas; for texts nothing. */
+/** What can be written for it: `0..100, +N, -N`, `on, off, toggle`, names separated by commas; nothing for texts. */
 std::string allowedFor(const Setting& setting);
 
 /** The words that `set` takes for a switch or a choice, in the order of the enumeration. */

@@ -8,7 +8,7 @@ namespace kelutv::tool {
 /**
  * The lines written before, in a file that only this user may read; the newest thousand.
  *
- * A file that cannot be read or written is no reason to end: the lines are just not kept.
+ * A file that cannot be read or written does not end the shell: the lines are not kept.
  */
 class History {
 public:

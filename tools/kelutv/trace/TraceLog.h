@@ -12,7 +12,7 @@
 
 namespace kelutv::tool {
 
-/** Writes traced transactions in words or as JSON, one a line, to a file or to standard error. */
+/** Writes traced transactions as text or JSON, one a line, to a file or to standard error. */
 class TraceLog {
 public:
     struct Options {

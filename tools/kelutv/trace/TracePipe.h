@@ -25,7 +25,7 @@ struct TracedTransaction {
     Bytes reply;
 };
 
-/** The named pipe through which traced programs tell of their transactions, in a private directory of its own. */
+/** The named pipe through which traced programs send their transactions, in a private directory of its own. */
 class TracePipe {
 public:
     TracePipe();
