@@ -75,11 +75,11 @@ bool connectToService() {
 StubbedService::StubbedService() {
     state().isStubbed = true;
     madeClient();
-    answer(answerWithZeros);
+    setResponder(answerWithZeros);
 }
 
 StubbedService::~StubbedService() {
-    answer(nullptr);
+    setResponder(nullptr);
     state().isStubbed = false;
 }
 

@@ -15,9 +15,9 @@ std::atomic<Responder> responder{nullptr};
 
 } // namespace
 
-void observe(Observer next) { observer.store(next); }
+void setObserver(Observer next) { observer.store(next); }
 
-void answer(Responder next) { responder.store(next); }
+void setResponder(Responder next) { responder.store(next); }
 
 Transaction copyOf(const TransactionView& view) {
     return {view.start,

@@ -36,13 +36,13 @@ struct TransactionView {
 using Observer = void (*)(const TransactionView& transaction);
 
 /** Puts the observer in place of the one before; null for none. */
-void observe(Observer observer);
+void setObserver(Observer observer);
 
 /** Stands in for the service: gives the transport's status and fills the reply. Several threads at once. */
 using Responder = int (*)(const android::Parcel& request, android::Parcel* reply);
 
 /** Lets requests be answered here instead of being sent; null sends them again. */
-void answer(Responder responder);
+void setResponder(Responder responder);
 
 /** A transaction to keep. */
 Transaction copyOf(const TransactionView& view);

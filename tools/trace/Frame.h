@@ -11,7 +11,7 @@ namespace kelutv::trace {
 constexpr const char* kPipeVariable = "KELUTV_TRACE_PIPE";
 
 /** Leads each piece of a record. A whole frame is written at once, so that those of several writers do not mix. */
-struct FrameHead {
+struct FrameHeader {
     std::int32_t process;
     std::int32_t thread;
     /** Where in the record this piece belongs; 0 begins a new one. */
@@ -22,10 +22,10 @@ struct FrameHead {
 };
 
 constexpr std::size_t kFrameCapacity = PIPE_BUF;
-constexpr std::size_t kPieceCapacity = kFrameCapacity - sizeof(FrameHead);
+constexpr std::size_t kPieceCapacity = kFrameCapacity - sizeof(FrameHeader);
 
 /** Leads a record; the bytes of the request and of the reply follow. */
-struct RecordHead {
+struct RecordHeader {
     /** Since the epoch. */
     std::int64_t startNanoseconds;
     std::int64_t durationNanoseconds;

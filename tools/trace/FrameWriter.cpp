@@ -9,17 +9,17 @@
 namespace kelutv::trace {
 
 FrameWriter::FrameWriter(int fd, pid_t process, pid_t thread, std::size_t total)
-    : mFd(fd), mHead{process, thread, 0, 0, static_cast<std::uint32_t>(total)} {}
+    : mFd(fd), mHeader{process, thread, 0, 0, static_cast<std::uint32_t>(total)} {}
 
 void FrameWriter::append(const void* bytes, std::size_t length) {
     const auto* next = static_cast<const std::uint8_t*>(bytes);
     while (length > 0) {
-        if (mHead.length == kPieceCapacity) {
+        if (mHeader.length == kPieceCapacity) {
             flush();
         }
-        const std::size_t taken = std::min(length, kPieceCapacity - mHead.length);
-        std::memcpy(mPiece + mHead.length, next, taken);
-        mHead.length += static_cast<std::uint32_t>(taken);
+        const std::size_t taken = std::min(length, kPieceCapacity - mHeader.length);
+        std::memcpy(mPiece + mHeader.length, next, taken);
+        mHeader.length += static_cast<std::uint32_t>(taken);
         next += taken;
         length -= taken;
     }
@@ -28,12 +28,12 @@ void FrameWriter::append(const void* bytes, std::size_t length) {
 void FrameWriter::finish() { flush(); }
 
 void FrameWriter::flush() {
-    const iovec pieces[] = {{&mHead, sizeof(mHead)}, {mPiece, mHead.length}};
+    const iovec pieces[] = {{&mHeader, sizeof(mHeader)}, {mPiece, mHeader.length}};
     while (!mFailed && ::writev(mFd, pieces, 2) < 0) {
         mFailed = errno != EINTR;
     }
-    mHead.offset += mHead.length;
-    mHead.length = 0;
+    mHeader.offset += mHeader.length;
+    mHeader.length = 0;
 }
 
 } // namespace kelutv::trace

@@ -24,7 +24,7 @@ private:
     void flush();
 
     int mFd;
-    FrameHead mHead;
+    FrameHeader mHeader;
     bool mFailed = false;
     std::uint8_t mPiece[kPieceCapacity];
 };

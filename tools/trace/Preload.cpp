@@ -1,6 +1,6 @@
 #include "tools/interposition/Tap.h"
 #include "tools/trace/FrameWriter.h"
-#include "tools/trace/PipeSignal.h"
+#include "tools/trace/SigpipeGuard.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -28,14 +28,14 @@ int openPipe() {
 std::int64_t nanoseconds(std::chrono::nanoseconds time) { return time.count(); }
 
 void write(int fd, const interposition::TransactionView& transaction) {
-    const RecordHead head{nanoseconds(transaction.start.time_since_epoch()),
-                          nanoseconds(transaction.duration),
-                          transaction.status,
-                          static_cast<std::uint32_t>(transaction.requestSize),
-                          static_cast<std::uint32_t>(transaction.replySize),
-                          0};
-    FrameWriter writer(fd, ::getpid(), ::gettid(), sizeof(head) + transaction.requestSize + transaction.replySize);
-    writer.append(&head, sizeof(head));
+    const RecordHeader header{nanoseconds(transaction.start.time_since_epoch()),
+                              nanoseconds(transaction.duration),
+                              transaction.status,
+                              static_cast<std::uint32_t>(transaction.requestSize),
+                              static_cast<std::uint32_t>(transaction.replySize),
+                              0};
+    FrameWriter writer(fd, ::getpid(), ::gettid(), sizeof(header) + transaction.requestSize + transaction.replySize);
+    writer.append(&header, sizeof(header));
     writer.append(transaction.request, transaction.requestSize);
     writer.append(transaction.reply, transaction.replySize);
     writer.finish();
@@ -45,7 +45,7 @@ void send(const interposition::TransactionView& transaction) {
     const int before = errno;
     const int fd = openPipe();
     if (fd >= 0) {
-        const NoPipeSignal quiet;
+        const SigpipeGuard quiet;
         write(fd, transaction);
         ::close(fd);
     }
@@ -57,7 +57,7 @@ void send(const interposition::TransactionView& transaction) {
     const std::size_t size = path != nullptr ? std::strlen(path) + 1 : 0;
     if (size > 1 && size <= sizeof(pipePath)) {
         std::memcpy(pipePath, path, size);
-        interposition::observe(send);
+        interposition::setObserver(send);
     }
 }
 

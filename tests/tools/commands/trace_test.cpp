@@ -4,7 +4,7 @@
 #include "support/Sanitizers.h"
 #include "support/TestFolder.h"
 #include "tools/trace/FrameWriter.h"
-#include "tools/trace/PipeSignal.h"
+#include "tools/trace/SigpipeGuard.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -230,7 +230,7 @@ TEST(TraceFrames, aBrokenPipeIsSilent) {
     ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
     ::close(ends[0]);
     {
-        const kelutv::trace::NoPipeSignal quiet;
+        const kelutv::trace::SigpipeGuard quiet;
         kelutv::trace::FrameWriter writer(ends[1], 1, 1, 5);
         writer.append("hello", 5);
         writer.finish();

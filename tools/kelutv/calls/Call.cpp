@@ -29,7 +29,7 @@ class Collector {
 public:
     explicit Collector(std::vector<interposition::Transaction>& transactions) {
         collected = &transactions;
-        interposition::observe(collect);
+        interposition::setObserver(collect);
     }
     ~Collector() { collected = nullptr; }
     Collector(const Collector&) = delete;

@@ -34,7 +34,7 @@ struct MonitorOptions {
 };
 
 /** The events that are shown: all that come when none are named. */
-struct Wanted {
+struct EventFilter {
     std::vector<EventRange> events;
     std::set<std::uint32_t> modules;
 
@@ -45,25 +45,25 @@ struct Wanted {
     }
 };
 
-Wanted wantedBy(const MonitorOptions& options, const wire::EventTable& events) {
-    Wanted wanted;
+EventFilter filterOf(const MonitorOptions& options, const wire::EventTable& events) {
+    EventFilter filter;
     for (const std::string& event : options.events) {
-        wanted.events.push_back(eventNamed(events, event));
+        filter.events.push_back(eventNamed(events, event));
     }
     for (const std::string& module : options.modules) {
-        wanted.modules.insert(moduleNamed(module));
+        filter.modules.insert(moduleNamed(module));
     }
     if (options.all) {
         for (const std::uint32_t module : allModules()) {
-            wanted.modules.insert(module);
+            filter.modules.insert(module);
         }
     }
-    return wanted;
+    return filter;
 }
 
-std::set<std::uint32_t> modulesOf(const Wanted& wanted) {
-    std::set<std::uint32_t> modules = wanted.modules;
-    for (const EventRange& range : wanted.events) {
+std::set<std::uint32_t> modulesOf(const EventFilter& filter) {
+    std::set<std::uint32_t> modules = filter.modules;
+    for (const EventRange& range : filter.events) {
         modules.insert(wire::moduleOf(range.first));
     }
     return modules;
@@ -152,7 +152,7 @@ class Monitor {
 public:
     Monitor(const MonitorOptions& options, const Output& output)
         : mOptions(options), mOutput(output), mEvents(eventsOf(options.eventFile)),
-          mWanted(wantedBy(options, mEvents)) {
+          mFilter(filterOf(options, mEvents)) {
         if (options.seconds > 0) {
             mEnd = Clock::now() +
                    std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(options.seconds));
@@ -162,7 +162,7 @@ public:
     void run() {
         process::SignalWatch signals{SIGINT, SIGTERM};
         mQueue.take(); // What came to an earlier command.
-        const EventSubscription subscription(modulesOf(mWanted));
+        const EventSubscription subscription(modulesOf(mFilter));
         mOutput.message("kelutv: watching for events");
         while (!isEnough()) {
             if (!wait(signals)) {
@@ -204,7 +204,7 @@ private:
 
     void printNews() {
         for (const ReceivedEvent& event : mQueue.take()) {
-            if (mWanted.includes(event.id) && !isEnough()) {
+            if (mFilter.includes(event.id) && !isEnough()) {
                 const KnownEvent known(event, mEvents);
                 mOutput.line(lineOf(known, mOutput));
                 mOutput.document(documentOf(known));
@@ -216,7 +216,7 @@ private:
     const MonitorOptions& mOptions;
     const Output& mOutput;
     const wire::EventTable mEvents;
-    const Wanted mWanted;
+    const EventFilter mFilter;
     EventQueue& mQueue = EventQueue::instance();
     std::optional<Clock::time_point> mEnd;
     std::size_t mPrinted = 0;

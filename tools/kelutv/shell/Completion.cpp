@@ -5,7 +5,7 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
 #include "tools/kelutv/settings/Settings.h"
-#include "tools/kelutv/shell/Files.h"
+#include "tools/kelutv/shell/PathCompletion.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "wire/text/Names.h"
 
@@ -172,7 +172,7 @@ const std::map<std::string, Source>& sources() {
         {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
         {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
         {"EVENT", [](const Spot& spot, const std::string&) { return eventNames(spot); }},
-        {"FILE", [](const Spot&, const std::string& begun) { return filesBeginning(begun); }},
+        {"FILE", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
         {"FUNCTION", [](const Spot&, const std::string& begun) { return functionNames(begun); }},
         {"MODULE", [](const Spot&, const std::string& begun) { return namesOf("KELU_EM_MODE_E", begun); }},
         {"NAME|NUMBER", [](const Spot&, const std::string& begun) { return namesOf("ATV_CMD_ID_E", begun); }},
@@ -183,7 +183,7 @@ const std::map<std::string, Source>& sources() {
              names.insert(names.end(), functions.begin(), functions.end());
              return names;
          }},
-        {"PROGRAM", [](const Spot&, const std::string& begun) { return filesBeginning(begun); }},
+        {"PROGRAM", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
         {"SETTING", [](const Spot& spot, const std::string&) { return settingNames(spot.command.name() == "set"); }},
         {"VALUE", [](const Spot& spot, const std::string&) { return settingValues(spot); }},
         {"WHEN",
@@ -199,7 +199,7 @@ Names candidatesAt(const Spot& spot, const std::string& begun) {
         return spot.command.optionNames();
     }
     if (!spot.option && begins(begun, "@")) {
-        Names files = filesBeginning(begun.substr(1));
+        Names files = pathsBeginningWith(begun.substr(1));
         std::transform(files.begin(), files.end(), files.begin(), [](const std::string& file) { return '@' + file; });
         return files;
     }

@@ -14,12 +14,12 @@ namespace kelutv::tool {
 namespace {
 
 /** While this lives the keyboard does not interrupt this process. */
-class NoInterrupt {
+class InterruptIgnored {
 public:
-    NoInterrupt() : mBefore(std::signal(SIGINT, SIG_IGN)) {}
-    ~NoInterrupt() { std::signal(SIGINT, mBefore); }
-    NoInterrupt(const NoInterrupt&) = delete;
-    NoInterrupt& operator=(const NoInterrupt&) = delete;
+    InterruptIgnored() : mBefore(std::signal(SIGINT, SIG_IGN)) {}
+    ~InterruptIgnored() { std::signal(SIGINT, mBefore); }
+    InterruptIgnored(const InterruptIgnored&) = delete;
+    InterruptIgnored& operator=(const InterruptIgnored&) = delete;
 
 private:
     void (*mBefore)(int);
@@ -36,7 +36,7 @@ pid_t start(std::vector<std::string> words) {
 } // namespace
 
 Exit runInOwnProcess(std::vector<std::string> words) {
-    const NoInterrupt whileItRuns;
+    const InterruptIgnored whileItRuns;
     words.insert(words.begin(), "kelutv");
     const pid_t process = start(std::move(words));
     int status = 0;

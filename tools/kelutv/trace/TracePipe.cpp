@@ -14,8 +14,8 @@ namespace kelutv::tool {
 
 namespace {
 
-using trace::FrameHead;
-using trace::RecordHead;
+using trace::FrameHeader;
+using trace::RecordHeader;
 
 [[noreturn]] void fail(const std::string& what) { throw ToolError(Exit::Failure, what + ": " + std::strerror(errno)); }
 
@@ -28,27 +28,27 @@ std::string makeDirectory() {
     return path;
 }
 
-bool isWhole(const FrameHead& frame, const Bytes& record) {
-    RecordHead head{};
-    if (record.size() != frame.total || record.size() < sizeof(head)) {
+bool isWhole(const FrameHeader& frame, const Bytes& record) {
+    RecordHeader header{};
+    if (record.size() != frame.total || record.size() < sizeof(header)) {
         return false;
     }
-    std::memcpy(&head, record.data(), sizeof(head));
-    return std::uint64_t{head.requestSize} + head.replySize + sizeof(head) == record.size();
+    std::memcpy(&header, record.data(), sizeof(header));
+    return std::uint64_t{header.requestSize} + header.replySize + sizeof(header) == record.size();
 }
 
-TracedTransaction transactionOf(const FrameHead& frame, const Bytes& record) {
-    RecordHead head{};
-    std::memcpy(&head, record.data(), sizeof(head));
-    const auto request = record.begin() + sizeof(head);
-    const auto reply = request + head.requestSize;
+TracedTransaction transactionOf(const FrameHeader& frame, const Bytes& record) {
+    RecordHeader header{};
+    std::memcpy(&header, record.data(), sizeof(header));
+    const auto request = record.begin() + sizeof(header);
+    const auto reply = request + header.requestSize;
     return {frame.process,
             frame.thread,
-            std::chrono::nanoseconds(head.startNanoseconds),
-            std::chrono::nanoseconds(head.durationNanoseconds),
-            head.status,
+            std::chrono::nanoseconds(header.startNanoseconds),
+            std::chrono::nanoseconds(header.durationNanoseconds),
+            header.status,
             {request, reply},
-            {reply, reply + head.replySize}};
+            {reply, reply + header.replySize}};
 }
 
 } // namespace
@@ -82,7 +82,7 @@ std::vector<TracedTransaction> TracePipe::take() {
 
 void TracePipe::takeFrames(std::vector<TracedTransaction>& transactions) {
     std::size_t position = 0;
-    FrameHead frame{};
+    FrameHeader frame{};
     while (mUnread.size() - position >= sizeof(frame)) {
         std::memcpy(&frame, mUnread.data() + position, sizeof(frame));
         if (mUnread.size() - position - sizeof(frame) < frame.length) {
@@ -94,7 +94,7 @@ void TracePipe::takeFrames(std::vector<TracedTransaction>& transactions) {
     mUnread.erase(mUnread.begin(), mUnread.begin() + static_cast<std::ptrdiff_t>(position));
 }
 
-void TracePipe::append(const trace::FrameHead& frame, const std::uint8_t* piece,
+void TracePipe::append(const trace::FrameHeader& frame, const std::uint8_t* piece,
                        std::vector<TracedTransaction>& transactions) {
     const std::pair<std::int32_t, std::int32_t> writer(frame.process, frame.thread);
     Bytes& record = mRecords[writer];

@@ -41,7 +41,8 @@ public:
 
 private:
     void takeFrames(std::vector<TracedTransaction>& transactions);
-    void append(const trace::FrameHead& frame, const std::uint8_t* piece, std::vector<TracedTransaction>& transactions);
+    void append(const trace::FrameHeader& frame, const std::uint8_t* piece,
+                std::vector<TracedTransaction>& transactions);
 
     std::string mDirectory;
     std::string mPath;

@@ -5,12 +5,12 @@
 namespace kelutv::trace {
 
 /** While this lives, a broken pipe gives this thread no SIGPIPE; one that was pending before stays. */
-class NoPipeSignal {
+class SigpipeGuard {
 public:
-    NoPipeSignal();
-    ~NoPipeSignal();
-    NoPipeSignal(const NoPipeSignal&) = delete;
-    NoPipeSignal& operator=(const NoPipeSignal&) = delete;
+    SigpipeGuard();
+    ~SigpipeGuard();
+    SigpipeGuard(const SigpipeGuard&) = delete;
+    SigpipeGuard& operator=(const SigpipeGuard&) = delete;
 
 private:
     sigset_t mPipe{};

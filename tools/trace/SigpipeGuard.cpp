@@ -1,4 +1,4 @@
-#include "tools/trace/PipeSignal.h"
+#include "tools/trace/SigpipeGuard.h"
 
 #include <pthread.h>
 
@@ -14,14 +14,14 @@ bool isPipeSignalPending() {
 
 } // namespace
 
-NoPipeSignal::NoPipeSignal() {
+SigpipeGuard::SigpipeGuard() {
     ::sigemptyset(&mPipe);
     ::sigaddset(&mPipe, SIGPIPE);
     ::pthread_sigmask(SIG_BLOCK, &mPipe, &mBefore);
     mWasPending = isPipeSignalPending();
 }
 
-NoPipeSignal::~NoPipeSignal() {
+SigpipeGuard::~SigpipeGuard() {
     if (!mWasPending && isPipeSignalPending()) {
         const timespec now{};
         ::sigtimedwait(&mPipe, nullptr, &now);

@@ -1,4 +1,4 @@
-#include "tools/kelutv/shell/Files.h"
+#include "tools/kelutv/shell/PathCompletion.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -8,7 +8,7 @@ namespace kelutv::tool {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> filesBeginning(const std::string& begun) {
+std::vector<std::string> pathsBeginningWith(const std::string& begun) {
     const std::string folder = begun.substr(0, begun.rfind('/') + 1);
     const std::string name = begun.substr(folder.size());
     std::vector<std::string> files;
