@@ -79,6 +79,14 @@ TEST(Trace, leavesTheProgramsOutputAlone) {
     EXPECT_EQ(traced(run.error), Lines{setSpeaker("5")});
 }
 
+TEST(Trace, seesALibraryThatTheProgramOpens) {
+    for (const std::string scope : {"local", "global"}) {
+        const ToolRun run = trace({"--", KELUTV_OPENING_CLIENT, KELUTV_CLIENT_LIBRARY, scope});
+        EXPECT_EQ(run.exit, 0) << run.error;
+        EXPECT_EQ(traced(run.error), Lines{setSpeaker(std::to_string(scope.size()))});
+    }
+}
+
 TEST(Trace, decodesRefusalsAndValues) {
     const ToolRun run = trace({"--", KELUTV_TOOL_PROGRAM, "-q", "call", "audio.setVolume", "speaker", "101"});
     EXPECT_EQ(run.exit, 4);
