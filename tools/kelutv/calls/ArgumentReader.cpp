@@ -48,7 +48,7 @@ const wire::Field& fieldNamed(const wire::Record& record, const std::string& nam
 
 class Reader {
 public:
-    Reader(const wire::Parameter& parameter, CallFrame::Slot& slot) : mParameter(parameter), mSlot(slot) {}
+    Reader(const wire::Parameter& parameter, CallFrame::Storage& storage) : mParameter(parameter), mStorage(storage) {}
 
     void read(const std::string& text) {
         if (text == "null" && mParameter.isPointer) {
@@ -69,8 +69,8 @@ public:
             readCallback(text);
             break;
         default:
-            mSlot.bytes.resize(sizeOf(mParameter.values.scalar));
-            writeScalar(mParameter.values, text, mSlot.bytes.data());
+            mStorage.bytes.resize(sizeOf(mParameter.values.scalar));
+            writeScalar(mParameter.values, text, mStorage.bytes.data());
         }
     }
 
@@ -79,32 +79,32 @@ private:
         if (!mParameter.allowsNull) {
             throw UsageError("null is not allowed here");
         }
-        mSlot.isNull = true;
+        mStorage.isNull = true;
     }
 
     void readText(const std::string& text) {
-        mSlot.bytes.assign(text.begin(), text.end());
-        mSlot.bytes.push_back(0);
+        mStorage.bytes.assign(text.begin(), text.end());
+        mStorage.bytes.push_back(0);
     }
 
     void readArray(const std::string& text) {
         const std::size_t size = sizeOf(mParameter.values.scalar);
         if (const auto block = blockOf(text)) {
-            mSlot.count = block->size();
-            mSlot.bytes.assign(block->size() * size, 0);
+            mStorage.count = block->size();
+            mStorage.bytes.assign(block->size() * size, 0);
             for (std::size_t i = 0; i < block->size(); ++i) {
-                writeScalar(mParameter.values, std::to_string((*block)[i]), &mSlot.bytes[i * size]);
+                writeScalar(mParameter.values, std::to_string((*block)[i]), &mStorage.bytes[i * size]);
             }
         } else {
             const std::vector<std::string> entries = entriesOf(text);
-            mSlot.count = entries.size();
-            mSlot.bytes.assign(entries.size() * size, 0);
+            mStorage.count = entries.size();
+            mStorage.bytes.assign(entries.size() * size, 0);
             for (std::size_t i = 0; i < entries.size(); ++i) {
-                writeScalar(mParameter.values, entries[i], &mSlot.bytes[i * size]);
+                writeScalar(mParameter.values, entries[i], &mStorage.bytes[i * size]);
             }
         }
         checkLead();
-        mSlot.bytes.push_back(0); // There is something to point at when there are no entries.
+        mStorage.bytes.push_back(0); // There is something to point at when there are no entries.
     }
 
     /** A block that says its own length must hold as much, for the library believes it. */
@@ -113,18 +113,18 @@ private:
             return;
         }
         std::uint32_t length = 0;
-        const bool isWhole = mSlot.bytes.size() >= sizeof length;
+        const bool isWhole = mStorage.bytes.size() >= sizeof length;
         if (isWhole) {
-            std::memcpy(&length, mSlot.bytes.data(), sizeof length);
+            std::memcpy(&length, mStorage.bytes.data(), sizeof length);
         }
-        if (!isWhole || length > mSlot.bytes.size() - sizeof length) {
+        if (!isWhole || length > mStorage.bytes.size() - sizeof length) {
             throw UsageError("the block begins with a word that says how many bytes follow, and they must be there");
         }
     }
 
     void readRecord(const std::string& text) {
         const wire::Record& record = *mParameter.values.record;
-        mSlot.bytes.assign(record.size, 0);
+        mStorage.bytes.assign(record.size, 0);
         for (const std::string& entry : split(text, ',')) {
             const std::size_t equals = entry.find('=');
             if (equals == std::string::npos) {
@@ -136,29 +136,29 @@ private:
 
     void readField(const wire::Field& field, const std::string& text) {
         try {
-            writeScalar(typeOf(field), text, &mSlot.bytes[field.offset]);
+            writeScalar(typeOf(field), text, &mStorage.bytes[field.offset]);
         } catch (const UsageError& error) {
             throw UsageError(std::string(field.name) + ": " + error.what());
         }
     }
 
     void readCallback(const std::string& text) {
-        mSlot.bytes.assign(sizeof(void*), 0);
+        mStorage.bytes.assign(sizeof(void*), 0);
         if (text == "print") {
-            storePrinter(mParameter.type, mSlot.bytes.data());
+            storePrinter(mParameter.type, mStorage.bytes.data());
         } else if (text != "null") {
             throw UsageError("'" + text + "' is not print or null");
         }
     }
 
     const wire::Parameter& mParameter;
-    CallFrame::Slot& mSlot;
+    CallFrame::Storage& mStorage;
 };
 
 } // namespace
 
-void readArgument(const wire::Parameter& parameter, const std::string& text, CallFrame::Slot& slot) {
-    Reader(parameter, slot).read(text);
+void readArgument(const wire::Parameter& parameter, const std::string& text, CallFrame::Storage& storage) {
+    Reader(parameter, storage).read(text);
 }
 
 } // namespace kelutv::tool

@@ -78,7 +78,7 @@ private:
         for (std::size_t i = 0; i < mGiven.size(); ++i) {
             const std::size_t index = indexOf(mGiven[i]);
             try {
-                readArgument(*mGiven[i], mArguments[i], mFrame.slot(index));
+                readArgument(*mGiven[i], mArguments[i], mFrame.storage(index));
             } catch (const UsageError& error) {
                 throw UsageError(label(index) + ": " + error.what());
             }
@@ -102,15 +102,15 @@ private:
     }
 
     void fillLength(std::size_t array, std::size_t length) {
-        CallFrame::Slot& slot = mFrame.slot(length);
-        const auto count = static_cast<std::int32_t>(mFrame.slot(array).count);
-        if (slot.bytes.empty()) {
-            slot.bytes.resize(sizeof count);
-            std::memcpy(slot.bytes.data(), &count, sizeof count);
+        CallFrame::Storage& storage = mFrame.storage(length);
+        const auto count = static_cast<std::int32_t>(mFrame.storage(array).count);
+        if (storage.bytes.empty()) {
+            storage.bytes.resize(sizeof count);
+            std::memcpy(storage.bytes.data(), &count, sizeof count);
             return;
         }
         const auto given = mFrame.value<std::int32_t>(length);
-        if (given > count && !mFrame.slot(array).isNull) {
+        if (given > count && !mFrame.storage(array).isNull) {
             throw UsageError(label(length) + ": " + std::to_string(given) + " is more than the " +
                              std::to_string(count) + " entries of " + mFunction.parameters[array].name);
         }
@@ -120,12 +120,12 @@ private:
         for (std::size_t i = 0; i < mFunction.parameters.size(); ++i) {
             const wire::Parameter& parameter = mFunction.parameters[i];
             if (!isGiven(parameter) && parameter.values.kind != wire::ValueKind::List) {
-                makeRoomFor(parameter, mFrame.slot(i));
+                makeRoomFor(parameter, mFrame.storage(i));
             }
         }
     }
 
-    void makeRoomFor(const wire::Parameter& parameter, CallFrame::Slot& slot) {
+    void makeRoomFor(const wire::Parameter& parameter, CallFrame::Storage& storage) {
         std::size_t size = kRoom;
         if (parameter.values.kind == wire::ValueKind::Array) {
             const auto entries = lengthOf(mFunction, parameter, mFrame);
@@ -141,9 +141,9 @@ private:
         const bool isZeroed = (record != nullptr && holdsText(*record)) ||
                               parameter.values.scalar == wire::ScalarType::Byte ||
                               parameter.values.kind == wire::ValueKind::Text;
-        slot.bytes.assign(size, isZeroed ? 0 : kUntouched);
+        storage.bytes.assign(size, isZeroed ? 0 : kUntouched);
         if (parameter.values.kind == wire::ValueKind::Text) {
-            slot.bytes[0] = kUntouched;
+            storage.bytes[0] = kUntouched;
         }
     }
 
@@ -159,12 +159,12 @@ std::optional<std::int64_t> factorOf(const wire::Function& function, const std::
         return std::int64_t{std::stoll(factor)};
     }
     for (std::size_t i = 0; i < function.parameters.size(); ++i) {
-        const CallFrame::Slot& slot = frame.slot(i);
-        if (factor != function.parameters[i].name || slot.isNull || slot.bytes.empty()) {
+        const CallFrame::Storage& storage = frame.storage(i);
+        if (factor != function.parameters[i].name || storage.isNull || storage.bytes.empty()) {
             continue;
         }
         const bool isUnwritten =
-            !isGiven(function.parameters[i]) && isUntouched(slot.bytes.data(), sizeof(std::int32_t));
+            !isGiven(function.parameters[i]) && isUntouched(storage.bytes.data(), sizeof(std::int32_t));
         return isUnwritten ? std::nullopt : std::optional<std::int64_t>(frame.value<std::int32_t>(i));
     }
     return std::nullopt;

@@ -18,29 +18,29 @@ namespace kelutv::tool {
 class CallFrame {
 public:
     /** Bytes for one argument; output buffers have room for more than any answer can bring. */
-    struct Slot {
+    struct Storage {
         std::vector<std::uint8_t> bytes;
         bool isNull = false;
         /** Entries of an array that goes in. */
         std::size_t count = 0;
     };
 
-    explicit CallFrame(std::size_t parameters) : mSlots(parameters) {}
+    explicit CallFrame(std::size_t parameters) : mArguments(parameters) {}
 
-    Slot& slot(std::size_t index) { return mSlots[index]; }
-    const Slot& slot(std::size_t index) const { return mSlots[index]; }
-    const Slot& result() const { return mResult; }
+    Storage& storage(std::size_t index) { return mArguments[index]; }
+    const Storage& storage(std::size_t index) const { return mArguments[index]; }
+    const Storage& result() const { return mResult; }
     const std::vector<std::string>& resultTexts() const { return mResultTexts; }
 
     /** @name For the generated calls @{ */
     template <typename T> T value(std::size_t index) const {
         static_assert(std::is_trivially_copyable_v<T>);
         T argument;
-        std::memcpy(&argument, mSlots[index].bytes.data(), sizeof argument);
+        std::memcpy(&argument, mArguments[index].bytes.data(), sizeof argument);
         return argument;
     }
     template <typename T> T* pointer(std::size_t index) {
-        return mSlots[index].isNull ? nullptr : static_cast<T*>(static_cast<void*>(mSlots[index].bytes.data()));
+        return mArguments[index].isNull ? nullptr : static_cast<T*>(static_cast<void*>(mArguments[index].bytes.data()));
     }
     std::vector<KELU_TV_CEC_DEVICE_INFO_SORTED_S>* devices() { return &mDevices; }
 
@@ -55,8 +55,8 @@ public:
     const std::vector<KELU_TV_CEC_DEVICE_INFO_SORTED_S>& foundDevices() const { return mDevices; }
 
 private:
-    std::vector<Slot> mSlots;
-    Slot mResult;
+    std::vector<Storage> mArguments;
+    Storage mResult;
     std::vector<std::string> mResultTexts;
     std::vector<KELU_TV_CEC_DEVICE_INFO_SORTED_S> mDevices;
 };

@@ -52,18 +52,18 @@ Json recordsAt(const wire::Record& record, const std::vector<std::uint8_t>& byte
 
 /** The entries that were written, as many as the length says at most. */
 std::size_t writtenEntries(const wire::Function& function, const wire::Parameter& parameter, const CallFrame& frame,
-                           const CallFrame::Slot& slot) {
+                           const CallFrame::Storage& storage) {
     const std::size_t size = sizeOf(parameter.values.scalar);
     const auto length = lengthOf(function, parameter, frame);
-    const std::size_t room = slot.bytes.size() / size;
+    const std::size_t room = storage.bytes.size() / size;
     const std::size_t most =
         length ? std::min(room, static_cast<std::size_t>(std::max<std::int64_t>(*length, 0))) : room;
     std::size_t count = 0;
-    while (count < most && !isUntouched(&slot.bytes[count * size], size)) {
+    while (count < most && !isUntouched(&storage.bytes[count * size], size)) {
         ++count;
     }
     if (std::strcmp(parameter.length, kItemLength) == 0) {
-        while (count > 1 && isZero(&slot.bytes[(count - 1) * size], size)) {
+        while (count > 1 && isZero(&storage.bytes[(count - 1) * size], size)) {
             --count;
         }
     }
@@ -71,23 +71,23 @@ std::size_t writtenEntries(const wire::Function& function, const wire::Parameter
 }
 
 Json arrayOf(const wire::Function& function, const wire::Parameter& parameter, const CallFrame& frame,
-             const CallFrame::Slot& slot) {
+             const CallFrame::Storage& storage) {
     if (parameter.values.record != nullptr) {
-        return recordsAt(*parameter.values.record, slot.bytes);
+        return recordsAt(*parameter.values.record, storage.bytes);
     }
     const std::size_t size = sizeOf(parameter.values.scalar);
     if (parameter.values.scalar == wire::ScalarType::Byte) {
         const auto length = lengthOf(function, parameter, frame).value_or(0);
-        const auto count = std::min(slot.bytes.size(), static_cast<std::size_t>(std::max<std::int64_t>(length, 0)));
-        return hexOf({slot.bytes.begin(), slot.bytes.begin() + static_cast<std::ptrdiff_t>(count)});
+        const auto count = std::min(storage.bytes.size(), static_cast<std::size_t>(std::max<std::int64_t>(length, 0)));
+        return hexOf({storage.bytes.begin(), storage.bytes.begin() + static_cast<std::ptrdiff_t>(count)});
     }
-    if (isUntouched(slot.bytes.data(), size)) {
+    if (isUntouched(storage.bytes.data(), size)) {
         return nullptr;
     }
     Json entries = Json::array();
-    const std::size_t count = writtenEntries(function, parameter, frame, slot);
+    const std::size_t count = writtenEntries(function, parameter, frame, storage);
     for (std::size_t i = 0; i < count; ++i) {
-        entries.add(readScalar(parameter.values.scalar, &slot.bytes[i * size]));
+        entries.add(readScalar(parameter.values.scalar, &storage.bytes[i * size]));
     }
     return entries;
 }
@@ -104,30 +104,30 @@ Json devicesOf(const CallFrame& frame) {
     return devices;
 }
 
-Json textOfSlot(const CallFrame::Slot& slot) {
-    const bool isUnwritten = slot.bytes[0] == kUntouched && slot.bytes[1] == 0;
-    return isUnwritten ? Json() : Json(textAt(slot.bytes.data(), slot.bytes.size()));
+Json textOfStorage(const CallFrame::Storage& storage) {
+    const bool isUnwritten = storage.bytes[0] == kUntouched && storage.bytes[1] == 0;
+    return isUnwritten ? Json() : Json(textAt(storage.bytes.data(), storage.bytes.size()));
 }
 
 Json outputOf(const wire::Function& function, const wire::Parameter& parameter, const CallFrame& frame,
-              const CallFrame::Slot& slot) {
-    if (slot.isNull) {
+              const CallFrame::Storage& storage) {
+    if (storage.isNull) {
         return nullptr;
     }
     switch (parameter.values.kind) {
     case wire::ValueKind::Text:
-        return textOfSlot(slot);
+        return textOfStorage(storage);
     case wire::ValueKind::Array:
-        return arrayOf(function, parameter, frame, slot);
+        return arrayOf(function, parameter, frame, storage);
     case wire::ValueKind::Record:
-        return recordAt(*parameter.values.record, slot.bytes.data());
+        return recordAt(*parameter.values.record, storage.bytes.data());
     case wire::ValueKind::List:
         return devicesOf(frame);
     default:
         break;
     }
-    const bool isUnwritten = isUntouched(slot.bytes.data(), sizeOf(parameter.values.scalar));
-    return isUnwritten ? Json() : readScalar(parameter.values.scalar, slot.bytes.data());
+    const bool isUnwritten = isUntouched(storage.bytes.data(), sizeOf(parameter.values.scalar));
+    return isUnwritten ? Json() : readScalar(parameter.values.scalar, storage.bytes.data());
 }
 
 } // namespace
@@ -151,7 +151,7 @@ Json outputsOf(const wire::Function& function, const CallFrame& frame) {
     for (std::size_t i = 0; i < function.parameters.size(); ++i) {
         const wire::Parameter& parameter = function.parameters[i];
         if (parameter.direction == wire::Direction::Out || parameter.direction == wire::Direction::InOut) {
-            outputs[parameter.name] = outputOf(function, parameter, frame, frame.slot(i));
+            outputs[parameter.name] = outputOf(function, parameter, frame, frame.storage(i));
         }
     }
     return outputs;

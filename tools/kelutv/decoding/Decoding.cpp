@@ -12,7 +12,6 @@ namespace kelutv::tool {
 
 namespace {
 
-using WireKind = wire::Encoding;
 using wire::Result;
 
 /** The reader stands where the argument begins that could not be read. */
@@ -32,19 +31,20 @@ bool isMalformed(const wire::Request& request) {
     return request.refusal && request.refusal->result != Result::UnknownItem;
 }
 
-Json valueOf(const wire::Value& scalar, WireKind kind) {
-    if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
+Json valueOf(const wire::Value& value, wire::Encoding encoding) {
+    if (const auto* const number = std::get_if<std::int32_t>(&value)) {
         return *number;
     }
-    if (const auto* const real = std::get_if<double>(&scalar)) {
+    if (const auto* const real = std::get_if<double>(&value)) {
         return *real;
     }
-    const auto& text = std::get<std::string>(scalar);
-    return kind == WireKind::Bytes ? Json(hexOf({text.begin(), text.end()})) : Json(text);
+    const auto& text = std::get<std::string>(value);
+    return encoding == wire::Encoding::Bytes ? Json(hexOf({text.begin(), text.end()})) : Json(text);
 }
 
 bool isSingle(const NamedValue& value) {
-    return value.scalars.size() == 1 && value.encoding != WireKind::Ints && value.encoding != WireKind::Doubles;
+    return value.values.size() == 1 && value.encoding != wire::Encoding::Ints &&
+           value.encoding != wire::Encoding::Doubles;
 }
 
 Json documentOf(const std::vector<NamedValue>& values) {
@@ -77,13 +77,13 @@ Json documentOf(const NamedValue& value) {
     }
     if (!isSingle(value)) {
         document["value"] = Json::array();
-        for (const wire::Value& scalar : value.scalars) {
-            document["value"].add(valueOf(scalar, value.encoding));
+        for (const wire::Value& each : value.values) {
+            document["value"].add(valueOf(each, value.encoding));
         }
         return document;
     }
-    document["value"] = valueOf(value.scalars.front(), value.encoding);
-    const auto* const number = std::get_if<std::int32_t>(&value.scalars.front());
+    document["value"] = valueOf(value.values.front(), value.encoding);
+    const auto* const number = std::get_if<std::int32_t>(&value.values.front());
     const std::string name = number != nullptr ? wire::nameOfValue(*number, value.names) : "";
     if (!name.empty()) {
         document["enumerator"] = name;
@@ -102,7 +102,7 @@ DecodedRequest decodeRequest(const Bytes& bytes) {
 }
 
 const wire::Operation& operationFor(const wire::Request& request) {
-    static constexpr wire::ReplyField kWords[] = {{WireKind::Ints, nullptr, nullptr, wire::kRestOfReply}};
+    static constexpr wire::ReplyField kWords[] = {{wire::Encoding::Ints, nullptr, nullptr, wire::kRestOfReply}};
     static constexpr wire::Operation kUnknown{
         {}, wire::Shape::Parcel, kWords, {wire::StateRule::Access::None, nullptr, {}, {}}};
     if (request.operation != nullptr) {
@@ -128,9 +128,9 @@ std::vector<NamedValue> argumentsOf(const wire::Request& request) {
 
 std::vector<NamedValue> fieldsOf(const wire::Operation& operation, const wire::Reply& reply) {
     std::vector<NamedValue> values;
-    for (const wire::Values& scalars : reply.fields) {
+    for (const wire::Values& each : reply.fields) {
         const wire::ReplyField& field = wire::fieldAt(operation, values.size());
-        values.push_back({field.name, field.encoding, field.names, scalars});
+        values.push_back({field.name, field.encoding, field.names, each});
     }
     return values;
 }
@@ -151,7 +151,7 @@ std::vector<const wire::Function*> sendersOf(const wire::Request& request) {
 }
 
 std::string lineOf(const NamedValue& value) {
-    const std::string text = wire::describe(value.scalars, value.encoding, value.names);
+    const std::string text = wire::describe(value.values, value.encoding, value.names);
     return value.name != nullptr ? value.name + (" = " + text) : text;
 }
 
@@ -181,7 +181,7 @@ std::string textOf(const wire::Operation& operation, const wire::ReplyReading& r
     const char* separator = ": ";
     for (const NamedValue& value : fieldsOf(operation, reading.reply)) {
         text += separator + (value.name != nullptr ? value.name + std::string("=") : "") +
-                wire::describe(value.scalars, value.encoding, value.names);
+                wire::describe(value.values, value.encoding, value.names);
         separator = ", ";
     }
     if (reading.flaw) {

@@ -32,7 +32,7 @@ struct NamedValue {
     const char* name;
     wire::Encoding encoding;
     const wire::Enumeration* names;
-    wire::Values scalars;
+    wire::Values values;
 };
 
 /** The arguments in wire order, as far as they could be read. */
