@@ -80,11 +80,11 @@ Encoding encodingOf(FieldType type) {
 
 void readFields(PayloadReader& reader, const Event& event, std::vector<PayloadValue>& values) {
     for (const EventField& field : event.fields) {
-        Value value;
-        if (!readField(reader, field.type, value)) {
+        PayloadValue read{field.name, encodingOf(field.type), field.names, {}};
+        if (!readField(reader, field.type, read.value)) {
             return;
         }
-        values.push_back({field.name, encodingOf(field.type), field.names, value});
+        values.push_back(read);
     }
 }
 
@@ -97,8 +97,8 @@ std::vector<PayloadValue> readPayload(const Event* event, const std::vector<std:
         readFields(reader, *event, values);
     }
     if (reader.left() % sizeof(std::int32_t) == 0) {
-        for (Value value; reader.read<std::int32_t>(value);) {
-            values.push_back({nullptr, Encoding::Int32, nullptr, value});
+        for (PayloadValue word{nullptr, Encoding::Int32, nullptr, {}}; reader.read<std::int32_t>(word.value);) {
+            values.push_back(word);
         }
     }
     return values;

@@ -20,7 +20,7 @@ TEST(Decoded, isWhatEveryFunctionSends) {
                 continue;
             }
             const auto senders = tool::sendersOf(decoded.request);
-            EXPECT_NE(std::find(senders.begin(), senders.end(), function), senders.end());
+            EXPECT_NE(std::find(senders.begin(), senders.end(), &function), senders.end());
         }
     }
 }
