@@ -15,55 +15,15 @@ import argparse
 import difflib
 import re
 import sys
-from dataclasses import dataclass
 from pathlib import Path
 
 from comments import check_comments
 from docs import read_docs
 from effects import EFFECTS, effect_text, has_effect
 from folders import ROOT, add_folder_options, read_named_catalogue
-from model import Catalogue, Function, Method, Operation, Reply, State, WireItem
+from model import Catalogue, Function, Method, Operation, WireItem
 from ranges import range_text
 from tables import CatalogueError
-
-
-@dataclass(frozen=True)
-class CommandView:
-    """One command as a service sees it; state names are the module's own."""
-
-    name: str
-    value: int
-    module: str
-    request: tuple[WireItem, ...]
-    reply: Reply
-    state: State | None
-    items: bool
-
-
-@dataclass(frozen=True)
-class ItemView:
-    """One item inside its module's generic item command; the state's operands index the whole request."""
-
-    name: str
-    value: int
-    module: str
-    command: str
-    state: State | None
-
-
-def service_commands(catalogue: Catalogue) -> list[CommandView]:
-    """What a service dispatches on; an `items` command dispatches further by its first request item."""
-    return [
-        CommandView(m.command, m.value, m.module, m.request, m.reply, m.state, m.items) for m in catalogue.methods
-    ]
-
-
-def service_items(catalogue: Catalogue) -> list[ItemView]:
-    """The items of all modules, in the order of the catalogue; the module is that of the item command."""
-    return [
-        ItemView(call.item, call.item_value, call.method.module, call.method.command, call.state)
-        for call in catalogue.item_calls
-    ]
 
 
 def expected_exports(catalogue: Catalogue) -> list[str]:

@@ -44,8 +44,8 @@ function(kelutv_generate_from_catalogue variable)
     set(${variable} "${sources}" PARENT_SCOPE)
 endfunction()
 
-# kelutv_compile_plainly(<source>...): thousands of rows and short calls, each used a few times; compiling them well costs
-# more than it gives. To be called in the folder of the target, too, when that is another.
+# kelutv_compile_plainly(<source>...): thousands of rows and short calls, each used a few times; compiling them well
+# costs more than it gives. To be called in the folder of the target, too, when that is another.
 function(kelutv_compile_plainly)
     set_source_files_properties(${ARGN} PROPERTIES GENERATED ON COMPILE_OPTIONS "-O0;-g0" SKIP_PRECOMPILE_HEADERS ON)
 endfunction()

@@ -7,7 +7,7 @@ import unittest
 
 from torch_fixture import TORCH_FILE, TorchTest
 
-from catalogue import describe, expected_exports, exported_classes, service_commands, service_items
+from catalogue import describe, expected_exports, exported_classes
 
 
 class ComposedMethods(TorchTest):
@@ -19,7 +19,7 @@ class ComposedMethods(TorchTest):
         self.assertEqual(beam.request[0].literal, 1)
         self.assertIn("calls: linux_tv_Lamp_setLevel(LAMP_RIGHT, level)", describe(beam))
         self.assertIn("Torch::beam(int)", expected_exports(catalogue))
-        self.assertNotIn("Torch::beam", [command.name for command in service_commands(catalogue)])
+        self.assertNotIn("Torch::beam", [method.name for method in catalogue.methods])
 
     def test_one_may_call_another_and_be_called(self) -> None:
         title = self.read().operation("TitleOf")
@@ -104,14 +104,13 @@ class Nulls(TorchTest):
 
 class Items(TorchTest):
     def test_a_text_item_is_a_service_item(self) -> None:
-        items = [item for item in service_items(self.read()) if item.command == "CMD_TORCH_GETTEXT"]
-        (item,) = items
-        self.assertEqual((item.name, item.module, item.state.name), ("CMDID_LAMP_GET_TIMER", "torch", "title"))
+        (call,) = [call for call in self.read().item_calls if call.method.command == "CMD_TORCH_GETTEXT" and call.state]
+        self.assertEqual((call.item, call.method.module, call.state.name), ("CMDID_LAMP_GET_TIMER", "torch", "title"))
 
     def test_an_item_of_another_module_belongs_to_that_module(self) -> None:
-        items = [item for item in service_items(self.read()) if item.command == "CMD_LAMP_GETITEM"]
-        self.assertEqual({(item.name, item.module) for item in items}, {("CMDID_LAMP_GET_TIMER", "lamp")})
-        self.assertEqual(len(items), 4)
+        calls = [call for call in self.read().item_calls if call.method.command == "CMD_LAMP_GETITEM"]
+        self.assertEqual({(call.item, call.method.module) for call in calls}, {("CMDID_LAMP_GET_TIMER", "lamp")})
+        self.assertEqual(len(calls), 4)
 
     def test_the_buffer_is_the_caller_s_or_the_function_s_own(self) -> None:
         catalogue = self.read()

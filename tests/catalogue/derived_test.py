@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What a service is told about commands and items."""
+"""What follows from the rows: commands, items, exports, and what is shown of an operation."""
 
 from __future__ import annotations
 
@@ -7,15 +7,16 @@ import unittest
 
 from fixture import SENDS_NOTHING, SET_CURVE, CatalogueTest
 
-from catalogue import describe, expected_exports, exported_classes, service_commands, service_items
+from catalogue import describe, expected_exports, exported_classes
+from model import Function, Method
 
 
-class ServiceView(CatalogueTest):
-    def command(self, name: str):
-        return next(command for command in service_commands(self.read()) if command.name == name)
+class Derived(CatalogueTest):
+    def command(self, name: str) -> Method:
+        return next(method for method in self.read().methods if method.command == name)
 
-    def item(self, name: str):
-        return next(item for item in service_items(self.read()) if item.name == name)
+    def item(self, name: str) -> Function:
+        return next(call for call in self.read().item_calls if call.item == name)
 
     def test_a_set_stores_what_the_matching_get_reads(self) -> None:
         stored, read = self.command("CMD_LAMP_SETLEVEL").state, self.command("CMD_LAMP_GETLEVEL").state
@@ -32,7 +33,7 @@ class ServiceView(CatalogueTest):
     def test_item_commands_dispatch_by_item(self) -> None:
         self.assertTrue(self.command("CMD_LAMP_SETITEM").items)
         item = self.item("CMDID_LAMP_SET_TIMER")
-        self.assertEqual((item.value, item.command), (0x1001, "CMD_LAMP_SETITEM"))
+        self.assertEqual((item.item_value, item.method.command), (0x1001, "CMD_LAMP_SETITEM"))
         self.assertEqual([key.index for key in item.state.keys], [1])
         self.assertEqual([value.index for value in item.state.values], [2])
 
@@ -44,7 +45,7 @@ class ServiceView(CatalogueTest):
     def test_a_method_that_sends_nothing_is_no_command(self) -> None:
         self.change(SET_CURVE, f"{SENDS_NOTHING} curve=unused | Never built. |")
         catalogue = self.read()
-        self.assertNotIn(None, [command.value for command in service_commands(catalogue)])
+        self.assertNotIn(None, [method.value for method in catalogue.methods])
         self.assertIn("Lamp::setCurve(double*, int)", expected_exports(catalogue))
         self.assertIn("sends nothing", describe(catalogue.operation("Lamp::setCurve")))
 

@@ -92,7 +92,8 @@ class Shapes(TorchTest):
     def reply_of(self, command: str) -> str:
         (row,) = [row for row in self.rows("Command kCommands") if f'"{command}"' in row]
         (name,) = re.findall(r"kReplyField\w+", row)
-        return " ".join(re.search(rf"ReplyField {name}\[\] = \{{(.*?)\n\}};", self.table(), re.S)[1].split()).rstrip(",")
+        (rows,) = re.findall(rf"ReplyField {name}\[\] = \{{(.*?)\n\}};", self.table(), re.S)
+        return " ".join(rows.split()).rstrip(",")
 
     def test_composed_methods_add_no_commands(self) -> None:
         self.assertEqual(len(self.rows("Command kCommands")), 19)

@@ -97,7 +97,12 @@ class FunctionTable:
         self.arrays = Arrays()
 
     def _values(
-        self, kind: str, scalar: str = "Int", names: str = "nullptr", record: str = "nullptr", known: ValueSet | None = None
+        self,
+        kind: str,
+        scalar: str = "Int",
+        names: str = "nullptr",
+        record: str = "nullptr",
+        known: ValueSet | None = None,
     ) -> str:
         """What a value may be; of the values that are `known` the range, if it is one."""
         return row([f"ValueKind::{kind}", f"ScalarType::{scalar}", names, record, range_of(known, self.arrays)])
@@ -202,5 +207,9 @@ class FunctionTable:
             "kelutv::wire",
             shown=["Rows<Function> allFunctions() { return kFunctions; }"],
             hidden=[*self.arrays.definitions(), array("constexpr Function kFunctions", rows)],
-            declared=[self.vocabulary.declared_enumerations(), self.vocabulary.declared_records(), texts_declaration(len(rows))],
+            declared=[
+                self.vocabulary.declared_enumerations(),
+                self.vocabulary.declared_records(),
+                texts_declaration(len(rows)),
+            ],
         )

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the interface as data: what every command carries, what can be called and how, what help says of it, events."""
+"""Writes the interface as data: what every command carries, what can be called and how, events, texts of help."""
 
 from __future__ import annotations
 

@@ -101,7 +101,8 @@ class InterfaceTables:
             return "{StateRule::Access::None, nullptr, {}, {}}"
         access = "Set" if state.is_set else "Get"
         slot = f"&kStates[{self.states.index(state_key(operation, state))}]"
-        return f"{{StateRule::Access::{access}, {slot}, {self._operands(state.keys)}, {self._operands(state.values or ())}}}"
+        operands = [self._operands(state.keys), self._operands(state.values or ())]
+        return row([f"StateRule::Access::{access}", slot, *operands])
 
     def _operation(self, operation: Operation) -> str:
         method = operation.method
