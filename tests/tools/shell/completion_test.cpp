@@ -89,6 +89,8 @@ TEST_F(Completion, completesInBash) {
         {"kelutv monitor --events other --event ", ""},
         {"kelutv decode --command CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
         {"kelutv decode @oth", "other"},
+        {"kelutv trace --filter CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
+        {"kelutv trace --filter CMDID_AUDIO_GET_MAX_V", "CMDID_AUDIO_GET_MAX_VOLUME"},
         {"kelutv trace --output oth", "other"},
         {"kelutv trace -- oth", "other"},
         {"kelutv-simulator --ver", "--version"},

@@ -68,7 +68,7 @@ void addTraceCommand(const Command& program, Context& context) {
         "kelutv trace -- ./your-application --verbose\n"
         "kelutv trace --filter 'CMD_AUDIO_*' --output audio.trace -- ./your-application");
     command.option("-o,--output", options->log.file, "FILE", "Write the trace to this file");
-    command.option("-f,--filter", options->log.filters, "PATTERN",
+    command.option("-f,--filter", options->log.filters, "REQUEST",
                    "Only requests with such a name or number; may be given several times");
     command.option("-n,--count", options->log.count, "N", "Show only this many; the program runs on");
     command.requiredWords("PROGRAM", options->words, "The program and its arguments");

@@ -8,6 +8,7 @@
 #include "tools/kelutv/shell/PathCompletion.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "wire/text/Names.h"
+#include "wire/text/RequestPattern.h"
 
 #include <algorithm>
 #include <cctype>
@@ -184,6 +185,7 @@ const std::map<std::string, Source>& sources() {
              return names;
          }},
         {"PROGRAM", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
+        {"REQUEST", [](const Spot&, const std::string&) { return wire::RequestPattern::names(); }},
         {"SETTING", [](const Spot& spot, const std::string&) { return settingNames(spot.command.name() == "set"); }},
         {"VALUE", [](const Spot& spot, const std::string&) { return settingValues(spot); }},
         {"WHEN",
