@@ -26,7 +26,7 @@ using android::status_t;
 namespace {
 
 Notice noticeOf(const Change& change) {
-    return {change.event, wire::payloadOf(change.keys) + wire::payloadOf(change.values), describe(change)};
+    return {change.event, wire::payloadOf(change.indexes) + wire::payloadOf(change.values), describe(change)};
 }
 
 const Effect* effectOf(const std::vector<FaultRule>& faults, Effect::Kind kind) {

@@ -85,7 +85,7 @@ enum class EffectKind {
 /** What a call does to a television. */
 struct Effect {
     EffectKind kind;
-    /** The function that reads, with the same keys, what a set is about to change; null without one. */
+    /** The function that reads, with the same indexes, what a set is about to change; null without one. */
     const char* back;
     /** Whether the change outlasts power off; nothing when that is not known. */
     std::optional<bool> isKept;

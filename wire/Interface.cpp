@@ -24,14 +24,14 @@ const Command* findCommand(std::int32_t value) {
     return found != commands.end() && found->value == value ? found : nullptr;
 }
 
-const StateSlot* findState(std::string_view name) { return findNamed(allStates(), name); }
+const StateKey* findState(std::string_view name) { return findNamed(allStates(), name); }
 
 const Enumeration* findEnumeration(std::string_view name) { return findNamed(allEnumerations(), name); }
 
 std::vector<std::string> stateNames() {
     std::vector<std::string> names;
-    for (const StateSlot& slot : allStates()) {
-        names.emplace_back(slot.name);
+    for (const StateKey& key : allStates()) {
+        names.emplace_back(key.name);
     }
     return names;
 }

@@ -40,15 +40,15 @@ struct ReplyField {
 /** What the result word and the words behind it mean; see the command calls of the client. */
 enum class Shape { Status, Number, Parcel };
 
-/** What the values, or one of the keys, of a slot are. */
+/** What the values, or one of the indexes, of a state are. */
 enum class Holds { Integers, Reals, Texts, Anything };
 
-/** One thing that the television keeps, possibly once for each of several keys. */
-struct StateSlot {
+/** Names one thing that the television keeps, possibly once for each of several indexes. */
+struct StateKey {
     const char* name;
     const char* module;
     Holds holds;
-    Rows<Holds> keys;
+    Rows<Holds> indexes;
 };
 
 /** The request item at `index`; the literal when that is negative. */
@@ -62,8 +62,8 @@ struct StateRule {
     enum class Access { None, Set, Get };
 
     Access access;
-    const StateSlot* slot;
-    Rows<Operand> keys;
+    const StateKey* key;
+    Rows<Operand> indexes;
     Rows<Operand> values;
 };
 
@@ -93,11 +93,11 @@ struct Item {
  * by ascending name. */
 Rows<Command> allCommands();
 Rows<Item> allItems();
-Rows<StateSlot> allStates();
+Rows<StateKey> allStates();
 
 /** Null when there is none. */
 const Command* findCommand(std::int32_t value);
-const StateSlot* findState(std::string_view name);
+const StateKey* findState(std::string_view name);
 /** By ascending name. */
 std::vector<std::string> stateNames();
 

@@ -33,7 +33,7 @@ void addPart(StateForm& form, const StatePart& part, int count) {
 }
 
 StateForm formForSet(const Operation& operation) {
-    StateForm form{partsOf(operation, operation.rule.keys), {}, false};
+    StateForm form{partsOf(operation, operation.rule.indexes), {}, false};
     for (const StatePart& part : partsOf(operation, operation.rule.values)) {
         addPart(form, part, isBlock(part.encoding) ? kRestOfReply : 1);
     }
@@ -41,7 +41,7 @@ StateForm formForSet(const Operation& operation) {
 }
 
 StateForm formForGet(const Operation& operation) {
-    StateForm form{partsOf(operation, operation.rule.keys), {}, false};
+    StateForm form{partsOf(operation, operation.rule.indexes), {}, false};
     for (const ReplyField& field : operation.reply) {
         addPart(form, {field.encoding, field.names}, field.count);
     }
@@ -51,14 +51,14 @@ StateForm formForGet(const Operation& operation) {
     return form;
 }
 
-const Operation* operationOn(const StateSlot& slot, StateRule::Access access) {
+const Operation* operationOn(const StateKey& key, StateRule::Access access) {
     for (const Command& command : allCommands()) {
-        if (command.operation.rule.slot == &slot && command.operation.rule.access == access) {
+        if (command.operation.rule.key == &key && command.operation.rule.access == access) {
             return &command.operation;
         }
     }
     for (const Item& item : allItems()) {
-        if (item.operation.rule.slot == &slot && item.operation.rule.access == access) {
+        if (item.operation.rule.key == &key && item.operation.rule.access == access) {
             return &item.operation;
         }
     }
@@ -83,11 +83,11 @@ Value zeroOf(Encoding kind) {
 
 } // namespace
 
-StateForm formOf(const StateSlot& slot) {
-    if (const Operation* const set = operationOn(slot, StateRule::Access::Set)) {
+StateForm formOf(const StateKey& key) {
+    if (const Operation* const set = operationOn(key, StateRule::Access::Set)) {
         return formForSet(*set);
     }
-    const Operation* const get = operationOn(slot, StateRule::Access::Get);
+    const Operation* const get = operationOn(key, StateRule::Access::Get);
     return get != nullptr ? formForGet(*get) : StateForm{};
 }
 

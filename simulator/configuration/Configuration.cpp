@@ -40,10 +40,10 @@ std::string contentOf(const std::string& path) {
 
 } // namespace
 
-const wire::Values& SlotSettings::initialFor(const wire::Values& keys) const {
-    const auto* const first = keys.empty() ? nullptr : std::get_if<std::int32_t>(&keys.front());
-    const auto found = first != nullptr ? initialByKey.find(*first) : initialByKey.end();
-    return found != initialByKey.end() ? found->second : initial;
+const wire::Values& StateSettings::initialFor(const wire::Values& indexes) const {
+    const auto* const first = indexes.empty() ? nullptr : std::get_if<std::int32_t>(&indexes.front());
+    const auto found = first != nullptr ? initialByIndex.find(*first) : initialByIndex.end();
+    return found != initialByIndex.end() ? found->second : initial;
 }
 
 Configuration Configuration::standard() { return fromText(defaultConfiguration(), kStandardName); }
@@ -60,50 +60,50 @@ Configuration Configuration::fromText(const std::string& text, const std::string
     return readConfiguration(JsonNode(whole, file));
 }
 
-const SlotSettings& Configuration::settings(const wire::StateSlot& slot) const {
-    static const SlotSettings kPlain;
-    const auto found = mParts.slots.find(&slot);
-    return found != mParts.slots.end() ? found->second : kPlain;
+const StateSettings& Configuration::settings(const wire::StateKey& key) const {
+    static const StateSettings kPlain;
+    const auto found = mParts.states.find(&key);
+    return found != mParts.states.end() ? found->second : kPlain;
 }
 
 Signal Configuration::noSignal() const {
     Signal signal;
-    for (const auto& [slot, count] : mParts.signalStates) {
-        signal[slot] = wire::Values(count, std::int32_t{0});
+    for (const auto& [key, count] : mParts.signalStates) {
+        signal[key] = wire::Values(count, std::int32_t{0});
     }
     return signal;
 }
 
-std::optional<std::string> Configuration::objectionToSignal(const wire::StateSlot& slot,
+std::optional<std::string> Configuration::objectionToSignal(const wire::StateKey& key,
                                                             const wire::Values& values) const {
-    const auto found = mParts.signalStates.find(&slot);
+    const auto found = mParts.signalStates.find(&key);
     if (found == mParts.signalStates.end()) {
-        return std::string(slot.name) + " does not show a signal";
+        return std::string(key.name) + " does not show a signal";
     }
-    if (values.size() != found->second || !std::all_of(values.begin(), values.end(), [&slot](const wire::Value& value) {
-            return fits(slot.holds, value);
+    if (values.size() != found->second || !std::all_of(values.begin(), values.end(), [&key](const wire::Value& value) {
+            return fits(key.holds, value);
         })) {
-        return std::string(slot.name) + " takes " + std::to_string(found->second) +
+        return std::string(key.name) + " takes " + std::to_string(found->second) +
                (found->second == 1 ? " integer" : " integers");
     }
     return std::nullopt;
 }
 
-bool fits(wire::Holds holds, const wire::Value& scalar) {
+bool fits(wire::Holds holds, const wire::Value& value) {
     switch (holds) {
     case wire::Holds::Integers:
-        return std::holds_alternative<std::int32_t>(scalar);
+        return std::holds_alternative<std::int32_t>(value);
     case wire::Holds::Reals:
-        return std::holds_alternative<double>(scalar);
+        return std::holds_alternative<double>(value);
     case wire::Holds::Texts:
-        return std::holds_alternative<std::string>(scalar);
+        return std::holds_alternative<std::string>(value);
     case wire::Holds::Anything:
         break;
     }
     return true;
 }
 
-std::string wordFor(wire::Holds holds) {
+std::string nameOf(wire::Holds holds) {
     switch (holds) {
     case wire::Holds::Integers:
         return "integers";

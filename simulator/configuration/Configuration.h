@@ -11,7 +11,7 @@
 namespace kelutv::simulator {
 
 /** What a signal puts into each of the states that show it. */
-using Signal = std::map<const wire::StateSlot*, wire::Values>;
+using Signal = std::map<const wire::StateKey*, wire::Values>;
 
 /** Both belong to it. */
 struct Range {
@@ -20,19 +20,19 @@ struct Range {
 };
 
 /** How a television of this configuration treats one of its states. */
-struct SlotSettings {
+struct StateSettings {
     wire::Values initial;
-    /** By the first key; goes before `initial`. */
-    std::map<std::int32_t, wire::Values> initialByKey;
+    /** By the first index; takes precedence over `initial`. */
+    std::map<std::int32_t, wire::Values> initialByIndex;
     std::optional<Range> range;
     /** Published when the value changes; 0 for none. */
     unsigned int event = 0;
     /** Shows something of the signal of the main window's source. */
     bool ofSignal = false;
-    bool keyIsSource = false;
+    bool indexIsSource = false;
     bool valueIsSource = false;
 
-    const wire::Values& initialFor(const wire::Values& keys) const;
+    const wire::Values& initialFor(const wire::Values& indexes) const;
 };
 
 /** An input of the television and what comes down its line. */
@@ -47,9 +47,9 @@ struct SourceSettings {
 class Configuration {
 public:
     struct Parts {
-        std::map<const wire::StateSlot*, SlotSettings> slots;
+        std::map<const wire::StateKey*, StateSettings> states;
         /** The states that show a signal, each with its number of values. */
-        std::map<const wire::StateSlot*, std::size_t> signalStates;
+        std::map<const wire::StateKey*, std::size_t> signalStates;
         std::map<std::string, Signal> signals;
         std::map<std::int32_t, SourceSettings> sources;
         std::vector<CecDevice> cecDevices;
@@ -67,7 +67,7 @@ public:
     /** What the JSON text says and nothing else; complaints name it as the file. @throws ConfigurationError */
     static Configuration fromText(const std::string& text, const std::string& file);
 
-    const SlotSettings& settings(const wire::StateSlot& slot) const;
+    const StateSettings& settings(const wire::StateKey& key) const;
 
     /** By their identifiers. */
     const std::map<std::int32_t, SourceSettings>& sources() const { return mParts.sources; }
@@ -79,7 +79,7 @@ public:
     Signal noSignal() const;
 
     /** Why a signal cannot have these values for the state; none if it can. */
-    std::optional<std::string> objectionToSignal(const wire::StateSlot& slot, const wire::Values& values) const;
+    std::optional<std::string> objectionToSignal(const wire::StateKey& key, const wire::Values& values) const;
 
     const std::vector<CecDevice>& cecDevices() const { return mParts.cecDevices; }
 
@@ -90,10 +90,10 @@ private:
     Parts mParts;
 };
 
-/** Whether a value, or a key, is of the kind that the slot holds. */
-bool fits(wire::Holds holds, const wire::Value& scalar);
+/** Whether a value, or an index, is of this kind. */
+bool fits(wire::Holds holds, const wire::Value& value);
 
-/** What the slot holds, in words: `integers`. */
-std::string wordFor(wire::Holds holds);
+/** The plural for messages: `integers`. */
+std::string nameOf(wire::Holds holds);
 
 } // namespace kelutv::simulator

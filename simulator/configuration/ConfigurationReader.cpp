@@ -1,6 +1,6 @@
 #include "simulator/configuration/ConfigurationReader.h"
 
-#include "simulator/configuration/SlotReader.h"
+#include "simulator/configuration/StateSettingsReader.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 
@@ -20,26 +20,26 @@ constexpr char kCurrentSource[] = "sourcemanager.curSource";
 /** The states of a module without its name. */
 std::vector<std::string> statesOf(const std::string& module) {
     std::vector<std::string> names;
-    for (const wire::StateSlot& slot : wire::allStates()) {
-        if (slot.module == module) {
-            names.emplace_back(slot.name + module.size() + 1);
+    for (const wire::StateKey& key : wire::allStates()) {
+        if (key.module == module) {
+            names.emplace_back(key.name + module.size() + 1);
         }
     }
     return names;
 }
 
-const wire::StateSlot& stateIn(const std::string& module, const std::string& name, const JsonNode& place) {
-    const wire::StateSlot* const slot = wire::findState(module + '.' + name);
-    if (slot == nullptr) {
+const wire::StateKey& stateIn(const std::string& module, const std::string& name, const JsonNode& place) {
+    const wire::StateKey* const key = wire::findState(module + '.' + name);
+    if (key == nullptr) {
         place.fail("there is no state '" + name + "' in " + module + wire::nearestHint(name, statesOf(module)));
     }
-    return *slot;
+    return *key;
 }
 
 std::vector<std::string> modules() {
     std::set<std::string> names;
-    for (const wire::StateSlot& slot : wire::allStates()) {
-        names.insert(slot.module);
+    for (const wire::StateKey& key : wire::allStates()) {
+        names.insert(key.module);
     }
     return {names.begin(), names.end()};
 }
@@ -74,8 +74,8 @@ private:
 
     void readModule(const std::string& module, const JsonNode& states) {
         for (const auto& [name, node] : states.members()) {
-            const wire::StateSlot& slot = stateIn(module, name, node);
-            mParts.slots[&slot] = readSlot(node, slot);
+            const wire::StateKey& key = stateIn(module, name, node);
+            mParts.states[&key] = readStateSettings(node, key);
         }
     }
 
@@ -84,26 +84,26 @@ private:
         Signal signal;
         for (const auto& [name, values] : node.members()) {
             if (std::find(others.begin(), others.end(), name) == others.end()) {
-                const wire::StateSlot& slot = signalState(values, name);
-                signal[&slot] = readValues(values, slot);
-                checkLength(values, slot, signal[&slot].size());
+                const wire::StateKey& key = signalState(values, name);
+                signal[&key] = readValues(values, key);
+                checkLength(values, key, signal[&key].size());
             }
         }
         return signal;
     }
 
-    static const wire::StateSlot& signalState(const JsonNode& node, const std::string& name) {
-        const wire::StateSlot& slot = readStateName(node, name);
-        if (slot.holds != wire::Holds::Integers || slot.keys.size() != 0) {
+    static const wire::StateKey& signalState(const JsonNode& node, const std::string& name) {
+        const wire::StateKey& key = readStateName(node, name);
+        if (key.holds != wire::Holds::Integers || key.indexes.size() != 0) {
             node.fail(name + " cannot show a signal: it is not made of integers, or is kept for each of several keys");
         }
-        return slot;
+        return key;
     }
 
-    void checkLength(const JsonNode& node, const wire::StateSlot& slot, std::size_t length) {
-        const std::size_t expected = mParts.signalStates.emplace(&slot, length).first->second;
+    void checkLength(const JsonNode& node, const wire::StateKey& key, std::size_t length) {
+        const std::size_t expected = mParts.signalStates.emplace(&key, length).first->second;
         if (length != expected) {
-            node.fail(std::string(slot.name) + " has " + std::to_string(length) + " values here and " +
+            node.fail(std::string(key.name) + " has " + std::to_string(length) + " values here and " +
                       std::to_string(expected) + " in another signal");
         }
     }
@@ -181,7 +181,7 @@ private:
     void showFirstSignal() {
         const Configuration nothingShown(mParts);
         Signal first = nothingShown.noSignal();
-        if (const wire::StateSlot* const current = wire::findState(kCurrentSource)) {
+        if (const wire::StateKey* const current = wire::findState(kCurrentSource)) {
             const wire::Values shown = nothingShown.settings(*current).initialFor({std::int32_t{KELU_TV_WINDOW_MAIN}});
             const auto found =
                 shown.empty() ? mParts.sources.end() : mParts.sources.find(std::get<std::int32_t>(shown.front()));
@@ -189,28 +189,28 @@ private:
                 first = found->second.signal;
             }
         }
-        for (const auto& [slot, values] : first) {
-            mParts.slots[slot].initial = values;
-            mParts.slots[slot].ofSignal = true;
+        for (const auto& [key, values] : first) {
+            mParts.states[key].initial = values;
+            mParts.states[key].ofSignal = true;
         }
     }
 
     void checkSources() const {
-        for (const auto& [slot, settings] : mParts.slots) {
+        for (const auto& [key, settings] : mParts.states) {
             if (!settings.valueIsSource) {
                 continue;
             }
-            checkSource(*slot, settings.initial);
-            for (const auto& keyed : settings.initialByKey) {
-                checkSource(*slot, keyed.second);
+            checkSource(*key, settings.initial);
+            for (const auto& keyed : settings.initialByIndex) {
+                checkSource(*key, keyed.second);
             }
         }
     }
 
-    void checkSource(const wire::StateSlot& slot, const wire::Values& values) const {
+    void checkSource(const wire::StateKey& key, const wire::Values& values) const {
         if (!values.empty() && mParts.sources.count(std::get<std::int32_t>(values.front())) == 0) {
-            const std::string module = slot.module;
-            const JsonNode place = mRoot.at(module).at(slot.name + module.size() + 1).at("initial");
+            const std::string module = key.module;
+            const JsonNode place = mRoot.at(module).at(key.name + module.size() + 1).at("initial");
             place.fail(place.shown() + " is none of the television's sources");
         }
     }

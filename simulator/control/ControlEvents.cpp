@@ -26,10 +26,10 @@ constexpr char kKeyState[] = "systemsetting.keyEvent";
 constexpr std::size_t kLongestVbi = keluem::kMaxPayload - sizeof(std::int32_t);
 
 void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
-    const wire::StateSlot& slot = *wire::findState(kKeyState);
-    const wire::StateForm form = wire::formOf(slot);
-    equipment.state.keep(slot, {key}, {happened});
-    const std::string name = wire::namesOf(*form.keys[0].names).shortNameOf(key);
+    const wire::StateKey& state = *wire::findState(kKeyState);
+    const wire::StateForm form = wire::formOf(state);
+    equipment.state.keep(state, {key}, {happened});
+    const std::string name = wire::namesOf(*form.indexes[0].names).shortNameOf(key);
     const std::string what = wire::namesOf(*form.values[0].names).shortNameOf(happened);
     equipment.notices.push_back({KELU_SIM_EVENT_KEY_USED, wire::payloadOf({key, happened}),
                                  "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
@@ -120,7 +120,7 @@ std::string useKey(Equipment& equipment, const std::string& rest) {
         throw BadLine("key takes a key code, and press or release if it is to be only that");
     }
     const wire::StateForm form = wire::formOf(*wire::findState(kKeyState));
-    const std::int32_t key = integerOf(words[0].text(), wire::namesOf(*form.keys[0].names), "key code");
+    const std::int32_t key = integerOf(words[0].text(), wire::namesOf(*form.indexes[0].names), "key code");
     const wire::Names& happenings = wire::namesOf(*form.values[0].names);
     if (words.size() == 2) {
         useKey(equipment, key, integerOf(words[1].text(), happenings, "use of a key"));

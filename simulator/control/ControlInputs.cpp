@@ -62,12 +62,12 @@ void changeState(const Equipment& equipment, Signal& signal, const std::string& 
     if (!assignment.values) {
         throw BadLine("'" + text + "' is not STATE=VALUE");
     }
-    const wire::StateSlot& slot = slotNamed(assignment.name);
-    wire::Values values = valuesOf(slot, *assignment.values);
-    if (const auto complaint = equipment.configuration.objectionToSignal(slot, values)) {
+    const wire::StateKey& key = stateNamed(assignment.name);
+    wire::Values values = valuesOf(key, *assignment.values);
+    if (const auto complaint = equipment.configuration.objectionToSignal(key, values)) {
         throw BadLine(*complaint);
     }
-    signal[&slot] = std::move(values);
+    signal[&key] = std::move(values);
 }
 
 /** The fields of a device with what most devices have. */

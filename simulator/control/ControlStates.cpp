@@ -3,7 +3,7 @@
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
 #include "simulator/television/Power.h"
-#include "simulator/television/SlotAccess.h"
+#include "simulator/television/StateRequests.h"
 #include "wire/StateForm.h"
 #include "wire/text/Pattern.h"
 #include "wire/text/Quote.h"
@@ -16,59 +16,61 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/** The keys for which something is known to be kept. */
-std::set<wire::Values> knownKeys(const Equipment& equipment, const wire::StateSlot& slot) {
-    std::set<wire::Values> keys;
-    if (slot.keys.size() == 0) {
+/** The indexes under which something is known to be kept. */
+std::set<wire::Values> knownIndexes(const Equipment& equipment, const wire::StateKey& key) {
+    std::set<wire::Values> indexes;
+    if (key.indexes.size() == 0) {
         return {wire::Values{}};
     }
     for (const auto& entry : equipment.state.all()) {
-        if (entry.first.first == &slot) {
-            keys.insert(entry.first.second);
+        if (entry.first.first == &key) {
+            indexes.insert(entry.first.second);
         }
     }
-    const SlotSettings& settings = equipment.configuration.settings(slot);
-    if (slot.keys.size() == 1) {
-        for (const auto& initial : settings.initialByKey) {
-            keys.insert({initial.first});
+    const StateSettings& settings = equipment.configuration.settings(key);
+    if (key.indexes.size() == 1) {
+        for (const auto& initial : settings.initialByIndex) {
+            indexes.insert({initial.first});
         }
-        for (const std::int32_t source : settings.keyIsSource ? equipment.sources.ids() : std::vector<std::int32_t>()) {
-            if (equipment.sources.workedOut(slot, {source})) {
-                keys.insert({source});
+        for (const std::int32_t source :
+             settings.indexIsSource ? equipment.sources.ids() : std::vector<std::int32_t>()) {
+            if (equipment.sources.derived(key, {source})) {
+                indexes.insert({source});
             }
         }
     }
-    return keys;
+    return indexes;
 }
 
-std::string lineOf(Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys) {
-    const Reading reading = readLikeRequest(equipment, slot, keys);
+std::string lineOf(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes) {
+    const Reading reading = readByRequest(equipment, key, indexes);
     if (reading.refusal) {
         throw BadLine(reading.refusal->text);
     }
-    return inWords(slot, keys, reading.values);
+    return textOf(key, indexes, reading.values);
 }
 
-/** A line for each of the known keys, as a remark where it does more than keep a value, and one on all other keys. */
-Lines linesOf(Equipment& equipment, const wire::StateSlot& slot) {
+/** A line for the value at each known index, as a remark where setting it does more than keep it, and one for all
+ * others. */
+Lines linesOf(Equipment& equipment, const wire::StateKey& key) {
     Lines lines;
-    for (const wire::Values& keys : knownKeys(equipment, slot)) {
-        const std::string remark = isJustKept(equipment, slot, keys) ? "" : "# ";
-        lines.push_back(remark + lineOf(equipment, slot, keys));
+    for (const wire::Values& indexes : knownIndexes(equipment, key)) {
+        const std::string remark = isPlainState(equipment, key, indexes) ? "" : "# ";
+        lines.push_back(remark + lineOf(equipment, key, indexes));
     }
-    const SlotSettings& settings = equipment.configuration.settings(slot);
-    const wire::Values anyKeys(slot.keys.size(), std::int32_t{0});
-    if (!anyKeys.empty() && !settings.keyIsSource && isJustKept(equipment, slot, anyKeys)) {
-        const wire::Values initial = wire::completed(wire::formOf(slot), settings.initial);
-        lines.push_back("# " + std::string(slot.name) + " of any other key: " + inWords(initial));
+    const StateSettings& settings = equipment.configuration.settings(key);
+    const wire::Values anyIndexes(key.indexes.size(), std::int32_t{0});
+    if (!anyIndexes.empty() && !settings.indexIsSource && isPlainState(equipment, key, anyIndexes)) {
+        const wire::Values initial = wire::completed(wire::formOf(key), settings.initial);
+        lines.push_back("# " + std::string(key.name) + " of any other key: " + textOf(initial));
     }
     return lines;
 }
 
 std::string signalLine(const std::string& name, const Signal& signal) {
     std::string line = "signal " + name;
-    for (const auto& [slot, values] : signal) {
-        line += ' ' + std::string(slot->name) + '=' + inWords(values, ",");
+    for (const auto& [key, values] : signal) {
+        line += ' ' + std::string(key->name) + '=' + textOf(values, ",");
     }
     return line;
 }
@@ -112,9 +114,9 @@ Lines powerLines(Equipment& equipment, const wire::Pattern& pattern) {
  * The place of a state among the lines. Setting one that selects or deselects a source sets others as well, so these go
  * first, and the one that was done last is the last of them.
  */
-int rankOf(const Equipment& equipment, const wire::StateSlot& slot) {
-    const SlotSettings& settings = equipment.configuration.settings(slot);
-    if (settings.keyIsSource) {
+int rankOf(const Equipment& equipment, const wire::StateKey& key) {
+    const StateSettings& settings = equipment.configuration.settings(key);
+    if (settings.indexIsSource) {
         return equipment.sources.isShown() ? 0 : 2;
     }
     return settings.valueIsSource ? 1 : 3;
@@ -123,9 +125,9 @@ int rankOf(const Equipment& equipment, const wire::StateSlot& slot) {
 Lines stateLines(Equipment& equipment, const wire::Pattern& pattern) {
     Lines lines;
     for (int rank = 0; rank <= 3; ++rank) {
-        for (const wire::StateSlot& slot : wire::allStates()) {
-            if (rankOf(equipment, slot) == rank && pattern.matches(slot.name)) {
-                const Lines more = linesOf(equipment, slot);
+        for (const wire::StateKey& key : wire::allStates()) {
+            if (rankOf(equipment, key) == rank && pattern.matches(key.name)) {
+                const Lines more = linesOf(equipment, key);
                 lines.insert(lines.end(), more.begin(), more.end());
             }
         }
@@ -140,9 +142,9 @@ std::string set(Equipment& equipment, const std::string& rest) {
     if (assignment.name.empty() || !assignment.values) {
         throw BadLine("set takes STATE[KEY...] = VALUE...");
     }
-    const wire::StateSlot& slot = slotNamed(assignment.name);
-    const wire::Values keys = keysOf(slot, assignment.keys);
-    if (const auto refusal = setLikeRequest(equipment, slot, keys, valuesOf(slot, *assignment.values))) {
+    const wire::StateKey& key = stateNamed(assignment.name);
+    const wire::Values indexes = indexesOf(key, assignment.indexes);
+    if (const auto refusal = setByRequest(equipment, key, indexes, valuesOf(key, *assignment.values))) {
         throw BadLine(refusal->text);
     }
     return "";
@@ -153,13 +155,13 @@ std::string get(Equipment& equipment, const std::string& rest) {
     if (assignment.name.empty() || assignment.values) {
         throw BadLine("get takes STATE[KEY...]");
     }
-    const wire::StateSlot& slot = slotNamed(assignment.name);
-    const Lines all = assignment.keys.empty() && slot.keys.size() > 0 ? linesOf(equipment, slot) : Lines();
+    const wire::StateKey& key = stateNamed(assignment.name);
+    const Lines all = assignment.indexes.empty() && key.indexes.size() > 0 ? linesOf(equipment, key) : Lines();
     if (!all.empty()) {
         return joinedLines(all);
     }
-    const wire::Values keys = keysOf(slot, assignment.keys);
-    return lineOf(equipment, slot, keys);
+    const wire::Values indexes = indexesOf(key, assignment.indexes);
+    return lineOf(equipment, key, indexes);
 }
 
 std::string show(Equipment& equipment, const std::string& rest) {

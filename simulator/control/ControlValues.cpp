@@ -10,15 +10,15 @@ namespace kelutv::simulator {
 
 namespace {
 
-std::vector<const wire::StateSlot*> slotsWithLastPart(const std::string& part) {
-    std::vector<const wire::StateSlot*> slots;
-    for (const wire::StateSlot& slot : wire::allStates()) {
-        const std::string name = slot.name;
+std::vector<const wire::StateKey*> statesWithLastPart(const std::string& part) {
+    std::vector<const wire::StateKey*> keys;
+    for (const wire::StateKey& key : wire::allStates()) {
+        const std::string name = key.name;
         if (name.compare(name.rfind('.') + 1, std::string::npos, part) == 0) {
-            slots.push_back(&slot);
+            keys.push_back(&key);
         }
     }
-    return slots;
+    return keys;
 }
 
 std::optional<double> realOf(const std::string& word) {
@@ -63,8 +63,8 @@ wire::Value anythingFrom(const ControlWord& word, const wire::Enumeration* names
     return isReal ? realFrom(text, what) : integerFrom(text, names, what);
 }
 
-wire::Value scalarFrom(const ControlWord& word, wire::Holds holds, const wire::Enumeration* names,
-                       const std::string& what) {
+wire::Value valueFrom(const ControlWord& word, wire::Holds holds, const wire::Enumeration* names,
+                      const std::string& what) {
     switch (holds) {
     case wire::Holds::Integers:
         return integerFrom(word.text(), names, what);
@@ -78,82 +78,82 @@ wire::Value scalarFrom(const ControlWord& word, wire::Holds holds, const wire::E
     return anythingFrom(word, names, what);
 }
 
-std::string inWords(const wire::Value& scalar) {
-    if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
+std::string textOf(const wire::Value& value) {
+    if (const auto* const number = std::get_if<std::int32_t>(&value)) {
         return std::to_string(*number);
     }
-    if (const auto* const real = std::get_if<double>(&scalar)) {
+    if (const auto* const real = std::get_if<double>(&value)) {
         return asReal(*real);
     }
-    return wire::inQuotes(std::get<std::string>(scalar));
+    return wire::inQuotes(std::get<std::string>(value));
 }
 
-std::string wrongCount(const wire::StateSlot& slot, const std::string& part, std::size_t wanted, std::size_t given) {
-    return std::string(slot.name) + " has " + std::to_string(wanted) + ' ' + part + (wanted == 1 ? "" : "s") +
-           ", not " + std::to_string(given);
+std::string wrongCount(const wire::StateKey& key, const std::string& part, std::size_t wanted, std::size_t given) {
+    return std::string(key.name) + " has " + std::to_string(wanted) + ' ' + part + (wanted == 1 ? "" : "s") + ", not " +
+           std::to_string(given);
 }
 
-std::string whatOf(const wire::StateSlot& slot, const std::string& part, std::size_t index) {
-    return part + ' ' + std::to_string(index + 1) + " of " + slot.name;
+std::string whatOf(const wire::StateKey& key, const std::string& part, std::size_t index) {
+    return part + ' ' + std::to_string(index + 1) + " of " + key.name;
 }
 
 } // namespace
 
-const wire::StateSlot& slotNamed(const std::string& name) {
-    if (const wire::StateSlot* const slot = wire::findState(name)) {
-        return *slot;
+const wire::StateKey& stateNamed(const std::string& name) {
+    if (const wire::StateKey* const key = wire::findState(name)) {
+        return *key;
     }
-    const std::vector<const wire::StateSlot*> slots = slotsWithLastPart(name);
-    if (slots.size() == 1) {
-        return *slots.front();
+    const std::vector<const wire::StateKey*> keys = statesWithLastPart(name);
+    if (keys.size() == 1) {
+        return *keys.front();
     }
-    if (slots.empty()) {
+    if (keys.empty()) {
         throw BadLine("there is no state '" + name + "'" + wire::nearestHint(name, wire::stateNames()) +
                       "; show lists them");
     }
     std::vector<std::string> candidates;
-    for (const wire::StateSlot* const slot : slots) {
-        candidates.emplace_back(slot->name);
+    for (const wire::StateKey* const key : keys) {
+        candidates.emplace_back(key->name);
     }
     throw BadLine("'" + name + "' is more than one state: " + listed(candidates));
 }
 
-wire::Values keysOf(const wire::StateSlot& slot, const ControlWords& words) {
-    const wire::StateForm form = wire::formOf(slot);
-    if (words.size() != form.keys.size()) {
-        throw BadLine(wrongCount(slot, "key", form.keys.size(), words.size()));
+wire::Values indexesOf(const wire::StateKey& key, const ControlWords& words) {
+    const wire::StateForm form = wire::formOf(key);
+    if (words.size() != form.indexes.size()) {
+        throw BadLine(wrongCount(key, "key", form.indexes.size(), words.size()));
     }
-    wire::Values keys;
+    wire::Values indexes;
     for (std::size_t i = 0; i < words.size(); ++i) {
-        keys.push_back(scalarFrom(words[i], slot.keys[i], form.keys[i].names, whatOf(slot, "key", i)));
+        indexes.push_back(valueFrom(words[i], key.indexes[i], form.indexes[i].names, whatOf(key, "key", i)));
     }
-    return keys;
+    return indexes;
 }
 
-wire::Values valuesOf(const wire::StateSlot& slot, const ControlWords& words) {
-    const wire::StateForm form = wire::formOf(slot);
+wire::Values valuesOf(const wire::StateKey& key, const ControlWords& words) {
+    const wire::StateForm form = wire::formOf(key);
     if (words.size() != form.values.size() && !(form.isOpen && words.size() > form.values.size())) {
-        throw BadLine(wrongCount(slot, "value", form.values.size(), words.size()));
+        throw BadLine(wrongCount(key, "value", form.values.size(), words.size()));
     }
     wire::Values values;
     for (std::size_t i = 0; i < words.size(); ++i) {
         const wire::Enumeration* const names = i < form.values.size() ? form.values[i].names : nullptr;
-        values.push_back(scalarFrom(words[i], slot.holds, names, whatOf(slot, "value", i)));
+        values.push_back(valueFrom(words[i], key.holds, names, whatOf(key, "value", i)));
     }
     return values;
 }
 
-std::string inWords(const wire::Values& scalars, const char* separator) {
+std::string textOf(const wire::Values& values, const char* separator) {
     std::string text;
-    for (const wire::Value& scalar : scalars) {
-        text += (text.empty() ? "" : separator) + inWords(scalar);
+    for (const wire::Value& value : values) {
+        text += (text.empty() ? "" : separator) + textOf(value);
     }
     return text;
 }
 
-std::string inWords(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values) {
-    const std::string brackets = keys.empty() ? "" : '[' + inWords(keys) + ']';
-    return slot.name + brackets + " = " + inWords(wire::completed(wire::formOf(slot), values));
+std::string textOf(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values) {
+    const std::string brackets = indexes.empty() ? "" : '[' + textOf(indexes) + ']';
+    return key.name + brackets + " = " + textOf(wire::completed(wire::formOf(key), values));
 }
 
 } // namespace kelutv::simulator

@@ -6,17 +6,17 @@
 
 namespace kelutv::simulator {
 
-/** The slot of the name, or of what stands behind the dot of it if that is clear. @throws BadLine */
-const wire::StateSlot& slotNamed(const std::string& name);
+/** The state of the name, or of what stands behind the dot of it if that is clear. @throws BadLine */
+const wire::StateKey& stateNamed(const std::string& name);
 
-/** Keys and values as the slot has them: numbers, enumerators in a short form, texts. @throws BadLine */
-wire::Values keysOf(const wire::StateSlot& slot, const ControlWords& words);
-wire::Values valuesOf(const wire::StateSlot& slot, const ControlWords& words);
+/** Indexes and values of the kinds that the state has: numbers, short names of enumerators, texts. @throws BadLine */
+wire::Values indexesOf(const wire::StateKey& key, const ControlWords& words);
+wire::Values valuesOf(const wire::StateKey& key, const ControlWords& words);
 
 /** Scalars as the words that say them. */
-std::string inWords(const wire::Values& scalars, const char* separator = ", ");
+std::string textOf(const wire::Values& values, const char* separator = ", ");
 
-/** `NAME[KEY...] = VALUE...`, the brackets only with keys. */
-std::string inWords(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values);
+/** `NAME[INDEX...] = VALUE...`, the brackets only with indexes. */
+std::string textOf(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values);
 
 } // namespace kelutv::simulator

@@ -1,6 +1,6 @@
 #include "simulator/screen/UiView.h"
 
-#include "simulator/television/Settings.h"
+#include "simulator/television/StateAccess.h"
 #include "wire/text/EnumeratorNames.h"
 
 #include <kelutv/audio_types.h>
@@ -29,8 +29,8 @@ template <std::size_t count> std::string nameAt(const char* const (&names)[count
 /** Numbers that the television keeps; 0 where it keeps none. */
 class Numbers {
 public:
-    Numbers(const Equipment& equipment, const char* slot, const wire::Values& keys = {})
-        : mValues(readState(equipment, *wire::findState(slot), keys)) {}
+    Numbers(const Equipment& equipment, const char* state, const wire::Values& indexes = {})
+        : mValues(readState(equipment, *wire::findState(state), indexes)) {}
 
     std::int32_t operator[](std::size_t index) const {
         const auto* const number = index < mValues.size() ? std::get_if<std::int32_t>(&mValues[index]) : nullptr;

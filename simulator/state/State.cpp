@@ -2,43 +2,43 @@
 
 namespace kelutv::simulator {
 
-wire::Values State::kept(const wire::StateSlot& slot, const wire::Values& keys) const {
-    const auto found = mKept.find({&slot, keys});
-    return found != mKept.end() ? found->second : mConfiguration.settings(slot).initialFor(keys);
+wire::Values State::kept(const wire::StateKey& key, const wire::Values& indexes) const {
+    const auto found = mKept.find({&key, indexes});
+    return found != mKept.end() ? found->second : mConfiguration.settings(key).initialFor(indexes);
 }
 
-void State::keep(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values) {
-    if (kept(slot, keys) != values) {
-        mKept[{&slot, keys}] = values;
+void State::keep(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values) {
+    if (kept(key, indexes) != values) {
+        mKept[{&key, indexes}] = values;
         mRevision.advance();
-        noteChange(slot, keys);
+        noteChange(key, indexes);
     }
 }
 
 void State::restore(const std::string& module) {
-    restore([&module](const wire::StateSlot& slot) { return slot.module == module; });
+    restore([&module](const wire::StateKey& key) { return key.module == module; });
 }
 
-void State::restore(const std::function<bool(const wire::StateSlot&)>& wanted) {
+void State::restore(const std::function<bool(const wire::StateKey&)>& wanted) {
     for (auto entry = mKept.begin(); entry != mKept.end();) {
-        const auto [slot, keys] = entry->first;
+        const auto [key, indexes] = entry->first;
         const wire::Values before = entry->second;
-        if (!wanted(*slot) || mConfiguration.settings(*slot).ofSignal) {
+        if (!wanted(*key) || mConfiguration.settings(*key).ofSignal) {
             ++entry;
             continue;
         }
         entry = mKept.erase(entry);
         mRevision.advance();
-        if (kept(*slot, keys) != before) {
-            noteChange(*slot, keys);
+        if (kept(*key, indexes) != before) {
+            noteChange(*key, indexes);
         }
     }
 }
 
-void State::noteChange(const wire::StateSlot& slot, const wire::Values& keys) {
-    const unsigned int event = mConfiguration.settings(slot).event;
+void State::noteChange(const wire::StateKey& key, const wire::Values& indexes) {
+    const unsigned int event = mConfiguration.settings(key).event;
     if (event != 0) {
-        mChanges.push_back({&slot, keys, kept(slot, keys), event});
+        mChanges.push_back({&key, indexes, kept(key, indexes), event});
     }
 }
 

@@ -13,8 +13,8 @@ namespace kelutv::simulator {
 
 /** Something that applications are told of. */
 struct Change {
-    const wire::StateSlot* slot;
-    wire::Values keys;
+    const wire::StateKey* key;
+    wire::Values indexes;
     wire::Values values;
     unsigned int event;
 };
@@ -22,34 +22,34 @@ struct Change {
 /** Everything that the television keeps. Not synchronised. */
 class State {
 public:
-    using Kept = std::map<std::pair<const wire::StateSlot*, wire::Values>, wire::Values>;
+    using Kept = std::map<std::pair<const wire::StateKey*, wire::Values>, wire::Values>;
 
     /** Both must outlive it. */
     State(const Configuration& configuration, Revision& revision)
         : mConfiguration(configuration), mRevision(revision) {}
 
-    /** What was set and differs from what it starts with or did, by slot and keys. */
+    /** What was set and differs from what it starts with or did, by state and indexes. */
     const Kept& all() const { return mKept; }
 
     /** Takes this for what was set; nobody is told of it. */
-    void takeOver(Kept kept) { mKept = std::move(kept); }
+    void load(Kept kept) { mKept = std::move(kept); }
 
-    /** What was kept last, else what the slot starts with. */
-    wire::Values kept(const wire::StateSlot& slot, const wire::Values& keys) const;
+    /** What was kept last, else what the state starts with. */
+    wire::Values kept(const wire::StateKey& key, const wire::Values& indexes) const;
 
-    void keep(const wire::StateSlot& slot, const wire::Values& keys, const wire::Values& values);
+    void keep(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values);
 
     /** Brings the settings of a module back to what they start with; what shows a signal stays. */
     void restore(const std::string& module);
 
     /** Brings the settings that are wanted back to what they start with; what shows a signal stays. */
-    void restore(const std::function<bool(const wire::StateSlot&)>& wanted);
+    void restore(const std::function<bool(const wire::StateKey&)>& wanted);
 
-    /** What happened since the last take to slots that have an event. */
+    /** What happened since the last take to states that have an event. */
     std::vector<Change> takeChanges() { return std::exchange(mChanges, {}); }
 
 private:
-    void noteChange(const wire::StateSlot& slot, const wire::Values& keys);
+    void noteChange(const wire::StateKey& key, const wire::Values& indexes);
 
     const Configuration& mConfiguration;
     Revision& mRevision;

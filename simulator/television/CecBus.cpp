@@ -76,7 +76,7 @@ bool CecBus::remove(std::int32_t logAddr) {
     return true;
 }
 
-void CecBus::takeOver(std::vector<CecDevice> devices, std::int32_t playing) {
+void CecBus::load(std::vector<CecDevice> devices, std::int32_t playing) {
     mDevices = std::move(devices);
     mPlaying = playing;
 }

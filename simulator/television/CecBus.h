@@ -44,7 +44,7 @@ public:
     bool remove(std::int32_t logAddr);
 
     /** Takes these for the devices and the one that plays; nobody is told of it. */
-    void takeOver(std::vector<CecDevice> devices, std::int32_t playing);
+    void load(std::vector<CecDevice> devices, std::int32_t playing);
 
 private:
     std::vector<CecDevice>::iterator find(std::int32_t logAddr);

@@ -1,6 +1,6 @@
 #include "simulator/television/CommandHandler.h"
+#include "simulator/television/Factory.h"
 #include "simulator/television/Hotel.h"
-#include "simulator/television/Production.h"
 
 #include <kelutv/commands.h>
 #include <kelutv/factory_types.h>

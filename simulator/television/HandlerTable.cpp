@@ -36,11 +36,11 @@ Handler handlerOf(const wire::Request& request) {
     return found != allHandlers().end() ? found->handler : nullptr;
 }
 
-const wire::Command* handledCommand(const wire::StateSlot& slot, wire::StateRule::Access access) {
+const wire::Command* handledCommand(const wire::StateKey& key, wire::StateRule::Access access) {
     const auto commands = wire::allCommands();
     const auto* const found = std::find_if(commands.begin(), commands.end(), [&](const wire::Command& command) {
         const wire::StateRule& rule = command.operation.rule;
-        return rule.slot == &slot && rule.access == access &&
+        return rule.key == &key && rule.access == access &&
                std::any_of(allHandlers().begin(), allHandlers().end(),
                            [&command](const CommandHandler& row) { return handlesEveryRequestOf(row, command); });
     });

@@ -13,6 +13,6 @@ const std::vector<CommandHandler>& allHandlers();
 Handler handlerOf(const wire::Request& request);
 
 /** The command with a handler of its own that sets or reads the state; null when there is none. */
-const wire::Command* handledCommand(const wire::StateSlot& slot, wire::StateRule::Access access);
+const wire::Command* handledCommand(const wire::StateKey& key, wire::StateRule::Access access);
 
 } // namespace kelutv::simulator

@@ -111,9 +111,9 @@ void restoreHotel(State& state, const std::string& path) {
 }
 
 void resetHotel(State& state) {
-    state.restore([](const wire::StateSlot& slot) {
+    state.restore([](const wire::StateKey& key) {
         return std::any_of(std::begin(kSettings), std::end(kSettings),
-                           [&slot](const Setting& setting) { return &slot == wire::findState(setting.state); });
+                           [&key](const Setting& setting) { return &key == wire::findState(setting.state); });
     });
 }
 

@@ -30,7 +30,7 @@ void Power::wake(std::int32_t wakeupMode) {
     enter(PowerState::On);
 }
 
-void Power::takeOver(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode) {
+void Power::load(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode) {
     mState = state;
     mLastOff = lastPowerOffMode;
     mWakeupMode = wakeupMode;

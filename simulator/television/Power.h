@@ -40,7 +40,7 @@ public:
     std::int32_t wakeupMode() const { return mWakeupMode; }
 
     /** Takes this for what happened so far; nobody is told of it. */
-    void takeOver(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode);
+    void load(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode);
 
 private:
     PowerState mState = PowerState::On;

@@ -8,7 +8,7 @@ namespace kelutv::simulator {
 namespace {
 
 wire::Reply toggleSpeakerMute(Equipment& equipment, const wire::Request&) {
-    const wire::StateSlot& mute = *wire::findState("audio.mute");
+    const wire::StateKey& mute = *wire::findState("audio.mute");
     const wire::Values speaker{std::int32_t{KELU_TV_AUDIO_CHANNEL_SPEAKER}};
     const bool muted = equipment.state.kept(mute, speaker) != wire::Values{std::int32_t{0}};
     equipment.state.keep(mute, speaker, {std::int32_t{!muted}});

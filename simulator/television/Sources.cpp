@@ -16,14 +16,14 @@ constexpr char kCurrentSource[] = "sourcemanager.curSource";
 constexpr char kSignalStatus[] = "sourcemanager.signalStatus";
 
 const wire::Values& mainWindow() {
-    static const auto* const keys = new wire::Values{std::int32_t{KELU_TV_WINDOW_MAIN}};
-    return *keys;
+    static const auto* const indexes = new wire::Values{std::int32_t{KELU_TV_WINDOW_MAIN}};
+    return *indexes;
 }
 
 bool isGood(const wire::Values& status) { return status == wire::Values{std::int32_t{1}}; }
 
-wire::Values keptIn(const State& state, const char* slot, const wire::Values& keys) {
-    return state.kept(*wire::findState(slot), keys);
+wire::Values keptIn(const State& state, const char* name, const wire::Values& indexes) {
+    return state.kept(*wire::findState(name), indexes);
 }
 
 wire::Values everySource(const Sources& sources, const State&, const wire::Values&) {
@@ -41,8 +41,8 @@ wire::Values sourcesWithSignal(const Sources& sources, const State&, const wire:
     return found;
 }
 
-wire::Values statusAtSource(const Sources& sources, const State&, const wire::Values& keys) {
-    return sources.statusAt(std::get<std::int32_t>(keys.front()));
+wire::Values statusAtSource(const Sources& sources, const State&, const wire::Values& indexes) {
+    return sources.statusAt(std::get<std::int32_t>(indexes.front()));
 }
 
 wire::Values statusOfMainWindow(const Sources&, const State& state, const wire::Values&) {
@@ -58,12 +58,12 @@ wire::Values pictureModeOfStreamType(const Sources&, const State& state, const w
     return keptIn(state, "picture.pictureMode", keptIn(state, "picture.hdrStreamType", {}));
 }
 
-struct Consequence {
-    const char* slot;
-    wire::Values (*workOut)(const Sources& sources, const State& state, const wire::Values& keys);
+struct Derivation {
+    const char* state;
+    wire::Values (*derive)(const Sources& sources, const State& state, const wire::Values& indexes);
 };
 
-constexpr Consequence kConsequences[] = {
+constexpr Derivation kDerivations[] = {
     {"sourcemanager.sourceList", everySource},
     {"sourcemanager.availSourceList", sourcesWithSignal},
     {"sourcemanager.offlineSigStatus", statusAtSource},
@@ -115,7 +115,7 @@ void Sources::change(std::int32_t source, bool plugged, const Signal& signal) {
 }
 
 void Sources::select(std::int32_t source, std::int32_t window) {
-    const wire::StateSlot& current = *wire::findState(kCurrentSource);
+    const wire::StateKey& current = *wire::findState(kCurrentSource);
     const wire::Values before = mState.kept(current, mainWindow());
     mState.keep(current, {window}, {source});
     mState.keep(*wire::findState("sourcemanager.selectSource"), {}, {source});
@@ -136,16 +136,16 @@ void Sources::deselect(std::int32_t source) {
     }
 }
 
-std::optional<wire::Values> Sources::workedOut(const wire::StateSlot& slot, const wire::Values& keys) const {
-    for (const Consequence& consequence : kConsequences) {
-        if (std::string_view(consequence.slot) == slot.name) {
-            return consequence.workOut(*this, mState, keys);
+std::optional<wire::Values> Sources::derived(const wire::StateKey& key, const wire::Values& indexes) const {
+    for (const Derivation& derivation : kDerivations) {
+        if (std::string_view(derivation.state) == key.name) {
+            return derivation.derive(*this, mState, indexes);
         }
     }
     return std::nullopt;
 }
 
-void Sources::takeOver(All sources, bool shown) {
+void Sources::load(All sources, bool shown) {
     mSources = std::move(sources);
     mShown = shown;
 }
@@ -155,8 +155,8 @@ bool Sources::showsInMainWindow(std::int32_t source) const {
 }
 
 void Sources::show(const Signal& signal) {
-    for (const auto& [slot, values] : signal) {
-        mState.keep(*slot, {}, values);
+    for (const auto& [key, values] : signal) {
+        mState.keep(*key, {}, values);
     }
 }
 

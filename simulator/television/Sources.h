@@ -51,11 +51,11 @@ public:
     /** Whether the main window shows its source, which it does until that is deselected. */
     bool isShown() const { return mShown; }
 
-    /** What follows from the sources and from other slots and is therefore not kept; none if the slot is kept. */
-    std::optional<wire::Values> workedOut(const wire::StateSlot& slot, const wire::Values& keys) const;
+    /** What follows from the sources and from other states and is therefore not kept; none if the state is kept. */
+    std::optional<wire::Values> derived(const wire::StateKey& key, const wire::Values& indexes) const;
 
     /** Takes this for the sources and what the main window does; nobody is told of it. */
-    void takeOver(All sources, bool shown);
+    void load(All sources, bool shown);
 
 private:
     void change(std::int32_t source, bool plugged, const Signal& signal);

@@ -1,7 +1,7 @@
 #include "simulator/television/StateFile.h"
 
 #include "simulator/files/File.h"
-#include "simulator/television/KeptState.h"
+#include "simulator/television/Snapshot.h"
 
 #include <nlohmann/json.hpp>
 
@@ -23,7 +23,7 @@ void StateFile::restore(Equipment& equipment) {
         return;
     }
     const nlohmann::json content = parseJson(readRegularFile(mPath), mPath);
-    takeOver(equipment, JsonNode(content, mPath));
+    restoreSnapshot(equipment, JsonNode(content, mPath));
 }
 
 void StateFile::keep(const Equipment& equipment) {
@@ -33,6 +33,8 @@ void StateFile::keep(const Equipment& equipment) {
     }
 }
 
-void StateFile::write(const Equipment& equipment) const { replaceFile(mPath, textOf(equipment), Outlives::Process); }
+void StateFile::write(const Equipment& equipment) const {
+    replaceFile(mPath, snapshotOf(equipment), Outlives::Process);
+}
 
 } // namespace kelutv::simulator

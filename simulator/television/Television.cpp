@@ -1,7 +1,7 @@
 #include "simulator/television/Television.h"
 
 #include "simulator/television/HandlerTable.h"
-#include "simulator/television/Settings.h"
+#include "simulator/television/StateAccess.h"
 
 #include <cstdio>
 #include <stdexcept>
@@ -11,16 +11,16 @@ namespace kelutv::simulator {
 namespace {
 
 wire::Values collect(const wire::Rows<wire::Operand>& operands, const wire::Arguments& arguments) {
-    wire::Values scalars;
+    wire::Values values;
     for (const wire::Operand& operand : operands) {
         if (operand.index < 0) {
-            scalars.emplace_back(operand.literal);
+            values.emplace_back(operand.literal);
         } else {
             const wire::Values& argument = arguments[static_cast<std::size_t>(operand.index)];
-            scalars.insert(scalars.end(), argument.begin(), argument.end());
+            values.insert(values.end(), argument.begin(), argument.end());
         }
     }
-    return scalars;
+    return values;
 }
 
 } // namespace
@@ -46,13 +46,13 @@ wire::Reply Television::carryOut(const wire::Request& request) {
 }
 
 wire::Reply Television::apply(const wire::Request& request, const wire::StateRule& rule) {
-    const wire::Values keys = collect(rule.keys, request.arguments);
+    const wire::Values indexes = collect(rule.indexes, request.arguments);
     if (rule.access == wire::StateRule::Access::Set) {
-        const auto refusal = setState(mEquipment, *rule.slot, keys, collect(rule.values, request.arguments));
+        const auto refusal = setState(mEquipment, *rule.key, indexes, collect(rule.values, request.arguments));
         return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, {});
     }
-    const auto refusal = objectionToKeys(mEquipment, *rule.slot, keys);
-    return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, readState(mEquipment, *rule.slot, keys));
+    const auto refusal = objectionToIndexes(mEquipment, *rule.key, indexes);
+    return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, readState(mEquipment, *rule.key, indexes));
 }
 
 /** A request that was carried out stands even if it could not be kept. */

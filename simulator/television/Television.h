@@ -23,7 +23,7 @@ public:
     /** Does what a request says; the request has been read to its end. */
     wire::Reply perform(const wire::Request& request);
 
-    /** What happened since the last take to slots that have an event. */
+    /** What happened since the last take to states that have an event. */
     std::vector<Change> takeChanges() { return mEquipment.state.takeChanges(); }
 
     const Equipment& equipment() const { return mEquipment; }

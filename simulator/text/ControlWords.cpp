@@ -95,7 +95,7 @@ Assignment assignmentOf(const std::string& text) {
         if (target.back() != ']') {
             throw BadLine("the keys of '" + target + "' have no closing bracket");
         }
-        assignment.keys = wordsIn(target.substr(bracket + 1, target.size() - bracket - 2), ", \t\r");
+        assignment.indexes = wordsIn(target.substr(bracket + 1, target.size() - bracket - 2), ", \t\r");
         target = trimmed(target.substr(0, bracket));
     }
     assignment.name = target;

@@ -33,7 +33,7 @@ ControlWords wordsIn(const std::string& text, const char* separators = " \t\r");
 /** `NAME[KEY...] = VALUE...`, of which all but the name may be missing. */
 struct Assignment {
     std::string name;
-    ControlWords keys;
+    ControlWords indexes;
     /** Nothing when there is no equals sign. */
     std::optional<ControlWords> values;
 };

@@ -15,8 +15,8 @@ std::string describe(pid_t caller, const wire::Request& request) {
 } // namespace
 
 std::string describe(const Change& change) {
-    const std::string keys = wire::joined(change.keys, wire::Encoding::Int32, nullptr);
-    return change.slot->name + (keys.empty() ? "" : '[' + keys + ']') + " = " +
+    const std::string indexes = wire::joined(change.indexes, wire::Encoding::Int32, nullptr);
+    return change.key->name + (indexes.empty() ? "" : '[' + indexes + ']') + " = " +
            wire::joined(change.values, wire::Encoding::Int32, nullptr);
 }
 

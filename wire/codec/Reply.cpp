@@ -7,29 +7,29 @@ namespace kelutv::wire {
 
 namespace {
 
-/** The scalar in the type of the field; 0 or empty when there is none or it has another type. */
-template <typename Wanted> Value as(const Value* scalar) {
-    const auto* const value = scalar != nullptr ? std::get_if<Wanted>(scalar) : nullptr;
-    return value != nullptr ? *value : Wanted{};
+/** The value in the type of the field; 0 or empty when there is none or it has another type. */
+template <typename Wanted> Value as(const Value* value) {
+    const auto* const typed = value != nullptr ? std::get_if<Wanted>(value) : nullptr;
+    return typed != nullptr ? *typed : Wanted{};
 }
 
-Value fitted(Encoding kind, const Value* scalar) {
+Value fitted(Encoding kind, const Value* value) {
     switch (kind) {
     case Encoding::CString:
     case Encoding::String16:
     case Encoding::Bytes:
-        return as<std::string>(scalar);
+        return as<std::string>(value);
     case Encoding::Double:
     case Encoding::Doubles:
-        return as<double>(scalar);
+        return as<double>(value);
     case Encoding::Int32:
     case Encoding::Ints:
         break;
     }
-    return as<std::int32_t>(scalar);
+    return as<std::int32_t>(value);
 }
 
-/** Deals the kept scalars out to the fields, in order. */
+/** Deals the kept values out to the fields, in order. */
 class Dealer {
 public:
     explicit Dealer(const Values& kept) : mNext(kept.data()), mEnd(kept.data() + kept.size()) {}
@@ -40,11 +40,11 @@ public:
             return {Value(static_cast<std::int32_t>(rest))};
         }
         const std::size_t count = field.count == kRestOfReply ? rest : static_cast<std::size_t>(field.count);
-        Values scalars;
+        Values values;
         for (std::size_t i = 0; i < count; ++i) {
-            scalars.push_back(fitted(field.encoding, mNext != mEnd ? mNext++ : nullptr));
+            values.push_back(fitted(field.encoding, mNext != mEnd ? mNext++ : nullptr));
         }
-        return scalars;
+        return values;
     }
 
 private:
@@ -52,13 +52,13 @@ private:
     const Value* mEnd;
 };
 
-void write(android::Parcel& parcel, const Value& scalar) {
-    if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
+void write(android::Parcel& parcel, const Value& value) {
+    if (const auto* const number = std::get_if<std::int32_t>(&value)) {
         parcel.writeInt32(*number);
-    } else if (const auto* const real = std::get_if<double>(&scalar)) {
+    } else if (const auto* const real = std::get_if<double>(&value)) {
         parcel.writeDouble(*real);
     } else {
-        parcel.writeCString(std::get<std::string>(scalar).c_str());
+        parcel.writeCString(std::get<std::string>(value).c_str());
     }
 }
 
@@ -82,7 +82,7 @@ Reply replyWith(const Operation& operation, const Values& kept) {
 void writeReply(const Reply& reply, android::Parcel& parcel) {
     parcel.writeInt32(reply.result);
     for (const Values& field : reply.fields) {
-        std::for_each(field.begin(), field.end(), [&parcel](const Value& scalar) { write(parcel, scalar); });
+        std::for_each(field.begin(), field.end(), [&parcel](const Value& value) { write(parcel, value); });
     }
 }
 

@@ -46,11 +46,11 @@ private:
         const std::size_t wanted = field.count == kRestOfReply   ? there
                                    : field.count == kCountOfRest ? 1
                                                                  : static_cast<std::size_t>(field.count);
-        std::optional<Values> scalars = readValues(mData, field.encoding, std::min(wanted, there));
-        if (scalars && !scalars->empty()) {
-            mReading.reply.fields.push_back(std::move(*scalars));
+        std::optional<Values> values = readValues(mData, field.encoding, std::min(wanted, there));
+        if (values && !values->empty()) {
+            mReading.reply.fields.push_back(std::move(*values));
         }
-        if (!scalars || there < wanted) {
+        if (!values || there < wanted) {
             complain(field, there, wanted);
         }
         return !mReading.flaw;

@@ -25,11 +25,11 @@ public:
 
     void read(const Rows<RequestItem>& items) {
         for (const RequestItem& item : items) {
-            Values scalars = readItem(item);
+            Values values = readItem(item);
             if (mRequest.refusal) {
                 return;
             }
-            mRequest.arguments.push_back(std::move(scalars));
+            mRequest.arguments.push_back(std::move(values));
         }
         if (mData.dataAvail() != 0) {
             mRequest.refusal = {Result::TooMuchData, std::to_string(mData.dataAvail()) + " bytes too many"};
@@ -38,12 +38,12 @@ public:
 
 private:
     Values readItem(const RequestItem& item) {
-        std::optional<Values> scalars = readValues(mData, item.encoding, countOf(item));
-        if (!scalars) {
+        std::optional<Values> values = readValues(mData, item.encoding, countOf(item));
+        if (!values) {
             mRequest.refusal = refusalAt(item);
             return {};
         }
-        return std::move(*scalars);
+        return std::move(*values);
     }
 
     std::size_t countOf(const RequestItem& item) const {

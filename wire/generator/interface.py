@@ -100,9 +100,9 @@ class InterfaceTables:
         if state is None:
             return "{StateRule::Access::None, nullptr, {}, {}}"
         access = "Set" if state.is_set else "Get"
-        slot = f"&kStates[{self.states.index(state_key(operation, state))}]"
+        key = f"&kStates[{self.states.index(state_key(operation, state))}]"
         operands = [self._operands(state.keys), self._operands(state.values or ())]
-        return row([f"StateRule::Access::{access}", slot, *operands])
+        return row([f"StateRule::Access::{access}", key, *operands])
 
     def _operation(self, operation: Operation) -> str:
         method = operation.method
@@ -132,19 +132,19 @@ class InterfaceTables:
         return [f"{{0x{key[0]:X}, {key[1]}, {self._operation(calls[key])}}}" for key in sorted(calls)]
 
     def _state_rows(self) -> list[str]:
-        keys: dict[str, list[str]] = {}
+        indexes: dict[str, list[str]] = {}
         values: dict[str, set[str]] = {name: set() for name in self.states}
         for operation in self.kept:
             name = state_key(operation, operation.state)
             held = [self._held_by(operation, key) for key in operation.state.keys]
-            if keys.setdefault(name, held) != held:
+            if indexes.setdefault(name, held) != held:
                 raise GenerationError(operation.place, f"{name} has other keys elsewhere")
             values[name] |= self._values_of(operation)
-        return [self._state_row(name, values[name], keys[name]) for name in self.states]
+        return [self._state_row(name, values[name], indexes[name]) for name in self.states]
 
-    def _state_row(self, name: str, values: set[str], keys: list[str]) -> str:
+    def _state_row(self, name: str, values: set[str], indexes: list[str]) -> str:
         held = f"Holds::{values.pop()}" if len(values) == 1 else "Holds::Anything"
-        rows = self.arrays.name("Holds", [f"Holds::{key}" for key in keys])
+        rows = self.arrays.name("Holds", [f"Holds::{index}" for index in indexes])
         return f"{{{text(name)}, {text(name.split('.')[0])}, {held}, {rows}}}"
 
     @staticmethod
@@ -175,11 +175,11 @@ class InterfaceTables:
             shown=[
                 "Rows<Command> allCommands() { return kCommands; }",
                 "Rows<Item> allItems() { return kItems; }",
-                "Rows<StateSlot> allStates() { return kStates; }",
+                "Rows<StateKey> allStates() { return kStates; }",
             ],
             hidden=[
                 *self.arrays.definitions(),
-                array("constexpr StateSlot kStates", states),
+                array("constexpr StateKey kStates", states),
                 array("constexpr Command kCommands", commands),
                 array("constexpr Item kItems", items),
             ],

@@ -23,32 +23,32 @@ std::string hex(const std::string& bytes) {
     return '<' + result + '>';
 }
 
-std::string describeValue(const Value& scalar, Encoding kind, const Enumeration* names) {
-    if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
+std::string describeValue(const Value& value, Encoding kind, const Enumeration* names) {
+    if (const auto* const number = std::get_if<std::int32_t>(&value)) {
         const std::string name = nameOfValue(*number, names);
         return std::to_string(*number) + (name.empty() ? "" : ' ' + name);
     }
-    if (const auto* const real = std::get_if<double>(&scalar)) {
+    if (const auto* const real = std::get_if<double>(&value)) {
         return formatted("%g", *real);
     }
-    const auto& text = std::get<std::string>(scalar);
+    const auto& text = std::get<std::string>(value);
     return kind == Encoding::Bytes ? hex(text) : inQuotes(text);
 }
 
 bool isBlock(Encoding kind) { return kind == Encoding::Ints || kind == Encoding::Doubles; }
 
 /** The zeros that fill up a block of fixed length are only counted. */
-std::string describeBlock(Values scalars, Encoding kind, const Enumeration* names) {
+std::string describeBlock(Values values, Encoding kind, const Enumeration* names) {
     std::size_t zeros = 0;
-    while (scalars.size() > 1 && (scalars.back() == Value(0) || scalars.back() == Value(0.0))) {
-        scalars.pop_back();
+    while (values.size() > 1 && (values.back() == Value(0) || values.back() == Value(0.0))) {
+        values.pop_back();
         ++zeros;
     }
-    return '[' + joined(scalars, kind, names) + (zeros > 0 ? ", 0*" + std::to_string(zeros) : "") + ']';
+    return '[' + joined(values, kind, names) + (zeros > 0 ? ", 0*" + std::to_string(zeros) : "") + ']';
 }
 
-std::string describeField(const Values& scalars, const ReplyField& field) {
-    const std::string text = describe(scalars, field.encoding, field.names);
+std::string describeField(const Values& values, const ReplyField& field) {
+    const std::string text = describe(values, field.encoding, field.names);
     return field.name != nullptr ? std::string(field.name) + '=' + text : text;
 }
 
@@ -86,14 +86,14 @@ std::string describe(const Request& request, const Reply& reply) {
     return result;
 }
 
-std::string describe(const Values& scalars, Encoding kind, const Enumeration* names) {
-    return isBlock(kind) ? describeBlock(scalars, kind, names) : joined(scalars, kind, names);
+std::string describe(const Values& values, Encoding kind, const Enumeration* names) {
+    return isBlock(kind) ? describeBlock(values, kind, names) : joined(values, kind, names);
 }
 
-std::string joined(const Values& scalars, Encoding kind, const Enumeration* names) {
+std::string joined(const Values& values, Encoding kind, const Enumeration* names) {
     std::string result;
-    for (const Value& scalar : scalars) {
-        result += (result.empty() ? "" : ", ") + describeValue(scalar, kind, names);
+    for (const Value& value : values) {
+        result += (result.empty() ? "" : ", ") + describeValue(value, kind, names);
     }
     return result;
 }

@@ -14,10 +14,10 @@ std::string describe(const Request& request);
 std::string describe(const Request& request, const Reply& reply);
 
 /** One argument or field in words; a block is in brackets, the zeros that fill it up are only counted. */
-std::string describe(const Values& scalars, Encoding kind, const Enumeration* names);
+std::string describe(const Values& values, Encoding kind, const Enumeration* names);
 
-/** The scalars in words, apart by commas. */
-std::string joined(const Values& scalars, Encoding kind, const Enumeration* names);
+/** The values in words, apart by commas. */
+std::string joined(const Values& values, Encoding kind, const Enumeration* names);
 
 /** The name of the item that a request carries; empty when it carries none, or one without a name. */
 std::string itemNameOf(const Request& request);

@@ -36,7 +36,7 @@ protected:
 
     Configuration read(const std::string& text) const { return Configuration::fromFile(write(text)); }
 
-    static const SlotSettings& settings(const Configuration& configuration, const char* state) {
+    static const StateSettings& settings(const Configuration& configuration, const char* state) {
         return configuration.settings(*wire::findState(state));
     }
 
@@ -67,7 +67,7 @@ TEST_F(ConfigurationFile, TakesAwayWithNull) {
 TEST_F(ConfigurationFile, SetsInitialValuesForAKey) {
     const Configuration changed = read(R"({"factory": {"machineInfo": {"initial": {"KELU_TV_MACHINE_INFO_MODEL": "X"}}},
                                            "audio": {"volume": {"initial": {"1": 7}}}})");
-    const SlotSettings& machine = settings(changed, "factory.machineInfo");
+    const StateSettings& machine = settings(changed, "factory.machineInfo");
     EXPECT_EQ(machine.initialFor({std::int32_t{KELU_TV_MACHINE_INFO_MODEL}}), wire::Values{std::string("X")});
     EXPECT_EQ(machine.initialFor({std::int32_t{KELU_TV_MACHINE_INFO_BRAND_NAME}}), wire::Values{std::string("Sample")});
     EXPECT_EQ(settings(changed, kVolume).initialFor(numbers({1})), numbers({7}));

@@ -2,7 +2,7 @@
 
 #include "simulator/control/Control.h"
 #include "simulator/control/ControlVerbs.h"
-#include "simulator/television/SlotAccess.h"
+#include "simulator/television/StateRequests.h"
 #include "simulator/text/ControlWords.h"
 #include "wire/StateForm.h"
 #include "wire/text/Quote.h"
@@ -78,7 +78,7 @@ protected:
     Equipment mEquipment{Configuration::standard(), EepStore()};
 };
 
-/** A word that the part of a slot takes. */
+/** A word that the part of a state takes. */
 std::string wordFor(const wire::StatePart& part) {
     return part.encoding == wire::Encoding::CString || part.encoding == wire::Encoding::String16 ||
                    part.encoding == wire::Encoding::Bytes
@@ -96,11 +96,11 @@ std::string wordsFor(const std::vector<wire::StatePart>& parts) {
 
 TEST_F(ControlOfEquipment, SetsEveryStateToWhatGetShows) {
     int set = 0;
-    for (const wire::StateSlot& slot : wire::allStates()) {
-        const wire::StateForm form = wire::formOf(slot);
-        const std::string target = slot.name + (form.keys.empty() ? "" : '[' + wordsFor(form.keys) + ']');
+    for (const wire::StateKey& key : wire::allStates()) {
+        const wire::StateForm form = wire::formOf(key);
+        const std::string target = key.name + (form.indexes.empty() ? "" : '[' + wordsFor(form.indexes) + ']');
         const std::string line = target + " = " + wordsFor(form.values);
-        if (!isJustKept(mEquipment, slot, wire::Values(form.keys.size(), std::int32_t{1}))) {
+        if (!isPlainState(mEquipment, key, wire::Values(form.indexes.size(), std::int32_t{1}))) {
             continue;
         }
         const Answer done = obey(mEquipment, line);

@@ -27,7 +27,7 @@ constexpr int kGetRest = 6;
 constexpr int kNothing = 7;
 constexpr int kGetLed = 8;
 
-constexpr wire::StateSlot kStates[] = {
+constexpr wire::StateKey kStates[] = {
     {"test.curve", "test", wire::Holds::Anything, {}},
     {"test.rest", "test", wire::Holds::Integers, {}},
 };
@@ -167,7 +167,7 @@ Rows<Command> allCommands() { return simulator::kCommands; }
 
 Rows<Item> allItems() { return {}; }
 
-Rows<StateSlot> allStates() { return simulator::kStates; }
+Rows<StateKey> allStates() { return simulator::kStates; }
 
 Rows<Enumeration> allEnumerations() { return {}; }
 

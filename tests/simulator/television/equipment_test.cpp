@@ -1,9 +1,9 @@
 // Sources and CEC devices while the television runs, states set from outside, and the text that keeps all of it.
 
-#include "simulator/files/JsonScalar.h"
+#include "simulator/files/JsonValues.h"
 #include "simulator/television/Equipment.h"
-#include "simulator/television/KeptState.h"
-#include "simulator/television/Settings.h"
+#include "simulator/television/Snapshot.h"
+#include "simulator/television/StateAccess.h"
 #include "wire/events/Payload.h"
 
 #include <kelutv/kelutv.h>
@@ -33,12 +33,12 @@ wire::Values numbers(std::initializer_list<std::int32_t> values) { return {value
 
 class Running : public ::testing::Test {
 protected:
-    wire::Values read(const char* state, const wire::Values& keys = {}) const {
-        return readState(mEquipment, *wire::findState(state), keys);
+    wire::Values read(const char* state, const wire::Values& indexes = {}) const {
+        return readState(mEquipment, *wire::findState(state), indexes);
     }
 
-    std::string set(const char* state, const wire::Values& keys, const wire::Values& values) {
-        const auto fault = setState(mEquipment, *wire::findState(state), keys, values);
+    std::string set(const char* state, const wire::Values& indexes, const wire::Values& values) {
+        const auto fault = setState(mEquipment, *wire::findState(state), indexes, values);
         return fault ? fault->text : "";
     }
 
@@ -63,7 +63,7 @@ protected:
 
     void load(const std::string& text) {
         const nlohmann::json content = parseJson(text, "state.json");
-        takeOver(mEquipment, JsonNode(content, "state.json"));
+        restoreSnapshot(mEquipment, JsonNode(content, "state.json"));
     }
 
     Equipment mEquipment{Configuration::standard(), EepStore()};
@@ -213,12 +213,12 @@ TEST_F(Running, KeepsEverythingInAText) {
     mEquipment.cec.select(11);
     mEquipment.power.wake(7);
     mEquipment.power.enter(PowerState::SuspendedToMemory);
-    const std::string text = textOf(mEquipment);
+    const std::string text = snapshotOf(mEquipment);
 
     Equipment other(Configuration::standard(), EepStore());
     const nlohmann::json content = parseJson(text, "state.json");
-    takeOver(other, JsonNode(content, "state.json"));
-    EXPECT_EQ(textOf(other), text);
+    restoreSnapshot(other, JsonNode(content, "state.json"));
+    EXPECT_EQ(snapshotOf(other), text);
     EXPECT_EQ(other.state.all(), mEquipment.state.all());
     EXPECT_FALSE(other.sources.isPlugged(KELU_TV_SRC_HDMI1));
     EXPECT_EQ(other.sources.signalAt(KELU_TV_SRC_HDMI4), preset("1080p24-3d"));
@@ -231,16 +231,16 @@ TEST_F(Running, KeepsEverythingInAText) {
 }
 
 TEST_F(Running, KeepsNumbersThatJsonLacks) {
-    const wire::Values scalars{0.1,
-                               5.0,
-                               -0.0,
-                               std::numeric_limits<double>::infinity(),
-                               -std::numeric_limits<double>::infinity(),
-                               std::int32_t{5}};
-    const nlohmann::json json = toJson(scalars);
+    const wire::Values values{0.1,
+                              5.0,
+                              -0.0,
+                              std::numeric_limits<double>::infinity(),
+                              -std::numeric_limits<double>::infinity(),
+                              std::int32_t{5}};
+    const nlohmann::json json = toJson(values);
     EXPECT_EQ(json.dump(), R"([0.1,5.0,-0.0,{"real":"inf"},{"real":"-inf"},5])");
     const nlohmann::json again = parseJson(json.dump(), "x");
-    EXPECT_EQ(readValues(JsonNode(again, "x")), scalars);
+    EXPECT_EQ(readValues(JsonNode(again, "x")), values);
     const nlohmann::json nan = toJson({std::nan("")});
     EXPECT_TRUE(std::isnan(std::get<double>(readValues(JsonNode(nan, "x"))[0])));
 }
@@ -308,14 +308,14 @@ TEST_P(BadKeptState, IsRefusedAndChangesNothing) {
     const std::string part = GetParam().part;
     ASSERT_NE(text.find(part), std::string::npos);
     text.replace(text.find(part), part.size(), GetParam().replacement);
-    const std::string before = textOf(mEquipment);
+    const std::string before = snapshotOf(mEquipment);
     try {
         load(text);
         FAIL() << "it was taken";
     } catch (const ConfigurationError& error) {
         EXPECT_STREQ(error.what(), GetParam().complaint);
     }
-    EXPECT_EQ(textOf(mEquipment), before);
+    EXPECT_EQ(snapshotOf(mEquipment), before);
 }
 
 std::string nameOf(const ::testing::TestParamInfo<BadState>& info) { return info.param.name; }

@@ -367,7 +367,7 @@ Rows<Command> allCommands() { return simulator::kCommands; }
 
 Rows<Item> allItems() { return {}; }
 
-Rows<StateSlot> allStates() { return {}; }
+Rows<StateKey> allStates() { return {}; }
 
 Rows<Enumeration> allEnumerations() { return {}; }
 

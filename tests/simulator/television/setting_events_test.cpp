@@ -270,7 +270,7 @@ TEST(SettingEvents, AreAllTested) {
     }
     std::set<std::string> withEvent;
     const simulator::Configuration configuration = simulator::Configuration::standard();
-    for (const wire::StateSlot& state : wire::allStates()) {
+    for (const wire::StateKey& state : wire::allStates()) {
         if (configuration.settings(state).event != 0) {
             withEvent.insert(state.name);
         }

@@ -1,4 +1,4 @@
-#include "simulator/configuration/SlotReader.h"
+#include "simulator/configuration/StateSettingsReader.h"
 
 #include "wire/StateForm.h"
 #include "wire/events/EventTable.h"
@@ -29,7 +29,7 @@ std::int32_t valueNamed(const JsonNode& place, const std::string& name, const wi
 }
 
 /** A name of an enumerator, or a number. */
-std::int32_t keyOf(const JsonNode& place, const std::string& name, const wire::Enumeration* names) {
+std::int32_t indexOf(const JsonNode& place, const std::string& name, const wire::Enumeration* names) {
     std::int32_t number = 0;
     const char* const end = name.data() + name.size();
     const auto read = std::from_chars(name.data(), end, number);
@@ -68,62 +68,62 @@ bool isCarriedBy(wire::Holds holds, const wire::EventField& field) {
            (holds == wire::Holds::Texts && field.type == wire::FieldType::Text);
 }
 
-/** Whether the fields of the payload are for the keys of the state and what it holds. */
-bool canCarry(const wire::Event& event, const wire::StateSlot& slot) {
+/** Whether the payload has a field for each index of the state and for what it holds. */
+bool canCarry(const wire::Event& event, const wire::StateKey& key) {
     const auto& fields = event.fields;
-    return fields.size() > slot.keys.size() &&
-           std::equal(slot.keys.begin(), slot.keys.end(), fields.begin(), isCarriedBy) &&
-           std::all_of(fields.begin() + slot.keys.size(), fields.end(),
-                       [&slot](const wire::EventField& field) { return isCarriedBy(slot.holds, field); });
+    return fields.size() > key.indexes.size() &&
+           std::equal(key.indexes.begin(), key.indexes.end(), fields.begin(), isCarriedBy) &&
+           std::all_of(fields.begin() + key.indexes.size(), fields.end(),
+                       [&key](const wire::EventField& field) { return isCarriedBy(key.holds, field); });
 }
 
 /** `1 key and integers`. */
-std::string shapeOf(const wire::StateSlot& slot) {
-    return std::to_string(slot.keys.size()) + (slot.keys.size() == 1 ? " key" : " keys") + " and " +
-           wordFor(slot.holds);
+std::string shapeOf(const wire::StateKey& key) {
+    return std::to_string(key.indexes.size()) + (key.indexes.size() == 1 ? " key" : " keys") + " and " +
+           nameOf(key.holds);
 }
 
-unsigned int eventOf(const JsonNode& node, const wire::StateSlot& slot) {
+unsigned int eventOf(const JsonNode& node, const wire::StateKey& key) {
     const std::string name = node.text();
     const wire::EventTable events(wire::simulatedEvents());
     const wire::Event* const event = events.named(name);
     if (event == nullptr) {
         node.fail("there is no event '" + name + "'" + wire::nearestHint(name, events.names()));
     }
-    if (!canCarry(*event, slot)) {
-        node.fail("the payload of " + name + " cannot carry " + slot.name + ", which has " + shapeOf(slot));
+    if (!canCarry(*event, key)) {
+        node.fail("the payload of " + name + " cannot carry " + key.name + ", which has " + shapeOf(key));
     }
     return event->first;
 }
 
-void readInitial(const wire::StateSlot& slot, const JsonNode& node, SlotSettings& settings) {
+void readInitial(const wire::StateKey& key, const JsonNode& node, StateSettings& settings) {
     if (!node.value().is_object()) {
-        settings.initial = readValues(node, slot);
+        settings.initial = readValues(node, key);
         return;
     }
-    if (slot.keys.size() == 0 || slot.keys[0] != wire::Holds::Integers) {
-        node.fail(std::string(slot.name) + " is not kept for each of several numbers");
+    if (key.indexes.size() == 0 || key.indexes[0] != wire::Holds::Integers) {
+        node.fail(std::string(key.name) + " is not kept for each of several numbers");
     }
-    const wire::Enumeration* const names = wire::formOf(slot).keys.front().names;
-    for (const auto& [key, values] : node.members()) {
-        settings.initialByKey[keyOf(values, key, names)] = readValues(values, slot);
+    const wire::Enumeration* const names = wire::formOf(key).indexes.front().names;
+    for (const auto& [index, values] : node.members()) {
+        settings.initialByIndex[indexOf(values, index, names)] = readValues(values, key);
     }
 }
 
-void readRole(const JsonNode& node, const wire::StateSlot& slot, SlotSettings& settings) {
+void readRole(const JsonNode& node, const wire::StateKey& key, StateSettings& settings) {
     const std::string role = node.text();
     if (role != "key" && role != "value") {
         node.fail("a source is the key or the value, not '" + role + "'");
     }
-    settings.keyIsSource = role == "key";
+    settings.indexIsSource = role == "key";
     settings.valueIsSource = role == "value";
-    if (settings.keyIsSource ? slot.keys.size() == 0 || slot.keys[0] != wire::Holds::Integers
-                             : slot.holds != wire::Holds::Integers) {
-        node.fail("the " + role + " of " + slot.name + " is no integer");
+    if (settings.indexIsSource ? key.indexes.size() == 0 || key.indexes[0] != wire::Holds::Integers
+                               : key.holds != wire::Holds::Integers) {
+        node.fail("the " + role + " of " + key.name + " is no integer");
     }
 }
 
-void checkRange(const JsonNode& node, const SlotSettings& settings) {
+void checkRange(const JsonNode& node, const StateSettings& settings) {
     for (const wire::Value& value : settings.initial) {
         const auto* const number = std::get_if<std::int32_t>(&value);
         if (settings.range && number != nullptr && (*number < settings.range->low || *number > settings.range->high)) {
@@ -135,35 +135,35 @@ void checkRange(const JsonNode& node, const SlotSettings& settings) {
 
 } // namespace
 
-const wire::StateSlot& readStateName(const JsonNode& place, const std::string& name) {
-    const wire::StateSlot* const slot = wire::findState(name);
-    if (slot == nullptr) {
+const wire::StateKey& readStateName(const JsonNode& place, const std::string& name) {
+    const wire::StateKey* const key = wire::findState(name);
+    if (key == nullptr) {
         place.fail("there is no state '" + name + "'" + wire::nearestHint(name, wire::stateNames()));
     }
-    return *slot;
+    return *key;
 }
 
-wire::Values readValues(const JsonNode& node, const wire::StateSlot& slot) {
-    const wire::StateForm form = wire::formOf(slot);
+wire::Values readValues(const JsonNode& node, const wire::StateKey& key) {
+    const wire::StateForm form = wire::formOf(key);
     wire::Values values;
     for (const JsonNode& entry : node.listed()) {
         const bool isNamed = values.size() < form.values.size();
-        values.push_back(valueOf(entry, slot.holds, isNamed ? form.values[values.size()].names : nullptr));
+        values.push_back(valueOf(entry, key.holds, isNamed ? form.values[values.size()].names : nullptr));
     }
     return values;
 }
 
-SlotSettings readSlot(const JsonNode& node, const wire::StateSlot& slot) {
-    SlotSettings settings;
+StateSettings readStateSettings(const JsonNode& node, const wire::StateKey& key) {
+    StateSettings settings;
     for (const auto& [name, member] : node.membersOf({"initial", "range", "event", "source"})) {
         if (name == "initial") {
-            readInitial(slot, member, settings);
+            readInitial(key, member, settings);
         } else if (name == "range") {
             settings.range = rangeOf(member);
         } else if (name == "event") {
-            settings.event = eventOf(member, slot);
+            settings.event = eventOf(member, key);
         } else {
-            readRole(member, slot, settings);
+            readRole(member, key, settings);
         }
     }
     checkRange(node, settings);

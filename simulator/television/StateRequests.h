@@ -13,18 +13,18 @@ namespace kelutv::simulator {
  */
 
 /** Why the state cannot be set like that, and then nothing is done. */
-std::optional<wire::Refusal> setLikeRequest(Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys,
-                                            const wire::Values& values);
+std::optional<wire::Refusal> setByRequest(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes,
+                                          const wire::Values& values);
 
 /** Why there is no such value, or the value. */
 struct Reading {
     std::optional<wire::Refusal> refusal;
     wire::Values values;
 };
-Reading readLikeRequest(Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys);
+Reading readByRequest(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
 
 /** Whether setting the state to what it is does nothing. */
-bool isJustKept(const Equipment& equipment, const wire::StateSlot& slot, const wire::Values& keys);
+bool isPlainState(const Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
 /** @} */
 
 } // namespace kelutv::simulator

@@ -6,7 +6,7 @@
 namespace kelutv::simulator {
 
 /** A list of scalars. Bytes that are no UTF-8 become `{"hex": "00ff"}`, a number that JSON lacks `{"real": "nan"}`. */
-nlohmann::json toJson(const wire::Values& scalars);
+nlohmann::json toJson(const wire::Values& values);
 
 /** The reverse. @throws ConfigurationError */
 wire::Values readValues(const JsonNode& node);

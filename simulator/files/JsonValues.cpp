@@ -1,4 +1,4 @@
-#include "simulator/files/JsonScalar.h"
+#include "simulator/files/JsonValues.h"
 
 #include <nlohmann/json.hpp>
 
@@ -63,18 +63,18 @@ double unusualReal(const JsonNode& node) {
     return text == "nan" ? Limits::quiet_NaN() : text == "inf" ? Limits::infinity() : -Limits::infinity();
 }
 
-json jsonOf(const wire::Value& scalar) {
-    if (const auto* const number = std::get_if<std::int32_t>(&scalar)) {
+json jsonOf(const wire::Value& value) {
+    if (const auto* const number = std::get_if<std::int32_t>(&value)) {
         return *number;
     }
-    if (const auto* const real = std::get_if<double>(&scalar)) {
+    if (const auto* const real = std::get_if<double>(&value)) {
         return jsonOf(*real);
     }
-    const auto& text = std::get<std::string>(scalar);
+    const auto& text = std::get<std::string>(value);
     return isUtf8(text) ? json(text) : json::object({{"hex", hexOf(text)}});
 }
 
-wire::Value scalarOf(const JsonNode& node) {
+wire::Value valueOf(const JsonNode& node) {
     if (node.value().is_object()) {
         node.membersOf({"hex", "real"});
         return node.has("hex") ? wire::Value(bytesOf(node.at("hex"))) : wire::Value(unusualReal(node.at("real")));
@@ -87,20 +87,20 @@ wire::Value scalarOf(const JsonNode& node) {
 
 } // namespace
 
-json toJson(const wire::Values& scalars) {
+json toJson(const wire::Values& values) {
     json list = json::array();
-    for (const wire::Value& scalar : scalars) {
-        list.push_back(jsonOf(scalar));
+    for (const wire::Value& value : values) {
+        list.push_back(jsonOf(value));
     }
     return list;
 }
 
 wire::Values readValues(const JsonNode& node) {
-    wire::Values scalars;
+    wire::Values values;
     for (const JsonNode& element : node.elements()) {
-        scalars.push_back(scalarOf(element));
+        values.push_back(valueOf(element));
     }
-    return scalars;
+    return values;
 }
 
 } // namespace kelutv::simulator

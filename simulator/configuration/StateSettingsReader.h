@@ -17,12 +17,12 @@ template <typename Row> std::vector<std::string> namesOf(const wire::Rows<Row>& 
 }
 
 /** The state of this name, as in `audio.volume`. @throws ConfigurationError when there is none */
-const wire::StateSlot& readStateName(const JsonNode& place, const std::string& name);
+const wire::StateKey& readStateName(const JsonNode& place, const std::string& name);
 
-/** One value or a list of them, of the kind that the slot holds; the name of an enumerator stands for its number. */
-wire::Values readValues(const JsonNode& node, const wire::StateSlot& slot);
+/** One value or a list of them, of the kind that the state holds; the name of an enumerator stands for its number. */
+wire::Values readValues(const JsonNode& node, const wire::StateKey& key);
 
 /** What a configuration says of one state: `initial`, `range`, `event`, `source`. @throws ConfigurationError */
-SlotSettings readSlot(const JsonNode& node, const wire::StateSlot& slot);
+StateSettings readStateSettings(const JsonNode& node, const wire::StateKey& key);
 
 } // namespace kelutv::simulator

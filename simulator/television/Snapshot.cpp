@@ -1,9 +1,9 @@
-#include "simulator/television/KeptState.h"
+#include "simulator/television/Snapshot.h"
 
 #include "simulator/configuration/ConfigurationReader.h"
-#include "simulator/configuration/SlotReader.h"
-#include "simulator/files/JsonScalar.h"
-#include "simulator/television/Settings.h"
+#include "simulator/configuration/StateSettingsReader.h"
+#include "simulator/files/JsonValues.h"
+#include "simulator/television/StateAccess.h"
 
 #include <nlohmann/json.hpp>
 
@@ -23,8 +23,8 @@ void addLine(std::string& list, const json& object) { list += (list.empty() ? "\
 
 json jsonOf(const Signal& signal) {
     json object = json::object();
-    for (const auto& [slot, values] : signal) {
-        object[slot->name] = toJson(values);
+    for (const auto& [key, values] : signal) {
+        object[key->name] = toJson(values);
     }
     return object;
 }
@@ -68,29 +68,29 @@ std::string devicesOf(const Equipment& equipment) {
 
 void readSetting(const Equipment& equipment, const JsonNode& node, State::Kept& settings) {
     node.membersOf({"state", "key", "value"});
-    const wire::StateSlot& slot = readStateName(node.at("state"), node.at("state").text());
-    const wire::Values keys = node.has("key") ? readValues(node.at("key")) : wire::Values{};
-    if (const auto refusal = objectionToKeys(equipment, slot, keys)) {
+    const wire::StateKey& key = readStateName(node.at("state"), node.at("state").text());
+    const wire::Values indexes = node.has("key") ? readValues(node.at("key")) : wire::Values{};
+    if (const auto refusal = objectionToIndexes(equipment, key, indexes)) {
         node.fail(refusal->text);
     }
     const wire::Values values = readValues(node.at("value"));
-    if (const auto refusal = objectionToValues(equipment, slot, values)) {
+    if (const auto refusal = objectionToValues(equipment, key, values)) {
         node.at("value").fail(refusal->text);
     }
-    if (!settings.emplace(std::make_pair(&slot, keys), values).second) {
-        node.fail(std::string(slot.name) + " stands twice with this key");
+    if (!settings.emplace(std::make_pair(&key, indexes), values).second) {
+        node.fail(std::string(key.name) + " stands twice with this key");
     }
 }
 
 Signal readSignal(const Configuration& configuration, const JsonNode& node) {
     Signal signal = configuration.noSignal();
     for (const auto& [name, member] : node.members()) {
-        const wire::StateSlot& slot = readStateName(member, name);
+        const wire::StateKey& key = readStateName(member, name);
         const wire::Values values = readValues(member);
-        if (const auto objection = configuration.objectionToSignal(slot, values)) {
+        if (const auto objection = configuration.objectionToSignal(key, values)) {
             member.fail(*objection);
         }
-        signal[&slot] = values;
+        signal[&key] = values;
     }
     return signal;
 }
@@ -134,7 +134,7 @@ void checkFormat(const JsonNode& root) {
 
 } // namespace
 
-std::string textOf(const Equipment& equipment) {
+std::string snapshotOf(const Equipment& equipment) {
     const Power& power = equipment.power;
     const json powerJson{{"state", static_cast<std::int32_t>(power.state())},
                          {"lastPowerOffMode", power.lastPowerOffMode()},
@@ -146,7 +146,7 @@ std::string textOf(const Equipment& equipment) {
            ",\n  \"power\": " + powerJson.dump() + "\n}\n";
 }
 
-void takeOver(Equipment& equipment, const JsonNode& root) {
+void restoreSnapshot(Equipment& equipment, const JsonNode& root) {
     checkFormat(root);
     State::Kept settings;
     for (const JsonNode& node : root.at("settings").elements()) {
@@ -162,10 +162,10 @@ void takeOver(Equipment& equipment, const JsonNode& root) {
     const JsonNode power = root.at("power");
     power.membersOf({"state", "lastPowerOffMode", "wakeupMode"});
     const PowerState powerState = readPowerState(power.at("state"));
-    equipment.power.takeOver(powerState, power.at("lastPowerOffMode").number(), power.at("wakeupMode").number());
-    equipment.state.takeOver(std::move(settings));
-    equipment.sources.takeOver(std::move(sources), shown);
-    equipment.cec.takeOver(std::move(devices), playing);
+    equipment.power.load(powerState, power.at("lastPowerOffMode").number(), power.at("wakeupMode").number());
+    equipment.state.load(std::move(settings));
+    equipment.sources.load(std::move(sources), shown);
+    equipment.cec.load(std::move(devices), playing);
 }
 
 } // namespace kelutv::simulator

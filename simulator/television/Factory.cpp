@@ -1,4 +1,4 @@
-#include "simulator/television/Production.h"
+#include "simulator/television/Factory.h"
 
 #include <kelutv/factory_types.h>
 
@@ -18,14 +18,14 @@ constexpr const char* kIdentity[] = {
     "factory.keyBurnStatus", "factory.keyData",     "factory.isBurnOtpRsa",
 };
 
-bool isByte(const wire::Value& scalar) {
-    const auto number = std::get<std::int32_t>(scalar);
+bool isByte(const wire::Value& value) {
+    const auto number = std::get<std::int32_t>(value);
     return number >= 0 && number <= 0xFF;
 }
 
-bool isIdentity(const wire::StateSlot& slot) {
+bool isIdentity(const wire::StateKey& key) {
     return std::any_of(std::begin(kIdentity), std::end(kIdentity),
-                       [&slot](const char* name) { return slot.name == std::string(name); });
+                       [&key](const char* name) { return key.name == std::string(name); });
 }
 
 } // namespace
@@ -48,7 +48,7 @@ bool burnKey(State& state, std::int32_t kind, const wire::Values& data) {
     if (kind < 0 || kind >= KELU_TV_MUL_KEY_BUTT) {
         return false;
     }
-    const wire::StateSlot& all = *wire::findState("factory.burnKeyStatus");
+    const wire::StateKey& all = *wire::findState("factory.burnKeyStatus");
     wire::Values burned = state.kept(all, {});
     burned.resize(kKindsInBurnStatus, std::int32_t{0});
     burned[static_cast<std::size_t>(kind)] = std::int32_t{1};
@@ -65,12 +65,11 @@ std::string burnOtp(State& state) {
 }
 
 void restoreFactorySettings(State& state) {
-    state.restore(
-        [](const wire::StateSlot& slot) { return slot.module == std::string("factory") && !isIdentity(slot); });
+    state.restore([](const wire::StateKey& key) { return key.module == std::string("factory") && !isIdentity(key); });
 }
 
 void restoreSetting(State& state, const char* name) {
-    state.restore([name](const wire::StateSlot& slot) { return slot.name == std::string(name); });
+    state.restore([name](const wire::StateKey& key) { return key.name == std::string(name); });
 }
 
 } // namespace kelutv::simulator

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "simulator/television/Equipment.h"
+#include "wire/codec/Request.h"
+
+#include <optional>
+
+namespace kelutv::simulator {
+
+/** Why a state has no value at these indexes; none if it has. */
+std::optional<wire::Refusal> objectionToIndexes(const Equipment& equipment, const wire::StateKey& key,
+                                                const wire::Values& indexes);
+
+/** Why a state cannot have these values: kind, range or source; none if it can. */
+std::optional<wire::Refusal> objectionToValues(const Equipment& equipment, const wire::StateKey& key,
+                                               const wire::Values& values);
+
+/** What readers get of a state; the indexes must be valid. */
+wire::Values readState(const Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
+
+/**
+ * Sets a state as a request does, with all that follows from it: a source that is selected shows its signal.
+ * @return why that cannot be, and then nothing is changed
+ */
+std::optional<wire::Refusal> setState(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes,
+                                      const wire::Values& values);
+
+} // namespace kelutv::simulator
