@@ -1,0 +1,38 @@
+"""Every test that stands in the tree is built and registered: one that is in no program cannot fail."""
+
+from __future__ import annotations
+
+import json
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+# Built by tests of the installed library, in trees of their own.
+ELSEWHERE = ROOT / "tests" / "cmake" / "consumer"
+BUILD, CTEST = Path(sys.argv.pop(1)), sys.argv.pop(1)
+
+
+def unmentioned(paths: list[Path], known: set[Path]) -> list[str]:
+    return [str(path.relative_to(ROOT)) for path in sorted(paths) if path not in known]
+
+
+class Registered(unittest.TestCase):
+    def test_every_source_is_compiled(self) -> None:
+        commands = json.loads((BUILD / "compile_commands.json").read_text(encoding="utf-8"))
+        compiled = {(Path(entry["directory"]) / entry["file"]).resolve() for entry in commands}
+        sources = [path for kind in ("*.c", "*.cpp") for path in (ROOT / "tests").rglob(kind)]
+        self.assertEqual(unmentioned([path for path in sources if ELSEWHERE not in path.parents], compiled), [])
+
+    def test_every_program_in_python_is_a_test(self) -> None:
+        listing = subprocess.run(
+            [CTEST, "--test-dir", BUILD, "--show-only=json-v1"], check=True, capture_output=True, text=True
+        )
+        words = (word for test in json.loads(listing.stdout)["tests"] for word in test.get("command", []))
+        registered = {Path(word).resolve() for word in words if word.endswith(".py")}
+        self.assertEqual(unmentioned(list((ROOT / "tests").rglob("*_test.py")), registered), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
