@@ -1,8 +1,8 @@
 #include "simulator/Service.h"
 
 #include "simulator/control/Control.h"
-#include "simulator/faults/Ending.h"
-#include "simulator/faults/Spoil.h"
+#include "simulator/faults/ProcessExit.h"
+#include "simulator/faults/ReplyCorruption.h"
 #include "simulator/trace/Trace.h"
 #include "wire/codec/Request.h"
 #include "wire/events/Payload.h"
@@ -25,7 +25,7 @@ using android::status_t;
 
 namespace {
 
-Notice noticeOf(const Change& change) {
+PublishedEvent eventOf(const Change& change) {
     return {change.event, wire::payloadOf(change.indexes) + wire::payloadOf(change.values), describe(change)};
 }
 
@@ -54,7 +54,7 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
     if (code != FIRST_CALL_TRANSACTION) {
         return BBinder::onTransact(code, data, reply, flags);
     }
-    if (mEnding) {
+    if (mExiting) {
         waitForTheEnd();
     }
     const wire::Request request = wire::readRequest(data);
@@ -63,15 +63,15 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
     if (reply != nullptr) {
         wire::writeReply(answered, *reply);
         for (const FaultRule& fault : faults) {
-            spoil(fault.effect, request, answered, *reply);
+            corrupt(fault.effect, request, answered, *reply);
         }
     }
     if (const Effect* const delay = effectOf(faults, Effect::Kind::Delay)) {
         std::this_thread::sleep_for(std::chrono::milliseconds(delay->amount));
     }
     if (effectOf(faults, Effect::Kind::DieAfter) != nullptr) {
-        mEnding = true;
-        endWhenAnswered();
+        mExiting = true;
+        exitWhenAnswered();
     }
     return android::NO_ERROR;
 }
@@ -80,22 +80,22 @@ wire::Reply Service::answer(const wire::Request& request, FaultRules& faults) {
     const std::lock_guard<std::mutex> lock(mMutex);
     faults = mTelevision.meetFaults(request, caller());
     for (const FaultRule& fault : faults) {
-        tell([&](Watcher& watcher) { watcher.faulted(caller(), request, fault); });
+        notify([&](Watcher& watcher) { watcher.faulted(caller(), request, fault); });
     }
-    endIfToldTo(faults);
+    exitIfToldTo(faults);
     const wire::Reply reply = carryOut(request, faults);
-    tell([&](Watcher& watcher) { watcher.served({caller(), request, reply}); });
+    notify([&](Watcher& watcher) { watcher.served({caller(), request, reply}); });
     settle();
     return reply;
 }
 
-void Service::endIfToldTo(const FaultRules& faults) {
+void Service::exitIfToldTo(const FaultRules& faults) {
     const bool beforeReply = effectOf(faults, Effect::Kind::DieBefore) != nullptr;
     if (beforeReply || effectOf(faults, Effect::Kind::DieAfter) != nullptr) {
-        tell([](Watcher& watcher) { watcher.ending(); });
+        notify([](Watcher& watcher) { watcher.exiting(); });
     }
     if (beforeReply) {
-        ::_exit(kEndedByFault);
+        ::_exit(kFaultExitCode);
     }
 }
 
@@ -120,24 +120,24 @@ void Service::show() {
 
 void Service::settle() {
     for (const Change& change : mTelevision.takeChanges()) {
-        publish(noticeOf(change));
+        publish(eventOf(change));
     }
-    for (const Notice& notice : mTelevision.takeNotices()) {
-        publish(notice);
+    for (const PublishedEvent& event : mTelevision.takeEvents()) {
+        publish(event);
     }
-    tell([this](Watcher& watcher) { watcher.settled(mTelevision); });
+    notify([this](Watcher& watcher) { watcher.settled(mTelevision); });
 }
 
-void Service::publish(const Notice& notice) {
-    tell([&notice](Watcher& watcher) { watcher.published(notice); });
-    const int status = mPublisher.publish(notice.event, notice.payload.data(), notice.payload.size());
+void Service::publish(const PublishedEvent& event) {
+    notify([&event](Watcher& watcher) { watcher.published(event); });
+    const int status = mPublisher.publish(event.identifier, event.payload.data(), event.payload.size());
     if (status != 0) {
-        std::fprintf(stderr, "kelutv-simulator: event 0x%X was not published: %s\n", notice.event,
+        std::fprintf(stderr, "kelutv-simulator: event 0x%X was not published: %s\n", event.identifier,
                      std::strerror(-status));
     }
 }
 
-void Service::tell(const std::function<void(Watcher&)>& news) {
+void Service::notify(const std::function<void(Watcher&)>& news) {
     for (const std::shared_ptr<Watcher>& watcher : mWatchers) {
         news(*watcher);
     }

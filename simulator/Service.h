@@ -22,16 +22,16 @@ class Service : public android::BBinder {
 public:
     using Watchers = std::vector<std::shared_ptr<Watcher>>;
 
-    /** @param watchers are told in this order; see `Television` for the others */
+    /** @param watchers are notified in this order; see `Television` for the others */
     Service(Watchers watchers, Configuration configuration, EepStore eep, const std::string& stateFile)
         : mWatchers(std::move(watchers)), mTelevision(std::move(configuration), std::move(eep), stateFile) {}
 
     const android::String16& getInterfaceDescriptor() const override;
 
-    /** Does what a line of the control channel says. */
+    /** Carries out a line of the control channel. */
     Answer control(const std::string& line);
 
-    /** Tells the watchers what the television is like now. */
+    /** Notifies the watchers of what the television is like now. */
     void show();
 
 protected:
@@ -42,19 +42,19 @@ private:
     using FaultRules = std::vector<FaultRule>;
 
     wire::Reply answer(const wire::Request& request, FaultRules& faults);
-    void endIfToldTo(const FaultRules& faults);
+    void exitIfToldTo(const FaultRules& faults);
     wire::Reply carryOut(const wire::Request& request, const FaultRules& faults);
-    /** Publishes what is new, then tells the watchers. */
+    /** Publishes what is new, then notifies the watchers. */
     void settle();
-    void publish(const Notice& notice);
-    void tell(const std::function<void(Watcher&)>& news);
+    void publish(const PublishedEvent& event);
+    void notify(const std::function<void(Watcher&)>& news);
 
     const Watchers mWatchers;
-    /** Held while a request is carried out, so that state, events and what the watchers are told have one order. */
+    /** Held while a request is carried out, so that state, events and notifications of the watchers have one order. */
     std::mutex mMutex;
     Television mTelevision;
     keluem::Publisher mPublisher;
-    std::atomic<bool> mEnding{false};
+    std::atomic<bool> mExiting{false};
 };
 
 } // namespace kelutv::simulator

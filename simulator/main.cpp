@@ -12,7 +12,7 @@ namespace {
 constexpr int kBadUsage = 2;
 
 int start(int argc, char** argv) {
-    CLI::App app("Simulated television: serves TVBaseService, keeps what it is told and publishes events.\n"
+    CLI::App app("Simulated television: serves TVBaseService, keeps settings and publishes events.\n"
                  "Ends on SIGINT or SIGTERM.\n\n"
                  "Example: kelutv-simulator --trace",
                  "kelutv-simulator");
@@ -20,19 +20,19 @@ int start(int argc, char** argv) {
     CLI::Option* const trace = app.add_flag("--trace", options.trace,
                                             "Print every request with its answer, and every event, to standard output");
     app.add_flag("--ui", options.ui,
-                 "Draw the television in the terminal; prints lines as --trace when standard output is none")
+                 "Draw the television in the terminal; prints lines as --trace when standard output is not a terminal")
         ->excludes(trace);
     app.add_option("--config", options.config,
                    "Configuration in JSON, over the one that comes with the program: "
                    "sources and signals, CEC devices, identity, initial settings")
         ->option_text("FILE");
     app.add_option("--state", options.state,
-                   "Keep settings, sources, CEC devices and the power state in this file, made when there is none; "
-                   "without it they are forgotten at the end")
+                   "Keep settings, sources, CEC devices and the power state in this file, created if missing; "
+                   "without it they are lost at exit")
         ->option_text("FILE");
     app.add_option("--eep", options.eep,
-                   "Keep the EEP and the flash EEP in this file, made when there is none; "
-                   "without it they are forgotten at the end")
+                   "Keep the EEP and the flash EEP in this file, created if missing; "
+                   "without it they are lost at exit")
         ->option_text("FILE");
     app.add_option(
            "--control", options.control,

@@ -51,7 +51,7 @@ std::vector<CecDevice> readCecDevices(const JsonNode& node) {
     for (const JsonNode& element : node.elements()) {
         devices.push_back(readCecDevice(element));
         if (!used.insert(devices.back().logAddr).second) {
-            element.at("logAddr").fail("logical address " + element.at("logAddr").shown() + " is there twice");
+            element.at("logAddr").fail("logical address " + element.at("logAddr").shown() + " is given twice");
         }
     }
     return devices;

@@ -79,7 +79,7 @@ private:
         }
     }
 
-    /** What a signal or a source says for states; its other members are skipped. */
+    /** The values that a signal or a source has for states; its other members are skipped. */
     Signal statesIn(const JsonNode& node, const std::vector<std::string>& others) {
         Signal signal;
         for (const auto& [name, values] : node.members()) {
@@ -211,7 +211,7 @@ private:
         if (!values.empty() && mParts.sources.count(std::get<std::int32_t>(values.front())) == 0) {
             const std::string module = key.module;
             const JsonNode place = mRoot.at(module).at(key.name + module.size() + 1).at("initial");
-            place.fail(place.shown() + " is none of the television's sources");
+            place.fail(place.shown() + " is not a source of the television");
         }
     }
 

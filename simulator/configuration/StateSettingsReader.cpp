@@ -58,7 +58,7 @@ Range rangeOf(const JsonNode& node) {
     }
     const Range range{bounds[0].number(), bounds[1].number()};
     if (range.low > range.high) {
-        node.fail("a range is [LOWEST, HIGHEST]; " + node.shown() + " is the wrong way round");
+        node.fail("a range is [LOWEST, HIGHEST]; " + node.shown() + " is reversed");
     }
     return range;
 }
@@ -119,7 +119,7 @@ void readRole(const JsonNode& node, const wire::StateKey& key, StateSettings& se
     settings.valueIsSource = role == "value";
     if (settings.indexIsSource ? key.indexes.size() == 0 || key.indexes[0] != wire::Holds::Integers
                                : key.holds != wire::Holds::Integers) {
-        node.fail("the " + role + " of " + key.name + " is no integer");
+        node.fail("the " + role + " of " + key.name + " is not an integer");
     }
 }
 

@@ -2,7 +2,8 @@
 
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlVerbs.h"
-#include "simulator/text/ControlWords.h"
+#include "simulator/text/Join.h"
+#include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ std::string takeFault(Equipment& equipment, const std::string& rest) {
 
 std::string listFaults(Equipment& equipment, const std::string& rest) {
     if (!rest.empty()) {
-        throw BadLine("faults takes nothing");
+        throw BadLine("faults takes no arguments");
     }
     return joinedLines(equipment.faults.list());
 }

@@ -9,9 +9,7 @@
 namespace kelutv::simulator {
 
 /**
- * Does what a line of the control channel says; see controlVerbs().
- *
- * Empty lines and those that begin with `#` say nothing.
+ * Carries out a line of the control channel; see controlVerbs(). Empty lines and those that begin with `#` do nothing.
  * @return the data that were asked for, or what is wrong with the line, and then nothing is done
  */
 Answer obey(Equipment& equipment, const std::string& line);

@@ -26,7 +26,7 @@ kq::UniqueFd connectToSimulator() {
     kq::UniqueFd socket = kq::connectTo(path);
     if (!socket) {
         const bool nobody = errno == ENOENT || errno == ECONNREFUSED;
-        throw NoSimulator(nobody ? "no simulator is running (nobody listens at " + path + ")"
+        throw NoSimulator(nobody ? "no simulator is running (nothing listens at " + path + ")"
                                  : "cannot reach the simulator at " + path + ": " + std::strerror(errno));
     }
     return socket;

@@ -1,9 +1,11 @@
-// What the television tells applications of: power, keys, events and VBI data.
+// The verbs that publish something: power, key, event and vbi.
 
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
 #include "simulator/files/File.h"
 #include "simulator/television/Power.h"
+#include "simulator/text/Numbers.h"
+#include "simulator/text/Tokenizer.h"
 #include "wire/StateForm.h"
 #include "wire/events/EventTable.h"
 #include "wire/events/Payload.h"
@@ -31,8 +33,8 @@ void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
     equipment.state.keep(state, {key}, {happened});
     const std::string name = wire::namesOf(*form.indexes[0].names).shortNameOf(key);
     const std::string what = wire::namesOf(*form.values[0].names).shortNameOf(happened);
-    equipment.notices.push_back({KELU_SIM_EVENT_KEY_USED, wire::payloadOf({key, happened}),
-                                 "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
+    equipment.events.push_back({KELU_SIM_EVENT_KEY_USED, wire::payloadOf({key, happened}),
+                                "key " + std::to_string(key) + (name.empty() ? "" : ' ' + name) + ' ' + what});
 }
 
 /** @throws BadLine with the event that may be meant, or the modules that are allowed */
@@ -44,7 +46,7 @@ unsigned int moduleNamed(const std::string& word, const wire::EventTable& events
         if (nearest.empty()) {
             throw;
         }
-        throw BadLine('\'' + word + "' is no event or module" + nearest);
+        throw BadLine('\'' + word + "' is not an event or a module" + nearest);
     }
 }
 
@@ -58,7 +60,7 @@ unsigned int eventNamed(const std::string& word) {
     const std::string offset = plus == std::string::npos ? "0" : word.substr(plus + 1);
     const auto added = int32Of(offset);
     if (!added || *added < 0 || *added > 0xFFFF) {
-        throw BadLine("what is added to the module of an event goes from 0 to 65535, not '" + offset + "'");
+        throw BadLine("the number added to the module of an event goes from 0 to 65535, not '" + offset + "'");
     }
     return moduleNamed(word.substr(0, plus), events) + static_cast<unsigned int>(*added);
 }
@@ -70,7 +72,7 @@ std::string fileContent(const std::string& path) {
             failToUse("read", path);
         }
         if (!file.isRegular() || file.size() > keluem::kMaxPayload) {
-            throw BadLine(path + " is no regular file of at most " + std::to_string(keluem::kMaxPayload) + " bytes");
+            throw BadLine(path + " is not a regular file of at most " + std::to_string(keluem::kMaxPayload) + " bytes");
         }
         return file.read(file.size());
     } catch (const BadLine&) {
@@ -80,19 +82,19 @@ std::string fileContent(const std::string& path) {
     }
 }
 
-std::string bytesFrom(const ControlWord& word) {
-    if (word.raw[0] == '@') {
-        return fileContent(ControlWord{word.raw.substr(1)}.text());
+std::string bytesFrom(const Token& token) {
+    if (token.raw[0] == '@') {
+        return fileContent(Token{token.raw.substr(1)}.text());
     }
-    const auto bytes = word.isQuoted() ? word.text() : bytesOf(word.raw);
+    const auto bytes = token.isQuoted() ? token.text() : bytesOf(token.raw);
     if (!bytes) {
-        throw BadLine("'" + word.raw + "' is neither bytes in hexadecimal, nor @FILE, nor a text in quotes");
+        throw BadLine("'" + token.raw + "' is neither bytes in hexadecimal, nor @FILE, nor a text in quotes");
     }
     return *bytes;
 }
 
-std::string payloadFrom(const ControlWords& words) {
-    std::string payload = words.size() == 2 ? bytesFrom(words[1]) : "";
+std::string payloadFrom(const Tokens& tokens) {
+    std::string payload = tokens.size() == 2 ? bytesFrom(tokens[1]) : "";
     if (payload.size() > keluem::kMaxPayload) {
         throw BadLine("the payload of an event has at most " + std::to_string(keluem::kMaxPayload) + " bytes");
     }
@@ -115,15 +117,15 @@ std::string enterPowerState(Equipment& equipment, const std::string& rest) {
 }
 
 std::string useKey(Equipment& equipment, const std::string& rest) {
-    const ControlWords words = wordsIn(rest);
-    if (words.empty() || words.size() > 2) {
-        throw BadLine("key takes a key code, and press or release if it is to be only that");
+    const Tokens tokens = tokensOf(rest);
+    if (tokens.empty() || tokens.size() > 2) {
+        throw BadLine("key takes a key code and, for only one of the two, press or release");
     }
     const wire::StateForm form = wire::formOf(*wire::findState(kKeyState));
-    const std::int32_t key = integerOf(words[0].text(), wire::namesOf(*form.indexes[0].names), "key code");
+    const std::int32_t key = integerOf(tokens[0].text(), wire::namesOf(*form.indexes[0].names), "key code");
     const wire::Names& happenings = wire::namesOf(*form.values[0].names);
-    if (words.size() == 2) {
-        useKey(equipment, key, integerOf(words[1].text(), happenings, "use of a key"));
+    if (tokens.size() == 2) {
+        useKey(equipment, key, integerOf(tokens[1].text(), happenings, "use of a key"));
         return "";
     }
     useKey(equipment, key, KELU_TV_KPC_EV_KEY_PRESS);
@@ -132,22 +134,22 @@ std::string useKey(Equipment& equipment, const std::string& rest) {
 }
 
 std::string sendEvent(Equipment& equipment, const std::string& rest) {
-    const ControlWords words = wordsIn(rest);
-    if (words.empty() || words.size() > 2) {
+    const Tokens tokens = tokensOf(rest);
+    if (tokens.empty() || tokens.size() > 2) {
         throw BadLine("event takes an identifier, and the payload in hexadecimal, as @FILE, or as a text in quotes");
     }
-    const unsigned int event = eventNamed(words[0].text());
-    std::string payload = payloadFrom(words);
+    const unsigned int event = eventNamed(tokens[0].text());
+    std::string payload = payloadFrom(tokens);
     const std::string text = "from the control channel, " + countOf(payload);
-    equipment.notices.push_back({event, std::move(payload), text});
+    equipment.events.push_back({event, std::move(payload), text});
     return "";
 }
 
 std::string sendVbi(Equipment& equipment, const std::string& rest) {
-    const ControlWords words = wordsIn(rest);
-    const bool complete = words.size() == 1 || words.size() == 2;
-    const std::int32_t type = complete ? int32Of(words[0].raw).value_or(0) : 0;
-    const auto bytes = bytesOf(words.size() == 2 ? words[1].raw : "");
+    const Tokens tokens = tokensOf(rest);
+    const bool complete = tokens.size() == 1 || tokens.size() == 2;
+    const std::int32_t type = complete ? int32Of(tokens[0].raw).value_or(0) : 0;
+    const auto bytes = bytesOf(tokens.size() == 2 ? tokens[1].raw : "");
     if (type <= 0 || type > std::int32_t{Teletext::kLastType} || !bytes) {
         throw BadLine("vbi takes a type from 1 to 65535 and the data in hexadecimal");
     }
@@ -155,7 +157,7 @@ std::string sendVbi(Equipment& equipment, const std::string& rest) {
         throw BadLine("a VBI block holds at most " + std::to_string(kLongestVbi) + " bytes");
     }
     if (!equipment.teletext.deliver(static_cast<unsigned int>(type), *bytes)) {
-        throw BadLine("VBI is not initialised, open and registered for: nobody takes the block");
+        throw BadLine("VBI is not initialised, open and registered: no client takes the block");
     }
     return "";
 }

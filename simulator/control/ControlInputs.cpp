@@ -2,6 +2,9 @@
 
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
+#include "simulator/text/Join.h"
+#include "simulator/text/Numbers.h"
+#include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
 
 #include <utility>
@@ -30,13 +33,13 @@ void plugCec(Equipment& equipment, const std::string& word, bool plugged) {
 }
 
 void changePlug(Equipment& equipment, const std::string& rest, bool plugged) {
-    const ControlWords words = wordsIn(rest);
-    if (words.size() == 2 && words[0].raw == "cec") {
-        plugCec(equipment, words[1].raw, plugged);
-    } else if (words.size() == 1 && int32Of(words[0].raw)) {
-        plugCec(equipment, words[0].raw, plugged);
-    } else if (words.size() == 1) {
-        equipment.sources.plug(sourceNamed(equipment, words[0].text()), plugged);
+    const Tokens tokens = tokensOf(rest);
+    if (tokens.size() == 2 && tokens[0].raw == "cec") {
+        plugCec(equipment, tokens[1].raw, plugged);
+    } else if (tokens.size() == 1 && int32Of(tokens[0].raw)) {
+        plugCec(equipment, tokens[0].raw, plugged);
+    } else if (tokens.size() == 1) {
+        equipment.sources.plug(sourceNamed(equipment, tokens[0].text()), plugged);
     } else {
         throw BadLine(std::string(plugged ? "plug" : "unplug") +
                       " takes a source, or 'cec' and the logical address of a CEC device");
@@ -53,7 +56,7 @@ const Signal& presetNamed(const Equipment& equipment, const std::string& name) {
     for (const auto& preset : presets) {
         names.push_back(preset.first);
     }
-    throw BadLine('\'' + name + "' is no signal" + wire::nearestHint(name, names) + "; allowed: " + listed(names) +
+    throw BadLine('\'' + name + "' is not a signal" + wire::nearestHint(name, names) + "; allowed: " + listed(names) +
                   ", or STATE=VALUE");
 }
 
@@ -85,11 +88,11 @@ std::int32_t numberIn(const std::string& field, const std::string& word) {
 
 using Fields = std::map<std::string, std::string>;
 
-Fields fieldsOf(const ControlWords& words) {
+Fields fieldsOf(const Tokens& tokens) {
     static const std::vector<std::string> names{"logAddr", "hdmiDevPort", "name", "phyAddr", "listText", "plugged"};
     Fields fields;
-    for (std::size_t i = 1; i < words.size(); ++i) {
-        const std::string word = words[i].text();
+    for (std::size_t i = 1; i < tokens.size(); ++i) {
+        const std::string word = tokens[i].text();
         const std::size_t equals = word.find('=');
         const std::string field = word.substr(0, equals);
         if (equals == std::string::npos || std::find(names.begin(), names.end(), field) == names.end()) {
@@ -97,7 +100,7 @@ Fields fieldsOf(const ControlWords& words) {
                           "; allowed: " + listed(names) + ", each with =VALUE");
         }
         if (!fields.emplace(field, word.substr(equals + 1)).second) {
-            throw BadLine("the field '" + field + "' is there twice");
+            throw BadLine("the field '" + field + "' is given twice");
         }
     }
     return fields;
@@ -160,18 +163,18 @@ std::string unplug(Equipment& equipment, const std::string& rest) {
 }
 
 std::string changeSignal(Equipment& equipment, const std::string& rest) {
-    const ControlWords words = wordsIn(rest);
-    if (words.size() < 2) {
+    const Tokens tokens = tokensOf(rest);
+    if (tokens.size() < 2) {
         throw BadLine("signal takes a source, and then none, the name of a signal, or STATE=VALUE");
     }
-    const std::int32_t source = sourceNamed(equipment, words[0].text());
+    const std::int32_t source = sourceNamed(equipment, tokens[0].text());
     Signal signal = equipment.sources.signalAt(source);
-    for (std::size_t i = 1; i < words.size(); ++i) {
-        if (words[i].raw.find('=') != std::string::npos) {
-            changeState(equipment, signal, words[i].raw);
+    for (std::size_t i = 1; i < tokens.size(); ++i) {
+        if (tokens[i].raw.find('=') != std::string::npos) {
+            changeState(equipment, signal, tokens[i].raw);
         } else {
             signal =
-                words[i].raw == "none" ? equipment.configuration.noSignal() : presetNamed(equipment, words[i].text());
+                tokens[i].raw == "none" ? equipment.configuration.noSignal() : presetNamed(equipment, tokens[i].text());
         }
     }
     equipment.sources.setSignal(source, signal);
@@ -179,18 +182,18 @@ std::string changeSignal(Equipment& equipment, const std::string& rest) {
 }
 
 std::string changeCecDevices(Equipment& equipment, const std::string& rest) {
-    const ControlWords words = wordsIn(rest);
-    const std::string what = words.empty() ? "" : words[0].raw;
+    const Tokens tokens = tokensOf(rest);
+    const std::string what = tokens.empty() ? "" : tokens[0].raw;
     if (what == "add") {
-        addDevice(equipment.cec, deviceOf(fieldsOf(words)));
+        addDevice(equipment.cec, deviceOf(fieldsOf(tokens)));
         return "";
     }
-    if (words.size() != 2 || (what != "remove" && what != "play")) {
+    if (tokens.size() != 2 || (what != "remove" && what != "play")) {
         throw BadLine("cec takes add FIELD=VALUE..., remove ADDRESS or play ADDRESS");
     }
-    const std::int32_t address = numberIn("the logical address", words[1].raw);
+    const std::int32_t address = numberIn("the logical address", tokens[1].raw);
     if (!(what == "remove" ? equipment.cec.remove(address) : equipment.cec.select(address))) {
-        throw BadLine("there is no CEC device with the logical address " + words[1].raw);
+        throw BadLine("there is no CEC device with the logical address " + tokens[1].raw);
     }
     return "";
 }

@@ -33,7 +33,7 @@ class ControlMessage {
 public:
     explicit ControlMessage(std::size_t longest) : mLongest(longest) {}
 
-    /** Takes a packet; false when it is none, or makes the text longer than allowed. */
+    /** Adds a packet; false when it is malformed or makes the text longer than allowed. */
     bool add(const char* packet, std::size_t length);
 
     bool isWhole() const { return mMark != kMoreFollows; }

@@ -21,8 +21,8 @@ namespace kelutv::simulator {
  * Serves the control channel in a thread of its own, from construction to destruction: any number of lines from each of
  * several clients, all of this user.
  *
- * A client whose answer has not been taken waits for its next line and holds up nobody; one that sends what is no line
- * is shut out; when there are too many, the one that has been silent longest is shut out.
+ * A client whose answer has not been taken waits for its next line and delays no other; one that sends anything but a
+ * line is shut out; when there are too many, the one that has been silent longest is shut out.
  */
 class ControlServer {
 public:
@@ -30,7 +30,7 @@ public:
 
     static constexpr std::size_t kMostClients = 32;
 
-    /** @throws std::runtime_error when nobody could connect */
+    /** @throws std::runtime_error when clients could not connect */
     explicit ControlServer(Receiver receiver);
     ~ControlServer();
     ControlServer(const ControlServer&) = delete;

@@ -4,6 +4,8 @@
 #include "simulator/control/ControlValues.h"
 #include "simulator/television/Power.h"
 #include "simulator/television/StateRequests.h"
+#include "simulator/text/Join.h"
+#include "simulator/text/Tokenizer.h"
 #include "wire/StateForm.h"
 #include "wire/text/Pattern.h"
 #include "wire/text/Quote.h"

@@ -1,5 +1,7 @@
 #include "simulator/control/ControlValues.h"
 
+#include "simulator/text/Join.h"
+#include "simulator/text/Numbers.h"
 #include "wire/StateForm.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Quote.h"
@@ -21,13 +23,6 @@ std::vector<const wire::StateKey*> statesWithLastPart(const std::string& part) {
     return keys;
 }
 
-std::optional<double> realOf(const std::string& word) {
-    double number = 0;
-    const char* const end = word.data() + word.size();
-    const auto read = std::from_chars(word.data(), end, number);
-    return read.ec == std::errc() && read.ptr == end ? std::optional(number) : std::nullopt;
-}
-
 std::string asReal(double number) {
     char text[32];
     return {text, std::to_chars(text, text + sizeof(text), number).ptr};
@@ -47,35 +42,34 @@ wire::Value integerFrom(const std::string& word, const wire::Enumeration* names,
 }
 
 wire::Value realFrom(const std::string& word, const std::string& what) {
-    if (const auto number = realOf(word)) {
+    if (const auto number = numberOf<double>(word)) {
         return *number;
     }
     throw BadLine(what + " is a number, not '" + word + "'");
 }
 
 /** What a word is where all kinds are allowed. */
-wire::Value anythingFrom(const ControlWord& word, const wire::Enumeration* names, const std::string& what) {
-    const std::string text = word.text();
-    if (word.isQuoted()) {
+wire::Value anythingFrom(const Token& token, const wire::Enumeration* names, const std::string& what) {
+    const std::string text = token.text();
+    if (token.isQuoted()) {
         return text;
     }
-    const bool isReal = !int32Of(text) && realOf(text);
+    const bool isReal = !int32Of(text) && numberOf<double>(text);
     return isReal ? realFrom(text, what) : integerFrom(text, names, what);
 }
 
-wire::Value valueFrom(const ControlWord& word, wire::Holds holds, const wire::Enumeration* names,
-                      const std::string& what) {
+wire::Value valueFrom(const Token& token, wire::Holds holds, const wire::Enumeration* names, const std::string& what) {
     switch (holds) {
     case wire::Holds::Integers:
-        return integerFrom(word.text(), names, what);
+        return integerFrom(token.text(), names, what);
     case wire::Holds::Reals:
-        return realFrom(word.text(), what);
+        return realFrom(token.text(), what);
     case wire::Holds::Texts:
-        return word.text();
+        return token.text();
     case wire::Holds::Anything:
         break;
     }
-    return anythingFrom(word, names, what);
+    return anythingFrom(token, names, what);
 }
 
 std::string textOf(const wire::Value& value) {
@@ -118,27 +112,27 @@ const wire::StateKey& stateNamed(const std::string& name) {
     throw BadLine("'" + name + "' is more than one state: " + listed(candidates));
 }
 
-wire::Values indexesOf(const wire::StateKey& key, const ControlWords& words) {
+wire::Values indexesOf(const wire::StateKey& key, const Tokens& tokens) {
     const wire::StateForm form = wire::formOf(key);
-    if (words.size() != form.indexes.size()) {
-        throw BadLine(wrongCount(key, "key", form.indexes.size(), words.size()));
+    if (tokens.size() != form.indexes.size()) {
+        throw BadLine(wrongCount(key, "key", form.indexes.size(), tokens.size()));
     }
     wire::Values indexes;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        indexes.push_back(valueFrom(words[i], key.indexes[i], form.indexes[i].names, whatOf(key, "key", i)));
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
+        indexes.push_back(valueFrom(tokens[i], key.indexes[i], form.indexes[i].names, whatOf(key, "key", i)));
     }
     return indexes;
 }
 
-wire::Values valuesOf(const wire::StateKey& key, const ControlWords& words) {
+wire::Values valuesOf(const wire::StateKey& key, const Tokens& tokens) {
     const wire::StateForm form = wire::formOf(key);
-    if (words.size() != form.values.size() && !(form.isOpen && words.size() > form.values.size())) {
-        throw BadLine(wrongCount(key, "value", form.values.size(), words.size()));
+    if (tokens.size() != form.values.size() && !(form.isOpen && tokens.size() > form.values.size())) {
+        throw BadLine(wrongCount(key, "value", form.values.size(), tokens.size()));
     }
     wire::Values values;
-    for (std::size_t i = 0; i < words.size(); ++i) {
+    for (std::size_t i = 0; i < tokens.size(); ++i) {
         const wire::Enumeration* const names = i < form.values.size() ? form.values[i].names : nullptr;
-        values.push_back(valueFrom(words[i], key.holds, names, whatOf(key, "value", i)));
+        values.push_back(valueFrom(tokens[i], key.holds, names, whatOf(key, "value", i)));
     }
     return values;
 }

@@ -1,19 +1,20 @@
 #pragma once
 
-#include "simulator/text/ControlWords.h"
+#include "simulator/text/Tokenizer.h"
+#include "wire/Interface.h"
 
 #include <string>
 
 namespace kelutv::simulator {
 
-/** The state of the name, or of what stands behind the dot of it if that is clear. @throws BadLine */
+/** The state of the name, or of its part after the dot if that is unambiguous. @throws BadLine */
 const wire::StateKey& stateNamed(const std::string& name);
 
 /** Indexes and values of the kinds that the state has: numbers, short names of enumerators, texts. @throws BadLine */
-wire::Values indexesOf(const wire::StateKey& key, const ControlWords& words);
-wire::Values valuesOf(const wire::StateKey& key, const ControlWords& words);
+wire::Values indexesOf(const wire::StateKey& key, const Tokens& tokens);
+wire::Values valuesOf(const wire::StateKey& key, const Tokens& tokens);
 
-/** Scalars as the words that say them. */
+/** Values as a line of the control channel has them. */
 std::string textOf(const wire::Values& values, const char* separator = ", ");
 
 /** `NAME[INDEX...] = VALUE...`, the brackets only with indexes. */

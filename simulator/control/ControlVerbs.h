@@ -7,7 +7,7 @@
 
 namespace kelutv::simulator {
 
-/** What the control channel understands, in words. */
+/** A verb of the control channel and its help. */
 struct ControlVerb {
     const char* name;
     /** What follows the name. */

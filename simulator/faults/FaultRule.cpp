@@ -1,6 +1,8 @@
 #include "simulator/faults/FaultRule.h"
 
-#include "simulator/text/Words.h"
+#include "simulator/text/Join.h"
+#include "simulator/text/Numbers.h"
+#include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
 
 #include <limits>
@@ -21,7 +23,7 @@ constexpr char kEffects[] =
 /** Reads the clauses behind the target of a fault; each may be there once, in any order. */
 class ClauseReader {
 public:
-    ClauseReader(const Words& words, std::size_t first) : mWords(words), mNext(first) {}
+    ClauseReader(const std::vector<std::string>& words, std::size_t first) : mWords(words), mNext(first) {}
 
     void readAll() {
         while (mNext < mWords.size()) {
@@ -61,12 +63,12 @@ private:
         mClause = mWords[mNext++];
         const auto found = readers().find(mClause);
         if (found == readers().end()) {
-            Words known;
+            std::vector<std::string> known;
             for (const auto& reader : readers()) {
                 known.push_back(reader.first);
             }
-            throw std::invalid_argument("a fault knows no '" + mClause + "'" + wire::nearestHint(mClause, known) +
-                                        "; it takes from PID, nth N, once, times N and one of " + kEffects);
+            throw std::invalid_argument("a fault has no clause '" + mClause + "'" + wire::nearestHint(mClause, known) +
+                                        "; allowed: from PID, nth N, once, times N and one of " + kEffects);
         }
         (this->*found->second)();
     }
@@ -99,7 +101,7 @@ private:
 
     template <typename Value> void put(std::optional<Value>& place, Value value) {
         if (place) {
-            throw std::invalid_argument("'" + mClause + "' comes too late: the fault says that already");
+            throw std::invalid_argument("'" + mClause + "' repeats or contradicts an earlier clause");
         }
         place = value;
     }
@@ -122,7 +124,7 @@ private:
         throw std::invalid_argument(mClause + " takes " + wanted + (word == mClause ? "" : ", not '" + word + "'"));
     }
 
-    const Words& mWords;
+    const std::vector<std::string>& mWords;
     std::size_t mNext;
     std::string mClause;
 };
@@ -130,7 +132,7 @@ private:
 } // namespace
 
 FaultRule readFault(const std::string& line) {
-    const Words words = wordsOf(line);
+    const std::vector<std::string> words = wordsOf(line);
     if (words.empty()) {
         throw std::invalid_argument("a fault begins with the command or item that it is for, or with any");
     }
@@ -138,7 +140,7 @@ FaultRule readFault(const std::string& line) {
     ClauseReader clauses(words, 1);
     clauses.readAll();
     const bool isSingle = clauses.nth && !clauses.times;
-    return {lineOf(words),           std::move(pattern),           clauses.caller,
+    return {joinedWords(words),      std::move(pattern),           clauses.caller,
             clauses.nth.value_or(1), isSingle ? 1 : clauses.times, *clauses.effect};
 }
 

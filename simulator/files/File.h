@@ -11,7 +11,7 @@ namespace kelutv::simulator {
 /** A file, closed with the object. */
 class File {
 public:
-    /** Opens it, or makes it when the flags say so; `isOpen` tells whether that worked, `errno` why not. */
+    /** Opens or creates it, as the flags say; `isOpen` is false when that fails, with the reason in `errno`. */
     File(const std::string& path, int flags);
     ~File();
     File(const File&) = delete;

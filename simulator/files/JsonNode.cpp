@@ -34,7 +34,7 @@ public:
         } else if (event == Event::object_end) {
             mNames.pop_back();
         } else if (event == Event::key && !mNames.back().insert(parsed.get<std::string>()).second) {
-            throw ConfigurationError(mFile + ": '" + parsed.get<std::string>() + "' stands twice in one object");
+            throw ConfigurationError(mFile + ": '" + parsed.get<std::string>() + "' is given twice in one object");
         }
         return true;
     }
@@ -55,7 +55,7 @@ nlohmann::json parseJson(const std::string& text, const std::string& file) {
             });
     } catch (const nlohmann::json::parse_error& error) {
         const std::string reason = error.what();
-        throw ConfigurationError(file + ": this is no JSON: " + reason.substr(reason.find("] ") + 2));
+        throw ConfigurationError(file + ": this is not JSON: " + reason.substr(reason.find("] ") + 2));
     }
 }
 

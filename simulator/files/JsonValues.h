@@ -5,7 +5,8 @@
 
 namespace kelutv::simulator {
 
-/** A list of scalars. Bytes that are no UTF-8 become `{"hex": "00ff"}`, a number that JSON lacks `{"real": "nan"}`. */
+/** A list of the values. Bytes that are not UTF-8 become `{"hex": "00ff"}`, a number that JSON lacks `{"real": "nan"}`.
+ */
 nlohmann::json toJson(const wire::Values& values);
 
 /** The reverse. @throws ConfigurationError */

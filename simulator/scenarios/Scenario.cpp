@@ -1,7 +1,8 @@
 #include "simulator/scenarios/Scenario.h"
 
-#include "simulator/text/ControlWords.h"
-#include "simulator/text/Words.h"
+#include "simulator/text/Join.h"
+#include "simulator/text/Numbers.h"
+#include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
 
 #include <algorithm>
@@ -41,7 +42,7 @@ public:
         readWait();
         mStep.line = behind(mLine, mNext);
         if (mStep.line.empty() && mStep.wait != ScenarioStep::Wait::On) {
-            throw std::invalid_argument("'" + mWords[0] + "' has nothing to do then");
+            throw std::invalid_argument("'" + mWords[0] + "' has no command after its time");
         }
         if (const auto complaint = mStep.line.empty() ? std::nullopt : check(mStep.line)) {
             throw std::invalid_argument(*complaint);
@@ -88,7 +89,7 @@ private:
     }
 
     const std::string& mLine;
-    const Words mWords;
+    const std::vector<std::string> mWords;
     std::size_t mNext = 0;
     ScenarioStep mStep;
 };

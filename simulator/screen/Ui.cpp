@@ -43,7 +43,7 @@ void Ui::served(const Served& served) {
     addLine(&UiView::commands, describe(served.caller, served.request, served.reply));
 }
 
-void Ui::published(const Notice& notice) { addLine(&UiView::events, describe(notice)); }
+void Ui::published(const PublishedEvent& event) { addLine(&UiView::events, describe(event)); }
 
 void Ui::faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) {
     addLine(&UiView::commands, describe(caller, request, fault));
@@ -60,7 +60,7 @@ void Ui::settled(const Television& television) {
     markChanged();
 }
 
-void Ui::ending() { leaveTerminal(); }
+void Ui::exiting() { leaveTerminal(); }
 
 void Ui::leaveTerminal() {
     const std::lock_guard<std::mutex> lock(mTerminalMutex);

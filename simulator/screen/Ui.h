@@ -31,10 +31,10 @@ public:
     void note(const std::string& line);
 
     void served(const Served& served) override;
-    void published(const Notice& notice) override;
+    void published(const PublishedEvent& event) override;
     void faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) override;
     void settled(const Television& television) override;
-    void ending() override;
+    void exiting() override;
 
 private:
     void leaveTerminal();

@@ -17,7 +17,7 @@ struct UiSize {
 /**
  * The screen as text, one string a row: at most `size.rows` rows of at most `size.columns` characters each.
  *
- * What is no printable ASCII character is shown as `?`.
+ * A character that is not printable ASCII is shown as `?`.
  * @param color whether the rows may have ANSI sequences for colours in them
  */
 std::vector<std::string> render(const UiView& view, UiSize size, bool color);

@@ -16,7 +16,7 @@ struct UiColor {
     std::int32_t blue;
 };
 
-/** What the screen of the simulator shows, in words and numbers. */
+/** What the screen of the simulator shows, as texts and numbers. */
 struct UiView {
     std::string power;
     std::string source;

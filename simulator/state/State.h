@@ -11,7 +11,7 @@
 
 namespace kelutv::simulator {
 
-/** Something that applications are told of. */
+/** A change of a state that has an event. */
 struct Change {
     const wire::StateKey* key;
     wire::Values indexes;
@@ -31,7 +31,7 @@ public:
     /** What was set and differs from what it starts with or did, by state and indexes. */
     const Kept& all() const { return mKept; }
 
-    /** Takes this for what was set; nobody is told of it. */
+    /** Replaces everything that was set, without events. */
     void load(Kept kept) { mKept = std::move(kept); }
 
     /** What was kept last, else what the state starts with. */

@@ -17,8 +17,8 @@ constexpr std::int32_t kAudioSystem = 5;
 
 } // namespace
 
-CecBus::CecBus(const Configuration& configuration, Notices& notices, Revision& revision)
-    : mDevices(configuration.cecDevices()), mArcPort(configuration.arcPort()), mNotices(notices), mRevision(revision) {}
+CecBus::CecBus(const Configuration& configuration, PublishedEvents& events, Revision& revision)
+    : mDevices(configuration.cecDevices()), mArcPort(configuration.arcPort()), mEvents(events), mRevision(revision) {}
 
 std::vector<CecDevice> CecBus::devices() const {
     std::vector<CecDevice> devices;
@@ -92,9 +92,9 @@ void CecBus::change(CecDevice& device, bool plugged) {
     }
     device.plugged = plugged;
     mRevision.advance();
-    mNotices.push_back({KELU_SIM_EVENT_CEC_DEVICE_CHANGED,
-                        wire::payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
-                        device.name + (plugged ? " plugged in" : " unplugged")});
+    mEvents.push_back({KELU_SIM_EVENT_CEC_DEVICE_CHANGED,
+                       wire::payloadOf({device.logAddr, device.hdmiDevPort, std::int32_t{plugged}}),
+                       device.name + (plugged ? " plugged in" : " unplugged")});
     if (!plugged && mPlaying == device.logAddr) {
         play(kTelevision);
     }
@@ -104,8 +104,8 @@ void CecBus::play(std::int32_t logAddr) {
     if (mPlaying != logAddr) {
         mPlaying = logAddr;
         mRevision.advance();
-        mNotices.push_back({KELU_SIM_EVENT_CEC_PLAYING_CHANGED, wire::payloadOf({logAddr}),
-                            "CEC device " + std::to_string(logAddr) + " plays"});
+        mEvents.push_back({KELU_SIM_EVENT_CEC_PLAYING_CHANGED, wire::payloadOf({logAddr}),
+                           "CEC device " + std::to_string(logAddr) + " plays"});
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "simulator/configuration/Configuration.h"
 #include "simulator/state/Revision.h"
-#include "simulator/television/Notice.h"
+#include "simulator/television/PublishedEvent.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +16,7 @@ public:
     /** The logical address of the television itself, which plays when no device does. */
     static constexpr std::int32_t kTelevision = 0;
 
-    CecBus(const Configuration& configuration, Notices& notices, Revision& revision);
+    CecBus(const Configuration& configuration, PublishedEvents& events, Revision& revision);
 
     /** Plugged in or not, in the order in which they came. */
     const std::vector<CecDevice>& all() const { return mDevices; }
@@ -28,7 +28,7 @@ public:
 
     std::int32_t arcPort() const { return mArcPort; }
 
-    /** Whether an audio system hangs on the input with the audio return channel. */
+    /** Whether an audio system is plugged into the input with the audio return channel. */
     bool isArcActive() const;
 
     /** Lets a device plugged in, or the television, play; false when there is none of the address. */
@@ -43,7 +43,7 @@ public:
     /** Takes a device away, unplugged first; false when there is none of the address. */
     bool remove(std::int32_t logAddr);
 
-    /** Takes these for the devices and the one that plays; nobody is told of it. */
+    /** Replaces the devices and the one that plays, without events. */
     void load(std::vector<CecDevice> devices, std::int32_t playing);
 
 private:
@@ -54,7 +54,7 @@ private:
     std::vector<CecDevice> mDevices;
     const std::int32_t mArcPort;
     std::int32_t mPlaying = kTelevision;
-    Notices& mNotices;
+    PublishedEvents& mEvents;
     Revision& mRevision;
 };
 

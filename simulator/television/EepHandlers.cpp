@@ -12,7 +12,7 @@ namespace {
 
 wire::Reply noSuchAddress(std::int32_t address) {
     return wire::replyTo({wire::Result::OutOfRange, "addresses go from 0 to 65535, address " + std::to_string(address) +
-                                                        " or the block there goes beyond"});
+                                                        " or the end of its block is outside"});
 }
 
 /** Of a byte, or of a block when the request says how long. */

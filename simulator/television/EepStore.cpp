@@ -18,8 +18,8 @@ std::size_t startOf(Memory memory) { return memory == Memory::Eep ? 0 : kMemoryS
 /** The whole content of the file. */
 std::string readWhole(const File& file, const std::string& path) {
     if (!file.isRegular() || file.size() != kFileSize) {
-        throw std::runtime_error(path + " is no EEP file: it must be a regular file of " + std::to_string(kFileSize) +
-                                 " bytes");
+        throw std::runtime_error(path + " is not an EEP file: it must be a regular file of " +
+                                 std::to_string(kFileSize) + " bytes");
     }
     return file.read(kFileSize);
 }

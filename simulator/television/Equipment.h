@@ -6,8 +6,8 @@
 #include "simulator/state/State.h"
 #include "simulator/television/CecBus.h"
 #include "simulator/television/EepStore.h"
-#include "simulator/television/Notice.h"
 #include "simulator/television/Power.h"
+#include "simulator/television/PublishedEvent.h"
 #include "simulator/television/Sources.h"
 #include "simulator/television/Teletext.h"
 
@@ -27,12 +27,12 @@ struct Equipment {
     State state{configuration, revision};
     EepStore eep;
     Faults faults;
-    /** The events of the parts below, which are still to be published. */
-    Notices notices;
-    Sources sources{configuration, state, notices, revision};
-    CecBus cec{configuration, notices, revision};
-    Teletext teletext{notices};
-    Power power{notices, revision};
+    /** The events of the parts below that are still to be published. */
+    PublishedEvents events;
+    Sources sources{configuration, state, events, revision};
+    CecBus cec{configuration, events, revision};
+    Teletext teletext{events};
+    Power power{events, revision};
 };
 
 } // namespace kelutv::simulator

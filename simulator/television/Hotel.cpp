@@ -59,7 +59,7 @@ std::string contentOf(const std::string& path) {
         failToUse("read", path);
     }
     if (!file.isRegular() || file.size() > kLongestFile) {
-        throw std::runtime_error(path + " holds no hotel settings");
+        throw std::runtime_error(path + " does not hold hotel settings");
     }
     return file.read(file.size());
 }
@@ -79,7 +79,7 @@ std::vector<wire::Values> settingsIn(const std::string& content, const std::stri
         sound = sound && !settings.back().empty();
     }
     if (!sound || nextLine(text) != kLastLine || text.peek() != std::char_traits<char>::eof()) {
-        throw std::runtime_error(path + " does not hold every hotel setting, or something else");
+        throw std::runtime_error(path + " does not hold exactly the hotel settings");
     }
     return settings;
 }
@@ -87,7 +87,7 @@ std::vector<wire::Values> settingsIn(const std::string& content, const std::stri
 void refuseOtherThanFile(const std::string& path) {
     const File present(path, O_RDONLY | O_NONBLOCK);
     if (present.isOpen() ? !present.isRegular() : errno != ENOENT) {
-        throw std::runtime_error("cannot replace " + path + ": it is no file that can be read");
+        throw std::runtime_error("cannot replace " + path + ": it is not a readable regular file");
     }
 }
 

@@ -18,7 +18,7 @@ void Power::enter(PowerState state) {
     if (state != PowerState::On) {
         mLastOff = number;
     }
-    mNotices.push_back(
+    mEvents.push_back(
         {KELU_SIM_EVENT_POWER_STATE_CHANGED, wire::payloadOf({number}), "power state = " + std::to_string(number)});
 }
 

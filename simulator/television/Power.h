@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/state/Revision.h"
-#include "simulator/television/Notice.h"
+#include "simulator/television/PublishedEvent.h"
 #include "wire/Interface.h"
 
 #include <kelutv-simulator/events.h>
@@ -28,7 +28,7 @@ std::string nameOf(PowerState state);
 /** Sleeping and waking up. Not synchronised. */
 class Power {
 public:
-    Power(Notices& notices, Revision& revision) : mNotices(notices), mRevision(revision) {}
+    Power(PublishedEvents& events, Revision& revision) : mEvents(events), mRevision(revision) {}
 
     void enter(PowerState state);
 
@@ -39,14 +39,14 @@ public:
     std::int32_t lastPowerOffMode() const { return mLastOff; }
     std::int32_t wakeupMode() const { return mWakeupMode; }
 
-    /** Takes this for what happened so far; nobody is told of it. */
+    /** Replaces everything, without events. */
     void load(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode);
 
 private:
     PowerState mState = PowerState::On;
     std::int32_t mLastOff = 0;
     std::int32_t mWakeupMode = 0;
-    Notices& mNotices;
+    PublishedEvents& mEvents;
     Revision& mRevision;
 };
 

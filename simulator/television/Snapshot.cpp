@@ -78,7 +78,7 @@ void readSetting(const Equipment& equipment, const JsonNode& node, State::Kept& 
         node.at("value").fail(refusal->text);
     }
     if (!settings.emplace(std::make_pair(&key, indexes), values).second) {
-        node.fail(std::string(key.name) + " stands twice with this key");
+        node.fail(std::string(key.name) + " is given twice with this key");
     }
 }
 
@@ -127,7 +127,7 @@ PowerState readPowerState(const JsonNode& node) {
 
 void checkFormat(const JsonNode& root) {
     if (!root.has("format") || root.at("format").value() != kFormat) {
-        root.fail(std::string("this is no state of a simulator: its format is not '") + kFormat + "'");
+        root.fail(std::string("this is not the state of a simulator: its format is not '") + kFormat + "'");
     }
     root.membersOf({"format", "settings", "sources", "mainWindowShown", "cecDevices", "cecPlaying", "power"});
 }

@@ -75,8 +75,8 @@ constexpr Derivation kDerivations[] = {
 
 } // namespace
 
-Sources::Sources(const Configuration& configuration, State& state, Notices& notices, Revision& revision)
-    : mConfiguration(configuration), mState(state), mNotices(notices), mRevision(revision),
+Sources::Sources(const Configuration& configuration, State& state, PublishedEvents& events, Revision& revision)
+    : mConfiguration(configuration), mState(state), mEvents(events), mRevision(revision),
       mSources(configuration.sources()) {}
 
 std::vector<std::int32_t> Sources::ids() const {
@@ -106,8 +106,8 @@ void Sources::change(std::int32_t source, bool plugged, const Signal& signal) {
     if (after != before) {
         const std::string text = settings.name + (plugged ? " is plugged in" : " is unplugged") +
                                  (after.second ? ", with a signal" : ", without a signal");
-        mNotices.push_back({KELU_SIM_EVENT_SOURCE_PLUGGED,
-                            wire::payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
+        mEvents.push_back({KELU_SIM_EVENT_SOURCE_PLUGGED,
+                           wire::payloadOf({source, std::int32_t{plugged}, std::int32_t{after.second}}), text});
     }
     if (showsInMainWindow(source)) {
         show(visible(source));

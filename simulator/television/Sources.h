@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/state/State.h"
-#include "simulator/television/Notice.h"
+#include "simulator/television/PublishedEvent.h"
 
 #include <cstdint>
 #include <map>
@@ -17,7 +17,7 @@ public:
     using All = std::map<std::int32_t, SourceSettings>;
 
     /** All must outlive it. */
-    Sources(const Configuration& configuration, State& state, Notices& notices, Revision& revision);
+    Sources(const Configuration& configuration, State& state, PublishedEvents& events, Revision& revision);
 
     const All& all() const { return mSources; }
     bool has(std::int32_t source) const { return mSources.count(source) != 0; }
@@ -51,10 +51,10 @@ public:
     /** Whether the main window shows its source, which it does until that is deselected. */
     bool isShown() const { return mShown; }
 
-    /** What follows from the sources and from other states and is therefore not kept; none if the state is kept. */
+    /** The value of a state that is derived from the sources and other states; none if the state is kept. */
     std::optional<wire::Values> derived(const wire::StateKey& key, const wire::Values& indexes) const;
 
-    /** Takes this for the sources and what the main window does; nobody is told of it. */
+    /** Replaces the sources and whether the main window shows its source, without events. */
     void load(All sources, bool shown);
 
 private:
@@ -65,7 +65,7 @@ private:
 
     const Configuration& mConfiguration;
     State& mState;
-    Notices& mNotices;
+    PublishedEvents& mEvents;
     Revision& mRevision;
     All mSources;
     bool mShown = true;

@@ -71,7 +71,7 @@ std::optional<wire::Refusal> setState(Equipment& equipment, const wire::StateKey
     }
     if (equipment.sources.derived(key, indexes)) {
         return wire::Refusal{wire::Result::OutOfRange,
-                             std::string(key.name) + " follows from other states and cannot be set"};
+                             std::string(key.name) + " is derived from other states and cannot be set"};
     }
     if (key.name == kCurrentSource) {
         if (values.size() != 1) {

@@ -18,9 +18,9 @@ public:
     explicit StateFile(const std::string& path);
 
     /**
-     * Gives the equipment what the file holds; makes the file when there is none.
+     * Loads the file into the equipment; creates it if missing.
      * @throws ConfigurationError when the file holds something else; it is left as it is then
-     * @throws std::runtime_error when it cannot be made
+     * @throws std::runtime_error when it cannot be created
      */
     void restore(Equipment& equipment);
 

@@ -9,7 +9,7 @@ namespace kelutv::simulator {
 
 namespace {
 
-/** Puts the scalars where the operands take them from; the last operand takes all that is left. */
+/** Puts the values where the operands take them from; the last operand takes all that is left. */
 void spread(const wire::Rows<wire::Operand>& operands, const wire::Values& values, wire::Arguments& arguments) {
     for (std::size_t i = 0; i < operands.size() && i < values.size(); ++i) {
         if (operands[i].index >= 0) {
@@ -51,7 +51,7 @@ std::optional<wire::Refusal> setByRequest(Equipment& equipment, const wire::Stat
     }
     if (handledCommand(key, wire::StateRule::Access::Get) != nullptr) {
         return wire::Refusal{wire::Result::OutOfRange,
-                             std::string(key.name) + " follows from other states and cannot be set"};
+                             std::string(key.name) + " is derived from other states and cannot be set"};
     }
     return setState(equipment, key, indexes, values);
 }

@@ -8,22 +8,22 @@
 namespace kelutv::simulator {
 
 /**
- * @name States as requests read and set them, also those that have a command of their own, like the EEP.
+ * @name Reading and setting states as requests do, also those whose commands have handlers of their own, like the EEP.
  * @{
  */
 
-/** Why the state cannot be set like that, and then nothing is done. */
+/** Sets the state. @return why it is refused, and then nothing is done */
 std::optional<wire::Refusal> setByRequest(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes,
                                           const wire::Values& values);
 
-/** Why there is no such value, or the value. */
+/** The value, or why it is refused. */
 struct Reading {
     std::optional<wire::Refusal> refusal;
     wire::Values values;
 };
 Reading readByRequest(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
 
-/** Whether setting the state to what it is does nothing. */
+/** Whether setting the state just keeps its value: it has no handler and is not derived. */
 bool isPlainState(const Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
 /** @} */
 

@@ -75,7 +75,7 @@ bool Teletext::deliver(unsigned int type, const std::string& data) {
     if (delivers()) {
         const std::string text = "VBI block of type " + std::to_string(type) + ", " + std::to_string(data.size()) +
                                  (data.size() == 1 ? " byte" : " bytes");
-        mNotices.push_back({KELU_EM_MODE_TTX + type, blockOf(data), text});
+        mEvents.push_back({KELU_EM_MODE_TTX + type, blockOf(data), text});
     }
     return delivers();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/television/Notice.h"
+#include "simulator/television/PublishedEvent.h"
 
 #include <string>
 #include <vector>
@@ -14,7 +14,7 @@ public:
     static constexpr unsigned int kTeletextPacket = 1;
     static constexpr unsigned int kLastType = 0xFFFF;
 
-    explicit Teletext(Notices& notices) : mNotices(notices) {}
+    explicit Teletext(PublishedEvents& events) : mEvents(events) {}
 
     void initialise(bool on) { change(mInitialised, on); }
     void open(bool on) { change(mOpen, on); }
@@ -30,7 +30,7 @@ private:
     bool mInitialised = false;
     bool mOpen = false;
     bool mRegistered = false;
-    Notices& mNotices;
+    PublishedEvents& mEvents;
 };
 
 /** The packets of page 100, which greets whoever starts to receive: 42 bytes each, from address to text. */

@@ -20,10 +20,10 @@ public:
      */
     explicit Television(Configuration configuration, EepStore eep = EepStore(), const std::string& stateFile = "");
 
-    /** Does what a request says; the request has been read to its end. */
+    /** Carries out a request, which has been read to its end. */
     wire::Reply perform(const wire::Request& request);
 
-    /** What happened since the last take to states that have an event. */
+    /** The changes since the last call of states that have an event. */
     std::vector<Change> takeChanges() { return mEquipment.state.takeChanges(); }
 
     const Equipment& equipment() const { return mEquipment; }
@@ -40,8 +40,8 @@ public:
         return result;
     }
 
-    /** What else happened since the last take. */
-    Notices takeNotices() { return std::exchange(mEquipment.notices, {}); }
+    /** The other events since the last call. */
+    PublishedEvents takeEvents() { return std::exchange(mEquipment.events, {}); }
 
 private:
     wire::Reply carryOut(const wire::Request& request);

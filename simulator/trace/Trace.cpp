@@ -24,12 +24,12 @@ std::string describe(pid_t caller, const wire::Request& request, const wire::Rep
     return describe(caller, request) + " -> " + describe(request, reply);
 }
 
-std::string describe(const Notice& notice) {
+std::string describe(const PublishedEvent& event) {
     char identifier[32];
-    std::snprintf(identifier, sizeof(identifier), "event 0x%X", notice.event);
+    std::snprintf(identifier, sizeof(identifier), "event 0x%X", event.identifier);
     const wire::EventTable events(wire::simulatedEvents());
-    const wire::Event* const known = events.find(notice.event);
-    return identifier + (known != nullptr ? std::string(" ") + known->name : "") + ": " + notice.text;
+    const wire::Event* const known = events.find(event.identifier);
+    return identifier + (known != nullptr ? std::string(" ") + known->name : "") + ": " + event.text;
 }
 
 std::string describe(pid_t caller, const wire::Request& request, const FaultRule& fault) {

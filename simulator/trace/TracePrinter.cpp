@@ -6,7 +6,7 @@ namespace kelutv::simulator {
 
 void TracePrinter::served(const Served& served) { print(describe(served.caller, served.request, served.reply)); }
 
-void TracePrinter::published(const Notice& notice) { print(describe(notice)); }
+void TracePrinter::published(const PublishedEvent& event) { print(describe(event)); }
 
 void TracePrinter::faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) {
     print(describe(caller, request, fault));

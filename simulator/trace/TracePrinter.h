@@ -13,7 +13,7 @@ public:
     explicit TracePrinter(std::FILE* file) : mFile(file) {}
 
     void served(const Served& served) override;
-    void published(const Notice& notice) override;
+    void published(const PublishedEvent& event) override;
     void faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) override;
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/faults/FaultRule.h"
-#include "simulator/television/Notice.h"
+#include "simulator/television/PublishedEvent.h"
 #include "simulator/television/Television.h"
 #include "wire/codec/Reply.h"
 #include "wire/codec/Request.h"
@@ -18,8 +18,8 @@ struct Served {
 };
 
 /**
- * Follows what happens to the television. It is told of one thing at a time, in the order in which they happen, before
- * the caller has its answer; it must not call the service.
+ * Observes the television. It is notified of one thing at a time, in the order in which they happen, before the caller
+ * has its answer; it must not call the service.
  */
 class Watcher {
 public:
@@ -29,13 +29,13 @@ public:
     Watcher& operator=(const Watcher&) = delete;
 
     virtual void served(const Served&) {}
-    virtual void published(const Notice&) {}
+    virtual void published(const PublishedEvent&) {}
     /** A request meets a fault; it has not been carried out yet. */
     virtual void faulted(pid_t, const wire::Request&, const FaultRule&) {}
-    /** A request or a control line is done with, and this is what the television has come to. */
+    /** A request or a control line has been carried out, and this is the state of the television. */
     virtual void settled(const Television&) {}
-    /** The process is about to end by a fault, with nothing behind it carried out. */
-    virtual void ending() {}
+    /** The process is about to exit because of a fault; nothing is carried out after this. */
+    virtual void exiting() {}
 };
 
 } // namespace kelutv::simulator

@@ -86,7 +86,7 @@ TEST_F(ConfigFile, ThatIsWrongEndsTheSimulatorBeforeItServes) {
     EXPECT_EQ(simulator->output().text(), "");
     EXPECT_EQ(simulator->error().text(),
               "kelutv-simulator: " + path +
-                  ": /audio/volume/range: a range is [LOWEST, HIGHEST]; [100,0] is the wrong way round\n");
+                  ": /audio/volume/range: a range is [LOWEST, HIGHEST]; [100,0] is reversed\n");
 }
 
 TEST_F(ConfigFile, ThatIsNotThereEndsTheSimulator) {

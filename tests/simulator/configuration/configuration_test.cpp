@@ -123,10 +123,10 @@ void PrintTo(const Bad& bad, std::ostream* out) { *out << bad.name; }
 
 constexpr Bad kBad[] = {
     {"NoJson", "{",
-     ": this is no JSON: parse error at line 1, column 2: syntax error while parsing object key - "
+     ": this is not JSON: parse error at line 1, column 2: syntax error while parsing object key - "
      "unexpected end of input; expected string literal"},
     {"List", "[]", ": an object is needed, not []"},
-    {"Twice", R"({"audio": {"volume": {}, "volume": {}}})", ": 'volume' stands twice in one object"},
+    {"Twice", R"({"audio": {"volume": {}, "volume": {}}})", ": 'volume' is given twice in one object"},
     {"Module", R"({"audoi": {}})",
      ": /audoi: there is no 'audoi' here, only audio, config, factory, pcmplayer, pcsetting, picture, sourcemanager, "
      "systemsetting, video, $schema, cec, signals, sources; nearest: audio"},
@@ -159,7 +159,7 @@ constexpr Bad kBad[] = {
     {"NoKeys", R"({"sourcemanager": {"selectSource": {"initial": {"0": 1}}}})",
      ": /sourcemanager/selectSource/initial: sourcemanager.selectSource is not kept for each of several numbers"},
     {"Range", R"({"audio": {"volume": {"range": [100, 0]}}})",
-     ": /audio/volume/range: a range is [LOWEST, HIGHEST]; [100,0] is the wrong way round"},
+     ": /audio/volume/range: a range is [LOWEST, HIGHEST]; [100,0] is reversed"},
     {"HalfRange", R"({"audio": {"volume": {"range": [0]}}})",
      ": /audio/volume/range: a range is [LOWEST, HIGHEST], not [0]"},
     {"OutOfRange", R"({"audio": {"volume": {"initial": 101}}})",
@@ -178,9 +178,9 @@ constexpr Bad kBad[] = {
     {"Role", R"({"sourcemanager": {"curSource": {"source": "window"}}})",
      ": /sourcemanager/curSource/source: a source is the key or the value, not 'window'"},
     {"RoleOfText", R"({"factory": {"panelID": {"source": "value"}}})",
-     ": /factory/panelID/source: the value of factory.panelID is no integer"},
+     ": /factory/panelID/source: the value of factory.panelID is not an integer"},
     {"NoSource", R"({"sources": {"KELU_TV_SRC_ATV": null}})",
-     ": /sourcemanager/bootSource/initial: \"KELU_TV_SRC_ATV\" is none of the television's sources"},
+     ": /sourcemanager/bootSource/initial: \"KELU_TV_SRC_ATV\" is not a source of the television"},
     {"SourceName", R"({"sources": {"KELU_TV_SRC_HDM1": {}}})",
      ": /sources/KELU_TV_SRC_HDM1: 'KELU_TV_SRC_HDM1' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, vga, ypbpr1, "
      "ypbpr2, hdmi1, hdmi2, hdmi3, hdmi4, media, media1, media2, scart1, scart2, auto; nearest: KELU_TV_SRC_HDMI1, "
@@ -203,7 +203,7 @@ constexpr Bad kBad[] = {
     {"DeviceTwice", R"({"cec": {"devices": [
         {"logAddr": 4, "hdmiDevPort": 0, "name": "", "phyAddr": "1.0.0.0", "listText": "", "plugged": true},
         {"logAddr": 4, "hdmiDevPort": 1, "name": "", "phyAddr": "2.0.0.0", "listText": "", "plugged": true}]}})",
-     ": /cec/devices/1/logAddr: logical address 4 is there twice"},
+     ": /cec/devices/1/logAddr: logical address 4 is given twice"},
     {"DeviceAddress", R"({"cec": {"devices": [
         {"logAddr": 4, "hdmiDevPort": 0, "name": "", "phyAddr": "1.0.0", "listText": "", "plugged": true}]}})",
      ": /cec/devices/0: phyAddr has four hexadecimal digits as in 1.0.0.0, it cannot be '1.0.0'"},

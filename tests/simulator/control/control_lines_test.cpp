@@ -3,7 +3,8 @@
 #include "simulator/control/Control.h"
 #include "simulator/control/ControlVerbs.h"
 #include "simulator/television/StateRequests.h"
-#include "simulator/text/ControlWords.h"
+#include "simulator/text/Numbers.h"
+#include "simulator/text/Tokenizer.h"
 #include "wire/StateForm.h"
 #include "wire/text/Quote.h"
 
@@ -17,9 +18,9 @@ namespace kelutv::simulator {
 
 namespace {
 
-std::vector<std::string> textsOf(const ControlWords& words) {
+std::vector<std::string> textsOf(const Tokens& words) {
     std::vector<std::string> texts;
-    for (const ControlWord& word : words) {
+    for (const Token& word : words) {
         texts.push_back(word.text());
     }
     return texts;
@@ -28,13 +29,13 @@ std::vector<std::string> textsOf(const ControlWords& words) {
 using Texts = std::vector<std::string>;
 
 TEST(ControlLines, AreCutIntoWords) {
-    EXPECT_EQ(textsOf(wordsIn("")), Texts{});
-    EXPECT_EQ(textsOf(wordsIn(" one\t two ")), (Texts{"one", "two"}));
-    EXPECT_EQ(textsOf(wordsIn("name=\"two words\" \"\" \"\\\"\\\\\\x1f\\n\"")),
+    EXPECT_EQ(textsOf(tokensOf("")), Texts{});
+    EXPECT_EQ(textsOf(tokensOf(" one\t two ")), (Texts{"one", "two"}));
+    EXPECT_EQ(textsOf(tokensOf("name=\"two words\" \"\" \"\\\"\\\\\\x1f\\n\"")),
               (Texts{"name=two words", "", "\"\\\x1fn"}));
-    EXPECT_EQ(textsOf(wordsIn("1,2 , \"3,4\"", ", ")), (Texts{"1", "2", "3,4"}));
-    EXPECT_THROW(wordsIn("one \"two"), BadLine);
-    EXPECT_THROW(wordsIn("\"\\"), BadLine);
+    EXPECT_EQ(textsOf(tokensOf("1,2 , \"3,4\"", ", ")), (Texts{"1", "2", "3,4"}));
+    EXPECT_THROW(tokensOf("one \"two"), BadLine);
+    EXPECT_THROW(tokensOf("\"\\"), BadLine);
 }
 
 TEST(ControlLines, TakeEveryTextInQuotes) {
@@ -42,7 +43,7 @@ TEST(ControlLines, TakeEveryTextInQuotes) {
     for (int byte = 0; byte < 256; ++byte) {
         every += static_cast<char>(byte);
     }
-    EXPECT_EQ(textsOf(wordsIn(wire::inQuotes(every))), Texts{every});
+    EXPECT_EQ(textsOf(tokensOf(wire::inQuotes(every))), Texts{every});
 }
 
 TEST(ControlLines, HaveNumbersAndBytes) {
@@ -146,7 +147,7 @@ TEST_F(ControlOfEquipment, SurvivesEveryLine) {
             const Answer answer = obey(mEquipment, line);
             EXPECT_TRUE(answer.ok || !answer.text.empty()) << line;
         }
-        mEquipment.notices.clear();
+        mEquipment.events.clear();
     }
 }
 

@@ -115,7 +115,7 @@ TEST_F(Control, EndsAtOnceWhenTheEepFileIsNone) {
     const auto simulator = startSimulator({"--eep", path});
     EXPECT_EQ(simulator->exitCode(), 1);
     EXPECT_EQ(simulator->error().text(),
-              "kelutv-simulator: " + path + " is no EEP file: it must be a regular file of 131072 bytes\n");
+              "kelutv-simulator: " + path + " is not an EEP file: it must be a regular file of 131072 bytes\n");
     EXPECT_EQ(simulator->output().text(), "");
     EXPECT_EQ(std::filesystem::file_size(path), 5U);
 }

@@ -266,7 +266,7 @@ constexpr BadLine kBadLines[] = {
     {"set audio.volume[0] = loud", "value 1 of audio.volume is a number, not 'loud'"},
     {"set audio.volume[0] = 101", "audio.volume goes from 0 to 100"},
     {"set audio.volume[0] = 99999999999", "value 1 of audio.volume is a number, not '99999999999'"},
-    {"set factory.passWord[0] = \"12", "a quote has no end"},
+    {"set factory.passWord[0] = \"12", "a quote is not closed"},
     {"get", "get takes STATE[KEY...]"},
     {"get audio.volume[0, 1]", "audio.volume has 1 key, not 2"},
     {"plug", "plug takes a source, or 'cec' and the logical address of a CEC device"},
@@ -279,29 +279,29 @@ constexpr BadLine kBadLines[] = {
     {"set audio.volume[speakr] = 1",
      "key 1 of audio.volume: 'speakr' is not one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, "
      "hdmi_arc, socoutput; nearest: speaker"},
-    {"set picture.currentPictureMode = 1", "picture.currentPictureMode follows from other states and cannot be set"},
-    {"set systemsetting.wakeupMode = 1", "systemsetting.wakeupMode follows from other states and cannot be set"},
+    {"set picture.currentPictureMode = 1", "picture.currentPictureMode is derived from other states and cannot be set"},
+    {"set systemsetting.wakeupMode = 1", "systemsetting.wakeupMode is derived from other states and cannot be set"},
     {"set systemsetting.eep[0] = 256", "a byte goes from 0 to 255, not 256"},
     {"get systemsetting.eep", "systemsetting.eep has 1 key, not 0"},
-    {"get systemsetting.eep[65536]", "addresses go from 0 to 65535, address 65536 or the block there goes beyond"},
+    {"get systemsetting.eep[65536]", "addresses go from 0 to 65535, address 65536 or the end of its block is outside"},
     {"get video.signalStatusSync[5]", "there is no source 5"},
     {"signal hdmi1", "signal takes a source, and then none, the name of a signal, or STATE=VALUE"},
     {"cec", "cec takes add FIELD=VALUE..., remove ADDRESS or play ADDRESS"},
     {"cec add logAddr=11", "cec add needs hdmiDevPort=NUMBER"},
-    {"cec add logAddr=11 logAddr=11", "the field 'logAddr' is there twice"},
+    {"cec add logAddr=11 logAddr=11", "the field 'logAddr' is given twice"},
     {"cec add logAdr=11",
      "a CEC device has no field 'logAdr'; nearest: logAddr; allowed: logAddr, hdmiDevPort, name, phyAddr, "
      "listText and plugged, each with =VALUE"},
     {"cec remove 9", "there is no CEC device with the logical address 9"},
-    {"key", "key takes a key code, and press or release if it is to be only that"},
+    {"key", "key takes a key code and, for only one of the two, press or release"},
     {"key power hold", "use of a key: 'hold' is not one of release, press"},
     {"event", "event takes an identifier, and the payload in hexadecimal, as @FILE, or as a text in quotes"},
-    {"event volume+65536", "what is added to the module of an event goes from 0 to 65535, not '65536'"},
+    {"event volume+65536", "the number added to the module of an event goes from 0 to 65535, not '65536'"},
     {"event 0x60001 012", "'012' is neither bytes in hexadecimal, nor @FILE, nor a text in quotes"},
-    {"event 0x60001 @/dev/null", "/dev/null is no regular file of at most 65536 bytes"},
+    {"event 0x60001 @/dev/null", "/dev/null is not a regular file of at most 65536 bytes"},
     {"vbi 0", "vbi takes a type from 1 to 65535 and the data in hexadecimal"},
-    {"vbi 1 00", "VBI is not initialised, open and registered for: nobody takes the block"},
-    {"faults all", "faults takes nothing"},
+    {"vbi 1 00", "VBI is not initialised, open and registered: no client takes the block"},
+    {"faults all", "faults takes no arguments"},
     {"power of", "power state: 'of' is not one of on, suspended, memory, normal, shallow, rebooting; nearest: on"},
 };
 
@@ -324,11 +324,12 @@ TEST(ControlComplaintsOfFiles, NameTheFile) {
 
 TEST(ControlComplaintsOfNames, ListWhatIsAllowed) {
     EXPECT_EQ(complaint("plug hdmi5").rfind("source: 'hdmi5' is not one of atv, ", 0), 0U);
-    EXPECT_EQ(complaint("signal hdmi1 1080p6").rfind("'1080p6' is no signal; nearest: 1080p60, ", 0), 0U);
+    EXPECT_EQ(complaint("signal hdmi1 1080p6").rfind("'1080p6' is not a signal; nearest: 1080p60, ", 0), 0U);
     EXPECT_EQ(complaint("key volum_up").rfind("key code: 'volum_up' is not one of ", 0), 0U);
     EXPECT_EQ(complaint("event volumx+1").rfind("event or module: 'volumx' is not one of ", 0), 0U);
-    EXPECT_EQ(complaint("event volumChanged").rfind("'volumChanged' is no event or module; nearest: volumeChanged", 0),
-              0U);
+    EXPECT_EQ(
+        complaint("event volumChanged").rfind("'volumChanged' is not an event or a module; nearest: volumeChanged", 0),
+        0U);
 }
 
 } // namespace

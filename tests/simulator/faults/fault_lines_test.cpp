@@ -67,14 +67,14 @@ TEST(FaultLines, ThatMakeNoSenseAreRefused) {
          "CMD_AUDIO_SETVOLUME_C, CMD_AUDIO_SETMUTE, CMD_AUDIO_GETMUTE"},
         {"CMD_NOTHING_* error -5", "there is no command or item 'CMD_NOTHING_*'"},
         {"0x99999 error -5", "there is no command 0x99999"},
-        {"any eror -5", "a fault knows no 'eror'; nearest: error; it takes from PID, nth N, once, times N and "
+        {"any eror -5", "a fault has no clause 'eror'; nearest: error; allowed: from PID, nth N, once, times N and "
                         "one of " +
                             effects},
         {"any error", "error takes a number from -2147483648 to 2147483647"},
         {"any error five", "error takes a number from -2147483648 to 2147483647, not 'five'"},
         {"any error 2147483648", "error takes a number from -2147483648 to 2147483647, not '2147483648'"},
-        {"any error -5 short 4", "'short' comes too late: the fault says that already"},
-        {"any error -5 once times 2", "'times' comes too late: the fault says that already"},
+        {"any error -5 short 4", "'short' repeats or contradicts an earlier clause"},
+        {"any error -5 once times 2", "'times' repeats or contradicts an earlier clause"},
         {"any nth 0 error -5", "nth takes a number from 1 to 2147483647, not '0'"},
         {"any from self error -5", "from takes a number from 1 to 2147483647, not 'self'"},
         {"any delay 200", "delay takes a time from 0ms to 3600s, like 200ms or 1.5s, not '200'"},
@@ -84,7 +84,8 @@ TEST(FaultLines, ThatMakeNoSenseAreRefused) {
         {"any die now", "die takes before or after, not 'now'"},
         {"any short -1", "short takes a number from 0 to 65536, not '-1'"},
         {"any long 65537", "long takes a number from 1 to 65536, not '65537'"},
-        {"any unterminated 3", "a fault knows no '3'; it takes from PID, nth N, once, times N and one of " + effects},
+        {"any unterminated 3",
+         "a fault has no clause '3'; allowed: from PID, nth N, once, times N and one of " + effects},
     };
     Faults faults;
     for (const auto& [line, complaint] : lines) {

@@ -101,7 +101,7 @@ TEST_F(ScenarioFile, IsCheckedAsAWholeBeforeItStarts) {
         {"at", ":2: at takes a time from 0ms to 3600s, like 200ms or 1.5s"},
         {"at noon plug 5", ":2: at takes a time from 0ms to 3600s, like 200ms or 1.5s"},
         {"after 2h plug 5", ":2: after takes a time from 0ms to 3600s, like 200ms or 1.5s"},
-        {"after 2s", ":2: 'after' has nothing to do then"},
+        {"after 2s", ":2: 'after' has no command after its time"},
         {"on", ":2: on takes a command, an item or any"},
         {"on CMD_AUDIO_GETVOLUNE",
          ":2: there is no command or item 'CMD_AUDIO_GETVOLUNE'; nearest: CMD_AUDIO_GETVOLUME"},

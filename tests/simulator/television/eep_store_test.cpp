@@ -103,12 +103,12 @@ TEST_F(EepStoreTest, RefusesAFileThatIsNoneOfItsOwnAndLeavesIt) {
     for (const std::size_t size : {std::size_t{0}, kFileSize - 1, kFileSize + 1}) {
         const std::string content(size, 'x');
         put(mPath, content);
-        EXPECT_EQ(complaint(), mPath + " is no EEP file: it must be a regular file of 131072 bytes");
+        EXPECT_EQ(complaint(), mPath + " is not an EEP file: it must be a regular file of 131072 bytes");
         EXPECT_EQ(contentOf(mPath), content);
     }
     ASSERT_EQ(::unlink(mPath.c_str()), 0);
     ASSERT_EQ(::mkfifo(mPath.c_str(), 0600), 0);
-    EXPECT_NE(complaint().find("is no EEP file"), std::string::npos);
+    EXPECT_NE(complaint().find("is not an EEP file"), std::string::npos);
 }
 
 TEST_F(EepStoreTest, RefusesAPlaceWhereThereCanBeNoFile) {

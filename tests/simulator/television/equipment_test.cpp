@@ -45,13 +45,13 @@ protected:
     Signal preset(const char* name) const { return mEquipment.configuration.signals().at(name); }
 
     /** The events in the order in which they would be published. */
-    std::vector<unsigned int> told() {
+    std::vector<unsigned int> published() {
         std::vector<unsigned int> events;
         for (const Change& change : mEquipment.state.takeChanges()) {
             events.push_back(change.event);
         }
-        for (const Notice& notice : std::exchange(mEquipment.notices, {})) {
-            events.push_back(notice.event);
+        for (const PublishedEvent& event : std::exchange(mEquipment.events, {})) {
+            events.push_back(event.identifier);
         }
         return events;
     }
@@ -74,30 +74,30 @@ using Events = std::vector<unsigned int>;
 
 TEST_F(Running, AnUnpluggedSourceLosesItsSignalInTheMainWindow) {
     ASSERT_EQ(set(kCurrent, numbers({kMain}), numbers({KELU_TV_SRC_HDMI2})), "");
-    told();
+    published();
     mSources.plug(KELU_TV_SRC_HDMI2, false);
-    EXPECT_EQ(told(), (Events{0x80001, 0x40002, 0x40003, 0x40004}));
+    EXPECT_EQ(published(), (Events{0x80001, 0x40002, 0x40003, 0x40004}));
     EXPECT_EQ(read(kStatus), numbers({0}));
     EXPECT_EQ(read("video.signalLock"), numbers({0}));
     EXPECT_EQ(read(kTiming), numbers({0, 0, 0, 0, 0, 0, 0, 0, 0}));
     EXPECT_EQ(read("sourcemanager.offlineSigStatus", numbers({KELU_TV_SRC_HDMI2})), numbers({0}));
     EXPECT_FALSE(isAvailable(KELU_TV_SRC_HDMI2));
     mSources.plug(KELU_TV_SRC_HDMI2, false);
-    EXPECT_EQ(told(), Events{});
+    EXPECT_EQ(published(), Events{});
     mSources.plug(KELU_TV_SRC_HDMI2, true);
-    EXPECT_EQ(told(), (Events{0x80001, 0x40002, 0x40003, 0x40004}));
+    EXPECT_EQ(published(), (Events{0x80001, 0x40002, 0x40003, 0x40004}));
     EXPECT_EQ(read(kTiming), numbers({3840, 2160, 60, 0, 1, 0, 1, 0, 0}));
     EXPECT_TRUE(isAvailable(KELU_TV_SRC_HDMI2));
 }
 
 TEST_F(Running, ASourceThatIsNotShownTellsOnlyOfItself) {
     mSources.plug(KELU_TV_SRC_HDMI1, false);
-    const Notices notices = std::exchange(mEquipment.notices, {});
-    ASSERT_EQ(notices.size(), 1U);
-    EXPECT_EQ(notices[0].event, 0x40004U);
-    EXPECT_EQ(notices[0].payload, wire::payloadOf({KELU_TV_SRC_HDMI1, 0, 0}));
-    EXPECT_EQ(notices[0].text, "KELU_TV_SRC_HDMI1 is unplugged, without a signal");
-    EXPECT_EQ(told(), Events{});
+    const PublishedEvents events = std::exchange(mEquipment.events, {});
+    ASSERT_EQ(events.size(), 1U);
+    EXPECT_EQ(events[0].identifier, 0x40004U);
+    EXPECT_EQ(events[0].payload, wire::payloadOf({KELU_TV_SRC_HDMI1, 0, 0}));
+    EXPECT_EQ(events[0].text, "KELU_TV_SRC_HDMI1 is unplugged, without a signal");
+    EXPECT_EQ(published(), Events{});
     EXPECT_EQ(read("sourcemanager.sourceList").size(), 13U);
     ASSERT_EQ(set(kCurrent, numbers({kMain}), numbers({KELU_TV_SRC_HDMI1})), "");
     EXPECT_EQ(read(kStatus), numbers({0}));
@@ -105,23 +105,23 @@ TEST_F(Running, ASourceThatIsNotShownTellsOnlyOfItself) {
 
 TEST_F(Running, ASignalThatChangesIsShownAtOnce) {
     mSources.setSignal(KELU_TV_SRC_ATV, preset("ntsc"));
-    EXPECT_EQ(told(), Events{0x40003});
+    EXPECT_EQ(published(), Events{0x40003});
     EXPECT_EQ(read("picture.realColorSystem"), numbers({KELU_TV_CLRSYS_NTSC}));
     EXPECT_EQ(read("video.mode625"), numbers({0}));
     mSources.setSignal(KELU_TV_SRC_ATV, mEquipment.configuration.noSignal());
-    EXPECT_EQ(told(), (Events{0x40002, 0x40003, 0x40004}));
+    EXPECT_EQ(published(), (Events{0x40002, 0x40003, 0x40004}));
     EXPECT_FALSE(mSources.hasSignal(KELU_TV_SRC_ATV));
     EXPECT_TRUE(mSources.isPlugged(KELU_TV_SRC_ATV));
     mSources.setSignal(KELU_TV_SRC_HDMI4, preset("2160p60-hdr10"));
-    EXPECT_EQ(told(), Events{0x40004});
+    EXPECT_EQ(published(), Events{0x40004});
     EXPECT_TRUE(isAvailable(KELU_TV_SRC_HDMI4));
 }
 
 TEST_F(Running, ASignalThatChangesUnpluggedWaitsForThePlug) {
     mSources.plug(KELU_TV_SRC_ATV, false);
-    told();
+    published();
     mSources.setSignal(KELU_TV_SRC_ATV, preset("1080p60"));
-    EXPECT_EQ(told(), Events{});
+    EXPECT_EQ(published(), Events{});
     mSources.plug(KELU_TV_SRC_ATV, true);
     EXPECT_EQ(read(kTiming), preset("1080p60").at(wire::findState(kTiming)));
 }
@@ -136,11 +136,11 @@ TEST_F(Running, ADeselectedSourceStaysDark) {
 
 TEST_F(Running, CecDevicesComeAndGo) {
     EXPECT_EQ(mEquipment.cec.add(kPlayer), std::nullopt);
-    EXPECT_EQ(told(), Events{0x1A0001});
+    EXPECT_EQ(published(), Events{0x1A0001});
     EXPECT_EQ(mEquipment.cec.devices().back().name, "Second player");
     EXPECT_TRUE(mEquipment.cec.select(11));
     EXPECT_TRUE(mEquipment.cec.remove(11));
-    EXPECT_EQ(told(), (Events{0x1A0002, 0x1A0001, 0x1A0002}));
+    EXPECT_EQ(published(), (Events{0x1A0002, 0x1A0001, 0x1A0002}));
     EXPECT_EQ(mEquipment.cec.playing(), 0);
     EXPECT_EQ(mEquipment.cec.all().size(), 4U);
     EXPECT_FALSE(mEquipment.cec.remove(11));
@@ -159,7 +159,7 @@ TEST_F(Running, CecDevicesThatCannotBeAreNotAdded) {
     device.hdmiDevPort = -1;
     EXPECT_EQ(mEquipment.cec.add(device), "hdmiDevPort is the number of a port, it cannot be -1");
     EXPECT_EQ(mEquipment.cec.all().size(), 4U);
-    EXPECT_EQ(told(), Events{});
+    EXPECT_EQ(published(), Events{});
 }
 
 TEST_F(Running, StatesThatCannotBeAreNotSet) {
@@ -171,8 +171,8 @@ TEST_F(Running, StatesThatCannotBeAreNotSet) {
     EXPECT_EQ(set(kCurrent, numbers({kMain}), numbers({5})), "there is no source 5");
     EXPECT_EQ(set(kCurrent, numbers({kMain}), {}), "sourcemanager.curSource takes one source");
     EXPECT_EQ(set("sourcemanager.sourceList", {}, numbers({1})),
-              "sourcemanager.sourceList follows from other states and cannot be set");
-    EXPECT_EQ(told(), Events{});
+              "sourcemanager.sourceList is derived from other states and cannot be set");
+    EXPECT_EQ(published(), Events{});
     EXPECT_EQ(mEquipment.revision.number(), 0U);
 }
 
@@ -226,7 +226,7 @@ TEST_F(Running, KeepsEverythingInAText) {
     EXPECT_EQ(other.cec.playing(), 11);
     EXPECT_EQ(other.power.state(), PowerState::SuspendedToMemory);
     EXPECT_EQ(other.power.wakeupMode(), 7);
-    EXPECT_TRUE(other.notices.empty());
+    EXPECT_TRUE(other.events.empty());
     EXPECT_TRUE(other.state.takeChanges().empty());
 }
 
@@ -265,7 +265,7 @@ constexpr char kGoodState[] = R"({"format": "kelutv simulator state 1",
 
 constexpr BadState kBadStates[] = {
     {"OtherFormat", "state 1", "state 2",
-     "state.json: this is no state of a simulator: its format is not 'kelutv simulator state 1'"},
+     "state.json: this is not the state of a simulator: its format is not 'kelutv simulator state 1'"},
     {"MemberTooMuch", "\"mainWindowShown\": true", "\"mainWindowShown\": true, \"colour\": 1",
      "state.json: /colour: there is no 'colour' here, only format, settings, sources, mainWindowShown, cecDevices, "
      "cecPlaying, power"},
@@ -281,7 +281,7 @@ constexpr BadState kBadStates[] = {
     {"BadReal", "[35]", "[{\"real\": \"big\"}]",
      "state.json: /settings/0/value/0/real: nan, inf or -inf is needed, not \"big\""},
     {"StateTwice", "[35]}", "[35]}, {\"state\": \"audio.volume\", \"key\": [0], \"value\": [3]}",
-     "state.json: /settings/1: audio.volume stands twice with this key"},
+     "state.json: /settings/1: audio.volume is given twice with this key"},
     {"UnknownSource", "KELU_TV_SRC_HDMI1", "KELU_TV_SRC_HDMI9",
      "state.json: /sources/0/source: 'KELU_TV_SRC_HDMI9' is not one of atv, dig1, dig2, cvbs1, cvbs2, cvbs3, vga, "
      "ypbpr1, "

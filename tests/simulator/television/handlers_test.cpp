@@ -87,15 +87,15 @@ constexpr char kConfiguration[] = R"({"cec": {"arcPort": 1, "devices": [
 
 using Words = std::vector<std::int32_t>;
 
-struct Told {
+struct Published {
     unsigned int event;
     Words words;
 
-    bool operator==(const Told& other) const { return event == other.event && words == other.words; }
+    bool operator==(const Published& other) const { return event == other.event && words == other.words; }
 };
 
-std::ostream& operator<<(std::ostream& out, const Told& told) {
-    return out << std::hex << told.event << std::dec << ::testing::PrintToString(told.words);
+std::ostream& operator<<(std::ostream& out, const Published& published) {
+    return out << std::hex << published.event << std::dec << ::testing::PrintToString(published.words);
 }
 
 constexpr unsigned int kPlugged = 0x1A0001;
@@ -124,12 +124,12 @@ protected:
         return mTelevision.operate([&line](Equipment& equipment) { return obey(equipment, line); }).text;
     }
 
-    std::vector<Told> told() {
-        std::vector<Told> all;
-        for (const Notice& notice : mTelevision.takeNotices()) {
-            Words words(notice.payload.size() / sizeof(std::int32_t));
-            std::memcpy(words.data(), notice.payload.data(), words.size() * sizeof(words[0]));
-            all.push_back({notice.event, words});
+    std::vector<Published> published() {
+        std::vector<Published> all;
+        for (const PublishedEvent& event : mTelevision.takeEvents()) {
+            Words words(event.payload.size() / sizeof(std::int32_t));
+            std::memcpy(words.data(), event.payload.data(), words.size() * sizeof(words[0]));
+            all.push_back({event.identifier, words});
         }
         return all;
     }
@@ -138,7 +138,7 @@ protected:
         send(CMD_TV_TTX_INIT);
         send(CMD_TV_TTX_OPEN);
         send(CMD_TV_TTX_REGISTCALLBACK);
-        mTelevision.takeNotices();
+        mTelevision.takeEvents();
     }
 
     Television mTelevision{Configuration::fromText(kConfiguration, "test.json")};
@@ -195,7 +195,7 @@ TEST_F(Handlers, RebootLosesWhatWasNotFlushed) {
     EXPECT_EQ(send(CMD_SYSTEM_COMMON_SET_ITEM_VALUE, {CMDID_SYSTEM_REBOOT}), replyOf({0}));
     EXPECT_EQ(send(CMD_SYSTEM_GETFLASHEEPBYTE, {1}), replyOf({0, 11}));
     EXPECT_EQ(send(CMD_SYSTEM_GETEEPBYTE, {1}), replyOf({0, 13}));
-    EXPECT_EQ(told(), (std::vector<Told>{{kPower, {5}}, {kPower, {0}}}));
+    EXPECT_EQ(published(), (std::vector<Published>{{kPower, {5}}, {kPower, {0}}}));
     EXPECT_EQ(send(CMD_SYSTEM_GETLASTPOWEROFFMODE), replyOf({0, 5}));
 }
 
@@ -210,7 +210,7 @@ TEST_F(Handlers, PowerStatesAreToldOfOnce) {
         EXPECT_EQ(send(command), replyOf({0}));
         EXPECT_EQ(send(CMD_SYSTEM_GETLASTPOWEROFFMODE), replyOf({0, state}));
         EXPECT_EQ(send(CMD_SYSTEM_RESUME, {state * 10}), replyOf({0}));
-        EXPECT_EQ(told(), (std::vector<Told>{{kPower, {state}}, {kPower, {0}}}));
+        EXPECT_EQ(published(), (std::vector<Published>{{kPower, {state}}, {kPower, {0}}}));
         EXPECT_EQ(send(CMD_SYSTEM_GETWAKEUPMODE), replyOf({0, state * 10}));
         EXPECT_EQ(send(CMD_SYSTEM_GETLASTPOWEROFFMODE), replyOf({0, state}));
     }
@@ -219,9 +219,9 @@ TEST_F(Handlers, PowerStatesAreToldOfOnce) {
 TEST_F(Handlers, EveryResumeWakesUp) {
     for (const int command : {CMD_SYSTEM_SET_STR_RESUME, CMD_SYSTEM_SET_SHALLOW_RESUME}) {
         send(CMD_SYSTEM_SUSPEND);
-        told();
+        published();
         EXPECT_EQ(send(command), replyOf({0}));
-        EXPECT_EQ(told(), (std::vector<Told>{{kPower, {0}}}));
+        EXPECT_EQ(published(), (std::vector<Published>{{kPower, {0}}}));
     }
 }
 
@@ -244,7 +244,7 @@ TEST_F(Handlers, PluggingIsToldOfOnce) {
     EXPECT_EQ(control("plug 8"), "");
     EXPECT_EQ(control("unplug 8"), "");
     EXPECT_EQ(control("unplug 8"), "");
-    EXPECT_EQ(told(), (std::vector<Told>{{kPlugged, {8, 1, 1}}, {kPlugged, {8, 1, 0}}}));
+    EXPECT_EQ(published(), (std::vector<Published>{{kPlugged, {8, 1, 1}}, {kPlugged, {8, 1, 0}}}));
 }
 
 TEST_F(Handlers, ASelectedCecDevicePlaysUntilItIsUnplugged) {
@@ -258,10 +258,10 @@ TEST_F(Handlers, ASelectedCecDevicePlaysUntilItIsUnplugged) {
     EXPECT_EQ(send(CMD_CEC_GET_PLAYING_DEVICE_LOGADDR), replyOf({0, 4}));
     EXPECT_EQ(control("unplug 4"), "");
     EXPECT_EQ(send(CMD_CEC_GET_PLAYING_DEVICE_LOGADDR), replyOf({0, 0}));
-    EXPECT_EQ(told(), (std::vector<Told>{{kPlays, {4}}, {kPlugged, {4, 0, 0}}, {kPlays, {0}}}));
+    EXPECT_EQ(published(), (std::vector<Published>{{kPlays, {4}}, {kPlugged, {4, 0, 0}}, {kPlays, {0}}}));
     EXPECT_EQ(send(CMD_CEC_ACTIVATE_CEC_DEVICE, {5}), replyOf({0, 0}));
     EXPECT_EQ(send(CMD_CEC_ACTIVATE_CEC_DEVICE, {0}), replyOf({0, 0}));
-    EXPECT_EQ(told(), (std::vector<Told>{{kPlays, {5}}, {kPlays, {0}}}));
+    EXPECT_EQ(published(), (std::vector<Published>{{kPlays, {5}}, {kPlays, {0}}}));
 }
 
 TEST_F(Handlers, ArcIsActiveWhileAnAudioSystemHangsOnItsPort) {
@@ -282,21 +282,21 @@ TEST_F(Handlers, TeletextGreetsOnceItIsAskedForInWhateverOrder) {
     for (const std::vector<int>& order : orders) {
         EXPECT_EQ(send(order[0]), replyOf({0}));
         EXPECT_EQ(send(order[1]), replyOf({0}));
-        EXPECT_EQ(told(), std::vector<Told>{});
+        EXPECT_EQ(published(), std::vector<Published>{});
         EXPECT_EQ(send(order[2]), replyOf({0}));
-        const Notices greeting = mTelevision.takeNotices();
+        const PublishedEvents greeting = mTelevision.takeEvents();
         ASSERT_EQ(greeting.size(), 4U);
-        for (const Notice& notice : greeting) {
-            EXPECT_EQ(notice.event, kBlockOfTypeOne);
-            EXPECT_EQ(notice.payload.substr(0, 4), std::string("\x2a\0\0\0", 4));
-            EXPECT_EQ(notice.payload.size(), 46U);
+        for (const PublishedEvent& event : greeting) {
+            EXPECT_EQ(event.identifier, kBlockOfTypeOne);
+            EXPECT_EQ(event.payload.substr(0, 4), std::string("\x2a\0\0\0", 4));
+            EXPECT_EQ(event.payload.size(), 46U);
         }
         // Row 0 of magazine 1, then row 1; the text has odd parity.
         EXPECT_EQ(greeting[0].payload.substr(4, 2), "\x02\x15");
         EXPECT_EQ(greeting[1].payload.substr(4, 2), "\xC7\x15");
         EXPECT_EQ(greeting[2].payload.substr(6, 6), "\x20\x20\x54\x68\xE9\x73");
         EXPECT_EQ(send(order[2]), replyOf({0}));
-        EXPECT_EQ(told(), std::vector<Told>{});
+        EXPECT_EQ(published(), std::vector<Published>{});
         send(CMD_TV_TTX_UNREGISTCALLBACK);
         send(CMD_TV_TTX_CLOSE);
         send(CMD_TV_TTX_DEINIT);
@@ -307,7 +307,7 @@ TEST_F(Handlers, VbiLinesReachTheClient) {
     startTeletext();
     EXPECT_EQ(control("vbi 1 0a00FF7f"), "");
     EXPECT_EQ(control("vbi 65535"), "");
-    EXPECT_EQ(told(), (std::vector<Told>{{kBlockOfTypeOne, {4, 0x7fff000a}}, {0x12FFFF, {0}}}));
+    EXPECT_EQ(published(), (std::vector<Published>{{kBlockOfTypeOne, {4, 0x7fff000a}}, {0x12FFFF, {0}}}));
 }
 
 TEST_F(Handlers, VbiEndsWithAnyOfItsThreeConditions) {
@@ -316,10 +316,10 @@ TEST_F(Handlers, VbiEndsWithAnyOfItsThreeConditions) {
           std::pair(CMD_TV_TTX_UNREGISTCALLBACK, CMD_TV_TTX_REGISTCALLBACK)}) {
         startTeletext();
         EXPECT_EQ(send(off), replyOf({0}));
-        EXPECT_EQ(control("vbi 1 00"), "VBI is not initialised, open and registered for: nobody takes the block");
-        EXPECT_EQ(told(), std::vector<Told>{});
+        EXPECT_EQ(control("vbi 1 00"), "VBI is not initialised, open and registered: no client takes the block");
+        EXPECT_EQ(published(), std::vector<Published>{});
         send(on);
-        mTelevision.takeNotices();
+        mTelevision.takeEvents();
         EXPECT_EQ(control("vbi 1 00"), "");
     }
 }
@@ -327,16 +327,16 @@ TEST_F(Handlers, VbiEndsWithAnyOfItsThreeConditions) {
 TEST_F(Handlers, AVbiBlockFitsAnEvent) {
     startTeletext();
     EXPECT_EQ(control("vbi 1 " + std::string(2 * 65532, '0')), "");
-    EXPECT_EQ(told().size(), 1U);
+    EXPECT_EQ(published().size(), 1U);
     EXPECT_EQ(control("vbi 1 " + std::string(2 * 65533, '0')), "a VBI block holds at most 65532 bytes");
-    EXPECT_EQ(told().size(), 0U);
+    EXPECT_EQ(published().size(), 0U);
 }
 
 TEST_F(Handlers, ControlLinesThatSayNothingDoNothing) {
     for (const char* const line : {"", "   \t", "# plug 8", "#plug 8"}) {
         EXPECT_EQ(control(line), "");
     }
-    EXPECT_EQ(told(), std::vector<Told>{});
+    EXPECT_EQ(published(), std::vector<Published>{});
 }
 
 TEST_F(Handlers, BadControlLinesAreRefused) {
@@ -354,7 +354,7 @@ TEST_F(Handlers, BadControlLinesAreRefused) {
          {"vbi", "vbi 0 00", "vbi 65536 00", "vbi -1 00", "vbi 1 0", "vbi 1 0g", "vbi 1 00 00", "vbi x 00"}) {
         EXPECT_EQ(control(line), "vbi takes a type from 1 to 65535 and the data in hexadecimal") << line;
     }
-    EXPECT_EQ(told(), std::vector<Told>{});
+    EXPECT_EQ(published(), std::vector<Published>{});
 }
 
 } // namespace

@@ -146,10 +146,10 @@ TEST_F(StateFile, IsWholeWheneverTheSimulatorIsKilled) {
 
 TEST_F(StateFile, OfAnotherKindIsRefusedAndLeftAlone) {
     expectRefused("",
-                  ": this is no JSON: parse error at line 1, column 1: syntax error while parsing value - unexpected "
+                  ": this is not JSON: parse error at line 1, column 1: syntax error while parsing value - unexpected "
                   "end of input; expected '[', '{', or a literal");
-    expectRefused("{}", ": this is no state of a simulator: its format is not 'kelutv simulator state 1'");
-    expectRefused("[1]", ": this is no state of a simulator: its format is not 'kelutv simulator state 1'");
+    expectRefused("{}", ": this is not the state of a simulator: its format is not 'kelutv simulator state 1'");
+    expectRefused("[1]", ": this is not the state of a simulator: its format is not 'kelutv simulator state 1'");
 }
 
 TEST_F(StateFile, CutShortIsRefused) {

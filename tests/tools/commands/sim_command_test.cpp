@@ -141,7 +141,7 @@ TEST_F(SimCommand, SaysWhenThereIsNoSimulator) {
         EXPECT_EQ(run.exit, 3);
         EXPECT_EQ(run.output, "");
         EXPECT_EQ(run.error,
-                  "kelutv: no simulator is running (nobody listens at " + mRuntimeDir.path() + "/simulator/control)\n");
+                  "kelutv: no simulator is running (nothing listens at " + mRuntimeDir.path() + "/simulator/control)\n");
     }
 }
 

@@ -1,4 +1,4 @@
-#include "simulator/faults/Spoil.h"
+#include "simulator/faults/ReplyCorruption.h"
 
 #include <algorithm>
 #include <cstring>
@@ -58,7 +58,7 @@ void change(std::string& bytes, const Effect& effect, const wire::Request& reque
 
 } // namespace
 
-void spoil(const Effect& effect, const wire::Request& request, const wire::Reply& reply, android::Parcel& parcel) {
+void corrupt(const Effect& effect, const wire::Request& request, const wire::Reply& reply, android::Parcel& parcel) {
     std::string bytes(reinterpret_cast<const char*>(parcel.data()), parcel.dataSize());
     change(bytes, effect, request, reply);
     parcel.setData(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());

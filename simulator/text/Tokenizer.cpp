@@ -1,19 +1,15 @@
-#include "simulator/text/ControlWords.h"
+#include "simulator/text/Tokenizer.h"
 
-#include "simulator/text/Words.h"
+#include "simulator/text/Numbers.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstring>
-#include <string_view>
+#include <sstream>
 
 namespace kelutv::simulator {
 
 namespace {
 
 constexpr char kBlanks[] = " \t\r";
-
-bool isHexadecimal(const std::string& word) { return word.rfind("0x", 0) == 0 || word.rfind("0X", 0) == 0; }
 
 /** The end of what is in the quotes that open at `at`: one behind the closing one. */
 std::size_t endOfQuotes(const std::string& text, std::size_t at) {
@@ -24,7 +20,7 @@ std::size_t endOfQuotes(const std::string& text, std::size_t at) {
             return i + 1;
         }
     }
-    throw BadLine("a quote has no end");
+    throw BadLine("a quote is not closed");
 }
 
 /** Reads one character, maybe an escaped one, and moves behind it. */
@@ -32,7 +28,7 @@ char characterAt(const std::string& text, std::size_t& at) {
     if (text[at] != '\\') {
         return text[at++];
     }
-    if (const auto byte = text[at + 1] == 'x' ? numberOf<unsigned int>(text.substr(at + 2, 2), 16) : std::nullopt) {
+    if (const auto byte = text[at + 1] == 'x' ? byteOf(text.substr(at + 2, 2)) : std::nullopt) {
         at += 4;
         return static_cast<char>(*byte);
     }
@@ -53,7 +49,7 @@ std::size_t findOutsideQuotes(const std::string& text, char wanted) {
 
 } // namespace
 
-std::string ControlWord::text() const {
+std::string Token::text() const {
     std::string text;
     bool isInQuotes = false;
     for (std::size_t i = 0; i < raw.size();) {
@@ -67,20 +63,20 @@ std::string ControlWord::text() const {
     return text;
 }
 
-ControlWords wordsIn(const std::string& text, const char* separators) {
-    ControlWords words;
+Tokens tokensOf(const std::string& text, const char* separators) {
+    Tokens tokens;
     std::size_t begin = 0;
     for (std::size_t i = 0; i <= text.size();) {
         if (i == text.size() || std::strchr(separators, text[i]) != nullptr) {
             if (i > begin) {
-                words.push_back({text.substr(begin, i - begin)});
+                tokens.push_back({text.substr(begin, i - begin)});
             }
             begin = ++i;
         } else {
             i = text[i] == '"' ? endOfQuotes(text, i) : i + 1;
         }
     }
-    return words;
+    return tokens;
 }
 
 Assignment assignmentOf(const std::string& text) {
@@ -88,48 +84,23 @@ Assignment assignmentOf(const std::string& text) {
     const std::size_t equals = findOutsideQuotes(text, '=');
     std::string target = trimmed(text.substr(0, equals));
     if (equals != std::string::npos) {
-        assignment.values = wordsIn(text.substr(equals + 1), ", \t\r");
+        assignment.values = tokensOf(text.substr(equals + 1), ", \t\r");
     }
     const std::size_t bracket = findOutsideQuotes(target, '[');
     if (bracket != std::string::npos) {
         if (target.back() != ']') {
             throw BadLine("the keys of '" + target + "' have no closing bracket");
         }
-        assignment.indexes = wordsIn(target.substr(bracket + 1, target.size() - bracket - 2), ", \t\r");
+        assignment.indexes = tokensOf(target.substr(bracket + 1, target.size() - bracket - 2), ", \t\r");
         target = trimmed(target.substr(0, bracket));
     }
     assignment.name = target;
     return assignment;
 }
 
-std::optional<std::string> bytesOf(const std::string& hex) {
-    std::string digits = isHexadecimal(hex) ? hex.substr(2) : hex;
-    digits.erase(std::remove(digits.begin(), digits.end(), ':'), digits.end());
-    std::string bytes;
-    for (std::size_t i = 0; i < digits.size(); i += 2) {
-        const auto byte = numberOf<unsigned int>(digits.substr(i, 2), 16);
-        if (!byte || i + 1 == digits.size()) {
-            return std::nullopt;
-        }
-        bytes += static_cast<char>(*byte);
-    }
-    return bytes;
-}
-
-std::int32_t integerOf(const std::string& word, const wire::Names& names, const std::string& what) {
-    if (const auto number = wire::int32Of(word)) {
-        return *number;
-    }
-    try {
-        return names.valueOf(word);
-    } catch (const wire::UnknownName& error) {
-        throw BadLine(what + ": " + error.what());
-    }
-}
-
 std::string unwrapped(const std::string& text) {
-    const ControlWords words = wordsIn(text);
-    return words.size() == 1 && words[0].raw[0] == '"' ? words[0].text() : text;
+    const Tokens tokens = tokensOf(text);
+    return tokens.size() == 1 && tokens[0].raw[0] == '"' ? tokens[0].text() : text;
 }
 
 std::string trimmed(const std::string& text) {
@@ -137,20 +108,13 @@ std::string trimmed(const std::string& text) {
     return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
-std::string joinedLines(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += (text.empty() ? "" : "\n") + line;
+std::vector<std::string> wordsOf(const std::string& line) {
+    std::istringstream text(line);
+    std::vector<std::string> words;
+    for (std::string word; text >> word;) {
+        words.push_back(word);
     }
-    return text;
-}
-
-std::string listed(const std::vector<std::string>& names) {
-    std::string result;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        result += (i == 0 ? "" : i + 1 == names.size() ? " and " : ", ") + names[i];
-    }
-    return result;
+    return words;
 }
 
 } // namespace kelutv::simulator

@@ -1,4 +1,4 @@
-#include "simulator/faults/Ending.h"
+#include "simulator/faults/ProcessExit.h"
 
 #include <unistd.h>
 
@@ -15,7 +15,7 @@ namespace {
 constexpr int kMostLooks = 200;
 constexpr std::chrono::milliseconds kBetweenLooks{10};
 
-/** What the kernel says of a thread: its state and how often it has run. */
+/** The state of a thread and how often it has run, as the kernel reports it. */
 std::string statusOf(pid_t thread) {
     std::ifstream file("/proc/self/task/" + std::to_string(thread) + "/status");
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -24,8 +24,8 @@ std::string statusOf(pid_t thread) {
 /** Asleep, or gone with its caller. */
 bool isIdle(const std::string& status) { return status.empty() || status.find("State:\tS") != std::string::npos; }
 
-/** Nobody tells that a reply is out; the thread that has not run since the last look shows it. */
-[[noreturn]] void endWhenIdle(pid_t thread) {
+/** Nothing reports that a reply is out; that the thread has not run since the last look shows it. */
+[[noreturn]] void exitWhenIdle(pid_t thread) {
     std::string before;
     for (int look = 0; look < kMostLooks; ++look) {
         const std::string now = statusOf(thread);
@@ -35,11 +35,11 @@ bool isIdle(const std::string& status) { return status.empty() || status.find("S
         before = now;
         std::this_thread::sleep_for(kBetweenLooks);
     }
-    ::_exit(kEndedByFault);
+    ::_exit(kFaultExitCode);
 }
 
 } // namespace
 
-void endWhenAnswered() { std::thread(endWhenIdle, ::gettid()).detach(); }
+void exitWhenAnswered() { std::thread(exitWhenIdle, ::gettid()).detach(); }
 
 } // namespace kelutv::simulator
