@@ -13,7 +13,7 @@
 
 namespace kelutv::simulator {
 
-/** What the command line says. */
+/** The options of the command line. */
 struct Options {
     bool trace = false;
     bool ui = false;
@@ -27,20 +27,20 @@ struct Options {
     bool exitAtEnd = false;
 };
 
-/** The simulator as a program: a television that is served until a signal, or its scenario, ends it. */
+/** The simulator as a program: a television that is served until a signal or the end of its scenario. */
 class Program {
 public:
     /** @throws ScenarioError, ConfigurationError */
     explicit Program(const Options& options);
 
-    /** Gives the exit code. */
+    /** @return the exit code */
     int run();
 
 private:
     Service::Watchers watchers() const;
     bool addFaults();
     bool serve();
-    /** Carries a line out and prints its data; gives what is wrong with it. */
+    /** Carries out a line and prints its data. @return what is wrong with it, if anything */
     std::optional<std::string> obey(const std::string& line);
     void obeyFile(const std::string& line);
     void begin();

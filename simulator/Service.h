@@ -31,7 +31,7 @@ public:
     /** Carries out a line of the control channel. */
     Answer control(const std::string& line);
 
-    /** Notifies the watchers of what the television is like now. */
+    /** Notifies the watchers of the present state of the television. */
     void show();
 
 protected:

@@ -8,7 +8,7 @@ namespace kelutv::simulator {
 
 namespace {
 
-/** `1.0.0.0`: four hexadecimal digits apart by dots. */
+/** `1.0.0.0`: four hexadecimal digits separated by dots. */
 bool isPhysicalAddress(const std::string& text) {
     constexpr std::size_t kLength = 7;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -20,10 +20,10 @@ struct CecDevice {
     bool plugged;
 };
 
-/** What cannot be of a device; none when all is well. */
+/** What is wrong with a device, if anything. */
 std::optional<std::string> objectionTo(const CecDevice& device);
 
-/** A list of devices. @throws ConfigurationError for what cannot be, and when two have one address */
+/** A list of devices. @throws ConfigurationError for a wrong device, and when two have one address */
 std::vector<CecDevice> readCecDevices(const JsonNode& node);
 
 nlohmann::json jsonOf(const CecDevice& device);

@@ -10,10 +10,10 @@
 
 namespace kelutv::simulator {
 
-/** What a signal puts into each of the states that show it. */
+/** The values that a signal gives to each of the states that show it. */
 using Signal = std::map<const wire::StateKey*, wire::Values>;
 
-/** Both belong to it. */
+/** Includes both ends. */
 struct Range {
     std::int32_t low;
     std::int32_t high;
@@ -27,7 +27,7 @@ struct StateSettings {
     std::optional<Range> range;
     /** Published when the value changes; 0 for none. */
     unsigned int event = 0;
-    /** Shows something of the signal of the main window's source. */
+    /** Shows the signal of the main window's source. */
     bool ofSignal = false;
     bool indexIsSource = false;
     bool valueIsSource = false;
@@ -35,7 +35,7 @@ struct StateSettings {
     const wire::Values& initialFor(const wire::Values& indexes) const;
 };
 
-/** An input of the television and what comes down its line. */
+/** An input of the television and its signal. */
 struct SourceSettings {
     /** Its enumerator, as the configuration names it. */
     std::string name;
@@ -61,10 +61,10 @@ public:
     /** The one that comes with the program. */
     static Configuration standard();
 
-    /** What the file says over the standard one. @throws ConfigurationError */
+    /** The standard one overlaid with a file. @throws ConfigurationError */
     static Configuration fromFile(const std::string& path);
 
-    /** What the JSON text says and nothing else; complaints name it as the file. @throws ConfigurationError */
+    /** From JSON text alone; errors name `file`. @throws ConfigurationError */
     static Configuration fromText(const std::string& text, const std::string& file);
 
     const StateSettings& settings(const wire::StateKey& key) const;

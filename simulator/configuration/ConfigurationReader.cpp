@@ -17,7 +17,7 @@ namespace {
 
 constexpr char kCurrentSource[] = "sourcemanager.curSource";
 
-/** The states of a module without its name. */
+/** The states of a module, without the name of the module. */
 std::vector<std::string> statesOf(const std::string& module) {
     std::vector<std::string> names;
     for (const wire::StateKey& key : wire::allStates()) {
@@ -153,7 +153,7 @@ private:
         return found->second;
     }
 
-    /** What a signal does not name is zero. */
+    /** States that a signal does not name are zero. */
     void complete() {
         const Signal nothing = Configuration(mParts).noSignal();
         for (auto& signal : mParts.signals) {
@@ -177,7 +177,7 @@ private:
         mParts.cecDevices = readCecDevices(cec.at("devices"));
     }
 
-    /** What shows a signal starts with that of the source that is current at first. */
+    /** The states that show a signal start with that of the source that is current at first. */
     void showFirstSignal() {
         const Configuration nothingShown(mParts);
         Signal first = nothingShown.noSignal();

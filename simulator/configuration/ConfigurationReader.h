@@ -5,8 +5,8 @@
 namespace kelutv::simulator {
 
 /**
- * Reads a configuration that leaves nothing open: states, sources, signals and CEC devices, held against the catalogue.
- * @throws ConfigurationError for what cannot be, with the place and what is allowed
+ * Reads a whole configuration: states, sources, signals and CEC devices, checked against the catalogue.
+ * @throws ConfigurationError for what is wrong, with the place and what is allowed
  */
 Configuration readConfiguration(const JsonNode& root);
 

@@ -13,7 +13,7 @@ namespace kelutv::simulator {
 
 namespace {
 
-/** Of an enumerator of any enumeration by its full name, or of one of these names. */
+/** The value of an enumerator of any enumeration, by its full name, or of one of these names. */
 std::int32_t valueNamed(const JsonNode& place, const std::string& name, const wire::Enumeration* names) {
     if (const wire::Enumerator* const found = wire::findEnumerator(name)) {
         return found->value;

@@ -22,7 +22,7 @@ const wire::StateKey& readStateName(const JsonNode& place, const std::string& na
 /** One value or a list of them, of the kind that the state holds; the name of an enumerator stands for its number. */
 wire::Values readValues(const JsonNode& node, const wire::StateKey& key);
 
-/** What a configuration says of one state: `initial`, `range`, `event`, `source`. @throws ConfigurationError */
+/** The settings of one state: `initial`, `range`, `event`, `source`. @throws ConfigurationError */
 StateSettings readStateSettings(const JsonNode& node, const wire::StateKey& key);
 
 } // namespace kelutv::simulator

@@ -4,7 +4,7 @@
 
 namespace kelutv::simulator {
 
-/** What a line of the control channel gave: data of any number of lines, or what is wrong with it. */
+/** The answer to a line of the control channel: data of any number of lines, or what is wrong with the line. */
 struct Answer {
     bool ok = true;
     std::string text;

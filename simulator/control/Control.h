@@ -14,7 +14,7 @@ namespace kelutv::simulator {
  */
 Answer obey(Equipment& equipment, const std::string& line);
 
-/** What is wrong with a line as far as can be said without doing it: its verb. */
+/** What is wrong with a line, if anything, as far as its verb shows without carrying it out. */
 std::optional<std::string> objectionToLine(const std::string& line);
 
 } // namespace kelutv::simulator

@@ -1,4 +1,4 @@
-// What is plugged in, and the signals.
+// The verbs of the inputs: plug, unplug, signal and cec.
 
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"
@@ -73,7 +73,7 @@ void changeState(const Equipment& equipment, Signal& signal, const std::string& 
     signal[&key] = std::move(values);
 }
 
-/** The fields of a device with what most devices have. */
+/** A device with the fields that most devices have. */
 CecDevice deviceWith(std::int32_t address, std::int32_t port) {
     const std::string input = std::to_string(std::int64_t{port} + 1);
     return {address, port, "CEC device " + std::to_string(address), input + ".0.0.0", "", true};
@@ -137,7 +137,8 @@ bool isSame(const CecDevice& one, const CecDevice& other) {
            one.phyAddr == other.phyAddr && one.listText == other.listText;
 }
 
-/** A device that is there already is only plugged in or unplugged, so that what was shown can be said again. */
+/** A device that is there already is only plugged in or unplugged, so that the lines of show can be carried out again.
+ */
 void addDevice(CecBus& cec, const CecDevice& device) {
     for (const CecDevice& known : cec.all()) {
         if (isSame(known, device)) {

@@ -9,7 +9,7 @@ namespace kelutv::simulator {
 /**
  * Reads lines for the control channel from a file, in a thread of its own, until the file or the object ends.
  *
- * What is longer than `kLongestLine` is not handed on.
+ * Lines longer than `kLongestLine` are dropped.
  */
 class ControlReader {
 public:

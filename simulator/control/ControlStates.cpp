@@ -1,4 +1,4 @@
-// States by name: set, get and show.
+// The verbs of states: set, get and show.
 
 #include "simulator/control/ControlActions.h"
 #include "simulator/control/ControlValues.h"

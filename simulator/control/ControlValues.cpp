@@ -48,7 +48,7 @@ wire::Value realFrom(const std::string& word, const std::string& what) {
     throw BadLine(what + " is a number, not '" + word + "'");
 }
 
-/** What a word is where all kinds are allowed. */
+/** The value of a token where any kind is allowed. */
 wire::Value anythingFrom(const Token& token, const wire::Enumeration* names, const std::string& what) {
     const std::string text = token.text();
     if (token.isQuoted()) {

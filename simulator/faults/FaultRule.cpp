@@ -20,7 +20,7 @@ constexpr std::int32_t kMostBytes = 65536;
 constexpr char kEffects[] =
     "error NUMBER, delay TIME, die before, die after, short BYTES, long BYTES, unterminated, count NUMBER";
 
-/** Reads the clauses behind the target of a fault; each may be there once, in any order. */
+/** Reads the clauses after the target of a fault; each may occur once, in any order. */
 class ClauseReader {
 public:
     ClauseReader(const std::vector<std::string>& words, std::size_t first) : mWords(words), mNext(first) {}

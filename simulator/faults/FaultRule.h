@@ -10,7 +10,7 @@
 
 namespace kelutv::simulator {
 
-/** One thing that goes wrong with an answer. */
+/** What an injected fault does to a reply, or to the process. */
 struct Effect {
     enum class Kind { Error, Delay, DieBefore, DieAfter, Short, Long, Unterminated, Count };
 
@@ -19,7 +19,7 @@ struct Effect {
     std::int32_t amount;
 };
 
-/** Which requests something goes wrong for, and what. */
+/** An injected fault: which requests it hits, and what it does. */
 struct FaultRule {
     /** The text it was made from, its words one space apart. */
     std::string line;
@@ -32,7 +32,7 @@ struct FaultRule {
     Effect effect;
 };
 
-/** The fault that stands behind the verb `fault`. @throws std::invalid_argument saying what is wrong with it */
+/** Parses what follows the verb `fault`. @throws std::invalid_argument saying what is wrong with it */
 FaultRule readFault(const std::string& line);
 
 } // namespace kelutv::simulator

@@ -11,22 +11,22 @@
 
 namespace kelutv::simulator {
 
-/** The faults that are to happen, in the order in which they were given. Not synchronised. */
+/** The injected faults, in the order in which they were given. Not synchronised. */
 class Faults {
 public:
     /**
      * Adds a fault.
-     * @param line what stands behind the verb `fault`: `CMD_AUDIO_* nth 3 delay 200ms`
+     * @param line what follows the verb `fault`: `CMD_AUDIO_* nth 3 delay 200ms`
      * @return what is wrong with the line, if anything, and then nothing is added
      */
     std::optional<std::string> add(const std::string& line);
 
-    /** A line for each fault that is still to happen, as it was given, the verb `fault` in front. */
+    /** A line for each fault that is not spent, as it was given, after the verb `fault`. */
     std::vector<std::string> list() const;
 
     void clear() { mEntries.clear(); }
 
-    /** The faults that hit this request; those that have happened as often as they were to are forgotten. */
+    /** The faults that hit this request; those that are spent are removed. */
     std::vector<FaultRule> meet(const wire::Request& request, pid_t caller);
 
 private:

@@ -9,10 +9,10 @@ namespace kelutv::simulator {
 namespace {
 
 constexpr std::size_t kWord = sizeof(std::int32_t);
-/** What stands where nothing sensible is: neither zero nor the end of a text. */
+/** Filler for bytes without a meaning: neither zero nor the end of a text. */
 constexpr char kFiller = 'Z';
 
-/** Whether the first word behind the result says how many values there are. */
+/** Whether the first word after the result is the number of values. */
 bool leadsWithCount(const wire::Request& request) {
     if (request.operation == nullptr || request.operation->reply.size() == 0) {
         return false;

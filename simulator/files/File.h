@@ -5,7 +5,7 @@
 
 namespace kelutv::simulator {
 
-/** Says what cannot be done with which file, and why by `errno`. @throws std::runtime_error always */
+/** @throws std::runtime_error always: what cannot be done with which file, and the reason in `errno` */
 [[noreturn]] void failToUse(const std::string& what, const std::string& path);
 
 /** A file, closed with the object. */
@@ -28,7 +28,7 @@ public:
     /** @throws std::runtime_error when not everything could be written */
     void write(const std::string& content) const;
 
-    /** Brings what was written to the disk. @throws std::runtime_error when that fails */
+    /** Flushes what was written to the disk. @throws std::runtime_error when that fails */
     void sync() const;
 
 private:
@@ -38,18 +38,18 @@ private:
 
 /**
  * The content of a file of moderate size.
- * @throws std::runtime_error when it cannot be read, is something else than a file or is too long
+ * @throws std::runtime_error when it cannot be read, is not a regular file or is too long
  */
 std::string readRegularFile(const std::string& path);
 
 /** The file behind symbolic links; the path as it is when there is none. */
 std::string resolvedPath(const std::string& path);
 
-/** What a replaced file outlives: the end of the process, however it comes, or that of the machine, too. */
+/** What the new content survives: the end of the process, however it comes, or a power failure, too. */
 enum class Outlives { Process, Machine };
 
 /**
- * Gives the file this content: it is written under another name, brought to the disk if need be, and renamed.
+ * Gives the file this content: it is written under another name, flushed to the disk if need be, and renamed.
  * @throws std::runtime_error when that fails; the file keeps its content
  */
 void replaceFile(const std::string& path, const std::string& content, Outlives outlives = Outlives::Machine);

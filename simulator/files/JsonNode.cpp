@@ -22,7 +22,7 @@ std::string commaSeparated(const std::vector<std::string>& names) {
     return text;
 }
 
-/** Complains of a member that an object has twice, of which the parser would keep the last. */
+/** Refuses a member that an object has twice, of which the parser would keep the last. */
 class DuplicateFinder {
 public:
     explicit DuplicateFinder(const std::string& file) : mFile(file) {}
@@ -107,7 +107,7 @@ std::vector<JsonNode> JsonNode::listed() const {
 
 std::int32_t JsonNode::number() const {
     using Limits = std::numeric_limits<std::int32_t>;
-    // What is beyond 63 bits becomes an unsigned number that is no int64.
+    // A number beyond 63 bits is read as unsigned and is not an int64.
     const bool fits = mValue->is_number_integer() &&
                       (!mValue->is_number_unsigned() || mValue->get<std::uint64_t>() <= Limits::max()) &&
                       mValue->get<std::int64_t>() >= Limits::min() && mValue->get<std::int64_t>() <= Limits::max();

@@ -10,7 +10,7 @@
 
 namespace kelutv::simulator {
 
-/** What is wrong with a configuration or a kept state: which file, where in it, what and what is allowed. */
+/** An error in a configuration or a snapshot: the file, the place in it, what is wrong and what is allowed. */
 class ConfigurationError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -18,11 +18,11 @@ public:
 
 /**
  * The JSON text of a file.
- * @throws ConfigurationError when it is none, or when an object has two members of one name
+ * @throws ConfigurationError when it is not JSON, or when an object has two members of one name
  */
 nlohmann::json parseJson(const std::string& text, const std::string& file);
 
-/** A value of a JSON file, which knows where it stands. Every reader throws `ConfigurationError` for another type. */
+/** A value of a JSON file together with its place. Every reader throws `ConfigurationError` for another type. */
 class JsonNode {
 public:
     /** The whole file; the value must outlive the node and those that come from it. */
@@ -33,7 +33,7 @@ public:
     /** The members of an object, by name. */
     std::vector<std::pair<std::string, JsonNode>> members() const;
 
-    /** The members of an object that has these and no others; what need not be there is missing from the result. */
+    /** The members of an object that has no others than these. */
     std::vector<std::pair<std::string, JsonNode>> membersOf(const std::vector<std::string>& allowed) const;
 
     bool has(const std::string& name) const;
@@ -52,10 +52,10 @@ public:
     std::string text() const;
     bool truth() const;
 
-    /** The value as it stands in the file, shortened when it is long. */
+    /** The JSON text of the value, shortened when it is long. */
     std::string shown() const;
 
-    /** Complains of the value. */
+    /** @throws ConfigurationError always: what is wrong with the value */
     [[noreturn]] void fail(const std::string& what) const;
 
 private:

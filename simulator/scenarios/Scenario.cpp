@@ -22,7 +22,7 @@ constexpr char kSuffix[] = ".scenario";
 
 constexpr char kBlanks[] = " \t\r";
 
-/** What stands behind the first words of a line, as it stands there. */
+/** What follows the first words of a line, unchanged. */
 std::string behind(const std::string& line, std::size_t words) {
     std::size_t at = line.find_first_not_of(kBlanks);
     for (; words > 0 && at != std::string::npos; --words) {
@@ -104,7 +104,7 @@ fs::path programFolder() {
     return fs::read_symlink("/proc/self/exe", error).parent_path();
 }
 
-/** Where scenarios lie: beside a program that was built, or in the share folder of one that was installed. */
+/** Where scenarios are: beside a program that was built, or in the share folder of one that was installed. */
 std::vector<fs::path> scenarioFolders() {
     const fs::path folder = programFolder();
     return {folder / "scenarios", folder.parent_path() / KELUTV_SCENARIO_DIR};

@@ -20,9 +20,9 @@ namespace kelutv::simulator {
  */
 class ScenarioPlayer : public Watcher {
 public:
-    /** Carries out a line of the control channel; gives what is wrong with it, if anything. */
+    /** Carries out a line of the control channel. @return what is wrong with it, if anything */
     using Obey = std::function<std::optional<std::string>(const std::string& line)>;
-    /** Called once behind the last step, not when the player is destroyed before. */
+    /** Called once after the last step, unless the player is destroyed before. */
     using Ended = std::function<void(int failedSteps)>;
 
     /** @param speed how many times faster than real time the scenario passes; waiting for requests has its own pace */
@@ -31,7 +31,7 @@ public:
 
     void start(Obey obey, Ended ended);
 
-    /** Ends the play, if it goes on, and waits for its thread. */
+    /** Stops playing and waits for the thread. */
     void stop();
 
     void served(const Served& served) override;

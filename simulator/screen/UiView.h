@@ -34,7 +34,7 @@ struct UiView {
     std::vector<std::string> events;
 };
 
-/** What the television is like; commands and events are left out. */
+/** The present state of the television; commands and events are left out. */
 UiView viewOf(const Equipment& equipment);
 
 } // namespace kelutv::simulator

@@ -28,24 +28,24 @@ public:
     State(const Configuration& configuration, Revision& revision)
         : mConfiguration(configuration), mRevision(revision) {}
 
-    /** What was set and differs from what it starts with or did, by state and indexes. */
+    /** What was set, by state and indexes. */
     const Kept& all() const { return mKept; }
 
     /** Replaces everything that was set, without events. */
     void load(Kept kept) { mKept = std::move(kept); }
 
-    /** What was kept last, else what the state starts with. */
+    /** The value that was kept last, else the initial value. */
     wire::Values kept(const wire::StateKey& key, const wire::Values& indexes) const;
 
     void keep(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values);
 
-    /** Brings the settings of a module back to what they start with; what shows a signal stays. */
+    /** Restores the initial values of a module; states that show a signal stay. */
     void restore(const std::string& module);
 
-    /** Brings the settings that are wanted back to what they start with; what shows a signal stays. */
+    /** Restores the initial values of the wanted states; those that show a signal stay. */
     void restore(const std::function<bool(const wire::StateKey&)>& wanted);
 
-    /** What happened since the last take to states that have an event. */
+    /** The changes since the last call of states that have an event. */
     std::vector<Change> takeChanges() { return std::exchange(mChanges, {}); }
 
 private:

@@ -31,13 +31,13 @@ public:
     /** Whether an audio system is plugged into the input with the audio return channel. */
     bool isArcActive() const;
 
-    /** Lets a device plugged in, or the television, play; false when there is none of the address. */
+    /** Selects the device that plays, or the television; false when no plugged device has the address. */
     bool select(std::int32_t logAddr);
 
     /** Plugs a device in, or unplugs it; false when there is none of the address. */
     bool plug(std::int32_t logAddr, bool plugged);
 
-    /** A device more, plugged in if it says so; what is wrong with it, if anything, and then it is not added. */
+    /** Adds a device. @return what is wrong with it, if anything, and then it is not added */
     std::optional<std::string> add(const CecDevice& device);
 
     /** Takes a device away, unplugged first; false when there is none of the address. */

@@ -40,7 +40,7 @@ std::int32_t numberAt(const wire::Request& request, std::size_t index);
 /** A reply with one number. */
 wire::Reply numberReply(std::int32_t number);
 
-/** Refuses a request for an error of the system, which standard error gets, too. */
+/** Refuses a request for a system error, which is printed on standard error, too. */
 wire::Reply failureReply(wire::Result result, const std::exception& error);
 
 } // namespace kelutv::simulator

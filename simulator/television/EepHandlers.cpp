@@ -15,7 +15,7 @@ wire::Reply noSuchAddress(std::int32_t address) {
                                                         " or the end of its block is outside"});
 }
 
-/** Of a byte, or of a block when the request says how long. */
+/** Reads a byte, or a block when the request has a length. */
 template <Memory memory> wire::Reply readEep(Equipment& equipment, const wire::Request& request) {
     const std::int32_t address = numberAt(request, 0);
     const std::int32_t length = request.arguments.size() > 1 ? std::max(numberAt(request, 1), 0) : 1;
@@ -39,7 +39,7 @@ template <Memory memory> wire::Reply commitEep(Equipment& equipment, const wire:
     return {};
 }
 
-/** A byte, or a block; it is the last argument either way. */
+/** Writes a byte or a block, which is the last argument either way. */
 template <Memory memory> wire::Reply writeEep(Equipment& equipment, const wire::Request& request) {
     const std::int32_t address = numberAt(request, 0);
     const wire::Values& values = request.arguments.back();

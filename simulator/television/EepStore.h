@@ -19,12 +19,12 @@ class EepStore {
 public:
     static constexpr std::int32_t kSize = 0x10000;
 
-    /** Without a file: zeros, forgotten at the end. */
+    /** Without a file: zeros, lost at exit. */
     EepStore();
 
     /**
-     * Reads the file; makes it, full of zeros, when there is none.
-     * @throws std::runtime_error when the file cannot be read or made or is not such a file; it is left as it is
+     * Reads the file; creates it, full of zeros, if missing.
+     * @throws std::runtime_error when the file cannot be read or created or is not such a file; it is left as it is
      */
     explicit EepStore(const std::string& path);
 

@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kBytesOfMac = 6;
 constexpr std::size_t kKindsInBurnStatus = 32;
 
-/** What a set is and not how it is adjusted. */
+/** What identifies a set, as opposed to its adjustments. */
 constexpr const char* kIdentity[] = {
     "factory.macAddress",    "factory.machineInfo", "factory.burnKeyStatus",
     "factory.keyBurnStatus", "factory.keyData",     "factory.isBurnOtpRsa",

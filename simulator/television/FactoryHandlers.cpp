@@ -48,7 +48,7 @@ wire::Reply resetHotel(Equipment& equipment, const wire::Request&) {
     return {};
 }
 
-/** Between a file and the hotel settings; the other operations touch nothing that the television has. */
+/** Copies between a file and the hotel settings; the other operations do nothing. */
 wire::Reply operateFlashEep(Equipment& equipment, const wire::Request& request) {
     const std::int32_t operation = numberAt(request, 0);
     const std::string& path = std::get<std::string>(request.arguments[1].front());

@@ -32,7 +32,7 @@ public:
 
     void enter(PowerState state);
 
-    /** Back to on, for a reason that the caller numbers. */
+    /** Back to on, with this wakeup mode. */
     void wake(std::int32_t wakeupMode);
 
     PowerState state() const { return mState; }

@@ -45,7 +45,7 @@ std::string settingsOf(const Equipment& equipment) {
     return text;
 }
 
-/** Those that are not as the configuration has them. */
+/** The sources that differ from the configuration. */
 std::string sourcesOf(const Equipment& equipment) {
     std::string text;
     for (const auto& [id, source] : equipment.sources.all()) {

@@ -11,7 +11,7 @@
 
 namespace kelutv::simulator {
 
-/** The inputs of the television, what is plugged into them and what comes down their lines. Not synchronised. */
+/** The inputs of the television, what is plugged into them and their signals. Not synchronised. */
 class Sources {
 public:
     using All = std::map<std::int32_t, SourceSettings>;
@@ -28,10 +28,10 @@ public:
 
     bool isPlugged(std::int32_t source) const { return mSources.at(source).plugged; }
 
-    /** What comes down the line as long as something is plugged in. */
+    /** The signal of the source as long as something is plugged in. */
     const Signal& signalAt(std::int32_t source) const { return mSources.at(source).signal; }
 
-    /** What its signal says for the signal status, shown or not; none without a device, and for any other source. */
+    /** The signal status that its signal has, shown or not; none without a device, and for any other source. */
     wire::Values statusAt(std::int32_t source) const;
 
     bool hasSignal(std::int32_t source) const;
@@ -39,7 +39,7 @@ public:
     /** Plugs a device into the input, or unplugs it; the main window shows it at once when it shows the source. */
     void plug(std::int32_t source, bool plugged);
 
-    /** Another signal, with a value for every state that shows one; the main window follows like that, too. */
+    /** Changes the signal, which has a value for every state that shows one; the main window follows at once, too. */
     void setSignal(std::int32_t source, const Signal& signal);
 
     /** Gives the source to a window; the main window shows its signal from then on. */

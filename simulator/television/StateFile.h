@@ -8,7 +8,8 @@
 namespace kelutv::simulator {
 
 /**
- * Where what the television keeps outlives the process: settings, sources with their signals, CEC devices, power state.
+ * Where the state of the television outlives the process: settings, sources with their signals, CEC devices, power
+ * state.
  *
  * The file is JSON text, replaced as a whole: however the process ends, it has the content before or after a change.
  */

@@ -22,7 +22,7 @@ constexpr const char* kRows[] = {
     "  Blocks of type 1 are teletext packets.",
 };
 
-/** Eight bits for four: every single wrong bit can be put right. */
+/** Hamming 8/4: any single wrong bit can be corrected. */
 char hamming84(unsigned int nibble) {
     constexpr unsigned char kCodes[] = {0x15, 0x02, 0x49, 0x5E, 0x64, 0x73, 0x38, 0x2F,
                                         0xD0, 0xC7, 0x8C, 0x9B, 0xA1, 0xB6, 0xFD, 0xEA};

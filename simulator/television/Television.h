@@ -11,11 +11,11 @@
 
 namespace kelutv::simulator {
 
-/** What the commands do to the simulated television. Not synchronised. */
+/** The simulated television: carries out requests. Not synchronised. */
 class Television {
 public:
     /**
-     * @param stateFile where what it keeps outlives it; empty for nowhere
+     * @param stateFile where its state outlives it; empty for nowhere
      * @throws ConfigurationError when the file holds something else; std::runtime_error when it cannot be used
      */
     explicit Television(Configuration configuration, EepStore eep = EepStore(), const std::string& stateFile = "");
@@ -33,7 +33,7 @@ public:
         return mEquipment.faults.meet(request, caller);
     }
 
-    /** Does with the equipment what no request does, and gives what `action` returns. */
+    /** Runs an action that no request carries, and keeps the state. @return what `action` returns */
     template <typename Action> auto operate(const Action& action) {
         auto result = action(mEquipment);
         keepState();

@@ -13,10 +13,10 @@ namespace kelutv::simulator {
 
 using wire::int32Of;
 
-/** Bytes in hexadecimal; colons and `0x` in front do not count. */
+/** Bytes from hexadecimal digits; colons and a leading `0x` are skipped. Nothing when there is anything else. */
 std::optional<std::string> bytesOf(const std::string& hex);
 
-/** The number that a word says, or the value that it names. @throws BadLine that says what is allowed for `what` */
+/** The number in a word, or the value of the name that it is. @throws BadLine that says what is allowed for `what` */
 std::int32_t integerOf(const std::string& word, const wire::Names& names, const std::string& what);
 
 /** Milliseconds from `200ms` or `1.5s`, from 0 to an hour. */

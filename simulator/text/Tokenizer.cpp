@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kBlanks[] = " \t\r";
 
-/** The end of what is in the quotes that open at `at`: one behind the closing one. */
+/** The position after the quote that closes the one at `at`. */
 std::size_t endOfQuotes(const std::string& text, std::size_t at) {
     for (std::size_t i = at + 1; i < text.size(); ++i) {
         if (text[i] == '\\') {
@@ -23,7 +23,7 @@ std::size_t endOfQuotes(const std::string& text, std::size_t at) {
     throw BadLine("a quote is not closed");
 }
 
-/** Reads one character, maybe an escaped one, and moves behind it. */
+/** Reads one character, maybe an escaped one, and moves past it. */
 char characterAt(const std::string& text, std::size_t& at) {
     if (text[at] != '\\') {
         return text[at++];

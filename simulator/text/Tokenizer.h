@@ -26,7 +26,7 @@ using Tokens = std::vector<Token>;
 /** Cuts a text at the separators that stand outside quotes. @throws BadLine for a quote without an end */
 Tokens tokensOf(const std::string& text, const char* separators = " \t\r");
 
-/** `NAME[KEY...] = VALUE...`, of which all but the name may be missing. */
+/** `NAME[KEY...] = VALUE...`, of which all but the name is optional. */
 struct Assignment {
     std::string name;
     Tokens indexes;
@@ -41,7 +41,7 @@ std::string unwrapped(const std::string& text);
 /** Without the blanks at both ends. */
 std::string trimmed(const std::string& text);
 
-/** What stands between blanks, with quotes as any other character. */
+/** The words between blanks; quotes are characters like any other. */
 std::vector<std::string> wordsOf(const std::string& line);
 
 } // namespace kelutv::simulator
