@@ -4,10 +4,9 @@
 #include "wire/events/EventTable.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Numbers.h"
 
 #include <nlohmann/json.hpp>
-
-#include <charconv>
 
 namespace kelutv::simulator {
 
@@ -30,10 +29,8 @@ std::int32_t valueNamed(const JsonNode& place, const std::string& name, const wi
 
 /** A name of an enumerator, or a number. */
 std::int32_t indexOf(const JsonNode& place, const std::string& name, const wire::Enumeration* names) {
-    std::int32_t number = 0;
-    const char* const end = name.data() + name.size();
-    const auto read = std::from_chars(name.data(), end, number);
-    return read.ec == std::errc() && read.ptr == end ? number : valueNamed(place, name, names);
+    const auto number = wire::wholeNumber<std::int32_t>(name);
+    return number ? *number : valueNamed(place, name, names);
 }
 
 wire::Value valueOf(const JsonNode& node, wire::Holds holds, const wire::Enumeration* names) {

@@ -42,7 +42,7 @@ wire::Value integerFrom(const std::string& word, const wire::Enumeration* names,
 }
 
 wire::Value realFrom(const std::string& word, const std::string& what) {
-    if (const auto number = numberOf<double>(word)) {
+    if (const auto number = realOf(word)) {
         return *number;
     }
     throw BadLine(what + " is a number, not '" + word + "'");
@@ -54,7 +54,7 @@ wire::Value anythingFrom(const Token& token, const wire::Enumeration* names, con
     if (token.isQuoted()) {
         return text;
     }
-    const bool isReal = !int32Of(text) && numberOf<double>(text);
+    const bool isReal = !int32Of(text) && realOf(text);
     return isReal ? realFrom(text, what) : integerFrom(text, names, what);
 }
 

@@ -107,7 +107,7 @@ private:
     }
 
     std::int32_t number(std::int32_t low, std::int32_t high) {
-        const auto value = numberOf<std::int32_t>(next());
+        const auto value = wholeNumber<std::int32_t>(next());
         if (!value || *value < low || *value > high) {
             refuseWord("a number from " + std::to_string(low) + " to " + std::to_string(high));
         }

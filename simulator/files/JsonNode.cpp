@@ -1,5 +1,6 @@
 #include "simulator/files/JsonNode.h"
 
+#include "wire/text/Join.h"
 #include "wire/text/Nearest.h"
 
 #include <nlohmann/json.hpp>
@@ -13,14 +14,6 @@ namespace kelutv::simulator {
 namespace {
 
 constexpr std::size_t kLongestShown = 60;
-
-std::string commaSeparated(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "" : ", ") + name;
-    }
-    return text;
-}
 
 /** Refuses a member that an object has twice, of which the parser would keep the last. */
 class DuplicateFinder {
@@ -74,7 +67,7 @@ std::vector<std::pair<std::string, JsonNode>> JsonNode::membersOf(const std::vec
     auto all = members();
     for (const auto& [name, node] : all) {
         if (std::find(allowed.begin(), allowed.end(), name) == allowed.end()) {
-            node.fail("there is no '" + name + "' here, only " + commaSeparated(allowed) +
+            node.fail("there is no '" + name + "' here, only " + wire::joined(allowed) +
                       wire::nearestHint(name, allowed));
         }
     }

@@ -1,12 +1,13 @@
 #include "simulator/files/JsonValues.h"
 
+#include "wire/text/Numbers.h"
+
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <string_view>
 
 namespace kelutv::simulator {
 
@@ -37,12 +38,11 @@ std::string bytesOf(const JsonNode& node) {
     const std::string hex = node.text();
     std::string bytes;
     for (std::size_t i = 0; i < hex.size(); i += 2) {
-        unsigned char byte = 0;
-        const auto read = std::from_chars(&hex[i], hex.data() + std::min(i + 2, hex.size()), byte, 16);
-        if (read.ec != std::errc() || read.ptr != hex.data() + i + 2) {
+        const auto byte = wire::wholeNumber<unsigned char>(std::string_view(hex).substr(i, 2), 16);
+        if (!byte || i + 1 == hex.size()) {
             node.fail("an even number of hexadecimal digits is needed, not " + node.shown());
         }
-        bytes += static_cast<char>(byte);
+        bytes += static_cast<char>(*byte);
     }
     return bytes;
 }

@@ -3,6 +3,7 @@
 #include "simulator/text/Tokenizer.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace kelutv::simulator {
@@ -15,11 +16,11 @@ bool isHexadecimal(const std::string& word) { return word.rfind("0x", 0) == 0 ||
 
 } // namespace
 
-std::optional<unsigned char> byteOf(std::string_view word) {
-    unsigned char byte = 0;
+std::optional<double> realOf(std::string_view word) {
+    double number = 0;
     const char* const end = word.data() + word.size();
-    const auto read = std::from_chars(word.data(), end, byte, 16);
-    return read.ec == std::errc() && read.ptr == end ? std::optional<unsigned char>(byte) : std::nullopt;
+    const auto read = std::from_chars(word.data(), end, number);
+    return read.ec == std::errc() && read.ptr == end ? std::optional<double>(number) : std::nullopt;
 }
 
 std::optional<std::string> bytesOf(const std::string& hex) {
@@ -27,7 +28,7 @@ std::optional<std::string> bytesOf(const std::string& hex) {
     digits.erase(std::remove(digits.begin(), digits.end(), ':'), digits.end());
     std::string bytes;
     for (std::size_t i = 0; i < digits.size(); i += 2) {
-        const auto byte = byteOf(digits.substr(i, 2));
+        const auto byte = wholeNumber<unsigned char>(std::string_view(digits).substr(i, 2), 16);
         if (!byte || i + 1 == digits.size()) {
             return std::nullopt;
         }
@@ -52,7 +53,7 @@ std::optional<int> millisecondsOf(std::string_view word) {
     if (unit == std::string_view::npos || (word.substr(unit) != "ms" && word.substr(unit) != "s")) {
         return std::nullopt;
     }
-    const auto amount = numberOf<double>(word.substr(0, unit));
+    const auto amount = realOf(word.substr(0, unit));
     const double milliseconds = amount.value_or(-1) * (word.substr(unit) == "s" ? 1000 : 1);
     return milliseconds >= 0 && milliseconds <= kLongestTime
                ? std::optional<int>(static_cast<int>(std::lround(milliseconds)))

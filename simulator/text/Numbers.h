@@ -3,7 +3,6 @@
 #include "wire/text/Names.h"
 #include "wire/text/Numbers.h"
 
-#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -12,6 +11,7 @@
 namespace kelutv::simulator {
 
 using wire::int32Of;
+using wire::wholeNumber;
 
 /** Bytes from hexadecimal digits; colons and a leading `0x` are skipped. Nothing when there is anything else. */
 std::optional<std::string> bytesOf(const std::string& hex);
@@ -22,15 +22,7 @@ std::int32_t integerOf(const std::string& word, const wire::Names& names, const 
 /** Milliseconds from `200ms` or `1.5s`, from 0 to an hour. */
 std::optional<int> millisecondsOf(std::string_view word);
 
-/** The number that the whole word is. */
-template <typename Number> std::optional<Number> numberOf(std::string_view word) {
-    Number number{};
-    const char* const end = word.data() + word.size();
-    const auto read = std::from_chars(word.data(), end, number);
-    return read.ec == std::errc() && read.ptr == end ? std::optional<Number>(number) : std::nullopt;
-}
-
-/** The byte that the whole word is, in hexadecimal. */
-std::optional<unsigned char> byteOf(std::string_view word);
+/** The real number that the whole word is. */
+std::optional<double> realOf(std::string_view word);
 
 } // namespace kelutv::simulator

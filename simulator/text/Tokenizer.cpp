@@ -28,7 +28,7 @@ char characterAt(const std::string& text, std::size_t& at) {
     if (text[at] != '\\') {
         return text[at++];
     }
-    if (const auto byte = text[at + 1] == 'x' ? byteOf(text.substr(at + 2, 2)) : std::nullopt) {
+    if (const auto byte = text[at + 1] == 'x' ? wholeNumber<unsigned char>(text.substr(at + 2, 2), 16) : std::nullopt) {
         at += 4;
         return static_cast<char>(*byte);
     }

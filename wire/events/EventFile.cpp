@@ -2,11 +2,11 @@
 
 #include "wire/text/Letters.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Numbers.h"
 #include "wire/text/PipeTables.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
 #include <cstring>
 #include <deque>
 #include <fstream>
@@ -43,12 +43,9 @@ constexpr NamedType kTypes[] = {
 std::optional<std::uint32_t> numberIn(const std::string& text) {
     const std::string prefix = lowered(text.substr(0, 2));
     const bool isHexadecimal = prefix == "0x";
-    const char* const begin = text.data() + (isHexadecimal ? 2 : 0);
-    const char* const end = text.data() + text.size();
-    std::uint32_t number = 0;
-    const auto read = std::from_chars(begin, end, number, isHexadecimal ? 16 : 10);
     const bool hasLeadingZero = !isHexadecimal && text.size() > 1 && text.front() == '0';
-    return read.ec == std::errc() && read.ptr == end && !hasLeadingZero ? std::optional(number) : std::nullopt;
+    const auto number = wholeNumber<std::uint32_t>(text.substr(isHexadecimal ? 2 : 0), isHexadecimal ? 16 : 10);
+    return hasLeadingZero ? std::nullopt : number;
 }
 
 bool holdsOnly(const std::string& text, const char* characters) {

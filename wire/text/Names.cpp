@@ -1,5 +1,6 @@
 #include "wire/text/Names.h"
 
+#include "wire/text/Join.h"
 #include "wire/text/Letters.h"
 #include "wire/text/Nearest.h"
 
@@ -62,14 +63,6 @@ std::string prefixOf(const std::vector<Enumerator>& enumerators, double share) {
 std::string usualPrefixOf(const std::vector<Enumerator>& enumerators) {
     constexpr double kNearlyAll = 0.75;
     return prefixOf(enumerators, enumerators.size() > 2 ? kNearlyAll : 1);
-}
-
-std::string joined(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "" : ", ") + name;
-    }
-    return text;
 }
 
 } // namespace

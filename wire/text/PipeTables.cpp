@@ -1,5 +1,7 @@
 #include "wire/text/PipeTables.h"
 
+#include "wire/text/Join.h"
+
 #include <algorithm>
 #include <sstream>
 
@@ -8,14 +10,6 @@ namespace kelutv::wire {
 namespace {
 
 using Cells = std::vector<std::string>;
-
-std::string listed(const Cells& names, const char* separator) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "" : separator) + name;
-    }
-    return text;
-}
 
 Cells cellsOf(const std::string& line) {
     std::string row = trimmed(line);
@@ -60,7 +54,7 @@ private:
             for (const TableForm& each : mForms) {
                 titles.push_back(each.title);
             }
-            throw LineError(mLine, "unknown section '" + title + "', expected one of: " + listed(titles, ", "));
+            throw LineError(mLine, "unknown section '" + title + "', expected one of: " + joined(titles, ", "));
         }
         mForm = &*form;
         if (!mTables.emplace(title, std::vector<TableRow>()).second) {
@@ -82,7 +76,7 @@ private:
     void readHead(Cells head) {
         for (const std::string& column : head) {
             if (std::count(mForm->columns.begin(), mForm->columns.end(), column) == 0) {
-                throw LineError(mLine, "unknown column '" + column + "', expected: " + listed(mForm->columns, " | "));
+                throw LineError(mLine, "unknown column '" + column + "', expected: " + joined(mForm->columns, " | "));
             }
         }
         for (const std::string& column : mForm->columns) {

@@ -6,9 +6,9 @@
 #include "tools/process/Redirection.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Numbers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
@@ -40,18 +40,12 @@ CallResult callQuietly(const std::string& function, const std::vector<std::strin
                      wire::nearestHint(text, valueNames(setting)));
 }
 
-std::optional<int> wholeNumber(const std::string& digits) {
-    int value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    return error == std::errc() && end == digits.data() + digits.size() ? std::optional<int>(value) : std::nullopt;
-}
-
 /** The number behind a sign, by which to change a setting; nothing for anything else. */
 std::optional<int> changeIn(const std::string& text) {
     if (text.size() < 2 || (text.front() != '+' && text.front() != '-') || text[1] == '-') {
         return std::nullopt;
     }
-    return wholeNumber(text.front() == '+' ? text.substr(1) : text);
+    return wire::wholeNumber<int>(text.front() == '+' ? text.substr(1) : text);
 }
 
 Json numberFor(const Setting& setting, const std::string& text) {
@@ -59,7 +53,7 @@ Json numberFor(const Setting& setting, const std::string& text) {
         const std::int64_t sum = readSetting(setting).asInteger() + *change;
         return std::clamp<std::int64_t>(sum, setting.low, setting.high);
     }
-    const std::optional<int> value = wholeNumber(text);
+    const std::optional<int> value = wire::wholeNumber<int>(text);
     if (!value || *value < setting.low || *value > setting.high) {
         refuse(setting, text);
     }

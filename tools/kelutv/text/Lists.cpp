@@ -14,14 +14,6 @@ std::string stripped(const std::string& text) {
 
 } // namespace
 
-std::string joined(const std::vector<std::string>& parts, const std::string& separator) {
-    std::string text;
-    for (const std::string& part : parts) {
-        text += (text.empty() ? "" : separator) + part;
-    }
-    return text;
-}
-
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts;
     if (stripped(text).empty()) {
