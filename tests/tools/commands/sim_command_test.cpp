@@ -140,8 +140,8 @@ TEST_F(SimCommand, SaysWhenThereIsNoSimulator) {
         const ToolRun run = sim(words);
         EXPECT_EQ(run.exit, 3);
         EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.error,
-                  "kelutv: no simulator is running (nothing listens at " + mRuntimeDir.path() + "/simulator/control)\n");
+        EXPECT_EQ(run.error, "kelutv: no simulator is running (nothing listens at " + mRuntimeDir.path() +
+                                 "/simulator/control)\n");
     }
 }
 
