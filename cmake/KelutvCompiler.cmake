@@ -57,9 +57,3 @@ function(kelutv_add_header_library name header)
     add_library(${name} INTERFACE)
     target_include_directories(${name} SYSTEM INTERFACE "${${variable}}")
 endfunction()
-
-# kelutv_compile_fast(<source>...): run briefly, but include so much that optimising it takes most of their compilation,
-# with sanitizers above all. Debug builds leave that out.
-function(kelutv_compile_fast)
-    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "$<$<CONFIG:Debug>:-O0>")
-endfunction()
