@@ -1,8 +1,6 @@
 #include "ParcelObjects.h"
 
 #include "BpBinder.h"
-#include "KernelBinder.h"
-#include "KernelObject.h"
 #include "LocalObjects.h"
 
 #include <algorithm>
@@ -57,7 +55,7 @@ status_t ParcelObjects::write(Parcel* parcel, const sp<IBinder>& object) {
     return parcel->write(&flat, sizeof(flat));
 }
 
-sp<IBinder> ParcelObjects::read(const Parcel& parcel, KernelBinder& binder) {
+sp<IBinder> ParcelObjects::read(const Parcel& parcel, const MakeProxy& makeProxy) {
     const std::vector<binder_size_t>* const offsets = offsetsOf(parcel);
     if (offsets == nullptr || std::find(offsets->begin(), offsets->end(), parcel.dataPosition()) == offsets->end()) {
         return nullptr;
@@ -68,7 +66,7 @@ sp<IBinder> ParcelObjects::read(const Parcel& parcel, KernelBinder& binder) {
     }
     switch (flat.hdr.type) {
     case BINDER_TYPE_HANDLE:
-        return new BpBinder(std::make_unique<KernelObject>(binder, flat.handle));
+        return makeProxy(flat.handle);
     case BINDER_TYPE_BINDER:
         return LocalObjects::instance().find(flat.cookie);
     default:

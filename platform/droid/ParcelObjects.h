@@ -5,20 +5,22 @@
 
 #include <linux/android/binder.h>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace android {
-
-class KernelBinder;
 
 /** The binders inside a parcel that goes through the kernel's driver: where they stand, and what keeps them alive. */
 class ParcelObjects {
 public:
     /** Appends an object, null as well; BAD_VALUE for one that this transport cannot name. */
     static status_t write(Parcel* parcel, const sp<IBinder>& object);
+    /** Makes the proxy of another process's object. */
+    using MakeProxy = std::function<sp<IBinder>(uint32_t handle)>;
+
     /** The object at the parcel's position; null where none stands. */
-    static sp<IBinder> read(const Parcel& parcel, KernelBinder& binder);
+    static sp<IBinder> read(const Parcel& parcel, const MakeProxy& makeProxy);
 
     /** Notes where the objects of a received parcel stand, as the driver says. */
     static void note(Parcel* parcel, const uint8_t* offsets, size_t length);

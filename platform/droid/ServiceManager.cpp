@@ -1,6 +1,5 @@
 #include <binder/IServiceManager.h>
 
-#include "ServiceManagerProtocol.h"
 #include "Transport.h"
 #include "socket/ProcessLife.h"
 

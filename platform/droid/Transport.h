@@ -12,6 +12,9 @@ namespace android {
 /** The largest request or reply that a transport carries, the same for all of them. */
 constexpr size_t kMaxTransaction = 1024 * 1024 - 8 * 1024;
 
+/** The most UTF-16 units of a service's name. */
+constexpr size_t kLongestServiceName = 127;
+
 /** An object of another process as a transport reaches it. One BpBinder owns it. */
 class RemoteObject {
 public:

@@ -1,9 +1,10 @@
 #include "ServiceRegistry.h"
 
-#include "droid/KernelBinder.h"
 #include "droid/ParcelObjects.h"
-#include "droid/ServiceManagerProtocol.h"
+#include "droid/Transport.h"
 #include "droid/Utf.h"
+#include "droid/kernel/KernelBinder.h"
+#include "droid/kernel/ServiceManagerProtocol.h"
 
 #include <android/log.h>
 #include <binder/IPCThreadState.h>
@@ -102,7 +103,7 @@ bool ServiceRegistry::mayAdd(const Name& name, uid_t caller) const {
 
 status_t ServiceRegistry::add(const Parcel& data, uid_t caller) {
     const Name name = readName(data);
-    const sp<IBinder> object = android::ParcelObjects::read(data, mBinder);
+    const sp<IBinder> object = mBinder.readObject(data);
     if (!isUsable(name) || object == nullptr) {
         return BAD_VALUE;
     }

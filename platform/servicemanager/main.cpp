@@ -1,6 +1,6 @@
 #include "ServiceRegistry.h"
 
-#include "droid/KernelBinder.h"
+#include "droid/kernel/KernelBinder.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "droid/BinderDriver.h"
+#include "droid/kernel/BinderDriver.h"
 #include "support/Wire.h"
 
 #include <linux/android/binder.h>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "FakeDriver.h"
-#include "droid/KernelBinder.h"
-#include "droid/KernelConversation.h"
+#include "droid/kernel/KernelBinder.h"
+#include "droid/kernel/KernelConversation.h"
 
 #include <binder/Parcel.h>
 

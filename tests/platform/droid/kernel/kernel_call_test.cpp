@@ -69,7 +69,7 @@ TEST_F(KernelCall, replyThatIsWrittenToHasNoObjects) {
     ASSERT_EQ(call(3, {}, &reply), NO_ERROR);
     reply.writeInt32(static_cast<int32_t>(object.hdr.type));
     reply.setDataPosition(0);
-    EXPECT_EQ(android::ParcelObjects::read(reply, binder), nullptr) << "its handle went with the buffer";
+    EXPECT_EQ(binder.readObject(reply), nullptr) << "its handle went with the buffer";
     EXPECT_EQ(driver.takeSentCodes(), (std::vector<uint32_t>{BC_TRANSACTION, BC_FREE_BUFFER}));
 }
 

@@ -1,9 +1,9 @@
 #include "KernelTest.h"
 
-#include "../DeathNote.h"
-#include "../StartLine.h"
 #include "droid/BpBinder.h"
-#include "droid/KernelObject.h"
+#include "droid/kernel/KernelObject.h"
+#include "platform/droid/DeathNote.h"
+#include "platform/droid/StartLine.h"
 
 #include <thread>
 

@@ -1,9 +1,9 @@
 #include "FakeDriver.h"
 
-#include "../peer/PeerService.h"
-#include "droid/KernelTransport.h"
 #include "droid/LocalObjects.h"
 #include "droid/ParcelObjects.h"
+#include "droid/kernel/KernelTransport.h"
+#include "platform/droid/peer/PeerService.h"
 #include "support/Capture.h"
 #include "support/Deadline.h"
 

@@ -1,9 +1,9 @@
 #include "KernelTest.h"
 
-#include "../peer/PeerProtocol.h"
-#include "../peer/PeerService.h"
 #include "droid/LocalObjects.h"
 #include "droid/Transport.h"
+#include "platform/droid/peer/PeerProtocol.h"
+#include "platform/droid/peer/PeerService.h"
 #include "support/Capture.h"
 #include "support/Deadline.h"
 

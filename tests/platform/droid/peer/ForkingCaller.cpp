@@ -1,7 +1,7 @@
 #include "ForkingCaller.h"
 
-#include "../Calls.h"
 #include "PeerProtocol.h"
+#include "platform/droid/Calls.h"
 #include "support/Deadline.h"
 
 #include <binder/Binder.h>

@@ -2,8 +2,11 @@
 
 #include "BinderCommands.h"
 #include "KernelConversation.h"
-#include "LocalObjects.h"
-#include "RuntimeThread.h"
+#include "KernelObject.h"
+#include "droid/BpBinder.h"
+#include "droid/LocalObjects.h"
+#include "droid/ParcelObjects.h"
+#include "droid/RuntimeThread.h"
 #include "socket/ProcessLife.h"
 
 #include <functional>
@@ -71,6 +74,11 @@ void KernelBinder::died(binder_uintptr_t cookie) {
     for (std::function<void()>& onDeath : mHandles.died(cookie)) {
         mTeller.tell(std::move(onDeath));
     }
+}
+
+sp<IBinder> KernelBinder::readObject(const Parcel& parcel) {
+    return ParcelObjects::read(
+        parcel, [this](uint32_t handle) { return new BpBinder(std::make_unique<KernelObject>(*this, handle)); });
 }
 
 void KernelBinder::freeBuffer(const uint8_t* data) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "droid/Transport.h"
+
 #include <binder/IBinder.h>
 
 namespace android {
@@ -11,8 +13,6 @@ enum ServiceManagerCall : uint32_t {
     kAddService,                                   // name, object, allow isolated, dump priorities: int32 0
     kListServices,                                 // index, dump priorities: a name; fails after the last
 };
-
-constexpr size_t kLongestServiceName = 127;
 
 /** The descriptor of the manager's interface. */
 const String16& serviceManagerInterface();

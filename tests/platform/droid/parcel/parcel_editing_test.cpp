@@ -1,5 +1,5 @@
 #include "ParcelBytes.h"
-#include "peer/PeerService.h"
+#include "platform/droid/peer/PeerService.h"
 
 #include <binder/Parcel.h>
 

@@ -1,8 +1,8 @@
-#include "Calls.h"
-#include "DeathNote.h"
-#include "DroidTest.h"
 #include "RawSocket.h"
-#include "StartLine.h"
+#include "platform/droid/Calls.h"
+#include "platform/droid/DeathNote.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/StartLine.h"
 
 #include <thread>
 #include <utility>

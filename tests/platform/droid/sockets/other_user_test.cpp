@@ -1,7 +1,7 @@
-#include "Calls.h"
-#include "DroidTest.h"
-#include "peer/Peer.h"
-#include "peer/PeerProtocol.h"
+#include "platform/droid/Calls.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/peer/Peer.h"
+#include "platform/droid/peer/PeerProtocol.h"
 #include "support/Capture.h"
 
 #include <sys/stat.h>

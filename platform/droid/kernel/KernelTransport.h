@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KernelBinder.h"
-#include "Transport.h"
+#include "droid/Transport.h"
 
 #include <memory>
 

@@ -37,6 +37,9 @@ public:
     void addOwedServer();
     void died(binder_uintptr_t cookie);
 
+    /** The object at the parcel's position; null where none stands. */
+    sp<IBinder> readObject(const Parcel& parcel);
+
     /** Gives a received buffer back to the driver. */
     void freeBuffer(const uint8_t* data);
 

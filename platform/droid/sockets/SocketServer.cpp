@@ -1,10 +1,10 @@
 #include "SocketServer.h"
 
-#include "CallerIdentity.h"
-#include "ReceivedParcel.h"
-#include "RuntimeThread.h"
 #include "SocketProtocol.h"
-#include "Transport.h"
+#include "droid/CallerIdentity.h"
+#include "droid/ReceivedParcel.h"
+#include "droid/RuntimeThread.h"
+#include "droid/Transport.h"
 #include "socket/ProcessLife.h"
 
 #include <android/log.h>

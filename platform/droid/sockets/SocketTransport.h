@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SocketServer.h"
-#include "Transport.h"
+#include "droid/Transport.h"
 
 #include <string>
 

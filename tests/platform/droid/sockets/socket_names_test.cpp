@@ -1,7 +1,7 @@
-#include "Calls.h"
-#include "DroidTest.h"
-#include "peer/Peer.h"
-#include "peer/PeerService.h"
+#include "platform/droid/Calls.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/peer/Peer.h"
+#include "platform/droid/peer/PeerService.h"
 #include "support/Capture.h"
 
 #include <binder/IServiceManager.h>

@@ -1,6 +1,6 @@
 #include "EntryName.h"
 
-#include "Utf.h"
+#include "droid/Utf.h"
 
 #include <cstdio>
 

@@ -1,6 +1,6 @@
-#include "DroidTest.h"
-#include "peer/Peer.h"
-#include "peer/PeerProtocol.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/peer/Peer.h"
+#include "platform/droid/peer/PeerProtocol.h"
 #include "support/Deadline.h"
 
 #include <chrono>

@@ -1,8 +1,8 @@
 #include "SocketTransport.h"
 
-#include "BpBinder.h"
 #include "EntryName.h"
 #include "SocketObject.h"
+#include "droid/BpBinder.h"
 #include "socket/ProcessLife.h"
 
 #include <android/log.h>

@@ -1,5 +1,5 @@
-#include "KernelTransport.h"
-#include "SocketTransport.h"
+#include "droid/kernel/KernelTransport.h"
+#include "droid/sockets/SocketTransport.h"
 
 #include <android/log.h>
 

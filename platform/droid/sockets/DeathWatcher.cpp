@@ -1,6 +1,6 @@
 #include "DeathWatcher.h"
 
-#include "RuntimeThread.h"
+#include "droid/RuntimeThread.h"
 #include "socket/ProcessLife.h"
 
 #include <sys/epoll.h>

@@ -1,10 +1,10 @@
-#include "Calls.h"
-#include "DroidTest.h"
-#include "ProcessCounts.h"
 #include "RawSocket.h"
-#include "peer/Peer.h"
-#include "peer/PeerProtocol.h"
-#include "peer/PeerService.h"
+#include "platform/droid/Calls.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/ProcessCounts.h"
+#include "platform/droid/peer/Peer.h"
+#include "platform/droid/peer/PeerProtocol.h"
+#include "platform/droid/peer/PeerService.h"
 
 #include <ostream>
 #include <vector>

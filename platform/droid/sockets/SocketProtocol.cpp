@@ -1,6 +1,6 @@
 #include "SocketProtocol.h"
 
-#include "Transport.h"
+#include "droid/Transport.h"
 #include "socket/ProcessLife.h"
 #include "socket/SeqPacket.h"
 

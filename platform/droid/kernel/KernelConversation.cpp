@@ -1,11 +1,11 @@
 #include "KernelConversation.h"
 
-#include "CallerIdentity.h"
 #include "KernelBinder.h"
-#include "LocalObjects.h"
-#include "ParcelObjects.h"
-#include "ReceivedParcel.h"
-#include "Transport.h"
+#include "droid/CallerIdentity.h"
+#include "droid/LocalObjects.h"
+#include "droid/ParcelObjects.h"
+#include "droid/ReceivedParcel.h"
+#include "droid/Transport.h"
 
 #include <android/log.h>
 #include <binder/Parcel.h>

@@ -1,8 +1,8 @@
-#include "Calls.h"
-#include "DroidTest.h"
 #include "RawSocket.h"
-#include "peer/PeerProtocol.h"
-#include "peer/PeerService.h"
+#include "platform/droid/Calls.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/peer/PeerProtocol.h"
+#include "platform/droid/peer/PeerService.h"
 
 #include <future>
 #include <optional>

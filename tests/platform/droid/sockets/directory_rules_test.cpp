@@ -1,6 +1,6 @@
-#include "Calls.h"
-#include "DroidTest.h"
-#include "peer/PeerService.h"
+#include "platform/droid/Calls.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/peer/PeerService.h"
 #include "support/Capture.h"
 
 #include <binder/IServiceManager.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Transport.h"
+#include "droid/Transport.h"
 
 namespace android {
 

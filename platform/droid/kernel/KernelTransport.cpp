@@ -1,10 +1,10 @@
 #include "KernelTransport.h"
 
 #include "KernelConversation.h"
-#include "ParcelObjects.h"
-#include "RuntimeThread.h"
 #include "ServiceManagerProtocol.h"
-#include "Utf.h"
+#include "droid/ParcelObjects.h"
+#include "droid/RuntimeThread.h"
+#include "droid/Utf.h"
 
 #include <android/log.h>
 #include <binder/Parcel.h>
@@ -50,7 +50,7 @@ sp<IBinder> KernelTransport::look(const String16& name, status_t* status) {
     writeManagerToken(&request);
     request.writeString16(name);
     *status = askManager(kCheckService, request, &reply);
-    return *status == NO_ERROR ? ParcelObjects::read(reply, mBinder) : nullptr;
+    return *status == NO_ERROR ? mBinder.readObject(reply) : nullptr;
 }
 
 sp<IBinder> KernelTransport::find(const String16& name) { return waitFor(name, std::chrono::milliseconds(0)); }

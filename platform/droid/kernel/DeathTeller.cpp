@@ -1,6 +1,6 @@
 #include "DeathTeller.h"
 
-#include "RuntimeThread.h"
+#include "droid/RuntimeThread.h"
 #include "socket/ProcessLife.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SocketProtocol.h"
-#include "Transport.h"
+#include "droid/Transport.h"
 #include "socket/UniqueFd.h"
 
 #include <array>
