@@ -30,7 +30,10 @@ bool SubscriberRoom::changed() {
 }
 
 std::vector<std::string> SubscriberRoom::entries() const {
-    std::vector<std::string> names = mDirectory ? mDirectory->entries() : std::vector<std::string>();
+    std::vector<std::string> names;
+    if (mDirectory) {
+        names = mDirectory->entries().value_or(std::vector<std::string>());
+    }
     const auto unfinished = [](const std::string& name) { return name.front() == '.'; };
     names.erase(std::remove_if(names.begin(), names.end(), unfinished), names.end());
     return names;

@@ -1,8 +1,6 @@
 #include "ProcessLife.h"
 
-#include <pthread.h>
-
-#include <atomic>
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 
@@ -12,21 +10,15 @@ namespace {
 
 constexpr std::chrono::seconds kLongestDelivery{2};
 
-std::atomic<bool> gForkedChild{false};
-
 } // namespace
 
-void watchForks() {
-    static const int registered = ::pthread_atfork(nullptr, nullptr, [] { gForkedChild.store(true); });
-    static_cast<void>(registered);
-}
-
-bool inForkedChild() { return gForkedChild.load(std::memory_order_relaxed); }
-
-DeliveryGate& DeliveryGate::instance() {
+// One for all libraries of the process that contain this code.
+[[gnu::visibility("default")]] inline DeliveryGate& gateOfProcess() {
     static DeliveryGate* const gate = new DeliveryGate;
     return *gate;
 }
+
+DeliveryGate& DeliveryGate::instance() { return gateOfProcess(); }
 
 bool DeliveryGate::enter() {
     const std::lock_guard<std::mutex> lock(mMutex);
@@ -39,14 +31,28 @@ bool DeliveryGate::enter() {
     if (mClosed) {
         return false;
     }
-    mBusy = std::this_thread::get_id();
+    replaceBusy(std::thread::id(), std::this_thread::get_id());
     return true;
 }
 
 void DeliveryGate::leave() {
+    // The lock may have been held when the child was forked.
+    endForkedChild();
     const std::lock_guard<std::mutex> lock(mMutex);
-    mBusy = std::thread::id();
+    replaceBusy(std::this_thread::get_id(), std::thread::id());
     mIdle.notify_all();
+}
+
+void DeliveryGate::replaceBusy(std::thread::id before, std::thread::id after) {
+    if (const auto place = std::find(mBusy.begin(), mBusy.end(), before); place != mBusy.end()) {
+        *place = after;
+    }
+}
+
+bool DeliveryGate::othersAreBusy() const {
+    return std::any_of(mBusy.begin(), mBusy.end(), [own = std::this_thread::get_id()](std::thread::id busy) {
+        return busy != std::thread::id() && busy != own;
+    });
 }
 
 void DeliveryGate::closeAtExit() {
@@ -58,9 +64,7 @@ void DeliveryGate::closeAtExit() {
 void DeliveryGate::close() {
     std::unique_lock<std::mutex> lock(mMutex);
     mClosed = true;
-    if (mBusy != std::this_thread::get_id()) {
-        mIdle.wait_for(lock, kLongestDelivery, [this] { return mBusy == std::thread::id(); });
-    }
+    mIdle.wait_for(lock, kLongestDelivery, [this] { return !othersAreBusy(); });
 }
 
 } // namespace kq

@@ -1,42 +1,43 @@
 #pragma once
 
+#include "Descriptors.h"
+
+#include <array>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 
 namespace kq {
 
-/** Makes inForkedChild() work for children that are forked from now on. */
-void watchForks();
-
 /**
- * True in a process forked, without exec, from one in which the runtime was at work. The runtime's threads and
- * connections belong to the parent there, and its locks may be held for ever: nothing of it may be touched.
- */
-bool inForkedChild();
-
-/**
- * The gate through which the runtime calls out (death notices, events) on its one thread for that.
+ * The gate through which the runtime calls out (death notices, events), on the one thread that each of its libraries
+ * has for that.
  *
- * It closes when the process begins to exit: what is being delivered then may finish (within two seconds), and nothing
- * more is delivered while static objects are destroyed.
+ * It closes when the process begins to exit: what is being delivered then may finish (within two seconds for all of
+ * it), and nothing more is delivered while static objects are destroyed.
  */
 class DeliveryGate {
 public:
-    /** The gate of this library; never destroyed. */
+    /** The gate of this process, whatever library asks; never destroyed. */
     static DeliveryGate& instance();
 
     /** Asks to call out: false when the process is exiting. */
     bool enter();
+    /** After a call out. Does not return in a child that the call forked. */
     void leave();
 
 private:
+    // More than there are threads that deliver.
+    static constexpr size_t kMostBusy = 8;
+
     static void closeAtExit();
     void close();
+    bool othersAreBusy() const;
+    void replaceBusy(std::thread::id before, std::thread::id after);
 
     std::mutex mMutex;
     std::condition_variable mIdle;
-    std::thread::id mBusy;
+    std::array<std::thread::id, kMostBusy> mBusy;
     bool mArmed = false;
     bool mClosed = false;
 };

@@ -1,5 +1,7 @@
 #include "RuntimeDirectory.h"
 
+#include "Descriptors.h"
+
 #include <android/log.h>
 
 #include <dirent.h>
@@ -8,6 +10,7 @@
 #include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -21,10 +24,27 @@ namespace {
 
 constexpr const char* kTag = "kqdroid";
 constexpr mode_t kOwnerOnly = 0700;
+// Whoever has the lock does nothing that waits.
+constexpr std::chrono::seconds kLockPatience{1};
+constexpr int kLockPauseMs = 2;
 
 std::string nonEmptyVariable(const char* name) {
     const char* value = std::getenv(name);
     return value == nullptr ? "" : value;
+}
+
+/** Without what makes the system follow a link at the end of a path: "link/" and "link/." are what it leads to. */
+std::string withoutTail(std::string path) {
+    for (;;) {
+        const std::string::size_type length = path.size();
+        if (length > 1 && path[length - 1] == '/') {
+            path.resize(length - 1);
+        } else if (length > 2 && path.compare(length - 2, 2, "/.") == 0) {
+            path.resize(length - 2);
+        } else {
+            return path;
+        }
+    }
 }
 
 std::string configuredDirectory() {
@@ -69,7 +89,7 @@ void drain(int inotify) {
 } // namespace
 
 std::optional<RuntimeDirectory> RuntimeDirectory::open(const char* room) {
-    const std::string base = configuredDirectory();
+    const std::string base = withoutTail(configuredDirectory());
     const std::string path = base + '/' + room;
     if (!prepare(base) || !prepare(path)) {
         return std::nullopt;
@@ -77,25 +97,30 @@ std::optional<RuntimeDirectory> RuntimeDirectory::open(const char* room) {
     return RuntimeDirectory(path);
 }
 
-std::vector<std::string> RuntimeDirectory::entries() const {
-    std::vector<std::string> names;
+std::optional<std::vector<std::string>> RuntimeDirectory::entries() const {
     const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(mPath.c_str()), ::closedir);
     if (directory == nullptr) {
-        return names;
+        return std::nullopt;
     }
+    std::vector<std::string> names;
+    errno = 0;
     while (const dirent* entry = ::readdir(directory.get())) {
         struct stat status {};
         if (::fstatat(::dirfd(directory.get()), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
             S_ISSOCK(status.st_mode)) {
             names.emplace_back(entry->d_name);
         }
+        errno = 0;
+    }
+    if (errno != 0) {
+        return std::nullopt;
     }
     std::sort(names.begin(), names.end());
     return names;
 }
 
 UniqueFd RuntimeDirectory::watch() const {
-    UniqueFd inotify(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    UniqueFd inotify = openDescriptor([] { return ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC); });
     if (!inotify || ::inotify_add_watch(inotify.get(), mPath.c_str(), IN_CREATE | IN_MOVED_TO | IN_DELETE) < 0) {
         __android_log_print(ANDROID_LOG_ERROR, kTag, "watching %s: %s", mPath.c_str(), std::strerror(errno));
         return UniqueFd();
@@ -106,25 +131,48 @@ UniqueFd RuntimeDirectory::watch() const {
 bool RuntimeDirectory::waitUntil(std::chrono::milliseconds time, const std::function<bool()>& check) const {
     using Clock = std::chrono::steady_clock;
     const auto deadline = Clock::now() + time;
+    if (check()) {
+        return true;
+    }
+    // Only now: it takes the system some 20 ms to close a watch.
     const UniqueFd inotify = time.count() > 0 ? watch() : UniqueFd();
-    for (;;) {
+    while (inotify) {
         if (check()) {
             return true;
         }
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
-        if (left.count() <= 0 || !inotify) {
+        if (left.count() <= 0) {
             return false;
         }
         pollfd changed{inotify.get(), POLLIN, 0};
         ::poll(&changed, 1, static_cast<int>(left.count()));
         drain(inotify.get());
     }
+    return false;
 }
 
 UniqueFd RuntimeDirectory::lock() const {
-    UniqueFd file(::open(pathOf(".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
-    while (file && ::flock(file.get(), LOCK_EX) != 0 && errno == EINTR) {
+    using Clock = std::chrono::steady_clock;
+    const std::string path = pathOf(".lock");
+    UniqueFd file = openDescriptor(
+        [&path] { return ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600); });
+    int error = file ? EWOULDBLOCK : errno;
+    for (const auto deadline = Clock::now() + kLockPatience; file && error == EWOULDBLOCK;) {
+        error = ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+        if (error == EWOULDBLOCK && Clock::now() >= deadline) {
+            break;
+        }
+        if (error == EINTR || error == EWOULDBLOCK) {
+            ::poll(nullptr, 0, kLockPauseMs);
+            error = EWOULDBLOCK;
+        }
     }
+    if (error == 0) {
+        return file;
+    }
+    __android_log_print(ANDROID_LOG_ERROR, kTag, "locking %s: %s", path.c_str(), std::strerror(error));
+    file = UniqueFd();
+    errno = error;
     return file;
 }
 

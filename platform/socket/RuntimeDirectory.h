@@ -23,8 +23,9 @@ public:
 
     std::string pathOf(const std::string& entry) const { return mPath + '/' + entry; }
     const std::string& path() const { return mPath; }
-    /** The names of the sockets in the room, sorted. */
-    std::vector<std::string> entries() const;
+    /** The names of the sockets in the room, sorted; nothing at all, with the reason in errno, when it cannot be read.
+     */
+    std::optional<std::vector<std::string>> entries() const;
 
     /** An inotify descriptor (non-blocking, close-on-exec) told of every entry that comes or goes. */
     UniqueFd watch() const;
@@ -32,7 +33,12 @@ public:
     /** Runs `check` now and whenever the room changes, until it gives true or the time is over; its last answer. */
     bool waitUntil(std::chrono::milliseconds time, const std::function<bool()>& check) const;
 
-    /** An exclusive lock on the whole directory, held by the returned descriptor. */
+    /**
+     * An exclusive lock on the whole room, held by the returned descriptor; asked for during at most a second.
+     *
+     * Without it nothing in the room may be removed. Empty, with the reason in errno and the log, when it cannot be
+     * had.
+     */
     UniqueFd lock() const;
 
 private:

@@ -1,7 +1,11 @@
 #include "SeqPacket.h"
 
+#include "Descriptors.h"
+
+#include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -21,7 +25,9 @@ bool addressOf(const std::string& path, sockaddr_un* address) {
     return true;
 }
 
-UniqueFd newSocket() { return UniqueFd(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0)); }
+UniqueFd newSocket(int flags) {
+    return openDescriptor([flags] { return ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | flags, 0); });
+}
 
 const sockaddr* generic(const sockaddr_un* address) { return reinterpret_cast<const sockaddr*>(address); }
 
@@ -31,6 +37,11 @@ int connectRetrying(int socket, const sockaddr_un& address) {
         result = ::connect(socket, generic(&address), sizeof(address));
     } while (result != 0 && errno == EINTR);
     return result;
+}
+
+bool makeBlocking(int socket) {
+    const int flags = ::fcntl(socket, F_GETFL);
+    return flags >= 0 && ::fcntl(socket, F_SETFL, flags & ~O_NONBLOCK) == 0;
 }
 
 UniqueFd failed(int error) {
@@ -45,7 +56,7 @@ UniqueFd listenAt(const std::string& path) {
     if (!addressOf(path, &address)) {
         return UniqueFd();
     }
-    UniqueFd listener = newSocket();
+    UniqueFd listener = newSocket(SOCK_NONBLOCK);
     if (!listener || ::bind(listener.get(), generic(&address), sizeof(address)) != 0 ||
         ::listen(listener.get(), SOMAXCONN) != 0) {
         return failed(errno);
@@ -53,23 +64,28 @@ UniqueFd listenAt(const std::string& path) {
     return listener;
 }
 
-UniqueFd connectTo(const std::string& path) {
+UniqueFd connectTo(const std::string& path, Waiting waiting) {
     sockaddr_un address{};
     if (!addressOf(path, &address)) {
         return UniqueFd();
     }
-    UniqueFd socket = newSocket();
+    // Where the listener's queue is full, a socket that may wait would do so for as long as the process is stopped.
+    UniqueFd socket = newSocket(SOCK_NONBLOCK);
     if (!socket || connectRetrying(socket.get(), address) != 0) {
         return failed(errno);
     }
     if (peerOf(socket.get()).uid != ::geteuid()) {
         return failed(EACCES);
     }
+    if (waiting == Waiting::Allowed && !makeBlocking(socket.get())) {
+        return failed(errno);
+    }
     return socket;
 }
 
-UniqueFd acceptFrom(int listener, Peer* peer) {
-    UniqueFd socket(::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC));
+UniqueFd acceptFrom(int listener, Peer* peer, Waiting waiting) {
+    const int flags = SOCK_CLOEXEC | (waiting == Waiting::Allowed ? 0 : SOCK_NONBLOCK);
+    UniqueFd socket = openDescriptor([=] { return ::accept4(listener, nullptr, nullptr, flags); });
     if (!socket) {
         return socket;
     }

@@ -23,12 +23,19 @@ struct Peer {
  * @{
  */
 
+/** Whether sends and receives on a connection may wait. Connecting and accepting never do. */
+enum class Waiting { Allowed, Never };
+
 /** A socket that listens at `path`. EADDRINUSE when there is an entry already, living or stale. */
 UniqueFd listenAt(const std::string& path);
-/** A connection to whoever listens at `path`; EACCES when that is another user's process. */
-UniqueFd connectTo(const std::string& path);
-/** The next waiting connection; EACCES, with the connection closed, when it is another user's. */
-UniqueFd acceptFrom(int listener, Peer* peer);
+/**
+ * A connection to whoever listens at `path`: ECONNREFUSED when nobody does any more, EAGAIN when a living process takes
+ * no further connections just now, EACCES when it is another user's.
+ */
+UniqueFd connectTo(const std::string& path, Waiting waiting = Waiting::Allowed);
+/** The next waiting connection: EAGAIN when there is none, EACCES, with the connection closed, when it is another
+ * user's. */
+UniqueFd acceptFrom(int listener, Peer* peer, Waiting waiting = Waiting::Allowed);
 
 /** True when the entry at `path` has nobody listening any more. */
 bool isStale(const std::string& path);

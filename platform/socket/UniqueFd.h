@@ -1,10 +1,16 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <utility>
 
 namespace kq {
+
+/**
+ * Closes a descriptor, the runtime's own or another.
+ *
+ * Does nothing in a forked child: what the runtime had open was closed by the fork, and the number may belong to a file
+ * of the child's own.
+ */
+void closeDescriptor(int fd);
 
 /** Owns one file descriptor. */
 class UniqueFd {
@@ -21,7 +27,7 @@ public:
     UniqueFd& operator=(const UniqueFd&) = delete;
     ~UniqueFd() {
         if (mFd >= 0) {
-            ::close(mFd);
+            closeDescriptor(mFd);
         }
     }
 

@@ -1,6 +1,6 @@
 #include "BinderDriver.h"
 
-#include "socket/ProcessLife.h"
+#include "socket/Descriptors.h"
 
 #include <linux/android/binder.h>
 
@@ -57,7 +57,7 @@ private:
 } // namespace
 
 std::unique_ptr<BinderDevice> BinderDevice::open(const std::string& path, std::string* problem) {
-    kq::UniqueFd file(::open(path.c_str(), O_RDWR | O_CLOEXEC));
+    kq::UniqueFd file = kq::openDescriptor([&path] { return ::open(path.c_str(), O_RDWR | O_CLOEXEC); });
     int error = file ? 0 : -errno;
     std::unique_ptr<BinderDevice> device(new BinderDevice(std::move(file)));
     if (error == 0) {

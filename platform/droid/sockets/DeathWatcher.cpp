@@ -14,7 +14,7 @@ DeathWatcher& DeathWatcher::instance() {
     return *watcher;
 }
 
-DeathWatcher::DeathWatcher() : mEpoll(::epoll_create1(EPOLL_CLOEXEC)) {}
+DeathWatcher::DeathWatcher() : mEpoll(kq::openDescriptor([] { return ::epoll_create1(EPOLL_CLOEXEC); })) {}
 
 uint64_t DeathWatcher::add(int socket, std::function<void()> onEnd) {
     const std::lock_guard<std::mutex> lock(mMutex);

@@ -11,6 +11,7 @@
 
 #include <poll.h>
 #include <sys/epoll.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
@@ -45,7 +46,7 @@ bool answer(MessageStream& stream, const MessageHead& request, const sp<BBinder>
 
 } // namespace
 
-SocketServer::SocketServer() : mEpoll(::epoll_create1(EPOLL_CLOEXEC)) {}
+SocketServer::SocketServer() : mEpoll(kq::openDescriptor([] { return ::epoll_create1(EPOLL_CLOEXEC); })) {}
 
 sp<BBinder> SocketServer::published(const std::string& entry) {
     const std::lock_guard<std::mutex> lock(mMutex);
@@ -70,6 +71,9 @@ status_t SocketServer::listen(const std::string& entry, const sp<BBinder>& objec
     }
     const std::string path = directory->pathOf(entry);
     const kq::UniqueFd lock = directory->lock();
+    if (!lock) {
+        return statusOf(errno);
+    }
     if (kq::isStale(path)) {
         ::unlink(path.c_str());
     }

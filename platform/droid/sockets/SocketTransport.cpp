@@ -7,16 +7,21 @@
 
 #include <android/log.h>
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace android {
 
 namespace {
 
+constexpr const char* kTag = "kqdroid";
 constexpr const char* kServicesRoom = "services";
 
 /** A connection to the service; empty, with the reason in errno, when there is none. */
@@ -27,12 +32,24 @@ kq::UniqueFd connectToService(const kq::RuntimeDirectory& directory, const std::
     }
     // Nobody listens: the service is dead, or is publishing the name just now and holds the lock until it listens.
     const kq::UniqueFd lock = directory.lock();
+    if (!lock) {
+        return kq::UniqueFd();
+    }
     connection = kq::connectTo(path);
     if (!connection && errno == ECONNREFUSED) {
         ::unlink(path.c_str());
         errno = ENOENT;
     }
     return connection;
+}
+
+std::vector<std::string> entriesOf(const kq::RuntimeDirectory& directory) {
+    std::optional<std::vector<std::string>> entries = directory.entries();
+    if (!entries) {
+        __android_log_print(ANDROID_LOG_ERROR, kTag, "reading %s: %s", directory.path().c_str(), std::strerror(errno));
+        return {};
+    }
+    return std::move(*entries);
 }
 
 } // namespace
@@ -47,7 +64,7 @@ sp<IBinder> SocketTransport::findIn(const kq::RuntimeDirectory& directory, const
     kq::UniqueFd connection = connectToService(directory, path);
     if (!connection) {
         if (errno != ENOENT) {
-            __android_log_print(ANDROID_LOG_ERROR, "kqdroid", "calling %s: %s", path.c_str(), std::strerror(errno));
+            __android_log_print(ANDROID_LOG_ERROR, kTag, "calling %s: %s", path.c_str(), std::strerror(errno));
         }
         return nullptr;
     }
@@ -80,7 +97,7 @@ Vector<String16> SocketTransport::names(int) {
     if (!directory) {
         return names;
     }
-    for (const std::string& entry : directory->entries()) {
+    for (const std::string& entry : entriesOf(*directory)) {
         if (findIn(*directory, entry) != nullptr) {
             names.push_back(serviceNameOf(entry));
         }

@@ -88,16 +88,41 @@ TEST_F(RuntimeDirectoryTest, refusesADirectoryThatOthersMayEnter) {
                                    std::to_string(::geteuid()) + " that only its owner may enter");
 }
 
+TEST_F(RuntimeDirectoryTest, refusesALinkHoweverItIsWritten) {
+    std::filesystem::create_directory_symlink(parent.path(), parent.path() + "/link");
+    for (const char* tail : {"", "/", "/.", "//", "/./", "/.//."}) {
+        ::setenv("KQDROID_RUNTIME_DIR", (parent.path() + "/link" + tail).c_str(), 1);
+        const LogCapture log;
+        EXPECT_FALSE(RuntimeDirectory::open("room")) << tail;
+    }
+    EXPECT_FALSE(std::filesystem::exists(parent.path() + "/room"));
+}
+
+TEST_F(RuntimeDirectoryTest, mayEndInASlash) {
+    ::setenv("KQDROID_RUNTIME_DIR", (parent.path() + "/./").c_str(), 1);
+    const auto room = RuntimeDirectory::open("room");
+    ASSERT_TRUE(room);
+    EXPECT_EQ(room->path(), parent.path() + "/room");
+}
+
 TEST_F(RuntimeDirectoryTest, listsSocketsOnlyInOrder) {
     const auto room = RuntimeDirectory::open("room");
     ASSERT_TRUE(room);
-    EXPECT_EQ(room->entries(), std::vector<std::string>());
+    EXPECT_EQ(room->entries().value(), std::vector<std::string>());
     const kq::UniqueFd second = kq::listenAt(room->pathOf("b"));
     const kq::UniqueFd first = kq::listenAt(room->pathOf("a"));
     std::ofstream(room->pathOf("file")) << "x";
     std::filesystem::create_directory(room->pathOf("folder"));
     std::filesystem::create_symlink("a", room->pathOf("link"));
-    EXPECT_EQ(room->entries(), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(room->entries().value(), (std::vector<std::string>{"a", "b"}));
+}
+
+TEST_F(RuntimeDirectoryTest, roomThatCannotBeReadIsNoEmptyOne) {
+    const auto room = RuntimeDirectory::open("room");
+    ASSERT_TRUE(room);
+    std::filesystem::remove(room->path());
+    EXPECT_FALSE(room->entries());
+    EXPECT_EQ(errno, ENOENT);
 }
 
 TEST_F(RuntimeDirectoryTest, waitGivesUpWhenTheTimeIsOver) {
@@ -113,6 +138,23 @@ TEST_F(RuntimeDirectoryTest, waitGivesUpWhenTheTimeIsOver) {
     const auto start = std::chrono::steady_clock::now();
     EXPECT_FALSE(room->waitUntil(milliseconds(50), never));
     EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(50));
+}
+
+bool watchesAnything() {
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code gone;
+        if (std::filesystem::read_symlink(entry.path(), gone) == "anon_inode:inotify") {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST_F(RuntimeDirectoryTest, waitThatEndsAtOnceWatchesNothing) {
+    const auto room = RuntimeDirectory::open("room");
+    ASSERT_TRUE(room);
+    EXPECT_TRUE(room->waitUntil(kPatience, [] { return !watchesAnything(); }));
+    EXPECT_TRUE(room->waitUntil(kPatience, [] { return watchesAnything(); }));
 }
 
 TEST_F(RuntimeDirectoryTest, waitEndsWithWhatItWaitsFor) {
@@ -146,6 +188,32 @@ TEST_F(RuntimeDirectoryTest, lockIsExclusiveUntilItGoes) {
     EXPECT_EQ(errno, EWOULDBLOCK);
     lock = kq::UniqueFd();
     EXPECT_EQ(::flock(other.get(), LOCK_EX | LOCK_NB), 0);
+}
+
+TEST_F(RuntimeDirectoryTest, lockThatCannotBeHadIsGivenUp) {
+    const auto room = RuntimeDirectory::open("room");
+    ASSERT_TRUE(room);
+    const kq::UniqueFd other(::open(room->pathOf(".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    ASSERT_EQ(::flock(other.get(), LOCK_EX), 0);
+    LogCapture log;
+    auto locking = std::async(std::launch::async, [&] { return static_cast<bool>(room->lock()); });
+    const bool inTime = locking.wait_for(kPatience) == std::future_status::ready;
+    EXPECT_TRUE(inTime);
+    ::flock(other.get(), LOCK_UN);
+    EXPECT_EQ(locking.get(), !inTime);
+    const std::vector<LogEntry> entries = log.take();
+    ASSERT_EQ(entries.size(), 1u);
+    EXPECT_EQ(entries[0].priority, 6);
+    EXPECT_EQ(entries[0].text, "locking " + room->pathOf(".lock") + ": Resource temporarily unavailable");
+}
+
+TEST_F(RuntimeDirectoryTest, lockOnSomethingElseThanAFileIsRefused) {
+    const auto room = RuntimeDirectory::open("room");
+    ASSERT_TRUE(room);
+    std::filesystem::create_symlink("/dev/null", room->pathOf(".lock"));
+    const LogCapture log;
+    EXPECT_FALSE(room->lock());
+    EXPECT_EQ(errno, ELOOP);
 }
 
 } // namespace

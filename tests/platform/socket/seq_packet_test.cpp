@@ -1,13 +1,16 @@
 #include "socket/SeqPacket.h"
+#include "support/Deadline.h"
 #include "support/RuntimeDir.h"
 
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <string>
 
@@ -26,6 +29,8 @@ protected:
     }
 
     std::string path() const { return mDirectory.path() + "/socket"; }
+
+    int listener() const { return mListener.get(); }
 
     kq::UniqueFd client;
     kq::UniqueFd server;
@@ -101,6 +106,46 @@ TEST_F(SeqPacketTest, missingEntryIsTold) {
     EXPECT_FALSE(kq::isStale(path()));
     EXPECT_FALSE(kq::connectTo(path()));
     EXPECT_EQ(errno, ENOENT);
+}
+
+/** Listens with a queue for one connection, which waits there. */
+class FullListener {
+public:
+    explicit FullListener(const std::string& path) : mListener(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path, sizeof(address.sun_path) - 1);
+        ::bind(mListener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof(address));
+        ::listen(mListener.get(), 0);
+        mWaiting = kq::connectTo(path);
+    }
+
+private:
+    kq::UniqueFd mListener;
+    kq::UniqueFd mWaiting;
+};
+
+TEST_F(SeqPacketTest, fullQueueIsNoEnd) {
+    const FullListener full(path());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(kq::connectTo(path()));
+    EXPECT_EQ(errno, EAGAIN);
+    EXPECT_FALSE(kq::isStale(path()));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, kPatience);
+}
+
+TEST_F(SeqPacketTest, connectionsWaitAsAskedFor) {
+    connectBoth();
+    const kq::UniqueFd quick = kq::connectTo(path(), kq::Waiting::Never);
+    const kq::UniqueFd answered = kq::acceptFrom(listener(), &caller, kq::Waiting::Never);
+    for (const int fd : {quick.get(), answered.get(), listener()}) {
+        EXPECT_NE(::fcntl(fd, F_GETFL) & O_NONBLOCK, 0);
+    }
+    for (const int fd : {client.get(), server.get()}) {
+        EXPECT_EQ(::fcntl(fd, F_GETFL) & O_NONBLOCK, 0);
+    }
+    EXPECT_FALSE(kq::acceptFrom(listener(), &caller));
+    EXPECT_EQ(errno, EAGAIN);
 }
 
 TEST_F(SeqPacketTest, pathMustFitIntoAnAddress) {

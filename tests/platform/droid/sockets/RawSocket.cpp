@@ -4,6 +4,7 @@
 #include "socket/SeqPacket.h"
 #include "support/Deadline.h"
 
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 
@@ -35,6 +36,8 @@ RawService::RawService(const std::string& path) : mListener(bounded(listenInRoom
 
 kq::UniqueFd RawService::accept() const {
     kq::Peer peer{};
+    pollfd waiting{mListener.get(), POLLIN, 0};
+    ::poll(&waiting, 1, static_cast<int>(kPatience.count()));
     return bounded(kq::acceptFrom(mListener.get(), &peer), "accept");
 }
 
