@@ -275,9 +275,7 @@ int Audio::getAudioItemStrValue(int cmdID, int param1, int param2, char* data) {
 // Records and lists
 
 int Audio::setPreScale(int channel, PreScaleInfo prescale) {
-    Parcel request;
-    writeWords(request, {channel, prescale.integer, prescale.decimal});
-    return TVBaseClient::self()->exeCmdSet(CMD_AUDIO_SETPRESCALE, request);
+    return Request().words({channel, prescale.integer, prescale.decimal}).send(CMD_AUDIO_SETPRESCALE);
 }
 
 PreScaleInfo Audio::getPreScale(int channel) {
@@ -290,9 +288,7 @@ PreScaleInfo Audio::getPreScale(int channel) {
 }
 
 int Audio::setNRAttr(NRAttrData stNRAttrData) {
-    Parcel request;
-    writeWords(request, {stNRAttrData.onOff, stNRAttrData.value});
-    return TVBaseClient::self()->exeCmdSet(CMD_AUDIO_SETNRATTR, request);
+    return Request().words({stNRAttrData.onOff, stNRAttrData.value}).send(CMD_AUDIO_SETNRATTR);
 }
 
 NRAttrData Audio::getNRAttr() {
@@ -306,9 +302,7 @@ NRAttrData Audio::getNRAttr() {
 }
 
 int Audio::setDRCAttr(KELU_TV_SND_DRC_ATTR_S const* stDrcAttr) {
-    Parcel request;
-    writeWords(request, {stDrcAttr->intthrhd, stDrcAttr->intLimit});
-    return TVBaseClient::self()->exeCmdSet(CMD_AUDIO_SETDRCATTR, request);
+    return Request().words({stDrcAttr->intthrhd, stDrcAttr->intLimit}).send(CMD_AUDIO_SETDRCATTR);
 }
 
 int Audio::getDRCAttr(KELU_TV_SND_DRC_ATTR_S* stDrcAttr) {
@@ -329,12 +323,12 @@ int Audio::setPEQAttr(KELU_TV_SND_PEQ_ATTR_S const* peqAttr) {
                             kMaxBands);
         return -1;
     }
-    Parcel request;
-    request.writeInt32(peqAttr->intBandNum);
+    Request request;
+    request.word(peqAttr->intBandNum);
     for (const KELU_TV_SND_PEQ_BAND_ATTR_S& band : peqAttr->stEqParam) {
-        writeWords(request, {band.enFltType, band.intfreq, band.intQ, band.intGain});
+        request.words({band.enFltType, band.intfreq, band.intQ, band.intGain});
     }
-    return TVBaseClient::self()->exeCmdSet(CMD_AUDIO_SETPEQATTR, request);
+    return request.send(CMD_AUDIO_SETPEQATTR);
 }
 
 int Audio::getPEQAttr(KELU_TV_SND_PEQ_ATTR_S* peqAttr) {
@@ -387,10 +381,8 @@ int Audio::getOutputStatus(char const* str, bool* pOnoff) {
         __android_log_print(ANDROID_LOG_ERROR, nullptr, "getOutputStatus input buf is null");
         result = -1;
     }
-    Parcel request;
-    request.writeCString(str);
     Parcel reply;
-    if (TVBaseClient::self()->exeCmdSet(CMDID_AUDIO_GET_OUTPUT_ENABLE, request, reply) != 0) {
+    if (Request().text(str).send(CMDID_AUDIO_GET_OUTPUT_ENABLE, reply) != 0) {
         __android_log_print(ANDROID_LOG_ERROR, nullptr, "[%d] getOutputStatus,err,force pOnoff = 0", kMessageLine);
         return result;
     }

@@ -1,163 +1,163 @@
+#include "CommandCalls.h"
+
+#include "Failures.h"
 #include "InterfaceToken.h"
 
 #include <kelutv/link/TVBaseClient.h>
 
-#include <android/log.h>
+namespace kelutv::internal {
+
+using android::NO_ERROR;
+using android::Parcel;
+using android::status_t;
+using android::TVBaseClient;
+
+status_t Argument::appendTo(Parcel& request) const {
+    switch (mKind) {
+    case Kind::Number:
+        return request.writeInt32(mNumber);
+    case Kind::Text:
+        return request.writeCString(mText);
+    case Kind::Parcel:
+        return request.appendFrom(mParcel, 0, mParcel->dataSize());
+    case Kind::Bytes:
+        return mLength == 0 ? NO_ERROR : request.write(mBytes, static_cast<size_t>(mLength));
+    }
+    return NO_ERROR;
+}
+
+bool exchange(TVBaseClient& client, int command, std::initializer_list<Argument> arguments, Parcel& reply) {
+    Parcel request;
+    status_t written = request.writeInterfaceToken(TBS_INTERFACE_NAME);
+    written |= request.writeInt32(command);
+    for (const Argument& argument : arguments) {
+        written |= argument.appendTo(request);
+    }
+    return written == NO_ERROR && client.invoke(request, &reply) == NO_ERROR;
+}
+
+bool succeeds(TVBaseClient& client, int command, std::initializer_list<Argument> arguments, Parcel& reply) {
+    return exchange(client, command, arguments, reply) && reply.readInt32() == 0;
+}
+
+} // namespace kelutv::internal
 
 namespace android {
 
 namespace {
 
-constexpr int kFailed = -1;
+using namespace kelutv::internal;
+using Arguments = std::initializer_list<Argument>;
+
 constexpr size_t kResultSize = sizeof(int32_t);
 
-/** One request, its reply, and the three shapes in which a reply is answered. */
-class Call {
-public:
-    Call(TVBaseClient& client, int cmd) : mClient(client) {
-        mRequest.writeInterfaceToken(kelutv::internal::TBS_INTERFACE_NAME);
-        mRequest.writeInt32(cmd);
+/** The service's result. */
+int status(TVBaseClient& client, int cmd, Arguments arguments) {
+    Parcel reply;
+    if (!exchange(client, cmd, arguments, reply)) {
+        logFailedCall();
+        return kFailed;
     }
+    return reply.readInt32();
+}
 
-    Call& add(int arg) {
-        mRequest.writeInt32(arg);
-        return *this;
-    }
-    Call& add(char const* arg) {
-        mRequest.writeCString(arg);
-        return *this;
-    }
-    Call& add(Parcel const& arg) {
-        mRequest.appendFrom(&arg, 0, arg.dataSize());
-        return *this;
-    }
-    Call& add(unsigned char const* bytes, int length) {
-        if (length > 0) {
-            mRequest.write(bytes, static_cast<size_t>(length));
-        }
-        return *this;
-    }
+/** The word behind a result of 0. */
+int value(TVBaseClient& client, int cmd, Arguments arguments) {
+    Parcel reply;
+    return succeeds(client, cmd, arguments, reply) ? reply.readInt32() : kFailed;
+}
 
-    int status() {
-        if (!exchange()) {
-            logFailure();
-            return kFailed;
-        }
-        return mReply.readInt32();
+/** All that stands behind a result of 0. */
+int parcel(TVBaseClient& client, int cmd, Arguments arguments, Parcel& result) {
+    Parcel reply;
+    if (!succeeds(client, cmd, arguments, reply)) {
+        return kFailed;
     }
-
-    int value() { return succeed() ? mReply.readInt32() : kFailed; }
-
-    int parcel(Parcel& result) {
-        if (!succeed()) {
-            return kFailed;
-        }
-        const size_t behind = mReply.dataSize() < kResultSize ? mReply.dataSize() : kResultSize;
-        result.setData(mReply.data() + behind, mReply.dataSize() - behind);
-        return 0;
-    }
-
-    int parcelOrLog(Parcel& result) {
-        const int answer = parcel(result);
-        if (answer != 0) {
-            logFailure();
-        }
-        return answer;
-    }
-
-private:
-    bool exchange() { return mClient.invoke(mRequest, &mReply) == NO_ERROR; }
-    bool succeed() { return exchange() && mReply.readInt32() == 0; }
-    static void logFailure() { __android_log_print(ANDROID_LOG_ERROR, "TVBaseService@Client", "invoke failure\n"); }
-
-    TVBaseClient& mClient;
-    Parcel mRequest;
-    Parcel mReply;
-};
+    const size_t behind = reply.dataSize() < kResultSize ? reply.dataSize() : kResultSize;
+    return result.setData(reply.data() + behind, reply.dataSize() - behind) == NO_ERROR ? 0 : kFailed;
+}
 
 } // namespace
 
-int TVBaseClient::exeCmdSet(int cmd) { return Call(*this, cmd).status(); }
+int TVBaseClient::exeCmdSet(int cmd) { return status(*this, cmd, {}); }
 
-int TVBaseClient::exeCmdSet(int cmd, int arg1) { return Call(*this, cmd).add(arg1).status(); }
+int TVBaseClient::exeCmdSet(int cmd, int arg1) { return status(*this, cmd, {arg1}); }
 
-int TVBaseClient::exeCmdSet(int cmd, char* arg1) { return Call(*this, cmd).add(arg1).status(); }
+int TVBaseClient::exeCmdSet(int cmd, char* arg1) { return status(*this, cmd, {arg1}); }
 
-int TVBaseClient::exeCmdSet(int cmd, char const* arg1) { return Call(*this, cmd).add(arg1).status(); }
+int TVBaseClient::exeCmdSet(int cmd, char const* arg1) { return status(*this, cmd, {arg1}); }
 
-int TVBaseClient::exeCmdSet(int cmd, int arg1, char const* arg2) {
-    return Call(*this, cmd).add(arg1).add(arg2).status();
-}
+int TVBaseClient::exeCmdSet(int cmd, int arg1, char const* arg2) { return status(*this, cmd, {arg1, arg2}); }
 
 int TVBaseClient::exeCmdSet(int cmd, int arg1, char const* arg2, char const* arg3) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).status();
+    return status(*this, cmd, {arg1, arg2, arg3});
 }
 
-int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2) { return Call(*this, cmd).add(arg1).add(arg2).status(); }
+int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2) { return status(*this, cmd, {arg1, arg2}); }
 
-int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2, int arg3) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).status();
-}
+int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2, int arg3) { return status(*this, cmd, {arg1, arg2, arg3}); }
 
 int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2, int arg3, int arg4) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).add(arg4).status();
+    return status(*this, cmd, {arg1, arg2, arg3, arg4});
 }
 
 int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2, int arg3, int arg4, int arg5) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).add(arg4).add(arg5).status();
+    return status(*this, cmd, {arg1, arg2, arg3, arg4, arg5});
 }
 
 int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2, char const* arg3) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).status();
+    return status(*this, cmd, {arg1, arg2, arg3});
 }
 
 int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2, char const* arg3, int arg4) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).add(arg4).status();
+    return status(*this, cmd, {arg1, arg2, arg3, arg4});
 }
 
 int TVBaseClient::exeCmdSet(int cmd, char const* arg1, char const* arg2, char const* arg3, char const* arg4) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).add(arg4).status();
+    return status(*this, cmd, {arg1, arg2, arg3, arg4});
 }
 
 int TVBaseClient::exeCmdSet(int cmd, char const* arg1, int arg2, int arg3, int arg4, int arg5) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).add(arg4).add(arg5).status();
+    return status(*this, cmd, {arg1, arg2, arg3, arg4, arg5});
 }
 
-int TVBaseClient::exeCmdSet(int cmd, Parcel const& arg) { return Call(*this, cmd).add(arg).status(); }
+int TVBaseClient::exeCmdSet(int cmd, Parcel const& arg) { return status(*this, cmd, {arg}); }
 
 int TVBaseClient::exeCmdSet(int cmd, int arg1, int arg2, Parcel const& arg) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg).status();
+    return status(*this, cmd, {arg1, arg2, arg});
 }
 
 int TVBaseClient::exeCmdSet(int cmd, Parcel const& write, Parcel& read) {
-    return Call(*this, cmd).add(write).parcelOrLog(read);
+    const int answer = parcel(*this, cmd, {write}, read);
+    if (answer != 0) {
+        logFailedCall();
+    }
+    return answer;
 }
 
-int TVBaseClient::exeCmdGet(int cmd) { return Call(*this, cmd).value(); }
+int TVBaseClient::exeCmdGet(int cmd) { return value(*this, cmd, {}); }
 
-int TVBaseClient::exeCmdGet(int cmd, int arg1) { return Call(*this, cmd).add(arg1).value(); }
+int TVBaseClient::exeCmdGet(int cmd, int arg1) { return value(*this, cmd, {arg1}); }
 
-int TVBaseClient::exeCmdGet(int cmd, int arg1, int arg2) { return Call(*this, cmd).add(arg1).add(arg2).value(); }
+int TVBaseClient::exeCmdGet(int cmd, int arg1, int arg2) { return value(*this, cmd, {arg1, arg2}); }
 
-int TVBaseClient::exeCmdGet(int cmd, int arg1, int arg2, int arg3) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).value();
-}
+int TVBaseClient::exeCmdGet(int cmd, int arg1, int arg2, int arg3) { return value(*this, cmd, {arg1, arg2, arg3}); }
 
-int TVBaseClient::exeCmdGet(int cmd, Parcel& result) { return Call(*this, cmd).parcel(result); }
+int TVBaseClient::exeCmdGet(int cmd, Parcel& result) { return parcel(*this, cmd, {}, result); }
 
-int TVBaseClient::exeCmdGet(int cmd, int arg, Parcel& result) { return Call(*this, cmd).add(arg).parcel(result); }
+int TVBaseClient::exeCmdGet(int cmd, int arg, Parcel& result) { return parcel(*this, cmd, {arg}, result); }
 
 int TVBaseClient::exeCmdGet(int cmd, int arg1, int arg2, Parcel& result) {
-    return Call(*this, cmd).add(arg1).add(arg2).parcel(result);
+    return parcel(*this, cmd, {arg1, arg2}, result);
 }
 
 int TVBaseClient::exeCmdGet(int cmd, int arg1, int arg2, int arg3, Parcel& result) {
-    return Call(*this, cmd).add(arg1).add(arg2).add(arg3).parcel(result);
+    return parcel(*this, cmd, {arg1, arg2, arg3}, result);
 }
 
 int TVBaseClient::exeCmdGet(int cmd, int doFlag, int param, int dataSize, int* size, unsigned char* data,
                             Parcel& result) {
-    return Call(*this, cmd).add(doFlag).add(param).add(dataSize).add(*size).add(data, dataSize).parcel(result);
+    return parcel(*this, cmd, {doFlag, param, dataSize, *size, {data, dataSize}}, result);
 }
 
 } // namespace android

@@ -7,7 +7,6 @@
 
 #include <android/log.h>
 #include <binder/Parcel.h>
-#include <utils/String16.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -64,18 +63,12 @@ template <typename Record, typename... Arguments> Record getRecord(int command, 
 }
 
 template <typename Record> int setRecord(int command, std::initializer_list<int> words, const Record& record) {
-    Parcel request;
-    writeWords(request, words);
-    writeRecord(request, record);
-    return TVBaseClient::self()->exeCmdSet(command, request);
+    return Request().words(words).record(record).send(command);
 }
 
 template <typename Value>
 int setValues(int command, std::initializer_list<int> words, const Value* values, int length) {
-    Parcel request;
-    writeWords(request, words);
-    writeValues(request, values, length);
-    return TVBaseClient::self()->exeCmdSet(command, request);
+    return Request().words(words).values(values, length).send(command);
 }
 
 template <typename Value, typename... Arguments>
@@ -156,12 +149,6 @@ int getChipVersion(int command, char* version) {
     }
     copyText(reply, version);
     return 0;
-}
-
-int exchangeText(int command, const char* text, Parcel& reply) {
-    Parcel request;
-    request.writeCString(text);
-    return TVBaseClient::self()->exeCmdSet(command, request, reply);
 }
 
 } // namespace
@@ -505,9 +492,7 @@ int Factory::resetAtvChannel() { return TVBaseClient::self()->exeCmdSet(CMD_FACT
 int Factory::startRecorderTsStream(char const* usbPath) {
     __android_log_print(ANDROID_LOG_ERROR, nullptr, "DtvChannel startRecorderTsStream usbPath = %s",
                         printable(usbPath));
-    Parcel request;
-    request.writeCString(usbPath);
-    return TVBaseClient::self()->exeCmdSet(CMD_FACTORY_STARTRECORDERTS, request);
+    return Request().text(usbPath).send(CMD_FACTORY_STARTRECORDERTS);
 }
 
 int Factory::stopRecorderTsStream() { return TVBaseClient::self()->exeCmdSet(CMD_FACTORY_STOPRECORDERTS); }
@@ -602,9 +587,7 @@ int Factory::setUartData(char const* pData) {
     if (isNull(pData, "setUartData pData is null")) {
         return -1;
     }
-    Parcel request;
-    request.writeString16(android::String16(pData));
-    return TVBaseClient::self()->exeCmdSet(CMD_EXTRA_SETUARTDATA, request);
+    return Request().wideText(pData).send(CMD_EXTRA_SETUARTDATA);
 }
 
 // Device identity, versions and counters
@@ -710,11 +693,8 @@ int Factory::setStbOtpBurn(int CaCardKind, char const* str, char* snData) {
     if (!complete) {
         logError("setStbOtpBurn input buf is null");
     }
-    Parcel request;
-    request.writeInt32(CaCardKind);
-    request.writeCString(str);
     Parcel reply;
-    const int result = TVBaseClient::self()->exeCmdSet(CMD_FACTORY_SETSTBOTPBURN, request, reply);
+    const int result = Request().word(CaCardKind).text(str).send(CMD_FACTORY_SETSTBOTPBURN, reply);
     const char* const serialNumber = result == 0 ? reply.readCString() : nullptr;
     if (serialNumber == nullptr) {
         logError("setStbOtpBurn,getBurnKeyStatus timeData  error");
@@ -738,7 +718,7 @@ int Factory::getIsBurnOtpRsa() { return TVBaseClient::self()->exeCmdGet(CMD_FACT
 std::list<int> Factory::getBurnKeyType(char const* path) {
     Parcel reply;
     if (isNull(path, "getBurnKeyType path is null") ||
-        exchangeText(CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE, path, reply) != 0) {
+        Request().text(path).send(CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE, reply) != 0) {
         return {};
     }
     return readNumbers(reply);
@@ -747,7 +727,7 @@ std::list<int> Factory::getBurnKeyType(char const* path) {
 int Factory::exDevInserted(char const* pData) {
     Parcel reply;
     if (isNull(pData, "exDevInserted pData is null") ||
-        exchangeText(CMD_FACTORY_EXTERNAL_DEV_INSERT, pData, reply) != 0) {
+        Request().text(pData).send(CMD_FACTORY_EXTERNAL_DEV_INSERT, reply) != 0) {
         return -1;
     }
     return reply.readInt32();

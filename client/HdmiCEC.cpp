@@ -1,3 +1,4 @@
+#include "Failures.h"
 #include "Marshalling.h"
 
 #include <kelutv/HdmiCEC.h>
@@ -50,11 +51,13 @@ int HdmiCEC::getDeviceListInfo(std::vector<Device>* deviceList) {
     if (TVBaseClient::self()->exeCmdGet(CMD_CEC_GETDEVICELISTALLINFO, reply) != 0) {
         return -1;
     }
-    Device device;
-    while (readDevice(reply, device)) {
-        tell(device);
-        deviceList->push_back(device);
-    }
+    allocating([&] {
+        Device device;
+        while (readDevice(reply, device)) {
+            tell(device);
+            deviceList->push_back(device);
+        }
+    });
     return 0;
 }
 

@@ -1,8 +1,12 @@
+#include "Failures.h"
+
 #include <kelutv/link/BpTVBaseService.h>
 
 namespace android {
 
-const String16 ITVBaseService::descriptor("android.ITVBaseService");
+using kelutv::internal::allocating;
+
+const String16 ITVBaseService::descriptor = allocating([] { return String16("android.ITVBaseService"); });
 
 ITVBaseService::ITVBaseService() = default;
 ITVBaseService::~ITVBaseService() = default;
@@ -16,7 +20,7 @@ sp<ITVBaseService> ITVBaseService::asInterface(const sp<IBinder>& obj) {
     if (const sp<IInterface> local = obj->queryLocalInterface(descriptor); local != nullptr) {
         return static_cast<ITVBaseService*>(local.get());
     }
-    return new BpTVBaseService(obj);
+    return allocating([&] { return new BpTVBaseService(obj); });
 }
 
 } // namespace android

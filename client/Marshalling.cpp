@@ -1,32 +1,70 @@
 #include "Marshalling.h"
 
+#include "Failures.h"
+
+#include <kelutv/link/TVBaseClient.h>
+
+#include <utils/String16.h>
+
 #include <algorithm>
 #include <cstring>
 
 namespace kelutv::internal {
 
-void writeWords(android::Parcel& request, std::initializer_list<int> words) {
-    for (const int word : words) {
-        request.writeInt32(word);
-    }
+Request& Request::word(int value) {
+    mWritten |= mArguments.writeInt32(value);
+    return *this;
 }
 
-void writeWords(android::Parcel& request, std::initializer_list<unsigned int> words) {
-    for (const unsigned int word : words) {
-        request.writeInt32(static_cast<int>(word));
-    }
+Request& Request::words(std::initializer_list<int> values) {
+    return this->values(values.begin(), static_cast<int>(values.size()));
 }
 
-void writeValues(android::Parcel& request, const int* values, int count) {
+Request& Request::words(std::initializer_list<unsigned int> values) {
+    for (const unsigned int value : values) {
+        word(static_cast<int>(value));
+    }
+    return *this;
+}
+
+Request& Request::values(const int* values, int count) {
     for (int i = 0; values != nullptr && i < count; ++i) {
-        request.writeInt32(values[i]);
+        word(values[i]);
     }
+    return *this;
 }
 
-void writeValues(android::Parcel& request, const double* values, int count) {
+Request& Request::values(const double* values, int count) {
     for (int i = 0; values != nullptr && i < count; ++i) {
-        request.writeDouble(values[i]);
+        mWritten |= mArguments.writeDouble(values[i]);
     }
+    return *this;
+}
+
+Request& Request::text(const char* text) {
+    mWritten |= mArguments.writeCString(text);
+    return *this;
+}
+
+Request& Request::wideText(const char* text) {
+    mWritten |= allocating([&] { return mArguments.writeString16(android::String16(text)); });
+    return *this;
+}
+
+template <typename... Arguments> int Request::exchange(int command, Arguments&&... arguments) const {
+    if (mWritten != android::NO_ERROR) {
+        logFailedCall();
+        return kFailed;
+    }
+    return android::TVBaseClient::self()->exeCmdSet(command, arguments...);
+}
+
+int Request::send(int command) const { return exchange(command, mArguments); }
+
+int Request::send(int command, android::Parcel& reply) const { return exchange(command, mArguments, reply); }
+
+int Request::sendBehind(int command, int first, int second) const {
+    return exchange(command, first, second, mArguments);
 }
 
 void readWords(const android::Parcel& reply, std::initializer_list<int*> words) {
@@ -72,11 +110,13 @@ int readCountedValues(const android::Parcel& reply, int* values) {
 void readItemValues(const android::Parcel& reply, int* values) { readValues(reply, values, kItemValueCount); }
 
 std::list<int> readNumbers(const android::Parcel& reply) {
-    std::list<int> numbers;
-    while (reply.dataAvail() >= sizeof(std::int32_t)) {
-        numbers.push_back(reply.readInt32());
-    }
-    return numbers;
+    return allocating([&] {
+        std::list<int> numbers;
+        while (reply.dataAvail() >= sizeof(std::int32_t)) {
+            numbers.push_back(reply.readInt32());
+        }
+        return numbers;
+    });
 }
 
 bool readText(const android::Parcel& reply, std::string& text) {
@@ -104,11 +144,13 @@ bool copyText(const android::Parcel& reply, char* text) {
 }
 
 std::list<std::string> readTexts(const android::Parcel& reply) {
-    std::list<std::string> texts;
-    for (std::string text; readText(reply, text);) {
-        texts.push_back(text);
-    }
-    return texts;
+    return allocating([&] {
+        std::list<std::string> texts;
+        for (std::string text; readText(reply, text);) {
+            texts.push_back(text);
+        }
+        return texts;
+    });
 }
 
 int storeFlag(const ItemAnswer& answer, bool* flag) {

@@ -25,13 +25,48 @@ struct ItemAnswer {
     int result = -1;
 };
 
-/** Appends one int32 per word. */
-void writeWords(android::Parcel& request, std::initializer_list<int> words);
-void writeWords(android::Parcel& request, std::initializer_list<unsigned int> words);
+/** The words of a record that has nothing but ints, in the order of its fields, which is their order on the wire. */
+template <typename Record> struct RecordWords {
+    static_assert(std::is_trivially_copyable_v<Record> && sizeof(Record) % sizeof(std::int32_t) == 0);
+    std::array<int, sizeof(Record) / sizeof(std::int32_t)> words{};
+};
 
-/** Appends `count` values; none for a null pointer or a count below 1. */
-void writeValues(android::Parcel& request, const int* values, int count);
-void writeValues(android::Parcel& request, const double* values, int count);
+/** The arguments of one command, in the order in which they are added. One that could not be written keeps all back. */
+class Request {
+public:
+    Request& word(int value);
+    Request& words(std::initializer_list<int> values);
+    Request& words(std::initializer_list<unsigned int> values);
+
+    /** `count` values; none for a null pointer or a count below 1. */
+    Request& values(const int* values, int count);
+    Request& values(const double* values, int count);
+
+    /** The bytes and a terminator; null is the empty text. */
+    Request& text(const char* text);
+    /** The text in UTF-16, led by its length. */
+    Request& wideText(const char* text);
+
+    /** Every field of a record of ints. */
+    template <typename Record> Request& record(const Record& record) {
+        RecordWords<Record> fields;
+        std::memcpy(fields.words.data(), &record, sizeof record);
+        return values(fields.words.data(), static_cast<int>(fields.words.size()));
+    }
+
+    /** Sends them. Returns the service's result; -1, logged, when the link fails. */
+    int send(int command) const;
+    /** Sends them. Returns 0 and the values that answer the command; -1, logged, for every failure. */
+    int send(int command, android::Parcel& reply) const;
+    /** Sends two words before them. Returns as the first. */
+    int sendBehind(int command, int first, int second) const;
+
+private:
+    template <typename... Arguments> int exchange(int command, Arguments&&... arguments) const;
+
+    android::Parcel mArguments;
+    android::status_t mWritten = android::NO_ERROR;
+};
 
 /** Reads one int32 into each word; 0 where the reply has ended. */
 void readWords(const android::Parcel& reply, std::initializer_list<int*> words);
@@ -66,19 +101,6 @@ bool copyText(const android::Parcel& reply, char* text);
 
 /** The texts up to the end of the reply, or to the first that has no terminator. */
 std::list<std::string> readTexts(const android::Parcel& reply);
-
-/** The words of a record that has nothing but ints, in the order of its fields, which is their order on the wire. */
-template <typename Record> struct RecordWords {
-    static_assert(std::is_trivially_copyable_v<Record> && sizeof(Record) % sizeof(std::int32_t) == 0);
-    std::array<int, sizeof(Record) / sizeof(std::int32_t)> words{};
-};
-
-/** Appends every field of a record of ints. */
-template <typename Record> void writeRecord(android::Parcel& request, const Record& record) {
-    RecordWords<Record> fields;
-    std::memcpy(fields.words.data(), &record, sizeof record);
-    writeValues(request, fields.words.data(), static_cast<int>(fields.words.size()));
-}
 
 /** Reads every field of a record of ints; 0 where the reply has ended. */
 template <typename Record> Record readRecord(const android::Parcel& reply) {

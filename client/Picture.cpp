@@ -221,10 +221,10 @@ int Picture::setColorTemp(int colortemp) {
 int Picture::getColorTemp() { return TVBaseClient::self()->exeCmdGet(CMD_PICTURE_GETCOLORTEMP); }
 
 int Picture::setColorTempPara(ColorTempData stColorTemp) {
-    Parcel request;
-    writeWords(request, {stColorTemp.redGain, stColorTemp.greenGain, stColorTemp.blueGain, stColorTemp.redOffset,
-                         stColorTemp.greenOffset, stColorTemp.blueOffset});
-    return TVBaseClient::self()->exeCmdSet(CMD_PICTURE_SETCOLORTEMPDATA, request);
+    return Request()
+        .words({stColorTemp.redGain, stColorTemp.greenGain, stColorTemp.blueGain, stColorTemp.redOffset,
+                stColorTemp.greenOffset, stColorTemp.blueOffset})
+        .send(CMD_PICTURE_SETCOLORTEMPDATA);
 }
 
 ColorTempData Picture::getColorTempPara() {
@@ -292,11 +292,10 @@ int Picture::enableBlueExtend(bool onoff) { return TVBaseClient::self()->exeCmdS
 bool Picture::isBlueExtendEnable() { return TVBaseClient::self()->exeCmdGet(CMD_PICTURE_GETBLEXTEND) != 0; }
 
 int Picture::setColorControlInfoPara(ColorControlInfoData stColorControlInfo) {
-    Parcel request;
-    writeWords(request,
-               {stColorControlInfo.red, stColorControlInfo.green, stColorControlInfo.blue, stColorControlInfo.cyan,
-                stColorControlInfo.magenta, stColorControlInfo.yellow, stColorControlInfo.complexion});
-    return TVBaseClient::self()->exeCmdSet(CMD_PICTURE_SETCOLORCONTROLINFOPARA, request);
+    return Request()
+        .words({stColorControlInfo.red, stColorControlInfo.green, stColorControlInfo.blue, stColorControlInfo.cyan,
+                stColorControlInfo.magenta, stColorControlInfo.yellow, stColorControlInfo.complexion})
+        .send(CMD_PICTURE_SETCOLORCONTROLINFOPARA);
 }
 
 ColorControlInfoData Picture::getColorControlInfoPara() {
@@ -408,9 +407,7 @@ int Picture::enableOverscan(bool bEnable) {
 bool Picture::isOverscanEnable() { return TVBaseClient::self()->exeCmdGet(CMD_PICTURE_GETOVERSCANENABLE) != 0; }
 
 int Picture::setScopeInfo(ScopeInfo scope) {
-    Parcel request;
-    writeWords(request, {scope.horPos, scope.verPos, scope.horRange, scope.verRange});
-    return TVBaseClient::self()->exeCmdSet(CMD_PICTURE_SETSCOPE, request);
+    return Request().words({scope.horPos, scope.verPos, scope.horRange, scope.verRange}).send(CMD_PICTURE_SETSCOPE);
 }
 
 ScopeInfo Picture::getScopeInfo() {

@@ -70,10 +70,10 @@ int SourceManager::isNeedSelectSoucre(int fromSource, int toSource) {
 // Display windows
 
 int SourceManager::setWindowRect(KeluRect rect, int mainWindow, int flag) {
-    Parcel request;
-    writeWords(request, {rect.x, rect.y, rect.width, rect.height});
-    writeWords(request, {mainWindow, flag});
-    return TVBaseClient::self()->exeCmdSet(CMD_SOURCE_SETWINDOWRECT, request);
+    return Request()
+        .words({rect.x, rect.y, rect.width, rect.height})
+        .words({mainWindow, flag})
+        .send(CMD_SOURCE_SETWINDOWRECT);
 }
 
 int SourceManager::getWindowRect(KeluRect* rect, int mainWindow) {

@@ -1,4 +1,4 @@
-#include "InterfaceToken.h"
+#include "CommandCalls.h"
 #include "Marshalling.h"
 
 #include <kelutv/SystemSetting.h>
@@ -39,20 +39,7 @@ int readBlock(int cmd, const char* method, int address, int* buf, int length) {
 }
 
 int writeBlock(int cmd, int address, const int* buf, int length) {
-    Parcel block;
-    writeValues(block, buf, length);
-    return TVBaseClient::self()->exeCmdSet(cmd, address, length, block);
-}
-
-/** Sends a request that carries bytes; true when the service answered 0, the reply standing behind that word. */
-bool exchange(std::initializer_list<int> words, const void* bytes, int size, Parcel& reply) {
-    Parcel request;
-    request.writeInterfaceToken(TBS_INTERFACE_NAME);
-    writeWords(request, words);
-    if (bytes != nullptr && size > 0) {
-        request.write(bytes, static_cast<size_t>(size));
-    }
-    return TVBaseClient::self()->invoke(request, &reply) == android::NO_ERROR && reply.readInt32() == 0;
+    return Request().values(buf, length).sendBehind(cmd, address, length);
 }
 
 /** The line numbers are part of the messages. */
@@ -362,7 +349,7 @@ int SystemSetting::GetSoundBarAudioInputSource(int* pdata) {
 
 int SystemSetting::dtvControl(int cmd, void* pData, int dataSize) {
     Parcel reply;
-    if (!exchange({CMD_SYSTEM_DTV_CHANGE_CHANNEL, cmd, dataSize}, pData, dataSize, reply)) {
+    if (!succeeds(*TVBaseClient::self(), CMD_SYSTEM_DTV_CHANGE_CHANNEL, {cmd, dataSize, {pData, dataSize}}, reply)) {
         return tellFailure("dtvControl", 605);
     }
     return tellSuccess("dtvControl", 600);
@@ -374,7 +361,8 @@ int SystemSetting::sendCmdToTVServer(int cmd, void* pInputData, int inSize, void
                         static_cast<unsigned int>(cmd), inSize);
     const int capacity = outSize == nullptr ? 0 : *outSize;
     Parcel reply;
-    if (!exchange({CMD_SYSTEM_DTV_CMD_TO_TV, cmd, inSize, capacity}, pInputData, inSize, reply)) {
+    if (!succeeds(*TVBaseClient::self(), CMD_SYSTEM_DTV_CMD_TO_TV, {cmd, inSize, capacity, {pInputData, inSize}},
+                  reply)) {
         return tellFailure(method, 652);
     }
     tellSuccess(method, 637);

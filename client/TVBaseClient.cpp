@@ -2,14 +2,17 @@
 #include <kelutv/link/TVBaseClient.h>
 
 #include "EventModules.h"
+#include "Failures.h"
 
-#include <android/log.h>
 #include <binder/IServiceManager.h>
 #include <keluem/emal.h>
 
 #include <cstdio>
 
 namespace android {
+
+using kelutv::internal::allocating;
+using kelutv::internal::kLinkTag;
 
 namespace {
 
@@ -44,15 +47,17 @@ TVBaseClient* TVBaseClient::self() {
 }
 
 TVBaseClient::TVBaseClient() {
-    const sp<IBinder> binder = findService();
-    if (binder == nullptr) {
-        std::fprintf(stderr, "E/TvbaseClient %s() Get %s failed\n", "TVBaseClient", kServiceName);
-        return;
-    }
-    mDeathRecipient = new DeathNotifier;
-    binder->linkToDeath(mDeathRecipient, nullptr, 0);
-    mBpTvbaseService = interface_cast<ITVBaseService>(binder);
-    __android_log_print(ANDROID_LOG_DEBUG, "TVBaseService@Client", "ret = %d", subscribeToEvents());
+    allocating([this] {
+        const sp<IBinder> binder = findService();
+        if (binder == nullptr) {
+            std::fprintf(stderr, "E/TvbaseClient %s() Get %s failed\n", "TVBaseClient", kServiceName);
+            return;
+        }
+        mDeathRecipient = new DeathNotifier;
+        binder->linkToDeath(mDeathRecipient, nullptr, 0);
+        mBpTvbaseService = interface_cast<ITVBaseService>(binder);
+        __android_log_print(ANDROID_LOG_DEBUG, kLinkTag, "ret = %d", subscribeToEvents());
+    });
 }
 
 TVBaseClient::~TVBaseClient() = default;
@@ -61,7 +66,7 @@ status_t TVBaseClient::invoke(const Parcel& request, Parcel* reply) {
     if (mBpTvbaseService == nullptr) {
         return DEAD_OBJECT;
     }
-    return mBpTvbaseService->invoke(request, reply);
+    return allocating([&] { return mBpTvbaseService->invoke(request, reply); });
 }
 
 sp<ITVBaseService>& TVBaseClient::getBpTvbaseService() { return mBpTvbaseService; }

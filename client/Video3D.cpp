@@ -13,23 +13,20 @@ using namespace kelutv::internal;
 
 namespace {
 
-void writeRect(Parcel& request, const KELU_TV_RECT_S& rect) {
-    writeWords(request, {rect.x, rect.y, rect.width, rect.height});
-}
+void addRect(Request& request, const KELU_TV_RECT_S& rect) { request.words({rect.x, rect.y, rect.width, rect.height}); }
 
 void readRect(const Parcel& reply, KELU_TV_RECT_S& rect) {
     readWords(reply, {&rect.x, &rect.y, &rect.width, &rect.height});
 }
 
-void writeWindow(Parcel& request, const KELU_TV_WINDOW_ATTR_S& attr) {
+void addWindow(Request& request, const KELU_TV_WINDOW_ATTR_S& attr) {
     const KELU_TV_CROP_RECT_S& crop = attr.cropRect;
-    request.writeInt32(attr.window);
-    writeWords(request, {crop.leftOffset, crop.topOffset, crop.rightOffset, crop.bottomOffset});
-    writeRect(request, attr.outputRect);
-    writeRect(request, attr.videoRect);
-    request.writeInt32(attr.nonLinearInfo.enable);
-    writeWords(request, {attr.nonLinearInfo.sourceWidth, attr.nonLinearInfo.displayWidth});
-    request.writeInt32(attr.isVirtual);
+    request.word(attr.window).words({crop.leftOffset, crop.topOffset, crop.rightOffset, crop.bottomOffset});
+    addRect(request, attr.outputRect);
+    addRect(request, attr.videoRect);
+    request.word(attr.nonLinearInfo.enable)
+        .words({attr.nonLinearInfo.sourceWidth, attr.nonLinearInfo.displayWidth})
+        .word(attr.isVirtual);
 }
 
 KELU_TV_WINDOW_ATTR_S readWindow(const Parcel& reply) {
@@ -87,9 +84,9 @@ int Video3D::getWindowAttr(KELU_TV_SRC_E /*source*/, KELU_TV_WINDOW_ATTR_S* attr
 }
 
 int Video3D::setWindowAttr(KELU_TV_SRC_E /*source*/, KELU_TV_WINDOW_ATTR_S* stWinAttr) {
-    Parcel request;
-    writeWindow(request, *stWinAttr);
-    return TVBaseClient::self()->exeCmdSet(CMD_VIDEO_SET_WINDOWATTR, request);
+    Request request;
+    addWindow(request, *stWinAttr);
+    return request.send(CMD_VIDEO_SET_WINDOWATTR);
 }
 
 int Video3D::setVideoItemValue(int cmdID, int param1, int param2, int param3, int param4) {
