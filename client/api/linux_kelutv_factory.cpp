@@ -6,6 +6,7 @@
 #include <android/log.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <iterator>
 #include <list>
@@ -29,7 +30,7 @@ constexpr WhiteBalancePattern kWhiteBalancePatterns[] = {
     {true, 0, 255, 0},     {true, 0, 0, 255},     {true, 0, 0, 0},
 };
 
-int testPatternIndex = 0;
+std::atomic<int> testPatternIndex{0};
 
 /** Stores the record, which is all zeros after a failed read; without a place for it nothing is read. */
 template <typename Record, typename... Arguments>
@@ -98,11 +99,11 @@ int linux_tv_Factory_setWBWhitePattern(int type) {
     }
     const auto& [onoff, red, green, blue] = kWhiteBalancePatterns[type];
     const int result = linux_tv_Factory_setWhiteBalanceColor(onoff, red, green, blue);
-    testPatternIndex = type;
+    testPatternIndex.store(type, std::memory_order_relaxed);
     return result;
 }
 
-int linux_tv_Factory_getWBWhitePattern() { return testPatternIndex; }
+int linux_tv_Factory_getWBWhitePattern() { return testPatternIndex.load(std::memory_order_relaxed); }
 
 int linux_tv_Factory_isSupportSocWhiteBalancePattern() {
     return Factory::instance()->isSupportSocWhiteBalancePattern();

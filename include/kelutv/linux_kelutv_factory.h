@@ -5,7 +5,7 @@
  * A function is one command to the TV base service, which owns all values. It blocks until the service has answered and
  * may be called from any thread. A `bool` travels as 0 or 1. A set command whose link fails is logged as
  * "invoke failure\n"; what else is logged is said at the methods of `Factory`. The one thing kept here is the pattern
- * of `linux_tv_Factory_setWBWhitePattern`, which has no lock.
+ * of `linux_tv_Factory_setWBWhitePattern`; of several threads that set it the last one's is kept.
  */
 #ifndef KELUTV_LINUX_KELUTV_FACTORY_H
 #define KELUTV_LINUX_KELUTV_FACTORY_H
