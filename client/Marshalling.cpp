@@ -103,7 +103,7 @@ void readValues(const android::Parcel& reply, double* values, std::int64_t count
 int readCountedValues(const android::Parcel& reply, int* values) {
     const int count = reply.readInt32();
     const auto held = static_cast<std::int64_t>(reply.dataAvail() / sizeof(std::int32_t));
-    readValues(reply, values, std::min<std::int64_t>(count, held));
+    readValues(reply, values, std::min<std::int64_t>(count, std::max<std::int64_t>(held, kItemValueCount)));
     return count;
 }
 

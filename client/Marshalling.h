@@ -81,7 +81,10 @@ void readValues(const android::Parcel& reply, int* values, std::int64_t count);
 /** The same for doubles. */
 void readValues(const android::Parcel& reply, double* values, std::int64_t count);
 
-/** Reads a count, then as many ints as it says and the reply holds. Returns the count as it came. */
+/**
+ * Reads a count, then as many ints as it says and the reply holds; up to `kItemValueCount` of those missing are 0.
+ * Returns the count as it came.
+ */
 int readCountedValues(const android::Parcel& reply, int* values);
 
 /** Writes `kItemValueCount` ints; 0 where the reply has ended. */

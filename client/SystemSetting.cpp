@@ -10,6 +10,7 @@
 #include <binder/Parcel.h>
 
 #include <algorithm>
+#include <cstring>
 #include <initializer_list>
 
 using android::Parcel;
@@ -53,10 +54,16 @@ int tellFailure(const char* method, int line) {
     return -1;
 }
 
-/** The size is the service's; no more bytes are copied than the reply holds. */
-void readSizedBytes(const Parcel& reply, void* bytes, int size) {
-    if (size > 0) {
-        reply.read(bytes, std::min(static_cast<size_t>(size), reply.dataAvail()));
+/** The size is the service's. Bytes that the reply does not hold are 0, as far as the caller's room goes. */
+void readSizedBytes(const Parcel& reply, void* bytes, int size, int room) {
+    if (size <= 0) {
+        return;
+    }
+    const size_t held = std::min(static_cast<size_t>(size), reply.dataAvail());
+    const size_t wanted = static_cast<size_t>(std::clamp(room, 0, size));
+    const size_t copied = reply.read(bytes, held) == android::NO_ERROR ? held : 0;
+    if (copied < wanted) {
+        std::memset(static_cast<char*>(bytes) + copied, 0, wanted - copied);
     }
 }
 
@@ -369,7 +376,7 @@ int SystemSetting::sendCmdToTVServer(int cmd, void* pInputData, int inSize, void
     if (pOutputData != nullptr && outSize != nullptr) {
         *outSize = reply.readInt32();
         __android_log_print(ANDROID_LOG_DEBUG, kTag, "[%s, %d] outSize = %d", method, 642, *outSize);
-        readSizedBytes(reply, pOutputData, *outSize);
+        readSizedBytes(reply, pOutputData, *outSize, capacity);
     }
     return 0;
 }

@@ -615,8 +615,8 @@ public:
 
     /**
      * Reads the control points of the volume curve.
-     * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
-     * untouched on failure.
+     * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
+     * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
      * @param volumeNum Receives their count as the service gives it; untouched on failure.
      * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
      * sent.
@@ -625,8 +625,8 @@ public:
 
     /**
      * Reads the control points of the headphones' volume curve.
-     * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
-     * untouched on failure.
+     * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
+     * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
      * @param volumeNum Receives their count as the service gives it; untouched on failure.
      * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
      * sent.

@@ -638,7 +638,8 @@ public:
      * @param pInputData What the command carries; may be null, which sends no bytes.
      * @param inSize Its size in bytes, sent as it is; below 1 no bytes are sent.
      * @param pOutputData Receives the answer; null takes none. The service's size is not held against the room here:
-     * there must be room for all it sends, and no more bytes are written than arrived. Untouched on failure.
+     * there must be room for all it sends. Where its size is above what it sends, the bytes that are missing are 0 as
+     * far as the room goes. Untouched on failure.
      * @param outSize In: the room in bytes, told to the service. Out: the size as the service gives it; untouched on
      * failure, and without `pOutputData`. May be null, which takes no answer.
      * @return 0; -1 when the service or the link fails.

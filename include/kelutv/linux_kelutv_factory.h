@@ -626,8 +626,8 @@ KELUTV_API int linux_tv_Factory_setSoundCurve(double* info, int length);
 
 /**
  * Reads the control points of the volume curve.
- * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
- * untouched on failure.
+ * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
+ * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
  * @param volumeNum Receives their count as the service gives it; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent.
  */
@@ -635,8 +635,8 @@ KELUTV_API int linux_tv_Factory_getSoundCurveCtlData(int* soundCurveCtlData, int
 
 /**
  * Reads the control points of the headphones' volume curve.
- * @param soundCurveCtlData Receives the points, at most as many as the answer holds, and must have room for them;
- * untouched on failure.
+ * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
+ * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
  * @param volumeNum Receives their count as the service gives it; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent.
  */

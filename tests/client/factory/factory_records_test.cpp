@@ -2,8 +2,10 @@
 
 #include <kelutv/Factory.h>
 
+#include <algorithm>
 #include <array>
 #include <limits>
+#include <numeric>
 
 namespace kelutv::test {
 namespace {
@@ -46,6 +48,25 @@ protected:
             ASSERT_EQ(data.at(static_cast<std::size_t>(i)), i + 1);
         }
         EXPECT_EQ(data.at(static_cast<std::size_t>(count)), kUntouched);
+        data.fill(kUntouched);
+    }
+
+    /** Answers 0, a count and then 1, 2, 3 and so on. */
+    void answerCounted(int count, int claimed) {
+        Wire reply = Wire::reply().i32(0).i32(claimed);
+        for (int i = 1; i <= count; ++i) {
+            reply.i32(i);
+        }
+        service().reply(reply.bytes());
+    }
+
+    /** Whether the first `count` values are 1, 2, 3 and so on, those up to `all` are 0, and the rest is untouched. */
+    void expectNumbersAndZeros(int count, int all) {
+        std::array<int, 300> expected{};
+        expected.fill(kUntouched);
+        std::fill_n(expected.begin(), all, 0);
+        std::iota(expected.begin(), expected.begin() + count, 1);
+        EXPECT_EQ(data, expected);
         data.fill(kUntouched);
     }
 
@@ -139,10 +160,16 @@ TEST_F(FactoryValues, ofTheVolumeCurvesAreLedByTheirCount) {
             EXPECT_EQ(count, claimed);
             expectNumbers(0);
         }
-        answer({0, std::numeric_limits<int>::max(), 1, 2});
+        for (const int claimed : {5, 255, 256, std::numeric_limits<int>::max()}) {
+            answer({0, claimed, 1, 2});
+            EXPECT_EQ(curve.read(data.data(), &count), 0);
+            EXPECT_EQ(count, claimed);
+            expectNumbersAndZeros(2, std::min(claimed, 255));
+        }
+        answerCounted(280, 290);
         EXPECT_EQ(curve.read(data.data(), &count), 0);
-        EXPECT_EQ(count, std::numeric_limits<int>::max());
-        expectNumbers(2);
+        EXPECT_EQ(count, 290);
+        expectNumbers(280);
         count = 99;
         answer({1, 3, 1, 2, 3});
         EXPECT_EQ(curve.read(data.data(), &count), -1);

@@ -2,6 +2,7 @@
 
 #include <kelutv/SystemSetting.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
 
@@ -85,14 +86,16 @@ TEST_F(ServerCommand, takesTheSizeAsTheServiceGivesIt) {
     EXPECT_EQ(std::string(output, 9), "eight...z");
 }
 
-TEST_F(ServerCommand, copiesNoMoreThanArrived) {
-    for (const int told : {9, 4096, INT_MAX}) {
+TEST_F(ServerCommand, isZeroWhereLessArrivedThanTold) {
+    for (const int told : {9, 16, 17, 4096, INT_MAX}) {
         int size = 16;
         std::memset(output, 'z', sizeof output);
         service().reply(Wire::reply().i32(0).i32(told).raw("eight...", 8).bytes());
         EXPECT_EQ(send(nullptr, 0, output, &size), 0);
         EXPECT_EQ(size, told);
-        EXPECT_EQ(std::string(output, 9), "eight...z");
+        const std::size_t missing = static_cast<std::size_t>(std::min(told, 16)) - 8;
+        const std::string untouched(sizeof output - 8 - missing, 'z');
+        EXPECT_EQ(std::string(output, sizeof output), "eight..." + std::string(missing, '\0') + untouched);
         expectLogged(0, {success, sizeLine(told)});
     }
 }
