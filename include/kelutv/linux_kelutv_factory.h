@@ -1183,7 +1183,7 @@ KELUTV_API int linux_tv_Factory_getIsBurnOtpRsa(void);
  * Prints "get tv BurnKeyType fail,path is null,return -1" to standard output for a null pointer.
  * @param path Path of the keys.
  * @param pSupportKeyList Receives the kinds, of `KELU_TV_MUL_KEY_E`, in the service's order. Must have room for all
- * the service sends; untouched without an entry.
+ * the service sends, which alone bounds what is written: 260,095 at most. Untouched without an entry.
  * @param length Receives their count, 0 without an entry.
  * @return 0; -1 when there is no entry or the service or the link fails, and for a null pointer, with nothing sent.
  */

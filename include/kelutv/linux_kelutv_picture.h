@@ -48,7 +48,8 @@ KELUTV_API int linux_tv_Picture_getPictureMode(void);
  * Reads which picture modes a stream type offers.
  * @param streamType Stream type, one of `KELU_TV_HDR_TYPE_E`.
  * @param pModeList Receives the modes in the service's order, for a signal of standard dynamic range of
- * `KELU_TV_PIC_MODE_NEW_E` and so on. Must have room for all the service sends; untouched on failure; may be null.
+ * `KELU_TV_PIC_MODE_NEW_E` and so on. Must have room for all the service sends, which alone bounds what is written:
+ * 260,095 at most. Untouched on failure; may be null.
  * @param pListSize Receives their count; untouched on failure; may be null.
  * @return 0; -1 when there is no entry or the service or the link fails.
  */
@@ -383,8 +384,8 @@ KELUTV_API int linux_tv_Picture_getLSADCChannelValue(int channel);
 
 /**
  * Reads the histogram of brightness.
- * @param pBuf Receives the values in the service's order; must have room for all the service sends. Untouched on
- * failure. How many there are is not told.
+ * @param pBuf Receives the values in the service's order. Must have room for all the service sends, which alone bounds
+ * what is written: 260,095 at most. Untouched on failure. How many there are is not told.
  * @return 0; -1 when there is no value or the service or the link fails, and for a null pointer, with nothing sent.
  */
 KELUTV_API int linux_tv_Picture_getBrightnessHistogram(int* pBuf);
@@ -840,7 +841,8 @@ KELUTV_API int linux_tv_Picture_getAspect(void);
 /**
  * Reads the aspects the current signal can be shown in.
  * @param pModeList Receives the aspects in the service's order, each one of `KELU_TV_ASPECT_E`, unchecked. Must have
- * room for all the service sends; untouched on failure; may be null.
+ * room for all the service sends, which alone bounds what is written: 260,095 at most. Untouched on failure; may be
+ * null.
  * @param pListSize Receives their count; untouched on failure; may be null.
  * @return 0; -1 when there is no entry or the service or the link fails.
  */

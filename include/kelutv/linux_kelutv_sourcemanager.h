@@ -78,7 +78,9 @@ KELUTV_API int linux_tv_SourceManager_getBootSource(void);
 
 /**
  * Reads the sources that the television has.
- * @param list Room for all the sources, each one of `KELU_TV_SRC_E`; `KELU_TV_SRC_DIG2` is left out. May be null.
+ * @param list Receives the sources in the service's order, each one of `KELU_TV_SRC_E`, unchecked;
+ * `KELU_TV_SRC_DIG2` is left out. Must have room for all the service sends, which alone bounds what is written: 17 when
+ * it names each source once, 260,095 at most. May be null.
  * @param count Receives how many there are, 0 on failure; may be null.
  * @return 0, also when only `KELU_TV_SRC_DIG2` was left out; -1 when there is no source or the service or the link
  * fails.
@@ -87,7 +89,9 @@ KELUTV_API int linux_tv_SourceManager_getSourceList(int* list, int* count);
 
 /**
  * Reads the sources that can be chosen now.
- * @param list Room for all the sources, each one of `KELU_TV_SRC_E`, `KELU_TV_SRC_DIG2` among them. May be null.
+ * @param list Receives the sources in the service's order, each one of `KELU_TV_SRC_E`, unchecked,
+ * `KELU_TV_SRC_DIG2` among them. Must have room for all the service sends, which alone bounds what is written: 18 when
+ * it names each source once, 260,095 at most. May be null.
  * @param count Receives how many there are, 0 on failure; may be null.
  * @return 0; -1 when there is no source or the service or the link fails.
  */

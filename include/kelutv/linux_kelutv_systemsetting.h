@@ -54,7 +54,7 @@ KELUTV_API int linux_tv_SystemSetting_setDispFixOutRate(int fixFrmRate);
 /**
  * Reads which resolutions the television can show.
  * @param pModeList Receives the resolutions as the service numbers them, in its order. Must have room for all the
- * service sends; untouched on failure; may be null.
+ * service sends, which alone bounds what is written: 260,095 at most. Untouched on failure; may be null.
  * @param pListSize Receives their count, 0 on failure; may be null.
  * @return 0; -1 when there is no entry or the service or the link fails.
  */
