@@ -107,10 +107,12 @@ wire::Reply Service::carryOut(const wire::Request& request, const FaultRules& fa
 }
 
 Answer Service::control(const std::string& line) {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    Answer answer = mTelevision.operate([&line](Equipment& equipment) { return obey(equipment, line); });
-    settle();
-    return answer;
+    return obey(mTelevision.equipment().configuration, line, [this](const Deed& deed) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        std::string data = mTelevision.operate(deed);
+        settle();
+        return data;
+    });
 }
 
 void Service::show() {

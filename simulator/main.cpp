@@ -1,5 +1,7 @@
 #include "simulator/Program.h"
 
+#include "wire/text/Shown.h"
+
 #include <CLI/CLI.hpp>
 
 #include <csignal>
@@ -58,6 +60,10 @@ int start(int argc, char** argv) {
                  "End with the scenario: with exit code 0, or 4 when one of its steps failed")
         ->needs(scenario);
     app.set_version_flag("--version", "kelutv-simulator " KELUTV_VERSION);
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return kelutv::wire::shown(error.what(), kelutv::wire::kMostOfPath) +
+               "\nRun with --help for more information.\n";
+    });
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

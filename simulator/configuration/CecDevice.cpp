@@ -1,5 +1,7 @@
 #include "simulator/configuration/CecDevice.h"
 
+#include "wire/text/Shown.h"
+
 #include <nlohmann/json.hpp>
 
 #include <set>
@@ -40,7 +42,7 @@ std::optional<std::string> objectionTo(const CecDevice& device) {
         return "hdmiDevPort is the number of a port, it cannot be " + std::to_string(device.hdmiDevPort);
     }
     if (!isPhysicalAddress(device.phyAddr)) {
-        return "phyAddr has four hexadecimal digits as in 1.0.0.0, it cannot be '" + device.phyAddr + "'";
+        return "phyAddr has four hexadecimal digits as in 1.0.0.0, it cannot be '" + wire::shown(device.phyAddr) + "'";
     }
     return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include "simulator/configuration/StateSettingsReader.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <nlohmann/json.hpp>
 
@@ -31,7 +32,8 @@ std::vector<std::string> statesOf(const std::string& module) {
 const wire::StateKey& stateIn(const std::string& module, const std::string& name, const JsonNode& place) {
     const wire::StateKey* const key = wire::findState(module + '.' + name);
     if (key == nullptr) {
-        place.fail("there is no state '" + name + "' in " + module + wire::nearestHint(name, statesOf(module)));
+        place.fail("there is no state '" + wire::shown(name) + "' in " + module +
+                   wire::nearestHint(name, statesOf(module)));
     }
     return *key;
 }

@@ -5,6 +5,7 @@
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Numbers.h"
+#include "wire/text/Shown.h"
 
 #include <nlohmann/json.hpp>
 
@@ -18,7 +19,8 @@ std::int32_t valueNamed(const JsonNode& place, const std::string& name, const wi
         return found->value;
     }
     if (names == nullptr) {
-        place.fail("there is no enumerator '" + name + "'" + wire::nearestHint(name, namesOf(wire::allEnumerators())));
+        place.fail("there is no enumerator '" + wire::shown(name) + "'" +
+                   wire::nearestHint(name, namesOf(wire::allEnumerators())));
     }
     try {
         return wire::namesOf(*names).valueOf(name);
@@ -85,7 +87,7 @@ unsigned int eventOf(const JsonNode& node, const wire::StateKey& key) {
     const wire::EventTable events(wire::simulatedEvents());
     const wire::Event* const event = events.named(name);
     if (event == nullptr) {
-        node.fail("there is no event '" + name + "'" + wire::nearestHint(name, events.names()));
+        node.fail("there is no event '" + wire::shown(name) + "'" + wire::nearestHint(name, events.names()));
     }
     if (!canCarry(*event, key)) {
         node.fail("the payload of " + name + " cannot carry " + key.name + ", which has " + shapeOf(key));
@@ -110,7 +112,7 @@ void readInitial(const wire::StateKey& key, const JsonNode& node, StateSettings&
 void readRole(const JsonNode& node, const wire::StateKey& key, StateSettings& settings) {
     const std::string role = node.text();
     if (role != "key" && role != "value") {
-        node.fail("a source is the key or the value, not '" + role + "'");
+        node.fail("a source is the key or the value, not '" + wire::shown(role) + "'");
     }
     settings.indexIsSource = role == "key";
     settings.valueIsSource = role == "value";
@@ -135,7 +137,7 @@ void checkRange(const JsonNode& node, const StateSettings& settings) {
 const wire::StateKey& readStateName(const JsonNode& place, const std::string& name) {
     const wire::StateKey* const key = wire::findState(name);
     if (key == nullptr) {
-        place.fail("there is no state '" + name + "'" + wire::nearestHint(name, wire::stateNames()));
+        place.fail("there is no state '" + wire::shown(name) + "'" + wire::nearestHint(name, wire::stateNames()));
     }
     return *key;
 }

@@ -5,46 +5,60 @@
 #include "simulator/text/Join.h"
 #include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <iterator>
+#include <stdexcept>
 
 namespace kelutv::simulator {
 
 namespace {
 
-std::string takeFault(Equipment& equipment, const std::string& rest) {
-    if (rest == "clear") {
-        equipment.faults.clear();
-    } else if (const auto complaint = equipment.faults.add(rest)) {
-        throw BadLine(*complaint);
+FaultRule faultIn(const std::string& line) {
+    try {
+        return readFault(line);
+    } catch (const std::invalid_argument& error) {
+        throw BadLine(error.what());
     }
-    return "";
 }
 
-std::string listFaults(Equipment& equipment, const std::string& rest) {
+Deed takeFault(const Configuration&, const std::string& rest) {
+    if (rest == "clear") {
+        return [](Equipment& equipment) {
+            equipment.faults.clear();
+            return "";
+        };
+    }
+    return [rule = faultIn(rest)](Equipment& equipment) {
+        equipment.faults.add(rule);
+        return "";
+    };
+}
+
+Deed listFaults(const Configuration&, const std::string& rest) {
     if (!rest.empty()) {
         throw BadLine("faults takes no arguments");
     }
-    return joinedLines(equipment.faults.list());
+    return [](Equipment& equipment) { return joinedLines(equipment.faults.list()); };
 }
 
 std::string unknownVerb(const std::string& verb) {
-    return "there is no control command '" + verb + "'" + wire::nearestHint(verb, controlVerbNames()) +
+    return "there is no control command '" + wire::shown(verb) + "'" + wire::nearestHint(verb, controlVerbNames()) +
            "; allowed: " + listed(controlVerbNames());
 }
 
-std::string help(Equipment&, const std::string& verb) {
+Deed help(const Configuration&, const std::string& verb) {
     const std::string text = controlHelp(verb);
     if (text.empty()) {
         throw BadLine(unknownVerb(verb));
     }
-    return text;
+    return [text](Equipment&) { return text; };
 }
 
 struct Action {
     const char* verb;
-    std::string (*perform)(Equipment& equipment, const std::string& rest);
+    Deed (*read)(const Configuration& configuration, const std::string& rest);
 };
 
 constexpr Action kActions[] = {
@@ -75,26 +89,26 @@ std::string verbOf(const std::string& line) { return line.substr(0, line.find_fi
 /** A state that is set without the verb `set`. */
 bool isState(const std::string& verb) { return verb.find('.') != std::string::npos; }
 
-std::string perform(Equipment& equipment, const std::string& line) {
+Deed read(const Configuration& configuration, const std::string& line) {
     const std::string verb = verbOf(line);
     if (const Action* const action = findAction(verb)) {
-        return action->perform(equipment, trimmed(line.substr(verb.size())));
+        return action->read(configuration, trimmed(line.substr(verb.size())));
     }
     if (isState(verb)) {
-        return set(equipment, line);
+        return set(configuration, line);
     }
     throw BadLine(unknownVerb(verb));
 }
 
 } // namespace
 
-Answer obey(Equipment& equipment, const std::string& line) {
+Answer obey(const Configuration& configuration, const std::string& line, const Operate& operate) {
     const std::string said = trimmed(line);
     if (said.empty() || said[0] == '#') {
         return {};
     }
     try {
-        return {true, perform(equipment, said)};
+        return {true, operate(read(configuration, said))};
     } catch (const BadLine& complaint) {
         return {false, complaint.what()};
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/television/Equipment.h"
+#include "simulator/control/Control.h"
 
 #include <string>
 
@@ -9,22 +9,22 @@ namespace kelutv::simulator {
 /**
  * @name What the verbs do.
  *
- * Each takes what follows its verb, and gives the data that were asked for. @throws BadLine, and then nothing is done
+ * Each reads what follows its verb, and gives what then does it. @throws BadLine
  * @{
  */
-std::string plug(Equipment& equipment, const std::string& rest);
-std::string unplug(Equipment& equipment, const std::string& rest);
-std::string changeSignal(Equipment& equipment, const std::string& rest);
-std::string changeCecDevices(Equipment& equipment, const std::string& rest);
+Deed plug(const Configuration& configuration, const std::string& rest);
+Deed unplug(const Configuration& configuration, const std::string& rest);
+Deed changeSignal(const Configuration& configuration, const std::string& rest);
+Deed changeCecDevices(const Configuration& configuration, const std::string& rest);
 
-std::string enterPowerState(Equipment& equipment, const std::string& rest);
-std::string useKey(Equipment& equipment, const std::string& rest);
-std::string sendEvent(Equipment& equipment, const std::string& rest);
-std::string sendVbi(Equipment& equipment, const std::string& rest);
+Deed enterPowerState(const Configuration& configuration, const std::string& rest);
+Deed useKey(const Configuration& configuration, const std::string& rest);
+Deed sendEvent(const Configuration& configuration, const std::string& rest);
+Deed sendVbi(const Configuration& configuration, const std::string& rest);
 
-std::string set(Equipment& equipment, const std::string& rest);
-std::string get(Equipment& equipment, const std::string& rest);
-std::string show(Equipment& equipment, const std::string& rest);
+Deed set(const Configuration& configuration, const std::string& rest);
+Deed get(const Configuration& configuration, const std::string& rest);
+Deed show(const Configuration& configuration, const std::string& rest);
 /** @} */
 
 } // namespace kelutv::simulator

@@ -10,6 +10,7 @@
 #include "wire/events/EventTable.h"
 #include "wire/events/Payload.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <kelutv-simulator/events.h>
 #include <kelutv/system_types.h>
@@ -17,8 +18,6 @@
 #include <keluem/publisher.h>
 
 #include <fcntl.h>
-
-#include <utility>
 
 namespace kelutv::simulator {
 
@@ -46,7 +45,7 @@ unsigned int moduleNamed(const std::string& word, const wire::EventTable& events
         if (nearest.empty()) {
             throw;
         }
-        throw BadLine('\'' + word + "' is not an event or a module" + nearest);
+        throw BadLine('\'' + wire::shown(word) + "' is not an event or a module" + nearest);
     }
 }
 
@@ -60,7 +59,8 @@ unsigned int eventNamed(const std::string& word) {
     const std::string offset = plus == std::string::npos ? "0" : word.substr(plus + 1);
     const auto added = int32Of(offset);
     if (!added || *added < 0 || *added > 0xFFFF) {
-        throw BadLine("the number added to the module of an event goes from 0 to 65535, not '" + offset + "'");
+        throw BadLine("the number added to the module of an event goes from 0 to 65535, not '" + wire::shown(offset) +
+                      "'");
     }
     return moduleNamed(word.substr(0, plus), events) + static_cast<unsigned int>(*added);
 }
@@ -88,7 +88,8 @@ std::string bytesFrom(const Token& token) {
     }
     const auto bytes = token.isQuoted() ? token.text() : bytesOf(token.raw);
     if (!bytes) {
-        throw BadLine("'" + token.raw + "' is neither bytes in hexadecimal, nor @FILE, nor a text in quotes");
+        throw BadLine("'" + wire::shown(token.raw) +
+                      "' is neither bytes in hexadecimal, nor @FILE, nor a text in quotes");
     }
     return *bytes;
 }
@@ -107,16 +108,18 @@ std::string countOf(const std::string& bytes) {
 
 } // namespace
 
-std::string enterPowerState(Equipment& equipment, const std::string& rest) {
+Deed enterPowerState(const Configuration&, const std::string& rest) {
     const std::int32_t state = integerOf(rest, wire::namesOf(powerStateNames()), "power state");
     if (state < 0 || state > static_cast<std::int32_t>(PowerState::Rebooting)) {
         throw BadLine("power states go from 0 to 5");
     }
-    equipment.power.enter(static_cast<PowerState>(state));
-    return "";
+    return [state](Equipment& equipment) {
+        equipment.power.enter(static_cast<PowerState>(state));
+        return "";
+    };
 }
 
-std::string useKey(Equipment& equipment, const std::string& rest) {
+Deed useKey(const Configuration&, const std::string& rest) {
     const Tokens tokens = tokensOf(rest);
     if (tokens.empty() || tokens.size() > 2) {
         throw BadLine("key takes a key code and, for only one of the two, press or release");
@@ -125,27 +128,33 @@ std::string useKey(Equipment& equipment, const std::string& rest) {
     const std::int32_t key = integerOf(tokens[0].text(), wire::namesOf(*form.indexes[0].names), "key code");
     const wire::Names& happenings = wire::namesOf(*form.values[0].names);
     if (tokens.size() == 2) {
-        useKey(equipment, key, integerOf(tokens[1].text(), happenings, "use of a key"));
-        return "";
+        return [key, happened = integerOf(tokens[1].text(), happenings, "use of a key")](Equipment& equipment) {
+            useKey(equipment, key, happened);
+            return "";
+        };
     }
-    useKey(equipment, key, KELU_TV_KPC_EV_KEY_PRESS);
-    useKey(equipment, key, KELU_TV_KPC_EV_KEY_RELEASE);
-    return "";
+    return [key](Equipment& equipment) {
+        useKey(equipment, key, KELU_TV_KPC_EV_KEY_PRESS);
+        useKey(equipment, key, KELU_TV_KPC_EV_KEY_RELEASE);
+        return "";
+    };
 }
 
-std::string sendEvent(Equipment& equipment, const std::string& rest) {
+Deed sendEvent(const Configuration&, const std::string& rest) {
     const Tokens tokens = tokensOf(rest);
     if (tokens.empty() || tokens.size() > 2) {
         throw BadLine("event takes an identifier, and the payload in hexadecimal, as @FILE, or as a text in quotes");
     }
     const unsigned int event = eventNamed(tokens[0].text());
-    std::string payload = payloadFrom(tokens);
-    const std::string text = "from the control channel, " + countOf(payload);
-    equipment.events.push_back({event, std::move(payload), text});
-    return "";
+    const std::string payload = payloadFrom(tokens);
+    return [published =
+                PublishedEvent{event, payload, "from the control channel, " + countOf(payload)}](Equipment& equipment) {
+        equipment.events.push_back(published);
+        return "";
+    };
 }
 
-std::string sendVbi(Equipment& equipment, const std::string& rest) {
+Deed sendVbi(const Configuration&, const std::string& rest) {
     const Tokens tokens = tokensOf(rest);
     const bool complete = tokens.size() == 1 || tokens.size() == 2;
     const std::int32_t type = complete ? int32Of(tokens[0].raw).value_or(0) : 0;
@@ -156,10 +165,12 @@ std::string sendVbi(Equipment& equipment, const std::string& rest) {
     if (bytes->size() > kLongestVbi) {
         throw BadLine("a VBI block holds at most " + std::to_string(kLongestVbi) + " bytes");
     }
-    if (!equipment.teletext.deliver(static_cast<unsigned int>(type), *bytes)) {
-        throw BadLine("VBI is not initialised, open and registered: no client takes the block");
-    }
-    return "";
+    return [type, block = *bytes](Equipment& equipment) {
+        if (!equipment.teletext.deliver(static_cast<unsigned int>(type), block)) {
+            throw BadLine("VBI is not initialised, open and registered: no client takes the block");
+        }
+        return "";
+    };
 }
 
 } // namespace kelutv::simulator

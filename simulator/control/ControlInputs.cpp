@@ -6,48 +6,62 @@
 #include "simulator/text/Numbers.h"
 #include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
+#include <optional>
 #include <utility>
 
 namespace kelutv::simulator {
 
 namespace {
 
-std::int32_t sourceNamed(const Equipment& equipment, const std::string& word) {
+/** One that the television has; what is plugged into it changes, its sources do not. */
+std::int32_t sourceNamed(const Configuration& configuration, const std::string& word) {
     std::vector<wire::Enumerator> names;
-    for (const std::int32_t id : equipment.sources.ids()) {
-        names.push_back({equipment.sources.nameOf(id).c_str(), id});
+    for (const auto& [id, source] : configuration.sources()) {
+        names.push_back({source.name.c_str(), id});
     }
     const std::int32_t id = integerOf(word, wire::Names("the sources", names), "source");
-    if (!equipment.sources.has(id)) {
-        throw BadLine("there is no source " + word);
+    if (configuration.sources().count(id) == 0) {
+        throw BadLine("there is no source " + wire::shown(word));
     }
     return id;
 }
 
-void plugCec(Equipment& equipment, const std::string& word, bool plugged) {
-    const auto address = int32Of(word);
-    if (!address || !equipment.cec.plug(*address, plugged)) {
-        throw BadLine("there is no CEC device with the logical address " + word);
-    }
+std::string noDevice(const std::string& word) {
+    return "there is no CEC device with the logical address " + wire::shown(word);
 }
 
-void changePlug(Equipment& equipment, const std::string& rest, bool plugged) {
+Deed changePlugOfDevice(const std::string& word, bool plugged) {
+    return [word, plugged](Equipment& equipment) {
+        const auto address = int32Of(word);
+        if (!address || !equipment.cec.plug(*address, plugged)) {
+            throw BadLine(noDevice(word));
+        }
+        return "";
+    };
+}
+
+Deed changePlug(const Configuration& configuration, const std::string& rest, bool plugged) {
     const Tokens tokens = tokensOf(rest);
     if (tokens.size() == 2 && tokens[0].raw == "cec") {
-        plugCec(equipment, tokens[1].raw, plugged);
-    } else if (tokens.size() == 1 && int32Of(tokens[0].raw)) {
-        plugCec(equipment, tokens[0].raw, plugged);
-    } else if (tokens.size() == 1) {
-        equipment.sources.plug(sourceNamed(equipment, tokens[0].text()), plugged);
-    } else {
+        return changePlugOfDevice(tokens[1].raw, plugged);
+    }
+    if (tokens.size() != 1) {
         throw BadLine(std::string(plugged ? "plug" : "unplug") +
                       " takes a source, or 'cec' and the logical address of a CEC device");
     }
+    if (int32Of(tokens[0].raw)) {
+        return changePlugOfDevice(tokens[0].raw, plugged);
+    }
+    return [source = sourceNamed(configuration, tokens[0].text()), plugged](Equipment& equipment) {
+        equipment.sources.plug(source, plugged);
+        return "";
+    };
 }
 
-const Signal& presetNamed(const Equipment& equipment, const std::string& name) {
-    const std::map<std::string, Signal>& presets = equipment.configuration.signals();
+const Signal& presetNamed(const Configuration& configuration, const std::string& name) {
+    const std::map<std::string, Signal>& presets = configuration.signals();
     const auto found = presets.find(name);
     if (found != presets.end()) {
         return found->second;
@@ -56,21 +70,22 @@ const Signal& presetNamed(const Equipment& equipment, const std::string& name) {
     for (const auto& preset : presets) {
         names.push_back(preset.first);
     }
-    throw BadLine('\'' + name + "' is not a signal" + wire::nearestHint(name, names) + "; allowed: " + listed(names) +
-                  ", or STATE=VALUE");
+    throw BadLine('\'' + wire::shown(name) + "' is not a signal" + wire::nearestHint(name, names) +
+                  "; allowed: " + listed(names) + ", or STATE=VALUE");
 }
 
-void changeState(const Equipment& equipment, Signal& signal, const std::string& text) {
+/** A state of the signal that the line names, and what the signal then has there. */
+Signal::value_type stateIn(const Configuration& configuration, const std::string& text) {
     const Assignment assignment = assignmentOf(text);
     if (!assignment.values) {
-        throw BadLine("'" + text + "' is not STATE=VALUE");
+        throw BadLine("'" + wire::shown(text) + "' is not STATE=VALUE");
     }
     const wire::StateKey& key = stateNamed(assignment.name);
     wire::Values values = valuesOf(key, *assignment.values);
-    if (const auto complaint = equipment.configuration.objectionToSignal(key, values)) {
+    if (const auto complaint = configuration.objectionToSignal(key, values)) {
         throw BadLine(*complaint);
     }
-    signal[&key] = std::move(values);
+    return {&key, std::move(values)};
 }
 
 /** A device with the fields that most devices have. */
@@ -83,7 +98,7 @@ std::int32_t numberIn(const std::string& field, const std::string& word) {
     if (const auto number = int32Of(word)) {
         return *number;
     }
-    throw BadLine(field + " is a number, not '" + word + "'");
+    throw BadLine(field + " is a number, not '" + wire::shown(word) + "'");
 }
 
 using Fields = std::map<std::string, std::string>;
@@ -96,11 +111,11 @@ Fields fieldsOf(const Tokens& tokens) {
         const std::size_t equals = word.find('=');
         const std::string field = word.substr(0, equals);
         if (equals == std::string::npos || std::find(names.begin(), names.end(), field) == names.end()) {
-            throw BadLine("a CEC device has no field '" + field + "'" + wire::nearestHint(field, names) +
+            throw BadLine("a CEC device has no field '" + wire::shown(field) + "'" + wire::nearestHint(field, names) +
                           "; allowed: " + listed(names) + ", each with =VALUE");
         }
         if (!fields.emplace(field, word.substr(equals + 1)).second) {
-            throw BadLine("the field '" + field + "' is given twice");
+            throw BadLine("the field '" + wire::shown(field) + "' is given twice");
         }
     }
     return fields;
@@ -153,50 +168,59 @@ void addDevice(CecBus& cec, const CecDevice& device) {
 
 } // namespace
 
-std::string plug(Equipment& equipment, const std::string& rest) {
-    changePlug(equipment, rest, true);
-    return "";
+Deed plug(const Configuration& configuration, const std::string& rest) { return changePlug(configuration, rest, true); }
+
+Deed unplug(const Configuration& configuration, const std::string& rest) {
+    return changePlug(configuration, rest, false);
 }
 
-std::string unplug(Equipment& equipment, const std::string& rest) {
-    changePlug(equipment, rest, false);
-    return "";
-}
-
-std::string changeSignal(Equipment& equipment, const std::string& rest) {
+Deed changeSignal(const Configuration& configuration, const std::string& rest) {
     const Tokens tokens = tokensOf(rest);
     if (tokens.size() < 2) {
         throw BadLine("signal takes a source, and then none, the name of a signal, or STATE=VALUE");
     }
-    const std::int32_t source = sourceNamed(equipment, tokens[0].text());
-    Signal signal = equipment.sources.signalAt(source);
+    const std::int32_t source = sourceNamed(configuration, tokens[0].text());
+    std::optional<Signal> replaced;
+    Signal changed;
     for (std::size_t i = 1; i < tokens.size(); ++i) {
         if (tokens[i].raw.find('=') != std::string::npos) {
-            changeState(equipment, signal, tokens[i].raw);
+            const auto [key, values] = stateIn(configuration, tokens[i].raw);
+            changed[key] = values;
         } else {
-            signal =
-                tokens[i].raw == "none" ? equipment.configuration.noSignal() : presetNamed(equipment, tokens[i].text());
+            replaced =
+                tokens[i].raw == "none" ? configuration.noSignal() : presetNamed(configuration, tokens[i].text());
+            changed.clear();
         }
     }
-    equipment.sources.setSignal(source, signal);
-    return "";
+    return [source, replaced, changed](Equipment& equipment) {
+        Signal signal = replaced.value_or(equipment.sources.signalAt(source));
+        for (const auto& [key, values] : changed) {
+            signal[key] = values;
+        }
+        equipment.sources.setSignal(source, signal);
+        return "";
+    };
 }
 
-std::string changeCecDevices(Equipment& equipment, const std::string& rest) {
+Deed changeCecDevices(const Configuration&, const std::string& rest) {
     const Tokens tokens = tokensOf(rest);
     const std::string what = tokens.empty() ? "" : tokens[0].raw;
     if (what == "add") {
-        addDevice(equipment.cec, deviceOf(fieldsOf(tokens)));
-        return "";
+        return [device = deviceOf(fieldsOf(tokens))](Equipment& equipment) {
+            addDevice(equipment.cec, device);
+            return "";
+        };
     }
     if (tokens.size() != 2 || (what != "remove" && what != "play")) {
         throw BadLine("cec takes add FIELD=VALUE..., remove ADDRESS or play ADDRESS");
     }
     const std::int32_t address = numberIn("the logical address", tokens[1].raw);
-    if (!(what == "remove" ? equipment.cec.remove(address) : equipment.cec.select(address))) {
-        throw BadLine("there is no CEC device with the logical address " + tokens[1].raw);
-    }
-    return "";
+    return [address, isRemoval = what == "remove", word = tokens[1].raw](Equipment& equipment) {
+        if (!(isRemoval ? equipment.cec.remove(address) : equipment.cec.select(address))) {
+            throw BadLine(noDevice(word));
+        }
+        return "";
+    };
 }
 
 } // namespace kelutv::simulator

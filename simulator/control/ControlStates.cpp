@@ -9,6 +9,7 @@
 #include "wire/StateForm.h"
 #include "wire/text/Pattern.h"
 #include "wire/text/Quote.h"
+#include "wire/text/Shown.h"
 
 #include <set>
 
@@ -137,47 +138,61 @@ Lines stateLines(Equipment& equipment, const wire::Pattern& pattern) {
     return lines;
 }
 
+Lines everyLine(Equipment& equipment, const wire::Pattern& pattern) {
+    Lines all;
+    for (const auto& part : {sourceLines, cecLines, powerLines, stateLines}) {
+        const Lines lines = part(equipment, pattern);
+        all.insert(all.end(), lines.begin(), lines.end());
+    }
+    return all;
+}
+
+/** What is known of a state that has keys. */
+std::string allLinesOf(Equipment& equipment, const wire::StateKey& key) {
+    const Lines all = linesOf(equipment, key);
+    return all.empty() ? lineOf(equipment, key, indexesOf(key, {})) : joinedLines(all);
+}
+
 } // namespace
 
-std::string set(Equipment& equipment, const std::string& rest) {
+Deed set(const Configuration&, const std::string& rest) {
     const Assignment assignment = assignmentOf(unwrapped(rest));
     if (assignment.name.empty() || !assignment.values) {
         throw BadLine("set takes STATE[KEY...] = VALUE...");
     }
     const wire::StateKey& key = stateNamed(assignment.name);
     const wire::Values indexes = indexesOf(key, assignment.indexes);
-    if (const auto refusal = setByRequest(equipment, key, indexes, valuesOf(key, *assignment.values))) {
-        throw BadLine(refusal->text);
-    }
-    return "";
+    return [&key, indexes, values = valuesOf(key, *assignment.values)](Equipment& equipment) {
+        if (const auto refusal = setByRequest(equipment, key, indexes, values)) {
+            throw BadLine(refusal->text);
+        }
+        return "";
+    };
 }
 
-std::string get(Equipment& equipment, const std::string& rest) {
+Deed get(const Configuration&, const std::string& rest) {
     const Assignment assignment = assignmentOf(unwrapped(rest));
     if (assignment.name.empty() || assignment.values) {
         throw BadLine("get takes STATE[KEY...]");
     }
     const wire::StateKey& key = stateNamed(assignment.name);
-    const Lines all = assignment.indexes.empty() && key.indexes.size() > 0 ? linesOf(equipment, key) : Lines();
-    if (!all.empty()) {
-        return joinedLines(all);
+    if (assignment.indexes.empty() && key.indexes.size() > 0) {
+        return [&key](Equipment& equipment) { return allLinesOf(equipment, key); };
     }
-    const wire::Values indexes = indexesOf(key, assignment.indexes);
-    return lineOf(equipment, key, indexes);
+    return [&key, indexes = indexesOf(key, assignment.indexes)](Equipment& equipment) {
+        return lineOf(equipment, key, indexes);
+    };
 }
 
-std::string show(Equipment& equipment, const std::string& rest) {
+Deed show(const Configuration&, const std::string& rest) {
     const std::string text = unwrapped(rest);
-    const wire::Pattern pattern(text, wire::stateNames());
-    Lines all;
-    for (const auto& part : {sourceLines, cecLines, powerLines, stateLines}) {
-        const Lines lines = part(equipment, pattern);
-        all.insert(all.end(), lines.begin(), lines.end());
-    }
-    if (all.empty()) {
-        throw BadLine("nothing matches '" + text + "'");
-    }
-    return joinedLines(all);
+    return [text, pattern = wire::Pattern(text, wire::stateNames())](Equipment& equipment) {
+        const Lines all = everyLine(equipment, pattern);
+        if (all.empty()) {
+            throw BadLine("nothing matches '" + wire::shown(text) + "'");
+        }
+        return joinedLines(all);
+    };
 }
 
 } // namespace kelutv::simulator

@@ -5,6 +5,7 @@
 #include "wire/StateForm.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Quote.h"
+#include "wire/text/Shown.h"
 
 #include <charconv>
 
@@ -38,14 +39,14 @@ wire::Value integerFrom(const std::string& word, const wire::Enumeration* names,
     if (const auto number = int32Of(word)) {
         return *number;
     }
-    throw BadLine(what + " is a number, not '" + word + "'");
+    throw BadLine(what + " is a number, not '" + wire::shown(word) + "'");
 }
 
 wire::Value realFrom(const std::string& word, const std::string& what) {
     if (const auto number = realOf(word)) {
         return *number;
     }
-    throw BadLine(what + " is a number, not '" + word + "'");
+    throw BadLine(what + " is a number, not '" + wire::shown(word) + "'");
 }
 
 /** The value of a token where any kind is allowed. */
@@ -102,14 +103,14 @@ const wire::StateKey& stateNamed(const std::string& name) {
         return *keys.front();
     }
     if (keys.empty()) {
-        throw BadLine("there is no state '" + name + "'" + wire::nearestHint(name, wire::stateNames()) +
+        throw BadLine("there is no state '" + wire::shown(name) + "'" + wire::nearestHint(name, wire::stateNames()) +
                       "; show lists them");
     }
     std::vector<std::string> candidates;
     for (const wire::StateKey* const key : keys) {
         candidates.emplace_back(key->name);
     }
-    throw BadLine("'" + name + "' is more than one state: " + listed(candidates));
+    throw BadLine("'" + wire::shown(name) + "' is more than one state: " + listed(candidates));
 }
 
 wire::Values indexesOf(const wire::StateKey& key, const Tokens& tokens) {

@@ -4,6 +4,7 @@
 #include "simulator/text/Numbers.h"
 #include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <limits>
 #include <map>
@@ -67,7 +68,8 @@ private:
             for (const auto& reader : readers()) {
                 known.push_back(reader.first);
             }
-            throw std::invalid_argument("a fault has no clause '" + mClause + "'" + wire::nearestHint(mClause, known) +
+            throw std::invalid_argument("a fault has no clause '" + wire::shown(mClause) + "'" +
+                                        wire::nearestHint(mClause, known) +
                                         "; allowed: from PID, nth N, once, times N and one of " + kEffects);
         }
         (this->*found->second)();
@@ -101,7 +103,7 @@ private:
 
     template <typename Value> void put(std::optional<Value>& place, Value value) {
         if (place) {
-            throw std::invalid_argument("'" + mClause + "' repeats or contradicts an earlier clause");
+            throw std::invalid_argument("'" + wire::shown(mClause) + "' repeats or contradicts an earlier clause");
         }
         place = value;
     }
@@ -121,7 +123,8 @@ private:
 
     [[noreturn]] void refuseWord(const std::string& wanted) const {
         const std::string& word = mWords[mNext - 1];
-        throw std::invalid_argument(mClause + " takes " + wanted + (word == mClause ? "" : ", not '" + word + "'"));
+        throw std::invalid_argument(mClause + " takes " + wanted +
+                                    (word == mClause ? "" : ", not '" + wire::shown(word) + "'"));
     }
 
     const std::vector<std::string>& mWords;

@@ -1,7 +1,6 @@
 #include "simulator/faults/Faults.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace kelutv::simulator {
 
@@ -12,15 +11,6 @@ bool isMeant(const FaultRule& rule, const wire::Request& request, pid_t caller) 
 }
 
 } // namespace
-
-std::optional<std::string> Faults::add(const std::string& line) {
-    try {
-        mEntries.push_back({readFault(line), 0});
-    } catch (const std::invalid_argument& error) {
-        return error.what();
-    }
-    return std::nullopt;
-}
 
 std::vector<std::string> Faults::list() const {
     std::vector<std::string> lines;

@@ -14,12 +14,7 @@ namespace kelutv::simulator {
 /** The injected faults, in the order in which they were given. Not synchronised. */
 class Faults {
 public:
-    /**
-     * Adds a fault.
-     * @param line what follows the verb `fault`: `CMD_AUDIO_* nth 3 delay 200ms`
-     * @return what is wrong with the line, if anything, and then nothing is added
-     */
-    std::optional<std::string> add(const std::string& line);
+    void add(const FaultRule& rule) { mEntries.push_back({rule, 0}); }
 
     /** A line for each fault that is not spent, as it was given, after the verb `fault`. */
     std::vector<std::string> list() const;

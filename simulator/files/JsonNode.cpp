@@ -2,6 +2,7 @@
 
 #include "wire/text/Join.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <nlohmann/json.hpp>
 
@@ -27,7 +28,8 @@ public:
         } else if (event == Event::object_end) {
             mNames.pop_back();
         } else if (event == Event::key && !mNames.back().insert(parsed.get<std::string>()).second) {
-            throw ConfigurationError(mFile + ": '" + parsed.get<std::string>() + "' is given twice in one object");
+            throw ConfigurationError(mFile + ": '" + wire::shown(parsed.get<std::string>()) +
+                                     "' is given twice in one object");
         }
         return true;
     }
@@ -67,7 +69,7 @@ std::vector<std::pair<std::string, JsonNode>> JsonNode::membersOf(const std::vec
     auto all = members();
     for (const auto& [name, node] : all) {
         if (std::find(allowed.begin(), allowed.end(), name) == allowed.end()) {
-            node.fail("there is no '" + name + "' here, only " + wire::joined(allowed) +
+            node.fail("there is no '" + wire::shown(name) + "' here, only " + wire::joined(allowed) +
                       wire::nearestHint(name, allowed));
         }
     }
@@ -78,7 +80,7 @@ bool JsonNode::has(const std::string& name) const { return mValue->is_object() &
 
 JsonNode JsonNode::at(const std::string& name) const {
     if (!has(name)) {
-        fail("'" + name + "' is missing");
+        fail("'" + wire::shown(name) + "' is missing");
     }
     return child((*mValue)[name], name);
 }

@@ -4,6 +4,7 @@
 #include "simulator/text/Numbers.h"
 #include "simulator/text/Tokenizer.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -42,7 +43,7 @@ public:
         readWait();
         mStep.line = behind(mLine, mNext);
         if (mStep.line.empty() && mStep.wait != ScenarioStep::Wait::On) {
-            throw std::invalid_argument("'" + mWords[0] + "' has no command after its time");
+            throw std::invalid_argument("'" + wire::shown(mWords[0]) + "' has no command after its time");
         }
         if (const auto complaint = mStep.line.empty() ? std::nullopt : check(mStep.line)) {
             throw std::invalid_argument(*complaint);
@@ -161,8 +162,8 @@ std::string findScenario(const std::string& nameOrPath) {
         }
     }
     const std::vector<std::string> names = scenarioNames();
-    throw ScenarioError("there is no scenario '" + nameOrPath + "', neither a file nor one of: " + listed(names) +
-                        wire::nearestHint(nameOrPath, names));
+    throw ScenarioError("there is no scenario '" + wire::shown(nameOrPath) +
+                        "', neither a file nor one of: " + listed(names) + wire::nearestHint(nameOrPath, names));
 }
 
 } // namespace kelutv::simulator

@@ -1,6 +1,7 @@
 #include "simulator/text/Tokenizer.h"
 
 #include "simulator/text/Numbers.h"
+#include "wire/text/Shown.h"
 
 #include <cstring>
 #include <sstream>
@@ -89,7 +90,7 @@ Assignment assignmentOf(const std::string& text) {
     const std::size_t bracket = findOutsideQuotes(target, '[');
     if (bracket != std::string::npos) {
         if (target.back() != ']') {
-            throw BadLine("the keys of '" + target + "' have no closing bracket");
+            throw BadLine("the keys of '" + wire::shown(target) + "' have no closing bracket");
         }
         assignment.indexes = tokensOf(target.substr(bracket + 1, target.size() - bracket - 2), ", \t\r");
         target = trimmed(target.substr(0, bracket));

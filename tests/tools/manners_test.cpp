@@ -37,6 +37,28 @@ TEST(Manners, everyMistakeHasOneMessageAndAHint) {
     }
 }
 
+TEST(Manners, longAndStrangeWordsAreShownShortenedAndEscaped) {
+    const std::string word(100 * 1024, 'A');
+    const RuntimeDir empty;
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"call"},
+                                                  {"describe"},
+                                                  {"list"},
+                                                  {"get"},
+                                                  {"encode"},
+                                                  {"help"},
+                                                  {"eep", "dump"},
+                                                  {}}) {
+        std::vector<std::string> arguments = words;
+        arguments.push_back(word);
+        const ToolRun run = runTool(arguments);
+        EXPECT_EQ(run.exit, 2) << (words.empty() ? "" : words.front());
+        EXPECT_LT(run.error.size(), 1000U) << run.error.substr(0, 200);
+        EXPECT_NE(run.error.find("AAA..."), std::string::npos) << run.error.substr(0, 200);
+    }
+    EXPECT_LT(runTool({"trace", "-f", word, "true"}).error.size(), 1000U);
+    EXPECT_EQ(runTool({"get", "vol\x1b[2J\xff"}).error.find('\x1b'), std::string::npos);
+}
+
 TEST(Manners, optionsStandBeforeOrBehindTheCommand) {
     const std::string before = runTool({"--json", "get"}).output;
     EXPECT_EQ(before.substr(0, 19), "{\"thing\":\"source\",\"");

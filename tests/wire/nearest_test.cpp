@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,14 @@ TEST(Nearest, EndAMessage) {
     EXPECT_EQ(nearestHint("mut", {"mute"}), "; nearest: mute");
     EXPECT_EQ(nearestHint("volum", {"volume", "volumes"}), "; nearest: volume, volumes");
     EXPECT_EQ(nearestHint("", {"volume"}), "");
+}
+
+TEST(Nearest, TakeNoLongerForLongWords) {
+    const std::vector<std::string> names(2000, "KELU_TV_A_NAME_AS_LONG_AS_THE_LONGEST");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(nearestNames(std::string(256 * 1024, 'A'), names), Names{});
+    // Comparing letter by letter takes minutes.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 } // namespace

@@ -54,6 +54,12 @@ TEST(Pattern, TakesNoLongTime) {
     EXPECT_TRUE(Pattern(pattern).matches(name));
 }
 
+TEST(Pattern, MeansNothingWhenItIsTooLong) {
+    EXPECT_TRUE(Pattern(std::string(1024, '*')).matches("audio.volume"));
+    EXPECT_FALSE(Pattern(std::string(1025, '*')).matches("audio.volume"));
+    EXPECT_FALSE(Pattern(std::string(1025, 'a'), {std::string(1025, 'a')}).matches(std::string(1025, 'a')));
+}
+
 TEST(Pattern, LooksThroughSeveralNames) {
     EXPECT_TRUE(Pattern("mute").matchesAny({"audio.volume", "audio.mute"}));
     EXPECT_FALSE(Pattern("mute").matchesAny({"audio.volume"}));

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/Program.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <cstdio>
 #include <exception>
@@ -12,11 +13,12 @@ namespace {
 
 std::string whatIsUnknown(const Command& command, const UnexpectedWord& error) {
     if (error.word.size() > 1 && error.word.front() == '-') {
-        return "unknown option '" + error.word + '\'' + wire::nearestHint(error.word, command.optionNames());
+        return "unknown option '" + wire::shown(error.word) + '\'' +
+               wire::nearestHint(error.word, command.optionNames());
     }
     const std::vector<std::string> names = command.namesBelow();
     return names.empty() ? error.what()
-                         : "unknown command '" + error.word + '\'' + wire::nearestHint(error.word, names);
+                         : "unknown command '" + wire::shown(error.word) + '\'' + wire::nearestHint(error.word, names);
 }
 
 Exit complainOfUsage(const Parser& parser, const std::string& complaint) {

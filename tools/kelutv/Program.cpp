@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/shell/LineEditor.h"
+#include "wire/text/Shown.h"
 
 #include <map>
 
@@ -23,7 +24,7 @@ Color colorNamed(const std::string& when) {
         {"auto", Color::Automatic}, {"always", Color::Always}, {"never", Color::Never}};
     const auto found = colors.find(when);
     if (found == colors.end()) {
-        throw UsageError("--color takes auto, always or never, not '" + when + '\'');
+        throw UsageError("--color takes auto, always or never, not '" + wire::shown(when) + '\'');
     }
     return found->second;
 }

@@ -4,6 +4,7 @@
 #include "wire/text/Nearest.h"
 #include "wire/text/Numbers.h"
 #include "wire/text/PipeTables.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -88,7 +89,8 @@ public:
         const std::string& enumerator = row.cells[1];
         for (const std::string& word : {name, enumerator}) {
             if (!holdsOnly(word, kCapitals) || isDigit(word.front()) || word.front() == '_') {
-                throw LineError(row.line, "'" + word + "' is not a name of capital letters, digits and underscores");
+                throw LineError(row.line,
+                                "'" + shown(word) + "' is not a name of capital letters, digits and underscores");
             }
         }
         if (findEnumeration(name) != nullptr) {
@@ -99,7 +101,7 @@ public:
         }
         const auto value = numberIn(row.cells[2]);
         if (!value || *value > INT32_MAX) {
-            throw LineError(row.line, "value '" + row.cells[2] + "' is not a number from 0 to 2147483647");
+            throw LineError(row.line, "value '" + shown(row.cells[2]) + "' is not a number from 0 to 2147483647");
         }
         std::vector<Enumerator>& values = ownEnumeration(name);
         values.push_back({mContent.keep(enumerator), static_cast<std::int32_t>(*value)});
@@ -116,7 +118,7 @@ public:
     void addEvent(const TableRow& row) {
         const std::string& name = row.cells[1];
         if (!holdsOnly(name, kLetters) || !isSmall(name.front())) {
-            throw LineError(row.line, "event '" + name + "' is not a name such as volumeChanged");
+            throw LineError(row.line, "event '" + shown(name) + "' is not a name such as volumeChanged");
         }
         Event event = withIdentifiers(row);
         for (std::size_t i = 0; i < mContent.events.size(); ++i) {
@@ -175,7 +177,7 @@ private:
                 return value + *number;
             }
         }
-        throw LineError(row.line, "identifier '" + text +
+        throw LineError(row.line, "identifier '" + shown(text) +
                                       "' is neither a number nor MODULE+NUMBER with a module of KELU_EM_MODE_E and a "
                                       "number from 0 to 0xFFFF");
     }
@@ -187,14 +189,14 @@ private:
         const std::string last = dots == std::string::npos ? first : text.substr(dots + 2);
         const Event event{identifierIn(row, first), identifierIn(row, last), "", {}, ""};
         if (event.first > event.last) {
-            throw LineError(row.line, "the range " + text + " is empty");
+            throw LineError(row.line, "the range " + shown(text) + " is empty");
         }
         if (!isEventModule(moduleOf(event.first))) {
             throw LineError(row.line,
                             "the upper half of identifier " + first + " is not a module of " + eventModules().name);
         }
         if (moduleOf(event.first) != moduleOf(event.last)) {
-            throw LineError(row.line, "the range " + text + " goes beyond its module");
+            throw LineError(row.line, "the range " + shown(text) + " goes beyond its module");
         }
         return event;
     }
@@ -213,11 +215,11 @@ private:
         const std::size_t colon = text.find(':');
         const std::string name = text.substr(0, colon);
         if (colon == std::string::npos || !holdsOnly(name, kWordCharacters) || isDigit(name.front())) {
-            throw LineError(row.line, "field '" + text + "' is not NAME:TYPE");
+            throw LineError(row.line, "field '" + shown(text) + "' is not NAME:TYPE");
         }
         for (const EventField& known : fields) {
             if (known.name == name) {
-                throw LineError(row.line, "field " + name + " stands twice");
+                throw LineError(row.line, "field " + shown(name) + " stands twice");
             }
         }
         if (!fields.empty() && (fields.back().type == FieldType::Text || fields.back().type == FieldType::Bytes)) {
@@ -240,7 +242,7 @@ private:
         for (const Enumeration& each : allEnumerations()) {
             enumerations.emplace_back(each.name);
         }
-        throw LineError(row.line, "type '" + type + "' is neither an enumeration nor one of: " + typeNames() +
+        throw LineError(row.line, "type '" + shown(type) + "' is neither an enumeration nor one of: " + typeNames() +
                                       nearestHint(type, enumerations));
     }
 

@@ -3,6 +3,7 @@
 #include "wire/text/Join.h"
 #include "wire/text/Letters.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,6 +17,9 @@ namespace {
 
 /** Where more names than this are allowed only some are listed. */
 constexpr std::size_t kManyNames = 24;
+
+/** Longer than every name; a longer word is not compared with them. */
+constexpr std::size_t kLongestWord = 256;
 
 bool isSame(const std::string& name, const std::string& wanted) { return name == wanted; }
 
@@ -91,6 +95,9 @@ std::vector<const Names::Name*> Names::matching(const std::string& wanted, Match
 }
 
 std::int32_t Names::valueOf(const std::string& word) const {
+    if (word.size() > kLongestWord) {
+        throw UnknownName("'" + shown(word) + "' is not one of " + listed());
+    }
     std::string wanted = lowered(word);
     const auto full =
         std::find_if(mNames.begin(), mNames.end(), [&](const Name& name) { return lowered(name.full) == wanted; });
@@ -109,11 +116,11 @@ std::int32_t Names::valueOf(const std::string& word) const {
             for (const Name* const name : found) {
                 candidates.push_back(name->brief);
             }
-            throw UnknownName("'" + word + "' may be " + joined(candidates));
+            throw UnknownName("'" + shown(word) + "' may be " + joined(candidates));
         }
         return found.front()->value;
     }
-    throw UnknownName("'" + word + "' is not one of " + listed() + hintFor(word));
+    throw UnknownName("'" + shown(word) + "' is not one of " + listed() + hintFor(word));
 }
 
 std::string Names::hintFor(const std::string& word) const {

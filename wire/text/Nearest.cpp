@@ -48,6 +48,9 @@ std::vector<std::string> nearestNames(const std::string& written, const std::vec
     std::set<std::pair<std::size_t, std::string>> near;
     for (const std::string& name : names) {
         const std::string candidate = lowered(name);
+        if (wanted.size() > candidate.size() + farthest) {
+            continue; // A longer word differs in more letters, and comparing takes the time of both lengths.
+        }
         const std::size_t distance = distanceOf(wanted, candidate);
         if (distance <= farthest || holds(candidate, wanted)) {
             near.emplace(distance, name);

@@ -73,8 +73,10 @@ bool fits(std::string_view pattern, std::string_view name) {
 bool hasWildcards(const std::string& text) { return text.find_first_of("*?[") != std::string::npos; }
 
 bool isOneOf(const std::string& text, const std::vector<std::string>& names) {
-    return std::any_of(names.begin(), names.end(),
-                       [&text](const std::string& name) { return lowered(name) == lowered(text); });
+    const std::string wanted = lowered(text);
+    return std::any_of(names.begin(), names.end(), [&wanted](const std::string& name) {
+        return name.size() == wanted.size() && lowered(name) == wanted;
+    });
 }
 
 } // namespace
@@ -82,7 +84,9 @@ bool isOneOf(const std::string& text, const std::vector<std::string>& names) {
 Pattern::Pattern(const std::string& text) : Pattern(text, {}) {}
 
 Pattern::Pattern(const std::string& text, const std::vector<std::string>& names)
-    : mText(lowered(hasWildcards(text) || isOneOf(text, names) ? text : '*' + text + '*')) {}
+    : mText(text.size() > kLongest                       ? ""
+            : hasWildcards(text) || isOneOf(text, names) ? lowered(text)
+                                                         : '*' + lowered(text) + '*') {}
 
 bool Pattern::matches(const std::string& name) const { return fits(mText, lowered(name)); }
 

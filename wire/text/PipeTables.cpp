@@ -1,6 +1,7 @@
 #include "wire/text/PipeTables.h"
 
 #include "wire/text/Join.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <sstream>
@@ -54,11 +55,11 @@ private:
             for (const TableForm& each : mForms) {
                 titles.push_back(each.title);
             }
-            throw LineError(mLine, "unknown section '" + title + "', expected one of: " + joined(titles, ", "));
+            throw LineError(mLine, "unknown section '" + shown(title) + "', expected one of: " + joined(titles, ", "));
         }
         mForm = &*form;
         if (!mTables.emplace(title, std::vector<TableRow>()).second) {
-            throw LineError(mLine, "section '" + title + "' stands twice");
+            throw LineError(mLine, "section '" + shown(title) + "' stands twice");
         }
     }
 
@@ -76,14 +77,15 @@ private:
     void readHead(Cells head) {
         for (const std::string& column : head) {
             if (std::count(mForm->columns.begin(), mForm->columns.end(), column) == 0) {
-                throw LineError(mLine, "unknown column '" + column + "', expected: " + joined(mForm->columns, " | "));
+                throw LineError(mLine,
+                                "unknown column '" + shown(column) + "', expected: " + joined(mForm->columns, " | "));
             }
         }
         for (const std::string& column : mForm->columns) {
             const auto count = std::count(head.begin(), head.end(), column);
             if (count != 1) {
-                throw LineError(mLine, count == 0 ? "missing column '" + column + "'"
-                                                  : "column '" + column + "' stands twice");
+                throw LineError(mLine, count == 0 ? "missing column '" + shown(column) + "'"
+                                                  : "column '" + shown(column) + "' stands twice");
             }
         }
         mHead = std::move(head);
@@ -99,7 +101,7 @@ private:
             const auto place = std::find(mHead.begin(), mHead.end(), column) - mHead.begin();
             row.cells.push_back(cells[static_cast<std::size_t>(place)]);
             if (row.cells.back().empty()) {
-                throw LineError(mLine, "empty cell in column '" + column + "', write - for nothing");
+                throw LineError(mLine, "empty cell in column '" + shown(column) + "', write - for nothing");
             }
         }
         mTables[mForm->title].push_back(std::move(row));

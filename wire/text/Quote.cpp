@@ -1,22 +1,18 @@
 #include "wire/text/Quote.h"
 
-#include <cstdio>
+#include "wire/text/Printable.h"
 
 namespace kelutv::wire {
 
 std::string inQuotes(const std::string& text) {
     std::string result = "\"";
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (character == '"' || character == '\\') {
-            result += {'\\', character};
-        } else if (byte < 0x20 || byte == 0x7F) {
-            char code[8];
-            std::snprintf(code, sizeof(code), "\\x%02x", byte);
-            result += code;
-        } else {
-            result += character;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = lengthOfPrintable(text, at);
+        if (text[at] == '"' || text[at] == '\\') {
+            result += '\\';
         }
+        result += length > 0 ? text.substr(at, length) : escapedByte(text, at);
+        at += length > 0 ? length : 1;
     }
     return result + '"';
 }

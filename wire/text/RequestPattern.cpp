@@ -4,6 +4,7 @@
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Numbers.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <set>
@@ -17,13 +18,13 @@ RequestPattern::RequestPattern(const std::string& word)
     }
     if (mNumber) {
         if (findCommand(*mNumber) == nullptr) {
-            throw UnknownName("there is no command " + word);
+            throw UnknownName("there is no command " + shown(word));
         }
         return;
     }
     const std::vector<std::string> all = names();
     if (word.empty() || !mPattern.matchesAny(all)) {
-        throw UnknownName("there is no command or item '" + word + "'" + nearestHint(word, all));
+        throw UnknownName("there is no command or item '" + shown(word) + "'" + nearestHint(word, all));
     }
 }
 

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <random>
 #include <string>
 #include <vector>
@@ -76,6 +77,10 @@ TEST(ControlLines, TakeNumbersAndNames) {
 
 class ControlOfEquipment : public ::testing::Test {
 protected:
+    Answer obey(const std::string& line) {
+        return simulator::obey(mEquipment.configuration, line, [this](const Deed& deed) { return deed(mEquipment); });
+    }
+
     Equipment mEquipment{Configuration::standard(), EepStore()};
 };
 
@@ -104,12 +109,27 @@ TEST_F(ControlOfEquipment, SetsEveryStateToWhatGetShows) {
         if (!isPlainState(mEquipment, key, wire::Values(form.indexes.size(), std::int32_t{1}))) {
             continue;
         }
-        const Answer done = obey(mEquipment, line);
+        const Answer done = obey(line);
         EXPECT_TRUE(done.ok) << line << ": " << done.text;
-        EXPECT_EQ(obey(mEquipment, "get " + target).text, line);
+        EXPECT_EQ(obey("get " + target).text, line);
         ++set;
     }
     EXPECT_GT(set, 350);
+}
+
+/** Words of any length are told apart from names in no time, and messages show the beginning. */
+TEST_F(ControlOfEquipment, ShowsTheBeginningOfLongWords) {
+    const std::string word(256 * 1024 - 64, 'A');
+    for (const char* const line : {"fault ", "fault any ", "set ", "get ", "signal hdmi1 ", "plug ", "key ", "event ",
+                                   "show ", "cec add ", "power ", "help ", "show *[", ""}) {
+        const auto start = std::chrono::steady_clock::now();
+        const Answer answer = obey(line + word);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << line;
+        EXPECT_FALSE(answer.ok) << line;
+        EXPECT_LT(answer.text.size(), 2000U) << line;
+        EXPECT_NE(answer.text.find("..."), std::string::npos) << line << answer.text;
+    }
+    EXPECT_EQ(obey("get \x1b[2J").text.find('\x1b'), std::string::npos);
 }
 
 /** What comes of lines that somebody else wrote, one piece of which is replaced by another. */
@@ -144,7 +164,7 @@ TEST_F(ControlOfEquipment, SurvivesEveryLine) {
             for (std::size_t edits = 1 + pick(4); edits > 0; --edits) {
                 line.replace(pick(line.size() + 1), pick(4), pieces[pick(std::size(pieces))]);
             }
-            const Answer answer = obey(mEquipment, line);
+            const Answer answer = obey(line);
             EXPECT_TRUE(answer.ok || !answer.text.empty()) << line;
         }
         mEquipment.events.clear();

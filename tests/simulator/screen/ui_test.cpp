@@ -114,7 +114,8 @@ class UiViewOf : public ::testing::Test {
 protected:
     UiView after(const std::vector<std::string>& lines) {
         for (const std::string& line : lines) {
-            const Answer answer = mTelevision.operate([&line](Equipment& equipment) { return obey(equipment, line); });
+            const Answer answer = obey(mTelevision.equipment().configuration, line,
+                                       [this](const Deed& deed) { return mTelevision.operate(deed); });
             EXPECT_TRUE(answer.ok) << line << ": " << answer.text;
         }
         return viewOf(mTelevision.equipment());

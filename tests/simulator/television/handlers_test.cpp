@@ -121,7 +121,9 @@ protected:
     }
 
     std::string control(const std::string& line) {
-        return mTelevision.operate([&line](Equipment& equipment) { return obey(equipment, line); }).text;
+        return obey(mTelevision.equipment().configuration, line,
+                    [this](const Deed& deed) { return mTelevision.operate(deed); })
+            .text;
     }
 
     std::vector<Published> published() {

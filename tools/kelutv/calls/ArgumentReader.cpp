@@ -7,6 +7,7 @@
 #include "tools/kelutv/text/InputFile.h"
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <cstring>
 #include <optional>
@@ -42,8 +43,8 @@ const wire::Field& fieldNamed(const wire::Record& record, const std::string& nam
         }
         names.emplace_back(field.name);
     }
-    throw UsageError("there is no field '" + name + "' in " + record.name + ", which has " + joined(names, ", ") +
-                     wire::nearestHint(name, names));
+    throw UsageError("there is no field '" + wire::shown(name) + "' in " + record.name + ", which has " +
+                     joined(names, ", ") + wire::nearestHint(name, names));
 }
 
 class Reader {
@@ -128,7 +129,7 @@ private:
         for (const std::string& entry : split(text, ',')) {
             const std::size_t equals = entry.find('=');
             if (equals == std::string::npos) {
-                throw UsageError("'" + entry + "' is not FIELD=VALUE");
+                throw UsageError("'" + wire::shown(entry) + "' is not FIELD=VALUE");
             }
             readField(fieldNamed(record, entry.substr(0, equals)), entry.substr(equals + 1));
         }
@@ -147,7 +148,7 @@ private:
         if (text == "print") {
             storePrinter(mParameter.type, mStorage.bytes.data());
         } else if (text != "null") {
-            throw UsageError("'" + text + "' is not print or null");
+            throw UsageError("'" + wire::shown(text) + "' is not print or null");
         }
     }
 

@@ -3,6 +3,7 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/AllowedValues.h"
 #include "wire/text/Letters.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +20,7 @@ namespace {
 using Limits = std::numeric_limits<std::int32_t>;
 
 [[noreturn]] void refuse(const wire::ValueType& type, const std::string& text) {
-    throw UsageError("'" + text + "' is not " + allowedText(type));
+    throw UsageError("'" + wire::shown(text) + "' is not " + allowedText(type));
 }
 
 bool isHexadecimal(const std::string& text) {
@@ -47,7 +48,7 @@ std::int32_t intOf(const wire::ValueType& type, const std::string& text) {
     }
     const std::int64_t most = isHexadecimal(text) ? std::numeric_limits<std::uint32_t>::max() : Limits::max();
     if (*number < Limits::min() || *number > most) {
-        throw UsageError("'" + text + "' does not fit into 32 bits");
+        throw UsageError("'" + wire::shown(text) + "' does not fit into 32 bits");
     }
     const auto value = static_cast<std::int32_t>(*number);
     const wire::Range* const range = type.range;

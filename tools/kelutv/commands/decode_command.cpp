@@ -6,6 +6,7 @@
 #include "tools/kelutv/text/InputFile.h"
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Numbers.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -67,7 +68,7 @@ const wire::Command& commandNamed(const std::string& text) {
     const wire::Enumeration& names = *wire::findEnumeration("ATV_CMD_ID_E");
     const wire::Command* const command = wire::findCommand(numberOf("--command", names, text));
     if (command == nullptr) {
-        throw UsageError("--command: no command " + text);
+        throw UsageError("--command: no command " + wire::shown(text));
     }
     return *command;
 }
@@ -89,7 +90,7 @@ wire::Request namedRequest(const DecodeOptions& options) {
         request.operation = wire::operationOf(*request.command, itemArguments(*request.command, options.item));
     }
     if (request.operation == nullptr) {
-        throw UsageError("--item: " + std::string(request.command->name) + " has no item " + options.item);
+        throw UsageError("--item: " + std::string(request.command->name) + " has no item " + wire::shown(options.item));
     }
     return request;
 }

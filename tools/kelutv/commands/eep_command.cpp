@@ -5,6 +5,7 @@
 #include "tools/kelutv/text/HexDump.h"
 #include "tools/kelutv/text/InputFile.h"
 #include "tools/kelutv/text/Lists.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -34,7 +35,7 @@ int numberOf(const std::string& text, const std::string& what) {
     errno = 0;
     const long number = std::strtol(text.c_str(), &end, 0);
     if (text.empty() || *end != '\0' || errno != 0 || number < 0 || number > INT32_MAX) {
-        throw UsageError(what + ": '" + text + "' is not a number; write it like 35328 or 0x8A00");
+        throw UsageError(what + ": '" + wire::shown(text) + "' is not a number; write it like 35328 or 0x8A00");
     }
     return static_cast<int>(number);
 }
@@ -42,7 +43,7 @@ int numberOf(const std::string& text, const std::string& what) {
 std::uint8_t byteOf(const std::string& text) {
     const int number = numberOf(text, "BYTES");
     if (number > 0xFF) {
-        throw UsageError("BYTES: a byte goes from 0 to 255, not " + text);
+        throw UsageError("BYTES: a byte goes from 0 to 255, not " + wire::shown(text));
     }
     return static_cast<std::uint8_t>(number);
 }

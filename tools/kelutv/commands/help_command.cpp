@@ -1,5 +1,6 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <memory>
 #include <string>
@@ -13,7 +14,8 @@ void printHelp(Command command, const Output& output, const std::vector<std::str
     for (const std::string& name : path) {
         const std::optional<Command> below = command.below(name);
         if (!below) {
-            throw UsageError("unknown command '" + name + '\'' + wire::nearestHint(name, command.namesBelow()));
+            throw UsageError("unknown command '" + wire::shown(name) + '\'' +
+                             wire::nearestHint(name, command.namesBelow()));
         }
         command = *below;
     }

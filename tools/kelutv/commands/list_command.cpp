@@ -1,6 +1,7 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "wire/text/FunctionNames.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <map>
@@ -23,7 +24,8 @@ std::vector<const wire::Function*> chosen(const std::string& pattern) {
             names.emplace_back(function.module);
             names.emplace_back(function.shortName);
         }
-        throw UsageError("no module or function matches '" + pattern + '\'' + wire::nearestHint(pattern, names));
+        throw UsageError("no module or function matches '" + wire::shown(pattern) + '\'' +
+                         wire::nearestHint(pattern, names));
     }
     return functions;
 }

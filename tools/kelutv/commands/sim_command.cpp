@@ -3,6 +3,7 @@
 #include "simulator/control/ControlVerbs.h"
 #include "tools/kelutv/commands/Commands.h"
 #include "wire/text/Quote.h"
+#include "wire/text/Shown.h"
 
 #include <filesystem>
 #include <fstream>
@@ -100,7 +101,7 @@ void runLines(Context& context, std::istream& input, const std::string& name) {
 void runFile(Context& context, const std::string& path) {
     std::ifstream file(path);
     if (!file || std::filesystem::is_directory(path)) {
-        throw ToolError(Exit::Failure, "cannot read " + path);
+        throw ToolError(Exit::Failure, "cannot read " + wire::shown(path, wire::kMostOfPath));
     }
     runLines(context, file, path);
 }

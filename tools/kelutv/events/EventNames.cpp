@@ -5,6 +5,7 @@
 #include "wire/events/EventFile.h"
 #include "wire/text/EnumeratorNames.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <cstdlib>
 #include <optional>
@@ -38,13 +39,13 @@ wire::EventTable eventsOf(const std::string& file) {
 EventRange eventNamed(const wire::EventTable& events, const std::string& text) {
     if (const auto number = numberIn(text)) {
         if (wire::moduleOf(*number) == 0) {
-            throw UsageError("event " + text + " has no module in its upper half, as 0x60001 has");
+            throw UsageError("event " + wire::shown(text) + " has no module in its upper half, as 0x60001 has");
         }
         return {*number, *number};
     }
     const wire::Event* const event = events.named(text);
     if (event == nullptr) {
-        throw UsageError("no event is called " + text + wire::nearestHint(text, events.names()));
+        throw UsageError("no event is called " + wire::shown(text) + wire::nearestHint(text, events.names()));
     }
     return {event->first, event->last};
 }
@@ -59,7 +60,8 @@ std::uint32_t moduleNamed(const std::string& text) {
         return wire::moduleOf(static_cast<std::uint32_t>(valueNamed(wire::eventModules(), text)));
     }
     if (!wire::isEventModule(*number)) {
-        throw UsageError("module " + text + " is none; a module is a multiple of 0x10000 from 0x10000 to 0x200000");
+        throw UsageError("module " + wire::shown(text) +
+                         " is none; a module is a multiple of 0x10000 from 0x10000 to 0x200000");
     }
     return *number;
 }

@@ -1,6 +1,7 @@
 #include "tools/kelutv/parser/Parser.h"
 
 #include "tools/kelutv/parser/Help.h"
+#include "wire/text/Shown.h"
 
 #include <CLI/CLI.hpp>
 
@@ -179,7 +180,7 @@ void Subcommand::requireSubcommand() const { mApp->require_subcommand(1); }
 void Subcommand::action(const std::function<void()>& act) const { mApp->callback(act); }
 
 UnexpectedWord::UnexpectedWord(const std::string& which)
-    : UsageError("unexpected argument '" + which + '\''), word(which) {}
+    : UsageError("unexpected argument '" + wire::shown(which) + '\''), word(which) {}
 
 Parser::Parser(const char* name, const std::string& description, const std::string& version, const std::string& footer)
     : mApp(std::make_unique<CLI::App>(description, name)) {
@@ -228,7 +229,7 @@ void Parser::refuse(const std::string& complaint, int why) const {
             throw UsageError("a command is missing");
         }
     }
-    throw UsageError(complaint);
+    throw UsageError(wire::shown(complaint, wire::kMostOfPath));
 }
 
 } // namespace kelutv::tool

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/service/ServiceLink.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <kelutv/KeluEEP.h>
 #include <kelutv/SystemSetting.h>
@@ -68,7 +69,7 @@ const EepArea& eepAreaNamed(const std::string& name) {
         }
         names.emplace_back(area.name);
     }
-    throw UsageError("no area is called " + name + wire::nearestHint(name, names) +
+    throw UsageError("no area is called " + wire::shown(name) + wire::nearestHint(name, names) +
                      "; there are tv, network, app, bt, at, flash and eep");
 }
 

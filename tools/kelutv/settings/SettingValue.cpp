@@ -7,6 +7,7 @@
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Numbers.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -36,7 +37,7 @@ CallResult callQuietly(const std::string& function, const std::vector<std::strin
 }
 
 [[noreturn]] void refuse(const Setting& setting, const std::string& text) {
-    throw UsageError(setting.name + " cannot be '" + text + "', allowed: " + allowedFor(setting) +
+    throw UsageError(setting.name + " cannot be '" + wire::shown(text) + "', allowed: " + allowedFor(setting) +
                      wire::nearestHint(text, valueNames(setting)));
 }
 

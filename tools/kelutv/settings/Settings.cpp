@@ -5,6 +5,7 @@
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <algorithm>
 
@@ -255,7 +256,8 @@ const Setting& settingNamed(const std::string& name) {
             return setting;
         }
     }
-    throw UsageError("there is no '" + name + "' to get or set" + wire::nearestHint(name, settingNames(false)));
+    throw UsageError("there is no '" + wire::shown(name) + "' to get or set" +
+                     wire::nearestHint(name, settingNames(false)));
 }
 
 std::string allowedFor(const Setting& setting) {

@@ -4,6 +4,7 @@
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/FunctionNames.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <vector>
 
@@ -12,14 +13,15 @@ namespace kelutv::tool {
 const wire::Function& functionNamed(const std::string& name) {
     const auto found = wire::functionsNamed(name);
     if (found.empty()) {
-        throw UsageError("there is no function '" + name + "'" + wire::nearestHint(name, wire::functionNames()));
+        throw UsageError("there is no function '" + wire::shown(name) + "'" +
+                         wire::nearestHint(name, wire::functionNames()));
     }
     if (found.size() > 1) {
         std::vector<std::string> names;
         for (const wire::Function* const function : found) {
             names.emplace_back(function->name);
         }
-        throw UsageError("'" + name + "' is short for several functions: " + joined(names, ", "));
+        throw UsageError("'" + wire::shown(name) + "' is short for several functions: " + joined(names, ", "));
     }
     return *found.front();
 }

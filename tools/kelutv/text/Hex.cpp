@@ -1,6 +1,7 @@
 #include "tools/kelutv/text/Hex.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "wire/text/Shown.h"
 
 #include <cctype>
 #include <cstddef>
@@ -16,7 +17,7 @@ std::uint8_t digitOf(char letter) {
     const auto small = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
     const char* const found = small == '\0' ? nullptr : std::strchr(kDigits, small);
     if (found == nullptr) {
-        throw UsageError(std::string("'") + letter + "' is not a hexadecimal digit");
+        throw UsageError("'" + wire::shown({&letter, 1}) + "' is not a hexadecimal digit");
     }
     return static_cast<std::uint8_t>(found - kDigits);
 }
@@ -42,7 +43,7 @@ std::string spacedHexOf(const Bytes& bytes) {
 
 Bytes bytesOfHex(const std::string& digits) {
     if (digits.size() % 2 != 0) {
-        throw UsageError("'" + digits + "' has an odd number of hexadecimal digits");
+        throw UsageError("'" + wire::shown(digits) + "' has an odd number of hexadecimal digits");
     }
     Bytes bytes;
     for (std::size_t i = 0; i < digits.size(); i += 2) {

@@ -1,6 +1,7 @@
 #include "tools/kelutv/text/InputFile.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "wire/text/Shown.h"
 
 #include <cerrno>
 #include <cstring>
@@ -14,12 +15,13 @@ namespace kelutv::tool {
 
 Bytes bytesOfFile(const std::string& path) {
     if (std::error_code ignored; std::filesystem::is_directory(path, ignored)) {
-        throw UsageError("cannot read '" + path + "': it is a directory, and a file is needed");
+        throw UsageError("cannot read '" + wire::shown(path, wire::kMostOfPath) +
+                         "': it is a directory, and a file is needed");
     }
     std::ifstream file(path, std::ios::binary);
     Bytes bytes{std::istreambuf_iterator<char>(file), {}};
     if (!file.is_open() || file.bad()) {
-        throw UsageError("cannot read '" + path + "': " + std::strerror(errno));
+        throw UsageError("cannot read '" + wire::shown(path, wire::kMostOfPath) + "': " + std::strerror(errno));
     }
     return bytes;
 }

@@ -6,6 +6,7 @@
 #include "wire/text/Describe.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <utils/Errors.h>
 
@@ -63,7 +64,7 @@ std::vector<wire::RequestPattern> patternsOf(const std::vector<std::string>& fil
         try {
             patterns.emplace_back(filter);
         } catch (const wire::UnknownName&) {
-            throw UsageError("--filter: no command or item is called " + filter +
+            throw UsageError("--filter: no command or item is called " + wire::shown(filter) +
                              wire::nearestHint(filter, wire::RequestPattern::names()));
         }
     }
