@@ -3,6 +3,7 @@
 #include "simulator/control/Control.h"
 #include "simulator/control/ControlReader.h"
 #include "simulator/control/ControlServer.h"
+#include "simulator/output/Complaints.h"
 #include "simulator/trace/TracePrinter.h"
 
 #include <binder/IServiceManager.h>
@@ -11,6 +12,7 @@
 #include <pthread.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -23,6 +25,7 @@ namespace {
 constexpr char kServiceName[] = "TVBaseService";
 constexpr int kBadUsage = 2;
 constexpr int kScenarioFailed = 4;
+constexpr std::chrono::seconds kBetweenAttempts{1};
 
 /** What main waits for, which every other thread leaves to it. */
 sigset_t blockSignals(bool hasScreen) {
@@ -84,12 +87,12 @@ int Program::run() {
     return mFailedSteps > 0 && mOptions.exitAtEnd ? kScenarioFailed : EXIT_SUCCESS;
 }
 
-Service::Watchers Program::watchers() const {
+Service::Watchers Program::watchers() {
     Service::Watchers watchers;
     if (mUi != nullptr) {
         watchers.push_back(mUi);
     } else if (mOptions.trace || mOptions.ui) {
-        watchers.push_back(std::make_shared<TracePrinter>(stdout));
+        watchers.push_back(std::make_shared<TracePrinter>(mOutput));
     }
     if (mPlayer != nullptr) {
         watchers.push_back(mPlayer);
@@ -131,7 +134,7 @@ std::optional<std::string> Program::obey(const std::string& line) {
 
 void Program::obeyFile(const std::string& line) {
     if (const auto complaint = obey(line)) {
-        std::fprintf(stderr, "kelutv-simulator: %s\n", complaint->c_str());
+        complain(*complaint);
     }
 }
 
@@ -162,16 +165,17 @@ void Program::print(const std::string& text) {
         mUi->note(text);
         return;
     }
-    std::printf("%s\n", text.c_str());
-    std::fflush(stdout);
+    mOutput.add(text);
 }
 
 void Program::waitForTheEnd() {
-    for (int received = SIGWINCH; received == SIGWINCH;) {
-        sigwait(&mSignals, &received);
+    for (int received = SIGWINCH; received == SIGWINCH || received < 0;) {
+        const timespec pause{kBetweenAttempts.count(), 0};
+        received = ::sigtimedwait(&mSignals, nullptr, mOptions.state.empty() ? nullptr : &pause);
         if (received == SIGWINCH) {
             mUi->resized();
         }
+        mService->keepState();
     }
 }
 
@@ -182,6 +186,7 @@ void Program::end() {
     if (mUi != nullptr) {
         mUi->stop();
     }
+    flushComplaints();
 }
 
 } // namespace kelutv::simulator

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "simulator/Service.h"
+#include "simulator/output/LineWriter.h"
 #include "simulator/scenarios/ScenarioPlayer.h"
 #include "simulator/screen/Ui.h"
+
+#include <unistd.h>
 
 #include <atomic>
 #include <csignal>
@@ -37,7 +40,7 @@ public:
     int run();
 
 private:
-    Service::Watchers watchers() const;
+    Service::Watchers watchers();
     bool addFaults();
     bool serve();
     /** Carries out a line and prints its data. @return what is wrong with it, if anything */
@@ -52,6 +55,7 @@ private:
     const Options& mOptions;
     const std::shared_ptr<Ui> mUi;
     const sigset_t mSignals;
+    LineWriter mOutput{STDOUT_FILENO};
     const std::shared_ptr<ScenarioPlayer> mPlayer;
     const android::sp<Service> mService;
     std::atomic<int> mFailedSteps{0};

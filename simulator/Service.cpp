@@ -3,6 +3,7 @@
 #include "simulator/control/Control.h"
 #include "simulator/faults/ProcessExit.h"
 #include "simulator/faults/ReplyCorruption.h"
+#include "simulator/output/Complaints.h"
 #include "simulator/trace/Trace.h"
 #include "wire/codec/Request.h"
 #include "wire/events/Payload.h"
@@ -33,6 +34,12 @@ const Effect* effectOf(const std::vector<FaultRule>& faults, Effect::Kind kind) 
     const auto found = std::find_if(faults.begin(), faults.end(),
                                     [kind](const FaultRule& fault) { return fault.effect.kind == kind; });
     return found != faults.end() ? &found->effect : nullptr;
+}
+
+std::string identifierOf(const PublishedEvent& event) {
+    char text[32];
+    std::snprintf(text, sizeof(text), "event 0x%X", event.identifier);
+    return text;
 }
 
 pid_t caller() { return android::IPCThreadState::self()->getCallingPid(); }
@@ -69,6 +76,8 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
     if (const Effect* const delay = effectOf(faults, Effect::Kind::Delay)) {
         std::this_thread::sleep_for(std::chrono::milliseconds(delay->amount));
     }
+    notify([](Watcher& watcher) { watcher.answering(); });
+    flushComplaints();
     if (effectOf(faults, Effect::Kind::DieAfter) != nullptr) {
         mExiting = true;
         exitWhenAnswered();
@@ -95,6 +104,7 @@ void Service::exitIfToldTo(const FaultRules& faults) {
         notify([](Watcher& watcher) { watcher.exiting(); });
     }
     if (beforeReply) {
+        flushComplaints();
         ::_exit(kFaultExitCode);
     }
 }
@@ -113,6 +123,11 @@ Answer Service::control(const std::string& line) {
         settle();
         return data;
     });
+}
+
+void Service::keepState() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mTelevision.keepState();
 }
 
 void Service::show() {
@@ -134,8 +149,7 @@ void Service::publish(const PublishedEvent& event) {
     notify([&event](Watcher& watcher) { watcher.published(event); });
     const int status = mPublisher.publish(event.identifier, event.payload.data(), event.payload.size());
     if (status != 0) {
-        std::fprintf(stderr, "kelutv-simulator: event 0x%X was not published: %s\n", event.identifier,
-                     std::strerror(-status));
+        complain(identifierOf(event) + " was not published: " + std::strerror(-status));
     }
 }
 

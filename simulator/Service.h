@@ -31,6 +31,9 @@ public:
     /** Carries out a line of the control channel. */
     Answer control(const std::string& line);
 
+    /** Writes the state of the television if its file could not be written before. */
+    void keepState();
+
     /** Notifies the watchers of the present state of the television. */
     void show();
 

@@ -1,6 +1,7 @@
 #include "simulator/control/ControlReader.h"
 
 #include "simulator/control/ControlMessage.h"
+#include "simulator/output/Complaints.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -9,7 +10,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <stdexcept>
 #include <utility>
@@ -80,7 +80,7 @@ void ControlReader::handOn(const char* bytes, std::size_t count) {
 
 void ControlReader::endLine() {
     if (mLine.size() > kLongestLine) {
-        std::fprintf(stderr, "kelutv-simulator: a control line has more than %zu characters\n", kLongestLine);
+        complain("a control line has more than " + std::to_string(kLongestLine) + " characters");
     } else {
         mReceiver(mLine);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 
 namespace kelutv::simulator {
@@ -17,7 +18,14 @@ public:
     File(const File&) = delete;
     File& operator=(const File&) = delete;
 
+    const std::string& path() const { return mPath; }
     bool isOpen() const { return mFd >= 0; }
+
+    /** Locks it until it is closed; false when another process has done so. */
+    bool lock() const;
+
+    /** Whether it is still the file at its path. */
+    bool hasItsName() const;
 
     bool isRegular() const;
     std::size_t size() const;
@@ -37,6 +45,12 @@ private:
 };
 
 /**
+ * The content of a file of moderate size, which has not been read yet.
+ * @throws std::runtime_error when it cannot be read, is not a regular file or is too long
+ */
+std::string contentOf(const File& file);
+
+/**
  * The content of a file of moderate size.
  * @throws std::runtime_error when it cannot be read, is not a regular file or is too long
  */
@@ -49,9 +63,17 @@ std::string resolvedPath(const std::string& path);
 enum class Outlives { Process, Machine };
 
 /**
+ * Removes what a process that was killed while it replaced the file has left behind.
+ * @throws std::runtime_error when another process is replacing it, or when something else has the name
+ */
+void removeNextTo(const std::string& path);
+
+/**
  * Gives the file this content: it is written under another name, flushed to the disk if need be, and renamed.
+ * @return the new file, locked
  * @throws std::runtime_error when that fails; the file keeps its content
  */
-void replaceFile(const std::string& path, const std::string& content, Outlives outlives = Outlives::Machine);
+std::unique_ptr<File> replaceFile(const std::string& path, const std::string& content,
+                                  Outlives outlives = Outlives::Machine);
 
 } // namespace kelutv::simulator

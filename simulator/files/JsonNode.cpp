@@ -16,13 +16,22 @@ namespace {
 
 constexpr std::size_t kLongestShown = 60;
 
-/** Refuses a member that an object has twice, of which the parser would keep the last. */
-class DuplicateFinder {
-public:
-    explicit DuplicateFinder(const std::string& file) : mFile(file) {}
+constexpr std::size_t kLongestReason = 300;
 
-    bool see(nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+/** Deeper than everything that is read here. */
+constexpr int kDeepest = 32;
+
+/** Refuses what the parser takes: a member that an object has twice, of which it would keep the last, and any depth. */
+class ParseGuard {
+public:
+    explicit ParseGuard(const std::string& file) : mFile(file) {}
+
+    bool see(int depth, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
         using Event = nlohmann::json::parse_event_t;
+        if (depth > kDeepest) {
+            throw ConfigurationError(mFile + ": objects and lists are nested more than " + std::to_string(kDeepest) +
+                                     " deep");
+        }
         if (event == Event::object_start) {
             mNames.emplace_back();
         } else if (event == Event::object_end) {
@@ -39,18 +48,25 @@ private:
     std::vector<std::set<std::string>> mNames;
 };
 
+/** Without the number in brackets that messages of the parser begin with. */
+std::string reasonOf(const nlohmann::json::exception& error) {
+    const std::string reason = error.what();
+    return wire::shown(reason.substr(reason.find("] ") + 2), kLongestReason);
+}
+
 } // namespace
 
 nlohmann::json parseJson(const std::string& text, const std::string& file) {
-    DuplicateFinder duplicates(file);
+    ParseGuard guard(file);
     try {
         return nlohmann::json::parse(
-            text, [&duplicates](int, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
-                return duplicates.see(event, parsed);
+            text, [&guard](int depth, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+                return guard.see(depth, event, parsed);
             });
     } catch (const nlohmann::json::parse_error& error) {
-        const std::string reason = error.what();
-        throw ConfigurationError(file + ": this is not JSON: " + reason.substr(reason.find("] ") + 2));
+        throw ConfigurationError(file + ": this is not JSON: " + reasonOf(error));
+    } catch (const nlohmann::json::out_of_range& error) {
+        throw ConfigurationError(file + ": this cannot be read: " + reasonOf(error));
     }
 }
 
@@ -135,7 +151,7 @@ bool JsonNode::truth() const {
 
 std::string JsonNode::shown() const {
     const std::string text = mValue->dump();
-    return text.size() <= kLongestShown ? text : text.substr(0, kLongestShown) + "...";
+    return wire::shown(text, kLongestShown);
 }
 
 void JsonNode::fail(const std::string& what) const {
@@ -143,7 +159,7 @@ void JsonNode::fail(const std::string& what) const {
 }
 
 JsonNode JsonNode::child(const nlohmann::json& value, const std::string& step) const {
-    return {value, mFile, mPath + '/' + step};
+    return {value, mFile, mPath + '/' + wire::shown(step)};
 }
 
 } // namespace kelutv::simulator

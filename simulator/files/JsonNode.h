@@ -18,7 +18,8 @@ public:
 
 /**
  * The JSON text of a file.
- * @throws ConfigurationError when it is not JSON, or when an object has two members of one name
+ * @throws ConfigurationError when it is not JSON, is nested deeply, holds a number beyond those of a double, or an
+ * object has two members of one name
  */
 nlohmann::json parseJson(const std::string& text, const std::string& file);
 

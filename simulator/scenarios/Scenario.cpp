@@ -1,5 +1,6 @@
 #include "simulator/scenarios/Scenario.h"
 
+#include "simulator/files/File.h"
 #include "simulator/text/Join.h"
 #include "simulator/text/Numbers.h"
 #include "simulator/text/Tokenizer.h"
@@ -7,10 +8,9 @@
 #include "wire/text/Shown.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <sstream>
+#include <stdexcept>
 #include <utility>
 
 namespace kelutv::simulator {
@@ -126,14 +126,18 @@ std::vector<std::string> scenarioNames() {
     return names;
 }
 
+std::string contentOf(const std::string& path) {
+    try {
+        return readRegularFile(path);
+    } catch (const std::runtime_error& error) {
+        throw ScenarioError(error.what());
+    }
+}
+
 } // namespace
 
 Scenario readScenario(const std::string& path, const Scenario::Check& check) {
-    std::error_code error;
-    std::ifstream file(path);
-    if (!file || fs::is_directory(path, error)) {
-        throw ScenarioError("cannot read " + path + ": " + std::strerror(file ? EISDIR : errno));
-    }
+    std::istringstream file(contentOf(path));
     Scenario scenario{path, {}};
     int lineNumber = 0;
     for (std::string line; std::getline(file, line);) {

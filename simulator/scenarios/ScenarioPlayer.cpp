@@ -1,6 +1,7 @@
 #include "simulator/scenarios/ScenarioPlayer.h"
 
-#include <cstdio>
+#include "simulator/output/Complaints.h"
+
 #include <utility>
 
 namespace kelutv::simulator {
@@ -109,7 +110,7 @@ ScenarioPlayer::Clock::duration ScenarioPlayer::played(std::chrono::milliseconds
 
 void ScenarioPlayer::fail(const ScenarioStep& step, const std::string& complaint) {
     ++mFailed;
-    std::fprintf(stderr, "kelutv-simulator: %s:%d: %s\n", mScenario.path.c_str(), step.lineNumber, complaint.c_str());
+    complain(mScenario.path + ':' + std::to_string(step.lineNumber) + ": " + complaint);
 }
 
 } // namespace kelutv::simulator

@@ -1,6 +1,6 @@
 #include "simulator/television/CommandHandler.h"
 
-#include <cstdio>
+#include "simulator/output/Complaints.h"
 
 namespace kelutv::simulator {
 
@@ -11,7 +11,7 @@ std::int32_t numberAt(const wire::Request& request, std::size_t index) {
 wire::Reply numberReply(std::int32_t number) { return {0, "", {{number}}}; }
 
 wire::Reply failureReply(wire::Result result, const std::exception& error) {
-    std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
+    complain(error.what());
     return wire::replyTo({result, error.what()});
 }
 

@@ -1,9 +1,5 @@
 #include "simulator/television/EepStore.h"
-#include "simulator/files/File.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <stdexcept>
 
 namespace kelutv::simulator {
@@ -16,9 +12,9 @@ constexpr std::size_t kFileSize = 2 * kMemorySize;
 std::size_t startOf(Memory memory) { return memory == Memory::Eep ? 0 : kMemorySize; }
 
 /** The whole content of the file. */
-std::string readWhole(const File& file, const std::string& path) {
+std::string readWhole(const File& file) {
     if (!file.isRegular() || file.size() != kFileSize) {
-        throw std::runtime_error(path + " is not an EEP file: it must be a regular file of " +
+        throw std::runtime_error(file.path() + " is not an EEP file: it must be a regular file of " +
                                  std::to_string(kFileSize) + " bytes");
     }
     return file.read(kFileSize);
@@ -29,15 +25,11 @@ std::string readWhole(const File& file, const std::string& path) {
 EepStore::EepStore() : mContent(kFileSize, '\0'), mCommitted(mContent) {}
 
 EepStore::EepStore(const std::string& path) : EepStore() {
-    mPath = resolvedPath(path);
-    // Without waiting for the other end of a pipe.
-    const File file(mPath, O_RDONLY | O_NONBLOCK);
-    if (file.isOpen()) {
-        mContent = mCommitted = readWhole(file, mPath);
-    } else if (errno == ENOENT) {
-        save(mCommitted);
+    mFile.emplace(path);
+    if (mFile->file() != nullptr) {
+        mContent = mCommitted = readWhole(*mFile->file());
     } else {
-        failToUse("read", mPath);
+        save(mCommitted);
     }
 }
 
@@ -66,9 +58,9 @@ void EepStore::revert(Memory memory) {
     mContent.replace(startOf(memory), kMemorySize, mCommitted, startOf(memory), kMemorySize);
 }
 
-void EepStore::save(const std::string& content) const {
-    if (!mPath.empty()) {
-        replaceFile(mPath, content);
+void EepStore::save(const std::string& content) {
+    if (mFile) {
+        mFile->replace(content, Outlives::Machine);
     }
 }
 

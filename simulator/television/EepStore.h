@@ -1,7 +1,10 @@
 #pragma once
 
+#include "simulator/files/OwnFile.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace kelutv::simulator {
@@ -24,7 +27,8 @@ public:
 
     /**
      * Reads the file; creates it, full of zeros, if missing.
-     * @throws std::runtime_error when the file cannot be read or created or is not such a file; it is left as it is
+     * @throws std::runtime_error when the file cannot be read or created, is not such a file or belongs to another
+     * process; it is left as it is
      */
     explicit EepStore(const std::string& path);
 
@@ -47,9 +51,9 @@ public:
     void revert(Memory memory);
 
 private:
-    void save(const std::string& content) const;
+    void save(const std::string& content);
 
-    std::string mPath;
+    std::optional<OwnFile> mFile;
     std::string mContent;
     std::string mCommitted;
 };

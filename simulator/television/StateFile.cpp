@@ -1,40 +1,36 @@
 #include "simulator/television/StateFile.h"
 
-#include "simulator/files/File.h"
 #include "simulator/television/Snapshot.h"
 
 #include <nlohmann/json.hpp>
 
-#include <unistd.h>
-
-#include <cerrno>
-#include <stdexcept>
-
 namespace kelutv::simulator {
 
-StateFile::StateFile(const std::string& path) : mPath(path.empty() ? path : resolvedPath(path)) {}
+StateFile::StateFile(const std::string& path) {
+    if (!path.empty()) {
+        mFile.emplace(path);
+    }
+}
 
 void StateFile::restore(Equipment& equipment) {
-    if (mPath.empty()) {
+    if (!mFile) {
         return;
     }
-    if (::access(mPath.c_str(), F_OK) != 0 && errno == ENOENT) {
+    if (mFile->file() == nullptr) {
         write(equipment);
         return;
     }
-    const nlohmann::json content = parseJson(readRegularFile(mPath), mPath);
-    restoreSnapshot(equipment, JsonNode(content, mPath));
+    const nlohmann::json content = parseJson(contentOf(*mFile->file()), mFile->path());
+    restoreSnapshot(equipment, JsonNode(content, mFile->path()));
 }
 
 void StateFile::keep(const Equipment& equipment) {
-    if (!mPath.empty() && equipment.revision.number() != mWritten) {
-        mWritten = equipment.revision.number();
+    if (mFile && equipment.revision.number() != mWritten) {
         write(equipment);
+        mWritten = equipment.revision.number();
     }
 }
 
-void StateFile::write(const Equipment& equipment) const {
-    replaceFile(mPath, snapshotOf(equipment), Outlives::Process);
-}
+void StateFile::write(const Equipment& equipment) { mFile->replace(snapshotOf(equipment), Outlives::Process); }
 
 } // namespace kelutv::simulator

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "simulator/files/OwnFile.h"
 #include "simulator/television/Equipment.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace kelutv::simulator {
@@ -15,7 +17,10 @@ namespace kelutv::simulator {
  */
 class StateFile {
 public:
-    /** @param path empty for no file: nothing is restored and nothing kept */
+    /**
+     * @param path empty for no file: nothing is restored and nothing kept
+     * @throws std::runtime_error when another process keeps its state there
+     */
     explicit StateFile(const std::string& path);
 
     /**
@@ -32,9 +37,9 @@ public:
     void keep(const Equipment& equipment);
 
 private:
-    void write(const Equipment& equipment) const;
+    void write(const Equipment& equipment);
 
-    std::string mPath;
+    std::optional<OwnFile> mFile;
     std::uint64_t mWritten = 0;
 };
 

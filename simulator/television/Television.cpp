@@ -1,9 +1,9 @@
 #include "simulator/television/Television.h"
 
+#include "simulator/output/Complaints.h"
 #include "simulator/television/HandlerTable.h"
 #include "simulator/television/StateAccess.h"
 
-#include <cstdio>
 #include <stdexcept>
 
 namespace kelutv::simulator {
@@ -55,12 +55,14 @@ wire::Reply Television::apply(const wire::Request& request, const wire::StateRul
     return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, readState(mEquipment, *rule.key, indexes));
 }
 
-/** A request that was carried out stands even if it could not be kept. */
 void Television::keepState() {
     try {
         mStateFile.keep(mEquipment);
+        mIsUnkeepable = false;
     } catch (const std::runtime_error& error) {
-        std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
+        if (!std::exchange(mIsUnkeepable, true)) {
+            complain(error.what());
+        }
     }
 }
 

@@ -26,6 +26,13 @@ public:
     /** The changes since the last call of states that have an event. */
     std::vector<Change> takeChanges() { return mEquipment.state.takeChanges(); }
 
+    /**
+     * Writes the state if it is not in its file yet, which each request and action does at its end.
+     *
+     * What was carried out stands even if that fails, and is written later; the first failure is told.
+     */
+    void keepState();
+
     const Equipment& equipment() const { return mEquipment; }
 
     /** The faults that hit this request. */
@@ -46,10 +53,11 @@ public:
 private:
     wire::Reply carryOut(const wire::Request& request);
     wire::Reply apply(const wire::Request& request, const wire::StateRule& rule);
-    void keepState();
 
     Equipment mEquipment;
     StateFile mStateFile;
+    /** The last attempt to write the state failed. */
+    bool mIsUnkeepable = false;
 };
 
 } // namespace kelutv::simulator

@@ -4,17 +4,12 @@
 
 namespace kelutv::simulator {
 
-void TracePrinter::served(const Served& served) { print(describe(served.caller, served.request, served.reply)); }
+void TracePrinter::served(const Served& served) { mOutput.add(describe(served.caller, served.request, served.reply)); }
 
-void TracePrinter::published(const PublishedEvent& event) { print(describe(event)); }
+void TracePrinter::published(const PublishedEvent& event) { mOutput.add(describe(event)); }
 
 void TracePrinter::faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) {
-    print(describe(caller, request, fault));
-}
-
-void TracePrinter::print(const std::string& line) {
-    std::fprintf(mFile, "%s\n", line.c_str());
-    std::fflush(mFile);
+    mOutput.add(describe(caller, request, fault));
 }
 
 } // namespace kelutv::simulator

@@ -1,25 +1,23 @@
 #pragma once
 
+#include "simulator/output/LineWriter.h"
 #include "simulator/trace/Watcher.h"
-
-#include <cstdio>
-#include <string>
 
 namespace kelutv::simulator {
 
-/** Prints one line per request, event and fault met, each at once. */
+/** Prints one line per request, event and fault met, before the caller has its answer if somebody reads them. */
 class TracePrinter : public Watcher {
 public:
-    explicit TracePrinter(std::FILE* file) : mFile(file) {}
+    explicit TracePrinter(LineWriter& output) : mOutput(output) {}
 
     void served(const Served& served) override;
     void published(const PublishedEvent& event) override;
     void faulted(pid_t caller, const wire::Request& request, const FaultRule& fault) override;
+    void answering() override { mOutput.flush(); }
+    void exiting() override { mOutput.flush(); }
 
 private:
-    void print(const std::string& line);
-
-    std::FILE* const mFile;
+    LineWriter& mOutput;
 };
 
 } // namespace kelutv::simulator

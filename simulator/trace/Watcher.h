@@ -19,7 +19,7 @@ struct Served {
 
 /**
  * Observes the television. It is notified of one thing at a time, in the order in which they happen, before the caller
- * has its answer; it must not call the service.
+ * has its answer; it must neither call the service nor, except in `answering`, wait for anything.
  */
 class Watcher {
 public:
@@ -34,6 +34,8 @@ public:
     virtual void faulted(pid_t, const wire::Request&, const FaultRule&) {}
     /** A request or a control line has been carried out, and this is the state of the television. */
     virtual void settled(const Television&) {}
+    /** The caller of a request is about to get its answer; several threads may be there at a time. */
+    virtual void answering() {}
     /** The process is about to exit because of a fault; nothing is carried out after this. */
     virtual void exiting() {}
 };

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -163,6 +165,9 @@ TEST(EventFile, NamesTheFile) {
     EXPECT_EQ(complaint(), path + ":1: unknown section 'Things', expected one of: Events, Enumerations");
     std::ofstream(path) << kTelevision;
     EXPECT_EQ(complaint(), "");
+    std::filesystem::remove(path);
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(complaint(), "cannot read " + path + ": it must be a regular file of at most 1048576 bytes");
     std::filesystem::remove(path);
 }
 

@@ -8,8 +8,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <deque>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -253,6 +255,15 @@ private:
     std::vector<std::size_t> mLines;
 };
 
+constexpr std::uintmax_t kLongestFile = 1024 * 1024;
+
+/** Whether it is there but cannot be read to its end: a pipe, a device, a folder, or without end. */
+bool isOtherThanFile(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::exists(path, error) &&
+           (!std::filesystem::is_regular_file(path, error) || std::filesystem::file_size(path, error) > kLongestFile);
+}
+
 } // namespace
 
 EventTable readEvents(const std::string& text) {
@@ -273,6 +284,10 @@ EventTable readEvents(const std::string& text) {
 }
 
 EventTable readEventFile(const std::string& path) {
+    if (isOtherThanFile(path)) {
+        throw EventFileError("cannot read " + path + ": it must be a regular file of at most " +
+                             std::to_string(kLongestFile) + " bytes");
+    }
     std::ifstream file(path, std::ios::binary);
     std::string text;
     if (file) {

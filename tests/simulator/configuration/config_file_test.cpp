@@ -12,6 +12,7 @@
 #include <fstream>
 #include <list>
 #include <string>
+#include <utility>
 
 namespace kelutv::test {
 
@@ -87,6 +88,19 @@ TEST_F(ConfigFile, ThatIsWrongEndsTheSimulatorBeforeItServes) {
     EXPECT_EQ(simulator->error().text(),
               "kelutv-simulator: " + path +
                   ": /audio/volume/range: a range is [LOWEST, HIGHEST]; [100,0] is reversed\n");
+}
+
+TEST_F(ConfigFile, ThatIsNestedWithoutEndOrHasNoNumbersEndsTheSimulator) {
+    const std::pair<std::string, std::string> faults[] = {
+        {std::string(200000, '['), "objects and lists are nested more than 32 deep"},
+        {R"({"audio": {"volume": {"initial": 1e999}}})", "this cannot be read: number overflow parsing '1e999'"},
+    };
+    for (const auto& [text, complaint] : faults) {
+        const std::string path = write(text);
+        const auto simulator = startSimulator({"--config", path});
+        EXPECT_EQ(simulator->exitCode(), 2);
+        EXPECT_EQ(simulator->error().text(), "kelutv-simulator: " + path + ": " + complaint + "\n");
+    }
 }
 
 TEST_F(ConfigFile, ThatIsNotThereEndsTheSimulator) {

@@ -120,7 +120,8 @@ TEST_F(ScenarioFile, IsCheckedAsAWholeBeforeItStarts) {
 TEST_F(ScenarioFile, MustBeReadable) {
     for (const auto& [path, reason] : std::vector<std::pair<std::string, std::string>>{
              {mRuntimeDir.path() + "/nowhere/test.scenario", "No such file or directory"},
-             {mRuntimeDir.path() + "/", "Is a directory"}}) {
+             {mRuntimeDir.path() + "/", "it must be a regular file of at most 16777216 bytes"},
+             {"/dev/null", "it must be a regular file of at most 16777216 bytes"}}) {
         const auto simulator = startSimulator({"--scenario", path});
         EXPECT_EQ(simulator->exitCode(), 2);
         EXPECT_EQ(simulator->error().text(), "kelutv-simulator: cannot read " + path + ": " + reason + '\n');

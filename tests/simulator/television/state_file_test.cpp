@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -29,6 +31,16 @@ constexpr int kGetVolume = CMD_AUDIO_GETVOLUME;
 
 Bytes send(int command, std::initializer_list<std::int32_t> arguments = {}) {
     return SimulatorEnvironment::transact(requestOf(command, arguments));
+}
+
+rlim_t lowestFreeDescriptor(pid_t process) {
+    rlim_t descriptor = 0;
+    std::error_code ignored;
+    while (std::filesystem::is_symlink("/proc/" + std::to_string(process) + "/fd/" + std::to_string(descriptor),
+                                       ignored)) {
+        ++descriptor;
+    }
+    return descriptor;
 }
 
 class StateFile : public ::testing::Test {
@@ -179,6 +191,93 @@ TEST_F(StateFile, ThatCannotBeMadeEndsTheSimulator) {
     EXPECT_EQ(simulator->exitCode(), 1);
     EXPECT_EQ(simulator->error().text(),
               "kelutv-simulator: cannot write " + nowhere + ".new: No such file or directory\n");
+}
+
+TEST_F(StateFile, BelongsToOneSimulator) {
+    start();
+    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+    const RuntimeDir elsewhere;
+    const auto second = startSimulator({"--state", path()});
+    EXPECT_EQ(second->exitCode(), 1);
+    EXPECT_EQ(second->output().text(), "");
+    EXPECT_EQ(second->error().text(),
+              "kelutv-simulator: " + path() + " is in use by another process; give each simulator a file of its own\n");
+    EXPECT_NE(content().find("\"value\":[35]"), std::string::npos);
+    kill();
+    start();
+    end();
+    EXPECT_NE(content().find("\"value\":[35]"), std::string::npos);
+}
+
+TEST_F(StateFile, LosesWhatAKilledSimulatorLeftBesideIt) {
+    start();
+    end();
+    std::ofstream(path() + ".new") << "half of";
+    start();
+    EXPECT_FALSE(std::filesystem::exists(path() + ".new"));
+    end();
+    std::filesystem::remove(path());
+    std::ofstream(path() + ".new") << "half of";
+    start();
+    EXPECT_FALSE(std::filesystem::exists(path() + ".new"));
+    end();
+    EXPECT_TRUE(std::filesystem::exists(path()));
+}
+
+/** A pipe, put there by somebody else, would keep whoever opens it waiting. */
+TEST_F(StateFile, IsNoPipeAndHasNoneBesideIt) {
+    ASSERT_EQ(::mkfifo(path().c_str(), 0600), 0);
+    const auto asFile = startSimulator({"--state", path()});
+    EXPECT_EQ(asFile->exitCode(), 1);
+    EXPECT_EQ(asFile->error().text(),
+              "kelutv-simulator: cannot read " + path() + ": it must be a regular file of at most 16777216 bytes\n");
+    std::filesystem::remove(path());
+    start();
+    end();
+    const std::string next = path() + ".new";
+    ASSERT_EQ(::mkfifo(next.c_str(), 0600), 0);
+    const auto beside = startSimulator({"--state", path()});
+    EXPECT_EQ(beside->exitCode(), 1);
+    EXPECT_EQ(beside->error().text(), "kelutv-simulator: " + next + " is in the way: it is not a regular file\n");
+}
+
+TEST_F(StateFile, IsWrittenWithoutAPipeThatComesLater) {
+    start();
+    const std::string next = path() + ".new";
+    ASSERT_EQ(::mkfifo(next.c_str(), 0600), 0);
+    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+    EXPECT_EQ(send(kSetVolume, {0, 36}), replyOf({0}));
+    EXPECT_EQ(mSimulator->process().error().text(),
+              "kelutv-simulator: " + next + " is in the way: it is not a regular file\n");
+    std::filesystem::remove(next);
+    EXPECT_TRUE(eventually([this] { return content().find("\"value\":[36]") != std::string::npos; }));
+    mSimulator.reset();
+}
+
+TEST_F(StateFile, IsWrittenWhenThereAreDescriptorsAgain) {
+    start();
+    EXPECT_EQ(send(kSetVolume, {0, 34}), replyOf({0}));
+    const pid_t simulator = mSimulator->process().pid();
+    rlimit before{};
+    ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, nullptr, &before), 0);
+    const rlimit none{lowestFreeDescriptor(simulator), before.rlim_max};
+    ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, &none, nullptr), 0);
+    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+    EXPECT_EQ(send(kSetVolume, {0, 36}), replyOf({0}));
+    EXPECT_EQ(content().find("\"value\":[36]"), std::string::npos);
+    ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, &before, nullptr), 0);
+    EXPECT_TRUE(eventually([this] { return content().find("\"value\":[36]") != std::string::npos; }));
+    // Once, whatever the runtime says of descriptors.
+    const std::string error = mSimulator->process().error().text();
+    const std::string complaint = "kelutv-simulator: cannot write " + path() + ".new: Too many open files\n";
+    EXPECT_NE(error.find(complaint), std::string::npos) << error;
+    EXPECT_EQ(error.find(complaint), error.rfind(complaint)) << error;
+    mSimulator.reset();
+}
+
+TEST_F(StateFile, ThatIsNestedWithoutEndOrHasNoNumbersIsRefused) {
+    expectRefused(std::string(200000, '['), ": objects and lists are nested more than 32 deep");
+    expectRefused("{\"cecPlaying\": 1e999}", ": this cannot be read: number overflow parsing '1e999'");
 }
 
 TEST_F(StateFile, ThatCannotBeWrittenAnyMoreIsToldOf) {

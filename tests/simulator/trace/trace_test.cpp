@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -107,6 +110,25 @@ TEST_F(Trace, NamesAnUnknownSource) {
     SourceManager::instance()->selectSource(77, KELU_TV_WINDOW_MAIN);
     EXPECT_EQ(lines(), std::vector<std::string>{
                            own("CMD_SOURCE_SELECTSOURCE(srcId=77, mainWindow=0) -> -108 (there is no source 77)")});
+}
+
+/** As with `kelutv-simulator --trace | less`, which reads one screen. */
+TEST(TraceThatNobodyReads, KeepsNoClientWaiting) {
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    const RuntimeDir elsewhere;
+    const auto simulator = startSimulator({"--trace"}, ends[1]);
+    ::close(ends[1]);
+    char byte = 0;
+    ASSERT_EQ(::read(ends[0], &byte, 1), 1); // It is ready.
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 2000; ++i) {
+        ASSERT_EQ(SimulatorEnvironment::transact(requestOf(CMD_AUDIO_GETVOLUME, {0})), replyOf({0, 20}));
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, kPatience);
+    simulator->kill(SIGTERM);
+    EXPECT_EQ(simulator->exitCode(), 0);
+    ::close(ends[0]);
 }
 
 } // namespace
