@@ -5,10 +5,13 @@
 #include <nlohmann/json.hpp>
 
 #include <set>
+#include <utility>
 
 namespace kelutv::simulator {
 
 namespace {
+
+constexpr std::size_t kLongestText = 255;
 
 /** `1.0.0.0`: four hexadecimal digits separated by dots. */
 bool isPhysicalAddress(const std::string& text) {
@@ -40,6 +43,13 @@ std::optional<std::string> objectionTo(const CecDevice& device) {
     }
     if (device.hdmiDevPort < 0) {
         return "hdmiDevPort is the number of a port, it cannot be " + std::to_string(device.hdmiDevPort);
+    }
+    for (const auto& [field, text] :
+         {std::pair<const char*, const std::string&>{"name", device.name}, {"listText", device.listText}}) {
+        if (text.size() > kLongestText) {
+            return std::string(field) + " has at most " + std::to_string(kLongestText) + " bytes, not " +
+                   std::to_string(text.size());
+        }
     }
     if (!isPhysicalAddress(device.phyAddr)) {
         return "phyAddr has four hexadecimal digits as in 1.0.0.0, it cannot be '" + wire::shown(device.phyAddr) + "'";

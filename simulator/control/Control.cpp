@@ -31,7 +31,9 @@ Deed takeFault(const Configuration&, const std::string& rest) {
         };
     }
     return [rule = faultIn(rest)](Equipment& equipment) {
-        equipment.faults.add(rule);
+        if (!equipment.faults.add(rule)) {
+            throw BadLine("there are " + std::to_string(Faults::kMost) + " faults already; fault clear forgets them");
+        }
         return "";
     };
 }

@@ -4,6 +4,7 @@
 #include "simulator/control/ControlValues.h"
 #include "simulator/files/File.h"
 #include "simulator/television/Power.h"
+#include "simulator/television/StateAccess.h"
 #include "simulator/text/Numbers.h"
 #include "simulator/text/Tokenizer.h"
 #include "wire/StateForm.h"
@@ -29,6 +30,9 @@ constexpr std::size_t kLongestVbi = keluem::kMaxPayload - sizeof(std::int32_t);
 void useKey(Equipment& equipment, std::int32_t key, std::int32_t happened) {
     const wire::StateKey& state = *wire::findState(kKeyState);
     const wire::StateForm form = wire::formOf(state);
+    if (const auto refusal = objectionToSize(equipment.state, state, {key}, {happened})) {
+        throw BadLine(refusal->text);
+    }
     equipment.state.keep(state, {key}, {happened});
     const std::string name = wire::namesOf(*form.indexes[0].names).shortNameOf(key);
     const std::string what = wire::namesOf(*form.values[0].names).shortNameOf(happened);

@@ -12,6 +12,14 @@ bool isMeant(const FaultRule& rule, const wire::Request& request, pid_t caller) 
 
 } // namespace
 
+bool Faults::add(const FaultRule& rule) {
+    const bool hasRoom = mEntries.size() < kMost;
+    if (hasRoom) {
+        mEntries.push_back({rule, 0});
+    }
+    return hasRoom;
+}
+
 std::vector<std::string> Faults::list() const {
     std::vector<std::string> lines;
     for (const Entry& entry : mEntries) {

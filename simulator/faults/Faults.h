@@ -4,6 +4,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -14,7 +15,10 @@ namespace kelutv::simulator {
 /** The injected faults, in the order in which they were given. Not synchronised. */
 class Faults {
 public:
-    void add(const FaultRule& rule) { mEntries.push_back({rule, 0}); }
+    static constexpr std::size_t kMost = 1000;
+
+    /** False when there are too many already; then it is not added. */
+    bool add(const FaultRule& rule);
 
     /** A line for each fault that is not spent, as it was given, after the verb `fault`. */
     std::vector<std::string> list() const;

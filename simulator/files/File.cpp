@@ -1,5 +1,7 @@
 #include "simulator/files/File.h"
 
+#include "wire/text/Shown.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -60,7 +62,9 @@ void syncFolder(const std::string& path) {
 } // namespace
 
 void failToUse(const std::string& what, const std::string& path) {
-    throw std::runtime_error("cannot " + what + " " + path + ": " + std::strerror(errno));
+    const int reason = errno;
+    throw std::runtime_error("cannot " + what + " " + wire::shown(path, wire::kMostOfPath) + ": " +
+                             std::strerror(reason));
 }
 
 File::File(const std::string& path, int flags) : mPath(path), mFd(::open(path.c_str(), flags | O_CLOEXEC, 0644)) {}

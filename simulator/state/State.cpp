@@ -2,6 +2,40 @@
 
 namespace kelutv::simulator {
 
+namespace {
+
+std::size_t sizeOf(const wire::Values& values) {
+    constexpr std::size_t kOfValue = 16;
+    std::size_t size = 0;
+    for (const wire::Value& value : values) {
+        const auto* const text = std::get_if<std::string>(&value);
+        size += kOfValue + (text != nullptr ? text->size() : 0);
+    }
+    return size;
+}
+
+std::size_t sizeOf(const wire::Values& indexes, const wire::Values& values) {
+    constexpr std::size_t kOfEntry = 128;
+    return kOfEntry + sizeOf(indexes) + sizeOf(values);
+}
+
+} // namespace
+
+void State::load(Kept kept) {
+    mKept = std::move(kept);
+    mSize = 0;
+    for (const auto& [place, values] : mKept) {
+        mSize += sizeOf(place.second, values);
+    }
+}
+
+bool State::hasRoomFor(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values) const {
+    const auto found = mKept.find({&key, indexes});
+    const std::size_t before = found != mKept.end() ? sizeOf(indexes, found->second) : 0;
+    const std::size_t after = sizeOf(indexes, values);
+    return after <= before || mSize - before + after <= kMostSet;
+}
+
 wire::Values State::kept(const wire::StateKey& key, const wire::Values& indexes) const {
     const auto found = mKept.find({&key, indexes});
     return found != mKept.end() ? found->second : mConfiguration.settings(key).initialFor(indexes);
@@ -9,7 +43,10 @@ wire::Values State::kept(const wire::StateKey& key, const wire::Values& indexes)
 
 void State::keep(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values) {
     if (kept(key, indexes) != values) {
-        mKept[{&key, indexes}] = values;
+        const auto [entry, isNew] = mKept.try_emplace({&key, indexes});
+        mSize -= isNew ? 0 : sizeOf(indexes, entry->second);
+        mSize += sizeOf(indexes, values);
+        entry->second = values;
         mRevision.advance();
         noteChange(key, indexes);
     }
@@ -28,6 +65,7 @@ void State::restore(const std::function<bool(const wire::StateKey&)>& wanted) {
             continue;
         }
         entry = mKept.erase(entry);
+        mSize -= sizeOf(indexes, before);
         mRevision.advance();
         if (kept(*key, indexes) != before) {
             noteChange(*key, indexes);

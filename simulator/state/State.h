@@ -3,6 +3,7 @@
 #include "simulator/configuration/Configuration.h"
 #include "simulator/state/Revision.h"
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <string>
@@ -24,6 +25,10 @@ class State {
 public:
     using Kept = std::map<std::pair<const wire::StateKey*, wire::Values>, wire::Values>;
 
+    /** How much clients may set: the bytes of texts, 16 for each number and text, and 128 for each state and its keys.
+     */
+    static constexpr std::size_t kMostSet = std::size_t{2} * 1024 * 1024;
+
     /** Both must outlive it. */
     State(const Configuration& configuration, Revision& revision)
         : mConfiguration(configuration), mRevision(revision) {}
@@ -32,7 +37,10 @@ public:
     const Kept& all() const { return mKept; }
 
     /** Replaces everything that was set, without events. */
-    void load(Kept kept) { mKept = std::move(kept); }
+    void load(Kept kept);
+
+    /** Whether a client may set this, since it is not too much with all that has been set. */
+    bool hasRoomFor(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values) const;
 
     /** The value that was kept last, else the initial value. */
     wire::Values kept(const wire::StateKey& key, const wire::Values& indexes) const;
@@ -54,6 +62,8 @@ private:
     const Configuration& mConfiguration;
     Revision& mRevision;
     Kept mKept;
+    /** Of what is kept, as `kMostSet` counts it. */
+    std::size_t mSize = 0;
     std::vector<Change> mChanges;
 };
 

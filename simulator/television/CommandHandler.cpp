@@ -1,6 +1,7 @@
 #include "simulator/television/CommandHandler.h"
 
 #include "simulator/output/Complaints.h"
+#include "wire/text/Shown.h"
 
 namespace kelutv::simulator {
 
@@ -11,8 +12,9 @@ std::int32_t numberAt(const wire::Request& request, std::size_t index) {
 wire::Reply numberReply(std::int32_t number) { return {0, "", {{number}}}; }
 
 wire::Reply failureReply(wire::Result result, const std::exception& error) {
-    complain(error.what());
-    return wire::replyTo({result, error.what()});
+    const std::string reason = wire::shown(error.what(), wire::kMostOfPath);
+    complain(reason);
+    return wire::replyTo({result, reason});
 }
 
 } // namespace kelutv::simulator

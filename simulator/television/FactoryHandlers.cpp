@@ -1,6 +1,7 @@
 #include "simulator/television/CommandHandler.h"
 #include "simulator/television/Factory.h"
 #include "simulator/television/Hotel.h"
+#include "simulator/television/StateAccess.h"
 
 #include <kelutv/commands.h>
 #include <kelutv/factory_types.h>
@@ -21,6 +22,10 @@ wire::Reply setMacAddress(Equipment& equipment, const wire::Request& request) {
 
 wire::Reply burnKey(Equipment& equipment, const wire::Request& request) {
     const std::int32_t kind = numberAt(request, 0);
+    const wire::StateKey& keyData = *wire::findState("factory.keyData");
+    if (const auto refusal = objectionToSize(equipment.state, keyData, {kind}, request.arguments.back())) {
+        return wire::replyTo(*refusal);
+    }
     return burnKey(equipment.state, kind, request.arguments.back())
                ? wire::Reply{}
                : wire::replyTo({wire::Result::OutOfRange, "there is no kind of key " + std::to_string(kind)});

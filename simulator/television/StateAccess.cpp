@@ -56,6 +56,16 @@ std::optional<wire::Refusal> objectionToIndexes(const Equipment& equipment, cons
                                                                : std::nullopt;
 }
 
+std::optional<wire::Refusal> objectionToSize(const State& state, const wire::StateKey& key, const wire::Values& indexes,
+                                             const wire::Values& values) {
+    if (state.hasRoomFor(key, indexes, values)) {
+        return std::nullopt;
+    }
+    return wire::Refusal{wire::Result::OutOfRange, "the television keeps settings of at most " +
+                                                       std::to_string(State::kMostSet) + " bytes, of " + key.name +
+                                                       " no more"};
+}
+
 wire::Values readState(const Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes) {
     const auto derivation = equipment.sources.derived(key, indexes);
     return derivation ? *derivation : equipment.state.kept(key, indexes);
@@ -72,6 +82,9 @@ std::optional<wire::Refusal> setState(Equipment& equipment, const wire::StateKey
     if (equipment.sources.derived(key, indexes)) {
         return wire::Refusal{wire::Result::OutOfRange,
                              std::string(key.name) + " is derived from other states and cannot be set"};
+    }
+    if (auto refusal = objectionToSize(equipment.state, key, indexes, values)) {
+        return refusal;
     }
     if (key.name == kCurrentSource) {
         if (values.size() != 1) {

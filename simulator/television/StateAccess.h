@@ -15,6 +15,10 @@ std::optional<wire::Refusal> objectionToIndexes(const Equipment& equipment, cons
 std::optional<wire::Refusal> objectionToValues(const Equipment& equipment, const wire::StateKey& key,
                                                const wire::Values& values);
 
+/** Why a client cannot set this value on top of all that has been set; none if it can. */
+std::optional<wire::Refusal> objectionToSize(const State& state, const wire::StateKey& key, const wire::Values& indexes,
+                                             const wire::Values& values);
+
 /** What readers get of a state; the indexes must be valid. */
 wire::Values readState(const Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
 

@@ -39,7 +39,7 @@ TEST(FaultLines, AreListedAsGiven) {
     Faults faults;
     Lines listed;
     for (const std::string& line : lines) {
-        faults.add(readFault(line));
+        EXPECT_TRUE(faults.add(readFault(line)));
         listed.push_back("fault " + line);
     }
     EXPECT_EQ(faults.list(), listed);
@@ -49,20 +49,31 @@ TEST(FaultLines, AreListedAsGiven) {
 
 TEST(FaultLines, LoseSuperfluousBlanks) {
     Faults faults;
-    faults.add(readFault("  any\terror   -5 "));
+    EXPECT_TRUE(faults.add(readFault("  any\terror   -5 ")));
     EXPECT_EQ(faults.list(), Lines{"fault any error -5"});
 }
 
 TEST(FaultLines, AreForgottenWhenTheyHaveHappened) {
     Faults faults;
-    faults.add(readFault("any nth 2 times 2 error -5"));
-    faults.add(readFault("any from 99 error -6"));
+    EXPECT_TRUE(faults.add(readFault("any nth 2 times 2 error -5")));
+    EXPECT_TRUE(faults.add(readFault("any from 99 error -6")));
     const wire::Request request;
     EXPECT_EQ(faults.meet(request, 1).size(), 0U);
     EXPECT_EQ(faults.meet(request, 1).size(), 1U);
     EXPECT_EQ(faults.list().size(), 2U);
     EXPECT_EQ(faults.meet(request, 99).size(), 2U);
     EXPECT_EQ(faults.list(), Lines{"fault any from 99 error -6"});
+}
+
+TEST(FaultLines, AreAThousandAtMost) {
+    Faults faults;
+    for (int i = 0; i < 1000; ++i) {
+        EXPECT_TRUE(faults.add(readFault("any error -5")));
+    }
+    EXPECT_FALSE(faults.add(readFault("any error -5")));
+    EXPECT_EQ(faults.list().size(), 1000U);
+    faults.clear();
+    EXPECT_TRUE(faults.add(readFault("any error -5")));
 }
 
 TEST(FaultLines, ThatMakeNoSenseAreRefused) {

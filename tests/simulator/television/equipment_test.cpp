@@ -158,8 +158,41 @@ TEST_F(Running, CecDevicesThatCannotBeAreNotAdded) {
     device = kPlayer;
     device.hdmiDevPort = -1;
     EXPECT_EQ(mEquipment.cec.add(device), "hdmiDevPort is the number of a port, it cannot be -1");
+    device = kPlayer;
+    device.name.assign(256, 'x');
+    EXPECT_EQ(mEquipment.cec.add(device), "name has at most 255 bytes, not 256");
+    device = kPlayer;
+    device.listText.assign(256, 'x');
+    EXPECT_EQ(mEquipment.cec.add(device), "listText has at most 255 bytes, not 256");
     EXPECT_EQ(mEquipment.cec.all().size(), 4U);
     EXPECT_EQ(published(), Events{});
+}
+
+/** 2 MiB for what clients set: 128 for each state with its keys, 16 for each number. */
+TEST_F(Running, KeepOnlySoMuchOfWhatClientsSet) {
+    const wire::StateKey& volume = *wire::findState("audio.volume");
+    std::int32_t kept = 0;
+    while (!setState(mEquipment, volume, {kept}, {std::int32_t{7}}) && kept < 100000) {
+        ++kept;
+    }
+    EXPECT_EQ(kept, 2 * 1024 * 1024 / (128 + 2 * 16));
+    EXPECT_EQ(setState(mEquipment, volume, {kept}, {std::int32_t{7}})->result, wire::Result::OutOfRange);
+    EXPECT_EQ(setState(mEquipment, volume, {std::int32_t{0}}, {std::int32_t{8}}), std::nullopt);
+    EXPECT_EQ(readState(mEquipment, volume, {std::int32_t{0}}), wire::Values{std::int32_t{8}});
+    mEquipment.state.restore("audio");
+    EXPECT_EQ(setState(mEquipment, volume, {kept}, {std::int32_t{7}}), std::nullopt);
+}
+
+/** So that whatever clients set fits into the state file: no byte takes more than six there. */
+TEST_F(Running, KeepTextsThatAStateFileHolds) {
+    const wire::StateKey& info = *wire::findState("factory.machineInfo");
+    const wire::Values text{std::string(1024 * 1024, '\x01')};
+    EXPECT_EQ(setState(mEquipment, info, {std::int32_t{0}}, text), std::nullopt);
+    EXPECT_EQ(setState(mEquipment, info, {std::int32_t{1}}, text)->result, wire::Result::OutOfRange);
+    EXPECT_EQ(setState(mEquipment, info, {std::int32_t{1}}, {std::string(1024 * 1024 - 400, '\x01')}), std::nullopt);
+    EXPECT_LT(snapshotOf(mEquipment).size(), 16U * 1024 * 1024);
+    EXPECT_EQ(setState(mEquipment, info, {std::int32_t{0}}, {std::string("TV")}), std::nullopt);
+    EXPECT_EQ(setState(mEquipment, info, {std::int32_t{2}}, text)->result, wire::Result::OutOfRange);
 }
 
 TEST_F(Running, StatesThatCannotBeAreNotSet) {
