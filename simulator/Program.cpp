@@ -65,10 +65,12 @@ std::shared_ptr<ScenarioPlayer> playerOf(const Options& options) {
 } // namespace
 
 Program::Program(const Options& options)
-    : mOptions(options), mUi(screenOf(options)), mSignals(blockSignals(mUi != nullptr)), mPlayer(playerOf(options)),
+    : mOptions(options), mProbe(std::in_place, kServiceName), mUi(screenOf(options)),
+      mSignals(blockSignals(mUi != nullptr)), mPlayer(playerOf(options)),
       mService(new Service(watchers(), configurationOf(options), eepOf(options), options.state)) {}
 
 int Program::run() {
+    startComplaints();
     if (!addFaults()) {
         return kBadUsage;
     }
@@ -81,6 +83,9 @@ int Program::run() {
         control.emplace(mOptions.control, [this](const std::string& line) { obeyFile(line); });
     }
     android::ProcessState::self()->startThreadPool();
+    if (!isAnswering()) {
+        return EXIT_FAILURE;
+    }
     begin();
     waitForTheEnd();
     end();
@@ -119,6 +124,17 @@ bool Program::serve() {
         std::fprintf(stderr, "kelutv-simulator: cannot serve %s: %s\n", kServiceName, std::strerror(-status));
     }
     return status == android::NO_ERROR;
+}
+
+/** It is said to be ready, which applications wait for, when a call of another process has been answered. */
+bool Program::isAnswering() {
+    const bool answering = mProbe->isAnswered();
+    mProbe.reset();
+    if (!answering) {
+        std::fprintf(stderr, "kelutv-simulator: %s does not answer; are there enough threads and descriptors?\n",
+                     kServiceName);
+    }
+    return answering;
 }
 
 std::optional<std::string> Program::obey(const std::string& line) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/Probe.h"
 #include "simulator/Service.h"
 #include "simulator/output/LineWriter.h"
 #include "simulator/scenarios/ScenarioPlayer.h"
@@ -46,6 +47,7 @@ private:
     /** Carries out a line and prints its data. @return what is wrong with it, if anything */
     std::optional<std::string> obey(const std::string& line);
     void obeyFile(const std::string& line);
+    bool isAnswering();
     void begin();
     void endScenario(int failedSteps);
     void print(const std::string& text);
@@ -53,6 +55,7 @@ private:
     void end();
 
     const Options& mOptions;
+    std::optional<Probe> mProbe;
     const std::shared_ptr<Ui> mUi;
     const sigset_t mSignals;
     LineWriter mOutput{STDOUT_FILENO};

@@ -16,6 +16,8 @@ LineWriter& writer() {
 
 } // namespace
 
+void startComplaints() { writer(); }
+
 void complain(const std::string& message) { writer().add("kelutv-simulator: " + message); }
 
 void flushComplaints() { writer().flush(); }
