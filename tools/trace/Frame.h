@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <climits>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,14 @@ namespace kelutv::trace {
 
 /** Names the pipe in the environment of a traced program. */
 constexpr const char* kPipeVariable = "KELUTV_TRACE_PIPE";
+
+/**
+ * What the file is called that lies beside the pipe, behind the name of that: a counter, shared by all, of the
+ * transactions that were left out since the pipe was full and the tool did not read.
+ */
+constexpr const char* kLeftOutSuffix = ".leftout";
+using LeftOut = std::atomic<std::uint32_t>;
+static_assert(LeftOut::is_always_lock_free);
 
 /** Leads each piece of a record. A whole frame is written at once, so that those of several writers do not mix. */
 struct FrameHeader {

@@ -1,5 +1,6 @@
 #include "tools/trace/FrameWriter.h"
 
+#include <poll.h>
 #include <sys/uio.h>
 
 #include <algorithm>
@@ -8,8 +9,8 @@
 
 namespace kelutv::trace {
 
-FrameWriter::FrameWriter(int fd, pid_t process, pid_t thread, std::size_t total)
-    : mFd(fd), mHeader{process, thread, 0, 0, static_cast<std::uint32_t>(total)} {}
+FrameWriter::FrameWriter(int fd, pid_t process, pid_t thread, std::size_t total, int patience)
+    : mFd(fd), mPatience(patience), mHeader{process, thread, 0, 0, static_cast<std::uint32_t>(total)} {}
 
 void FrameWriter::append(const void* bytes, std::size_t length) {
     const auto* next = static_cast<const std::uint8_t*>(bytes);
@@ -25,15 +26,23 @@ void FrameWriter::append(const void* bytes, std::size_t length) {
     }
 }
 
-void FrameWriter::finish() { flush(); }
+bool FrameWriter::finish() {
+    flush();
+    return !mFailed;
+}
 
 void FrameWriter::flush() {
     const iovec pieces[] = {{&mHeader, sizeof(mHeader)}, {mPiece, mHeader.length}};
     while (!mFailed && ::writev(mFd, pieces, 2) < 0) {
-        mFailed = errno != EINTR;
+        mFailed = errno != EINTR && (errno != EAGAIN || !waitForRoom());
     }
     mHeader.offset += mHeader.length;
     mHeader.length = 0;
+}
+
+bool FrameWriter::waitForRoom() const {
+    pollfd room{mFd, POLLOUT, 0};
+    return ::poll(&room, 1, mPatience) == 1;
 }
 
 } // namespace kelutv::trace

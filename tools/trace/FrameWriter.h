@@ -13,17 +13,20 @@ namespace kelutv::trace {
  */
 class FrameWriter {
 public:
-    FrameWriter(int fd, pid_t process, pid_t thread, std::size_t total);
+    /** @param patience how many milliseconds to wait for room in a descriptor that does not block */
+    FrameWriter(int fd, pid_t process, pid_t thread, std::size_t total, int patience = 0);
 
     void append(const void* bytes, std::size_t length);
 
-    /** Writes what is left. */
-    void finish();
+    /** Writes what is left. @return whether everything was written */
+    bool finish();
 
 private:
     void flush();
+    bool waitForRoom() const;
 
     int mFd;
+    int mPatience;
     FrameHeader mHeader;
     bool mFailed = false;
     std::uint8_t mPiece[kPieceCapacity];

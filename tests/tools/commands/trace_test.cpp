@@ -233,6 +233,22 @@ TEST(Trace, refusesBadInput) {
     EXPECT_EQ(runTool({"trace", "--output", folder.pathOf("nowhere/file"), "--", "true"}).exit, 1);
 }
 
+TEST(Trace, aToolThatIsStoppedStopsNoProgram) {
+    const ToolRun run = traceClient("stop");
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output, "went on\n");
+    std::size_t shown = 0;
+    for (std::size_t at = 0; (at = run.error.find("] CMD_", at)) != std::string::npos; ++at) {
+        ++shown;
+    }
+    std::smatch leftOut;
+    const std::string end = run.error.substr(run.error.rfind("... "));
+    ASSERT_TRUE(std::regex_match(end, leftOut, std::regex(R"(\.\.\. (\d+) commands left out\n)")))
+        << end.substr(0, 200);
+    EXPECT_EQ(shown + std::stoul(leftOut[1]), 200U);
+    EXPECT_GT(shown, 1U);
+}
+
 TEST(TraceFrames, aBrokenPipeIsSilent) {
     int ends[2];
     ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);

@@ -59,6 +59,16 @@ void killTracer() {
     }
 }
 
+/** Sends more than fits between a program and a tool that does not read. */
+void sendPastStoppedTracer() {
+    ::kill(::getppid(), SIGSTOP);
+    for (int i = 0; i < 200; ++i) {
+        linux_tv_Factory_setInternetTime(std::string(20000, 't').c_str());
+    }
+    ::kill(::getppid(), SIGCONT);
+    std::puts("went on");
+}
+
 int run(const char* program, const std::string& action) {
     if (action == "print") {
         linux_tv_Audio_setVolume(0, 5);
@@ -79,6 +89,8 @@ int run(const char* program, const std::string& action) {
         linux_tv_Audio_setVolume(0, 3);
         killTracer();
         std::printf("set the volume: %d\n", linux_tv_Audio_setVolume(0, 4));
+    } else if (action == "stop") {
+        sendPastStoppedTracer();
     } else if (action == "wait") {
         linux_tv_Audio_setVolume(0, 6);
         ::pause();

@@ -21,6 +21,9 @@ void writeAll(TracePipe& pipe, TraceLog& log) {
     for (const TracedTransaction& transaction : pipe.take()) {
         log.write(transaction);
     }
+    if (const std::uint32_t count = pipe.takeLeftOut(); count > 0) {
+        log.writeLeftOut(count);
+    }
 }
 
 /** Hands on what was sent to the tool alone; a terminal sends its signals to the program, too. */

@@ -95,7 +95,17 @@ void TraceLog::write(const TracedTransaction& transaction) {
         return;
     }
     mLeft -= mLimited ? 1 : 0;
-    const std::string line = mJson ? traceDocument(transaction, decoded).dump() : lineOf(transaction, decoded);
+    writeLine(mJson ? traceDocument(transaction, decoded).dump() : lineOf(transaction, decoded));
+}
+
+void TraceLog::writeLeftOut(std::uint32_t count) {
+    Json document;
+    document["leftOut"] = std::int64_t{count};
+    writeLine(mJson ? document.dump()
+                    : "... " + std::to_string(count) + (count == 1 ? " command" : " commands") + " left out");
+}
+
+void TraceLog::writeLine(const std::string& line) {
     std::fprintf(mFile.get(), "%s\n", line.c_str());
     std::fflush(mFile.get());
 }

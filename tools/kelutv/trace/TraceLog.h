@@ -29,10 +29,14 @@ public:
 
     void write(const TracedTransaction& transaction);
 
+    /** Says that programs have left out so many transactions, since nobody took them in time. */
+    void writeLeftOut(std::uint32_t count);
+
     /** @throws ToolError when anything was not written */
     void finish();
 
 private:
+    void writeLine(const std::string& line);
     bool isWanted(const wire::Request& request) const;
 
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> mFile;

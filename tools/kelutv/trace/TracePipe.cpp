@@ -3,6 +3,7 @@
 #include "tools/kelutv/output/Errors.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,6 +17,8 @@ namespace {
 
 using trace::FrameHeader;
 using trace::RecordHeader;
+
+constexpr int kPipeSize = 1024 * 1024;
 
 [[noreturn]] void fail(const std::string& what) { throw ToolError(Exit::Failure, what + ": " + std::strerror(errno)); }
 
@@ -54,21 +57,51 @@ TracedTransaction transactionOf(const FrameHeader& frame, const Bytes& record) {
 } // namespace
 
 TracePipe::TracePipe() : mDirectory(makeDirectory()), mPath(mDirectory + "/pipe") {
-    // Open for writing, too: then it does not end when a program does.
-    if (::mkfifo(mPath.c_str(), S_IRUSR | S_IWUSR) != 0 ||
-        (mFd = ::open(mPath.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC)) < 0) {
+    if (!makePipe() || !makeCounter()) {
         const int error = errno;
-        ::rmdir(mDirectory.c_str());
+        remove();
         errno = error;
         fail("cannot make the pipe " + mPath);
     }
 }
 
 TracePipe::~TracePipe() {
+    ::munmap(mLeftOut, sizeof(trace::LeftOut));
+    remove();
+}
+
+bool TracePipe::makePipe() {
+    // Open for writing, too: then it does not end when a program does.
+    if (::mkfifo(mPath.c_str(), S_IRUSR | S_IWUSR) != 0 ||
+        (mFd = ::open(mPath.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC)) < 0) {
+        return false;
+    }
+    ::fcntl(mFd, F_SETPIPE_SZ, kPipeSize); // Else it has the usual size, which will do, too.
+    return true;
+}
+
+bool TracePipe::makeCounter() {
+    const int fd =
+        ::open((mPath + trace::kLeftOutSuffix).c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (fd < 0) {
+        return false;
+    }
+    void* const memory = ::ftruncate(fd, sizeof(trace::LeftOut)) == 0
+                             ? ::mmap(nullptr, sizeof(trace::LeftOut), PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0)
+                             : MAP_FAILED;
+    ::close(fd);
+    mLeftOut = memory != MAP_FAILED ? static_cast<trace::LeftOut*>(memory) : nullptr;
+    return mLeftOut != nullptr;
+}
+
+void TracePipe::remove() {
+    ::unlink((mPath + trace::kLeftOutSuffix).c_str());
     ::unlink(mPath.c_str());
     ::rmdir(mDirectory.c_str());
     ::close(mFd);
 }
+
+std::uint32_t TracePipe::takeLeftOut() { return mLeftOut->exchange(0); }
 
 std::vector<TracedTransaction> TracePipe::take() {
     std::vector<TracedTransaction> transactions;

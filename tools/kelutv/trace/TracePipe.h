@@ -39,7 +39,15 @@ public:
     /** Everything that is there now, in the order of the transactions' ends; does not wait. */
     std::vector<TracedTransaction> take();
 
+    /** How many transactions programs have left out since the last call, after all that could be taken before it. */
+    std::uint32_t takeLeftOut();
+
 private:
+    /** @name False when it cannot be made, with the reason in `errno`. @{ */
+    bool makePipe();
+    bool makeCounter();
+    /** @} */
+    void remove();
     void takeFrames(std::vector<TracedTransaction>& transactions);
     void append(const trace::FrameHeader& frame, const std::uint8_t* piece,
                 std::vector<TracedTransaction>& transactions);
@@ -47,6 +55,7 @@ private:
     std::string mDirectory;
     std::string mPath;
     int mFd = -1;
+    trace::LeftOut* mLeftOut = nullptr;
     Bytes mUnread;
     /** What has come of the record of each thread. */
     std::map<std::pair<std::int32_t, std::int32_t>, Bytes> mRecords;
