@@ -1,10 +1,10 @@
 #include "simulator/control/ControlReader.h"
 
 #include "simulator/control/ControlMessage.h"
+#include "simulator/control/Waiting.h"
 #include "simulator/output/Complaints.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -43,6 +43,7 @@ ControlReader::ControlReader(const std::string& path, Receiver receiver)
 }
 
 ControlReader::~ControlReader() {
+    mIsEnding = true;
     ::eventfd_write(mStop, 1);
     mThread.join();
     ::close(mStop);
@@ -52,8 +53,8 @@ ControlReader::~ControlReader() {
 void ControlReader::read() {
     pollfd waits[] = {{mStop, POLLIN, 0}, {mChannel, POLLIN, 0}};
     char bytes[4096];
-    for (;;) {
-        if (::poll(waits, 2, -1) < 0) {
+    while (!mIsEnding) {
+        if (!waitForAny(waits, 2, -1)) {
             continue;
         }
         if (waits[0].revents != 0) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <string>
 #include <thread>
@@ -33,6 +34,8 @@ private:
     std::string mLine;
     int mChannel = -1;
     int mStop = -1;
+    /** Seen also when nothing can be waited for. */
+    std::atomic<bool> mIsEnding{false};
     std::thread mThread;
 };
 

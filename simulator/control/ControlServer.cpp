@@ -1,5 +1,7 @@
 #include "simulator/control/ControlServer.h"
 
+#include "simulator/control/Waiting.h"
+
 #include "socket/QuietThread.h"
 #include "socket/RuntimeDirectory.h"
 #include "socket/SeqPacket.h"
@@ -52,18 +54,19 @@ ControlServer::ControlServer(Receiver receiver) : mReceiver(std::move(receiver))
 
 ControlServer::~ControlServer() {
     ::unlink(mPath.c_str());
+    mIsEnding = true;
     ::eventfd_write(mStop.get(), 1);
     mThread.join();
 }
 
 void ControlServer::serve() {
-    while (serveOnce()) {
+    while (!mIsEnding && serveOnce()) {
     }
 }
 
 bool ControlServer::serveOnce() {
     std::vector<pollfd> ready = waits();
-    if (::poll(ready.data(), ready.size(), std::exchange(mAcceptPaused, false) ? kAcceptPauseMs : -1) < 0) {
+    if (!waitForAny(ready.data(), ready.size(), std::exchange(mAcceptPaused, false) ? kAcceptPauseMs : -1)) {
         return true;
     }
     if (ready[0].revents != 0) {

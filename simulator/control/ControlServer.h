@@ -7,6 +7,7 @@
 
 #include <poll.h>
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -61,6 +62,8 @@ private:
     std::vector<Client> mClients;
     std::uint64_t mUses = 0;
     bool mAcceptPaused = false;
+    /** Seen also when nothing can be waited for. */
+    std::atomic<bool> mIsEnding{false};
     std::thread mThread;
 };
 

@@ -1,9 +1,11 @@
 #include "simulator/screen/UiTerminal.h"
 
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace kelutv::simulator {
@@ -11,6 +13,9 @@ namespace kelutv::simulator {
 namespace {
 
 constexpr UiSize kUsualSize{24, 80};
+constexpr int kPatienceMs = 500;
+/** So much a terminal takes that has room at all. */
+constexpr std::size_t kPiece = 256;
 constexpr char kEnter[] = "\x1b[?1049h\x1b[?25l";
 constexpr char kLeave[] = "\x1b[?25h\x1b[?1049l";
 constexpr char kHome[] = "\x1b[H";
@@ -52,10 +57,15 @@ void UiTerminal::draw(const std::vector<std::string>& rows) const {
     write(text + kClearBelow);
 }
 
+/** Gives up when the terminal takes nothing, as one that is stopped by Ctrl-S: the next picture is a whole one. */
 void UiTerminal::write(const std::string& text) const {
     std::size_t written = 0;
     while (written < text.size()) {
-        const ssize_t count = ::write(mDescriptor, text.data() + written, text.size() - written);
+        pollfd room{mDescriptor, POLLOUT, 0};
+        if (::poll(&room, 1, kPatienceMs) == 0) {
+            return;
+        }
+        const ssize_t count = ::write(mDescriptor, text.data() + written, std::min(kPiece, text.size() - written));
         if (count < 0 && errno != EINTR) {
             return;
         }

@@ -14,9 +14,13 @@
 #include <gtest/gtest.h>
 
 #include <poll.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -49,6 +53,22 @@ bool isShutOut(int socket) {
     EXPECT_EQ(::poll(&ready, 1, static_cast<int>(kPatience.count())), 1);
     char bytes[16];
     return kq::receivePacket(socket, bytes, sizeof(bytes)) == 0;
+}
+
+/** How many milliseconds the thread of this name has had a processor. */
+long processorTimeOf(pid_t process, const std::string& thread) {
+    long milliseconds = -1;
+    for (const auto& task : std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+        std::string name;
+        std::getline(std::ifstream(task.path() / "comm"), name);
+        std::ifstream status(task.path() / "schedstat");
+        long long nanoseconds = 0;
+        if (name == thread && status >> nanoseconds) {
+            milliseconds = static_cast<long>(nanoseconds / 1000000);
+        }
+    }
+    EXPECT_GE(milliseconds, 0) << thread;
+    return milliseconds;
 }
 
 class ControlChannel : public ::testing::Test {
@@ -152,6 +172,20 @@ TEST_F(ControlChannel, OutlivesClientsThatLeaveAtOnce) {
         sendRaw(socket.get(), ">show");
     }
     expectServed();
+}
+
+/** Nothing can be waited for then; trying again and again would take a processor. */
+TEST_F(ControlChannel, DoesNotSpinWithoutDescriptors) {
+    const pid_t simulator = mSimulator->process().pid();
+    rlimit before{};
+    ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, nullptr, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, &none, nullptr), 0);
+    { ControlClient wakesIt; }
+    EXPECT_FALSE(mSimulator->process().wait(std::chrono::seconds(1)));
+    EXPECT_LT(processorTimeOf(simulator, "control"), 100);
+    mSimulator->process().kill(SIGTERM);
+    EXPECT_EQ(mSimulator->process().exitCode(), 0);
 }
 
 TEST_F(ControlChannel, EndsWithTheSimulator) {
