@@ -54,6 +54,20 @@ function(kelutv_configure_test test)
     endif()
 endfunction()
 
+# kelutv_add_source_test(<test> <script> [<argument>...] [TIMEOUT <seconds>])
+#
+# Registers a test in Python of the sources and of scripts, which runs no program of the build. It says the same in every
+# build, so that those with sanitizers and for other machines leave out what is labelled "sources".
+function(kelutv_add_source_test test script)
+    cmake_parse_arguments(PARSE_ARGV 2 ARG "" "TIMEOUT" "")
+    find_package(Python3 3.11 REQUIRED COMPONENTS Interpreter)
+    cmake_path(ABSOLUTE_PATH script)
+    add_test(NAME ${test} COMMAND ${KELUTV_TEST_LAUNCHER} "${Python3_EXECUTABLE}" -B "${script}"
+                                  ${ARG_UNPARSED_ARGUMENTS})
+    kelutv_configure_test(${test} TIMEOUT "${ARG_TIMEOUT}")
+    set_property(TEST ${test} APPEND PROPERTY LABELS sources)
+endfunction()
+
 # kelutv_add_program_test(<test> <program> [ARGUMENT <argument>] [ENVIRONMENT ...] [TIMEOUT ...] [NO_EMULATOR ...])
 #
 # Registers a run of a GoogleTest program, with ctest and in the room's KELUTV_PROGRAM_TESTS, a list of
