@@ -4,11 +4,15 @@
 #                 [ENVIRONMENT <NAME=value>...]
 #                 [LINKS up|absent|dead...]    one test <name>.<link> each, KELUTV_TEST_LINK set
 #                 [TIMEOUT <seconds>]          120 unless given
-#                 [NO_EMULATOR <reason>])      cannot run under user-mode emulation
+#                 [NO_EMULATOR <reason>]       cannot run under user-mode emulation
+#                 [THREADS])                   makes threads meet, its own or those of programs that it starts
 #
-# Builds one GoogleTest program and registers it with ctest.
+# Builds one GoogleTest program and registers it with ctest; where KELUTV_ONLY_TESTS_OF_THREADS is on, only with THREADS or
+# in a room that sets KELUTV_TESTS_OF_THREADS, since all of its tests are such.
 
 include_guard(GLOBAL)
+
+option(KELUTV_ONLY_TESTS_OF_THREADS "Leave out the tests that make no threads meet, for ThreadSanitizer" OFF)
 
 # Tests are compiled often and run briefly.
 set(KELUTV_TEST_COMPILE_OPTIONS -O0 -g1)
@@ -70,16 +74,20 @@ endfunction()
 
 # kelutv_add_program_test(<test> <program> [ARGUMENT <argument>] [ENVIRONMENT ...] [TIMEOUT ...] [NO_EMULATOR ...])
 #
-# Registers a run of a GoogleTest program, with ctest and in the room's KELUTV_PROGRAM_TESTS, a list of
-# <test>|<program>|<environment>|<argument>.
+# Registers a run of a GoogleTest program, with ctest unless the program is left out of the build, and in the room's
+# KELUTV_PROGRAM_TESTS, a list of <test>|<program>|<environment>|<argument>.
 function(kelutv_add_program_test test program)
     cmake_parse_arguments(PARSE_ARGV 2 ARG "" "ARGUMENT;TIMEOUT;NO_EMULATOR" "ENVIRONMENT")
+    list(JOIN ARG_ENVIRONMENT " " environment)
+    set_property(DIRECTORY APPEND PROPERTY KELUTV_PROGRAM_TESTS "${test}|${program}|${environment}|${ARG_ARGUMENT}")
+    get_target_property(left_out ${program} EXCLUDE_FROM_ALL)
+    if(left_out)
+        return()
+    endif()
     add_test(NAME ${test} COMMAND ${KELUTV_TEST_LAUNCHER} ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${program}>
                                   ${ARG_ARGUMENT})
     kelutv_configure_test(
         ${test} TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}" ENVIRONMENT ${ARG_ENVIRONMENT})
-    list(JOIN ARG_ENVIRONMENT " " environment)
-    set_property(DIRECTORY APPEND PROPERTY KELUTV_PROGRAM_TESTS "${test}|${program}|${environment}|${ARG_ARGUMENT}")
 endfunction()
 
 # kelutv_reuse_precompiled_headers(<program>)
@@ -93,7 +101,7 @@ function(kelutv_reuse_precompiled_headers program)
 endfunction()
 
 function(kelutv_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;NO_EMULATOR" "SOURCES;LIBRARIES;ENVIRONMENT;LINKS")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "THREADS" "TIMEOUT;NO_EMULATOR" "SOURCES;LIBRARIES;ENVIRONMENT;LINKS")
     if(ARG_UNPARSED_ARGUMENTS OR NOT ARG_SOURCES)
         message(FATAL_ERROR "kelutv_add_test(${name}): needs SOURCES; unexpected: ${ARG_UNPARSED_ARGUMENTS}")
     endif()
@@ -102,6 +110,9 @@ function(kelutv_add_test name)
         ${name} PRIVATE ${ARG_LIBRARIES} $<TARGET_NAME_IF_EXISTS:kelutv_test_support> GTest::gtest GTest::gtest_main
                         kelutv_warnings)
     kelutv_reuse_precompiled_headers(${name})
+    if(KELUTV_ONLY_TESTS_OF_THREADS AND NOT ARG_THREADS AND NOT KELUTV_TESTS_OF_THREADS)
+        set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+    endif()
 
     set(properties TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}")
     if(NOT ARG_LINKS)
