@@ -41,23 +41,20 @@ bool begins(const std::string& name, const std::string& wanted) { return name.co
 
 bool holds(const std::string& name, const std::string& wanted) { return name.find(wanted) != std::string::npos; }
 
-std::size_t countBeginning(const std::vector<Enumerator>& enumerators, const std::string& prefix) {
-    return static_cast<std::size_t>(
-        std::count_if(enumerators.begin(), enumerators.end(),
-                      [&prefix](const Enumerator& each) { return begins(each.name, prefix); }));
-}
-
-/** The longest piece up to and with an underscore that at least `share` of the names begin with. */
+/** The longest piece up to and with an underscore that at least `share` of the names, above 0.5, begin with. */
 std::string prefixOf(const std::vector<Enumerator>& enumerators, double share) {
     const auto wanted = share * static_cast<double>(enumerators.size());
-    std::string longest;
+    std::map<std::string, std::size_t> counts;
     for (const Enumerator& each : enumerators) {
         const std::string name = each.name;
         for (std::size_t at = name.find('_'); at != std::string::npos; at = name.find('_', at + 1)) {
-            const std::string prefix = name.substr(0, at + 1);
-            if (prefix.size() > longest.size() && static_cast<double>(countBeginning(enumerators, prefix)) >= wanted) {
-                longest = prefix;
-            }
+            ++counts[name.substr(0, at + 1)];
+        }
+    }
+    std::string longest;
+    for (const auto& [prefix, count] : counts) {
+        if (prefix.size() > longest.size() && static_cast<double>(count) >= wanted) {
+            longest = prefix;
         }
     }
     return longest;
