@@ -61,8 +61,13 @@ public:
     /** The names of the services that have one of these dump priorities, where a transport knows those. */
     virtual Vector<String16> names(int dumpPriorities) = 0;
 
-    /** Starts serving calls to what is published, now and later. May be called again. */
-    virtual void serve() = 0;
+    /**
+     * Starts serving calls to what is published, now and later. May be called again.
+     *
+     * @return false, with a line in the log, when there is no thread for it; publish() then tries again, and fails as
+     * well
+     */
+    virtual bool serve() = 0;
 };
 
 } // namespace android

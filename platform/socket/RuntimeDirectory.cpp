@@ -27,6 +27,8 @@ constexpr mode_t kOwnerOnly = 0700;
 // Whoever has the lock does nothing that waits.
 constexpr std::chrono::seconds kLockPatience{1};
 constexpr int kLockPauseMs = 2;
+// What is waited for may come without a change in the room: a service may take connections again.
+constexpr std::chrono::milliseconds kLongestPause{100};
 
 std::string nonEmptyVariable(const char* name) {
     const char* value = std::getenv(name);
@@ -80,9 +82,14 @@ bool prepare(const std::string& path) {
     return ownedAndPrivate(path);
 }
 
-void drain(int inotify) {
+/** Waits for a change in the room; for the whole time where the room cannot be watched. */
+void waitForChange(int inotify, std::chrono::milliseconds time) {
+    pollfd changed{inotify, POLLIN, 0};
+    if (::poll(&changed, inotify < 0 ? 0 : 1, static_cast<int>(time.count())) < 0 && errno != EINTR) {
+        ::poll(nullptr, 0, static_cast<int>(time.count()));
+    }
     alignas(inotify_event) char events[4096];
-    while (::read(inotify, events, sizeof(events)) > 0) {
+    while (inotify >= 0 && ::read(inotify, events, sizeof(events)) > 0) {
     }
 }
 
@@ -134,9 +141,12 @@ bool RuntimeDirectory::waitUntil(std::chrono::milliseconds time, const std::func
     if (check()) {
         return true;
     }
+    if (time.count() <= 0) {
+        return false;
+    }
     // Only now: it takes the system some 20 ms to close a watch.
-    const UniqueFd inotify = time.count() > 0 ? watch() : UniqueFd();
-    while (inotify) {
+    const UniqueFd inotify = watch();
+    for (;;) {
         if (check()) {
             return true;
         }
@@ -144,11 +154,8 @@ bool RuntimeDirectory::waitUntil(std::chrono::milliseconds time, const std::func
         if (left.count() <= 0) {
             return false;
         }
-        pollfd changed{inotify.get(), POLLIN, 0};
-        ::poll(&changed, 1, static_cast<int>(left.count()));
-        drain(inotify.get());
+        waitForChange(inotify.get(), std::min(left, kLongestPause));
     }
-    return false;
 }
 
 UniqueFd RuntimeDirectory::lock() const {

@@ -30,7 +30,10 @@ public:
     /** An inotify descriptor (non-blocking, close-on-exec) told of every entry that comes or goes. */
     UniqueFd watch() const;
 
-    /** Runs `check` now and whenever the room changes, until it gives true or the time is over; its last answer. */
+    /**
+     * Runs `check` now, whenever the room changes, and every 100 ms, until it gives true or the time is over; its last
+     * answer.
+     */
     bool waitUntil(std::chrono::milliseconds time, const std::function<bool()>& check) const;
 
     /**

@@ -44,11 +44,18 @@ bool isStale(const std::string& path);
 /** The peer of a connected socket. */
 Peer peerOf(int socket);
 
-/** Sends one packet; false when the peer is gone. */
-bool sendPacket(int socket, const void* bytes, size_t length);
+/** Sends one packet, with `flags` of send(2); false, with the reason in errno, when the peer is gone or does not take
+ * it. */
+bool sendPacket(int socket, const void* bytes, size_t length, int flags = 0);
 
-/** Sends one packet made of `count` pieces; false when the peer is gone. */
-bool sendPacket(int socket, const iovec* pieces, size_t count);
+/** The same for one packet made of `count` pieces. */
+bool sendPacket(int socket, const iovec* pieces, size_t count, int flags = 0);
+
+/**
+ * recv(2) of one packet with `flags`, taken up again after signals: its length, more than `capacity` when it did not
+ * fit. What the peer sent before it closed the connection comes before the word of that.
+ */
+ssize_t receivePacket(int socket, void* buffer, size_t capacity, int flags);
 
 /** Receives one packet: its length, 0 when the peer is gone, `capacity` + 1 or more when it did not fit. */
 size_t receivePacket(int socket, void* buffer, size_t capacity);

@@ -24,7 +24,7 @@ public:
     sp<IBinder> waitFor(const String16&, std::chrono::milliseconds) override { return nullptr; }
     status_t publish(const String16&, const sp<BBinder>&, const ServiceTraits&) override { return NO_INIT; }
     Vector<String16> names(int) override { return {}; }
-    void serve() override {}
+    bool serve() override { return false; }
 };
 
 std::string variable(const char* name) {

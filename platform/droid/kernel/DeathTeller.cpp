@@ -1,7 +1,7 @@
 #include "DeathTeller.h"
 
-#include "droid/RuntimeThread.h"
 #include "socket/ProcessLife.h"
+#include "socket/QuietThread.h"
 
 #include <utility>
 
@@ -9,7 +9,7 @@ namespace android {
 
 bool DeathTeller::start() {
     const std::lock_guard<std::mutex> lock(mMutex);
-    mRunning = mRunning || startRuntimeThread("kq:death", [this] { run(); });
+    mRunning = mRunning || kq::startDetachedThread("kq:death", kq::kDefaultStack, [this] { run(); }) == 0;
     return mRunning;
 }
 

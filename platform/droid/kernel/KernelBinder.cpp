@@ -6,9 +6,12 @@
 #include "droid/BpBinder.h"
 #include "droid/LocalObjects.h"
 #include "droid/ParcelObjects.h"
-#include "droid/RuntimeThread.h"
-#include "socket/ProcessLife.h"
+#include "socket/Descriptors.h"
+#include "socket/QuietThread.h"
 
+#include <android/log.h>
+
+#include <cstring>
 #include <functional>
 #include <utility>
 
@@ -20,6 +23,13 @@ namespace {
 constexpr uint32_t kMostFurtherThreads = 1023;
 constexpr const char* kServerThread = "kq:binder";
 constexpr std::chrono::milliseconds kPauseWithoutThreads{100};
+
+void logFailure(int error) {
+    if (error != 0) {
+        __android_log_print(ANDROID_LOG_ERROR, "kqdroid", "starting thread %s: %s", kServerThread,
+                            std::strerror(error));
+    }
+}
 
 } // namespace
 
@@ -44,19 +54,34 @@ sp<BBinder> KernelBinder::target(binder_uintptr_t number) {
     return mContextObject;
 }
 
+/** A thread that serves: 0 or an errno value. */
+int KernelBinder::startServer(uint32_t entry) {
+    return kq::startDetachedThread(kServerThread, kq::kDefaultStack,
+                                   [this, entry] { KernelConversation(*this).serve(entry); });
+}
+
 bool KernelBinder::startServing() {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    mServing =
-        mServing || startRuntimeThread(kServerThread, [this] { KernelConversation(*this).serve(BC_ENTER_LOOPER); });
-    return mServing;
+    int error = 0;
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        error = mServing ? 0 : startServer(BC_ENTER_LOOPER);
+        mServing = error == 0;
+    }
+    logFailure(error);
+    return error == 0;
 }
 
 bool KernelBinder::startTelling() { return mTeller.start() && startServing(); }
 
 void KernelBinder::addServer() {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    mServerTried = std::chrono::steady_clock::now();
-    mServerOwed = !startRuntimeThread(kServerThread, [this] { KernelConversation(*this).serve(BC_REGISTER_LOOPER); });
+    int error = 0;
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mServerTried = std::chrono::steady_clock::now();
+        error = startServer(BC_REGISTER_LOOPER);
+        mServerOwed = error != 0;
+    }
+    logFailure(error);
 }
 
 bool KernelBinder::serverIsDue() {

@@ -44,6 +44,7 @@ public:
     void freeBuffer(const uint8_t* data);
 
 private:
+    int startServer(uint32_t entry);
     bool serverIsDue();
 
     const std::unique_ptr<BinderDriver> mDriver;

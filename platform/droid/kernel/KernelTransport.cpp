@@ -3,8 +3,8 @@
 #include "KernelConversation.h"
 #include "ServiceManagerProtocol.h"
 #include "droid/ParcelObjects.h"
-#include "droid/RuntimeThread.h"
 #include "droid/Utf.h"
+#include "socket/QuietThread.h"
 
 #include <android/log.h>
 #include <binder/Parcel.h>
@@ -30,7 +30,8 @@ constexpr int32_t kMostServices = 10'000;
 bool lives(const sp<IBinder>& object) {
     auto answer = std::make_shared<std::promise<status_t>>();
     std::future<status_t> status = answer->get_future();
-    const bool asked = startRuntimeThread("kq:ping", [object, answer] { answer->set_value(object->pingBinder()); });
+    const bool asked = kq::startDetachedThread("kq:ping", kq::kDefaultStack,
+                                               [object, answer] { answer->set_value(object->pingBinder()); }) == 0;
     return !asked || status.wait_for(kSignOfLife) != std::future_status::ready || status.get() != DEAD_OBJECT;
 }
 
@@ -84,7 +85,15 @@ bool KernelTransport::takenByAnother(const String16& name) {
     return there != nullptr && there->localBinder() == nullptr && lives(there);
 }
 
+bool KernelTransport::serve() {
+    mAsked = true;
+    return mBinder.startServing();
+}
+
 status_t KernelTransport::publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) {
+    if (mAsked && !mBinder.startServing()) {
+        return NO_MEMORY;
+    }
     if (takenByAnother(name)) {
         __android_log_print(ANDROID_LOG_ERROR, kTag, "serving %s: another process serves it", printable(name).c_str());
         return ALREADY_EXISTS;

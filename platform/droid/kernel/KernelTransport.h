@@ -3,6 +3,7 @@
 #include "KernelBinder.h"
 #include "droid/Transport.h"
 
+#include <atomic>
 #include <memory>
 
 namespace android {
@@ -16,7 +17,7 @@ public:
     sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) override;
     status_t publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) override;
     Vector<String16> names(int dumpPriorities) override;
-    void serve() override { mBinder.startServing(); }
+    bool serve() override;
 
 private:
     status_t askManager(uint32_t code, const Parcel& request, Parcel* reply);
@@ -24,6 +25,7 @@ private:
     bool takenByAnother(const String16& name);
 
     KernelBinder mBinder;
+    std::atomic<bool> mAsked{false};
 };
 
 } // namespace android

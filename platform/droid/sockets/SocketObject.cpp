@@ -1,18 +1,19 @@
 #include "SocketObject.h"
 
+#include "ClientConnection.h"
 #include "DeathWatcher.h"
-#include "socket/ProcessLife.h"
+#include "Limits.h"
+#include "socket/Descriptors.h"
 #include "socket/SeqPacket.h"
 
-#include <binder/Parcel.h>
-
-#include <poll.h>
-
+#include <cerrno>
 #include <utility>
 
 namespace android {
 
 namespace {
+
+constexpr std::chrono::milliseconds kNoBound{0};
 
 /** A small number of the calling thread's own. */
 size_t threadNumber() {
@@ -23,68 +24,87 @@ size_t threadNumber() {
 
 } // namespace
 
-class SocketObject::Connection {
-public:
-    explicit Connection(kq::UniqueFd socket) : mSocket(std::move(socket)), mStream(mSocket.get()) {}
-    MessageStream& stream() { return mStream; }
-
-private:
-    kq::UniqueFd mSocket;
-    MessageStream mStream;
-};
-
 SocketObject::SocketObject(std::string path, kq::UniqueFd watched)
-    : mPath(std::move(path)), mWatched(std::move(watched)) {}
+    : mLine(std::make_shared<LifeLine>(std::move(path), std::move(watched))) {}
 
 SocketObject::~SocketObject() {
     if (mWatchId != 0 && !kq::inForkedChild()) {
-        DeathWatcher::instance().remove(mWatchId, mWatched.get());
+        DeathWatcher::instance().remove(mWatchId);
     }
-    for (std::atomic<Connection*>& place : mIdle) {
+    for (std::atomic<ClientConnection*>& place : mIdle) {
         delete place.load();
     }
 }
 
 status_t SocketObject::watch(std::function<void()> onDeath) {
-    if (!serviceLives()) {
-        return DEAD_OBJECT;
+    LifeLine::State state = mLine->look();
+    if (state == LifeLine::State::Refused) {
+        state = mLine->renew();
     }
-    mWatchId = DeathWatcher::instance().add(mWatched.get(), std::move(onDeath));
+    if (state != LifeLine::State::Stands) {
+        return state == LifeLine::State::Ended ? DEAD_OBJECT : FAILED_TRANSACTION;
+    }
+    mWatchId = DeathWatcher::instance().add(mLine, std::move(onDeath));
     return mWatchId == 0 ? NO_MEMORY : NO_ERROR;
 }
 
-bool SocketObject::serviceLives() const {
-    pollfd end{mWatched.get(), POLLIN | POLLRDHUP, 0};
-    return ::poll(&end, 1, 0) == 0;
-}
-
-std::unique_ptr<SocketObject::Connection> SocketObject::connect() const {
-    kq::UniqueFd socket = kq::connectTo(mPath);
-    // Asked after connecting: while the watched connection stands, the entry is still that of the same process.
-    if (!socket || !serviceLives()) {
-        return nullptr;
+/** While the life line stands, the entry is that of a living process, whatever became of it. */
+status_t SocketObject::whyNotConnected(int error) {
+    switch (error) {
+    case ECONNREFUSED:
+    case ENOENT:
+        return mLine->look() == LifeLine::State::Stands ? FAILED_TRANSACTION : DEAD_OBJECT;
+    case EAGAIN:
+    case EACCES:
+        return mLine->look() == LifeLine::State::Ended ? DEAD_OBJECT : FAILED_TRANSACTION;
+    default:
+        return -error;
     }
-    return std::make_unique<Connection>(std::move(socket));
 }
 
-std::unique_ptr<SocketObject::Connection> SocketObject::takeConnection() {
+status_t SocketObject::connect(std::chrono::milliseconds patience, std::unique_ptr<ClientConnection>* connection) {
+    kq::UniqueFd socket = kq::connectTo(mLine->path());
+    if (!socket) {
+        return whyNotConnected(errno);
+    }
+    // Asked after connecting: while the life line stands, the entry is still that of the same process.
+    const LifeLine::State state = mLine->look();
+    if (state == LifeLine::State::Ended) {
+        return DEAD_OBJECT;
+    }
+    std::unique_ptr<ClientConnection> made = ClientConnection::make(std::move(socket), mLine);
+    if (made == nullptr) {
+        return NO_MEMORY;
+    }
+    if (patience != kNoBound && !made->setPatience(patience)) {
+        return FAILED_TRANSACTION;
+    }
+    // Without a life line only the greeting tells whose the entry is.
+    const status_t status = state == LifeLine::State::Refused ? made->greet(true) : static_cast<status_t>(NO_ERROR);
+    if (status == NO_ERROR) {
+        *connection = std::move(made);
+    }
+    return status;
+}
+
+std::unique_ptr<ClientConnection> SocketObject::takeIdle() {
     const size_t own = threadNumber();
     for (size_t i = 0; i < mIdle.size(); ++i) {
-        std::atomic<Connection*>& place = mIdle[(own + i) % mIdle.size()];
+        std::atomic<ClientConnection*>& place = mIdle[(own + i) % mIdle.size()];
         if (place.load(std::memory_order_relaxed) == nullptr) {
             continue;
         }
-        if (Connection* const connection = place.exchange(nullptr, std::memory_order_acquire); connection != nullptr) {
-            return std::unique_ptr<Connection>(connection);
+        if (ClientConnection* const idle = place.exchange(nullptr, std::memory_order_acquire); idle != nullptr) {
+            return std::unique_ptr<ClientConnection>(idle);
         }
     }
-    return connect();
+    return nullptr;
 }
 
-void SocketObject::giveBack(std::unique_ptr<Connection> connection) {
+void SocketObject::giveBack(std::unique_ptr<ClientConnection> connection) {
     const size_t own = threadNumber();
     for (size_t i = 0; i < mIdle.size(); ++i) {
-        Connection* none = nullptr;
+        ClientConnection* none = nullptr;
         if (mIdle[(own + i) % mIdle.size()].compare_exchange_strong(none, connection.get(), std::memory_order_release,
                                                                     std::memory_order_relaxed)) {
             static_cast<void>(connection.release());
@@ -94,39 +114,50 @@ void SocketObject::giveBack(std::unique_ptr<Connection> connection) {
 }
 
 status_t SocketObject::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
-    MessageHead head{0, code, flags, NO_ERROR};
+    const MessageHead head{0, code, flags, NO_ERROR, 0};
     if ((flags & IBinder::FLAG_ONEWAY) != 0) {
         return sendOneWay(head, data);
     }
-    std::unique_ptr<Connection> connection = takeConnection();
+    std::unique_ptr<ClientConnection> connection = takeIdle();
     if (connection == nullptr) {
-        return DEAD_OBJECT;
+        if (const status_t status = connect(kNoBound, &connection); status != NO_ERROR) {
+            return status;
+        }
     }
-    MessageStream& stream = connection->stream();
-    if (!stream.send(head, data) || !stream.receive(&head)) {
-        return DEAD_OBJECT;
+    const status_t status = connection->call(head, data, reply);
+    if (connection->usable()) {
+        giveBack(std::move(connection));
     }
-    status_t status = head.status;
-    if (status == NO_ERROR) {
-        status = reply->setData(stream.body(), head.size);
-    }
-    giveBack(std::move(connection));
     return status;
 }
 
-status_t SocketObject::sendOneWay(const MessageHead& head, const Parcel& data) {
+/** False when those before did not end in time. */
+bool SocketObject::beginOneWay() {
+    std::unique_lock<std::mutex> lock(mOneWayMutex);
+    const bool free = mOneWayFree.wait_for(lock, kOneWayPatience, [this] { return !mOneWayBusy; });
+    mOneWayBusy = true;
+    return free;
+}
+
+void SocketObject::endOneWay() {
     const std::lock_guard<std::mutex> lock(mOneWayMutex);
-    if (mOneWay == nullptr) {
-        mOneWay = connect();
+    mOneWayBusy = false;
+    mOneWayFree.notify_one();
+}
+
+status_t SocketObject::sendOneWay(const MessageHead& head, const Parcel& data) {
+    if (!beginOneWay()) {
+        return FAILED_TRANSACTION;
     }
-    if (mOneWay == nullptr) {
-        return DEAD_OBJECT;
+    status_t status = mOneWay == nullptr ? connect(kOneWayPatience, &mOneWay) : static_cast<status_t>(NO_ERROR);
+    if (status == NO_ERROR) {
+        status = mOneWay->send(head, data);
     }
-    if (!mOneWay->stream().send(head, data)) {
+    if (mOneWay != nullptr && !mOneWay->usable()) {
         mOneWay.reset();
-        return DEAD_OBJECT;
     }
-    return NO_ERROR;
+    endOneWay();
+    return status;
 }
 
 } // namespace android

@@ -1,16 +1,20 @@
 #pragma once
 
+#include "LifeLine.h"
 #include "SocketProtocol.h"
 #include "droid/Transport.h"
 #include "socket/UniqueFd.h"
 
 #include <array>
 #include <atomic>
+#include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <string>
 
 namespace android {
+
+class ClientConnection;
 
 /**
  * A service reached through its socket.
@@ -20,7 +24,7 @@ namespace android {
  */
 class SocketObject : public RemoteObject {
 public:
-    /** `watched` is a connection that carries no calls: its end is the end of the service's process. */
+    /** `watched` becomes the life line to the service's process. */
     SocketObject(std::string path, kq::UniqueFd watched);
     ~SocketObject() override;
 
@@ -28,22 +32,23 @@ public:
     status_t watch(std::function<void()> onDeath) override;
 
 private:
-    class Connection;
-
-    std::unique_ptr<Connection> takeConnection();
-    void giveBack(std::unique_ptr<Connection> connection);
-    std::unique_ptr<Connection> connect() const;
-    bool serviceLives() const;
+    std::unique_ptr<ClientConnection> takeIdle();
+    void giveBack(std::unique_ptr<ClientConnection> connection);
+    status_t connect(std::chrono::milliseconds patience, std::unique_ptr<ClientConnection>* connection);
+    status_t whyNotConnected(int error);
+    bool beginOneWay();
+    void endOneWay();
     status_t sendOneWay(const MessageHead& head, const Parcel& data);
 
-    const std::string mPath;
-    const kq::UniqueFd mWatched;
+    const std::shared_ptr<LifeLine> mLine;
     uint64_t mWatchId = 0;
     // More calls than this at once are served too; their connections are just not kept.
-    std::array<std::atomic<Connection*>, 32> mIdle{};
+    std::array<std::atomic<ClientConnection*>, 32> mIdle{};
     // One-way calls share one connection, which keeps them in order.
     std::mutex mOneWayMutex;
-    std::unique_ptr<Connection> mOneWay;
+    std::condition_variable mOneWayFree;
+    bool mOneWayBusy = false;
+    std::unique_ptr<ClientConnection> mOneWay;
 };
 
 } // namespace android

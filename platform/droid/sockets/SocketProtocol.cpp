@@ -1,12 +1,17 @@
 #include "SocketProtocol.h"
 
+#include "Limits.h"
 #include "droid/Transport.h"
-#include "socket/ProcessLife.h"
+#include "socket/Descriptors.h"
 #include "socket/SeqPacket.h"
 
 #include <binder/Parcel.h>
 
+#include <poll.h>
+#include <sys/socket.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <new>
 
@@ -14,17 +19,33 @@ namespace android {
 
 namespace {
 
-// Well below the send buffer that the kernel gives an ordinary user.
-constexpr size_t kPacketBody = 64 * 1024;
+using Clock = std::chrono::steady_clock;
+
 constexpr size_t kHeadSize = sizeof(MessageHead);
+
+/** After an empty packet or the end of the connection, which look the same: whether more may come. */
+bool stands(int socket) {
+    char byte = 0;
+    return kq::receivePacket(socket, &byte, sizeof(byte), MSG_PEEK | MSG_DONTWAIT) != 0 && errno == EAGAIN;
+}
+
+/** Waits until there is something to receive; false when the time is over. */
+bool readable(int socket, Clock::time_point deadline) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+    pollfd arrival{socket, POLLIN, 0};
+    return left.count() > 0 && (::poll(&arrival, 1, static_cast<int>(left.count())) >= 0 || errno == EINTR);
+}
 
 } // namespace
 
-MessageStream::MessageStream(int socket) : mSocket(socket), mPacket(new uint8_t[kHeadSize + kPacketBody]) {}
+std::unique_ptr<MessageBuffer> MessageBuffer::make() {
+    return std::unique_ptr<MessageBuffer>(new (std::nothrow) MessageBuffer);
+}
 
 bool MessageStream::send(MessageHead head, const Parcel& body) {
     // To the peer a forked child speaks for its parent.
     if (kq::inForkedChild()) {
+        errno = EPERM;
         return false;
     }
     const size_t size = body.dataSize();
@@ -37,14 +58,18 @@ bool MessageStream::send(MessageHead head, const Parcel& body) {
     return kq::sendPacket(mSocket, mSmall.data(), kHeadSize + size);
 }
 
+bool MessageStream::sendHead(const MessageHead& head) {
+    return kq::sendPacket(mSocket, &head, sizeof(head), MSG_DONTWAIT);
+}
+
 bool MessageStream::sendInPieces(const MessageHead& head, const uint8_t* bytes) {
-    size_t sent = std::min<size_t>(head.size, kPacketBody);
+    size_t sent = std::min<size_t>(head.size, MessageBuffer::kPacketBody);
     const iovec first[] = {{const_cast<MessageHead*>(&head), kHeadSize}, {const_cast<uint8_t*>(bytes), sent}};
     if (!kq::sendPacket(mSocket, first, 2)) {
         return false;
     }
     while (sent < head.size) {
-        const size_t next = std::min(head.size - sent, kPacketBody);
+        const size_t next = std::min(head.size - sent, MessageBuffer::kPacketBody);
         if (!kq::sendPacket(mSocket, bytes + sent, next)) {
             return false;
         }
@@ -53,38 +78,64 @@ bool MessageStream::sendInPieces(const MessageHead& head, const uint8_t* bytes) 
     return true;
 }
 
-bool MessageStream::receive(MessageHead* head) {
+Received MessageStream::receiveStart(MessageHead* head, int flags) {
     if (kq::inForkedChild()) {
-        return false;
+        return Received::Gone;
     }
-    const size_t length = kq::receivePacket(mSocket, mPacket.get(), kHeadSize + kPacketBody);
-    if (length < kHeadSize || length > kHeadSize + kPacketBody) {
-        return false;
+    const ssize_t length = kq::receivePacket(mSocket, mBuffer.mPacket.data(), mBuffer.mPacket.size(), flags);
+    if (length < 0) {
+        return errno == EAGAIN ? Received::Nothing : Received::Gone;
     }
-    std::memcpy(head, mPacket.get(), kHeadSize);
-    const size_t received = length - kHeadSize;
-    if (head->size > kMaxTransaction || received > head->size) {
-        return false;
+    if (length == 0) {
+        return stands(mSocket) ? Received::Malformed : Received::Gone;
     }
-    mBody = mPacket.get() + kHeadSize;
-    return received == head->size || receiveRest(received, head->size);
+    if (static_cast<size_t>(length) < kHeadSize || static_cast<size_t>(length) > mBuffer.mPacket.size()) {
+        return Received::Malformed;
+    }
+    std::memcpy(head, mBuffer.mPacket.data(), kHeadSize);
+    mReceived = static_cast<size_t>(length) - kHeadSize;
+    if (head->size > kMaxTransaction || mReceived > head->size) {
+        return Received::Malformed;
+    }
+    mBody = mBuffer.mPacket.data() + kHeadSize;
+    return mReceived == head->size ? Received::Message : Received::Start;
 }
 
-bool MessageStream::receiveRest(size_t received, size_t size) {
-    mLarge.reset(new (std::nothrow) uint8_t[size]);
-    if (mLarge == nullptr) {
-        return false;
+Received MessageStream::receiveRest(const MessageHead& head) {
+    const Clock::time_point deadline = Clock::now() + kMessagePatience;
+    const size_t size = head.size;
+    mBuffer.mLarge.reset(new (std::nothrow) uint8_t[size]);
+    if (mBuffer.mLarge == nullptr) {
+        return Received::NoMemory;
     }
-    std::memcpy(mLarge.get(), mBody, received);
-    while (received < size) {
-        const size_t length = kq::receivePacket(mSocket, mLarge.get() + received, size - received);
-        if (length == 0 || length > size - received) {
-            return false;
+    std::memcpy(mBuffer.mLarge.get(), mBody, mReceived);
+    while (mReceived < size) {
+        const ssize_t length =
+            kq::receivePacket(mSocket, mBuffer.mLarge.get() + mReceived, size - mReceived, MSG_DONTWAIT);
+        if (length < 0 && errno == EAGAIN) {
+            if (!readable(mSocket, deadline)) {
+                return Received::Late;
+            }
+            continue;
         }
-        received += length;
+        if (length <= 0) {
+            return length == 0 && stands(mSocket) ? Received::Malformed : Received::Gone;
+        }
+        if (static_cast<size_t>(length) > size - mReceived) {
+            return Received::Malformed;
+        }
+        if (Clock::now() >= deadline) {
+            return Received::Late;
+        }
+        mReceived += static_cast<size_t>(length);
     }
-    mBody = mLarge.get();
-    return true;
+    mBody = mBuffer.mLarge.get();
+    return Received::Message;
+}
+
+Received MessageStream::receive(MessageHead* head) {
+    const Received start = receiveStart(head, 0);
+    return start == Received::Start ? receiveRest(*head) : start;
 }
 
 } // namespace android

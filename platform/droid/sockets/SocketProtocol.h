@@ -12,38 +12,81 @@ namespace android {
 class Parcel;
 
 /**
- * What travels on one connection: a head and the parcel's bytes in one packet. A parcel that is too large for one
- * packet goes on in packets of bytes alone.
+ * What travels on one connection after the greeting: a head and the parcel's bytes in one packet. A parcel that is too
+ * large for one packet goes on in packets of bytes alone.
  */
 struct MessageHead {
     uint32_t size;
     uint32_t code;
     uint32_t flags;
     int32_t status;
+    /** The caller's number of the request, which its answer carries too. */
+    uint32_t number;
+};
+
+/** In the flags of an answer: the server closes the connection after it. */
+constexpr uint32_t kLastAnswer = 0x8000'0000;
+
+/** Where messages are received. */
+class MessageBuffer {
+public:
+    /** Null when there is no memory. */
+    static std::unique_ptr<MessageBuffer> make();
+
+private:
+    friend class MessageStream;
+
+    // Well below the send buffer that the kernel gives an ordinary user.
+    static constexpr size_t kPacketBody = 64 * 1024;
+
+    std::array<uint8_t, sizeof(MessageHead) + kPacketBody> mPacket;
+    std::unique_ptr<uint8_t[]> mLarge;
+};
+
+/** What an attempt to receive a message came to. */
+enum class Received {
+    Message,
+    Start,     // the rest of a large message follows
+    Nothing,   // none came in the time that the socket waits
+    Gone,      // the peer has closed the connection
+    Malformed, // what came is no message
+    Late,      // the rest of a message did not come in time
+    NoMemory,
 };
 
 /** Sends and receives messages on one connected socket. Used by one thread at a time. */
 class MessageStream {
 public:
-    explicit MessageStream(int socket);
+    MessageStream(int socket, MessageBuffer& buffer) : mSocket(socket), mBuffer(buffer) {}
 
-    /** False when the peer is gone, or is the parent's. `head.size` is filled in. */
+    /**
+     * False, with the reason in errno, when the peer is gone, does not take the message in the time that the socket
+     * waits, or is the parent's. `head.size` is filled in.
+     */
     bool send(MessageHead head, const Parcel& body);
-    /** False when the peer is gone, is the parent's, or sent what is no message. */
-    bool receive(MessageHead* head);
+    /** A message without a body; does not wait. */
+    bool sendHead(const MessageHead& head);
+
+    /** A message or the start of a large one. `flags`: of recv(2). */
+    Received receiveStart(MessageHead* head, int flags);
+    /** The rest of a message that has started: Message, Gone, Malformed, Late or NoMemory. */
+    Received receiveRest(const MessageHead& head);
+    /** A whole message. */
+    Received receive(MessageHead* head);
+    /** Gives back the memory that a large message took. */
+    void dropLarge() { mBuffer.mLarge.reset(); }
 
     /** The bytes of the message received last, valid until the next. */
     const uint8_t* body() const { return mBody; }
 
 private:
     bool sendInPieces(const MessageHead& head, const uint8_t* bytes);
-    bool receiveRest(size_t received, size_t size);
 
     const int mSocket;
+    MessageBuffer& mBuffer;
     // Most messages are small; putting one together costs less than having the kernel gather it.
     std::array<uint8_t, 1024> mSmall;
-    const std::unique_ptr<uint8_t[]> mPacket;
-    std::unique_ptr<uint8_t[]> mLarge;
+    size_t mReceived = 0;
     const uint8_t* mBody = nullptr;
 };
 

@@ -1,16 +1,11 @@
 #include "SocketServer.h"
 
-#include "SocketProtocol.h"
-#include "droid/CallerIdentity.h"
-#include "droid/ReceivedParcel.h"
-#include "droid/RuntimeThread.h"
-#include "droid/Transport.h"
-#include "socket/ProcessLife.h"
+#include "socket/Descriptors.h"
+#include "socket/RuntimeDirectory.h"
+#include "socket/SeqPacket.h"
 
 #include <android/log.h>
 
-#include <poll.h>
-#include <sys/epoll.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -22,46 +17,53 @@ namespace android {
 namespace {
 
 constexpr const char* kTag = "kqdroid";
-// Beyond this many, callers wait in the listening socket's queue until a connection ends.
-constexpr size_t kMostConnections = 1024;
-constexpr int kAcceptPauseMs = 100;
 
-status_t statusOf(int error) { return error == 0 ? UNKNOWN_ERROR : -error; }
+status_t statusOf(int error) {
+    if (error == EADDRINUSE) {
+        return ALREADY_EXISTS;
+    }
+    return error == 0 ? UNKNOWN_ERROR : -error;
+}
 
-/** One call: the object's answer goes back unless the call was one-way. False when the caller is gone. */
-bool answer(MessageStream& stream, const MessageHead& request, const sp<BBinder>& object) {
-    ReceivedParcel data(stream.body(), request.size);
-    Parcel reply;
-    if ((request.flags & IBinder::FLAG_ONEWAY) != 0) {
-        object->transact(request.code, data.parcel(), nullptr, request.flags);
-        return true;
+/** A listener at a path where none lives; empty, with the reason in errno, when there is one. */
+kq::UniqueFd listenAtFree(const kq::RuntimeDirectory& directory, const std::string& path) {
+    const kq::UniqueFd lock = directory.lock();
+    if (!lock) {
+        return kq::UniqueFd();
     }
-    status_t status = object->transact(request.code, data.parcel(), &reply, request.flags);
-    if (status == NO_ERROR && reply.dataSize() > kMaxTransaction) {
-        status = FAILED_TRANSACTION;
-        reply.freeData();
+    if (kq::isStale(path)) {
+        ::unlink(path.c_str());
     }
-    return stream.send({0, request.code, request.flags, status}, reply);
+    kq::UniqueFd listener = kq::listenAt(path);
+    return listener;
 }
 
 } // namespace
 
-SocketServer::SocketServer() : mEpoll(kq::openDescriptor([] { return ::epoll_create1(EPOLL_CLOEXEC); })) {}
+SocketServer::SocketServer() : mPoller([this](const std::string& entry) { return published(entry); }) {}
 
 sp<BBinder> SocketServer::published(const std::string& entry) {
     const std::lock_guard<std::mutex> lock(mMutex);
     const auto service = mServices.find(entry);
-    return service == mServices.end() ? nullptr : service->second->object;
+    return service == mServices.end() ? nullptr : service->second.object;
 }
 
 status_t SocketServer::publish(const std::string& entry, sp<BBinder> object) {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    if (const auto service = mServices.find(entry); service != mServices.end()) {
-        // The object that stood there goes with the argument, after the lock.
-        std::swap(service->second->object, object);
-        return NO_ERROR;
+    if (const int error = start(); error != 0) {
+        return -error;
     }
-    return listen(entry, object);
+    return replace(entry, &object) ? static_cast<status_t>(NO_ERROR) : listen(entry, object);
+}
+
+/** False when this process does not serve the name. What stood there is left in `object`, to go after the lock. */
+bool SocketServer::replace(const std::string& entry, sp<BBinder>* object) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    const auto service = mServices.find(entry);
+    if (service == mServices.end()) {
+        return false;
+    }
+    std::swap(service->second.object, *object);
+    return true;
 }
 
 status_t SocketServer::listen(const std::string& entry, const sp<BBinder>& object) {
@@ -70,100 +72,56 @@ status_t SocketServer::listen(const std::string& entry, const sp<BBinder>& objec
         return PERMISSION_DENIED;
     }
     const std::string path = directory->pathOf(entry);
-    const kq::UniqueFd lock = directory->lock();
-    if (!lock) {
-        return statusOf(errno);
+    auto listener = std::make_unique<ServerListener>();
+    listener->entry = entry;
+    listener->socket = listenAtFree(*directory, path);
+    int error = listener->socket ? 0 : errno;
+    if (error == EADDRINUSE) {
+        // Another thread of this process may have taken the name meanwhile.
+        sp<BBinder> added = object;
+        if (replace(entry, &added)) {
+            return NO_ERROR;
+        }
     }
-    if (kq::isStale(path)) {
-        ::unlink(path.c_str());
+    if (error == 0) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        Service& service = mServices[entry];
+        service = {object, std::move(listener)};
+        error = mPoller.add(*service.listener);
+        if (error != 0) {
+            mServices.erase(entry);
+        }
     }
-    kq::UniqueFd listener = kq::listenAt(path);
-    if (!listener) {
-        const int error = errno;
+    if (error != 0) {
         __android_log_print(ANDROID_LOG_ERROR, kTag, "serving %s: %s", path.c_str(),
                             error == EADDRINUSE ? "another process serves it" : std::strerror(error));
-        return error == EADDRINUSE ? ALREADY_EXISTS : statusOf(error);
     }
-    auto service = std::make_unique<Service>(Service{entry, std::move(listener), object});
-    epoll_event event{};
-    event.events = EPOLLIN;
-    event.data.ptr = service.get();
-    if (::epoll_ctl(mEpoll.get(), EPOLL_CTL_ADD, service->listener.get(), &event) != 0) {
-        return statusOf(errno);
-    }
-    mServices.emplace(entry, std::move(service));
-    return NO_ERROR;
+    return error == 0 ? static_cast<status_t>(NO_ERROR) : statusOf(error);
 }
 
-void SocketServer::serve() {
-    if (kq::inForkedChild()) {
-        return;
-    }
-    const std::lock_guard<std::mutex> lock(mMutex);
-    mServing = mServing || startRuntimeThread("kq:accept", [this] { acceptConnections(); });
-}
-
-void SocketServer::acceptConnections() {
-    for (;;) {
-        epoll_event event{};
-        if (::epoll_wait(mEpoll.get(), &event, 1, -1) == 1) {
-            waitForRoom();
-            accept(static_cast<const Service*>(event.data.ptr));
-        }
-    }
-}
-
-void SocketServer::accept(const Service* service) {
-    kq::Peer caller{};
-    kq::UniqueFd socket = kq::acceptFrom(service->listener.get(), &caller);
-    if (!socket) {
-        const int error = errno;
-        connectionEnded();
-        if (error == EACCES) {
-            __android_log_print(ANDROID_LOG_WARN, kTag, "%s: process %d of uid %u refused", service->entry.c_str(),
-                                caller.pid, static_cast<unsigned>(caller.uid));
-        } else {
-            __android_log_print(ANDROID_LOG_ERROR, kTag, "%s: accepting a caller: %s", service->entry.c_str(),
-                                std::strerror(error));
-            // Out of descriptors or memory: the caller still waits, and asking again at once would only spin.
-            ::poll(nullptr, 0, kAcceptPauseMs);
-        }
-        return;
-    }
-    // Shared, since a std::function must be copyable.
-    auto connection = std::make_shared<kq::UniqueFd>(std::move(socket));
-    const sp<BBinder> object = published(service->entry);
-    const bool started = startRuntimeThread(
-        "kq:call", [this, connection, caller, object] { serveConnection(std::move(*connection), caller, object); });
-    if (!started) {
-        connectionEnded();
-    }
-}
-
-void SocketServer::serveConnection(kq::UniqueFd socket, kq::Peer caller, const sp<BBinder>& object) {
+/** Starts the threads that were asked for: 0 or an errno value. */
+int SocketServer::start() {
+    int error = 0;
     {
-        const CallerIdentity identity(caller);
-        MessageStream stream(socket.get());
-        MessageHead request{};
-        while (stream.receive(&request) && answer(stream, request, object)) {
-        }
+        const std::lock_guard<std::mutex> lock(mMutex);
+        error = mAsked && !mServing ? mPoller.start() : 0;
+        mServing = mServing || (mAsked && error == 0);
     }
-    connectionEnded();
+    if (error != 0) {
+        __android_log_print(ANDROID_LOG_ERROR, kTag, "serving callers: %s", std::strerror(error));
+    }
+    return error;
 }
 
-void SocketServer::waitForRoom() {
-    std::unique_lock<std::mutex> lock(mMutex);
-    mRoom.wait(lock, [this] { return mConnections < kMostConnections; });
-    ++mConnections;
-}
-
-void SocketServer::connectionEnded() {
+bool SocketServer::serve() {
     if (kq::inForkedChild()) {
-        return;
+        return false;
     }
-    const std::lock_guard<std::mutex> lock(mMutex);
-    --mConnections;
-    mRoom.notify_one();
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mAsked = true;
+    }
+    return start() == 0;
 }
 
 } // namespace android

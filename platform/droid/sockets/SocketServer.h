@@ -1,12 +1,10 @@
 #pragma once
 
-#include "socket/RuntimeDirectory.h"
-#include "socket/SeqPacket.h"
-#include "socket/UniqueFd.h"
+#include "ServerConnection.h"
+#include "ServerPoller.h"
 
 #include <binder/Binder.h>
 
-#include <condition_variable>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -14,36 +12,33 @@
 
 namespace android {
 
-/** Serves this process's services: one thread waits for connections, each connection has a thread of its own. */
+/** Serves this process's services. */
 class SocketServer {
 public:
     SocketServer();
 
+    /** As IServiceManager::addService. A negative errno value when serving was asked for and has no threads. */
     status_t publish(const std::string& entry, sp<BBinder> object);
     /** The object published under an entry by this process; null for none. */
     sp<BBinder> published(const std::string& entry);
-    void serve();
+    /** Starts serving; false, with a line in the log, when there are no threads for it. publish() tries again. */
+    bool serve();
 
 private:
     struct Service {
-        std::string entry;
-        kq::UniqueFd listener;
         sp<BBinder> object;
+        std::unique_ptr<ServerListener> listener;
     };
 
+    bool replace(const std::string& entry, sp<BBinder>* object);
     status_t listen(const std::string& entry, const sp<BBinder>& object);
-    [[noreturn]] void acceptConnections();
-    void accept(const Service* service);
-    void serveConnection(kq::UniqueFd socket, kq::Peer caller, const sp<BBinder>& object);
-    void waitForRoom();
-    void connectionEnded();
+    int start();
 
-    const kq::UniqueFd mEpoll;
+    ServerPoller mPoller;
     std::mutex mMutex;
-    std::condition_variable mRoom;
-    size_t mConnections = 0;
+    bool mAsked = false;
     bool mServing = false;
-    std::map<std::string, std::unique_ptr<Service>> mServices;
+    std::map<std::string, Service> mServices;
 };
 
 } // namespace android

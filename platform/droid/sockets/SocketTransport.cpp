@@ -56,16 +56,15 @@ std::vector<std::string> entriesOf(const kq::RuntimeDirectory& directory) {
 
 SocketTransport::SocketTransport() { kq::watchForks(); }
 
-sp<IBinder> SocketTransport::findIn(const kq::RuntimeDirectory& directory, const std::string& entry) {
+/** Null, with an errno value in `error`, where there is no service. */
+sp<IBinder> SocketTransport::findIn(const kq::RuntimeDirectory& directory, const std::string& entry, int* error) {
     if (const sp<BBinder> own = mServer.published(entry); own != nullptr) {
         return own;
     }
     std::string path = directory.pathOf(entry);
     kq::UniqueFd connection = connectToService(directory, path);
     if (!connection) {
-        if (errno != ENOENT) {
-            __android_log_print(ANDROID_LOG_ERROR, kTag, "calling %s: %s", path.c_str(), std::strerror(errno));
-        }
+        *error = errno;
         return nullptr;
     }
     return new BpBinder(std::make_unique<SocketObject>(std::move(path), std::move(connection)));
@@ -80,10 +79,15 @@ sp<IBinder> SocketTransport::waitFor(const String16& name, std::chrono::millisec
     }
     const std::string entry = entryNameOf(name);
     sp<IBinder> found;
+    int error = 0;
     directory->waitUntil(time, [&] {
-        found = findIn(*directory, entry);
+        found = findIn(*directory, entry, &error);
         return found != nullptr;
     });
+    if (found == nullptr && error != ENOENT) {
+        __android_log_print(ANDROID_LOG_ERROR, kTag, "calling %s: %s", directory->pathOf(entry).c_str(),
+                            std::strerror(error));
+    }
     return found;
 }
 
@@ -98,7 +102,8 @@ Vector<String16> SocketTransport::names(int) {
         return names;
     }
     for (const std::string& entry : entriesOf(*directory)) {
-        if (findIn(*directory, entry) != nullptr) {
+        int error = 0;
+        if (findIn(*directory, entry, &error) != nullptr) {
             names.push_back(serviceNameOf(entry));
         }
     }

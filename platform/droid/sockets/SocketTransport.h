@@ -2,6 +2,7 @@
 
 #include "SocketServer.h"
 #include "droid/Transport.h"
+#include "socket/RuntimeDirectory.h"
 
 #include <string>
 
@@ -16,10 +17,10 @@ public:
     sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) override;
     status_t publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) override;
     Vector<String16> names(int dumpPriorities) override;
-    void serve() override { mServer.serve(); }
+    bool serve() override { return mServer.serve(); }
 
 private:
-    sp<IBinder> findIn(const kq::RuntimeDirectory& directory, const std::string& entry);
+    sp<IBinder> findIn(const kq::RuntimeDirectory& directory, const std::string& entry, int* error);
 
     SocketServer mServer;
 };

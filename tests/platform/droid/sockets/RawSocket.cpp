@@ -34,14 +34,28 @@ kq::UniqueFd listenInRoom(const std::string& path) {
 
 RawService::RawService(const std::string& path) : mListener(bounded(listenInRoom(path), "listen")) {}
 
-kq::UniqueFd RawService::accept() const {
+kq::UniqueFd RawService::acceptSilently() const {
     kq::Peer peer{};
     pollfd waiting{mListener.get(), POLLIN, 0};
     ::poll(&waiting, 1, static_cast<int>(kPatience.count()));
     return bounded(kq::acceptFrom(mListener.get(), &peer), "accept");
 }
 
-kq::UniqueFd rawConnection(const std::string& path) { return bounded(kq::connectTo(path), "connect"); }
+kq::UniqueFd RawService::accept(const Bytes& greeting) const {
+    kq::UniqueFd connection = acceptSilently();
+    sendRaw(connection, greeting);
+    return connection;
+}
+
+kq::UniqueFd rawConnection(const std::string& path) {
+    kq::UniqueFd connection = bounded(kq::connectTo(path), "connect");
+    receiveRaw(connection);
+    return connection;
+}
+
+Bytes greeting(int32_t status, int32_t instance, int32_t version) {
+    return replyOf({0x4B514452, version, status, 0, instance, 0});
+}
 
 bool sendRaw(const kq::UniqueFd& socket, const Bytes& packet) {
     return ::send(socket.get(), packet.data(), packet.size(), MSG_NOSIGNAL) >= 0;
@@ -57,8 +71,9 @@ Bytes receiveRaw(const kq::UniqueFd& socket) {
     return packet;
 }
 
-Bytes head(uint32_t size, uint32_t code, uint32_t flags, int32_t status) {
-    return replyOf({static_cast<int32_t>(size), static_cast<int32_t>(code), static_cast<int32_t>(flags), status});
+Bytes head(uint32_t size, uint32_t code, uint32_t flags, int32_t status, uint32_t number) {
+    return replyOf({static_cast<int32_t>(size), static_cast<int32_t>(code), static_cast<int32_t>(flags), status,
+                    static_cast<int32_t>(number)});
 }
 
 Bytes message(const Bytes& head, const Bytes& body) {

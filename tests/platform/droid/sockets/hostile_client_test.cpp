@@ -68,7 +68,7 @@ TEST_P(HostileClient, mayLeaveAtOnce) {
 const Hostility kHostilities[] = {
     {"an empty packet", {{}}},
     {"one byte", {{1}}},
-    {"a head cut short", {Bytes(15, 0xFF)}},
+    {"a head cut short", {Bytes(19, 0xFF)}},
     {"more bytes than the size says", {message(head(4, kEcho), replyOf({1, 2}))}},
     {"bytes and no size", {message(head(0, kEcho), replyOf({1}))}},
     {"the largest size there is", {message(head(0xFFFFFFFF, kEcho), replyOf({1}))}},

@@ -21,11 +21,12 @@ struct Hostility {
     const char* what;
     std::vector<Bytes> packets;
     bool staysOpen = true;
+    android::status_t status = staysOpen ? android::FAILED_TRANSACTION : android::DEAD_OBJECT;
 };
 
 std::ostream& operator<<(std::ostream& out, const Hostility& hostility) { return out << hostility.what; }
 
-/** What a service may send back instead of an answer: the caller gets DEAD_OBJECT and an empty reply, no more. */
+/** What a service may send back instead of an answer: the caller gets a failure and an empty reply, no more. */
 class HostileService : public DroidTest, public ::testing::WithParamInterface<Hostility> {
 protected:
     void SetUp() override {
@@ -73,7 +74,7 @@ TEST_P(HostileService, failsItsOwnCallOnly) {
             connection = kq::UniqueFd();
         }
         const Answer answer = attacked.get();
-        EXPECT_EQ(answer.status, android::DEAD_OBJECT);
+        EXPECT_EQ(answer.status, GetParam().status);
         EXPECT_EQ(answer.bytes, Bytes());
     }
     EXPECT_TRUE(sendRaw(otherConnection, message(head(4, kEcho), replyOf({7}))));
@@ -84,7 +85,7 @@ const Hostility kHostilities[] = {
     {"no answer", {}, false},
     {"an empty packet", {{}}},
     {"one byte", {{1}}},
-    {"a head cut short", {Bytes(15, 0)}},
+    {"a head cut short", {Bytes(19, 0)}},
     {"a size without bytes", {head(8, kEcho)}, false},
     {"fewer bytes than the size says", {message(head(8, kEcho), replyOf({1}))}, false},
     {"more bytes than the size says", {message(head(4, kEcho), replyOf({1, 2}))}},

@@ -1,0 +1,163 @@
+#include "CallWorkers.h"
+
+#include "CallAnswer.h"
+#include "Limits.h"
+#include "droid/CallerIdentity.h"
+#include "socket/QuietThread.h"
+
+#include <cerrno>
+#include <utility>
+
+namespace android {
+
+namespace {
+
+constexpr const char* kThreadName = "kq:call";
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr size_t kStack = 4 * 1024 * 1024;
+#else
+constexpr size_t kStack = 256 * 1024;
+#endif
+
+} // namespace
+
+void CallWorkers::Queue::push(Connection connection) {
+    ServerConnection* const added = connection.get();
+    (mLast == nullptr ? mFirst : mLast->next) = std::move(connection);
+    mLast = added;
+    ++mSize;
+}
+
+CallWorkers::Connection CallWorkers::Queue::pop() {
+    Connection first = std::move(mFirst);
+    mFirst = std::move(first->next);
+    mLast = mFirst == nullptr ? nullptr : mLast;
+    --mSize;
+    return first;
+}
+
+int CallWorkers::start() {
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        if (mThreads > 0) {
+            return 0;
+        }
+    }
+    return claimThread() ? add() : 0;
+}
+
+/** Counts one more thread, which the caller then starts; false when there may be no more. */
+bool CallWorkers::claimThread() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    if (mThreads >= kMostCalls) {
+        return false;
+    }
+    ++mThreads;
+    ++mIdle;
+    return true;
+}
+
+void CallWorkers::lostThread() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    --mThreads;
+    --mIdle;
+}
+
+/** With the lock held. */
+void CallWorkers::noteStarvation() { mStarved.store(mQueue.size() > mIdle, std::memory_order_relaxed); }
+
+/** Starts the thread that was claimed: 0 or an errno value. */
+int CallWorkers::add() {
+    std::unique_ptr<MessageBuffer> buffer = MessageBuffer::make();
+    const auto body = [this, given = buffer.get()] {
+        const std::unique_ptr<MessageBuffer> own(given);
+        run(*own);
+    };
+    const int error = buffer == nullptr ? ENOMEM : kq::startDetachedThread(kThreadName, kStack, body);
+    if (error == 0) {
+        static_cast<void>(buffer.release());
+    } else {
+        lostThread();
+    }
+    return error;
+}
+
+void CallWorkers::serve(Connection connection) {
+    connection->queued = std::chrono::steady_clock::now();
+    bool enough = false;
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mQueue.push(std::move(connection));
+        enough = mQueue.size() <= mIdle;
+    }
+    if (enough) {
+        mCame.notify_one();
+    } else if (!claimThread() || add() != 0) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        noteStarvation();
+    }
+}
+
+CallWorkers::Connection CallWorkers::takeUnserved() {
+    // The system may have a thread to give again.
+    if (starved() && claimThread()) {
+        add();
+    }
+    const std::lock_guard<std::mutex> lock(mMutex);
+    noteStarvation();
+    if (!starved()) {
+        return nullptr;
+    }
+    const bool late = std::chrono::steady_clock::now() - mQueue.front()->queued >= kThreadPatience;
+    return late || mCalls >= kMostCalls ? mQueue.pop() : nullptr;
+}
+
+/** The connection to attend to; null when this thread is of no more use. */
+CallWorkers::Connection CallWorkers::next() {
+    std::unique_lock<std::mutex> lock(mMutex);
+    while (mQueue.size() == 0) {
+        if (mThreads == 1) {
+            mCame.wait(lock);
+        } else if (mCame.wait_for(lock, kIdleThread) == std::cv_status::timeout && mQueue.size() == 0 && mThreads > 1) {
+            --mThreads;
+            --mIdle;
+            return nullptr;
+        }
+    }
+    --mIdle;
+    Connection connection = mQueue.pop();
+    noteStarvation();
+    return connection;
+}
+
+void CallWorkers::run(MessageBuffer& buffer) {
+    while (Connection connection = next()) {
+        attend(std::move(connection), buffer);
+        const std::lock_guard<std::mutex> lock(mMutex);
+        ++mIdle;
+    }
+}
+
+/** Answers what comes in on a connection until nothing does for a while. */
+void CallWorkers::attend(Connection connection, MessageBuffer& buffer) {
+    const CallerIdentity identity(connection->caller);
+    MessageStream stream(connection->socket.get(), buffer);
+    for (;;) {
+        MessageHead request{};
+        const Received received = stream.receiveStart(&request, 0);
+        if (received == Received::Nothing) {
+            break;
+        }
+        CallSlot slot(mCalls, connection->place->peer().calls);
+        if (!answerCall(stream, received, request, slot, connection->object)) {
+            return;
+        }
+        if (starved()) {
+            break;
+        }
+    }
+    mPark(std::move(connection));
+}
+
+} // namespace android
