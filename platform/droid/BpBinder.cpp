@@ -6,6 +6,7 @@
 #include <binder/Parcel.h>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace android {
@@ -54,28 +55,50 @@ status_t BpBinder::linkToDeath(const sp<DeathRecipient>& recipient, void* cookie
     if (kq::inForkedChild()) {
         return DEAD_OBJECT;
     }
-    const std::lock_guard<std::mutex> lock(mMutex);
-    if (mDied.load(std::memory_order_relaxed)) {
-        return DEAD_OBJECT;
+    const DeathLink link{recipient, cookie};
+    status_t status = NO_ERROR;
+    if (addLink(link, &status)) {
+        status = watchObject();
+        watchAsked(status, link);
     }
-    if (const status_t status = watchObject(); status != NO_ERROR) {
-        return status;
-    }
-    mLinks.push_back({recipient, cookie});
-    return NO_ERROR;
+    return status;
 }
 
-status_t BpBinder::watchObject() {
-    if (mWatched) {
-        return NO_ERROR;
+/** True when the caller has then to have the object watched. */
+bool BpBinder::addLink(const DeathLink& link, status_t* status) {
+    std::unique_lock<std::mutex> lock(mMutex);
+    mWatchAsked.wait(lock, [this] { return !mAskingWatch; });
+    if (mDied.load(std::memory_order_relaxed)) {
+        *status = DEAD_OBJECT;
+        return false;
     }
-    const status_t status = mObject->watch([weak = wp<BpBinder>(this)] {
+    mLinks.push_back(link);
+    mAskingWatch = !mWatched;
+    return mAskingWatch;
+}
+
+/** Without the lock: it may ask the object's process, and what goes wrong is logged. */
+status_t BpBinder::watchObject() {
+    return mObject->watch([weak = wp<BpBinder>(this)] {
         if (const sp<BpBinder> binder = weak.promote(); binder != nullptr) {
             binder->objectDied();
         }
     });
+}
+
+void BpBinder::watchAsked(status_t status, const DeathLink& link) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mAskingWatch = false;
     mWatched = status == NO_ERROR;
-    return status;
+    if (!mWatched) {
+        const auto added = std::find_if(mLinks.rbegin(), mLinks.rend(), [&link](const DeathLink& candidate) {
+            return candidate.recipient == link.recipient && candidate.cookie == link.cookie;
+        });
+        if (added != mLinks.rend()) {
+            mLinks.erase(std::next(added).base());
+        }
+    }
+    mWatchAsked.notify_all();
 }
 
 status_t BpBinder::unlinkToDeath(const wp<DeathRecipient>& recipient, void* cookie, uint32_t,

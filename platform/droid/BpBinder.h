@@ -5,6 +5,7 @@
 #include <binder/IBinder.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -35,7 +36,9 @@ private:
 
     ~BpBinder() override;
 
+    bool addLink(const DeathLink& link, status_t* status);
     status_t watchObject();
+    void watchAsked(status_t status, const DeathLink& link);
     void objectDied();
     std::vector<DeathLink> takeLinks();
 
@@ -44,6 +47,8 @@ private:
     mutable std::once_flag mDescriptorAsked;
     mutable String16 mDescriptor;
     std::mutex mMutex;
+    std::condition_variable mWatchAsked;
+    bool mAskingWatch = false;
     bool mWatched = false;
     std::vector<DeathLink> mLinks;
 };

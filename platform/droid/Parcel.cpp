@@ -129,8 +129,8 @@ bool Parcel::enforceInterface(const String16& interface, IPCThreadState*) const 
         return true;
     }
     __android_log_print(ANDROID_LOG_WARN, "Parcel", "request names the interface \"%s\" and not \"%s\"",
-                        text == nullptr ? "" : utf16ToUtf8(text, length).c_str(),
-                        utf16ToUtf8(interface.string(), interface.size()).c_str());
+                        text == nullptr ? "" : printable(text, length).c_str(),
+                        printable(interface.string(), interface.size()).c_str());
     return false;
 }
 

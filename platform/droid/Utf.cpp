@@ -1,5 +1,7 @@
 #include "Utf.h"
 
+#include <algorithm>
+
 #include <cstdint>
 
 namespace android {
@@ -86,6 +88,23 @@ void append(std::string* text, char32_t point) {
     }
 }
 
+constexpr std::size_t kLongestPrinted = 128;
+
+/** Control characters, line separators, and marks that change the direction of what follows. */
+bool steersTerminal(char16_t unit) {
+    return unit < 0x20 || (unit >= 0x7F && unit < 0xA0) || (unit >= 0x2028 && unit <= 0x202E) ||
+           (unit >= 0x2066 && unit <= 0x2069);
+}
+
+std::u16string escaped(char16_t unit) {
+    constexpr char16_t kDigits[] = u"0123456789ABCDEF";
+    std::u16string text = u"\\u";
+    for (int shift = 12; shift >= 0; shift -= 4) {
+        text += kDigits[(unit >> shift) & 0xF];
+    }
+    return text;
+}
+
 } // namespace
 
 std::u16string utf8ToUtf16(const char* text, std::size_t length) {
@@ -108,6 +127,20 @@ std::string utf16ToUtf8(const char16_t* text, std::size_t length) {
         append(&result, point);
     }
     return result;
+}
+
+std::string printable(const char16_t* text, std::size_t length) {
+    std::u16string shown;
+    for (std::size_t at = 0; at < std::min(length, kLongestPrinted); ++at) {
+        if (text[at] == u'\\') {
+            shown += u"\\\\";
+        } else if (steersTerminal(text[at])) {
+            shown += escaped(text[at]);
+        } else {
+            shown += text[at];
+        }
+    }
+    return utf16ToUtf8(shown.data(), shown.size()) + (length > kLongestPrinted ? "..." : "");
 }
 
 } // namespace android

@@ -40,7 +40,7 @@ std::u16string readName(const Parcel& data) {
     return {name.string(), name.size()};
 }
 
-std::string printable(const std::u16string& name) { return android::utf16ToUtf8(name.data(), name.size()); }
+std::string printable(const std::u16string& name) { return android::printable(name.data(), name.size()); }
 
 } // namespace
 
@@ -146,13 +146,16 @@ status_t ServiceRegistry::list(int32_t index, int32_t dumpPriorities, Parcel* re
 
 void ServiceRegistry::remove(const Name& name, const wp<IBinder>& object) {
     Service gone{};
-    const std::lock_guard<std::mutex> lock(mMutex);
-    const auto service = mServices.find(name);
-    if (service != mServices.end() && wp<IBinder>(service->second.object) == object) {
-        __android_log_print(ANDROID_LOG_INFO, kTag, "the process of the service %s is gone", printable(name).c_str());
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        const auto service = mServices.find(name);
+        if (service == mServices.end() || wp<IBinder>(service->second.object) != object) {
+            return;
+        }
         gone = std::move(service->second);
         mServices.erase(service);
     }
+    __android_log_print(ANDROID_LOG_INFO, kTag, "the process of the service %s is gone", printable(name).c_str());
 }
 
 } // namespace servicemanager

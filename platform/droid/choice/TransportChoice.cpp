@@ -5,9 +5,11 @@
 
 #include <unistd.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace android {
 
@@ -32,39 +34,68 @@ std::string variable(const char* name) {
     return value == nullptr ? "" : value;
 }
 
-/** "kernel", "sockets", or empty for what there is. */
-std::string transportAsked() {
-    const std::string asked = variable("KQDROID_TRANSPORT");
-    if (!asked.empty() && asked != kKernel && asked != kSockets) {
-        __android_log_print(ANDROID_LOG_ERROR, kTag,
-                            "KQDROID_TRANSPORT is \"%s\", not kernel or sockets; taking what there is", asked.c_str());
-        return "";
-    }
-    return asked;
-}
-
 std::string binderDevice() {
     const std::string named = variable("KQDROID_BINDER_DEVICE");
     return named.empty() ? "/dev/binder" : named;
 }
 
-Transport* choose() {
-    const std::string asked = transportAsked();
+/** What was chosen, and what there is to say of that. */
+class Choice {
+public:
+    Choice() : mTransport(choose()) {}
+
+    Transport& transport() { return *mTransport; }
+    /** Writes the lines of the log, once. Other threads may use the transport meanwhile. */
+    void tell() {
+        if (mTold.load(std::memory_order_relaxed) || mTold.exchange(true)) {
+            return;
+        }
+        for (const Line& line : mLines) {
+            __android_log_write(line.priority, kTag, line.text.c_str());
+        }
+    }
+
+private:
+    struct Line {
+        int priority;
+        std::string text;
+    };
+
+    std::string asked();
+    Transport* choose();
+
+    std::vector<Line> mLines;
+    std::atomic<bool> mTold{false};
+    Transport* const mTransport;
+};
+
+/** "kernel", "sockets", or empty for what there is. */
+std::string Choice::asked() {
+    std::string asked = variable("KQDROID_TRANSPORT");
+    if (!asked.empty() && asked != kKernel && asked != kSockets) {
+        mLines.push_back(
+            {ANDROID_LOG_ERROR, "KQDROID_TRANSPORT is \"" + asked + "\", not kernel or sockets; taking what there is"});
+        return "";
+    }
+    return asked;
+}
+
+Transport* Choice::choose() {
+    const std::string transport = asked();
     std::string problem = "as asked for";
-    std::unique_ptr<BinderDevice> device = asked == kSockets ? nullptr : BinderDevice::open(binderDevice(), &problem);
+    std::unique_ptr<BinderDevice> device =
+        transport == kSockets ? nullptr : BinderDevice::open(binderDevice(), &problem);
     if (device != nullptr) {
-        __android_log_print(ANDROID_LOG_VERBOSE, kTag, "calls go through %s", binderDevice().c_str());
+        mLines.push_back({ANDROID_LOG_VERBOSE, "calls go through " + binderDevice()});
         return new KernelTransport(std::move(device));
     }
-    if (asked == kKernel) {
-        __android_log_print(ANDROID_LOG_ERROR, kTag, "calls are to go through the kernel's binder driver: %s",
-                            problem.c_str());
+    if (transport == kKernel) {
+        mLines.push_back({ANDROID_LOG_ERROR, "calls are to go through the kernel's binder driver: " + problem});
         return new NoTransport;
     }
     // A driver that is there and of no use is worth a word.
-    const bool expected = asked == kSockets || ::access(binderDevice().c_str(), F_OK) != 0;
-    __android_log_print(expected ? ANDROID_LOG_VERBOSE : ANDROID_LOG_WARN, kTag, "calls go through sockets (%s)",
-                        problem.c_str());
+    const bool expected = transport == kSockets || ::access(binderDevice().c_str(), F_OK) != 0;
+    mLines.push_back({expected ? ANDROID_LOG_VERBOSE : ANDROID_LOG_WARN, "calls go through sockets (" + problem + ')'});
     return new SocketTransport;
 }
 
@@ -72,8 +103,9 @@ Transport* choose() {
 
 Transport& Transport::get() {
     // Never destroyed: calls may be under way while the process exits.
-    static Transport* const transport = choose();
-    return *transport;
+    static Choice* const choice = new Choice;
+    choice->tell();
+    return choice->transport();
 }
 
 } // namespace android

@@ -13,27 +13,35 @@ template <typename T> binder_uintptr_t addressOf(T* place) { return reinterpret_
 
 } // namespace
 
-bool BinderCommands::appendBytes(uint32_t command, const void* payload, size_t length) {
-    if (mBytes.size() - mSize < sizeof(command) + length) {
-        return false;
+/** Where `length` more bytes go. */
+uint8_t* BinderCommands::room(size_t length) {
+    if (mMany.empty() && mFew.size() - mSize < length) {
+        mMany.assign(mFew.begin(), mFew.begin() + mSize);
     }
-    std::memcpy(mBytes.data() + mSize, &command, sizeof(command));
-    mSize += sizeof(command);
+    if (!mMany.empty()) {
+        mMany.resize(mSize + length);
+    }
+    uint8_t* const place = bytes() + mSize;
+    mSize += length;
+    return place;
+}
+
+void BinderCommands::appendBytes(uint32_t command, const void* payload, size_t length) {
+    uint8_t* const place = room(sizeof(command) + length);
+    std::memcpy(place, &command, sizeof(command));
     if (length > 0) {
-        std::memcpy(mBytes.data() + mSize, payload, length);
-        mSize += length;
+        std::memcpy(place + sizeof(command), payload, length);
     }
-    return true;
 }
 
 int BinderCommands::sendTo(BinderDriver& driver) { return static_cast<int>(exchangeWith(driver, nullptr, 0)); }
 
 ssize_t BinderCommands::exchangeWith(BinderDriver& driver, uint8_t* returns, size_t capacity) {
-    binder_write_read exchange{mSize, 0, addressOf(mBytes.data()), capacity, 0, addressOf(returns)};
+    binder_write_read exchange{mSize, 0, addressOf(bytes()), capacity, 0, addressOf(returns)};
     // To the driver a forked child speaks for its parent.
     const int error = kq::inForkedChild() ? -ENODEV : driver.control(BINDER_WRITE_READ, &exchange);
     if (error != 0) {
-        mSize = 0;
+        dropFirst(mSize);
         return error;
     }
     dropFirst(std::min(mSize, static_cast<size_t>(exchange.write_consumed)));
@@ -41,8 +49,11 @@ ssize_t BinderCommands::exchangeWith(BinderDriver& driver, uint8_t* returns, siz
 }
 
 void BinderCommands::dropFirst(size_t length) {
-    std::copy(mBytes.begin() + length, mBytes.begin() + mSize, mBytes.begin());
+    std::copy(bytes() + length, bytes() + mSize, bytes());
     mSize -= length;
+    if (mSize == 0) {
+        mMany.clear();
+    }
 }
 
 bool BinderReturns::next() {

@@ -9,17 +9,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <vector>
 
 namespace android {
 
 /** Commands on their way to the driver. */
 class BinderCommands {
 public:
-    /** Appends one command; false, with nothing appended, when there is no room. */
-    template <typename Payload> bool append(uint32_t command, const Payload& payload) {
-        return appendBytes(command, &payload, sizeof(payload));
+    template <typename Payload> void append(uint32_t command, const Payload& payload) {
+        appendBytes(command, &payload, sizeof(payload));
     }
-    bool append(uint32_t command) { return appendBytes(command, nullptr, 0); }
+    void append(uint32_t command) { appendBytes(command, nullptr, 0); }
     bool empty() const { return mSize == 0; }
 
     /**
@@ -34,11 +34,15 @@ public:
     ssize_t exchangeWith(BinderDriver& driver, uint8_t* returns, size_t capacity);
 
 private:
-    bool appendBytes(uint32_t command, const void* payload, size_t length);
+    void appendBytes(uint32_t command, const void* payload, size_t length);
+    uint8_t* room(size_t length);
+    uint8_t* bytes() { return mMany.empty() ? mFew.data() : mMany.data(); }
     void dropFirst(size_t length);
 
     size_t mSize = 0;
-    std::array<uint8_t, 512> mBytes;
+    std::array<uint8_t, 512> mFew;
+    // All of them, once they are too many for that: a driver that takes none for the time being may not lose any.
+    std::vector<uint8_t> mMany;
 };
 
 /** Reads what came from the driver; nothing beyond its end. */

@@ -6,6 +6,7 @@
 #include "droid/ParcelObjects.h"
 #include "droid/ReceivedParcel.h"
 #include "droid/Transport.h"
+#include "socket/Descriptors.h"
 
 #include <android/log.h>
 #include <binder/Parcel.h>
@@ -44,10 +45,7 @@ void freeBuffer(void* binder, const uint8_t* data) { static_cast<KernelBinder*>(
 } // namespace
 
 template <typename Payload> void KernelConversation::send(uint32_t command, const Payload& payload) {
-    if (!mCommands.append(command, payload)) {
-        mCommands.sendTo(mBinder.driver());
-        mCommands.append(command, payload);
-    }
+    mCommands.append(command, payload);
 }
 
 std::optional<BinderReturns> KernelConversation::exchange() {
@@ -205,6 +203,7 @@ void KernelConversation::handleTransaction(const binder_transaction_data& messag
         status = object == nullptr
                      ? UNKNOWN_TRANSACTION
                      : object->transact(message.code, request.parcel(), oneWay ? nullptr : &reply, message.flags);
+        kq::endForkedChild();
     }
     if (oneWay) {
         send(BC_FREE_BUFFER, message.data.ptr.buffer);

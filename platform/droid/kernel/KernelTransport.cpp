@@ -35,7 +35,7 @@ bool lives(const sp<IBinder>& object) {
     return !asked || status.wait_for(kSignOfLife) != std::future_status::ready || status.get() != DEAD_OBJECT;
 }
 
-std::string printable(const String16& name) { return utf16ToUtf8(name.string(), name.size()); }
+std::string printable(const String16& name) { return android::printable(name.string(), name.size()); }
 
 } // namespace
 

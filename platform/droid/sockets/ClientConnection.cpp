@@ -54,7 +54,7 @@ status_t ClientConnection::greet(bool wait) {
         break;
     }
     if (!mLine->isOf(greeting.instance)) {
-        return fail(mLine->look() == LifeLine::State::Ended ? DEAD_OBJECT : FAILED_TRANSACTION);
+        return fail(DEAD_OBJECT);
     }
     mGreeted = greeting.status == NO_ERROR;
     return mGreeted ? NO_ERROR : fail(greeting.status);

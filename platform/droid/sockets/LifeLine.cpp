@@ -82,6 +82,7 @@ bool LifeLine::isOf(uint64_t instance) {
     if (!mEnded && mSocket && !mGreeted) {
         greeted();
     }
+    mInstance = mInstance == 0 ? instance : mInstance;
     return !mEnded && mInstance == instance;
 }
 

@@ -48,11 +48,12 @@ status_t SocketObject::watch(std::function<void()> onDeath) {
     return mWatchId == 0 ? NO_MEMORY : NO_ERROR;
 }
 
-/** While the life line stands, the entry is that of a living process, whatever became of it. */
 status_t SocketObject::whyNotConnected(int error) {
     switch (error) {
     case ECONNREFUSED:
+        return DEAD_OBJECT;
     case ENOENT:
+        // While the life line stands, somebody has taken the entry from a living service.
         return mLine->look() == LifeLine::State::Stands ? FAILED_TRANSACTION : DEAD_OBJECT;
     case EAGAIN:
     case EACCES:

@@ -2,16 +2,18 @@
 #include "DeathNote.h"
 #include "DroidTest.h"
 #include "ProcessCounts.h"
+#include "peer/ExitingCaller.h"
 #include "peer/Peer.h"
 #include "peer/PeerProtocol.h"
 #include "peer/PeerService.h"
 
 #include <binder/IServiceManager.h>
 #include <binder/ProcessState.h>
+#include <keluem/publisher.h>
 
 #include <unistd.h>
 
-#include <cstdlib>
+#include <chrono>
 #include <future>
 #include <string>
 #include <vector>
@@ -25,12 +27,6 @@ using android::sp;
 
 using ProcessLifeTest = DroidTest;
 
-/** A forked child has the memory of threads that it does not have: to a leak check all of that is lost. */
-std::string withoutLeakCheck() {
-    const char* const options = std::getenv("ASAN_OPTIONS");
-    return "ASAN_OPTIONS=" + (options == nullptr ? std::string() : std::string(options) + ':') + "detect_leaks=0";
-}
-
 TEST_F(ProcessLifeTest, exitsWithThreadsInCalls) {
     const Peer peer;
     for (int run = 0; run < 30; ++run) {
@@ -40,24 +36,27 @@ TEST_F(ProcessLifeTest, exitsWithThreadsInCalls) {
     EXPECT_EQ(call(peer.binder(), kEcho, replyOf({1})).bytes, replyOf({1}));
 }
 
-TEST_F(ProcessLifeTest, forkedChildIsKeptOutAndTheParentGoesOn) {
-    const Peer peer;
+TEST_F(ProcessLifeTest, exitWaitsTwoSecondsForAllThatIsBeingDelivered) {
+    Peer peer;
     ChildProcess::Options options;
-    options.environment = {withoutLeakCheck()};
-    ChildProcess caller({kPeerProgram, "fork", "peer"}, options);
-    EXPECT_EQ(caller.exitCode(2 * kPatience), 0);
+    options.captureOutput = true;
+    ChildProcess exiting({kPeerProgram, "exit-in-deliveries", "peer"}, options);
+    ASSERT_TRUE(exiting.output().waitFor(kPeerReady));
+    keluem::Publisher publisher;
+    publisher.publish(kDeliveredModule, nullptr, 0);
+    peer.kill();
+    ASSERT_TRUE(exiting.output().waitFor(kDelivered));
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(exiting.exitCode(), 0);
+    const auto time = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(time, std::chrono::milliseconds(1500));
+    EXPECT_LT(time, std::chrono::milliseconds(3500));
 }
 
-TEST_F(ProcessLifeTest, childForkedInAServicesCallIsKeptOut) {
-    ChildProcess::Options options;
-    options.environment = {withoutLeakCheck()};
-    options.captureOutput = true;
-    ChildProcess forking({kPeerProgram, "serve", "forking"}, options);
-    ASSERT_TRUE(forking.output().waitFor(kPeerReady));
-    const sp<IBinder> binder = service("forking");
-    ASSERT_NE(binder, nullptr);
-    EXPECT_EQ(ask(binder, kFork), 1);
-    EXPECT_EQ(ask(binder, kEcho, replyOf({2})), 2);
+TEST_F(ProcessLifeTest, closedStandardDescriptorsDoNotBecomeConnections) {
+    const Peer peer;
+    ChildProcess caller({kPeerProgram, "closed-streams", "peer"});
+    EXPECT_EQ(caller.exitCode(), 0);
 }
 
 /** One proxy from its making to its end, with several calls at a time. */

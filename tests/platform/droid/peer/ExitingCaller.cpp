@@ -1,12 +1,18 @@
 #include "ExitingCaller.h"
 
 #include "PeerProtocol.h"
+#include "support/Deadline.h"
 
 #include <binder/Binder.h>
 #include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
+#include <keluem/emal.h>
 
+#include <unistd.h>
+
+#include <atomic>
 #include <condition_variable>
+#include <cstdio>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -63,6 +69,42 @@ Proxy& proxyOf(const std::string& name) {
 }
 
 } // namespace
+
+namespace {
+
+std::atomic<int> gDelivered{0};
+
+[[noreturn]] void blockDelivery() {
+    ++gDelivered;
+    for (;;) {
+        ::pause();
+    }
+}
+
+class Blocked : public android::IBinder::DeathRecipient {
+public:
+    void binderDied(const android::wp<android::IBinder>&) override { blockDelivery(); }
+};
+
+} // namespace
+
+int exitInDeliveries(const std::vector<std::string>& arguments) {
+    const android::sp<android::IBinder> binder =
+        android::defaultServiceManager()->checkService(android::String16(arguments.at(0).c_str()));
+    const android::sp<Blocked> blocked = new Blocked;
+    if (binder->linkToDeath(blocked) != android::NO_ERROR ||
+        EMAL_AddListener(kDeliveredModule, [](unsigned, void*, unsigned, void*) { blockDelivery(); }) != 0) {
+        return 1;
+    }
+    std::fputs(kPeerReady, stdout);
+    std::fflush(stdout);
+    if (!eventually([] { return gDelivered == 2; })) {
+        return 2;
+    }
+    std::fputs(kDelivered, stdout);
+    std::fflush(stdout);
+    return 0;
+}
 
 int exitInCalls(const std::vector<std::string>& arguments) {
     Proxy& proxy = proxyOf(arguments.at(0));

@@ -12,7 +12,9 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <future>
 #include <thread>
 
 namespace kelutv::test {
@@ -77,6 +79,46 @@ int forkAndCall(const std::vector<std::string>& arguments) {
                         binder->unlinkToDeath(witness) == android::NO_ERROR;
     inCall.join();
     return goesOn ? childsCode : 4;
+}
+
+int forkAndStay(const std::vector<std::string>& arguments) {
+    const sp<IBinder> binder = service(arguments.at(0));
+    const sp<Witness> witness = new Witness;
+    if (binder->linkToDeath(witness) != android::NO_ERROR || call(binder, kEcho).status != android::NO_ERROR) {
+        return 1;
+    }
+    const pid_t child = ::fork();
+    if (child != 0) {
+        std::printf("%d\n", static_cast<int>(child));
+        std::fflush(stdout);
+    }
+    ::alarm(60);
+    ::pause();
+    return 0;
+}
+
+int forkInNotice(const std::vector<std::string>& arguments) {
+    class Forker : public IBinder::DeathRecipient {
+    public:
+        void binderDied(const android::wp<IBinder>&) override {
+            const pid_t child = ::fork();
+            // In the child nobody reads it.
+            mCode.set_value(child == 0 ? 0 : exitCodeOf(child));
+        }
+        std::future<int> code() { return mCode.get_future(); }
+
+    private:
+        std::promise<int> mCode;
+    };
+    const sp<IBinder> binder = service(arguments.at(0));
+    const sp<Forker> forker = new Forker;
+    std::future<int> code = forker->code();
+    if (binder->linkToDeath(forker) != android::NO_ERROR) {
+        return 3;
+    }
+    std::fputs(kPeerReady, stdout);
+    std::fflush(stdout);
+    return code.wait_for(2 * kPatience) == std::future_status::ready ? code.get() : 4;
 }
 
 } // namespace kelutv::test

@@ -11,4 +11,16 @@ namespace kelutv::test {
  */
 int forkAndCall(const std::vector<std::string>& arguments);
 
+/**
+ * fork-and-stay NAME: calls the service and links to its death, forks a child that stays, prints the child's pid and
+ * stays itself.
+ */
+int forkAndStay(const std::vector<std::string>& arguments);
+
+/**
+ * fork-in-notice NAME: forks a child in the notice of the service's death, from which both return. 0 once the child has
+ * ended by itself, with 0.
+ */
+int forkInNotice(const std::vector<std::string>& arguments);
+
 } // namespace kelutv::test

@@ -22,6 +22,9 @@ using android::status_t;
 
 namespace {
 
+// Should nobody end it.
+constexpr unsigned kHelpersSeconds = 60;
+
 status_t replyOfSize(int32_t size, Parcel* reply) {
     const std::vector<std::uint8_t> bytes = pattern(static_cast<std::size_t>(size));
     return reply->setData(bytes.data(), bytes.size());
@@ -52,6 +55,16 @@ status_t forkChild(Parcel* reply) {
         ::waitpid(child, nullptr, 0);
     }
     return reply->writeInt32(gone ? 1 : 0);
+}
+
+status_t forkHelper(Parcel* reply) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::alarm(kHelpersSeconds);
+        ::pause();
+        ::_exit(0);
+    }
+    return reply->writeInt32(child);
 }
 
 status_t failWith(status_t status, Parcel* reply) {
@@ -115,6 +128,8 @@ status_t PeerService::onTransact(uint32_t code, const Parcel& data, Parcel* repl
         return forward(data, reply);
     case kFork:
         return forkChild(reply);
+    case kForkHelper:
+        return forkHelper(reply);
     case kExit:
         std::_Exit(0);
     default:

@@ -1,5 +1,6 @@
 // A process on the other side of the tests: peer ROLE ARGUMENT...
 
+#include "ClosedStreams.h"
 #include "ExitingCaller.h"
 #include "ForkingCaller.h"
 #include "OtherUser.h"
@@ -86,10 +87,18 @@ struct Role {
 };
 
 constexpr Role kRoles[] = {
-    {"serve", serve},          {"serve-as", serveAs},
-    {"add", addOnly},          {"exit-in-calls", exitInCalls},
-    {"fork", forkAndCall},     {"descriptors", printDescriptors},
-    {"connect-as", connectAs}, {"listen-as", listenAs},
+    {"serve", serve},
+    {"serve-as", serveAs},
+    {"add", addOnly},
+    {"exit-in-calls", exitInCalls},
+    {"fork", forkAndCall},
+    {"descriptors", printDescriptors},
+    {"connect-as", connectAs},
+    {"listen-as", listenAs},
+    {"fork-and-stay", forkAndStay},
+    {"fork-in-notice", forkInNotice},
+    {"closed-streams", callWithoutStreams},
+    {"exit-in-deliveries", exitInDeliveries},
 };
 
 int play(int count, char** words) {

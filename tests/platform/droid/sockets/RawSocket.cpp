@@ -47,8 +47,10 @@ kq::UniqueFd RawService::accept(const Bytes& greeting) const {
     return connection;
 }
 
+kq::UniqueFd rawSilentConnection(const std::string& path) { return bounded(kq::connectTo(path), "connect"); }
+
 kq::UniqueFd rawConnection(const std::string& path) {
-    kq::UniqueFd connection = bounded(kq::connectTo(path), "connect");
+    kq::UniqueFd connection = rawSilentConnection(path);
     receiveRaw(connection);
     return connection;
 }

@@ -28,6 +28,9 @@ private:
 /** A connection to a service, its greeting taken. */
 kq::UniqueFd rawConnection(const std::string& path);
 
+/** The same before its greeting. */
+kq::UniqueFd rawSilentConnection(const std::string& path);
+
 /** One packet, an empty one included. False when the other end is gone. */
 bool sendRaw(const kq::UniqueFd& socket, const Bytes& packet);
 

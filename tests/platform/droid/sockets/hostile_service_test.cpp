@@ -114,6 +114,29 @@ TEST_F(OddService, answersInManySmallPacketsAreTaken) {
     EXPECT_EQ(answer.get().bytes, (Bytes{1, 2, 3, 4, 5, 6}));
 }
 
+TEST_F(OddService, answerThatComesTwiceIsTakenForNoOther) {
+    auto answer = callEcho();
+    {
+        const kq::UniqueFd connection = acceptCall();
+        const Bytes twice = message(head(4, kEcho), replyOf({7}));
+        EXPECT_TRUE(sendRaw(connection, twice));
+        EXPECT_TRUE(sendRaw(connection, twice));
+        EXPECT_EQ(answer.get().bytes, replyOf({7}));
+        auto next = callEcho();
+        EXPECT_EQ(receiveRaw(connection), message(head(4, kEcho, 0, 0, 2), replyOf({7})));
+        EXPECT_EQ(next.get().status, android::FAILED_TRANSACTION);
+        EXPECT_EQ(receiveRaw(connection), Bytes()) << "the connection has not ended";
+    }
+    expectGoodAnswer();
+}
+
+TEST_F(OddService, answerOfAnotherRequestIsNone) {
+    auto answer = callEcho();
+    const kq::UniqueFd connection = acceptCall();
+    EXPECT_TRUE(sendRaw(connection, message(head(4, kEcho, 0, 0, 2), replyOf({7}))));
+    EXPECT_EQ(answer.get().status, android::FAILED_TRANSACTION);
+}
+
 TEST_F(OddService, bytesBesideAFailureAreDropped) {
     auto answer = callEcho();
     const kq::UniqueFd connection = acceptCall();

@@ -1,0 +1,100 @@
+#include "RawSocket.h"
+#include "platform/droid/Calls.h"
+#include "platform/droid/DroidTest.h"
+#include "platform/droid/ProcessCounts.h"
+#include "platform/droid/peer/Peer.h"
+#include "platform/droid/peer/PeerProtocol.h"
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace kelutv::test {
+namespace {
+
+using android::IBinder;
+using android::NO_ERROR;
+using android::sp;
+
+constexpr rlim_t kDescriptors = 4096;
+
+/** The address space of a process in KiB. */
+long addressSpaceOf(pid_t process) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("VmSize:", 0) == 0) {
+            return std::stol(line.substr(7));
+        }
+    }
+    return 0;
+}
+
+/** With as many descriptors as it takes, here and in the service. */
+class IdleClients : public DroidTest {
+protected:
+    IdleClients() {
+        ::getrlimit(RLIMIT_NOFILE, &mBefore);
+        const rlimit more{std::max(kDescriptors, mBefore.rlim_cur), mBefore.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &more);
+    }
+    ~IdleClients() override { ::setrlimit(RLIMIT_NOFILE, &mBefore); }
+
+    /** Connections that have been used once. */
+    std::vector<kq::UniqueFd> answeredClients(size_t number) const {
+        std::vector<kq::UniqueFd> clients;
+        while (clients.size() < number) {
+            clients.push_back(rawConnection(pathOf("peer")));
+            sendRaw(clients.back(), message(head(4, kEcho), replyOf({1})));
+            EXPECT_EQ(receiveRaw(clients.back()), message(head(4, kEcho), replyOf({1})));
+        }
+        return clients;
+    }
+
+private:
+    rlimit mBefore{};
+};
+
+TEST_F(IdleClients, proxiesThatNobodyUsesHinderNoCall) {
+    const Peer peer;
+    std::vector<sp<IBinder>> idle;
+    for (int i = 0; i < 1024; ++i) {
+        idle.push_back(service("peer"));
+        ASSERT_NE(idle.back(), nullptr) << i;
+    }
+    EXPECT_EQ(call(peer.binder(), kEcho, replyOf({7})).bytes, replyOf({7}));
+    EXPECT_TRUE(fallsTo({2048, 8}, peer.pid())) << countsOf(peer.pid());
+}
+
+TEST_F(IdleClients, costADescriptorEachAndNothingElse) {
+    const Peer peer;
+    const sp<IBinder> binder = peer.binder();
+    ASSERT_EQ(call(binder, kEcho).status, NO_ERROR);
+    // What the allocator reserves for threads it keeps; the first ones bring that in.
+    ASSERT_EQ(answeredClients(200).size(), 200u);
+    const ProcessCounts before = settledCountsOf(peer.pid());
+    const long spaceBefore = addressSpaceOf(peer.pid());
+    const std::vector<kq::UniqueFd> clients = answeredClients(200);
+    EXPECT_TRUE(fallsTo({before.descriptors + 200, before.threads + 1}, peer.pid())) << countsOf(peer.pid());
+    EXPECT_LT(addressSpaceOf(peer.pid()) - spaceBefore, 256 * 1024) << "KiB";
+    EXPECT_EQ(call(binder, kEcho, replyOf({7})).bytes, replyOf({7}));
+}
+
+TEST_F(IdleClients, thatHaveGoneLeaveNothing) {
+    const Peer peer;
+    const sp<IBinder> binder = peer.binder();
+    ASSERT_EQ(call(binder, kEcho).status, NO_ERROR);
+    const ProcessCounts before = settledCountsOf(peer.pid());
+    for (int i = 0; i < 1000; ++i) {
+        const kq::UniqueFd client = rawConnection(pathOf("peer"));
+        ASSERT_TRUE(sendRaw(client, head(0, kEcho)));
+        ASSERT_EQ(receiveRaw(client), head(0, kEcho)) << i;
+    }
+    EXPECT_TRUE(fallsTo(before, peer.pid())) << countsOf(peer.pid()) << ", not " << before;
+    EXPECT_EQ(call(binder, kEcho, replyOf({7})).bytes, replyOf({7}));
+}
+
+} // namespace
+} // namespace kelutv::test
