@@ -17,6 +17,8 @@ struct Event {
     std::size_t length;
 };
 
+constexpr std::size_t kEventIdSize = sizeof(Event::id);
+
 constexpr std::uint32_t moduleOf(std::uint32_t eventId) { return eventId & 0xFFFF0000; }
 
 } // namespace keluem

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <keluem/publisher.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -14,8 +16,11 @@ class EventQueue {
 public:
     bool empty() const { return mEntries.empty(); }
 
-    /** Adds a copy of an event; returns how many of the oldest had to go for it. Throws std::bad_alloc. */
-    std::size_t push(const Event& event);
+    /** Adds a copy of an event. Throws std::bad_alloc. */
+    void push(const Event& event);
+
+    /** True when the oldest event has to go. */
+    bool overfull() const { return mEntries.size() > kMaxQueuedEvents || mPayloadBytes > kMaxQueuedPayload; }
 
     /** The oldest event; points into the queue. */
     Event front() const;

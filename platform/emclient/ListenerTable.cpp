@@ -10,9 +10,14 @@ ListenerTable& ListenerTable::ofProcess() {
     return *table;
 }
 
-bool ListenerTable::set(unsigned int module, Listener listener) {
+void ListenerTable::set(unsigned int module, Listener listener) {
     const std::lock_guard<std::mutex> lock(mMutex);
-    return mListeners.insert_or_assign(module, listener).second;
+    mListeners.insert_or_assign(module, listener);
+}
+
+bool ListenerTable::has(unsigned int module) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    return mListeners.count(module) > 0;
 }
 
 std::vector<std::uint32_t> ListenerTable::modules() {

@@ -17,8 +17,10 @@ public:
     /** The table of this process; never destroyed. */
     static ListenerTable& ofProcess();
 
-    /** Sets the module's listener; false when that replaced one. */
-    bool set(unsigned int module, Listener listener);
+    /** Sets the module's listener, in place of the one that it may have. Throws std::bad_alloc. */
+    void set(unsigned int module, Listener listener);
+
+    bool has(unsigned int module);
 
     /** The modules that have a listener, in ascending order. */
     std::vector<std::uint32_t> modules();

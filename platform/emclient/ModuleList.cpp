@@ -1,60 +1,46 @@
 #include "ModuleList.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdio>
-
-#include "socket/UniqueFd.h"
+#include <algorithm>
+#include <cstring>
+#include <iterator>
 
 namespace keluem {
 
-namespace {
-
-std::string listOf(const std::string& socketPath) { return socketPath + ".modules"; }
-
-int writeWhole(const std::string& path, const void* data, std::size_t size) {
-    const kq::UniqueFd file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
-    if (!file) {
-        return -errno;
+std::optional<ModuleList> ModuleList::of(const void* packet, std::size_t size) {
+    std::uint32_t head[std::size(kEverythingPacket)];
+    if (size < sizeof(head) || size > kMaxPacket) {
+        return std::nullopt;
     }
-    const ssize_t written = ::write(file.get(), data, size);
-    if (written < 0) {
-        return -errno;
+    std::memcpy(head, packet, sizeof(head));
+    const std::size_t body = size - sizeof(head);
+    const std::uint32_t count = head[1];
+    if (head[0] != kVersion) {
+        return std::nullopt;
     }
-    return static_cast<std::size_t>(written) == size ? 0 : -ENOSPC;
+    if (count == kEverything) {
+        return body == 0 ? std::optional(ModuleList()) : std::nullopt;
+    }
+    if (count > kMaxModules || body != count * sizeof(std::uint32_t)) {
+        return std::nullopt;
+    }
+    std::vector<std::uint32_t> modules(count);
+    if (count > 0) {
+        std::memcpy(modules.data(), static_cast<const unsigned char*>(packet) + sizeof(head), body);
+    }
+    return ModuleList(std::move(modules));
 }
 
-} // namespace
-
-int writeModules(const std::string& socketPath, const std::vector<std::uint32_t>& modules) {
-    const std::string list = listOf(socketPath);
-    const std::string next = list + ".new";
-    int error = writeWhole(next, modules.data(), modules.size() * sizeof(modules[0]));
-    if (error == 0 && std::rename(next.c_str(), list.c_str()) != 0) {
-        error = -errno;
+std::vector<std::uint32_t> ModuleList::packet() const {
+    std::vector<std::uint32_t> words{kVersion, kEverything};
+    if (mModules) {
+        words[1] = static_cast<std::uint32_t>(mModules->size());
+        words.insert(words.end(), mModules->begin(), mModules->end());
     }
-    if (error != 0) {
-        ::unlink(next.c_str());
-    }
-    return error;
+    return words;
 }
 
-std::vector<std::uint32_t> readModules(const std::string& socketPath) {
-    std::vector<std::uint32_t> modules;
-    const kq::UniqueFd file(::open(listOf(socketPath).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    std::uint32_t words[64];
-    ssize_t size = 0;
-    while (file && (size = ::read(file.get(), words, sizeof(words))) > 0) {
-        modules.insert(modules.end(), words, words + static_cast<std::size_t>(size) / sizeof(words[0]));
-    }
-    return modules;
-}
-
-void removeSubscriber(const std::string& socketPath) {
-    ::unlink(socketPath.c_str());
-    ::unlink(listOf(socketPath).c_str());
+bool ModuleList::wants(std::uint32_t module) const {
+    return !mModules || std::find(mModules->begin(), mModules->end(), module) != mModules->end();
 }
 
 } // namespace keluem

@@ -1,34 +1,24 @@
 #include <keluem/publisher.h>
-#include <poll.h>
 #include <sys/eventfd.h>
 
 #include <atomic>
 #include <cerrno>
-#include <iterator>
-#include <map>
 #include <mutex>
 #include <new>
-#include <string>
+#include <optional>
 #include <system_error>
 #include <thread>
-#include <vector>
+#include <utility>
 
+#include "DeferredLog.h"
 #include "Event.h"
-#include "ModuleList.h"
-#include "SubscriberLink.h"
 #include "SubscriberRoom.h"
-#include "socket/ProcessLife.h"
+#include "SubscriberSet.h"
+#include "socket/Descriptors.h"
 #include "socket/QuietThread.h"
 #include "socket/UniqueFd.h"
 
 namespace keluem {
-
-namespace {
-
-/** How long until a subscriber that could not be reached is tried again. */
-constexpr int kRetryMs = 50;
-
-} // namespace
 
 class Publisher::Implementation {
 public:
@@ -39,165 +29,108 @@ public:
 
 private:
     int prepare();
-    int startFlushing();
-    void findSubscribers();
-    void addSubscriber(const std::string& entry);
-    /** Calls `take` on every link and forgets those for which it gives false: their subscribers are gone. */
-    template <typename Function> void forEachLink(Function take);
-    bool anyWaiting() const;
-    void wakeFlushing();
-
-    void runFlushing();
-    bool flushOnce(std::vector<pollfd>& polled);
-    int collectWaiting(std::vector<pollfd>& polled) const;
+    int start();
+    void wake();
+    void run();
+    bool serveOnce(int* timeout);
 
     std::mutex mMutex;
-    SubscriberRoom mRoom;
-    std::map<std::string, SubscriberLink> mLinks;
     std::atomic<std::uint64_t> mDropped{0};
-
+    SubscriberSet mSubscribers{mDropped};
     bool mStop = false;
     kq::UniqueFd mWake;
-    std::thread mFlushing;
+    std::thread mThread;
 };
 
 Publisher::Implementation::~Implementation() {
-    if (mFlushing.joinable()) {
+    if (mThread.joinable()) {
         {
             const std::lock_guard<std::mutex> lock(mMutex);
             mStop = true;
         }
-        wakeFlushing();
-        mFlushing.join();
+        wake();
+        mThread.join();
     }
 }
 
 int Publisher::Implementation::publish(const Event& event) {
+    int error = prepare();
+    if (error != 0) {
+        return error;
+    }
+    DeferredLog log;
     const std::lock_guard<std::mutex> lock(mMutex);
-    const int error = prepare();
-    if (error == 0) {
-        const std::uint32_t module = moduleOf(event.id);
-        forEachLink([&](SubscriberLink& link) { return !link.wants(module) || link.send(event); });
-        if (anyWaiting()) {
-            wakeFlushing();
+    error = mSubscribers.serve(log);
+    mSubscribers.send(event, log);
+    if (mSubscribers.planned()) {
+        wake();
+    }
+    return error;
+}
+
+/** Opens the room without the lock, since what is wrong with it is logged. */
+int Publisher::Implementation::prepare() {
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        const int error = mThread.joinable() ? 0 : start();
+        if (error != 0 || !mSubscribers.needsRoom()) {
+            return error;
         }
     }
-    return error;
+    std::optional<SubscriberRoom> room = SubscriberRoom::open();
+    const std::lock_guard<std::mutex> lock(mMutex);
+    if (room && mSubscribers.needsRoom()) {
+        mSubscribers.follow(std::move(*room));
+    }
+    return mSubscribers.follows() ? 0 : -EACCES;
 }
 
-int Publisher::Implementation::prepare() {
-    if (!mRoom.follow()) {
-        return -EACCES;
+int Publisher::Implementation::start() {
+    if (const int error = mSubscribers.open(); error != 0) {
+        return error;
     }
-    const int error = mFlushing.joinable() ? 0 : startFlushing();
-    if (error == 0 && mRoom.changed()) {
-        findSubscribers();
-    }
-    return error;
-}
-
-int Publisher::Implementation::startFlushing() {
-    mWake = kq::UniqueFd(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
     if (!mWake) {
-        return -errno;
+        mWake = kq::openDescriptor([] { return ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK); });
+        if (!mWake) {
+            return -errno;
+        }
+        if (!mSubscribers.poller().add(mWake.get(), EPOLLIN, nullptr)) {
+            const int error = errno;
+            mWake = kq::UniqueFd();
+            return -error;
+        }
     }
     try {
-        mFlushing = kq::startQuietThread("keluem-publish", [this] { runFlushing(); });
+        mThread = kq::startQuietThread("keluem-publish", [this] { run(); });
     } catch (const std::system_error& error) {
         return -error.code().value();
     }
     return 0;
 }
 
-void Publisher::Implementation::findSubscribers() {
-    for (const std::string& entry : mRoom.entries()) {
-        if (mLinks.count(entry) == 0) {
-            addSubscriber(entry);
-        }
-    }
-    for (auto& link : mLinks) {
-        link.second.readModules();
-    }
-}
+void Publisher::Implementation::wake() { static_cast<void>(::eventfd_write(mWake.get(), 1)); }
 
-void Publisher::Implementation::addSubscriber(const std::string& entry) {
-    const std::string path = mRoom.pathOf(entry);
-    const auto added = mLinks.try_emplace(entry, path, mDropped).first;
-    const SubscriberLink::Attempt attempt = added->second.connect();
-    if (attempt == SubscriberLink::Attempt::Dead) {
-        removeSubscriber(path);
-    }
-    if (attempt == SubscriberLink::Attempt::Dead || attempt == SubscriberLink::Attempt::Foreign) {
-        mLinks.erase(added);
-    }
-}
-
-template <typename Function> void Publisher::Implementation::forEachLink(Function take) {
-    bool anyGone = false;
-    for (auto link = mLinks.begin(); link != mLinks.end();) {
-        const bool gone = !take(link->second);
-        link = gone ? mLinks.erase(link) : std::next(link);
-        anyGone = anyGone || gone;
-    }
-    if (anyGone) {
-        findSubscribers(); // removes what the dead left in the room
-    }
-}
-
-bool Publisher::Implementation::anyWaiting() const {
-    for (const auto& link : mLinks) {
-        if (link.second.waiting()) {
-            return true;
-        }
-    }
-    return false;
-}
-
-void Publisher::Implementation::wakeFlushing() { static_cast<void>(::eventfd_write(mWake.get(), 1)); }
-
-void Publisher::Implementation::runFlushing() {
-    std::vector<pollfd> polled;
-    bool more = true;
-    while (more) {
-        try {
-            more = flushOnce(polled);
-        } catch (const std::bad_alloc&) {
-            ::poll(nullptr, 0, kRetryMs);
-        }
-    }
+void Publisher::Implementation::run() {
+    int timeout = 0;
+    do {
+        epoll_event any;
+        mSubscribers.poller().ready(&any, 1, timeout);
+        eventfd_t wakes = 0;
+        static_cast<void>(::eventfd_read(mWake.get(), &wakes));
+    } while (serveOnce(&timeout));
 }
 
 /** False when the publisher is being destroyed. */
-bool Publisher::Implementation::flushOnce(std::vector<pollfd>& polled) {
-    int timeout = 0;
-    {
-        const std::lock_guard<std::mutex> lock(mMutex);
-        if (mStop) {
-            return false;
-        }
-        timeout = collectWaiting(polled);
-    }
-    ::poll(polled.data(), polled.size(), timeout);
-    eventfd_t wakes = 0;
-    static_cast<void>(::eventfd_read(mWake.get(), &wakes));
+bool Publisher::Implementation::serveOnce(int* timeout) {
+    DeferredLog log;
     const std::lock_guard<std::mutex> lock(mMutex);
-    forEachLink([](SubscriberLink& link) { return link.flush(); });
-    return true;
-}
-
-/** Lists what to wait for; returns the longest time to wait, in milliseconds. */
-int Publisher::Implementation::collectWaiting(std::vector<pollfd>& polled) const {
-    polled.assign(1, {mWake.get(), POLLIN, 0});
-    int timeout = -1;
-    for (const auto& entry : mLinks) {
-        const SubscriberLink& link = entry.second;
-        if (link.waiting() && link.fd() >= 0) {
-            polled.push_back({link.fd(), POLLOUT, 0});
-        } else if (link.waiting()) {
-            timeout = kRetryMs;
-        }
+    if (!mStop) {
+        mSubscribers.serve(log);
+        mSubscribers.catchUp(log);
+        static_cast<void>(mSubscribers.planned());
+        *timeout = mSubscribers.timeToPlan();
     }
-    return timeout;
+    return !mStop;
 }
 
 Publisher::Publisher() noexcept : mImplementation(new (std::nothrow) Implementation) { kq::watchForks(); }

@@ -12,23 +12,40 @@ namespace keluem {
 /** A publisher's view of the room in which the subscribers are found. */
 class SubscriberRoom {
 public:
-    /** Opens the room if it is not open or was deleted, and learns of changes. False when it cannot be used. */
-    bool follow();
+    /** Opens the room; empty, with the reason in the log, when it cannot be used. */
+    static std::optional<SubscriberRoom> open();
 
-    /** Tells, once, whether entries may have come since the last answer. */
-    bool changed();
+    /** Readable when entries have come or gone; -1 when the system gives no watch. */
+    int watch() const { return mWatch.get(); }
 
-    /** The subscribers' entries. */
-    std::vector<std::string> entries() const;
+    /** True when the room itself was deleted. */
+    bool gone() const { return mGone; }
 
-    std::string pathOf(const std::string& entry) const { return mDirectory->pathOf(entry); }
+    /** Makes `news` give every entry again. */
+    void lookAgain() { mLookAgain = true; }
+
+    /** True when `news` is to be asked again though the watch says nothing. */
+    bool hasUnread() const { return mLookAgain; }
+
+    /**
+     * The entries that have come since the last time, some of them perhaps known already; all of them the first time.
+     * What processes that died too early have left is removed. Throws std::bad_alloc.
+     * @return 0 or a negative errno value, when the room could not be read and will have to be looked at again
+     */
+    int news(std::vector<std::string>* entries);
+
+    std::string pathOf(const std::string& entry) const { return mDirectory.pathOf(entry); }
 
 private:
-    void readWatch();
+    explicit SubscriberRoom(kq::RuntimeDirectory directory);
 
-    std::optional<kq::RuntimeDirectory> mDirectory;
+    void readWatch(std::vector<std::string>* entries);
+    bool isUnfinished(const std::string& entry) const;
+
+    kq::RuntimeDirectory mDirectory;
     kq::UniqueFd mWatch;
-    bool mChanged = false;
+    bool mGone = false;
+    bool mLookAgain = true;
 };
 
 } // namespace keluem

@@ -1,198 +1,224 @@
 #include "Subscription.h"
 
-#include <android/log.h>
-#include <keluem/publisher.h>
-#include <pthread.h>
-#include <sys/random.h>
-#include <unistd.h>
+#include <poll.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdint>
-#include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <iterator>
 #include <new>
-#include <system_error>
+#include <utility>
 
-#include "Event.h"
-#include "ListenerTable.h"
 #include "ModuleList.h"
-#include "socket/ProcessLife.h"
+#include "socket/Descriptors.h"
 #include "socket/QuietThread.h"
-#include "socket/RuntimeDirectory.h"
-#include "socket/SeqPacket.h"
 
 namespace keluem {
 
 namespace {
 
-constexpr int kAcceptPauseMs = 100;
-constexpr std::size_t kIdSize = sizeof(Event::id);
+using std::chrono::milliseconds;
 
-std::string newEntryName() {
-    std::uint32_t number = 0;
-    static_cast<void>(::getrandom(&number, sizeof(number), 0));
-    return std::to_string(::getpid()) + '-' + std::to_string(number);
-}
+/** Until connections are accepted again that could not be, or were too many. */
+constexpr milliseconds kAcceptPause{50};
+
+/** How often the thread looks whether the entry is still there. */
+constexpr milliseconds kLookAtEntry{5000};
+
+constexpr std::uint32_t kOneConnection = EPOLLIN | EPOLLONESHOT;
 
 } // namespace
-
-/** A received event, placed so that the payload is aligned for any type. */
-struct Subscription::Packet {
-    alignas(std::max_align_t) unsigned char gapAndId[sizeof(std::max_align_t)];
-    unsigned char payload[kMaxPayload];
-
-    unsigned char* start() { return payload - kIdSize; }
-};
 
 Subscription& Subscription::ofProcess() {
     static Subscription* const subscription = new Subscription;
     return *subscription;
 }
 
-Subscription::Subscription() : mPacket(std::make_unique<Packet>()) {
+Subscription::Subscription()
+    : mEntryName(SubscriberEntry::newName()), mListeners(ListenerTable::ofProcess()),
+      mPacket(std::make_unique<EventPacket>()), mNextLook(Clock::now() + kLookAtEntry) {
     kq::watchForks();
-    ::pthread_atfork([] { ofProcess().mDescriptors.lock(); }, [] { ofProcess().mDescriptors.unlock(); },
-                     [] { ofProcess().closeInForkedChild(); });
 }
 
-int Subscription::start() {
-    const std::lock_guard<std::mutex> lock(mStart);
-    if (mStarted) {
-        return 0;
-    }
-    int error = open();
+int Subscription::addListener(unsigned int module, Listener listener) {
+    int error = ensureEntry();
     if (error == 0) {
-        error = startDelivery();
+        error = setListener(module, listener);
+        if (error != 0) {
+            mListeners.remove(module);
+        }
     }
-    mStarted = error == 0;
     return error;
 }
 
-int Subscription::tellModules() {
-    const std::lock_guard<std::mutex> lock(mStart);
-    return writeModules(mEntryPath, ListenerTable::ofProcess().modules());
+int Subscription::setListener(unsigned int module, Listener listener) {
+    DeferredLog log;
+    const std::lock_guard<std::mutex> lock(mMutex);
+    if (mListeners.has(module)) {
+        mListeners.set(module, listener);
+        return 0;
+    }
+    acceptWaiting(log); // what they have sent is from before this listener
+    std::vector<std::uint32_t> modules = mListeners.modules();
+    if (modules.size() == kMaxModules) {
+        return -ENOSPC;
+    }
+    modules.push_back(module);
+    const std::vector<std::uint32_t> words = ModuleList(std::move(modules)).packet();
+    mConnections.startModule(module);
+    mListeners.set(module, listener);
+    return mConnections.tell(words);
 }
 
-/** The entry gets its name only when the socket listens, so an entry that refuses a connection is a dead one. */
-int Subscription::open() {
-    const auto room = kq::RuntimeDirectory::open(kEventRoom);
-    if (!room) {
-        return -EACCES;
+int Subscription::removeListener(unsigned int module) {
+    if (!mListeners.remove(module)) {
+        return -ENOENT;
     }
-    const std::string name = newEntryName();
-    const std::string unfinished = room->pathOf('.' + name);
-    const std::lock_guard<std::mutex> lock(mDescriptors);
-    mListener = kq::listenAt(unfinished);
-    if (!mListener) {
-        const int error = errno;
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "listening at %s: %s", unfinished.c_str(),
-                            std::strerror(error));
-        return -error;
-    }
-    mEntryPath = room->pathOf(name);
-    if (std::rename(unfinished.c_str(), mEntryPath.c_str()) != 0) {
-        const int error = errno;
-        ::unlink(unfinished.c_str());
-        return -error;
-    }
+    // Publishers that do not learn of it send events that find no listener.
+    const std::lock_guard<std::mutex> lock(mMutex);
+    static_cast<void>(mConnections.tell(list()));
     return 0;
+}
+
+std::vector<std::uint32_t> Subscription::list() { return ModuleList(mListeners.modules()).packet(); }
+
+/** Makes the entry unless it is there. Opens it without the lock, since what is wrong with the room is logged. */
+int Subscription::ensureEntry() {
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        if (mLeft || mEntry.present()) {
+            return 0;
+        }
+    }
+    SubscriberEntry entry;
+    if (const int error = entry.open(mEntryName); error != 0) {
+        return error;
+    }
+    DeferredLog log;
+    const std::lock_guard<std::mutex> lock(mMutex);
+    return mLeft || mEntry.present() ? 0 : install(std::move(entry), log);
+}
+
+int Subscription::install(SubscriberEntry entry, DeferredLog& log) {
+    if (const int error = mPoller.open(); error != 0) {
+        return error;
+    }
+    if (!mPoller.add(entry.listener(), kOneConnection, &mEntry)) {
+        return -errno;
+    }
+    if (mEntry.listening()) {
+        acceptWaiting(log);
+        mPoller.remove(mEntry.listener());
+    }
+    mEntry = std::move(entry);
+    const int error = mDelivering ? 0 : startDelivery();
+    if (error != 0) {
+        mEntry.remove();
+    }
+    return error;
 }
 
 int Subscription::startDelivery() {
-    mPolled.assign(1, {mListener.get(), POLLIN, 0});
-    try {
-        kq::startQuietThread("keluem-events", [this] { run(); }).detach();
-    } catch (const std::system_error& error) {
-        leaveRoom();
-        return -error.code().value();
+    const int error = kq::startDetachedThread("keluem-events", kq::kDefaultStack, [this] { run(); });
+    if (error == 0) {
+        mDelivering = true;
+        std::atexit([] { ofProcess().leaveRoom(); });
     }
-    std::atexit([] { ofProcess().leaveRoom(); });
-    return 0;
+    return -error;
 }
 
 void Subscription::leaveRoom() {
     if (!kq::inForkedChild()) {
-        removeSubscriber(mEntryPath);
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mLeft = true;
+        mEntry.remove();
     }
 }
 
-/** A socket left open here would keep the parent's subscription looking alive after the parent's death. */
-void Subscription::closeInForkedChild() {
-    mListener = kq::UniqueFd();
-    mConnections.clear();
-    mDescriptors.unlock();
-}
+bool Subscription::acceptWaiting(DeferredLog& log) { return mConnections.accept(mEntry.listener(), list(), log); }
 
 void Subscription::run() {
     for (;;) {
-        mPolled[0].events = mAcceptPaused ? 0 : POLLIN;
-        const int ready = ::poll(mPolled.data(), mPolled.size(), mAcceptPaused ? kAcceptPauseMs : -1);
+        try {
+            serve();
+            upkeep();
+        } catch (const std::bad_alloc&) {
+            pauseAccepting();
+            ::poll(nullptr, 0, kAcceptPause.count());
+        }
+    }
+}
+
+int Subscription::timeToUpkeep() const {
+    const Clock::time_point next = mAcceptPaused ? std::min(mAcceptAgain, mNextLook) : mNextLook;
+    const auto left = std::chrono::ceil<milliseconds>(next - Clock::now());
+    return static_cast<int>(std::max(left, milliseconds(0)).count());
+}
+
+void Subscription::upkeep() {
+    const Clock::time_point now = Clock::now();
+    if (mAcceptPaused && now >= mAcceptAgain) {
         mAcceptPaused = false;
-        if (ready <= 0) {
-            continue;
-        }
-        for (std::size_t index = mConnections.size(); index-- > 0;) {
-            if (mPolled[index + 1].revents != 0 && !receiveEvent(mPolled[index + 1].fd)) {
-                closeConnection(index);
-            }
-        }
-        if (mPolled[0].revents != 0) {
-            acceptConnection();
+        listenAgain();
+    }
+    if (now >= mNextLook) {
+        mNextLook = now + kLookAtEntry;
+        static_cast<void>(ensureEntry());
+    }
+}
+
+void Subscription::serve() {
+    epoll_event ready[16];
+    const std::size_t count = mPoller.ready(ready, std::size(ready), timeToUpkeep());
+    for (std::size_t i = 0; i < count; ++i) {
+        if (ready[i].data.ptr == &mEntry) {
+            acceptPublishers();
+        } else {
+            receiveFrom(*static_cast<PublisherConnection*>(ready[i].data.ptr), ready[i].events);
         }
     }
 }
 
-void Subscription::acceptConnection() {
-    kq::Peer peer{};
-    try {
-        const std::lock_guard<std::mutex> lock(mDescriptors);
-        kq::UniqueFd connection = kq::acceptFrom(mListener.get(), &peer);
-        if (connection) {
-            addConnection(std::move(connection));
-            return;
-        }
-    } catch (const std::bad_alloc&) {
-        errno = ENOMEM;
+void Subscription::acceptPublishers() {
+    bool all = false;
+    {
+        DeferredLog log;
+        const std::lock_guard<std::mutex> lock(mMutex);
+        all = acceptWaiting(log);
     }
-    if (errno == EACCES) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "publisher of uid %u refused",
-                            static_cast<unsigned int>(peer.uid));
+    if (all) {
+        listenAgain();
     } else {
-        // Out of descriptors or memory: the connection stays in the backlog, and trying at once would only spin.
-        mAcceptPaused = true;
+        pauseAccepting();
     }
 }
 
-void Subscription::addConnection(kq::UniqueFd connection) {
-    mPolled.reserve(mPolled.size() + 1);
-    mConnections.push_back(std::move(connection));
-    mPolled.push_back({mConnections.back().get(), POLLIN, 0});
+void Subscription::pauseAccepting() {
+    mAcceptPaused = true;
+    mAcceptAgain = Clock::now() + kAcceptPause;
 }
 
-void Subscription::closeConnection(std::size_t index) {
-    const std::lock_guard<std::mutex> lock(mDescriptors);
-    mConnections[index] = std::move(mConnections.back());
-    mConnections.pop_back();
-    mPolled[index + 1] = mPolled.back();
-    mPolled.pop_back();
+void Subscription::listenAgain() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mPoller.change(mEntry.listener(), kOneConnection, &mEntry);
 }
 
-bool Subscription::receiveEvent(int connection) {
-    const std::size_t size = kq::receivePacket(connection, mPacket->start(), kIdSize + kMaxPayload);
-    if (size == 0) {
-        return false;
+/** Whether an event is wanted is decided when it is received: a listener that comes later is not called with it. */
+void Subscription::receiveFrom(PublisherConnection& connection, std::uint32_t events) {
+    bool wanted = false;
+    {
+        DeferredLog log;
+        const std::lock_guard<std::mutex> lock(mMutex);
+        if ((events & EPOLLOUT) != 0) {
+            mConnections.catchUp(connection, list());
+        }
+        wanted = mConnections.receive(connection, mPacket.get(), log) == PublisherConnection::Received::Event &&
+                 mListeners.has(moduleOf(mPacket->id()));
     }
-    if (size < kIdSize || size > kIdSize + kMaxPayload) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "publisher of pid %d sent %zu bytes, which is no event: closed",
-                            kq::peerOf(connection).pid, size);
-        return false;
+    if (wanted) {
+        const auto length = static_cast<unsigned int>(mPacket->length());
+        mListeners.deliver(mPacket->id(), length == 0 ? nullptr : mPacket->payload, length);
     }
-    std::uint32_t id = 0;
-    std::memcpy(&id, mPacket->start(), kIdSize);
-    const std::size_t length = size - kIdSize;
-    ListenerTable::ofProcess().deliver(id, length == 0 ? nullptr : mPacket->payload, static_cast<unsigned int>(length));
-    return true;
 }
 
 } // namespace keluem

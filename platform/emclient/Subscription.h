@@ -1,57 +1,69 @@
 #pragma once
 
-#include <poll.h>
-
-#include <cstddef>
+#include <chrono>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
 
-#include "socket/UniqueFd.h"
+#include "ListenerTable.h"
+#include "Poller.h"
+#include "PublisherConnections.h"
+#include "SubscriberEntry.h"
 
 namespace keluem {
 
-/** The listening socket of this process at which publishers connect, and the thread that reads their events. */
+/** What this process listens to: the socket at which publishers connect, and the thread that reads their events. */
 class Subscription {
 public:
     /** The subscription of this process; never destroyed. */
     static Subscription& ofProcess();
 
-    /** Makes the socket and the thread unless they are there. Returns 0 or a negative errno value. */
-    int start();
-
-    /** Tells publishers which modules have a listener now. Returns 0 or a negative errno value. */
-    int tellModules();
+    /** @name As the functions of emal.h, for arguments that are right. They throw std::bad_alloc.
+     * @{
+     */
+    int addListener(unsigned int module, Listener listener);
+    int removeListener(unsigned int module);
+    /** @} */
 
 private:
-    struct Packet;
+    using Clock = std::chrono::steady_clock;
 
     Subscription();
 
-    int open();
+    int ensureEntry();
+    int install(SubscriberEntry entry, DeferredLog& log);
     int startDelivery();
     void leaveRoom();
-    void closeInForkedChild();
+
+    int setListener(unsigned int module, Listener listener);
+    std::vector<std::uint32_t> list();
+    bool acceptWaiting(DeferredLog& log);
 
     void run();
-    void acceptConnection();
-    void addConnection(kq::UniqueFd connection);
-    void closeConnection(std::size_t index);
-    bool receiveEvent(int connection);
+    int timeToUpkeep() const;
+    void upkeep();
+    void serve();
+    void acceptPublishers();
+    void pauseAccepting();
+    void listenAgain();
+    void receiveFrom(PublisherConnection& connection, std::uint32_t events);
 
-    std::mutex mStart;
-    bool mStarted = false;
-    std::string mEntryPath;
+    const std::string mEntryName;
+    ListenerTable& mListeners;
 
-    /** Held while descriptors come and go, so that a fork finds them all. */
-    std::mutex mDescriptors;
-    kq::UniqueFd mListener;
-    std::vector<kq::UniqueFd> mConnections;
+    std::mutex mMutex;
+    Poller mPoller;
+    SubscriberEntry mEntry;
+    PublisherConnections mConnections{mPoller};
+    bool mDelivering = false;
+    bool mLeft = false;
 
     // Only for the delivery thread.
-    std::unique_ptr<Packet> mPacket;
-    std::vector<pollfd> mPolled; // the listener, then the connections in their order
+    std::unique_ptr<EventPacket> mPacket;
+    Clock::time_point mNextLook;
+    Clock::time_point mAcceptAgain{};
     bool mAcceptPaused = false;
 };
 

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <mutex>
 #include <utility>
 
@@ -51,14 +50,6 @@ std::vector<std::string> eventEntries() {
     }
     return names;
 }
-
-void writeModuleList(const std::string& socketPath, unsigned int module) {
-    const std::string list = socketPath + ".modules";
-    std::ofstream(list + ".new", std::ios::binary).write(reinterpret_cast<const char*>(&module), sizeof(module));
-    std::filesystem::rename(list + ".new", list);
-}
-
-void removeModuleList(const std::string& socketPath) { std::filesystem::remove(socketPath + ".modules"); }
 
 std::size_t entriesOf(pid_t process) {
     const std::vector<std::string> names = eventEntries();

@@ -27,10 +27,6 @@ std::string eventRoom();
 /** The names in the event room. */
 std::vector<std::string> eventEntries();
 
-/** Writes the list of one module that belongs to the subscriber's socket at `socketPath`. */
-void writeModuleList(const std::string& socketPath, unsigned int module);
-void removeModuleList(const std::string& socketPath);
-
 /** How many entries in the event room are of one process. */
 std::size_t entriesOf(pid_t process);
 

@@ -10,6 +10,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstring>
 #include <stdexcept>
 #include <vector>
@@ -19,6 +20,7 @@ namespace kelutv::test {
 namespace {
 
 constexpr std::size_t kLargestPacket = 4 + 65536;
+constexpr unsigned int kProtocolVersion = 1;
 
 std::string pathInRoom(const std::string& name) {
     runtimeDir();
@@ -36,18 +38,15 @@ bool readable(int fd, std::chrono::milliseconds patience = kPatience) {
 
 } // namespace
 
-FakeSubscriber::FakeSubscriber(const std::string& name, unsigned int module)
-    : mPath(pathInRoom(name)), mListener(kq::listenAt(mPath)) {
-    if (!mListener) {
+FakeSubscriber::FakeSubscriber(const std::string& name) : mPath(pathInRoom(name)) {
+    const std::string unfinished = pathInRoom(".unfinished");
+    mListener = kq::listenAt(unfinished);
+    if (!mListener || std::rename(unfinished.c_str(), mPath.c_str()) != 0) {
         throw std::runtime_error("no socket at " + mPath);
     }
-    writeModuleList(mPath, module);
 }
 
-FakeSubscriber::~FakeSubscriber() {
-    ::unlink(mPath.c_str());
-    removeModuleList(mPath);
-}
+FakeSubscriber::~FakeSubscriber() { ::unlink(mPath.c_str()); }
 
 void FakeSubscriber::limitBacklog(int waiting) {
     // The system lets one more wait than it is told.
@@ -62,6 +61,33 @@ void FakeSubscriber::accept() {
     if (!mConnection) {
         throw std::runtime_error("no publisher has connected");
     }
+}
+
+void FakeSubscriber::accept(const std::vector<unsigned int>& modules) {
+    accept();
+    tell(modules);
+}
+
+void FakeSubscriber::tell(const std::vector<unsigned int>& modules) {
+    std::vector<unsigned int> words{kProtocolVersion, static_cast<unsigned int>(modules.size())};
+    words.insert(words.end(), modules.begin(), modules.end());
+    if (!send(words)) {
+        throw std::runtime_error("the publisher cannot be told");
+    }
+}
+
+bool FakeSubscriber::send(const std::vector<unsigned int>& words) {
+    return ::send(mConnection.get(), words.data(), words.size() * sizeof(words[0]), MSG_NOSIGNAL | MSG_DONTWAIT) >= 0;
+}
+
+bool FakeSubscriber::isClosed() {
+    std::vector<unsigned char> packet(kLargestPacket);
+    while (readable(mConnection.get())) {
+        if (kq::receivePacket(mConnection.get(), packet.data(), packet.size()) == 0) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::optional<unsigned int> FakeSubscriber::nextId() {
@@ -91,8 +117,8 @@ bool FakeSubscriber::hasConnection() const { return readable(mListener.get(), st
 bool FakeSubscriber::hasEvent() const { return readable(mConnection.get(), std::chrono::milliseconds(0)); }
 
 void FakeSubscriber::die() {
-    mConnection = kq::UniqueFd();
     mListener = kq::UniqueFd();
+    mConnection = kq::UniqueFd();
 }
 
 } // namespace kelutv::test

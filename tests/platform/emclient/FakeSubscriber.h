@@ -8,10 +8,10 @@
 
 namespace kelutv::test {
 
-/** An entry in the event room, for one module, whose socket the test itself reads, or does not read. */
+/** An entry in the event room whose socket the test itself reads and writes, or does not. */
 class FakeSubscriber {
 public:
-    FakeSubscriber(const std::string& name, unsigned int module);
+    explicit FakeSubscriber(const std::string& name);
     ~FakeSubscriber();
     FakeSubscriber(const FakeSubscriber&) = delete;
     FakeSubscriber& operator=(const FakeSubscriber&) = delete;
@@ -19,8 +19,20 @@ public:
     /** Lets only `waiting` connections wait for `accept`. */
     void limitBacklog(int waiting);
 
-    /** Takes the first waiting connection; the events read from then on come from it. */
+    /** Takes the first waiting connection, and takes the place of its subscriber: what is read and told is its. */
     void accept();
+
+    /** Takes the first waiting connection and tells its publisher the modules that are wanted. */
+    void accept(const std::vector<unsigned int>& modules);
+
+    /** Tells the publisher the modules that are wanted from now on. */
+    void tell(const std::vector<unsigned int>& modules);
+
+    /** Sends the publisher a packet; false when it is gone or the packet cannot be sent at once. */
+    bool send(const std::vector<unsigned int>& words);
+
+    /** True when the publisher closes the connection before the time is over. */
+    bool isClosed();
 
     /** The next event's identifier; nothing when the publisher has gone or none comes in time. */
     std::optional<unsigned int> nextId();

@@ -56,9 +56,13 @@ int publish(int socket, const sockaddr_un& address, unsigned int event) {
     return 0;
 }
 
-int subscribe(int socket, const sockaddr_un& address) {
+int subscribe(int socket, const std::string& path) {
+    // A subscriber's entry gets its name when its socket listens.
+    const std::string unfinished = path.substr(0, path.rfind('/')) + "/.peer";
+    const sockaddr_un address = addressOf(unfinished.c_str());
     if (::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0 ||
-        ::chmod(address.sun_path, 0777) != 0 || ::listen(socket, 5) != 0) {
+        ::chmod(address.sun_path, 0777) != 0 || ::listen(socket, 5) != 0 ||
+        std::rename(unfinished.c_str(), path.c_str()) != 0) {
         return failed("listen");
     }
     say("ready");
@@ -79,13 +83,12 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::string role = argv[1];
-    const sockaddr_un address = addressOf(argv[3]);
     if (!become(static_cast<uid_t>(std::stoul(argv[2])))) {
         return failed("setuid");
     }
     const int socket = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
     if (role == "publish" && argc == 5) {
-        return publish(socket, address, static_cast<unsigned int>(std::stoul(argv[4], nullptr, 0)));
+        return publish(socket, addressOf(argv[3]), static_cast<unsigned int>(std::stoul(argv[4], nullptr, 0)));
     }
-    return role == "subscribe" ? subscribe(socket, address) : 2;
+    return role == "subscribe" ? subscribe(socket, argv[3]) : 2;
 }

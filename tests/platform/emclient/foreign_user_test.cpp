@@ -96,7 +96,6 @@ TEST(ForeignPublisher, ofAnotherUserIsShutOut) {
 TEST(ForeignSubscriber, ofThisUserIsServed) {
     EventRecorder recorder(kModule);
     const std::string path = kelutv::test::eventRoom() + "/1-peer";
-    kelutv::test::writeModuleList(path, kModule);
     ChildProcess peer({KELUTV_EVENT_PEER, "subscribe", kSameUser, path}, capturing());
     ASSERT_TRUE(peer.output().waitFor("ready\n"));
     keluem::Publisher publisher;
@@ -104,7 +103,6 @@ TEST(ForeignSubscriber, ofThisUserIsServed) {
     EXPECT_EQ(peer.exitCode(), 0);
     EXPECT_EQ(peer.output().text(), "ready\nevent\n");
     ::unlink(path.c_str());
-    kelutv::test::removeModuleList(path);
 }
 
 TEST(ForeignSubscriber, ofAnotherUserIsSentNothing) {
@@ -116,7 +114,6 @@ TEST(ForeignSubscriber, ofAnotherUserIsSentNothing) {
     keluem::Publisher publisher;
     publisher.publish(kModule, nullptr, 0);
     const std::string path = kelutv::test::eventRoom() + "/1-peer";
-    kelutv::test::writeModuleList(path, kModule);
     {
         const OpenedDirectory opened;
         ChildProcess peer({KELUTV_EVENT_PEER, "subscribe", kNobody, path}, capturing());
@@ -128,7 +125,6 @@ TEST(ForeignSubscriber, ofAnotherUserIsSentNothing) {
     EXPECT_TRUE(logged(log, "subscriber of uid 65534 refused"));
     EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kModule, kModule + 1}));
     ::unlink(path.c_str());
-    kelutv::test::removeModuleList(path);
 }
 
 } // namespace

@@ -26,6 +26,13 @@ void publishRange(keluem::Publisher& publisher, unsigned int first, unsigned int
     }
 }
 
+/** Makes the publisher find the subscriber, which says that it wants the module. */
+void link(keluem::Publisher& publisher, FakeSubscriber& subscriber, unsigned int module) {
+    ASSERT_EQ(publisher.publish(0, nullptr, 0), 0);
+    subscriber.accept({module});
+    ASSERT_EQ(subscriber.nextId(), 0U);
+}
+
 std::vector<unsigned int> idsFrom(unsigned int first, std::size_t count) {
     std::vector<unsigned int> ids(count);
     std::iota(ids.begin(), ids.end(), first);
@@ -52,11 +59,11 @@ void expectHeadAndTail(const std::vector<unsigned int>& ids, unsigned int first,
 TEST(SlowSubscriber, losesTheOldestBeyondTheBoundOfEvents) {
     constexpr unsigned int kCount = 5000;
     LogCapture log;
-    FakeSubscriber slow("1-slow", kModule);
+    FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
+    link(publisher, slow, kModule);
     publishRange(publisher, kModule, kCount, "sixteen bytes ..");
     const std::uint64_t dropped = publisher.droppedEvents();
-    slow.accept();
     const std::vector<unsigned int> ids = slow.idsUntil(kModule + kCount - 1);
     expectHeadAndTail(ids, kModule, kCount, keluem::kMaxQueuedEvents);
     EXPECT_EQ(ids.size() + dropped, kCount);
@@ -66,23 +73,39 @@ TEST(SlowSubscriber, losesTheOldestBeyondTheBoundOfEvents) {
 
 TEST(SlowSubscriber, losesTheOldestBeyondTheBoundOfPayload) {
     constexpr unsigned int kCount = 100;
-    FakeSubscriber slow("1-slow", kModule);
+    FakeSubscriber slow("1-slow");
     LogCapture log;
     keluem::Publisher publisher;
+    link(publisher, slow, kModule);
     publishRange(publisher, kModule, kCount, std::string(keluem::kMaxPayload, 'x'));
     const std::uint64_t dropped = publisher.droppedEvents();
-    slow.accept();
     const std::vector<unsigned int> ids = slow.idsUntil(kModule + kCount - 1);
     expectHeadAndTail(ids, kModule, kCount, keluem::kMaxQueuedPayload / keluem::kMaxPayload);
     EXPECT_EQ(ids.size() + dropped, kCount);
 }
 
+TEST(SlowSubscriber, losesNothingThatItDoesNotWant) {
+    LogCapture log;
+    FakeSubscriber slow("1-slow");
+    keluem::Publisher publisher;
+    publishRange(publisher, kModule, 4000, "sixteen bytes ..");
+    publishRange(publisher, kModule + 0x10000, 4000, "sixteen bytes ..");
+    EXPECT_EQ(publisher.droppedEvents(), 0U); // it may want neither
+    EXPECT_EQ(overflowLines(log), 0U);
+    slow.accept({kModule + 0x10000});
+    std::vector<unsigned int> ids = slow.idsUntil(kModule + 0x10000 + 3999);
+    const auto isWanted = [](unsigned int id) { return id >= kModule + 0x10000; };
+    const auto wanted = std::count_if(ids.begin(), ids.end(), isWanted);
+    EXPECT_EQ(static_cast<std::uint64_t>(wanted) + publisher.droppedEvents(), 4000U);
+    EXPECT_EQ(overflowLines(log), 1U);
+}
+
 TEST(SlowSubscriber, isNamedOncePerOverflow) {
     LogCapture log;
-    FakeSubscriber slow("1-slow", kModule);
+    FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
+    link(publisher, slow, kModule);
     publishRange(publisher, kModule, 4000, "x");
-    slow.accept();
     slow.idsUntil(kModule + 3999);
     EXPECT_EQ(overflowLines(log), 1U);
     publishRange(publisher, kModule + 5000, 4000, "x");
@@ -91,9 +114,10 @@ TEST(SlowSubscriber, isNamedOncePerOverflow) {
 
 TEST(SlowSubscriber, holdsUpNobodyElse) {
     LogCapture log;
-    FakeSubscriber slow("1-slow", kModule);
+    FakeSubscriber slow("1-slow");
     EventRecorder prompt(kModule);
     keluem::Publisher publisher;
+    link(publisher, slow, kModule);
     for (unsigned int first = 0; first < 5000; first += 500) {
         publishRange(publisher, kModule + first, 500, "x");
         EXPECT_EQ(prompt.takeIds(500), idsFrom(kModule + first, 500));
@@ -102,10 +126,10 @@ TEST(SlowSubscriber, holdsUpNobodyElse) {
 }
 
 TEST(SlowSubscriber, thatCatchesUpGetsEventsInOrder) {
-    FakeSubscriber slow("1-slow", kModule);
+    FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
+    link(publisher, slow, kModule);
     publishRange(publisher, kModule, 800, std::string(1000, 'x'));
-    slow.accept();
     EXPECT_EQ(slow.idsUntil(kModule + 799), idsFrom(kModule, 800));
     publishRange(publisher, kModule + 800, 10, "x");
     EXPECT_EQ(slow.idsUntil(kModule + 809), idsFrom(kModule + 800, 10));
@@ -113,7 +137,7 @@ TEST(SlowSubscriber, thatCatchesUpGetsEventsInOrder) {
 }
 
 TEST(SlowSubscriber, withAFullBacklogIsReachedLater) {
-    FakeSubscriber slow("1-slow", kModule);
+    FakeSubscriber slow("1-slow");
     slow.limitBacklog(1);
     keluem::Publisher first;
     keluem::Publisher second;
@@ -128,10 +152,10 @@ TEST(SlowSubscriber, withAFullBacklogIsReachedLater) {
 
 TEST(SlowSubscriber, isForgottenWhenItDies) {
     LogCapture log;
-    FakeSubscriber slow("1-slow", kModule);
+    FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
+    link(publisher, slow, kModule);
     publishRange(publisher, kModule, 3000, "x");
-    slow.accept();
     slow.die();
     EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
     const std::uint64_t dropped = publisher.droppedEvents();

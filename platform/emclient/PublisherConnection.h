@@ -1,0 +1,75 @@
+#pragma once
+
+#include <keluem/publisher.h>
+#include <sys/types.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "Event.h"
+#include "socket/UniqueFd.h"
+
+namespace keluem {
+
+/** A received event, placed so that the payload is aligned for any type. */
+struct EventPacket {
+    alignas(std::max_align_t) unsigned char gapAndId[sizeof(std::max_align_t)];
+    unsigned char payload[kMaxPayload];
+    /** Of identifier and payload. */
+    std::size_t size;
+
+    unsigned char* start() { return payload - kEventIdSize; }
+    std::uint32_t id() const;
+    std::size_t length() const { return size - kEventIdSize; }
+};
+
+/** A publisher's connection to this process. Never waits. */
+class PublisherConnection {
+public:
+    enum class Received {
+        Event,    /**< one, for this process to deliver if it has a listener */
+        OldEvent, /**< one from before its module had a listener */
+        Nothing,
+        NoEvent, /**< a packet that cannot be one */
+        End,
+    };
+
+    PublisherConnection(kq::UniqueFd socket, pid_t publisher) : mSocket(std::move(socket)), mPublisher(publisher) {}
+
+    int fd() const { return mSocket.get(); }
+    pid_t publisher() const { return mPublisher; }
+
+    /** From now on events of the module are new; those that wait to be received are old. Throws std::bad_alloc. */
+    void startModule(std::uint32_t module);
+
+    Received receive(EventPacket* packet);
+
+    /**
+     * Tells the publisher what this process wants by the packet of a list, or that it wants everything when much of
+     * what it was told is still unread: a publisher that stands still must not let lists pile up until none can be
+     * sent.
+     * @return 0, also when the publisher is gone, or a negative errno value
+     */
+    int tell(const std::vector<std::uint32_t>& list);
+
+    /** Tells it whatever is unread. For a publisher that was told less exactly, once it has read. */
+    int tellExactly(const std::vector<std::uint32_t>& list);
+
+    /** True when the publisher was told less exactly than asked. */
+    bool vague() const { return mVague; }
+
+private:
+    bool isOld(std::uint32_t module) const;
+    int send(const std::uint32_t* words, std::size_t count);
+
+    kq::UniqueFd mSocket;
+    pid_t mPublisher;
+    std::uint64_t mReceived = 0;                         // bytes
+    std::map<std::uint32_t, std::uint64_t> mModuleStart; // by module, in bytes received
+    bool mVague = false;
+};
+
+} // namespace keluem

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <list>
+#include <vector>
+
+#include "DeferredLog.h"
+#include "Poller.h"
+#include "PublisherConnection.h"
+
+namespace keluem {
+
+/** The publishers that are connected to this process. Has no lock. */
+class PublisherConnections {
+public:
+    /** Most connections, in all and of one process. */
+    static constexpr std::size_t kMost = 64;
+    static constexpr std::size_t kMostOfOne = 4;
+
+    /** Each connection is added to `poller`, which gives it as its owner. */
+    explicit PublisherConnections(Poller& poller) : mPoller(poller) {}
+
+    /**
+     * Accepts the connections that wait, tells each the list and closes those beyond the limits. Throws std::bad_alloc.
+     * @return false when it is better to pause: nothing can be accepted, or it comes without end
+     */
+    bool accept(int listener, const std::vector<std::uint32_t>& list, DeferredLog& log);
+
+    /** Tells every publisher the list. Returns 0 or the first error, a negative errno value. */
+    int tell(const std::vector<std::uint32_t>& list);
+
+    /** As PublisherConnection::startModule, of all. Throws std::bad_alloc. */
+    void startModule(std::uint32_t module);
+
+    /** As PublisherConnection::receive; closes a connection that has ended or carries something else than events. */
+    PublisherConnection::Received receive(PublisherConnection& connection, EventPacket* packet, DeferredLog& log);
+
+    /** To be called when a connection has space again: tells what was told less exactly. */
+    void catchUp(PublisherConnection& connection, const std::vector<std::uint32_t>& list);
+
+private:
+    bool mayConnect(pid_t publisher) const;
+    bool add(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list);
+    void close(const PublisherConnection& connection);
+
+    Poller& mPoller;
+    std::list<PublisherConnection> mConnections;
+    OncePerSecond mComplaint;
+};
+
+} // namespace keluem
