@@ -20,6 +20,13 @@
 
 namespace keluem {
 
+namespace {
+
+/** More often than that the room is not opened for one event, should somebody delete it again and again. */
+constexpr int kRoomAttempts = 3;
+
+} // namespace
+
 class Publisher::Implementation {
 public:
     ~Implementation();
@@ -28,7 +35,8 @@ public:
     std::uint64_t droppedEvents() const { return mDropped.load(std::memory_order_relaxed); }
 
 private:
-    int prepare();
+    std::optional<int> publishInRoom(const Event& event);
+    int openRoom();
     int start();
     void wake();
     void run();
@@ -54,13 +62,28 @@ Publisher::Implementation::~Implementation() {
 }
 
 int Publisher::Implementation::publish(const Event& event) {
-    int error = prepare();
-    if (error != 0) {
-        return error;
+    for (int attempt = 0; attempt < kRoomAttempts; ++attempt) {
+        if (const std::optional<int> result = publishInRoom(event)) {
+            return *result;
+        }
+        if (const int error = openRoom(); error != 0) {
+            return error;
+        }
     }
+    return -EACCES;
+}
+
+/** Nothing when the room must be opened first. */
+std::optional<int> Publisher::Implementation::publishInRoom(const Event& event) {
     DeferredLog log;
     const std::lock_guard<std::mutex> lock(mMutex);
-    error = mSubscribers.serve(log);
+    if (const int error = mThread.joinable() ? 0 : start(); error != 0) {
+        return error;
+    }
+    const int error = mSubscribers.serve(log);
+    if (mSubscribers.needsRoom()) {
+        return std::nullopt;
+    }
     mSubscribers.send(event, log);
     if (mSubscribers.planned()) {
         wake();
@@ -69,20 +92,16 @@ int Publisher::Implementation::publish(const Event& event) {
 }
 
 /** Opens the room without the lock, since what is wrong with it is logged. */
-int Publisher::Implementation::prepare() {
-    {
-        const std::lock_guard<std::mutex> lock(mMutex);
-        const int error = mThread.joinable() ? 0 : start();
-        if (error != 0 || !mSubscribers.needsRoom()) {
-            return error;
-        }
-    }
+int Publisher::Implementation::openRoom() {
     std::optional<SubscriberRoom> room = SubscriberRoom::open();
+    if (!room) {
+        return -EACCES;
+    }
     const std::lock_guard<std::mutex> lock(mMutex);
-    if (room && mSubscribers.needsRoom()) {
+    if (mSubscribers.needsRoom()) {
         mSubscribers.follow(std::move(*room));
     }
-    return mSubscribers.follows() ? 0 : -EACCES;
+    return 0;
 }
 
 int Publisher::Implementation::start() {

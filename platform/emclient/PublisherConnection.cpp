@@ -1,6 +1,7 @@
 #include "PublisherConnection.h"
 
 #include <linux/sockios.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 
@@ -28,6 +29,11 @@ std::uint32_t EventPacket::id() const {
     std::uint32_t id = 0;
     std::memcpy(&id, payload - kEventIdSize, kEventIdSize);
     return id;
+}
+
+bool PublisherConnection::hungUp() const {
+    pollfd state{mSocket.get(), 0, 0};
+    return ::poll(&state, 1, 0) == 1;
 }
 
 void PublisherConnection::startModule(std::uint32_t module) {

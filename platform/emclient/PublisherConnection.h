@@ -42,6 +42,9 @@ public:
     int fd() const { return mSocket.get(); }
     pid_t publisher() const { return mPublisher; }
 
+    /** True when the publisher has closed the connection; what it has sent can still be received. */
+    bool hungUp() const;
+
     /** From now on events of the module are new; those that wait to be received are old. Throws std::bad_alloc. */
     void startModule(std::uint32_t module);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 #include <utility>
 
 #include "socket/SeqPacket.h"
@@ -11,35 +12,48 @@
 namespace keluem {
 
 bool PublisherConnections::accept(int listener, const std::vector<std::uint32_t>& list, DeferredLog& log) {
+    bool allKept = true;
     for (std::size_t accepted = 0; accepted < kMost; ++accepted) {
+        if (mConnections.size() == kMost && anyHungUp()) {
+            return false; // there will be space when what those have sent is received
+        }
         kq::Peer peer{};
         kq::UniqueFd socket = kq::acceptFrom(listener, &peer, kq::Waiting::Never);
-        if (!socket && errno == EAGAIN) {
-            return true;
+        const int error = socket ? 0 : errno;
+        if (error == EAGAIN) {
+            return allKept;
         }
-        if (!socket && errno != EACCES && errno != ECONNABORTED && errno != EINTR) {
-            return false;
-        }
-        if (!socket && errno == EACCES && mComplaint.due()) {
+        if (error == EACCES && mForeign.due()) {
             log.add(ANDROID_LOG_ERROR, "publisher of uid %u refused", static_cast<unsigned int>(peer.uid));
-        }
-        if (socket && !mayConnect(peer.pid)) {
-            if (mComplaint.due()) {
-                log.add(ANDROID_LOG_ERROR, "publisher of pid %d has too many connections: closed", peer.pid);
-            }
+        } else if (error != 0 && error != EACCES && error != ECONNABORTED && error != EINTR) {
             return false;
         }
-        if (socket && !add(std::move(socket), peer.pid, list)) {
-            return false;
-        }
+        allKept = (socket && keep(std::move(socket), peer.pid, list, log)) && allKept;
     }
     return false;
 }
 
+/** False when the connection was closed at once. */
+bool PublisherConnections::keep(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list,
+                                DeferredLog& log) {
+    if (mayConnect(publisher)) {
+        return add(std::move(socket), publisher, list);
+    }
+    if (mCrowd.due()) {
+        log.add(ANDROID_LOG_ERROR, "publisher of pid %d has too many connections: closed", publisher);
+    }
+    return false;
+}
+
+bool PublisherConnections::anyHungUp() const {
+    return std::any_of(mConnections.begin(), mConnections.end(), std::mem_fn(&PublisherConnection::hungUp));
+}
+
 bool PublisherConnections::mayConnect(pid_t publisher) const {
-    const auto ofOne = std::count_if(mConnections.begin(), mConnections.end(),
-                                     [=](const PublisherConnection& each) { return each.publisher() == publisher; });
-    return mConnections.size() < kMost && static_cast<std::size_t>(ofOne) < kMostOfOne;
+    const auto living = std::count_if(mConnections.begin(), mConnections.end(), [=](const PublisherConnection& each) {
+        return each.publisher() == publisher && !each.hungUp();
+    });
+    return mConnections.size() < kMost && static_cast<std::size_t>(living) < kMostOfOne;
 }
 
 bool PublisherConnections::add(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list) {
@@ -82,7 +96,7 @@ PublisherConnection::Received PublisherConnections::receive(PublisherConnection&
                                                             DeferredLog& log) {
     using Received = PublisherConnection::Received;
     const Received received = connection.receive(packet);
-    if (received == Received::NoEvent && mComplaint.due()) {
+    if (received == Received::NoEvent && mNoEvent.due()) {
         log.add(ANDROID_LOG_ERROR, "publisher of pid %d sent %zu bytes, which is no event: closed",
                 connection.publisher(), packet->size);
     }

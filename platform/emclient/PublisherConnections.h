@@ -16,7 +16,7 @@ namespace keluem {
 /** The publishers that are connected to this process. Has no lock. */
 class PublisherConnections {
 public:
-    /** Most connections, in all and of one process. */
+    /** Most connections, in all and of one process; those that the process has closed count in all only. */
     static constexpr std::size_t kMost = 64;
     static constexpr std::size_t kMostOfOne = 4;
 
@@ -42,13 +42,17 @@ public:
     void catchUp(PublisherConnection& connection, const std::vector<std::uint32_t>& list);
 
 private:
+    bool keep(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list, DeferredLog& log);
+    bool anyHungUp() const;
     bool mayConnect(pid_t publisher) const;
     bool add(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list);
     void close(const PublisherConnection& connection);
 
     Poller& mPoller;
     std::list<PublisherConnection> mConnections;
-    OncePerSecond mComplaint;
+    OncePerSecond mForeign;
+    OncePerSecond mCrowd;
+    OncePerSecond mNoEvent;
 };
 
 } // namespace keluem

@@ -28,8 +28,6 @@ public:
     /** What tells of work for `serve`; other descriptors that are added have null for an owner. */
     Poller& poller() { return mPoller; }
 
-    bool follows() const { return mRoom.has_value(); }
-
     /** True when there is no room to look into, or one without a watch that may be had by now. */
     bool needsRoom() const;
     void follow(SubscriberRoom room);

@@ -63,7 +63,7 @@ int Subscription::setListener(unsigned int module, Listener listener) {
     if (modules.size() == kMaxModules) {
         return -ENOSPC;
     }
-    modules.push_back(module);
+    modules.insert(std::upper_bound(modules.begin(), modules.end(), module), module);
     const std::vector<std::uint32_t> words = ModuleList(std::move(modules)).packet();
     mConnections.startModule(module);
     mListeners.set(module, listener);

@@ -3,6 +3,7 @@
 #include "support/Deadline.h"
 
 #include <keluem/emal.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -49,6 +50,16 @@ std::vector<std::string> eventEntries() {
         names.push_back(entry.path().filename());
     }
     return names;
+}
+
+std::string ownEntry() {
+    const std::string prefix = std::to_string(::getpid()) + '-';
+    for (const std::string& entry : eventEntries()) {
+        if (entry.rfind(prefix, 0) == 0) {
+            return eventRoom() + '/' + entry;
+        }
+    }
+    return "";
 }
 
 std::size_t entriesOf(pid_t process) {

@@ -27,6 +27,9 @@ std::string eventRoom();
 /** The names in the event room. */
 std::vector<std::string> eventEntries();
 
+/** The path of this process's entry; empty when there is none. */
+std::string ownEntry();
+
 /** How many entries in the event room are of one process. */
 std::size_t entriesOf(pid_t process);
 

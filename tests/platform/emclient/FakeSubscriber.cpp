@@ -48,6 +48,14 @@ FakeSubscriber::FakeSubscriber(const std::string& name) : mPath(pathInRoom(name)
 
 FakeSubscriber::~FakeSubscriber() { ::unlink(mPath.c_str()); }
 
+void FakeSubscriber::rename(const std::string& name) {
+    const std::string path = pathInRoom(name);
+    if (std::rename(mPath.c_str(), path.c_str()) != 0) {
+        throw std::runtime_error("no entry at " + path);
+    }
+    mPath = path;
+}
+
 void FakeSubscriber::limitBacklog(int waiting) {
     // The system lets one more wait than it is told.
     if (::listen(mListener.get(), waiting - 1) != 0) {

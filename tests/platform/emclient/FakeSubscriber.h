@@ -52,6 +52,9 @@ public:
     /** Closes both sockets, as the end of a process does, and leaves the entry. */
     void die();
 
+    /** Gives the entry another name, as a subscriber does once it listens. */
+    void rename(const std::string& name);
+
     const std::string& path() const { return mPath; }
 
 private:

@@ -1,6 +1,8 @@
 // Speaks at the sockets of the event room as a user of choice, without the event manager:
 //   event_peer publish UID PATH EVENT   connects to PATH and sends an event; says "closed" when it is shut out
-//   event_peer subscribe UID PATH       listens at PATH; says "event" or "closed", whichever a publisher brings
+//   event_peer crowd UID PATH COUNT     connects COUNT times; says "kept N" when the N that stay have been told
+//   something event_peer subscribe UID PATH       listens at PATH; says "event" or "closed", whichever a publisher
+//   brings
 // UID 0 means: stay who you are.
 
 #include <poll.h>
@@ -9,9 +11,11 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -56,6 +60,21 @@ int publish(int socket, const sockaddr_un& address, unsigned int event) {
     return 0;
 }
 
+/** A connection, once the listener's queue has space for it. */
+int connected(const sockaddr_un& address) {
+    const int socket = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
+    return ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0 ? socket : -1;
+}
+
+int crowd(const sockaddr_un& address, unsigned int count) {
+    std::vector<int> sockets(count);
+    std::generate(sockets.begin(), sockets.end(), [&] { return connected(address); });
+    const auto kept = std::count_if(sockets.begin(), sockets.end(), [](int socket) { return nextPacket(socket) > 0; });
+    say(("kept " + std::to_string(kept)).c_str());
+    ::pause();
+    return 0;
+}
+
 int subscribe(int socket, const std::string& path) {
     // A subscriber's entry gets its name when its socket listens.
     const std::string unfinished = path.substr(0, path.rfind('/')) + "/.peer";
@@ -85,6 +104,9 @@ int main(int argc, char** argv) {
     const std::string role = argv[1];
     if (!become(static_cast<uid_t>(std::stoul(argv[2])))) {
         return failed("setuid");
+    }
+    if (role == "crowd" && argc == 5) {
+        return crowd(addressOf(argv[3]), static_cast<unsigned int>(std::stoul(argv[4])));
     }
     const int socket = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
     if (role == "publish" && argc == 5) {

@@ -1,9 +1,11 @@
-// A process that subscribes to one module: event_subscriber CASE MODULE. Says "ready" on standard output when it has.
+// A process that subscribes to one module, or publishes: event_subscriber CASE MODULE. Says "ready" on standard output
+// when it has.
 
 #include <fcntl.h>
 #include <keluem/emal.h>
 #include <keluem/publisher.h>
 #include <semaphore.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -154,6 +156,75 @@ int forkAndPrint(unsigned int module) {
     return 0;
 }
 
+/** Returns from main as soon as it has subscribed. */
+int leaveAtOnce(unsigned int module) { return subscribe(module, print) ? 0 : 1; }
+
+void setDescriptorLimit(rlim_t value) {
+    rlimit limit{};
+    ::getrlimit(RLIMIT_NOFILE, &limit);
+    limit.rlim_cur = value;
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+/** Prints every event; "starve" takes it every further descriptor, "feed" gives them back. */
+int printStarved(unsigned int module) {
+    const auto listener = [](unsigned int id, void* payload, unsigned int length, void* previous) {
+        const std::string text(static_cast<const char*>(payload), length);
+        if (text == "starve") {
+            setDescriptorLimit(0);
+        } else if (text == "feed") {
+            setDescriptorLimit(256);
+        }
+        print(id, payload, length, previous);
+    };
+    if (!subscribe(module, listener)) {
+        return 1;
+    }
+    waitFor(&happened);
+    return 0;
+}
+
+/** Its listener forks a child, which returns from the listener, and says how the child ends. */
+int forkInListener(unsigned int module) {
+    const auto listener = [](unsigned int, void*, unsigned int, void*) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::alarm(kPatienceSeconds);
+            return;
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        std::printf("child %s %d\n", WIFEXITED(status) ? "exit" : "signal",
+                    WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status));
+        std::fflush(stdout);
+        ::sem_post(&happened);
+    };
+    if (!subscribe(module, listener)) {
+        return 1;
+    }
+    waitFor(&happened);
+    return 0;
+}
+
+/** Publishes an event, forks a child that stays until it is killed, and stays itself. */
+int publishAndFork(unsigned int module) {
+    keluem::Publisher publisher;
+    if (publisher.publish(module, nullptr, 0) != 0) {
+        return 1;
+    }
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::alarm(kPatienceSeconds);
+        for (;;) {
+            ::pause();
+        }
+    }
+    std::printf("child %d\nready\n", child);
+    std::fflush(stdout);
+    waitFor(&happened);
+    return 0;
+}
+
 /** Subscribes after a fork that came before any use of the event manager. */
 int forkFirst(unsigned int module) {
     const pid_t child = ::fork();
@@ -169,8 +240,17 @@ int forkFirst(unsigned int module) {
 
 int main(int argc, char** argv) {
     const std::map<std::string, int (*)(unsigned int)> cases{
-        {"print", printAll},   {"exit-main", exitMain}, {"exit-listener", exitListener}, {"exit-stuck", exitStuck},
-        {"slow", printSlowly}, {"fork", forkAndPrint},  {"fork-first", forkFirst},
+        {"print", printAll},
+        {"exit-main", exitMain},
+        {"exit-listener", exitListener},
+        {"exit-stuck", exitStuck},
+        {"brief", leaveAtOnce},
+        {"starved", printStarved},
+        {"fork-listener", forkInListener},
+        {"publish-fork", publishAndFork},
+        {"slow", printSlowly},
+        {"fork", forkAndPrint},
+        {"fork-first", forkFirst},
     };
     const auto chosen = cases.find(argc == 3 ? argv[1] : "");
     if (chosen == cases.end()) {

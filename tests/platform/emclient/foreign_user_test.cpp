@@ -59,19 +59,10 @@ bool logged(LogCapture& log, const std::string& text) {
     return std::any_of(entries.begin(), entries.end(), [&](const auto& entry) { return entry.text == text; });
 }
 
-std::string ownSocket() {
-    const std::string prefix = std::to_string(::getpid()) + '-';
-    for (const std::string& entry : kelutv::test::eventEntries()) {
-        if (entry.rfind(prefix, 0) == 0 && entry.find('.') == std::string::npos) {
-            return kelutv::test::eventRoom() + '/' + entry;
-        }
-    }
-    return "";
-}
-
 TEST(ForeignPublisher, ofThisUserIsHeard) {
     EventRecorder recorder(kModule);
-    ChildProcess peer({KELUTV_EVENT_PEER, "publish", kSameUser, ownSocket(), std::to_string(kModule)}, capturing());
+    ChildProcess peer({KELUTV_EVENT_PEER, "publish", kSameUser, kelutv::test::ownEntry(), std::to_string(kModule)},
+                      capturing());
     EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule});
 }
 
@@ -83,7 +74,8 @@ TEST(ForeignPublisher, ofAnotherUserIsShutOut) {
     LogCapture log;
     {
         const OpenedDirectory opened;
-        ChildProcess peer({KELUTV_EVENT_PEER, "publish", kNobody, ownSocket(), std::to_string(kModule)}, capturing());
+        ChildProcess peer({KELUTV_EVENT_PEER, "publish", kNobody, kelutv::test::ownEntry(), std::to_string(kModule)},
+                          capturing());
         EXPECT_EQ(peer.exitCode(), 0);
         EXPECT_EQ(peer.output().text(), "sent\nclosed\n");
     }

@@ -1,4 +1,5 @@
 #include "EventRecorder.h"
+#include "FakeSubscriber.h"
 #include "SubscriberProcess.h"
 #include "support/Capture.h"
 
@@ -18,6 +19,7 @@
 namespace {
 
 using kelutv::test::EventRecorder;
+using kelutv::test::FakeSubscriber;
 using kelutv::test::SubscriberProcess;
 
 constexpr unsigned int kModule = 0xE0000;
@@ -84,6 +86,26 @@ TEST(ForkedChild, doesNotKeepItsDeadParentSubscribed) {
     process.process().kill(SIGKILL);
     process.process().wait();
     EXPECT_TRUE(kelutv::test::eventually([&] { return kelutv::test::entriesOf(process.process().pid()) == 0; }));
+    EXPECT_EQ(::kill(childNamedBy(process), SIGKILL), 0);
+}
+
+TEST(ForkedChild, ofAListenerEndsWhenItReturns) {
+    SubscriberProcess process("fork-listener", kModule);
+    ASSERT_TRUE(process.ready());
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(process.process().exitCode(), 0);
+    EXPECT_EQ(process.printed(), "child exit 0\n");
+}
+
+TEST(ForkedChild, doesNotKeepItsDeadParentPublishing) {
+    FakeSubscriber subscriber("1-listening");
+    SubscriberProcess process("publish-fork", kModule);
+    ASSERT_TRUE(process.ready());
+    subscriber.accept();
+    process.process().kill(SIGKILL);
+    process.process().wait();
+    EXPECT_TRUE(subscriber.isClosed());
     EXPECT_EQ(::kill(childNamedBy(process), SIGKILL), 0);
 }
 

@@ -1,37 +1,41 @@
+#include "Descriptors.h"
 #include "EventRecorder.h"
 #include "FakeSubscriber.h"
+#include "SubscriberProcess.h"
 #include "support/Capture.h"
 #include "support/Deadline.h"
 
+#include <fcntl.h>
 #include <keluem/publisher.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace {
 
+using kelutv::test::countIn;
 using kelutv::test::EventRecorder;
+using kelutv::test::eventually;
 using kelutv::test::FakeSubscriber;
 using kelutv::test::LogCapture;
+using kelutv::test::SubscriberProcess;
 
 constexpr unsigned int kModule = 0x80000;
 
 bool hasEntry(const std::string& name) {
     const std::vector<std::string> entries = kelutv::test::eventEntries();
     return std::find(entries.begin(), entries.end(), name) != entries.end();
-}
-
-std::size_t countIn(const char* directory) {
-    const std::filesystem::directory_iterator entries(directory);
-    return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
 }
 
 TEST(Publisher, refusesABadPayload) {
@@ -193,8 +197,70 @@ TEST(Publisher, leavesNoDescriptorAndNoThread) {
         EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
         EXPECT_GT(countIn("/proc/self/fd"), descriptors);
     }
-    EXPECT_EQ(countIn("/proc/self/fd"), descriptors);
+    EXPECT_TRUE(eventually([descriptors] { return countIn("/proc/self/fd") <= descriptors; }));
     EXPECT_TRUE(kelutv::test::eventually([threads] { return countIn("/proc/self/task") == threads; }));
+}
+
+TEST(Publisher, holdsNothingOfShortSubscribers) {
+    EventRecorder recorder(kModule);
+    keluem::Publisher publisher;
+    ASSERT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    ASSERT_EQ(recorder.takeIds(1).size(), 1U);
+    const std::size_t descriptors = countIn("/proc/self/fd");
+    for (int i = 0; i < 200; ++i) {
+        SubscriberProcess brief("brief", kModule);
+        ASSERT_EQ(brief.process().exitCode(), 0);
+    }
+    EXPECT_TRUE(eventually([=] { return countIn("/proc/self/fd") == descriptors; })) << countIn("/proc/self/fd");
+    EXPECT_EQ(kelutv::test::eventEntries().size(), 1U); // the recorder's
+}
+
+TEST(Publisher, holdsNothingOfKilledSubscribers) {
+    EventRecorder recorder(kModule);
+    keluem::Publisher publisher;
+    ASSERT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    ASSERT_EQ(recorder.takeIds(1).size(), 1U);
+    const std::size_t descriptors = countIn("/proc/self/fd");
+    for (int i = 0; i < 30; ++i) {
+        SubscriberProcess process("print", kModule);
+        ASSERT_TRUE(process.ready());
+        process.process().kill(SIGKILL);
+        process.process().wait();
+    }
+    EXPECT_TRUE(eventually([=] { return countIn("/proc/self/fd") == descriptors; })) << countIn("/proc/self/fd");
+    EXPECT_TRUE(eventually([] { return kelutv::test::eventEntries().size() == 1; }));
+}
+
+TEST(Publisher, removesWhatWasNeverFinished) {
+    FakeSubscriber old(".1-old");
+    old.die();
+    const timespec longAgo[] = {{1, 0}, {1, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, old.path().c_str(), longAgo, AT_SYMLINK_NOFOLLOW), 0);
+    FakeSubscriber young(".1-young");
+    young.die();
+    keluem::Publisher publisher;
+    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_FALSE(hasEntry(".1-old"));
+    EXPECT_TRUE(hasEntry(".1-young"));
+}
+
+TEST(Publisher, countsWhatSubscribersBeyondItsLimitLose) {
+    LogCapture log;
+    keluem::Publisher publisher;
+    std::vector<std::unique_ptr<FakeSubscriber>> subscribers;
+    const std::size_t present = kelutv::test::eventEntries().size();
+    for (std::size_t i = present; i <= keluem::kMaxSubscribers; ++i) {
+        subscribers.push_back(std::make_unique<FakeSubscriber>("z-" + std::to_string(1000 + i)));
+    }
+    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.droppedEvents(), 1U);
+    FakeSubscriber& unserved = *subscribers.back(); // the last by name
+    EXPECT_FALSE(unserved.hasConnection());
+    subscribers.erase(subscribers.begin());
+    EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(publisher.droppedEvents(), 1U);
+    unserved.accept();
+    EXPECT_EQ(unserved.nextId(), kModule + 1);
 }
 
 } // namespace

@@ -1,0 +1,269 @@
+// Peers of the same user that do not keep to the protocol.
+
+#include "Descriptors.h"
+#include "EventRecorder.h"
+#include "FakeSubscriber.h"
+#include "support/Capture.h"
+#include "support/ChildProcess.h"
+#include "support/Deadline.h"
+
+#include "socket/SeqPacket.h"
+
+#include <keluem/emal.h>
+#include <keluem/publisher.h>
+#include <kqlog/capture.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstddef>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using kelutv::test::ChildProcess;
+using kelutv::test::countIn;
+using kelutv::test::EventRecorder;
+using kelutv::test::eventually;
+using kelutv::test::FakeSubscriber;
+using kelutv::test::LogCapture;
+
+using Words = std::vector<unsigned int>;
+
+constexpr unsigned int kModule = 0x140000;
+constexpr unsigned int kVersion = 1;
+constexpr unsigned int kEverything = 0xFFFFFFFF;
+constexpr std::size_t kMostModules = 1024;
+
+std::size_t linesWith(LogCapture& log, const std::string& part) {
+    const auto entries = log.take();
+    return static_cast<std::size_t>(std::count_if(
+        entries.begin(), entries.end(), [&](const auto& entry) { return entry.text.find(part) != std::string::npos; }));
+}
+
+bool readable(int socket) {
+    pollfd waited{socket, POLLIN, 0};
+    return ::poll(&waited, 1, static_cast<int>(kelutv::test::kPatience.count())) == 1;
+}
+
+/** A connection of a publisher to this process that the test itself reads and writes. */
+class FakePublisher {
+public:
+    FakePublisher() : mSocket(kq::connectTo(kelutv::test::ownEntry())) {}
+
+    bool send(const std::vector<unsigned char>& packet) const {
+        return ::send(mSocket.get(), packet.data(), packet.size(), MSG_NOSIGNAL) >= 0;
+    }
+
+    /** The next packet, none of which is empty; empty at the end of the connection or when none comes in time. */
+    Words next() const {
+        Words words(kMostModules + 3);
+        const std::size_t size =
+            readable(mSocket.get()) ? kq::receivePacket(mSocket.get(), words.data(), words.size() * 4) : 0;
+        words.resize(size / 4);
+        return words;
+    }
+
+    /** A packet that is there already. */
+    Words received() const {
+        Words words(kMostModules + 3);
+        const ssize_t size = ::recv(mSocket.get(), words.data(), words.size() * 4, MSG_DONTWAIT);
+        words.resize(size < 0 ? 0 : static_cast<std::size_t>(size) / 4);
+        return words;
+    }
+
+private:
+    kq::UniqueFd mSocket;
+};
+
+void ignore(unsigned int /*id*/, void* /*payload*/, unsigned int /*length*/, void* /*previous*/) {}
+
+TEST(Subscriber, tellsEveryPublisherWhatItWants) {
+    EventRecorder recorder(kModule);
+    const FakePublisher publisher;
+    EXPECT_EQ(publisher.next(), (Words{kVersion, 1, kModule}));
+    ASSERT_EQ(EMAL_AddListener(0x10000, ignore), 0);
+    EXPECT_EQ(publisher.received(), (Words{kVersion, 2, 0x10000, kModule}));
+    ASSERT_EQ(EMAL_RemoveListener(0x10000), 0);
+    EXPECT_EQ(publisher.received(), (Words{kVersion, 1, kModule}));
+    EXPECT_EQ(publisher.received(), Words{});
+}
+
+TEST(Subscriber, listensToNoMoreModulesThanAListHolds) {
+    EventRecorder recorder(kModule);
+    const FakePublisher publisher;
+    EXPECT_EQ(publisher.next(), (Words{kVersion, 1, kModule}));
+    unsigned int added = 0;
+    while (EMAL_AddListener(0x1000000 + added * 0x10000, ignore) == 0) {
+        publisher.received();
+        ++added;
+    }
+    EXPECT_EQ(added + 1, kMostModules);
+    EXPECT_EQ(EMAL_AddListener(0x10000, ignore), -ENOSPC);
+    EXPECT_EQ(EMAL_RemoveListener(0x10000), -ENOENT);
+    EXPECT_EQ(EMAL_AddListener(0x1000000, ignore), 0); // replaces one
+    for (unsigned int i = 0; i < added; ++i) {
+        EXPECT_EQ(EMAL_RemoveListener(0x1000000 + i * 0x10000), 0);
+    }
+}
+
+TEST(Subscriber, asksAPublisherThatStandsStillForEverything) {
+    EventRecorder recorder(kModule);
+    const FakePublisher publisher;
+    EXPECT_EQ(publisher.next(), (Words{kVersion, 1, kModule}));
+    for (int i = 0; i < 2000; ++i) {
+        ASSERT_EQ(EMAL_AddListener(0x10000, ignore), 0);
+        ASSERT_EQ(EMAL_RemoveListener(0x10000), 0);
+    }
+    ASSERT_EQ(EMAL_AddListener(0x20000, ignore), 0);
+    Words last;
+    bool askedForEverything = false;
+    for (Words words = publisher.received(); !words.empty(); words = publisher.received()) {
+        askedForEverything = askedForEverything || words == Words{kVersion, kEverything};
+        last = words;
+    }
+    EXPECT_TRUE(askedForEverything);
+    EXPECT_TRUE(last == (Words{kVersion, kEverything}) || last == (Words{kVersion, 2, 0x20000, kModule}));
+    if (last == Words{kVersion, kEverything}) {
+        EXPECT_EQ(publisher.next(), (Words{kVersion, 2, 0x20000, kModule})); // now that it has read
+    }
+    EXPECT_EQ(EMAL_RemoveListener(0x20000), 0);
+}
+
+TEST(Subscriber, shutsOutWhatSendsNoEvents) {
+    LogCapture log;
+    EventRecorder recorder(kModule);
+    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{3}, 4 + keluem::kMaxPayload + 1}) {
+        const FakePublisher publisher;
+        EXPECT_FALSE(publisher.next().empty());
+        EXPECT_TRUE(publisher.send(std::vector<unsigned char>(size)));
+        EXPECT_TRUE(publisher.next().empty()) << size;
+    }
+    EXPECT_GE(linesWith(log, "which is no event: closed"), 1U);
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule});
+}
+
+TEST(Subscriber, takesFewConnectionsOfOneProcess) {
+    LogCapture log;
+    EventRecorder recorder(kModule);
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    ASSERT_EQ(recorder.takeIds(1).size(), 1U);
+    const std::size_t descriptors = countIn("/proc/self/fd");
+    ChildProcess::Options options;
+    options.captureOutput = true;
+    ChildProcess crowd({KELUTV_EVENT_PEER, "crowd", "0", kelutv::test::ownEntry(), "500"}, options);
+    ASSERT_TRUE(crowd.output().waitFor("kept 4\n")) << crowd.output().text();
+    EXPECT_LE(countIn("/proc/self/fd"), descriptors + 4 + 1); // and what the child has printed
+    EXPECT_GE(linesWith(log, "has too many connections: closed"), 1U);
+    keluem::Publisher other;
+    other.publish(kModule + 1, nullptr, 0);
+    publisher.publish(kModule + 2, nullptr, 0);
+    EXPECT_EQ(recorder.take(2).size(), 2U);
+    const std::size_t crowded = countIn("/proc/self/fd");
+    crowd.kill(SIGKILL);
+    EXPECT_TRUE(eventually([=] { return countIn("/proc/self/fd") == crowded - 4; }));
+}
+
+TEST(Publisher, shutsOutASubscriberThatSendsNoList) {
+    LogCapture log;
+    EventRecorder recorder(kModule);
+    const Words noLists[] = {
+        {kVersion},                       // no number
+        {kVersion + 1, 1, kModule},       // another version
+        {kVersion, 2, kModule},           // fewer than it says
+        {kVersion, 0, kModule},           // more than it says
+        {kVersion, kEverything, kModule}, // everything and more
+        Words(2 + kMostModules + 1),      // too long
+        Words(30000, 0x10000),            // far too long
+    };
+    Words tooMany(2 + kMostModules + 1, 0x10000);
+    tooMany[0] = kVersion;
+    tooMany[1] = kMostModules + 1;
+    const auto expectShutOut = [&](const Words& words) {
+        FakeSubscriber subscriber("1-hostile");
+        keluem::Publisher publisher;
+        publisher.publish(kModule, nullptr, 0);
+        subscriber.accept();
+        EXPECT_TRUE(subscriber.send(words));
+        EXPECT_TRUE(subscriber.isClosed()) << words.size() << " words";
+        publisher.publish(kModule + 1, nullptr, 0);
+        EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kModule, kModule + 1}));
+    };
+    for (const Words& words : noLists) {
+        expectShutOut(words);
+    }
+    expectShutOut(tooMany);
+    EXPECT_GE(linesWith(log, "which is no list of modules: closed"), 1U);
+}
+
+TEST(Publisher, isNotKeptBusyByASubscriberThatShutsItOut) {
+    FakeSubscriber hostile("1-hostile");
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    int connections = 0;
+    const auto start = std::chrono::steady_clock::now();
+    // Pauses of 0, 50, 100, 200 and 400 ms lie between six connections.
+    for (; connections < 6; ++connections) {
+        hostile.accept();
+        hostile.dropConnection();
+    }
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(700));
+}
+
+/** A log that nobody reads: each line waits until it is told to go on. */
+class StuckLog : private kqlog::Sink {
+public:
+    StuckLog() { kqlog::installSink(this); }
+    ~StuckLog() override {
+        read();
+        kqlog::removeSink();
+    }
+    StuckLog(const StuckLog&) = delete;
+    StuckLog& operator=(const StuckLog&) = delete;
+
+    bool stuck() const { return mStuck; }
+    void read() { mRead = true; }
+
+private:
+    void write(int /*priority*/, const char* /*tag*/, const char* /*text*/) override {
+        mStuck = true;
+        eventually([this] { return mRead.load(); });
+    }
+
+    std::atomic<bool> mStuck{false};
+    std::atomic<bool> mRead{false};
+};
+
+TEST(Publisher, publishesWhileItsLogIsNotRead) {
+    EventRecorder recorder(kModule);
+    FakeSubscriber slow("1-slow");
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    slow.accept({0x10000});
+    ASSERT_EQ(recorder.takeIds(1).size(), 1U);
+    StuckLog log;
+    std::thread overflowing([&] {
+        while (!log.stuck()) {
+            publisher.publish(0x10000, "sixteen bytes ..", 16);
+        }
+    });
+    EXPECT_TRUE(eventually([&] { return log.stuck(); }));
+    EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+    log.read();
+    overflowing.join();
+}
+
+} // namespace
