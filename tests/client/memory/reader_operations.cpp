@@ -164,7 +164,8 @@ std::vector<Operation> itemsAndRecords() {
          {requestOf(0x1053), requestOf(0x1003)},
          {{0x1053, replyOf({0, KELU_TV_HDR_TYPE_DOLBY_HDR})}, {0x1003, replyOf({0, KELU_TV_PIC_MODE_DOLBY_DARK})}},
          std::to_string(KELU_TV_PIC_MODE_DOBLY_VISION_MOVIE_DARK),
-         {std::to_string(KELU_TV_PIC_MODE_STANDARD)}},
+         // Without the stream type alone the index is one of standard dynamic range, in which it is that of films.
+         {std::to_string(KELU_TV_PIC_MODE_STANDARD), std::to_string(KELU_TV_PIC_MODE_MOVIE)}},
     };
 }
 
