@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <utility>
-#include <vector>
 
 namespace android {
 
@@ -116,36 +115,24 @@ void DeathWatcher::renew(uint64_t id) {
     tell(onEnd);
 }
 
-void DeathWatcher::renewRefused() {
-    std::vector<uint64_t> refused;
-    {
-        const std::lock_guard<std::mutex> lock(mMutex);
-        for (const auto& [id, watch] : mWatches) {
-            if (watch.refused) {
-                refused.push_back(id);
-            }
-        }
-    }
-    for (const uint64_t id : refused) {
-        renew(id);
-    }
-}
-
-int DeathWatcher::timeout() {
+/** The next of the lines that were refused; 0 for none. */
+uint64_t DeathWatcher::nextRefused(uint64_t after) {
     const std::lock_guard<std::mutex> lock(mMutex);
-    const bool anyRefused =
-        std::any_of(mWatches.begin(), mWatches.end(), [](const auto& watch) { return watch.second.refused; });
-    return anyRefused ? kRenewMs : -1;
+    const auto next = std::find_if(mWatches.upper_bound(after), mWatches.end(),
+                                   [](const auto& watch) { return watch.second.refused; });
+    return next == mWatches.end() ? 0 : next->first;
 }
 
 void DeathWatcher::run() {
     for (;;) {
         epoll_event event{};
-        const int came = ::epoll_wait(mEpoll.get(), &event, 1, timeout());
+        const int came = ::epoll_wait(mEpoll.get(), &event, 1, nextRefused(0) == 0 ? -1 : kRenewMs);
         if (came == 1) {
             lookAt(event.data.u64);
         } else if (came == 0) {
-            renewRefused();
+            for (uint64_t id = nextRefused(0); id != 0; id = nextRefused(id)) {
+                renew(id);
+            }
         } else if (errno != EINTR) {
             ::poll(nullptr, 0, kRenewMs);
         }

@@ -33,10 +33,9 @@ private:
     bool arm(uint64_t id, const Watch& watch, int operation, uint32_t events) const;
     [[noreturn]] void run();
     void lookAt(uint64_t id);
-    void renewRefused();
+    uint64_t nextRefused(uint64_t after);
     void renew(uint64_t id);
     std::function<void()> settle(uint64_t id, Watch* watch, LifeLine::State state);
-    int timeout();
 
     std::mutex mMutex;
     kq::UniqueFd mEpoll;

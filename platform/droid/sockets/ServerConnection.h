@@ -25,8 +25,8 @@ struct ServerListener : ServerSocket {
     ServerListener() : ServerSocket(true) {}
 
     std::string entry;
-    // Not to be asked for the time being.
-    bool paused = false;
+    // Of those that are not asked for the time being.
+    ServerListener* nextPaused = nullptr;
 };
 
 /** A connection to one object of this process. One part of the server has it at a time. */

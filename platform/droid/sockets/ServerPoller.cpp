@@ -95,7 +95,7 @@ int ServerPoller::timeout() const {
     if (mWorkers.starved()) {
         return kStarvedMs;
     }
-    return mPaused.empty() ? -1 : kPauseMs;
+    return mPaused == nullptr ? -1 : kPauseMs;
 }
 
 void ServerPoller::run() {
@@ -156,17 +156,17 @@ void ServerPoller::acceptFrom(ServerListener& listener) {
         accept(listener, std::move(socket), caller);
     } else if (!acceptFailed(listener, caller, errno)) {
         // Out of memory: the caller still waits, and asking again at once would only spin.
-        mPaused.push_back(&listener);
+        listener.nextPaused = std::exchange(mPaused, &listener);
         return;
     }
     arm(&listener, EPOLL_CTL_MOD, kListenerEvents);
 }
 
 void ServerPoller::resume() {
-    for (ServerListener* const listener : mPaused) {
+    while (mPaused != nullptr) {
+        ServerListener* const listener = std::exchange(mPaused, mPaused->nextPaused);
         arm(listener, EPOLL_CTL_MOD, kListenerEvents);
     }
-    mPaused.clear();
 }
 
 void ServerPoller::accept(const ServerListener& listener, kq::UniqueFd socket, const kq::Peer& caller) {

@@ -9,7 +9,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace android {
 
@@ -55,7 +54,7 @@ private:
     PeerTable mPeers;
     CallWorkers mWorkers;
     std::unique_ptr<MessageBuffer> mBuffer;
-    std::vector<ServerListener*> mPaused;
+    ServerListener* mPaused = nullptr;
     std::chrono::steady_clock::time_point mNextRefusalLine;
 };
 

@@ -31,7 +31,9 @@ int FakeDriver::control(unsigned long request, void* argument) {
     }
     auto* const exchange = static_cast<binder_write_read*>(argument);
     const uint8_t* const written = pointerTo(exchange->write_buffer);
-    exchange->write_consumed = mTakesNothing.exchange(false) ? 0 : exchange->write_size;
+    const bool leaves = exchange->write_size > 0 && mWritesLeft > 0;
+    mWritesLeft -= leaves ? 1 : 0;
+    exchange->write_consumed = leaves ? 0 : exchange->write_size;
     const bool serves = remember(Bytes(written, written + exchange->write_consumed));
     return exchange->read_size == 0 ? 0 : read(exchange, serves);
 }

@@ -50,8 +50,8 @@ public:
     void sayToServers(const std::vector<Command>& commands);
     /** From now on a thread that does not serve waits, as long as a test may, where there is nothing for it. */
     void keepSilent() { mSilent = true; }
-    /** The next write is left where it is. */
-    void takeNothingNext() { mTakesNothing = true; }
+    /** The next writes are left where they are. */
+    void takeNothingNext(int writes = 1) { mWritesLeft = writes; }
     /** The next read claims to be longer than there is room. */
     void overstateNextRead() { mOverstate = true; }
 
@@ -84,7 +84,7 @@ private:
     std::vector<std::thread::id> mServers;
     bool mOverstate = false;
     bool mSilent = false;
-    std::atomic<bool> mTakesNothing{false};
+    std::atomic<int> mWritesLeft{0};
     int mContextManagers = 0;
     uint32_t mMostThreads = 0;
 };

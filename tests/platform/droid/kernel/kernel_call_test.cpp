@@ -1,7 +1,11 @@
 #include "KernelTest.h"
 
+#include "droid/LocalObjects.h"
 #include "droid/ParcelObjects.h"
+#include "platform/droid/peer/PeerService.h"
 #include "support/Capture.h"
+
+#include <algorithm>
 
 namespace kelutv::test {
 namespace {
@@ -9,8 +13,10 @@ namespace {
 using android::DEAD_OBJECT;
 using android::FAILED_TRANSACTION;
 using android::IBinder;
+using android::LocalObjects;
 using android::NO_ERROR;
 using android::Parcel;
+using android::sp;
 
 using KernelCall = KernelTest;
 
@@ -137,6 +143,26 @@ TEST_F(KernelCall, whatTheDriverLeavesGoesOutAgain) {
     ASSERT_EQ(sent.size(), 1u);
     EXPECT_EQ(sent[0].code, static_cast<uint32_t>(BC_TRANSACTION));
     EXPECT_EQ(sent[0].content, replyOf({1, 2}));
+}
+
+TEST_F(KernelCall, nothingIsLostWhileTheDriverTakesNothing) {
+    constexpr size_t kRounds = 3;
+    constexpr size_t kAcquires = 20;
+    const sp<PeerService> object = new PeerService;
+    const uint64_t number = LocalObjects::instance().hold(object);
+    driver.takeNothingNext(kRounds);
+    for (size_t round = 0; round < kRounds; ++round) {
+        driver.say(std::vector<Command>(kAcquires, command(BR_ACQUIRE, binder_ptr_cookie{number, number})));
+    }
+    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, driver.message(replyOf({5})))});
+    Parcel reply;
+    EXPECT_EQ(call(3, {}, &reply), NO_ERROR);
+    const std::vector<uint32_t> sent = driver.takeSentCodes();
+    EXPECT_EQ(std::count(sent.begin(), sent.end(), BC_ACQUIRE_DONE), static_cast<long>(kRounds * kAcquires));
+    EXPECT_EQ(std::count(sent.begin(), sent.end(), BC_TRANSACTION), 1);
+    for (size_t hold = 0; hold <= kRounds * kAcquires; ++hold) {
+        LocalObjects::instance().release(number);
+    }
 }
 
 TEST_F(KernelCall, driverThatFailsIsNamedInTheLog) {

@@ -140,6 +140,23 @@ TEST(ParcelReading, tokenOfAnotherInterfaceIsRefusedInTheLog) {
     EXPECT_EQ(entries[1].text, "request names the interface \"android.IOther\" and not \"android.IOther2\"");
 }
 
+TEST(ParcelReading, interfaceOfAnotherProcessCannotSteerTheTerminalThroughTheLog) {
+    LogCapture log;
+    Parcel parcel;
+    parcel.writeInterfaceToken(String16("\x1B[2J\\\n\xC2\x9B\xE2\x80\xAE\xC3\xA9"));
+    parcel.setDataPosition(0);
+    EXPECT_FALSE(parcel.enforceInterface(String16("wanted")));
+    Parcel endless;
+    endless.writeInterfaceToken(String16(std::string(200'000, 'x').c_str()));
+    endless.setDataPosition(0);
+    EXPECT_FALSE(endless.enforceInterface(String16("wanted")));
+    const std::vector<LogEntry> entries = log.take();
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[0].text,
+              "request names the interface \"\\u001B[2J\\\\\\u000A\\u009B\\u202E\xC3\xA9\" and not \"wanted\"");
+    EXPECT_EQ(entries[1].text, "request names the interface \"" + std::string(128, 'x') + "...\" and not \"wanted\"");
+}
+
 TEST(ParcelReading, tokenCutAnywhereIsRefused) {
     const LogCapture log;
     const Bytes whole = Wire::reply().i32(0x00400000).str16(u"android.ITVBaseService").bytes();

@@ -28,6 +28,7 @@ enum PeerCall : std::uint32_t {
     kForward,     // name, int32 code: answers as the service of that name does
     kFork,        // answers 1 once a child that it forks, and that returns from the call too, is gone; else 0
     kExit,        // ends the process instead of answering
+    kFillTable,   // opens descriptors until there are no more, and then calls for kEcho are answered still
     kForkHelper,  // answers with the pid of a child that it forks and that stays; the caller kills it
 };
 

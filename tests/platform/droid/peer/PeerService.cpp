@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <numeric>
@@ -65,6 +66,12 @@ status_t forkHelper(Parcel* reply) {
         ::_exit(0);
     }
     return reply->writeInt32(child);
+}
+
+status_t fillTable() {
+    while (::dup(STDERR_FILENO) >= 0) {
+    }
+    return errno == EMFILE ? NO_ERROR : android::UNKNOWN_ERROR;
 }
 
 status_t failWith(status_t status, Parcel* reply) {
@@ -128,6 +135,8 @@ status_t PeerService::onTransact(uint32_t code, const Parcel& data, Parcel* repl
         return forward(data, reply);
     case kFork:
         return forkChild(reply);
+    case kFillTable:
+        return fillTable();
     case kForkHelper:
         return forkHelper(reply);
     case kExit:

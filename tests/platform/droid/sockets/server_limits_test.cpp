@@ -8,7 +8,10 @@
 
 #include <sys/resource.h>
 
+#include <cerrno>
 #include <chrono>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace kelutv::test {
@@ -137,6 +140,33 @@ TEST_F(FewDescriptors, connectionsOfOneProcess) {
     EXPECT_EQ(other.exitCode(), 0) << "another process is hindered";
     taken.clear();
     EXPECT_TRUE(eventually([&] { return call(late, kEcho).status == NO_ERROR; }));
+}
+
+TEST_F(FewDescriptors, ofWhichTheProgramHasTakenAll) {
+    const sp<IBinder> binder = linked(*peer);
+    ASSERT_EQ(call(binder, kFillTable).status, NO_ERROR);
+    for (int round = 0; round < 3; ++round) {
+        const kq::UniqueFd refused = rawSilentConnection(pathOf("peer"));
+        EXPECT_TRUE(isRefusal(receiveRaw(refused)));
+    }
+    const sp<IBinder> late = service("peer");
+    ASSERT_NE(late, nullptr);
+    EXPECT_EQ(call(late, kEcho).status, FAILED_TRANSACTION);
+    EXPECT_EQ(call(binder, kEcho, replyOf({1})).bytes, replyOf({1}));
+    expectAlive(binder);
+}
+
+TEST_F(FewDescriptors, ofTheCallerAreItsOwnTrouble) {
+    const sp<IBinder> binder = linked(*peer);
+    rlimit none{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &none), 0);
+    const rlimit before = std::exchange(none, rlimit{0, none.rlim_max});
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const Answer answer = call(binder, kEcho);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_EQ(answer.status, -EMFILE);
+    EXPECT_EQ(call(binder, kEcho, replyOf({1})).bytes, replyOf({1}));
+    expectAlive(binder);
 }
 
 } // namespace
