@@ -198,6 +198,7 @@ TEST(Decode, refusesBadInput) {
         {{"zz"}, "'z' is not a hexadecimal digit"},
         {{"000"}, "'000' has an odd number of hexadecimal digits"},
         {{'@' + nowhere}, "cannot read '" + nowhere + "': No such file or directory"},
+        {{"@/dev/zero"}, "cannot read '/dev/zero': it has more than 16777216 bytes"},
         {{"--command", "CMD_AUDIO_GETVOLUM", "--reply", "00"}, "--command: 'CMD_AUDIO_GETVOLUM' is not one of "},
         {{"--command", "0x99999", "--reply", "00"}, "--command: no command 0x99999"},
         {{"--command", "AUDIO_COMMON_GET_ITEM_VALUE", "--item", "nothing", "--reply", "00"},

@@ -4,14 +4,34 @@
 #include "wire/text/Shown.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <system_error>
 
 namespace kelutv::tool {
+
+namespace {
+
+/** More than anything that is sent to the television has, and a bound for devices and pipes without end. */
+constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
+
+Bytes bytesOf(std::istream& input, const std::string& name) {
+    Bytes bytes;
+    char piece[65536];
+    while (input.read(piece, sizeof(piece)), input.gcount() > 0) {
+        bytes.insert(bytes.end(), piece, piece + input.gcount());
+        if (bytes.size() > kMostBytes) {
+            throw UsageError("cannot read '" + wire::shown(name, wire::kMostOfPath) + "': it has more than " +
+                             std::to_string(kMostBytes) + " bytes");
+        }
+    }
+    return bytes;
+}
+
+} // namespace
 
 Bytes bytesOfFile(const std::string& path) {
     if (std::error_code ignored; std::filesystem::is_directory(path, ignored)) {
@@ -19,7 +39,7 @@ Bytes bytesOfFile(const std::string& path) {
                          "': it is a directory, and a file is needed");
     }
     std::ifstream file(path, std::ios::binary);
-    Bytes bytes{std::istreambuf_iterator<char>(file), {}};
+    Bytes bytes = bytesOf(file, path);
     if (!file.is_open() || file.bad()) {
         throw UsageError("cannot read '" + wire::shown(path, wire::kMostOfPath) + "': " + std::strerror(errno));
     }
@@ -27,7 +47,7 @@ Bytes bytesOfFile(const std::string& path) {
 }
 
 Bytes bytesOfInput(const std::string& path) {
-    return path == "-" ? Bytes{std::istreambuf_iterator<char>(std::cin), {}} : bytesOfFile(path);
+    return path == "-" ? bytesOf(std::cin, "standard input") : bytesOfFile(path);
 }
 
 std::string textOfArgument(const std::string& argument) {

@@ -6,10 +6,10 @@
 
 namespace kelutv::tool {
 
-/** The content of a file. @throws UsageError when it cannot be read */
+/** The content of a file, at most 16 MiB. @throws UsageError when it cannot be read or has more */
 Bytes bytesOfFile(const std::string& path);
 
-/** A whole file, or standard input for `-`. @throws UsageError when it cannot be read */
+/** A whole file, or standard input for `-`, at most 16 MiB. @throws UsageError when it cannot be read or has more */
 Bytes bytesOfInput(const std::string& path);
 
 /**
