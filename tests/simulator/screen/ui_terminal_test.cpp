@@ -105,6 +105,19 @@ protected:
     Terminal mTerminal;
 };
 
+/** As Ctrl-S stops it. */
+TEST_F(UiTerminal, ThatIsStoppedHoldsNobodyUp) {
+    const auto simulator = start();
+    ASSERT_TRUE(mTerminal.waitFor(kEnter));
+    ASSERT_EQ(::tcflow(mTerminal.descriptor(), TCOOFF), 0);
+    for (int volume = 0; volume < 20; ++volume) {
+        EXPECT_EQ(SimulatorEnvironment::transact(requestOf(0x2008, {0, volume})), replyOf({0}));
+    }
+    simulator->kill(SIGTERM);
+    EXPECT_EQ(simulator->exitCode(), 0);
+    EXPECT_EQ(::tcflow(mTerminal.descriptor(), TCOON), 0);
+}
+
 TEST_F(UiTerminal, ShowsWhatAClientDoes) {
     const auto simulator = start();
     ASSERT_TRUE(mTerminal.waitFor(kEnter));
