@@ -181,7 +181,7 @@ void Program::print(const std::string& text) {
         mUi->note(text);
         return;
     }
-    mOutput.add(text);
+    mOutput->add(text);
 }
 
 void Program::waitForTheEnd() {
@@ -202,6 +202,7 @@ void Program::end() {
     if (mUi != nullptr) {
         mUi->stop();
     }
+    mOutput->finish();
     flushComplaints();
 }
 

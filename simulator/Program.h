@@ -58,7 +58,8 @@ private:
     std::optional<Probe> mProbe;
     const std::shared_ptr<Ui> mUi;
     const sigset_t mSignals;
-    LineWriter mOutput{STDOUT_FILENO};
+    /** Shared with the watchers of the service, which serves until the process has ended. */
+    const std::shared_ptr<LineWriter> mOutput = std::make_shared<LineWriter>(STDOUT_FILENO);
     const std::shared_ptr<ScenarioPlayer> mPlayer;
     const android::sp<Service> mService;
     std::atomic<int> mFailedSteps{0};

@@ -108,17 +108,15 @@ LineWriter::LineWriter(int descriptor)
     : mQueue(std::make_shared<Queue>()), mThread([descriptor, queue = mQueue] { write(descriptor, *queue); }) {}
 
 LineWriter::~LineWriter() {
-    std::unique_lock<std::mutex> lock(mQueue->mutex);
-    mQueue->tellWhatIsLeftOut();
-    mQueue->isEnding = true;
-    mQueue->changed.notify_all();
-    bool isTaken = true;
-    while (isTaken && mQueue->written < mQueue->added) {
-        const std::uint64_t before = mQueue->written;
-        isTaken = mQueue->changed.wait_for(lock, kPatience, [&] { return mQueue->written > before; });
+    finish();
+    bool isDone = false;
+    {
+        const std::lock_guard<std::mutex> lock(mQueue->mutex);
+        mQueue->isEnding = true;
+        mQueue->changed.notify_all();
+        isDone = mQueue->written == mQueue->added;
     }
-    lock.unlock();
-    isTaken ? mThread.join() : mThread.detach();
+    isDone ? mThread.join() : mThread.detach();
 }
 
 void LineWriter::add(std::string line) {
@@ -135,6 +133,16 @@ void LineWriter::flush() {
     std::unique_lock<std::mutex> lock(mQueue->mutex);
     if (!mQueue->waitFor(mQueue->added, lock)) {
         mQueue->isStuck = true; // Others need not find out for themselves.
+    }
+}
+
+void LineWriter::finish() {
+    std::unique_lock<std::mutex> lock(mQueue->mutex);
+    mQueue->tellWhatIsLeftOut();
+    bool isTaken = true;
+    while (isTaken && mQueue->written < mQueue->added) {
+        const std::uint64_t before = mQueue->written;
+        isTaken = mQueue->changed.wait_for(lock, kPatience, [&] { return mQueue->written > before; });
     }
 }
 

@@ -17,7 +17,7 @@ public:
     /** The descriptor must stay open until the end of the process. */
     explicit LineWriter(int descriptor);
 
-    /** Writes what is left if somebody reads; gives up when nothing has been taken for a second. */
+    /** Does `finish`. */
     ~LineWriter();
     LineWriter(const LineWriter&) = delete;
     LineWriter& operator=(const LineWriter&) = delete;
@@ -27,6 +27,9 @@ public:
 
     /** Waits until what has been added is written, but not for a reader that takes nothing. */
     void flush();
+
+    /** Waits until what has been added is written; gives up when nothing has been taken for a second. */
+    void finish();
 
 private:
     struct Queue;
