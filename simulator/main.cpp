@@ -1,4 +1,5 @@
 #include "simulator/Program.h"
+#include "simulator/output/StandardDescriptors.h"
 
 #include "wire/text/Shown.h"
 
@@ -76,6 +77,7 @@ int start(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    kelutv::simulator::openStandardDescriptors();
     try {
         return start(argc, argv);
     } catch (const kelutv::simulator::ConfigurationError& error) {

@@ -33,6 +33,14 @@ Bytes send(int command, std::initializer_list<std::int32_t> arguments = {}) {
     return SimulatorEnvironment::transact(requestOf(command, arguments));
 }
 
+bool isServed() {
+    try {
+        return send(kGetVolume, {0}) == replyOf({0, 20});
+    } catch (const std::runtime_error&) {
+        return false;
+    }
+}
+
 rlim_t lowestFreeDescriptor(pid_t process) {
     rlim_t descriptor = 0;
     std::error_code ignored;
@@ -273,6 +281,23 @@ TEST_F(StateFile, IsWrittenWhenThereAreDescriptorsAgain) {
     EXPECT_NE(error.find(complaint), std::string::npos) << error;
     EXPECT_EQ(error.find(complaint), error.rfind(complaint)) << error;
     mSimulator.reset();
+}
+
+TEST_F(StateFile, GetsNoLinesOfASimulatorWithoutStandardDescriptors) {
+    {
+        ChildProcess simulator(
+            {"/bin/sh", "-c", "exec \"$0\" --trace --state \"$1\" <&- >&- 2>&-", KELUTV_SIMULATOR, path()});
+        EXPECT_TRUE(eventually(isServed));
+        EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
+        EXPECT_EQ(send(kSetVolume, {0, 36}), replyOf({0}));
+        EXPECT_EQ(send(kGetVolume, {0}), replyOf({0, 36}));
+        simulator.kill(SIGTERM);
+        EXPECT_EQ(simulator.exitCode(), 0);
+    }
+    EXPECT_EQ(content().find("CMD_"), std::string::npos) << content();
+    start();
+    EXPECT_EQ(send(kGetVolume, {0}), replyOf({0, 36}));
+    end();
 }
 
 TEST_F(StateFile, ThatIsNestedWithoutEndOrHasNoNumbersIsRefused) {
