@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kUntouched = 4711;
 /** More than any of the answers here holds. */
-constexpr std::size_t kRoom = 256;
+constexpr std::size_t kRoom = 1024;
 
 /** A list in a caller's buffer, and its count. */
 struct Buffer {

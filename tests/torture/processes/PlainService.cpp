@@ -18,7 +18,8 @@ using android::status_t;
 
 class PlainService::Binder : public android::BBinder {
 public:
-    Binder(const std::vector<Operation>& operations, Page& page) : mPage(page) {
+    Binder(const std::vector<Operation>& operations, Before before, Page& page)
+        : mBefore(std::move(before)), mPage(page) {
         mExchanges.push_back({requestOf(kPublishCommand), replyOf({0})});
         for (const Operation& operation : operations) {
             mExchanges.insert(mExchanges.end(), operation.exchanges.begin(), operation.exchanges.end());
@@ -29,6 +30,10 @@ protected:
     status_t onTransact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) override {
         if (code != FIRST_CALL_TRANSACTION) {
             return BBinder::onTransact(code, data, reply, flags);
+        }
+        const int number = mRequests.fetch_add(1);
+        if (const status_t status = mBefore ? mBefore(number) : android::NO_ERROR; status != android::NO_ERROR) {
+            return status;
         }
         const Bytes request(data.data(), data.data() + data.dataSize());
         for (const Exchange& exchange : mExchanges) {
@@ -52,6 +57,8 @@ private:
         }
     }
 
+    const Before mBefore;
+    std::atomic<int> mRequests{0};
     Page& mPage;
     std::vector<Exchange> mExchanges;
     keluem::Publisher mPublisher;
@@ -68,7 +75,7 @@ void PlainService::start() {
 
 void PlainService::serve() {
     android::ProcessState::self()->startThreadPool();
-    const android::sp<android::IBinder> binder = new Binder(mOperations, *mPage);
+    const android::sp<android::IBinder> binder = new Binder(mOperations, mBefore, *mPage);
     // A service that was killed may keep its name for a moment.
     const bool added = eventually([&] {
         return android::defaultServiceManager()->addService(android::String16("TVBaseService"), binder) ==

@@ -4,9 +4,13 @@
 #include "torture/processes/ForkedProcess.h"
 #include "torture/processes/Shared.h"
 
+#include <utils/Errors.h>
+
 #include <array>
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace kelutv::test {
 
@@ -20,7 +24,11 @@ constexpr unsigned int kEventsPerRequest = 3;
  */
 class PlainService {
 public:
-    explicit PlainService(std::vector<Operation> operations) : mOperations(std::move(operations)) {}
+    /** What happens in the service's process before it answers its n-th request, counted from 0; 0 for an answer. */
+    using Before = std::function<android::status_t(int number)>;
+
+    explicit PlainService(std::vector<Operation> operations, Before before = {})
+        : mOperations(std::move(operations)), mBefore(std::move(before)) {}
 
     /** Starts a new process, in place of the last one, and returns when it can be found. Throws when it cannot. */
     void start();
@@ -47,6 +55,7 @@ private:
     void serve();
 
     const std::vector<Operation> mOperations;
+    const Before mBefore;
     Shared<Page> mPage;
     std::unique_ptr<ForkedProcess> mProcess;
 };
