@@ -1,4 +1,5 @@
 #include "support/RuntimeDir.h"
+#include "torture/Report.h"
 #include "torture/matrix/FaultTables.h"
 #include "torture/operations/EveryShape.h"
 #include "torture/processes/PlainService.h"
@@ -113,6 +114,7 @@ TEST_P(AnswerFaults, giveWhatTheTableSays) {
     for (std::size_t i = 0; i < operations.size(); ++i) {
         EXPECT_EQ(found->outcomes.at(i).text(), expected[i]) << operations[i].name;
     }
+    report("faults of the answer: %-13s %zu cells of the table", fault.c_str(), operations.size());
 }
 
 /** The table is of operations that give different things, and has what the other tests take for right and failure. */

@@ -1,5 +1,6 @@
 #include "platform/droid/ProcessCounts.h"
 #include "support/RuntimeDir.h"
+#include "torture/Report.h"
 #include "torture/Size.h"
 #include "torture/processes/ForkedProcess.h"
 #include "torture/processes/ProcessMemory.h"
@@ -12,7 +13,6 @@
 #include <kelutv/linux_kelutv_notify.h>
 
 #include <atomic>
-#include <cstdio>
 #include <filesystem>
 #include <list>
 #include <set>
@@ -89,11 +89,11 @@ protected:
         });
     }
 
-    void expectAsBefore() {
+    void expectAsBefore(const char* what) {
         EXPECT_TRUE(fallsTo(mBefore, mTelevision.pid()))
             << "before: " << mBefore << ", after: " << countsOf(mTelevision.pid());
         const std::size_t memory = memoryOf(mTelevision.pid());
-        std::printf("%zu KiB before, %zu KiB after\n", mMemory, memory);
+        report("%s: the television has %zu KiB before and %zu KiB afterwards", what, mMemory, memory);
 #ifndef KELUTV_SANITIZED
         // A sanitizer keeps what is freed.
         EXPECT_LE(memory, mMemory + kMemorySlack);
@@ -117,7 +117,7 @@ TEST_F(SoakClients, oneAfterTheOther) {
         ASSERT_EQ(client->wait(), 0) << "client " << i << ": " << client->text();
         ASSERT_EQ(mTally->right, i + 1) << "client " << i << ": " << client->text();
     }
-    expectAsBefore();
+    expectAsBefore((std::to_string(clients) + " clients one after the other").c_str());
 }
 
 TEST_F(SoakClients, manyAtATime) {
@@ -136,7 +136,7 @@ TEST_F(SoakClients, manyAtATime) {
         }
         ASSERT_EQ(mTally->right, atATime);
     }
-    expectAsBefore();
+    expectAsBefore((std::to_string(rounds) + " times " + std::to_string(atATime) + " clients").c_str());
 }
 
 } // namespace

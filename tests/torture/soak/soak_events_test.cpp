@@ -1,5 +1,6 @@
 #include "platform/droid/ProcessCounts.h"
 #include "support/RuntimeDir.h"
+#include "torture/Report.h"
 #include "torture/Size.h"
 #include "torture/soak/Listener.h"
 
@@ -8,7 +9,6 @@
 #include <keluem/publisher.h>
 
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 
 namespace kelutv::test {
@@ -109,8 +109,8 @@ TEST(SoakEvents, everyListenersCountIsExplained) {
     }
     EXPECT_EQ(fast.received(), events);
     EXPECT_EQ(publisher.dropped(), (events - slow.received()) + (events - stopped.received()));
-    std::printf("%ld events: fast %ld, slow %ld, stopped %ld, restarted %d times; %ld dropped\n", events,
-                fast.received(), slow.received(), stopped.received(), restarts, publisher.dropped());
+    report("%ld events: fast %ld, slow %ld, stopped %ld, restarted %d times; %ld dropped", events, fast.received(),
+           slow.received(), stopped.received(), restarts, publisher.dropped());
 
     for (Listener* listener : {&fast, &slow, &stopped, restarted.get()}) {
         EXPECT_TRUE(listener->finish());

@@ -1,5 +1,6 @@
 #include "platform/droid/ProcessCounts.h"
 #include "support/RuntimeDir.h"
+#include "torture/Report.h"
 #include "torture/Size.h"
 #include "torture/operations/EveryShape.h"
 #include "torture/processes/PlainService.h"
@@ -9,7 +10,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <random>
 #include <thread>
 
@@ -86,7 +86,7 @@ TEST(SoakKills, noCallIsWrongOrHangs) {
         failed += sights->failed;
     }
     EXPECT_EQ(countsOf(::getpid()), before);
-    std::printf("%d kills under %d threads: %ld calls right, %ld failed\n", kills, kThreads, right, failed);
+    report("%d kills under %d threads: %ld calls right, %ld failed", kills, kThreads, right, failed);
 }
 
 } // namespace

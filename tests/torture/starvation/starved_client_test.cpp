@@ -1,11 +1,11 @@
 #include "support/RuntimeDir.h"
+#include "torture/Report.h"
 #include "torture/starvation/StarvedClient.h"
 #include "torture/starvation/Steps.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <map>
 
 namespace kelutv::test {
 namespace {
@@ -15,14 +15,21 @@ using starvation::Resource;
 /** Runs that hang cost their whole time; these are enough to know. */
 constexpr int kHangsAllowed = 2;
 
+/** The elements side by side, each in this format. */
+template <typename Elements> std::string columns(const Elements& elements, const char* format) {
+    std::string text;
+    for (const auto& element : elements) {
+        char column[32];
+        std::snprintf(column, sizeof column, format, element);
+        text += column;
+    }
+    return text;
+}
+
 class StarvedClientTest : public ::testing::TestWithParam<std::pair<Resource, bool>> {
 protected:
     static void SetUpTestSuite() {
-        std::printf("%-24s %6s %6s", "refused", "of", "runs");
-        for (const char* name : kEndingNames) {
-            std::printf(" %14s", name);
-        }
-        std::printf("\n");
+        report("%-24s %6s %6s%s", "client refused", "of", "runs", columns(kEndingNames, "%14s").c_str());
     }
 
     void count(const ClientRun& run, long nth) {
@@ -37,11 +44,7 @@ protected:
     bool hangs() const { return mEndings[kHung] > kHangsAllowed; }
 
     void printCounts(const std::string& what, long requests) const {
-        std::printf("%-24s %6ld %6d", what.c_str(), requests, mRuns);
-        for (const int number : mEndings) {
-            std::printf(" %14d", number);
-        }
-        std::printf("\n");
+        report("%-24s %6ld %6d%s", what.c_str(), requests, mRuns, columns(mEndings, "%14d").c_str());
     }
 
     RuntimeDir mRuntimeDir;

@@ -1,10 +1,9 @@
 #include "support/RuntimeDir.h"
+#include "torture/Report.h"
 #include "torture/starvation/StarvedService.h"
 #include "torture/starvation/Steps.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdio>
 
 namespace kelutv::test {
 namespace {
@@ -43,9 +42,8 @@ TEST_P(StarvedServiceTest, failsAlone) {
     EXPECT_TRUE(eventually([&] { return mService.descriptors() <= descriptors; }))
         << mService.descriptors() << " descriptors, " << descriptors << " before";
     EXPECT_EQ(mService.restart(), "");
-    std::printf("%-10s %-13s refused in %4d of %4ld places: %5d calls, %4d failed\n",
-                starvation::kResourceNames.at(resource), lasting ? "from then on" : "once", runs, fed.seen, calls,
-                failed);
+    report("television refused %-10s %-13s in %4d of %4ld places: %5d calls, %4d failed",
+           starvation::kResourceNames.at(resource), lasting ? "from then on" : "once", runs, fed.seen, calls, failed);
 }
 
 std::string nameOf(const ::testing::TestParamInfo<std::pair<Resource, bool>>& info) {
