@@ -84,6 +84,10 @@ Bytes SimulatorEnvironment::transact(const Bytes& request) {
     if (service == nullptr) {
         throw std::runtime_error("the simulator is gone");
     }
+    return transact(service, request);
+}
+
+Bytes SimulatorEnvironment::transact(const android::sp<android::IBinder>& service, const Bytes& request) {
     android::Parcel data;
     android::Parcel reply;
     data.setData(request.data(), request.size());

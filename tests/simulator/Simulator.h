@@ -49,6 +49,9 @@ public:
     /** Sends a request past the client library and gives the whole reply. */
     static Bytes transact(const Bytes& request);
 
+    /** The same to a service that was looked up before. */
+    static Bytes transact(const android::sp<android::IBinder>& service, const Bytes& request);
+
 private:
     std::optional<RuntimeDir> mRuntimeDir;
     std::optional<Simulator> mSimulator;

@@ -6,6 +6,8 @@
 
 #include <kelutv/kelutv.h>
 
+#include <binder/IServiceManager.h>
+
 #include <gtest/gtest.h>
 
 #include <sys/resource.h>
@@ -264,14 +266,19 @@ TEST_F(StateFile, IsWrittenWithoutAPipeThatComesLater) {
 
 TEST_F(StateFile, IsWrittenWhenThereAreDescriptorsAgain) {
     start();
-    EXPECT_EQ(send(kSetVolume, {0, 34}), replyOf({0}));
+    // Connected before, since nobody can connect without descriptors.
+    const auto service = android::defaultServiceManager()->getService(android::String16("TVBaseService"));
+    const auto setVolume = [&service](int volume) {
+        return SimulatorEnvironment::transact(service, requestOf(kSetVolume, {0, volume}));
+    };
+    EXPECT_EQ(setVolume(34), replyOf({0}));
     const pid_t simulator = mSimulator->process().pid();
     rlimit before{};
     ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, nullptr, &before), 0);
     const rlimit none{lowestFreeDescriptor(simulator), before.rlim_max};
     ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, &none, nullptr), 0);
-    EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
-    EXPECT_EQ(send(kSetVolume, {0, 36}), replyOf({0}));
+    EXPECT_EQ(setVolume(35), replyOf({0}));
+    EXPECT_EQ(setVolume(36), replyOf({0}));
     EXPECT_EQ(content().find("\"value\":[36]"), std::string::npos);
     ASSERT_EQ(::prlimit(simulator, RLIMIT_NOFILE, &before, nullptr), 0);
     EXPECT_TRUE(eventually([this] { return content().find("\"value\":[36]") != std::string::npos; }));
