@@ -36,9 +36,9 @@ std::string characters(const Bytes& row) {
 constexpr const char* kBlanks = " \t\r";
 
 std::string withoutFirstWord(const std::string& line) {
-    const std::size_t begin = line.find_first_not_of(kBlanks);
-    const std::size_t end = line.find_first_of(kBlanks, begin);
-    return end != std::string::npos ? line.substr(line.find_first_not_of(kBlanks, end)) : "";
+    const std::size_t first = line.find_first_not_of(kBlanks);
+    const std::size_t second = line.find_first_not_of(kBlanks, line.find_first_of(kBlanks, first));
+    return second != std::string::npos ? line.substr(second) : "";
 }
 
 /** The bytes of one line of a dump, or of a line that holds nothing else. */
