@@ -3,8 +3,8 @@
 #include "simulator/text/Numbers.h"
 #include "wire/text/Shown.h"
 
+#include <algorithm>
 #include <cstring>
-#include <sstream>
 
 namespace kelutv::simulator {
 
@@ -110,12 +110,15 @@ std::string trimmed(const std::string& text) {
 }
 
 std::vector<std::string> wordsOf(const std::string& line) {
-    std::istringstream text(line);
     std::vector<std::string> words;
-    for (std::string word; text >> word;) {
-        words.push_back(word);
+    for (std::size_t end = 0;;) {
+        const std::size_t begin = line.find_first_not_of(kBlanks, end);
+        if (begin == std::string::npos) {
+            return words;
+        }
+        end = std::min(line.find_first_of(kBlanks, begin), line.size());
+        words.push_back(line.substr(begin, end - begin));
     }
-    return words;
 }
 
 } // namespace kelutv::simulator

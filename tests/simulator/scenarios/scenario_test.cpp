@@ -107,6 +107,7 @@ TEST_F(ScenarioFile, IsCheckedAsAWholeBeforeItStarts) {
          ":2: there is no command or item 'CMD_AUDIO_GETVOLUNE'; nearest: CMD_AUDIO_GETVOLUME"},
         {"on any within 3", ":2: within takes a time from 0ms to 3600s, like 200ms or 1.5s"},
         {"after 1s explode 5", ":2: there is no control command 'explode'"},
+        {"\v", ":2: there is no control command '"},
     };
     for (const auto& [line, complaint] : lines) {
         const auto simulator = play("unplug 5\n" + line + '\n');
