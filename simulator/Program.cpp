@@ -4,6 +4,7 @@
 #include "simulator/control/ControlReader.h"
 #include "simulator/control/ControlServer.h"
 #include "simulator/output/Complaints.h"
+#include "simulator/output/Shortage.h"
 #include "simulator/trace/TracePrinter.h"
 
 #include <binder/IServiceManager.h>
@@ -191,7 +192,7 @@ void Program::waitForTheEnd() {
         if (received == SIGWINCH) {
             mUi->resized();
         }
-        mService->keepState();
+        withMemory([this] { mService->keepState(); });
     }
 }
 

@@ -17,6 +17,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <thread>
 
 namespace kelutv::simulator {
@@ -64,6 +65,15 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
     if (mExiting) {
         waitForTheEnd();
     }
+    try {
+        serve(data, reply);
+        return android::NO_ERROR;
+    } catch (const std::bad_alloc&) {
+        return android::NO_MEMORY;
+    }
+}
+
+void Service::serve(const Parcel& data, Parcel* reply) {
     const wire::Request request = wire::readRequest(data);
     FaultRules faults;
     const wire::Reply answered = answer(request, faults);
@@ -82,7 +92,6 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
         mExiting = true;
         exitWhenAnswered();
     }
-    return android::NO_ERROR;
 }
 
 wire::Reply Service::answer(const wire::Request& request, FaultRules& faults) {

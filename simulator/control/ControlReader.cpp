@@ -3,6 +3,7 @@
 #include "simulator/control/ControlMessage.h"
 #include "simulator/control/Waiting.h"
 #include "simulator/output/Complaints.h"
+#include "simulator/output/Shortage.h"
 
 #include <fcntl.h>
 #include <sys/eventfd.h>
@@ -72,9 +73,10 @@ void ControlReader::read() {
 void ControlReader::handOn(const char* bytes, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         if (bytes[i] == '\n') {
-            endLine();
+            withMemory([this] { endLine(); });
+            mLine.clear();
         } else if (mLine.size() <= kLongestLine) {
-            mLine += bytes[i];
+            withMemory([&] { mLine += bytes[i]; });
         }
     }
 }
@@ -85,7 +87,6 @@ void ControlReader::endLine() {
     } else {
         mReceiver(mLine);
     }
-    mLine.clear();
 }
 
 } // namespace kelutv::simulator

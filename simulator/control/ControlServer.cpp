@@ -1,6 +1,7 @@
 #include "simulator/control/ControlServer.h"
 
 #include "simulator/control/Waiting.h"
+#include "simulator/output/Shortage.h"
 
 #include "socket/QuietThread.h"
 #include "socket/RuntimeDirectory.h"
@@ -42,6 +43,9 @@ ControlServer::ControlServer(Receiver receiver) : mReceiver(std::move(receiver))
     }
     mPath = room->pathOf(kControlSocket);
     const kq::UniqueFd lock = room->lock();
+    if (!lock) {
+        throw std::runtime_error("cannot serve the control channel at " + mPath + ": its name cannot be locked");
+    }
     if (kq::isStale(mPath)) {
         ::unlink(mPath.c_str());
     }
@@ -60,7 +64,9 @@ ControlServer::~ControlServer() {
 }
 
 void ControlServer::serve() {
-    while (!mIsEnding && serveOnce()) {
+    bool isEnding = false;
+    while (!mIsEnding && !isEnding) {
+        withMemory([&] { isEnding = !serveOnce(); });
     }
 }
 

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <deque>
 #include <mutex>
+#include <new>
 #include <utility>
 
 namespace kelutv::simulator {
@@ -41,16 +42,18 @@ struct LineWriter::Queue {
     bool isEnding = false;
 
     void push(std::string line) {
-        size += line.size();
-        ++added;
+        const std::size_t length = line.size();
         lines.push_back(std::move(line));
+        size += length;
+        ++added;
         changed.notify_all();
     }
 
     /** Puts the line about those that were left out behind those that were not. */
     void tellWhatIsLeftOut() {
         if (leftOut > 0) {
-            push(simulator::leftOut(std::exchange(leftOut, 0)));
+            push(simulator::leftOut(leftOut));
+            leftOut = 0;
         }
     }
 
@@ -58,7 +61,11 @@ struct LineWriter::Queue {
     std::string next() {
         std::unique_lock<std::mutex> lock(mutex);
         if (lines.empty()) {
-            tellWhatIsLeftOut();
+            try {
+                tellWhatIsLeftOut();
+            } catch (const std::bad_alloc&) {
+                // Told with the next line.
+            }
         }
         changed.wait(lock, [this] { return !lines.empty() || isEnding; });
         if (lines.empty()) {

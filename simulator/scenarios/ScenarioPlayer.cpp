@@ -1,6 +1,7 @@
 #include "simulator/scenarios/ScenarioPlayer.h"
 
 #include "simulator/output/Complaints.h"
+#include "simulator/output/Shortage.h"
 
 #include <utility>
 
@@ -53,7 +54,10 @@ void ScenarioPlayer::play() {
         if (isStopping()) {
             return;
         }
-        carryOut(mScenario.steps[index], isReached);
+        const int failedBefore = mFailed;
+        if (!withMemory([&] { carryOut(mScenario.steps[index], isReached); })) {
+            mFailed = failedBefore + 1;
+        }
         mStepEnd = Clock::now();
     }
     mEnded(mFailed);

@@ -1,5 +1,6 @@
 #include "simulator/screen/Ui.h"
 
+#include "simulator/output/Shortage.h"
 #include "simulator/screen/UiRender.h"
 #include "simulator/trace/Trace.h"
 
@@ -70,10 +71,20 @@ void Ui::leaveTerminal() {
 }
 
 void Ui::drawChanges() {
-    for (UiView view; waitForChange(view);) {
-        const std::lock_guard<std::mutex> lock(mTerminalMutex);
-        mTerminal.draw(render(view, mTerminal.size(), mColor));
+    for (bool isOn = true; isOn;) {
+        withMemory([&] { isOn = drawChange(); });
     }
+}
+
+/** False when there is nothing more to draw. */
+bool Ui::drawChange() {
+    UiView view;
+    if (!waitForChange(view)) {
+        return false;
+    }
+    const std::lock_guard<std::mutex> lock(mTerminalMutex);
+    mTerminal.draw(render(view, mTerminal.size(), mColor));
+    return true;
 }
 
 bool Ui::waitForChange(UiView& view) {

@@ -39,6 +39,7 @@ public:
 private:
     void leaveTerminal();
     void drawChanges();
+    bool drawChange();
     /** False when there is nothing more to draw. */
     bool waitForChange(UiView& view);
     void markChanged();
