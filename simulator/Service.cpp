@@ -66,19 +66,21 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
         waitForTheEnd();
     }
     try {
-        serve(data, reply);
-        return android::NO_ERROR;
+        return serve(data, reply);
     } catch (const std::bad_alloc&) {
+        // The next request may find memory again.
         return android::NO_MEMORY;
     }
 }
 
-void Service::serve(const Parcel& data, Parcel* reply) {
+status_t Service::serve(const Parcel& data, Parcel* reply) {
     const wire::Request request = wire::readRequest(data);
     FaultRules faults;
     const wire::Reply answered = answer(request, faults);
     if (reply != nullptr) {
-        wire::writeReply(answered, *reply);
+        if (const status_t status = wire::writeReply(answered, *reply); status != android::NO_ERROR) {
+            return status;
+        }
         for (const FaultRule& fault : faults) {
             corrupt(fault.effect, request, answered, *reply);
         }

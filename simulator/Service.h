@@ -44,7 +44,7 @@ protected:
 private:
     using FaultRules = std::vector<FaultRule>;
 
-    void serve(const android::Parcel& data, android::Parcel* reply);
+    android::status_t serve(const android::Parcel& data, android::Parcel* reply);
     wire::Reply answer(const wire::Request& request, FaultRules& faults);
     void exitIfToldTo(const FaultRules& faults);
     wire::Reply carryOut(const wire::Request& request, const FaultRules& faults);

@@ -1,6 +1,5 @@
 #include "wire/codec/Reply.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace kelutv::wire {
@@ -52,14 +51,14 @@ private:
     const Value* mEnd;
 };
 
-void write(android::Parcel& parcel, const Value& value) {
+android::status_t write(android::Parcel& parcel, const Value& value) {
     if (const auto* const number = std::get_if<std::int32_t>(&value)) {
-        parcel.writeInt32(*number);
-    } else if (const auto* const real = std::get_if<double>(&value)) {
-        parcel.writeDouble(*real);
-    } else {
-        parcel.writeCString(std::get<std::string>(value).c_str());
+        return parcel.writeInt32(*number);
     }
+    if (const auto* const number = std::get_if<double>(&value)) {
+        return parcel.writeDouble(*number);
+    }
+    return parcel.writeCString(std::get<std::string>(value).c_str());
 }
 
 } // namespace
@@ -79,11 +78,14 @@ Reply replyWith(const Operation& operation, const Values& kept) {
     return reply;
 }
 
-void writeReply(const Reply& reply, android::Parcel& parcel) {
-    parcel.writeInt32(reply.result);
+android::status_t writeReply(const Reply& reply, android::Parcel& parcel) {
+    android::status_t status = parcel.writeInt32(reply.result);
     for (const Values& field : reply.fields) {
-        std::for_each(field.begin(), field.end(), [&parcel](const Value& value) { write(parcel, value); });
+        for (auto value = field.begin(); value != field.end() && status == android::NO_ERROR; ++value) {
+            status = write(parcel, *value);
+        }
     }
+    return status;
 }
 
 } // namespace kelutv::wire

@@ -3,6 +3,7 @@
 #include "wire/codec/Request.h"
 
 #include <binder/Parcel.h>
+#include <utils/Errors.h>
 
 #include <cstdint>
 #include <string>
@@ -24,6 +25,7 @@ Reply replyTo(const Refusal& refusal);
 /** The answer that hands out what the television keeps; what it does not keep is 0 or empty. */
 Reply replyWith(const Operation& operation, const Values& kept);
 
-void writeReply(const Reply& reply, android::Parcel& parcel);
+/** Appends the reply; a status other than 0 when there is no memory for all of it. */
+android::status_t writeReply(const Reply& reply, android::Parcel& parcel);
 
 } // namespace kelutv::wire
