@@ -22,7 +22,7 @@ struct Page {
     std::atomic<int> resource{kAllocation};
     /** The request that fails, counted from 1; 0 for none. */
     std::atomic<long> nth{0};
-    /** Whether all that follow fail, too. */
+    /** Whether all that follow fail, too. Of descriptors, one can be had for each that the process closes. */
     std::atomic<bool> lasting{false};
     /** How many requests for the resource there were. */
     std::atomic<long> seen{0};

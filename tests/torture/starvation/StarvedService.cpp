@@ -29,7 +29,8 @@ std::atomic<int> gEvents{0};
 
 } // namespace
 
-StarvedService::StarvedService() : mStarvation(mFolder.pathOf("page")), mOperations(televisionOperations()) {
+StarvedService::StarvedService(bool keepsState)
+    : mKeepsState(keepsState), mStarvation(mFolder.pathOf("page")), mOperations(televisionOperations()) {
     start();
     if (const std::string wrong = visit(1); !wrong.empty() || mVisit->notes.failed > 0) {
         throw std::runtime_error("the television is wrong before it lacks anything: " + wrong);
@@ -44,7 +45,10 @@ void StarvedService::start() {
                            std::string(starvation::kPageVariable) + "=" + mFolder.pathOf("page")};
     options.captureOutput = true;
     options.captureError = true;
-    const std::vector<std::string> command = {KELUTV_SIMULATOR, "--state", mFolder.pathOf("state")};
+    std::vector<std::string> command = {KELUTV_SIMULATOR};
+    if (mKeepsState) {
+        command.insert(command.end(), {"--state", mFolder.pathOf("state")});
+    }
     mProcess = std::make_unique<ChildProcess>(command, options);
     if (!mProcess->output().waitFor("ready")) {
         throw std::runtime_error("the television did not get ready: " + mProcess->error().text());
@@ -120,6 +124,8 @@ std::string StarvedService::look() {
     if (volume != mAcknowledged && volume != mSet) {
         return "the volume was set to " + std::to_string(mSet) + " and is " + std::to_string(volume);
     }
+    mAcknowledged = volume;
+    mSet = volume;
     if (mVisit->notes.wrong > 0) {
         return std::string("afterwards ") + mVisit->notes.firstWrong.data();
     }

@@ -24,12 +24,13 @@ struct ServiceRun {
 };
 
 /**
- * The simulated television, with a state file, that is refused what the test says while a client calls it. Another
+ * The simulated television that is refused what the test says while a client calls it. Another
  * client looks at it when nothing is refused any more.
  */
 class StarvedService {
 public:
-    StarvedService();
+    /** @param keepsState Whether it has a state file. */
+    explicit StarvedService(bool keepsState);
 
     ServiceRun run(const Starved& starved);
 
@@ -52,12 +53,13 @@ private:
     void live(int volume);
     std::string look();
 
+    const bool mKeepsState;
     TestFolder mFolder;
     PageFile mStarvation;
     const std::vector<Operation> mOperations;
     Shared<Visit> mVisit;
     std::unique_ptr<ChildProcess> mProcess;
-    /** What the volume may be: the last that was acknowledged, and the last that was set. */
+    /** What the volume may be: the one that was acknowledged or seen last, or the one that was set last. */
     int mAcknowledged = 0;
     int mSet = 0;
 };

@@ -16,7 +16,9 @@ constexpr int kFaultsAllowed = 3;
 class StarvedServiceTest : public ::testing::TestWithParam<std::pair<Resource, bool>> {
 protected:
     RuntimeDir mRuntimeDir;
-    StarvedService mService;
+    // The library that writes the state file's JSON ends the process when it has no memory to destroy a document.
+    const bool mKeepsState = GetParam().first != starvation::kAllocation;
+    StarvedService mService{mKeepsState};
 };
 
 TEST_P(StarvedServiceTest, failsAlone) {
@@ -41,7 +43,9 @@ TEST_P(StarvedServiceTest, failsAlone) {
     }
     EXPECT_TRUE(eventually([&] { return mService.descriptors() <= descriptors; }))
         << mService.descriptors() << " descriptors, " << descriptors << " before";
-    EXPECT_EQ(mService.restart(), "");
+    if (mKeepsState) {
+        EXPECT_EQ(mService.restart(), "");
+    }
     report("television refused %-10s %-13s in %4d of %4ld places: %5d calls, %4d failed",
            starvation::kResourceNames.at(resource), lasting ? "from then on" : "once", runs, fed.seen, calls, failed);
 }
