@@ -72,6 +72,11 @@ class IncludeGraph(unittest.TestCase):
         self.write("client/Client.cpp", '#include "tests/support/Harness.h"\n')
         self.assert_refused("client/Client.cpp:1: client may not include tests/support/Harness.h")
 
+    def test_test_support_that_fuzz_targets_use(self) -> None:
+        self.write("tests/support/Harness.h", "")
+        self.write("fuzz/support/Input.cpp", '#include "tests/support/Harness.h"\n')
+        self.assertEqual(self.run_script("build").returncode, 0)
+
     def test_a_folder_that_is_no_room(self) -> None:
         self.write("simulator/cellar/Wine.h", "")
         self.assert_refused("simulator/cellar/Wine.h: simulator/cellar is not among the rooms")

@@ -1,0 +1,69 @@
+#include "fuzz/support/Input.h"
+#include "fuzz/support/Target.h"
+#include "fuzz/support/Televisions.h"
+
+#include "simulator/Service.h"
+#include "simulator/trace/Trace.h"
+#include "simulator/trace/Watcher.h"
+#include "wire/codec/ReplyReader.h"
+
+#include <binder/Parcel.h>
+
+#include <memory>
+
+/** Any requests to one simulated television: each is answered, and an answer to what was carried out can be read. */
+namespace kelutv::fuzz {
+namespace {
+
+using android::Parcel;
+
+/** Has the lines of a trace made. */
+class Reader : public simulator::Watcher {
+public:
+    void served(const simulator::Served& served) override {
+        simulator::describe(served.caller, served.request, served.reply);
+    }
+    void published(const simulator::PublishedEvent& event) override { simulator::describe(event); }
+};
+
+void writeToken(Parcel& request) { request.writeInterfaceToken(android::String16("android.ITVBaseService")); }
+
+/** Most requests begin as those of the library do. */
+void readRequest(Input& input, Parcel& request) {
+    if (input.below(16) != 0) {
+        writeToken(request);
+        request.writeInt32(input.number<std::int32_t>());
+    }
+    const Bytes arguments = input.block();
+    request.write(arguments.data(), arguments.size());
+    request.setDataPosition(0);
+}
+
+void send(simulator::Service& service, const Parcel& request) {
+    Parcel reply;
+    require(service.transact(1, request, &reply) == android::NO_ERROR, "a request is taken");
+    require(reply.dataSize() >= sizeof(std::int32_t), "a request is answered");
+    reply.setDataPosition(0);
+    request.setDataPosition(0);
+    const wire::Request read = wire::readRequest(request);
+    if (read.operation != nullptr && !read.refusal) {
+        const wire::ReplyReading reading = wire::readReply(*read.operation, reply);
+        require(reading.hasResult && !reading.flaw, "an answer is of the form that the catalogue says");
+    }
+}
+
+} // namespace
+} // namespace kelutv::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace kelutv;
+    fuzz::Input input(data, size);
+    const android::sp<simulator::Service> service = new simulator::Service(
+        {std::make_shared<fuzz::Reader>()}, fuzz::standardConfiguration(), simulator::EepStore(), "");
+    while (!input.isEmpty()) {
+        android::Parcel request;
+        fuzz::readRequest(input, request);
+        fuzz::send(*service, request);
+    }
+    return 0;
+}
