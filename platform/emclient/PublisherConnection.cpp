@@ -27,7 +27,7 @@ int bytesThat(unsigned long question, int socket) {
 
 std::uint32_t EventPacket::id() const {
     std::uint32_t id = 0;
-    std::memcpy(&id, payload - kEventIdSize, kEventIdSize);
+    std::memcpy(&id, bytes + kPayloadAt - kEventIdSize, kEventIdSize);
     return id;
 }
 

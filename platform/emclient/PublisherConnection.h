@@ -16,12 +16,15 @@ namespace keluem {
 
 /** A received event, placed so that the payload is aligned for any type. */
 struct EventPacket {
-    alignas(std::max_align_t) unsigned char gapAndId[sizeof(std::max_align_t)];
-    unsigned char payload[kMaxPayload];
+    static constexpr std::size_t kPayloadAt = alignof(std::max_align_t);
+
+    /** A gap, the identifier, the payload. */
+    alignas(std::max_align_t) unsigned char bytes[kPayloadAt + kMaxPayload];
     /** Of identifier and payload. */
     std::size_t size;
 
-    unsigned char* start() { return payload - kEventIdSize; }
+    unsigned char* start() { return bytes + kPayloadAt - kEventIdSize; }
+    unsigned char* payload() { return bytes + kPayloadAt; }
     std::uint32_t id() const;
     std::size_t length() const { return size - kEventIdSize; }
 };

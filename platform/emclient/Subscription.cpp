@@ -217,7 +217,7 @@ void Subscription::receiveFrom(PublisherConnection& connection, std::uint32_t ev
     }
     if (wanted) {
         const auto length = static_cast<unsigned int>(mPacket->length());
-        mListeners.deliver(mPacket->id(), length == 0 ? nullptr : mPacket->payload, length);
+        mListeners.deliver(mPacket->id(), length == 0 ? nullptr : mPacket->payload(), length);
     }
 }
 
