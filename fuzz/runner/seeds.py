@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import fcntl
 import json
 import re
 import shutil
@@ -122,7 +123,14 @@ def write_texts(folder: Path, texts: Iterable[str]) -> None:
 
 
 def make() -> None:
-    """Writes all seeds and dictionaries anew."""
+    """Writes all seeds and dictionaries anew; runs of several targets at a time do it one after the other."""
+    WORK.mkdir(parents=True, exist_ok=True)
+    with (WORK / "lock").open("w", encoding="ascii") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        write_all()
+
+
+def write_all() -> None:
     shutil.rmtree(SEEDS, ignore_errors=True)
     SEEDS.mkdir(parents=True)
     done = subprocess.run([BUILD / "fuzz" / "fuzz_seeds", SEEDS], capture_output=True, text=True)
