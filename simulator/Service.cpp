@@ -94,6 +94,7 @@ status_t Service::serve(const Parcel& data, Parcel* reply) {
         mExiting = true;
         exitWhenAnswered();
     }
+    return android::NO_ERROR;
 }
 
 wire::Reply Service::answer(const wire::Request& request, FaultRules& faults) {

@@ -64,7 +64,7 @@ private:
     void addObject(Parcel& request) {
         mOffsets.push_back(request.dataPosition() + (mInput.below(16) == 0 ? mInput.number<std::uint8_t>() : 0));
         flat_binder_object object{};
-        object.hdr.type = mInput.below(8) != 0 ? BINDER_TYPE_HANDLE : mInput.number<std::uint32_t>();
+        object.hdr.type = mInput.below(8) != 0 ? std::uint32_t{BINDER_TYPE_HANDLE} : mInput.number<std::uint32_t>();
         object.handle = mInput.number<std::uint8_t>() % 4;
         request.write(&object, sizeof object);
     }
