@@ -30,7 +30,7 @@ constexpr const char* kTag = "kqdroid";
 constexpr int kPauseMs = 100;
 constexpr int kStarvedMs = 10;
 constexpr std::chrono::seconds kBetweenRefusalLines{1};
-constexpr uint32_t kConnectionEvents = EPOLLIN | EPOLLRDHUP | EPOLLONESHOT;
+constexpr uint32_t kConnectionEvents = EPOLLIN | EPOLLRDHUP;
 constexpr uint32_t kListenerEvents = EPOLLIN | EPOLLONESHOT;
 
 kq::UniqueFd newSpare() {
@@ -121,6 +121,8 @@ void ServerPoller::handle(ServerSocket* source, uint32_t events) {
         acceptFrom(*static_cast<ServerListener*>(source));
         return;
     }
+    // Taken out, not just disarmed: a connection that is waited for costs each packet on it time.
+    ::epoll_ctl(mEpoll.get(), EPOLL_CTL_DEL, source->socket.get(), nullptr);
     std::unique_ptr<ServerConnection> connection(static_cast<ServerConnection*>(source));
     const bool hungUp = (events & (EPOLLRDHUP | EPOLLHUP | EPOLLERR)) != 0;
     if (!hungUp || !hasEnded(connection->socket.get())) {
@@ -131,7 +133,7 @@ void ServerPoller::handle(ServerSocket* source, uint32_t events) {
 void ServerPoller::park(std::unique_ptr<ServerConnection> connection) const {
     // From then on the poller has it, and may have given it to another thread before this call returns.
     ServerConnection* const parked = connection.release();
-    if (!arm(parked, EPOLL_CTL_MOD, kConnectionEvents)) {
+    if (!arm(parked, EPOLL_CTL_ADD, kConnectionEvents)) {
         delete parked;
     }
 }
