@@ -105,14 +105,14 @@ void ServerPoller::run() {
         if (came < 0 && errno != EINTR) {
             ::poll(nullptr, 0, kPauseMs);
         }
-        if (came == 0) {
-            resume();
-        }
         for (int i = 0; i < came; ++i) {
             const epoll_event& event = events[static_cast<size_t>(i)];
             handle(static_cast<ServerSocket*>(event.data.ptr), event.events);
         }
         refuseUnserved();
+        if (mPaused != nullptr && Clock::now() >= mResume) {
+            resume();
+        }
     }
 }
 
@@ -159,6 +159,7 @@ void ServerPoller::acceptFrom(ServerListener& listener) {
     } else if (!acceptFailed(listener, caller, errno)) {
         // Out of memory: the caller still waits, and asking again at once would only spin.
         listener.nextPaused = std::exchange(mPaused, &listener);
+        mResume = Clock::now() + std::chrono::milliseconds(kPauseMs);
         return;
     }
     arm(&listener, EPOLL_CTL_MOD, kListenerEvents);

@@ -55,6 +55,7 @@ private:
     CallWorkers mWorkers;
     std::unique_ptr<MessageBuffer> mBuffer;
     ServerListener* mPaused = nullptr;
+    std::chrono::steady_clock::time_point mResume;
     std::chrono::steady_clock::time_point mNextRefusalLine;
 };
 
