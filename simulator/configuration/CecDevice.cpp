@@ -1,5 +1,6 @@
 #include "simulator/configuration/CecDevice.h"
 
+#include "simulator/files/JsonValues.h"
 #include "wire/text/Shown.h"
 
 #include <nlohmann/json.hpp>
@@ -49,6 +50,9 @@ std::optional<std::string> objectionTo(const CecDevice& device) {
         if (text.size() > kLongestText) {
             return std::string(field) + " has at most " + std::to_string(kLongestText) + " bytes, not " +
                    std::to_string(text.size());
+        }
+        if (!isUtf8(text)) {
+            return std::string(field) + " must be UTF-8, it cannot be '" + wire::shown(text) + "'";
         }
     }
     if (!isPhysicalAddress(device.phyAddr)) {

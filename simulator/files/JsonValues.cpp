@@ -15,15 +15,6 @@ namespace {
 
 using nlohmann::json;
 
-bool isUtf8(const std::string& text) {
-    try {
-        json(text).dump();
-        return true;
-    } catch (const json::type_error&) {
-        return false;
-    }
-}
-
 std::string hexOf(const std::string& bytes) {
     std::string hex;
     for (const char byte : bytes) {
@@ -86,6 +77,15 @@ wire::Value valueOf(const JsonNode& node) {
 }
 
 } // namespace
+
+bool isUtf8(const std::string& text) {
+    try {
+        json(text).dump();
+        return true;
+    } catch (const json::type_error&) {
+        return false;
+    }
+}
 
 json toJson(const wire::Values& values) {
     json list = json::array();

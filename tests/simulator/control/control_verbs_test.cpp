@@ -288,6 +288,7 @@ constexpr BadLine kBadLines[] = {
     {"signal hdmi1", "signal takes a source, and then none, the name of a signal, or STATE=VALUE"},
     {"cec", "cec takes add FIELD=VALUE..., remove ADDRESS or play ADDRESS"},
     {"cec add logAddr=11", "cec add needs hdmiDevPort=NUMBER"},
+    {R"(cec add logAddr=11 hdmiDevPort=2 name="\xff")", R"(name must be UTF-8, it cannot be '\xff')"},
     {"cec add logAddr=11 logAddr=11", "the field 'logAddr' is given twice"},
     {"cec add logAdr=11",
      "a CEC device has no field 'logAdr'; nearest: logAddr; allowed: logAddr, hdmiDevPort, name, phyAddr, "
