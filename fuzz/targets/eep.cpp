@@ -47,6 +47,8 @@ public:
         while (!mInput.isEmpty()) {
             step();
         }
+        // A second store would be refused.
+        mStore.reset();
         const std::optional<EepStore> again = open(mFile);
         require(again && again->read(Memory::Eep, 0, kSize) == mCommitted.substr(0, kSize) &&
                     again->read(Memory::FlashEep, 0, kSize) == mCommitted.substr(kSize),
@@ -66,12 +68,12 @@ private:
             break;
         case 2:
             if (mCommits++ < kMostCommits) {
-                mStore.commit(memory);
+                mStore->commit(memory);
                 mCommitted.replace(start, kSize, mWritten, start, kSize);
             }
             break;
         default:
-            mStore.revert(memory);
+            mStore->revert(memory);
             mWritten.replace(start, kSize, mCommitted, start, kSize);
         }
     }
@@ -81,7 +83,7 @@ private:
         const auto length = mInput.number<std::int16_t>();
         if (EepStore::covers(address, length)) {
             const auto count = static_cast<std::size_t>(std::max<std::int16_t>(length, 0));
-            require(mStore.read(memory, address, count) ==
+            require(mStore->read(memory, address, count) ==
                         mWritten.substr(start + static_cast<std::size_t>(address), count),
                     "what was written is read");
         }
@@ -92,7 +94,7 @@ private:
         const Bytes bytes = mInput.block();
         const std::string text(bytes.begin(), bytes.end());
         if (EepStore::covers(address, static_cast<std::int64_t>(text.size()))) {
-            mStore.write(memory, address, text);
+            mStore->write(memory, address, text);
             mWritten.replace(start + static_cast<std::size_t>(address), text.size(), text);
         }
         require(mWritten.size() == kFileSize, "the memories keep their size");
@@ -100,7 +102,7 @@ private:
 
     Input& mInput;
     const ScratchFile& mFile;
-    EepStore mStore;
+    std::optional<EepStore> mStore;
     std::string mWritten;
     std::string mCommitted;
     std::size_t mCommits = 0;
