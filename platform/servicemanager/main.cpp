@@ -1,8 +1,7 @@
 #include "ServiceRegistry.h"
 
+#include "cli/OptionParser.h"
 #include "droid/kernel/KernelBinder.h"
-
-#include <CLI/CLI.hpp>
 
 #include <unistd.h>
 
@@ -19,7 +18,6 @@
 
 namespace {
 
-constexpr int kBadUsage = 2;
 constexpr uid_t kRoot = 0;
 constexpr uid_t kSystem = 1000;
 // A service manager that has just ended keeps its place until the driver has cleaned up after it.
@@ -69,23 +67,20 @@ int run(const Options& options) {
 }
 
 int start(int argc, char** argv) {
-    CLI::App app(
+    Options options;
+    const kelutv::cli::OptionParser parser(
+        "kqservicemanager",
         "Service manager for the kernel's binder driver, where none runs: services are added and found by name.\n"
         "Root and the system user (1000) may add services.\n\n"
         "Example: kqservicemanager --allow-uid 2000",
-        "kqservicemanager");
-    Options options;
-    app.add_option("--device", options.device, "The driver's device")
-        ->option_text("PATH")
-        ->envname("KQDROID_BINDER_DEVICE");
-    app.add_option("--allow-uid", options.registrars, "Let this user add services too; may be given again")
-        ->option_text("UID")
-        ->check(CLI::Range(std::numeric_limits<uid_t>::max() - 1));
-    app.set_version_flag("--version", "kqservicemanager " KELUTV_VERSION);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? EXIT_SUCCESS : kBadUsage;
+        "kqservicemanager " KELUTV_VERSION);
+    const kelutv::cli::Subcommand program = parser.program();
+    program.option("--device", options.device, "PATH", "The driver's device");
+    program.environment("--device", "KQDROID_BINDER_DEVICE");
+    program.option("--allow-uid", options.registrars, std::numeric_limits<uid_t>::max() - 1, "UID",
+                   "Let this user add services too; may be given again");
+    if (const auto ended = parser.parse(argc, argv, [](const std::string& complaint) { return complaint; })) {
+        return *ended;
     }
     return run(options);
 }

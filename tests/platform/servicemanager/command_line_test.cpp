@@ -18,6 +18,32 @@ void expectRefused(std::vector<std::string> arguments, const std::string& messag
     EXPECT_EQ(manager.error().text(), message + "\nRun with --help for more information.\n");
 }
 
+TEST(CommandLine, explainsItself) {
+    ChildProcess::Options options;
+    options.captureOutput = true;
+    ChildProcess manager({KELUTV_SERVICE_MANAGER, "--help"}, options);
+    EXPECT_EQ(manager.exitCode(), 0);
+    EXPECT_EQ(manager.output().text(),
+              "Service manager for the kernel's binder driver, where none runs: services are added and found by name.\n"
+              "Root and the system user (1000) may add services.\n\n"
+              "Example: kqservicemanager --allow-uid 2000\n"
+              "Usage: kqservicemanager [OPTIONS]\n\n"
+              "Options:\n"
+              "  -h,--help                   Print this help message and exit\n"
+              "  --device PATH               The driver's device\n"
+              "  --allow-uid UID             Let this user add services too; may be given again\n"
+              "  --version                   Display program version information and exit\n\n");
+}
+
+TEST(CommandLine, takesTheDeviceThatTheEnvironmentNames) {
+    ChildProcess::Options options;
+    options.captureError = true;
+    options.environment = {"KQDROID_BINDER_DEVICE=/dev/null/binder"};
+    ChildProcess manager({KELUTV_SERVICE_MANAGER}, options);
+    EXPECT_EQ(manager.exitCode(), 1);
+    EXPECT_NE(manager.error().text().find("/dev/null/binder"), std::string::npos) << manager.error().text();
+}
+
 TEST(CommandLine, saysWhichUsersThereAre) {
     expectRefused({"--allow-uid", "shell"}, "--allow-uid: Value shell not in range 0 to 4294967294");
     expectRefused({"--allow-uid", "4294967295"}, "--allow-uid: Value 4294967295 not in range 0 to 4294967294");

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace kelutv::tool {
+namespace kelutv::cli {
 
 /**
  * The parts of a command's description: its first line is the brief one that stands in lists, and what follows an
@@ -22,4 +22,4 @@ struct Description {
     std::string explanation() const;
 };
 
-} // namespace kelutv::tool
+} // namespace kelutv::cli

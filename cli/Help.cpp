@@ -1,9 +1,9 @@
-#include "tools/kelutv/parser/Help.h"
+#include "cli/Help.h"
 
 #include <cstddef>
 #include <sstream>
 
-namespace kelutv::tool {
+namespace kelutv::cli {
 
 namespace {
 
@@ -41,4 +41,4 @@ std::string Description::beginning() const { return examples.empty() ? "" : "Exa
 
 std::string Description::explanation() const { return brief + '\n' + (details.empty() ? "" : details + '\n'); }
 
-} // namespace kelutv::tool
+} // namespace kelutv::cli
