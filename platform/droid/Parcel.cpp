@@ -61,7 +61,9 @@ bool Parcel::reserve(size_t capacity) {
     if (moved == nullptr) {
         return false;
     }
-    std::memcpy(moved, mData, mSize);
+    if (mSize > 0) {
+        std::memcpy(moved, mData, mSize);
+    }
     if (mRelease != nullptr) {
         // What objects came with the buffer goes with it.
         mObjects.reset();
@@ -91,14 +93,19 @@ status_t Parcel::setData(const uint8_t* buffer, size_t length) {
     if (length > kLargest) {
         return BAD_VALUE;
     }
-    freeData();
+    // First, since what stands here stays when there is no memory for the new.
     if (!reserve(length)) {
         return NO_MEMORY;
     }
-    if (length > 0) {
-        std::memcpy(mData, buffer, length);
+    if (mRelease != nullptr) {
+        freeData();
     }
+    if (length > 0) {
+        std::memmove(mData, buffer, length);
+    }
+    mObjects.reset();
     mSize = length;
+    mPosition = 0;
     return NO_ERROR;
 }
 

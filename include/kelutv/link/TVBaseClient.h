@@ -205,8 +205,7 @@ public:
      * Sends a set command that is answered with values.
      * @param cmd The command.
      * @param write The arguments, copied byte for byte.
-     * @param read Receives the reply behind its result word; untouched on failure, or empty when the memory for the
-     * reply is out.
+     * @param read Receives the reply behind its result word; untouched on failure.
      * @return 0 for success; -1, logged as "invoke failure\n", when no reply came or the service's result is not 0.
      */
     int exeCmdSet(int cmd, Parcel const& write, Parcel& read);
@@ -252,7 +251,7 @@ public:
     /**
      * @name Get calls with more than one value
      * 0, with `result` holding the reply behind its result word, position at the start; -1 with `result` untouched in
-     * every other case, or empty when the memory for the reply is out. Nothing is logged.
+     * every other case. Nothing is logged.
      * @{
      */
 

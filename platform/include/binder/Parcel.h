@@ -33,7 +33,7 @@ public:
     size_t dataCapacity() const { return mCapacity; }
     /** Moves the position; one beyond the end is taken as the end. */
     void setDataPosition(size_t position) const;
-    /** Replaces the content by a copy of `length` bytes, position at the start. */
+    /** Replaces the content by a copy of `length` bytes, position at the start; on failure the content stays. */
     status_t setData(const uint8_t* buffer, size_t length);
     /** Appends `length` bytes of another parcel from its offset `start`. BAD_VALUE beyond its end. */
     status_t appendFrom(const Parcel* parcel, size_t start, size_t length);
