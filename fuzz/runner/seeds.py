@@ -78,6 +78,7 @@ def tables(text: str) -> Iterator[str]:
 def scenarios() -> Iterator[str]:
     yield from files("simulator/scenarios/*.scenario")
     yield from literals(*tests("simulator/scenarios"))
+    yield from ("on CMD_AUDIO_?\n", "on CMD_AUDIO_GETVOLUM? within 2s show audio.volume\n")
     yield from (f"on {word}\n" for word in literals("tests/wire/pattern_test.cpp", "tests/wire/request_pattern_test.cpp"))
 
 
