@@ -1,9 +1,7 @@
 #include "simulator/configuration/CecDevice.h"
 
-#include "simulator/files/JsonValues.h"
+#include "simulator/files/JsonText.h"
 #include "wire/text/Shown.h"
-
-#include <nlohmann/json.hpp>
 
 #include <set>
 #include <utility>
@@ -51,9 +49,6 @@ std::optional<std::string> objectionTo(const CecDevice& device) {
             return std::string(field) + " has at most " + std::to_string(kLongestText) + " bytes, not " +
                    std::to_string(text.size());
         }
-        if (!isUtf8(text)) {
-            return std::string(field) + " must be UTF-8, it cannot be '" + wire::shown(text) + "'";
-        }
     }
     if (!isPhysicalAddress(device.phyAddr)) {
         return "phyAddr has four hexadecimal digits as in 1.0.0.0, it cannot be '" + wire::shown(device.phyAddr) + "'";
@@ -73,9 +68,13 @@ std::vector<CecDevice> readCecDevices(const JsonNode& node) {
     return devices;
 }
 
-nlohmann::json jsonOf(const CecDevice& device) {
-    return {{"logAddr", device.logAddr}, {"hdmiDevPort", device.hdmiDevPort}, {"name", device.name},
-            {"phyAddr", device.phyAddr}, {"listText", device.listText},       {"plugged", device.plugged}};
+std::string jsonOf(const CecDevice& device) {
+    return jsonObject({{"logAddr", std::to_string(device.logAddr)},
+                       {"hdmiDevPort", std::to_string(device.hdmiDevPort)},
+                       {"name", jsonString(device.name)},
+                       {"phyAddr", jsonString(device.phyAddr)},
+                       {"listText", jsonString(device.listText)},
+                       {"plugged", jsonTruth(device.plugged)}});
 }
 
 } // namespace kelutv::simulator

@@ -26,6 +26,6 @@ std::optional<std::string> objectionTo(const CecDevice& device);
 /** A list of devices. @throws ConfigurationError for a wrong device, and when two have one address */
 std::vector<CecDevice> readCecDevices(const JsonNode& node);
 
-nlohmann::json jsonOf(const CecDevice& device);
+std::string jsonOf(const CecDevice& device);
 
 } // namespace kelutv::simulator

@@ -4,8 +4,6 @@
 #include "simulator/configuration/DefaultConfiguration.h"
 #include "simulator/files/File.h"
 
-#include <nlohmann/json.hpp>
-
 #include <fcntl.h>
 
 #include <algorithm>
@@ -16,19 +14,6 @@ namespace kelutv::simulator {
 namespace {
 
 constexpr char kStandardName[] = "defaults.json";
-
-/** Sources and named signals are taken as a whole from the overlay, everything else member by member. */
-nlohmann::json merged(nlohmann::json base, const nlohmann::json& overlay) {
-    for (const char* const whole : {"sources", "signals"}) {
-        if (overlay.contains(whole) && overlay[whole].is_object()) {
-            for (const auto& member : overlay[whole].items()) {
-                base[whole].erase(member.key());
-            }
-        }
-    }
-    base.merge_patch(overlay);
-    return base;
-}
 
 std::string contentOf(const std::string& path) {
     try {
@@ -49,15 +34,13 @@ const wire::Values& StateSettings::initialFor(const wire::Values& indexes) const
 Configuration Configuration::standard() { return fromText(defaultConfiguration(), kStandardName); }
 
 Configuration Configuration::fromFile(const std::string& path) {
-    const nlohmann::json overlay = parseJson(contentOf(path), path);
-    const nlohmann::json whole =
-        overlay.is_object() ? merged(parseJson(defaultConfiguration(), kStandardName), overlay) : overlay;
-    return readConfiguration(JsonNode(whole, path));
+    JsonFile content(contentOf(path), path);
+    content.layOver(JsonFile(defaultConfiguration(), kStandardName), {"sources", "signals"});
+    return readConfiguration(content.root());
 }
 
 Configuration Configuration::fromText(const std::string& text, const std::string& file) {
-    const nlohmann::json whole = parseJson(text, file);
-    return readConfiguration(JsonNode(whole, file));
+    return readConfiguration(JsonFile(text, file).root());
 }
 
 const StateSettings& Configuration::settings(const wire::StateKey& key) const {

@@ -5,8 +5,6 @@
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
-#include <nlohmann/json.hpp>
-
 #include <kelutv/video_types.h>
 
 #include <algorithm>

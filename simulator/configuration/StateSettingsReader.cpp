@@ -7,8 +7,6 @@
 #include "wire/text/Numbers.h"
 #include "wire/text/Shown.h"
 
-#include <nlohmann/json.hpp>
-
 namespace kelutv::simulator {
 
 namespace {
@@ -36,7 +34,7 @@ std::int32_t indexOf(const JsonNode& place, const std::string& name, const wire:
 }
 
 wire::Value valueOf(const JsonNode& node, wire::Holds holds, const wire::Enumeration* names) {
-    const bool isText = node.value().is_string();
+    const bool isText = node.isText();
     switch (holds) {
     case wire::Holds::Integers:
         return isText ? valueNamed(node, node.text(), names) : node.number();
@@ -96,7 +94,7 @@ unsigned int eventOf(const JsonNode& node, const wire::StateKey& key) {
 }
 
 void readInitial(const wire::StateKey& key, const JsonNode& node, StateSettings& settings) {
-    if (!node.value().is_object()) {
+    if (!node.isObject()) {
         settings.initial = readValues(node, key);
         return;
     }

@@ -1,4 +1,7 @@
+// All that includes the headers of the JSON library, which are slow to compile.
 #include "simulator/files/JsonNode.h"
+
+#include "simulator/files/JsonText.h"
 
 #include "wire/text/Join.h"
 #include "wire/text/Nearest.h"
@@ -54,9 +57,7 @@ std::string reasonOf(const nlohmann::json::exception& error) {
     return wire::shown(reason.substr(reason.find("] ") + 2), kLongestReason);
 }
 
-} // namespace
-
-nlohmann::json parseJson(const std::string& text, const std::string& file) {
+nlohmann::json parsed(const std::string& text, const std::string& file) {
     ParseGuard guard(file);
     try {
         return nlohmann::json::parse(
@@ -69,6 +70,71 @@ nlohmann::json parseJson(const std::string& text, const std::string& file) {
         throw ConfigurationError(file + ": this cannot be read: " + reasonOf(error));
     }
 }
+
+/** Puts the parts, each but the first behind a comma, between the brackets. */
+std::string enclosed(char open, const std::vector<std::string>& parts, char close) {
+    std::string text(1, open);
+    for (const std::string& part : parts) {
+        text += (text.size() == 1 ? "" : ",") + part;
+    }
+    return text + close;
+}
+
+} // namespace
+
+bool isUtf8(const std::string& text) {
+    try {
+        jsonString(text);
+        return true;
+    } catch (const nlohmann::json::type_error&) {
+        return false;
+    }
+}
+
+std::string jsonString(const std::string& text) { return nlohmann::json(text).dump(); }
+
+std::string jsonNumber(double number) { return nlohmann::json(number).dump(); }
+
+std::string jsonTruth(bool truth) { return truth ? "true" : "false"; }
+
+std::string jsonList(const std::vector<std::string>& elements) { return enclosed('[', elements, ']'); }
+
+std::string jsonObject(const std::map<std::string, std::string>& members) {
+    std::vector<std::string> parts;
+    for (const auto& [name, value] : members) {
+        parts.push_back(jsonString(name) + ':' + value);
+    }
+    return enclosed('{', parts, '}');
+}
+
+JsonFile::JsonFile(const std::string& text, std::string name)
+    : mContent(std::make_unique<nlohmann::json>(parsed(text, name))), mName(std::move(name)) {}
+
+JsonFile::~JsonFile() = default;
+
+JsonNode JsonFile::root() const { return {*mContent, mName, ""}; }
+
+void JsonFile::layOver(const JsonFile& base, const std::vector<std::string>& wholes) {
+    if (!mContent->is_object()) {
+        return;
+    }
+    nlohmann::json merged = *base.mContent;
+    for (const std::string& whole : wholes) {
+        if (mContent->contains(whole) && (*mContent)[whole].is_object()) {
+            for (const auto& member : (*mContent)[whole].items()) {
+                merged[whole].erase(member.key());
+            }
+        }
+    }
+    merged.merge_patch(*mContent);
+    *mContent = std::move(merged);
+}
+
+bool JsonNode::isObject() const { return mValue->is_object(); }
+
+bool JsonNode::isText() const { return mValue->is_string(); }
+
+bool JsonNode::isReal() const { return mValue->is_number_float(); }
 
 std::vector<std::pair<std::string, JsonNode>> JsonNode::members() const {
     if (!mValue->is_object()) {

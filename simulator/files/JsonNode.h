@@ -3,6 +3,7 @@
 #include <nlohmann/json_fwd.hpp>
 
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -16,20 +17,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/**
- * The JSON text of a file.
- * @throws ConfigurationError when it is not JSON, is nested deeply, holds a number beyond those of a double, or an
- * object has two members of one name
- */
-nlohmann::json parseJson(const std::string& text, const std::string& file);
-
 /** A value of a JSON file together with its place. Every reader throws `ConfigurationError` for another type. */
 class JsonNode {
 public:
-    /** The whole file; the value must outlive the node and those that come from it. */
-    JsonNode(const nlohmann::json& value, std::string file) : JsonNode(value, std::move(file), "") {}
-
-    const nlohmann::json& value() const { return *mValue; }
+    bool isObject() const;
+    bool isText() const;
+    /** Whether it is a number with a fraction or an exponent. */
+    bool isReal() const;
 
     /** The members of an object, by name. */
     std::vector<std::pair<std::string, JsonNode>> members() const;
@@ -60,6 +54,8 @@ public:
     [[noreturn]] void fail(const std::string& what) const;
 
 private:
+    friend class JsonFile;
+
     JsonNode(const nlohmann::json& value, std::string file, std::string path)
         : mValue(&value), mFile(std::move(file)), mPath(std::move(path)) {}
 
@@ -68,6 +64,32 @@ private:
     const nlohmann::json* mValue;
     std::string mFile;
     std::string mPath;
+};
+
+/** The content of a JSON file. */
+class JsonFile {
+public:
+    /**
+     * @param name what messages call the file
+     * @throws ConfigurationError when the text is not JSON, is nested deeply, holds a number beyond those of a double,
+     * or an object has two members of one name
+     */
+    JsonFile(const std::string& text, std::string name);
+    ~JsonFile();
+
+    /** The whole content; the file must outlive the node and those that come from it. */
+    JsonNode root() const;
+
+    /**
+     * Adds what only the base has, unless this is no object.
+     * @param wholes objects whose members are taken as a whole from the one or the other; all else goes member by
+     * member
+     */
+    void layOver(const JsonFile& base, const std::vector<std::string>& wholes);
+
+private:
+    std::unique_ptr<nlohmann::json> mContent;
+    std::string mName;
 };
 
 } // namespace kelutv::simulator

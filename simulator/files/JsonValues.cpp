@@ -1,8 +1,7 @@
 #include "simulator/files/JsonValues.h"
 
+#include "simulator/files/JsonText.h"
 #include "wire/text/Numbers.h"
-
-#include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <cstdio>
@@ -12,8 +11,6 @@
 namespace kelutv::simulator {
 
 namespace {
-
-using nlohmann::json;
 
 std::string hexOf(const std::string& bytes) {
     std::string hex;
@@ -38,11 +35,11 @@ std::string bytesOf(const JsonNode& node) {
     return bytes;
 }
 
-json jsonOf(double real) {
+std::string jsonOf(double real) {
     if (std::isfinite(real)) {
-        return real;
+        return jsonNumber(real);
     }
-    return json::object({{"real", std::isnan(real) ? "nan" : real > 0 ? "inf" : "-inf"}});
+    return jsonObject({{"real", jsonString(std::isnan(real) ? "nan" : real > 0 ? "inf" : "-inf")}});
 }
 
 double unusualReal(const JsonNode& node) {
@@ -54,45 +51,36 @@ double unusualReal(const JsonNode& node) {
     return text == "nan" ? Limits::quiet_NaN() : text == "inf" ? Limits::infinity() : -Limits::infinity();
 }
 
-json jsonOf(const wire::Value& value) {
+std::string jsonOf(const wire::Value& value) {
     if (const auto* const number = std::get_if<std::int32_t>(&value)) {
-        return *number;
+        return std::to_string(*number);
     }
     if (const auto* const real = std::get_if<double>(&value)) {
         return jsonOf(*real);
     }
     const auto& text = std::get<std::string>(value);
-    return isUtf8(text) ? json(text) : json::object({{"hex", hexOf(text)}});
+    return isUtf8(text) ? jsonString(text) : jsonObject({{"hex", jsonString(hexOf(text))}});
 }
 
 wire::Value valueOf(const JsonNode& node) {
-    if (node.value().is_object()) {
+    if (node.isObject()) {
         node.membersOf({"hex", "real"});
         return node.has("hex") ? wire::Value(bytesOf(node.at("hex"))) : wire::Value(unusualReal(node.at("real")));
     }
-    if (node.value().is_string()) {
+    if (node.isText()) {
         return node.text();
     }
-    return node.value().is_number_float() ? wire::Value(node.real()) : wire::Value(node.number());
+    return node.isReal() ? wire::Value(node.real()) : wire::Value(node.number());
 }
 
 } // namespace
 
-bool isUtf8(const std::string& text) {
-    try {
-        json(text).dump();
-        return true;
-    } catch (const json::type_error&) {
-        return false;
-    }
-}
-
-json toJson(const wire::Values& values) {
-    json list = json::array();
+std::string jsonOf(const wire::Values& values) {
+    std::vector<std::string> list;
     for (const wire::Value& value : values) {
         list.push_back(jsonOf(value));
     }
-    return list;
+    return jsonList(list);
 }
 
 wire::Values readValues(const JsonNode& node) {

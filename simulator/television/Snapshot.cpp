@@ -2,12 +2,13 @@
 
 #include "simulator/configuration/ConfigurationReader.h"
 #include "simulator/configuration/StateSettingsReader.h"
+#include "simulator/files/JsonText.h"
 #include "simulator/files/JsonValues.h"
 #include "simulator/television/StateAccess.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
+#include <map>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -15,26 +16,25 @@ namespace kelutv::simulator {
 
 namespace {
 
-using nlohmann::json;
-
 constexpr char kFormat[] = "kelutv simulator state 1";
 
-void addLine(std::string& list, const json& object) { list += (list.empty() ? "\n    " : ",\n    ") + object.dump(); }
+void addLine(std::string& list, const std::string& object) { list += (list.empty() ? "\n    " : ",\n    ") + object; }
 
-json jsonOf(const Signal& signal) {
-    json object = json::object();
+std::string jsonOf(const Signal& signal) {
+    std::map<std::string, std::string> members;
     for (const auto& [key, values] : signal) {
-        object[key->name] = toJson(values);
+        members[key->name] = simulator::jsonOf(values);
     }
-    return object;
+    return jsonObject(members);
 }
 
-json jsonOf(const State::Kept::value_type& entry) {
-    json object{{"state", entry.first.first->name}, {"value", toJson(entry.second)}};
+std::string jsonOf(const State::Kept::value_type& entry) {
+    std::map<std::string, std::string> members{{"state", jsonString(entry.first.first->name)},
+                                               {"value", simulator::jsonOf(entry.second)}};
     if (!entry.first.second.empty()) {
-        object["key"] = toJson(entry.first.second);
+        members["key"] = simulator::jsonOf(entry.first.second);
     }
-    return object;
+    return jsonObject(members);
 }
 
 std::string settingsOf(const Equipment& equipment) {
@@ -51,8 +51,9 @@ std::string sourcesOf(const Equipment& equipment) {
     for (const auto& [id, source] : equipment.sources.all()) {
         const SourceSettings& first = equipment.configuration.sources().at(id);
         if (source.plugged != first.plugged || source.signal != first.signal) {
-            const json object{{"source", source.name}, {"plugged", source.plugged}, {"signal", jsonOf(source.signal)}};
-            addLine(text, object);
+            addLine(text, jsonObject({{"source", jsonString(source.name)},
+                                      {"plugged", jsonTruth(source.plugged)},
+                                      {"signal", jsonOf(source.signal)}}));
         }
     }
     return text;
@@ -126,7 +127,7 @@ PowerState readPowerState(const JsonNode& node) {
 }
 
 void checkFormat(const JsonNode& root) {
-    if (!root.has("format") || root.at("format").value() != kFormat) {
+    if (!root.has("format") || !root.at("format").isText() || root.at("format").text() != kFormat) {
         root.fail(std::string("this is not the state of a simulator: its format is not '") + kFormat + "'");
     }
     root.membersOf({"format", "settings", "sources", "mainWindowShown", "cecDevices", "cecPlaying", "power"});
@@ -136,14 +137,14 @@ void checkFormat(const JsonNode& root) {
 
 std::string snapshotOf(const Equipment& equipment) {
     const Power& power = equipment.power;
-    const json powerJson{{"state", static_cast<std::int32_t>(power.state())},
-                         {"lastPowerOffMode", power.lastPowerOffMode()},
-                         {"wakeupMode", power.wakeupMode()}};
+    const std::string powerJson = jsonObject({{"state", std::to_string(static_cast<std::int32_t>(power.state()))},
+                                              {"lastPowerOffMode", std::to_string(power.lastPowerOffMode())},
+                                              {"wakeupMode", std::to_string(power.wakeupMode())}});
     return std::string("{\n  \"format\": \"") + kFormat + "\",\n  \"settings\": [" + settingsOf(equipment) +
            "],\n  \"sources\": [" + sourcesOf(equipment) +
-           "],\n  \"mainWindowShown\": " + (equipment.sources.isShown() ? "true" : "false") + ",\n  \"cecDevices\": [" +
+           "],\n  \"mainWindowShown\": " + jsonTruth(equipment.sources.isShown()) + ",\n  \"cecDevices\": [" +
            devicesOf(equipment) + "],\n  \"cecPlaying\": " + std::to_string(equipment.cec.playing()) +
-           ",\n  \"power\": " + powerJson.dump() + "\n}\n";
+           ",\n  \"power\": " + powerJson + "\n}\n";
 }
 
 void restoreSnapshot(Equipment& equipment, const JsonNode& root) {

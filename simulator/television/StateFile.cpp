@@ -2,8 +2,6 @@
 
 #include "simulator/television/Snapshot.h"
 
-#include <nlohmann/json.hpp>
-
 namespace kelutv::simulator {
 
 StateFile::StateFile(const std::string& path) {
@@ -20,8 +18,8 @@ void StateFile::restore(Equipment& equipment) {
         write(equipment);
         return;
     }
-    const nlohmann::json content = parseJson(contentOf(*mFile->file()), mFile->path());
-    restoreSnapshot(equipment, JsonNode(content, mFile->path()));
+    const JsonFile content(contentOf(*mFile->file()), mFile->path());
+    restoreSnapshot(equipment, content.root());
 }
 
 void StateFile::keep(const Equipment& equipment) {

@@ -9,7 +9,6 @@
 #include <kelutv/kelutv.h>
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <limits>
@@ -61,10 +60,7 @@ protected:
         return std::find(sources.begin(), sources.end(), wire::Value(source)) != sources.end();
     }
 
-    void load(const std::string& text) {
-        const nlohmann::json content = parseJson(text, "state.json");
-        restoreSnapshot(mEquipment, JsonNode(content, "state.json"));
-    }
+    void load(const std::string& text) { restoreSnapshot(mEquipment, JsonFile(text, "state.json").root()); }
 
     Equipment mEquipment{Configuration::standard(), EepStore()};
     Sources& mSources = mEquipment.sources;
@@ -249,8 +245,7 @@ TEST_F(Running, KeepsEverythingInAText) {
     const std::string text = snapshotOf(mEquipment);
 
     Equipment other(Configuration::standard(), EepStore());
-    const nlohmann::json content = parseJson(text, "state.json");
-    restoreSnapshot(other, JsonNode(content, "state.json"));
+    restoreSnapshot(other, JsonFile(text, "state.json").root());
     EXPECT_EQ(snapshotOf(other), text);
     EXPECT_EQ(other.state.all(), mEquipment.state.all());
     EXPECT_FALSE(other.sources.isPlugged(KELU_TV_SRC_HDMI1));
@@ -270,12 +265,11 @@ TEST_F(Running, KeepsNumbersThatJsonLacks) {
                               std::numeric_limits<double>::infinity(),
                               -std::numeric_limits<double>::infinity(),
                               std::int32_t{5}};
-    const nlohmann::json json = toJson(values);
-    EXPECT_EQ(json.dump(), R"([0.1,5.0,-0.0,{"real":"inf"},{"real":"-inf"},5])");
-    const nlohmann::json again = parseJson(json.dump(), "x");
-    EXPECT_EQ(readValues(JsonNode(again, "x")), values);
-    const nlohmann::json nan = toJson({std::nan("")});
-    EXPECT_TRUE(std::isnan(std::get<double>(readValues(JsonNode(nan, "x"))[0])));
+    const std::string json = jsonOf(values);
+    EXPECT_EQ(json, R"([0.1,5.0,-0.0,{"real":"inf"},{"real":"-inf"},5])");
+    EXPECT_EQ(readValues(JsonFile(json, "x").root()), values);
+    const JsonFile nan(jsonOf(wire::Values{std::nan("")}), "x");
+    EXPECT_TRUE(std::isnan(std::get<double>(readValues(nan.root())[0])));
 }
 
 struct BadState {
