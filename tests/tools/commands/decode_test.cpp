@@ -1,9 +1,9 @@
+#include "tools/ParsedJson.h"
 #include "tools/Tool.h"
 
 #include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <fstream>
 
@@ -46,11 +46,11 @@ TEST(Decode, namesWhatARequestSays) {
 TEST(Decode, namesTheItem) {
     const ToolRun run = runTool({"decode", "--json", kToken + "54200000" + "0c200000" + "00000000" + "00000000"});
     EXPECT_EQ(run.exit, 0) << run.error;
-    const auto request = nlohmann::json::parse(run.output).at("request");
+    const auto request = parsedJson(run.output).at("request");
     EXPECT_EQ(request.at("command"), "CMD_AUDIO_COMMON_GET_ITEM_VALUE");
     EXPECT_EQ(request.at("item"), "CMDID_AUDIO_GET_MAX_VOLUME");
-    EXPECT_EQ(nlohmann::json::parse(run.output).at("functions"),
-              nlohmann::json::parse(R"(["linux_tv_Audio_getAudioItemValue", "linux_tv_Audio_getMaxVolume"])"));
+    EXPECT_EQ(parsedJson(run.output).at("functions"),
+              parsedJson(R"(["linux_tv_Audio_getAudioItemValue", "linux_tv_Audio_getMaxVolume"])"));
 }
 
 TEST(Decode, readsItemsThatTheCatalogueDoesNotKnow) {

@@ -1,8 +1,7 @@
+#include "tools/ParsedJson.h"
 #include "tools/Tool.h"
 
 #include "simulator/Simulator.h"
-
-#include <nlohmann/json.hpp>
 
 #include <gtest/gtest.h>
 
@@ -78,11 +77,11 @@ bool wasTraced(const std::string& request) {
     });
 }
 
-std::vector<nlohmann::json> documentsOf(const std::string& output) {
+std::vector<tool::Json> documentsOf(const std::string& output) {
     std::istringstream lines(output);
-    std::vector<nlohmann::json> documents;
+    std::vector<tool::Json> documents;
     for (std::string line; std::getline(lines, line);) {
-        documents.push_back(nlohmann::json::parse(line));
+        documents.push_back(parsedJson(line));
     }
     return documents;
 }
@@ -102,9 +101,9 @@ TEST(GetSet, setsWithTheFunctionOfTheSettingAndGetsItBack) {
 
 TEST(GetSet, everySettingThatCanBeSetIsTested) {
     std::set<std::string> listed;
-    for (const nlohmann::json& setting : documentsOf(runTool({"get", "--json"}).output)) {
-        if (!setting.at("allowed").get<std::string>().empty()) {
-            listed.insert(setting.at("thing"));
+    for (const tool::Json& setting : documentsOf(runTool({"get", "--json"}).output)) {
+        if (!setting.at("allowed").asText().empty()) {
+            listed.insert(setting.at("thing").asText());
         }
     }
     std::set<std::string> tested;

@@ -1,3 +1,4 @@
+#include "tools/ParsedJson.h"
 #include "tools/Tool.h"
 
 #include "simulator/Simulator.h"
@@ -6,7 +7,6 @@
 #include <keluem/publisher.h>
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <csignal>
 #include <cstdint>
@@ -68,10 +68,10 @@ TEST(Monitor, tellsOfTheTelevisionsOwnEvents) {
     const auto monitor = startMonitor({"--count", "1", "--json"});
     EXPECT_EQ(runTool({"call", "audio.setVolume", "speaker", "77"}).exit, 0);
     EXPECT_EQ(monitor->exitCode(), 0);
-    auto event = nlohmann::json::parse(monitor->output().text());
-    EXPECT_GT(event.at("time").get<double>(), 1.0e9);
-    event.erase("time");
-    EXPECT_EQ(event, nlohmann::json::parse(R"({"event": 393217, "name": "volumeChanged", "length": 8,
+    auto event = parsedJson(monitor->output().text());
+    EXPECT_GT(event.at("time").asReal(), 1.0e9);
+    event["time"] = 0;
+    EXPECT_EQ(event, parsedJson(R"({"time": 0, "event": 393217, "name": "volumeChanged", "length": 8,
         "module": "KELU_EM_MODE_VOLUME", "payload": "000000004d000000", "words": [0, 77],
         "fields": [{"name": "channel", "value": 0, "enumerator": "KELU_TV_AUDIO_CHANNEL_SPEAKER"},
                    {"name": "volume", "value": 77}]})"));
@@ -82,11 +82,11 @@ TEST(Monitor, showsPayloadsThatAreNoWords) {
     keluem::Publisher publisher;
     ASSERT_EQ(publisher.publish(0x8FF09, "abc", 3), 0);
     EXPECT_EQ(monitor->exitCode(), 0);
-    const auto event = nlohmann::json::parse(monitor->output().text());
+    const auto event = parsedJson(monitor->output().text());
     EXPECT_EQ(event.at("payload"), "616263");
-    EXPECT_TRUE(event.at("words").empty());
-    EXPECT_TRUE(event.at("name").is_null());
-    EXPECT_EQ(event.at("fields"), nlohmann::json::array());
+    EXPECT_TRUE(event.at("words").entries().empty());
+    EXPECT_TRUE(event.at("name").isNull());
+    EXPECT_EQ(event.at("fields"), tool::Json::array());
 }
 
 TEST(Monitor, showsOnlyWhatIsWanted) {
@@ -175,12 +175,12 @@ TEST(Monitor, takesTheEventsThatTheEnvironmentNames) {
     std::istringstream lines(monitor->output().text());
     std::string line;
     std::getline(lines, line);
-    const auto loudness = nlohmann::json::parse(line);
+    const auto loudness = parsedJson(line);
     EXPECT_EQ(loudness.at("name"), "loudnessChanged");
-    EXPECT_EQ(loudness.at("fields"), nlohmann::json::parse(R"([{"name": "level", "value": -1},
+    EXPECT_EQ(loudness.at("fields"), parsedJson(R"([{"name": "level", "value": -1},
         {"name": "mode", "value": 2, "enumerator": "LOUD_NIGHT"}, {"name": "name", "value": "soft"}])"));
     std::getline(lines, line);
-    EXPECT_TRUE(nlohmann::json::parse(line).at("name").is_null());
+    EXPECT_TRUE(parsedJson(line).at("name").isNull());
 }
 
 TEST(Monitor, refusesFilesThatDescribeNoEvents) {

@@ -1,8 +1,7 @@
+#include "tools/ParsedJson.h"
 #include "tools/Tool.h"
 
 #include "simulator/Simulator.h"
-
-#include <nlohmann/json.hpp>
 
 #include <gtest/gtest.h>
 
@@ -60,12 +59,12 @@ TEST_F(Status, showsTheRestWhenOneValueCannotBeRead) {
 TEST_F(Status, isADocument) {
     ASSERT_EQ(runTool({"set", "source", "cvbs2"}).exit, 0);
     ASSERT_EQ(runTool({"set", "volume", "31"}).exit, 0);
-    const auto document = nlohmann::json::parse(runTool({"status", "--json"}).output);
+    const auto document = parsedJson(runTool({"status", "--json"}).output);
     EXPECT_EQ(document.at("source"), "cvbs2");
     EXPECT_EQ(document.at("signal"), false);
     EXPECT_EQ(document.at("volume"), 31);
-    EXPECT_TRUE(document.at("timing").is_null());
-    EXPECT_EQ(document.at("unreadable"), nlohmann::json({{"timing", "the service gives no value for timing"}}));
+    EXPECT_TRUE(document.at("timing").isNull());
+    EXPECT_EQ(document.at("unreadable"), (tool::Json{{"timing", "the service gives no value for timing"}}));
     EXPECT_EQ(document.at("platform"), "KTV-1000");
 }
 

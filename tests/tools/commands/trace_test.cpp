@@ -1,3 +1,4 @@
+#include "tools/ParsedJson.h"
 #include "tools/Tool.h"
 
 #include "simulator/Simulator.h"
@@ -10,7 +11,6 @@
 #include <unistd.h>
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cerrno>
@@ -27,6 +27,12 @@ namespace {
 SimulatorEnvironment& television = SimulatorEnvironment::install();
 
 using Lines = std::vector<std::string>;
+
+std::string contentOf(const std::string& path) {
+    std::stringstream content;
+    content << std::ifstream(path).rdbuf();
+    return content.str();
+}
 
 /** The folder that the pipes of the test's tools are in; gone with the object. */
 class PipeFolder {
@@ -102,23 +108,21 @@ TEST(Trace, writesToAFile) {
     const ToolRun run = trace({"--output", path, "--", KELUTV_TRACED_CLIENT, "print"});
     EXPECT_EQ(run.exit, 0);
     EXPECT_EQ(traced(run.error), Lines{});
-    std::stringstream written;
-    written << std::ifstream(path).rdbuf();
-    EXPECT_EQ(traced(written.str()), Lines{setSpeaker("5")});
+    EXPECT_EQ(traced(contentOf(path)), Lines{setSpeaker("5")});
 }
 
 TEST(Trace, writesDocuments) {
     const TestFolder folder;
     const std::string path = folder.pathOf("output");
     EXPECT_EQ(trace({"--json", "-o", path, "--", KELUTV_TRACED_CLIENT, "print"}).exit, 0);
-    auto document = nlohmann::json::parse(std::ifstream(path));
+    const auto document = parsedJson(contentOf(path));
     EXPECT_EQ(document.at("process"), document.at("thread"));
-    EXPECT_GT(document.at("start").get<double>(), 1.0e9);
-    EXPECT_GT(document.at("duration").get<double>(), 0);
+    EXPECT_GT(document.at("start").asReal(), 1.0e9);
+    EXPECT_GT(document.at("duration").asReal(), 0);
     EXPECT_EQ(document.at("status"), 0);
     EXPECT_EQ(document.at("request").at("command"), "CMD_AUDIO_SETVOLUME");
-    EXPECT_EQ(document.at("request").at("arguments").at(1), nlohmann::json::parse(R"({"name": "vol", "value": 5})"));
-    EXPECT_EQ(document.at("reply"), nlohmann::json::parse(R"({"result": 0, "fields": []})"));
+    EXPECT_EQ(document.at("request").at("arguments").entries().at(1), parsedJson(R"({"name": "vol", "value": 5})"));
+    EXPECT_EQ(document.at("reply"), parsedJson(R"({"result": 0, "fields": []})"));
 }
 
 TEST(Trace, tellsOfEveryThread) {

@@ -1,5 +1,6 @@
 #include "simulator/Simulator.h"
 #include "support/Sanitizers.h"
+#include "tools/ParsedJson.h"
 #include "tools/Samples.h"
 #include "tools/Tool.h"
 
@@ -7,7 +8,6 @@
 #include "tools/kelutv/decoding/Decoding.h"
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 #include <cstdlib>
 #include <fstream>
@@ -16,8 +16,6 @@
 
 namespace kelutv::test {
 namespace {
-
-using Document = nlohmann::ordered_json;
 
 SimulatorEnvironment& environment = SimulatorEnvironment::install();
 
@@ -42,13 +40,13 @@ TEST(Traced, isWhatEveryFunctionSends) {
     const std::string folder = std::getenv("KQDROID_RUNTIME_DIR");
     const std::string lines = folder + "/lines";
     const std::string trace = folder + "/trace";
-    std::vector<Document> expected;
+    std::vector<tool::Json> expected;
     std::ofstream script(lines);
     for (const wire::Function& function : wire::allFunctions()) {
         const std::vector<std::string> arguments = sampleArguments(function);
         script << lineFor(function, arguments);
         for (const auto& bytes : tool::requestsOf(function, arguments)) {
-            expected.push_back(Document::parse(tool::documentOf(tool::decodeRequest(bytes)).dump()));
+            expected.push_back(parsedJson(tool::documentOf(tool::decodeRequest(bytes)).dump()));
         }
     }
     script.close();
@@ -61,10 +59,10 @@ TEST(Traced, isWhatEveryFunctionSends) {
     std::size_t index = 0;
     for (std::string line; std::getline(traced, line); ++index) {
         ASSERT_LT(index, expected.size()) << line;
-        const Document document = Document::parse(line);
-        EXPECT_EQ(document["request"], expected[index]);
-        EXPECT_EQ(document["status"], 0) << line;
-        EXPECT_FALSE(document["reply"].is_null()) << line;
+        const tool::Json document = parsedJson(line);
+        EXPECT_EQ(document.at("request"), expected[index]);
+        EXPECT_EQ(document.at("status"), 0) << line;
+        EXPECT_FALSE(document.at("reply").isNull()) << line;
     }
     EXPECT_EQ(index, expected.size());
     EXPECT_GE(expected.size(), 750U);
