@@ -134,6 +134,7 @@ void LinkFault::live() {
     eventually([this] { return mStage->go.load(); });
     mStage->calling = true;
     mOperation.call(mStage->call);
+    eventually([this] { return mStage->settled.load(); });
     mOperation.call(mStage->next);
     // What looks for leaks at the end takes descriptors.
     limitDescriptors(RLIM_INFINITY);
@@ -163,7 +164,10 @@ void LinkFault::finish() {
     } else if (mKind == Kind::Stopped) {
         waitFor(mStage->calling, "the client does not call");
         ::kill(mService.pid(), SIGCONT);
+    } else if (mKind == Kind::EndsInCall || mKind == Kind::EndsInAnswer) {
+        mService.awaitEnd();
     }
+    mStage->settled = true;
 }
 
 } // namespace kelutv::test

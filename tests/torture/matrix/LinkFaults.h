@@ -43,6 +43,7 @@ private:
         std::atomic<bool> calling{false};
         std::atomic<bool> held{false};
         std::atomic<bool> released{false};
+        std::atomic<bool> settled{false};
         Outcome call;
         Outcome next;
     };

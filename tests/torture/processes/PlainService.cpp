@@ -73,6 +73,12 @@ void PlainService::start() {
     }
 }
 
+void PlainService::awaitEnd() {
+    if (!mProcess->wait()) {
+        throw std::runtime_error("the service does not end; it said: " + mProcess->text());
+    }
+}
+
 void PlainService::serve() {
     android::ProcessState::self()->startThreadPool();
     const android::sp<android::IBinder> binder = new Binder(mOperations, mBefore, *mPage);

@@ -36,6 +36,9 @@ public:
     /** Ends the process with SIGKILL and returns when it is gone. */
     void kill() { mProcess.reset(); }
 
+    /** Returns when the process has ended by itself. Throws when it does not. */
+    void awaitEnd();
+
     pid_t pid() const { return mProcess->pid(); }
 
     /** How many requests came that no operation sends, since the start. */

@@ -78,6 +78,9 @@ ClientRun StarvedClient::run(const Starved& starved) {
     if (mService.wrongRequests() > 0) {
         what += " sent " + std::string(mService.firstWrongRequest());
     }
+    if (ending == kCrashed) {
+        what += "wait status " + std::to_string(*status);
+    }
     return {ending, what + "\n" + text, mStarvation->seen};
 }
 
