@@ -49,6 +49,9 @@ std::optional<std::string> objectionTo(const CecDevice& device) {
             return std::string(field) + " has at most " + std::to_string(kLongestText) + " bytes, not " +
                    std::to_string(text.size());
         }
+        if (!isUtf8(text)) {
+            return std::string(field) + " must be UTF-8, it cannot be '" + wire::shown(text) + "'";
+        }
     }
     if (!isPhysicalAddress(device.phyAddr)) {
         return "phyAddr has four hexadecimal digits as in 1.0.0.0, it cannot be '" + wire::shown(device.phyAddr) + "'";

@@ -6,6 +6,7 @@
 
 namespace kelutv::simulator {
 
+/** Whether a string of JSON can hold the text. */
 bool isUtf8(const std::string& text);
 
 /** A string of JSON. @throws std::exception when the text is not UTF-8 */
