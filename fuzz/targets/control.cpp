@@ -6,7 +6,6 @@
 #include "simulator/files/JsonNode.h"
 #include "simulator/television/Snapshot.h"
 
-#include <nlohmann/json.hpp>
 
 #include <sstream>
 #include <string>
@@ -43,9 +42,8 @@ void obeyLine(Equipment& equipment, const std::string& line) {
 /** Whatever lines have brought, it can be kept. */
 void checkSnapshot(const Equipment& equipment) {
     const std::string kept = snapshotOf(equipment);
-    const nlohmann::json content = parseJson(kept, "state");
     Equipment restored(standardConfiguration(), EepStore());
-    restoreSnapshot(restored, JsonNode(content, "state"));
+    restoreSnapshot(restored, JsonFile(kept, "state").root());
     require(snapshotOf(restored) == kept, "what is kept is restored");
 }
 

@@ -5,8 +5,6 @@
 #include "simulator/television/Equipment.h"
 #include "simulator/television/Snapshot.h"
 
-#include <nlohmann/json.hpp>
-
 /** State files: each is refused, or makes a television whose own state file says the same again. */
 namespace kelutv::fuzz {
 namespace {
@@ -14,8 +12,7 @@ namespace {
 using namespace simulator;
 
 void restore(Equipment& equipment, const std::string& text) {
-    const nlohmann::json content = parseJson(text, "state");
-    restoreSnapshot(equipment, JsonNode(content, "state"));
+    restoreSnapshot(equipment, JsonFile(text, "state").root());
 }
 
 /** False when the text is refused. */
