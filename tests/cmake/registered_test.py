@@ -27,7 +27,7 @@ class Registered(unittest.TestCase):
 
     def test_every_program_in_python_is_a_test(self) -> None:
         listing = subprocess.run(
-            [CTEST, "--test-dir", BUILD, "--show-only=json-v1"], check=True, capture_output=True, text=True
+            [CTEST, "--test-dir", BUILD, "-C", "torture", "--show-only=json-v1"], check=True, capture_output=True, text=True
         )
         words = (word for test in json.loads(listing.stdout)["tests"] for word in test.get("command", []))
         registered = {Path(word).resolve() for word in words if word.endswith(".py")}
