@@ -6,7 +6,6 @@
 #include "simulator/files/JsonNode.h"
 #include "simulator/television/Snapshot.h"
 
-
 #include <sstream>
 #include <string>
 
