@@ -1,9 +1,10 @@
+#include "support/Pattern.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -31,10 +32,9 @@ std::string declarations() {
 }
 
 std::set<std::string> namesIn(const std::string& text, const std::string& pattern) {
-    const std::regex regex(pattern);
     std::set<std::string> names;
-    for (std::sregex_iterator match(text.begin(), text.end(), regex), end; match != end; ++match) {
-        names.insert(match->str(1));
+    for (const auto& groups : kelutv::test::Pattern(pattern).findAll(text)) {
+        names.insert(groups[1]);
     }
     return names;
 }

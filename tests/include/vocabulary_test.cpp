@@ -1,9 +1,10 @@
+#include "support/Pattern.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -22,12 +23,11 @@ struct Range {
 std::vector<Name> namesOf(const std::string& header) {
     std::ifstream file(std::string(KELUTV_HEADER_DIR "/") + header);
     EXPECT_TRUE(file.is_open()) << header;
-    static const std::regex kEnumerator(R"(^\s*(\w+) = (0x[0-9A-F]+),)");
+    static const kelutv::test::Pattern kEnumerator(R"(^\s*(\w+) = (0x[0-9A-F]+),)");
     std::vector<Name> names;
     for (std::string line; std::getline(file, line);) {
-        std::smatch match;
-        if (std::regex_search(line, match, kEnumerator)) {
-            names.push_back({match[1], std::stoi(match[2], nullptr, 16)});
+        for (const auto& groups : kEnumerator.findAll(line)) {
+            names.push_back({groups[1], std::stoi(groups[2], nullptr, 16)});
         }
     }
     return names;

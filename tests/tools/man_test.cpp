@@ -1,13 +1,13 @@
 #include "tools/Tool.h"
 
 #include "support/ChildProcess.h"
+#include "support/Pattern.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -22,10 +22,9 @@ constexpr char kHelpOption[] = "\n  (?:-[a-z],)?--([a-z][a-z-]*)";
 
 /** Every first group of the pattern in the text. */
 Names foundIn(const std::string& text, const std::string& pattern) {
-    const std::regex expression(pattern);
     Names names;
-    for (std::sregex_iterator each(text.begin(), text.end(), expression), end; each != end; ++each) {
-        names.insert(each->str(1));
+    for (const auto& groups : Pattern(pattern).findAll(text)) {
+        names.insert(groups[1]);
     }
     return names;
 }

@@ -3,6 +3,7 @@
 
 #include "client/memory/Operation.h"
 #include "support/ChildProcess.h"
+#include "support/Pattern.h"
 #include "support/RuntimeDir.h"
 #include "support/ScriptedService.h"
 
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <csignal>
 #include <optional>
-#include <regex>
 #include <sstream>
 #include <tuple>
 
@@ -38,10 +38,10 @@ std::vector<std::string> linesOf(const std::string& text) {
 }
 
 std::vector<Told> readTold(const std::string& output) {
-    static const std::regex kLine("(starved|fed) ([0-9]+) (.*)");
+    static const Pattern kLine("(starved|fed) ([0-9]+) (.*)");
     std::vector<Told> told;
     for (const std::string& line : linesOf(output)) {
-        if (std::smatch parts; std::regex_match(line, parts, kLine)) {
+        if (const auto parts = kLine.match(line); !parts.empty()) {
             told.push_back({parts[1] == "fed", std::stoi(parts[2]), parts[3]});
         }
     }
@@ -86,13 +86,13 @@ void OutOfMemory::expectDocumented(const Told& told) const {
 void OutOfMemory::expectTheEnd(int waitStatus, const std::string& error) const {
     ASSERT_TRUE(WIFSIGNALED(waitStatus)) << error;
     EXPECT_EQ(WTERMSIG(waitStatus), SIGABRT);
-    static const std::regex kEnd("F TVBaseService@Client  [0-9]+/[0-9]+ out of memory");
-    static const std::regex kOther("D/.*|[DEW] .*");
+    static const Pattern kEnd("F TVBaseService@Client  [0-9]+/[0-9]+ out of memory");
+    static const Pattern kOther("D/.*|[DEW] .*");
     int ends = 0;
     for (const std::string& line : linesOf(error)) {
-        const bool end = std::regex_match(line, kEnd);
+        const bool end = kEnd.matches(line);
         ends += end ? 1 : 0;
-        EXPECT_TRUE(end || std::regex_match(line, kOther)) << line;
+        EXPECT_TRUE(end || kOther.matches(line)) << line;
     }
     EXPECT_EQ(ends, 1) << error;
 }

@@ -1,4 +1,5 @@
 #include "simulator/Simulator.h"
+#include "support/Pattern.h"
 #include "tools/Samples.h"
 #include "tools/Tool.h"
 #include "tools/kelutv/calls/Call.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -24,12 +24,11 @@ SimulatorEnvironment& environment = SimulatorEnvironment::install();
 std::set<std::string> exportedSymbols(const std::string& pattern) {
     std::ifstream list(KELUTV_SYMBOL_LIST);
     EXPECT_TRUE(list.is_open());
-    const std::regex wanted(pattern);
+    const Pattern wanted(pattern);
     std::set<std::string> symbols;
-    std::smatch match;
     for (std::string line; std::getline(list, line);) {
-        if (std::regex_match(line, match, wanted)) {
-            symbols.insert(match[1]);
+        if (const auto groups = wanted.match(line); !groups.empty()) {
+            symbols.insert(groups[1]);
         }
     }
     return symbols;
