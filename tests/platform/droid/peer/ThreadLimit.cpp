@@ -22,8 +22,8 @@ std::atomic<int>& threadsLeft() {
 
 } // namespace
 
-extern "C" [[gnu::visibility("default")]] int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*start)(void*),
-                              void* argument) noexcept {
+extern "C" [[gnu::visibility("default")]] int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
+                                                             void* (*start)(void*), void* argument) noexcept {
     static const auto create = reinterpret_cast<Create>(::dlsym(RTLD_NEXT, "pthread_create"));
     if (threadsLeft().fetch_sub(1) <= 0) {
         ++threadsLeft();
