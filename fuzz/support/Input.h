@@ -30,6 +30,12 @@ public:
         return value;
     }
 
+    /** A number around 0, of one byte. */
+    int small() {
+        const int byte = number<std::uint8_t>();
+        return byte < 128 ? byte : byte - 256;
+    }
+
     /** A number below `limit`, of one byte. */
     std::size_t below(std::size_t limit) { return number<std::uint8_t>() % limit; }
 

@@ -146,7 +146,7 @@ void run(Input& input) {
     const auto command = input.number<std::int32_t>();
     Arguments with;
     for (int& number : with.numbers) {
-        number = input.number<std::int8_t>();
+        number = input.small();
     }
     for (std::string& text : with.texts) {
         text = input.text();
@@ -154,7 +154,7 @@ void run(Input& input) {
     with.bytes = input.take(input.number<std::uint8_t>());
     with.parcel.setData(with.bytes.data(), with.bytes.size());
     Answer answer;
-    answer.status = input.number<std::int8_t>();
+    answer.status = input.small();
     answer.reply = input.block();
     answerBy([&answer](const Parcel& request) {
         touch(request.data(), request.dataSize());

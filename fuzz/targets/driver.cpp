@@ -107,7 +107,7 @@ private:
         content.resize(std::min(content.size(), kMostDelivered - std::min(kMostDelivered, mDelivered)));
         std::vector<binder_size_t> offsets(mInput.below(4));
         for (binder_size_t& offset : offsets) {
-            offset = mInput.number<std::int8_t>();
+            offset = static_cast<binder_size_t>(mInput.small());
         }
         mDelivered += content.size() + 16 + offsets.size() * sizeof(binder_size_t) + 16;
         binder_transaction_data message =

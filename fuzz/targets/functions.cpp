@@ -12,7 +12,7 @@ namespace {
 /** Of each reply: its status, and the bytes of one that came. */
 Answer readAnswer(Input& input) {
     Answer answer;
-    answer.status = input.number<std::int8_t>();
+    answer.status = input.small();
     answer.reply = input.block();
     return answer;
 }

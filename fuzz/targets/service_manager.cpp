@@ -48,7 +48,7 @@ private:
             addObject(request);
             break;
         case 2:
-            request.writeInt32(mInput.number<std::int8_t>());
+            request.writeInt32(mInput.small());
             break;
         default:
             addBytes(request);

@@ -23,7 +23,7 @@ constexpr std::chrono::seconds kPatience{20};
 Bytes readGreeting(Input& input) {
     android::Greeting greeting = android::greetingOfProcess(android::NO_ERROR);
     if (input.below(8) == 0) {
-        greeting.status = input.number<std::int8_t>();
+        greeting.status = input.small();
     }
     if (input.below(8) == 0) {
         greeting.instance = input.number<std::uint8_t>();
@@ -46,7 +46,7 @@ Bytes readPacket(Input& input) {
     android::MessageHead head{};
     head.size = kind == 1 ? input.number<std::uint32_t>() : static_cast<std::uint32_t>(body.size());
     head.flags = input.below(8) == 0 ? input.number<std::uint32_t>() : 0;
-    head.status = input.number<std::int8_t>();
+    head.status = input.small();
     head.number = input.number<std::uint8_t>();
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(&head);
     Bytes packet(bytes, bytes + sizeof head);

@@ -30,8 +30,9 @@ void DeferredLog::add(int priority, const char* format, ...) {
     }
     Line& line = mLines[mCount++];
     line.priority = priority;
-    std::va_list arguments;
+    va_list arguments;
     va_start(arguments, format);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): clang 14 overlooks va_start here
     std::vsnprintf(line.text, sizeof(line.text), format, arguments);
     va_end(arguments);
 }
