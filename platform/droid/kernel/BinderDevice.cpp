@@ -5,6 +5,7 @@
 #include <linux/android/binder.h>
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/ioctl.h>
 #include <sys/mman.h>
 
@@ -38,20 +39,34 @@ const char* reasonOf(int error) {
     }
 }
 
-/** Tells the driver when a thread that has used it ends. */
-class ThreadExit {
+/** Tells the driver of the end of each thread that has used it. */
+class ThreadExits {
 public:
-    explicit ThreadExit(int device) : mDevice(device) {}
-    ~ThreadExit() {
-        if (!kq::inForkedChild()) {
-            interruptible(mDevice, BINDER_THREAD_EXIT, nullptr);
+    /** Has the driver told when this thread ends: 0 or a negative errno value. */
+    static int tellOfThis(int device) {
+        static const ThreadExits exits;
+        if (exits.mError != 0) {
+            return -exits.mError;
         }
+        if (::pthread_getspecific(exits.mKey) != nullptr) {
+            return 0;
+        }
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): null says that there is nothing to tell.
+        return -::pthread_setspecific(exits.mKey, reinterpret_cast<void*>(static_cast<intptr_t>(device) + 1));
     }
-    ThreadExit(const ThreadExit&) = delete;
-    ThreadExit& operator=(const ThreadExit&) = delete;
 
 private:
-    const int mDevice;
+    // A thread-local object with a destructor would end the process where the C library has no memory to note it.
+    ThreadExits() : mError(::pthread_key_create(&mKey, tell)) {}
+
+    static void tell(void* noted) {
+        if (!kq::inForkedChild()) {
+            interruptible(static_cast<int>(reinterpret_cast<intptr_t>(noted) - 1), BINDER_THREAD_EXIT, nullptr);
+        }
+    }
+
+    pthread_key_t mKey{};
+    int mError;
 };
 
 } // namespace
@@ -97,8 +112,8 @@ int BinderDevice::map() {
 }
 
 int BinderDevice::control(unsigned long request, void* argument) {
-    static thread_local const ThreadExit exit(mDevice.get());
-    return interruptible(mDevice.get(), request, argument);
+    const int error = ThreadExits::tellOfThis(mDevice.get());
+    return error != 0 ? error : interruptible(mDevice.get(), request, argument);
 }
 
 bool BinderDevice::owns(const uint8_t* data, size_t length) const {
