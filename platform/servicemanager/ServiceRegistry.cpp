@@ -10,6 +10,7 @@
 #include <binder/IPCThreadState.h>
 #include <binder/Parcel.h>
 
+#include <new>
 #include <utility>
 
 namespace servicemanager {
@@ -49,7 +50,13 @@ class ServiceRegistry::Mourner : public IBinder::DeathRecipient {
 public:
     Mourner(ServiceRegistry& registry, Name name) : mRegistry(registry), mName(std::move(name)) {}
 
-    void binderDied(const wp<IBinder>& who) override { mRegistry.remove(mName, who); }
+    void binderDied(const wp<IBinder>& who) override {
+        try {
+            mRegistry.remove(mName, who);
+        } catch (const std::bad_alloc&) {
+            // It is removed; only the line that says so cannot be written.
+        }
+    }
 
 private:
     ServiceRegistry& mRegistry;
