@@ -34,17 +34,22 @@ void BinderCommands::appendBytes(uint32_t command, const void* payload, size_t l
     }
 }
 
+void BinderCommands::append(const BinderCommands& other) { std::memcpy(room(other.mSize), other.bytes(), other.mSize); }
+
 int BinderCommands::sendTo(BinderDriver& driver) { return static_cast<int>(exchangeWith(driver, nullptr, 0)); }
 
 ssize_t BinderCommands::exchangeWith(BinderDriver& driver, uint8_t* returns, size_t capacity) {
     binder_write_read exchange{mSize, 0, addressOf(bytes()), capacity, 0, addressOf(returns)};
-    // To the driver a forked child speaks for its parent.
-    const int error = kq::inForkedChild() ? -ENODEV : driver.control(BINDER_WRITE_READ, &exchange);
+    if (kq::inForkedChild()) {
+        // To the driver a forked child speaks for its parent.
+        clear();
+        return -ENODEV;
+    }
+    const int error = driver.control(BINDER_WRITE_READ, &exchange);
+    dropFirst(std::min(mSize, static_cast<size_t>(exchange.write_consumed)));
     if (error != 0) {
-        dropFirst(mSize);
         return error;
     }
-    dropFirst(std::min(mSize, static_cast<size_t>(exchange.write_consumed)));
     return exchange.read_consumed <= capacity ? static_cast<ssize_t>(exchange.read_consumed) : -EPROTO;
 }
 

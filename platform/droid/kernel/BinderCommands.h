@@ -20,11 +20,19 @@ public:
         appendBytes(command, &payload, sizeof(payload));
     }
     void append(uint32_t command) { appendBytes(command, nullptr, 0); }
+    /** Appends what another one has still to send. */
+    void append(const BinderCommands& other);
     bool empty() const { return mSize == 0; }
+    /** How many bytes are still to be sent. */
+    size_t size() const { return mSize; }
+    /** Drops what was not sent. */
+    void clear() { dropFirst(mSize); }
+    void dropFirst(size_t length);
 
     /**
      * Sends what was appended, without waiting for anything: 0 or a negative errno value. What the driver leaves stays
-     * for the next time: it takes nothing from a thread that has still to be told of a failure.
+     * for the next time: it takes nothing from a thread that has still to be told of a failure, nor while it has no
+     * memory.
      */
     int sendTo(BinderDriver& driver);
     /**
@@ -37,7 +45,7 @@ private:
     void appendBytes(uint32_t command, const void* payload, size_t length);
     uint8_t* room(size_t length);
     uint8_t* bytes() { return mMany.empty() ? mFew.data() : mMany.data(); }
-    void dropFirst(size_t length);
+    const uint8_t* bytes() const { return mMany.empty() ? mFew.data() : mMany.data(); }
 
     size_t mSize = 0;
     std::array<uint8_t, 512> mFew;

@@ -3,8 +3,6 @@
 #include "socket/ProcessLife.h"
 #include "socket/QuietThread.h"
 
-#include <utility>
-
 namespace android {
 
 bool DeathTeller::start() {
@@ -13,25 +11,25 @@ bool DeathTeller::start() {
     return mRunning;
 }
 
-void DeathTeller::tell(std::function<void()> onDeath) {
+void DeathTeller::tell(std::list<RemoteHandles::Watch> deaths) {
     const std::lock_guard<std::mutex> lock(mMutex);
-    mToTell.push_back(std::move(onDeath));
+    mToTell.splice(mToTell.end(), deaths);
     mCame.notify_one();
 }
 
-std::function<void()> DeathTeller::next() {
+std::list<RemoteHandles::Watch> DeathTeller::next() {
     std::unique_lock<std::mutex> lock(mMutex);
     mCame.wait(lock, [this] { return !mToTell.empty(); });
-    std::function<void()> onDeath = std::move(mToTell.front());
-    mToTell.pop_front();
-    return onDeath;
+    std::list<RemoteHandles::Watch> first;
+    first.splice(first.end(), mToTell, mToTell.begin());
+    return first;
 }
 
 void DeathTeller::run() {
     for (;;) {
-        const std::function<void()> onDeath = next();
+        const std::list<RemoteHandles::Watch> first = next();
         if (kq::DeliveryGate::instance().enter()) {
-            onDeath();
+            first.front().onDeath();
             kq::DeliveryGate::instance().leave();
         }
     }

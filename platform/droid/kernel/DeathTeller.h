@@ -1,8 +1,9 @@
 #pragma once
 
+#include "RemoteHandles.h"
+
 #include <condition_variable>
-#include <deque>
-#include <functional>
+#include <list>
 #include <mutex>
 
 namespace android {
@@ -12,16 +13,17 @@ class DeathTeller {
 public:
     /** Starts the thread unless it runs already; false when there is none to be had. */
     bool start();
-    void tell(std::function<void()> onDeath);
+    /** Takes no memory. */
+    void tell(std::list<RemoteHandles::Watch> deaths);
 
 private:
     [[noreturn]] void run();
-    std::function<void()> next();
+    std::list<RemoteHandles::Watch> next();
 
     std::mutex mMutex;
     std::condition_variable mCame;
     bool mRunning = false;
-    std::deque<std::function<void()>> mToTell;
+    std::list<RemoteHandles::Watch> mToTell;
 };
 
 } // namespace android

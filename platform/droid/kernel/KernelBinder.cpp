@@ -12,7 +12,6 @@
 #include <android/log.h>
 
 #include <cstring>
-#include <functional>
 #include <utility>
 
 namespace android {
@@ -33,7 +32,8 @@ void logFailure(int error) {
 
 } // namespace
 
-KernelBinder::KernelBinder(std::unique_ptr<BinderDriver> driver) : mDriver(std::move(driver)), mHandles(*mDriver) {
+KernelBinder::KernelBinder(std::unique_ptr<BinderDriver> driver)
+    : mDriver(std::move(driver)), mOwed(*mDriver), mHandles(*mDriver, mOwed) {
     kq::watchForks();
     uint32_t threads = kMostFurtherThreads;
     mDriver->control(BINDER_SET_MAX_THREADS, &threads);
@@ -95,21 +95,19 @@ void KernelBinder::addOwedServer() {
     }
 }
 
-void KernelBinder::died(binder_uintptr_t cookie) {
-    for (std::function<void()>& onDeath : mHandles.died(cookie)) {
-        mTeller.tell(std::move(onDeath));
-    }
-}
+void KernelBinder::died(binder_uintptr_t cookie) { mTeller.tell(mHandles.died(cookie)); }
 
 sp<IBinder> KernelBinder::readObject(const Parcel& parcel) {
-    return ParcelObjects::read(
-        parcel, [this](uint32_t handle) { return new BpBinder(std::make_unique<KernelObject>(*this, handle)); });
+    return ParcelObjects::read(parcel, [this](uint32_t handle) -> sp<IBinder> {
+        std::unique_ptr<KernelObject> object = KernelObject::hold(*this, handle);
+        return object == nullptr ? nullptr : new BpBinder(std::move(object));
+    });
 }
 
 void KernelBinder::freeBuffer(const uint8_t* data) {
     BinderCommands commands;
     commands.append(BC_FREE_BUFFER, static_cast<binder_uintptr_t>(reinterpret_cast<uintptr_t>(data)));
-    commands.sendTo(*mDriver);
+    mOwed.send(&commands);
 }
 
 } // namespace android

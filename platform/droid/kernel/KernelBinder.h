@@ -22,6 +22,7 @@ public:
 
     BinderDriver& driver() { return *mDriver; }
     RemoteHandles& handles() { return mHandles; }
+    OwedCommands& owed() { return mOwed; }
 
     /** Makes an object the one behind handle 0 of every process: 0 or a negative errno value. */
     int becomeContextManager(sp<BBinder> object);
@@ -37,7 +38,7 @@ public:
     void addOwedServer();
     void died(binder_uintptr_t cookie);
 
-    /** The object at the parcel's position; null where none stands. */
+    /** The object at the parcel's position; null where none stands, or where the driver does not let it be held. */
     sp<IBinder> readObject(const Parcel& parcel);
 
     /** Gives a received buffer back to the driver. */
@@ -48,6 +49,7 @@ private:
     bool serverIsDue();
 
     const std::unique_ptr<BinderDriver> mDriver;
+    OwedCommands mOwed;
     RemoteHandles mHandles;
     DeathTeller mTeller;
     std::mutex mMutex;

@@ -11,13 +11,25 @@
 #include <android/log.h>
 #include <binder/Parcel.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <new>
+#include <thread>
+#include <utility>
 
 namespace android {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr const char* kTag = "kqdroid";
+// Before the driver is asked again that has no memory.
+constexpr auto kPause = 50ms;
+// A caller whose request is taken waits for so many pauses that its answer can be read.
+constexpr int kMostPauses = 10;
 // Younger than the oldest header that this is built with: the driver keeps a one-way call for a process that is frozen.
 constexpr uint32_t kTransactionPendingFrozen = _IO('r', 20);
 
@@ -40,6 +52,14 @@ binder_transaction_data messageOf(const Parcel& parcel) {
     return message;
 }
 
+// The thread is one that serves.
+thread_local bool tServes = false;
+// The thread has given up a call that the driver may still answer.
+thread_local bool tStale = false;
+
+/** True for a failure after which what was not taken can be sent again. */
+bool passes(ssize_t error) { return error == -ENOMEM || error == -EAGAIN || error == -ENOBUFS; }
+
 void freeBuffer(void* binder, const uint8_t* data) { static_cast<KernelBinder*>(binder)->freeBuffer(data); }
 
 } // namespace
@@ -48,53 +68,97 @@ template <typename Payload> void KernelConversation::send(uint32_t command, cons
     mCommands.append(command, payload);
 }
 
-std::optional<BinderReturns> KernelConversation::exchange() {
+/** How many bytes came from the driver, or a negative errno value, which is logged the first time. */
+ssize_t KernelConversation::exchange() {
+    const size_t before = mCommands.size();
     const ssize_t received = mCommands.exchangeWith(mBinder.driver(), mReturns.data(), mReturns.size());
-    if (received < 0) {
+    mUntaken -= std::min(mUntaken, before - mCommands.size());
+    if (received < 0 && received != mFailure) {
         __android_log_print(ANDROID_LOG_ERROR, kTag, "binder driver: %s", std::strerror(static_cast<int>(-received)));
-        return std::nullopt;
     }
-    return BinderReturns(mReturns.data(), static_cast<size_t>(received));
+    mFailure = std::min<ssize_t>(received, 0);
+    return received;
 }
 
 status_t KernelConversation::call(uint32_t handle, uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
+    if (!resume()) {
+        return FAILED_TRANSACTION;
+    }
     const bool oneWay = (flags & IBinder::FLAG_ONEWAY) != 0;
     binder_transaction_data message = messageOf(data);
     message.target.handle = handle;
     message.code = code;
     message.flags = oneWay ? TF_ONE_WAY : 0;
     send(BC_TRANSACTION, message);
+    mUntaken = mCommands.size();
     return await(oneWay ? Awaited::Acceptance : Awaited::Reply, reply);
 }
 
 void KernelConversation::serve(uint32_t entry) {
+    tServes = true;
     mCommands.append(entry);
-    while (std::optional<BinderReturns> returned = exchange()) {
+    for (ssize_t received = exchange(); received >= 0 || passes(received); received = exchange()) {
+        if (received < 0) {
+            std::this_thread::sleep_for(kPause);
+            continue;
+        }
         mBinder.addOwedServer();
-        while (returned->next()) {
-            handle(*returned);
+        mBinder.owed().settle();
+        BinderReturns returned(mReturns.data(), static_cast<size_t>(received));
+        while (returned.next()) {
+            handle(returned);
         }
     }
 }
 
+/** False when this thread cannot call: the driver has still to forget a call that was given up. */
+bool KernelConversation::resume() {
+    if (tStale && !kq::inForkedChild()) {
+        tStale = mBinder.driver().control(BINDER_THREAD_EXIT, nullptr) != 0;
+    }
+    mBinder.owed().settle();
+    return !tStale;
+}
+
+/** True when the driver is to be asked again, after this many pauses. A call that it has not taken just fails. */
+bool KernelConversation::goesOn(ssize_t error, Awaited awaited, int pauses) const {
+    if (!passes(error)) {
+        return false;
+    }
+    return awaited == Awaited::AcceptanceOfAnswer || (mUntaken == 0 && (tServes || pauses < kMostPauses));
+}
+
+void KernelConversation::giveUp() {
+    tStale = tStale || (mUntaken == 0 && !tServes);
+    mCommands.dropFirst(std::exchange(mUntaken, 0));
+    mBinder.owed().send(&mCommands);
+}
+
 status_t KernelConversation::await(Awaited awaited, Parcel* reply) {
     std::optional<status_t> status;
+    int pauses = 0;
     while (!status) {
-        std::optional<BinderReturns> returned = exchange();
-        if (!returned) {
-            return FAILED_TRANSACTION;
+        const ssize_t received = exchange();
+        if (received < 0) {
+            if (!goesOn(received, awaited, pauses++)) {
+                giveUp();
+                return FAILED_TRANSACTION;
+            }
+            std::this_thread::sleep_for(kPause);
+            continue;
         }
-        while (returned->next()) {
-            if (const std::optional<status_t> came = outcome(*returned, awaited, reply); came) {
+        BinderReturns returned(mReturns.data(), static_cast<size_t>(received));
+        while (returned.next()) {
+            if (const std::optional<status_t> came = outcome(returned, awaited, reply); came) {
                 status = came;
             } else {
-                handle(*returned);
+                handle(returned);
             }
         }
     }
     // Nothing may stay behind: what a thread has still to tell of its objects keeps the driver from letting them go.
     if (!mCommands.empty()) {
-        mCommands.sendTo(mBinder.driver());
+        mBinder.owed().send(&mCommands);
     }
     return *status;
 }
@@ -105,7 +169,7 @@ std::optional<status_t> KernelConversation::outcome(const BinderReturns& returne
     case BR_TRANSACTION_COMPLETE:
     case BR_ONEWAY_SPAM_SUSPECT:
     case kTransactionPendingFrozen:
-        return awaited == Awaited::Acceptance ? std::optional<status_t>(NO_ERROR) : std::nullopt;
+        return awaited == Awaited::Reply ? std::nullopt : std::optional<status_t>(NO_ERROR);
     case BR_DEAD_REPLY:
         return DEAD_OBJECT;
     case BR_FAILED_REPLY:
@@ -141,11 +205,25 @@ status_t KernelConversation::takeReply(const binder_transaction_data& message, P
         taken->freeData();
         return status;
     }
-    ParcelObjects::note(taken, pointerTo(message.data.ptr.offsets), static_cast<size_t>(message.offsets_size));
+    try {
+        ParcelObjects::note(taken, pointerTo(message.data.ptr.offsets), static_cast<size_t>(message.offsets_size));
+    } catch (const std::bad_alloc&) {
+        taken->freeData();
+        return NO_MEMORY;
+    }
     return NO_ERROR;
 }
 
+/** What cannot be handled for want of memory fails alone. */
 void KernelConversation::handle(const BinderReturns& returned) {
+    try {
+        dispatch(returned);
+    } catch (const std::bad_alloc&) {
+        __android_log_write(ANDROID_LOG_ERROR, kTag, "no memory for what the binder driver asks");
+    }
+}
+
+void KernelConversation::dispatch(const BinderReturns& returned) {
     binder_ptr_cookie object{};
     binder_uintptr_t cookie = 0;
     binder_transaction_data message{};
@@ -190,21 +268,29 @@ void KernelConversation::handleDeath(binder_uintptr_t cookie) {
     send(BC_DEAD_BINDER_DONE, cookie);
 }
 
-void KernelConversation::handleTransaction(const binder_transaction_data& message) {
-    const bool oneWay = (message.flags & TF_ONE_WAY) != 0;
-    Parcel reply;
-    status_t status = FAILED_TRANSACTION;
-    if (intact(message)) {
+/** Has the object that a call is for handle it; NO_MEMORY when there is too little of that. */
+status_t KernelConversation::passOn(const binder_transaction_data& message, Parcel* reply) {
+    status_t status = UNKNOWN_TRANSACTION;
+    try {
         const CallerIdentity identity({message.sender_pid, message.sender_euid});
         ReceivedParcel request(pointerTo(message.data.ptr.buffer), static_cast<size_t>(message.data_size));
         ParcelObjects::note(&request.parcel(), pointerTo(message.data.ptr.offsets),
                             static_cast<size_t>(message.offsets_size));
         const sp<BBinder> object = mBinder.target(message.target.ptr);
-        status = object == nullptr
-                     ? UNKNOWN_TRANSACTION
-                     : object->transact(message.code, request.parcel(), oneWay ? nullptr : &reply, message.flags);
-        kq::endForkedChild();
+        if (object != nullptr) {
+            status = object->transact(message.code, request.parcel(), reply, message.flags);
+        }
+    } catch (const std::bad_alloc&) {
+        status = NO_MEMORY;
     }
+    kq::endForkedChild();
+    return status;
+}
+
+void KernelConversation::handleTransaction(const binder_transaction_data& message) {
+    const bool oneWay = (message.flags & TF_ONE_WAY) != 0;
+    Parcel reply;
+    const status_t status = intact(message) ? passOn(message, oneWay ? nullptr : &reply) : FAILED_TRANSACTION;
     if (oneWay) {
         send(BC_FREE_BUFFER, message.data.ptr.buffer);
         return;
@@ -228,7 +314,7 @@ void KernelConversation::answer(status_t status, const Parcel& reply) {
         message.data.ptr.buffer = addressOf(&word);
     }
     send(BC_REPLY, message);
-    await(Awaited::Acceptance, nullptr);
+    await(Awaited::AcceptanceOfAnswer, nullptr);
 }
 
 } // namespace android

@@ -19,27 +19,35 @@ public:
 
     /** As RemoteObject::transact. Calls that come in for this thread meanwhile are served. */
     status_t call(uint32_t handle, uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags);
-    /** Makes this thread one of those that serve, by `entry`; returns only when the driver fails. */
+    /** Makes this thread one of those that serve, by `entry`; returns only when the driver is gone. */
     void serve(uint32_t entry);
 
 private:
-    enum class Awaited { Acceptance, Reply };
+    enum class Awaited { Acceptance, Reply, AcceptanceOfAnswer };
 
     status_t await(Awaited awaited, Parcel* reply);
     std::optional<status_t> outcome(const BinderReturns& returned, Awaited awaited, Parcel* reply);
     status_t takeReply(const binder_transaction_data& message, Parcel* reply);
     void answer(status_t status, const Parcel& reply);
 
-    std::optional<BinderReturns> exchange();
+    ssize_t exchange();
+    bool goesOn(ssize_t error, Awaited awaited, int pauses) const;
+    void giveUp();
+    bool resume();
     void handle(const BinderReturns& returned);
+    void dispatch(const BinderReturns& returned);
     void handleReference(uint32_t command, const binder_ptr_cookie& object);
     void handleDeath(binder_uintptr_t cookie);
     void handleTransaction(const binder_transaction_data& message);
+    status_t passOn(const binder_transaction_data& message, Parcel* reply);
     bool intact(const binder_transaction_data& message) const;
     template <typename Payload> void send(uint32_t command, const Payload& payload);
 
     KernelBinder& mBinder;
     BinderCommands mCommands;
+    // Of the commands, those up to the message that is to be sent.
+    size_t mUntaken = 0;
+    ssize_t mFailure = 0;
     std::array<uint8_t, 512> mReturns;
 };
 

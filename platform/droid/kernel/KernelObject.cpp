@@ -6,16 +6,21 @@
 
 #include <binder/Parcel.h>
 
+#include <new>
 #include <utility>
 
 namespace android {
 
-KernelObject::KernelObject(KernelBinder& binder, uint32_t handle) : mBinder(binder), mHandle(handle) {
-    mBinder.handles().acquire(mHandle);
+KernelObject::KernelObject(KernelBinder& binder, uint32_t handle) : mBinder(binder), mHandle(handle) {}
+
+std::unique_ptr<KernelObject> KernelObject::hold(KernelBinder& binder, uint32_t handle) {
+    std::unique_ptr<KernelObject> object(new KernelObject(binder, handle));
+    object->mHeld = binder.handles().acquire(handle);
+    return object->mHeld ? std::move(object) : nullptr;
 }
 
 KernelObject::~KernelObject() {
-    if (kq::inForkedChild()) {
+    if (kq::inForkedChild() || !mHeld) {
         return;
     }
     if (mWatch != 0) {
@@ -36,8 +41,11 @@ status_t KernelObject::watch(std::function<void()> onDeath) {
     if (!mBinder.startTelling()) {
         return NO_MEMORY;
     }
-    mWatch = mBinder.handles().watch(mHandle, std::move(onDeath));
-    return mWatch == 0 ? DEAD_OBJECT : NO_ERROR;
+    try {
+        return mBinder.handles().watch(mHandle, std::move(onDeath), &mWatch);
+    } catch (const std::bad_alloc&) {
+        return NO_MEMORY;
+    }
 }
 
 } // namespace android

@@ -1,17 +1,37 @@
 #include "RemoteHandles.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace android {
 
-void RemoteHandles::acquire(uint32_t handle) {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    if (++mEntries[handle].proxies == 1) {
-        BinderCommands commands;
-        commands.append(BC_INCREFS, handle);
-        commands.append(BC_ACQUIRE, handle);
-        commands.sendTo(mDriver);
+/** One reference of either kind, or none. */
+bool RemoteHandles::reference(uint32_t handle) {
+    if (!mOwed.settle()) {
+        return false;
     }
+    BinderCommands commands;
+    commands.append(BC_INCREFS, handle);
+    const size_t one = commands.size();
+    commands.append(BC_ACQUIRE, handle);
+    commands.sendTo(mDriver);
+    if (commands.size() == one) {
+        BinderCommands back;
+        back.append(BC_DECREFS, handle);
+        mOwed.send(&back);
+    }
+    return commands.empty();
+}
+
+bool RemoteHandles::acquire(uint32_t handle) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    const auto [entry, added] = mEntries.try_emplace(handle);
+    if (added && !reference(handle)) {
+        mEntries.erase(entry);
+        return false;
+    }
+    ++entry->second.proxies;
+    return true;
 }
 
 void RemoteHandles::release(uint32_t handle) {
@@ -30,54 +50,59 @@ void RemoteHandles::release(uint32_t handle) {
     }
     commands.append(BC_RELEASE, handle);
     commands.append(BC_DECREFS, handle);
-    commands.sendTo(mDriver);
+    mOwed.send(&commands);
 }
 
-void RemoteHandles::requestDeathNotice(uint32_t handle, Entry* entry) {
-    entry->deathCookie = ++mLastNumber;
-    mHandleOfCookie.emplace(entry->deathCookie, handle);
+bool RemoteHandles::requestDeathNotice(uint32_t handle, Entry* entry) {
+    const binder_uintptr_t cookie = ++mLastNumber;
+    const auto noted = mHandleOfCookie.emplace(cookie, handle).first;
     BinderCommands commands;
-    commands.append(BC_REQUEST_DEATH_NOTIFICATION, binder_handle_cookie{handle, entry->deathCookie});
+    commands.append(BC_REQUEST_DEATH_NOTIFICATION, binder_handle_cookie{handle, cookie});
     commands.sendTo(mDriver);
+    if (!commands.empty()) {
+        mHandleOfCookie.erase(noted);
+        return false;
+    }
+    entry->deathCookie = cookie;
+    return true;
 }
 
-uint64_t RemoteHandles::watch(uint32_t handle, std::function<void()> onDeath) {
+status_t RemoteHandles::watch(uint32_t handle, std::function<void()> onDeath, uint64_t* number) {
     const std::lock_guard<std::mutex> lock(mMutex);
     Entry& entry = mEntries.at(handle);
     if (entry.dead) {
-        return 0;
+        return DEAD_OBJECT;
     }
-    const uint64_t number = ++mLastNumber;
-    entry.watches.emplace(number, std::move(onDeath));
-    if (entry.deathCookie == 0) {
-        requestDeathNotice(handle, &entry);
+    std::list<Watch> added;
+    added.push_back({++mLastNumber, std::move(onDeath)});
+    if (entry.deathCookie == 0 && !requestDeathNotice(handle, &entry)) {
+        return NO_MEMORY;
     }
-    return number;
+    *number = added.front().number;
+    entry.watches.splice(entry.watches.end(), added);
+    return NO_ERROR;
 }
 
 void RemoteHandles::unwatch(uint32_t handle, uint64_t watch) {
-    std::function<void()> dropped;
+    std::list<Watch> dropped;
     const std::lock_guard<std::mutex> lock(mMutex);
-    Entry& entry = mEntries.at(handle);
-    if (const auto watched = entry.watches.find(watch); watched != entry.watches.end()) {
-        dropped = std::move(watched->second);
-        entry.watches.erase(watched);
+    std::list<Watch>& watches = mEntries.at(handle).watches;
+    const auto watched =
+        std::find_if(watches.begin(), watches.end(), [watch](const Watch& one) { return one.number == watch; });
+    if (watched != watches.end()) {
+        dropped.splice(dropped.end(), watches, watched);
     }
 }
 
-std::vector<std::function<void()>> RemoteHandles::died(binder_uintptr_t cookie) {
-    std::vector<std::function<void()>> told;
+std::list<RemoteHandles::Watch> RemoteHandles::died(binder_uintptr_t cookie) {
     const std::lock_guard<std::mutex> lock(mMutex);
     const auto handle = mHandleOfCookie.find(cookie);
     if (handle == mHandleOfCookie.end()) {
-        return told;
+        return {};
     }
     Entry& entry = mEntries.at(handle->second);
     entry.dead = true;
-    for (auto& watch : std::exchange(entry.watches, {})) {
-        told.push_back(std::move(watch.second));
-    }
-    return told;
+    return std::exchange(entry.watches, {});
 }
 
 } // namespace android

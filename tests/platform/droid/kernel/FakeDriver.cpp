@@ -15,6 +15,14 @@ uint8_t* pointerTo(binder_uintptr_t address) {
     return reinterpret_cast<uint8_t*>(static_cast<uintptr_t>(address));
 }
 
+/** Takes one of what is left; false when nothing is. */
+bool countsDown(std::atomic<int>* left) {
+    int before = *left;
+    while (before > 0 && !left->compare_exchange_weak(before, before - 1)) {
+    }
+    return before > 0;
+}
+
 } // namespace
 
 int FakeDriver::control(unsigned long request, void* argument) {
@@ -26,16 +34,38 @@ int FakeDriver::control(unsigned long request, void* argument) {
         mMostThreads = *static_cast<uint32_t*>(argument);
         return 0;
     }
+    if (request == BINDER_THREAD_EXIT) {
+        ++mThreadExits;
+        return 0;
+    }
     if (request != BINDER_WRITE_READ) {
         return -EINVAL;
     }
     auto* const exchange = static_cast<binder_write_read*>(argument);
+    if (!countsDown(&mBeforeFailures) && countsDown(&mFailures)) {
+        return mError;
+    }
     const uint8_t* const written = pointerTo(exchange->write_buffer);
     const bool leaves = exchange->write_size > 0 && mWritesLeft > 0;
     mWritesLeft -= leaves ? 1 : 0;
     exchange->write_consumed = leaves ? 0 : exchange->write_size;
     const bool serves = remember(Bytes(written, written + exchange->write_consumed));
     return exchange->read_size == 0 ? 0 : read(exchange, serves);
+}
+
+void FakeDriver::failNext(int error, int times) {
+    mError = error;
+    mFailures = times;
+}
+
+void FakeDriver::failAfter(int exchanges, int error) {
+    failNext(error);
+    mBeforeFailures = exchanges;
+}
+
+void FakeDriver::failNextReads(int error, int times) {
+    mError = error;
+    mReadFailures = times;
 }
 
 bool FakeDriver::remember(const Bytes& written) {
@@ -62,6 +92,9 @@ bool FakeDriver::remember(const Bytes& written) {
 }
 
 int FakeDriver::read(binder_write_read* exchange, bool serves) {
+    if (!serves && countsDown(&mReadFailures)) {
+        return mError;
+    }
     std::unique_lock lock(mMutex);
     std::deque<Bytes>& queue = serves ? mToServers : mToSay;
     if (serves) {

@@ -52,6 +52,14 @@ public:
     void keepSilent() { mSilent = true; }
     /** The next writes are left where they are. */
     void takeNothingNext(int writes = 1) { mWritesLeft = writes; }
+    /** The next exchanges of any thread fail with a negative errno value, and nothing of them is taken. */
+    void failNext(int error, int times = 1);
+    /** As failNext for one exchange, after so many that do not fail. */
+    void failAfter(int exchanges, int error);
+    /** The next reads of threads that do not serve fail after what was written is taken. */
+    void failNextReads(int error, int times = 1);
+    /** How often a thread said that it ends. */
+    int threadExits() const { return mThreadExits; }
     /** The next read claims to be longer than there is room. */
     void overstateNextRead() { mOverstate = true; }
 
@@ -85,6 +93,11 @@ private:
     bool mOverstate = false;
     bool mSilent = false;
     std::atomic<int> mWritesLeft{0};
+    std::atomic<int> mError{0};
+    std::atomic<int> mBeforeFailures{0};
+    std::atomic<int> mFailures{0};
+    std::atomic<int> mReadFailures{0};
+    std::atomic<int> mThreadExits{0};
     int mContextManagers = 0;
     uint32_t mMostThreads = 0;
 };

@@ -6,6 +6,7 @@
 #include "support/Capture.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace kelutv::test {
 namespace {
@@ -163,6 +164,62 @@ TEST_F(KernelCall, nothingIsLostWhileTheDriverTakesNothing) {
     for (size_t hold = 0; hold <= kRounds * kAcquires; ++hold) {
         LocalObjects::instance().release(number);
     }
+}
+
+TEST_F(KernelCall, requestThatTheDriverDoesNotTakeFailsAndIsNotSentLater) {
+    const LogCapture log;
+    driver.failNext(-ENOMEM);
+    EXPECT_EQ(call(3, replyOf({1}), nullptr), FAILED_TRANSACTION);
+    EXPECT_TRUE(driver.takeSent().empty());
+    driver.say({command(BR_DEAD_REPLY)});
+    EXPECT_EQ(call(4, replyOf({2}), nullptr), DEAD_OBJECT);
+    const std::vector<Command> sent = driver.takeSent();
+    ASSERT_EQ(sent.size(), 1u);
+    EXPECT_EQ(sent[0].as<binder_transaction_data>().code, 4u);
+    EXPECT_EQ(driver.threadExits(), 0);
+}
+
+TEST_F(KernelCall, replyIsReadAfterAShortageThatPasses) {
+    LogCapture log;
+    driver.failNextReads(-ENOMEM, 3);
+    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, driver.message(replyOf({5})))});
+    Parcel reply;
+    EXPECT_EQ(call(3, replyOf({1}), &reply), NO_ERROR);
+    EXPECT_EQ(reply.readInt32(), 5);
+    EXPECT_EQ(driver.takeSentCodes(), std::vector<uint32_t>{BC_TRANSACTION});
+    EXPECT_EQ(log.take().size(), 1u) << "one line for one shortage";
+}
+
+TEST_F(KernelCall, replyThatCannotBeReadIsGivenUpAndForgotten) {
+    const LogCapture log;
+    driver.failNextReads(-ENOMEM, 1000);
+    EXPECT_EQ(call(3, replyOf({1}), nullptr), FAILED_TRANSACTION);
+    EXPECT_EQ(driver.threadExits(), 0);
+    driver.failNextReads(0, 0);
+    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, driver.message(replyOf({6})))});
+    Parcel reply;
+    EXPECT_EQ(call(4, {}, &reply), NO_ERROR);
+    EXPECT_EQ(reply.readInt32(), 6);
+    EXPECT_EQ(driver.threadExits(), 1) << "the driver drops what it had for the thread";
+}
+
+TEST_F(KernelCall, bufferIsFreedLaterWhenTheDriverDoesNotTakeItNow) {
+    const binder_transaction_data message = driver.message(replyOf({5}));
+    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, message)});
+    {
+        Parcel reply;
+        ASSERT_EQ(call(3, {}, &reply), NO_ERROR);
+        driver.takeSent();
+        driver.failNext(-ENOMEM);
+    }
+    EXPECT_TRUE(driver.takeSent().empty());
+    driver.say({command(BR_DEAD_REPLY)});
+    EXPECT_EQ(call(4, {}, nullptr), DEAD_OBJECT);
+    const std::vector<Command> sent = driver.takeSent();
+    ASSERT_EQ(sent.size(), 2u);
+    EXPECT_EQ(sent[0].code, static_cast<uint32_t>(BC_FREE_BUFFER));
+    EXPECT_EQ(sent[0].as<binder_uintptr_t>(), message.data.ptr.buffer);
+    EXPECT_EQ(sent[1].code, static_cast<uint32_t>(BC_TRANSACTION));
 }
 
 TEST_F(KernelCall, driverThatFailsIsNamedInTheLog) {

@@ -5,7 +5,9 @@
 #include "platform/droid/DeathNote.h"
 #include "platform/droid/StartLine.h"
 
+#include <cerrno>
 #include <thread>
+#include <utility>
 
 namespace kelutv::test {
 namespace {
@@ -20,7 +22,10 @@ using Codes = std::vector<uint32_t>;
 
 class KernelDeath : public KernelTest {
 protected:
-    sp<IBinder> proxy() { return new BpBinder(std::make_unique<KernelObject>(binder, kHandle)); }
+    sp<IBinder> proxy() {
+        std::unique_ptr<KernelObject> object = KernelObject::hold(binder, kHandle);
+        return object == nullptr ? nullptr : new BpBinder(std::move(object));
+    }
 
     /** Links a note; the driver finds the object alive. */
     void link(const sp<IBinder>& linked, const sp<DeathNote>& recipient) {
@@ -77,6 +82,40 @@ TEST_F(KernelDeath, isNotAskedForWhenTheObjectIsDead) {
     driver.say({command(BR_DEAD_REPLY)});
     EXPECT_EQ(dead->linkToDeath(note), DEAD_OBJECT);
     EXPECT_EQ(cookieAskedFor(), 0u);
+}
+
+TEST_F(KernelDeath, objectThatTheDriverDoesNotLetBeHeldHasNoProxyAndIsNotReleased) {
+    driver.failNext(-ENOMEM);
+    EXPECT_EQ(proxy(), nullptr);
+    EXPECT_TRUE(driver.takeSent().empty());
+    EXPECT_NE(proxy(), nullptr);
+    EXPECT_EQ(driver.takeSentCodes(), (Codes{BC_INCREFS, BC_ACQUIRE, BC_RELEASE, BC_DECREFS}));
+}
+
+TEST_F(KernelDeath, releaseThatIsNotTakenGoesBeforeTheNextHold) {
+    sp<IBinder> dropped = proxy();
+    driver.takeSent();
+    driver.failNext(-ENOMEM);
+    dropped = nullptr;
+    EXPECT_TRUE(driver.takeSent().empty());
+    const sp<IBinder> held = proxy();
+    EXPECT_EQ(driver.takeSentCodes(), (Codes{BC_RELEASE, BC_DECREFS, BC_INCREFS, BC_ACQUIRE}));
+}
+
+TEST_F(KernelDeath, requestThatIsNotTakenFailsAndCanBeMadeAgain) {
+    ASSERT_TRUE(binder.startTelling());
+    ASSERT_TRUE(driver.waitForSent(BC_ENTER_LOOPER));
+    const sp<IBinder> watched = proxy();
+    driver.takeSent();
+    driver.say({command(BR_TRANSACTION_COMPLETE)});
+    driver.failAfter(1, -ENOMEM);
+    EXPECT_EQ(watched->linkToDeath(note), android::NO_MEMORY);
+    EXPECT_EQ(cookieAskedFor(), 0u);
+    link(watched, note);
+    const binder_uintptr_t cookie = cookieAskedFor();
+    ASSERT_NE(cookie, 0u);
+    driver.sayToServers({command(BR_DEAD_BINDER, cookie)});
+    EXPECT_TRUE(note->waitFor(1));
 }
 
 TEST_F(KernelDeath, noticeGoesWithTheLastProxy) {

@@ -14,7 +14,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
+#include <new>
 
 namespace kelutv::test {
 namespace {
@@ -214,6 +216,37 @@ TEST_F(KernelServing, furtherThreadsComeWhenTheDriverAsks) {
     EXPECT_TRUE(binder.startServing());
     driver.sayToServers({command(BR_SPAWN_LOOPER)});
     EXPECT_TRUE(driver.waitForSent(BC_REGISTER_LOOPER));
+}
+
+TEST_F(KernelServing, goesOnAfterAShortageOfTheDriver) {
+    const LogCapture log;
+    driver.failNext(-ENOMEM, 3);
+    ASSERT_TRUE(binder.startServing());
+    ASSERT_TRUE(driver.waitForSent(BC_ENTER_LOOPER));
+    driver.failNext(-EAGAIN);
+    driver.sayToServers({command(BR_TRANSACTION, incoming(kEcho, replyOf({1})))});
+    driver.sayToServers({command(BR_TRANSACTION_COMPLETE)});
+    EXPECT_TRUE(driver.waitForSent(BC_REPLY)) << "the answer is kept";
+}
+
+/** A service that has no memory for what it is asked. */
+class Starved : public android::BBinder {
+protected:
+    android::status_t onTransact(uint32_t, const Parcel&, Parcel*, uint32_t) override { throw std::bad_alloc(); }
+};
+
+TEST_F(KernelServing, requestThatThereIsNoMemoryForFailsAlone) {
+    const sp<Starved> starved = new Starved;
+    const uint64_t own = LocalObjects::instance().hold(starved);
+    binder_transaction_data message = incoming(1, {});
+    message.target.ptr = message.cookie = own;
+    const std::vector<Command> sent = serve(message);
+    ASSERT_EQ(answerIn(sent, TF_STATUS_CODE).size(), 4u);
+    int32_t status = 0;
+    std::memcpy(&status, sent[1].content.data(), sizeof(status));
+    EXPECT_EQ(status, android::NO_MEMORY);
+    EXPECT_EQ(answerIn(serve(incoming(kEcho, replyOf({1}))), 0).size(), 4u);
+    LocalObjects::instance().release(own);
 }
 
 /** No further thread can be started while this lives: none has room for its stack. */
