@@ -36,13 +36,16 @@ status_t BpBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, ui
     Parcel unwanted;
     Parcel* const answer = reply != nullptr ? reply : &unwanted;
     answer->freeData();
-    if (kq::inForkedChild() || !isBinderAlive()) {
+    if (kq::inForkedChild()) {
+        return DEAD_OBJECT;
+    }
+    ProxyKeeper::arm();
+    if (!isBinderAlive()) {
         return DEAD_OBJECT;
     }
     if (data.dataSize() > kMaxTransaction) {
         return FAILED_TRANSACTION;
     }
-    ProxyKeeper::arm();
     // The caller's reference may be dropped by another thread, or by the exit of the process, before the reply is here.
     const sp<BpBinder> alive(this);
     return mObject->transact(code, data, answer, flags);

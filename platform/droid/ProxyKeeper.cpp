@@ -61,9 +61,10 @@ void ProxyKeeper::remove(BpRefBase* proxy) {
 
 void ProxyKeeper::arm() {
     // Exit handlers run last in, first out: the first call comes after the static object that holds the proxy was made,
-    // so the handler runs before that object is destroyed.
+    // so the handlers run before that object is destroyed.
     if (!gArmed.load(std::memory_order_relaxed)) {
         registerExitHandler();
+        kq::DeliveryGate::instance().arm();
         gArmed.store(true, std::memory_order_relaxed);
     }
 }

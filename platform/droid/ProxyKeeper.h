@@ -15,7 +15,7 @@ public:
     static void add(BpRefBase* proxy);
     static void remove(BpRefBase* proxy);
 
-    /** Called with each call that goes out; the first one registers the exit handler. */
+    /** Called with each call, also one that is refused; the first one registers what is done at exit. */
     static void arm();
 };
 

@@ -1,9 +1,12 @@
 #include "ProcessLife.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace kq {
 
@@ -23,14 +26,27 @@ constexpr std::chrono::seconds kLongestDelivery{2};
 
 DeliveryGate& DeliveryGate::instance() { return gateOfProcess(); }
 
-bool DeliveryGate::enter() {
+// Registers only: the main thread may also end alone, and the others still take deliveries then. Exit handlers run last
+// in, first out, and none is registered later than this one.
+DeliveryGate::MainThread::~MainThread() { std::atexit(closeAtExit); }
+
+// When the library is loaded: later, memory may be out, without which the C library ends the process here.
+void DeliveryGate::watchMainThread() {
+    if (::gettid() == ::getpid()) {
+        static thread_local const MainThread mainThread;
+    }
+}
+
+void DeliveryGate::arm() {
     const std::lock_guard<std::mutex> lock(mMutex);
-    if (!mArmed) {
-        // Exit handlers run last in, first out. Registered no earlier than the first delivery, this one runs before the
-        // destructors of the static objects that asked for the delivery.
-        mArmed = true;
+    if (!std::exchange(mArmed, true)) {
         std::atexit(closeAtExit);
     }
+}
+
+bool DeliveryGate::enter() {
+    arm();
+    const std::lock_guard<std::mutex> lock(mMutex);
     if (mClosed) {
         return false;
     }
@@ -66,7 +82,9 @@ void DeliveryGate::closeAtExit() {
 
 void DeliveryGate::close() {
     std::unique_lock<std::mutex> lock(mMutex);
-    mClosed = true;
+    if (std::exchange(mClosed, true)) {
+        return;
+    }
     mIdle.wait_for(lock, kLongestDelivery, [this] { return !othersAreBusy(); });
 }
 

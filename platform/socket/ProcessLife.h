@@ -14,12 +14,16 @@ namespace kq {
  * has for that.
  *
  * It closes when the process begins to exit: what is being delivered then may finish (within two seconds for all of
- * it), and nothing more is delivered while static objects are destroyed.
+ * it), and nothing more is delivered while static objects are destroyed. An exit by the main thread, when that loaded
+ * the library, is noticed before anything is destroyed; any other only when an exit handler runs, see arm().
  */
 class DeliveryGate {
 public:
     /** The gate of this process, whatever library asks; never destroyed. */
     static DeliveryGate& instance();
+
+    /** Has the gate close before the static objects are destroyed that are there at the first call of this function. */
+    void arm();
 
     /** Asks to call out: false when the process is exiting. */
     bool enter();
@@ -27,6 +31,13 @@ public:
     void leave();
 
 private:
+    /** Held by the main thread, which destroys it before any static object when it exits. */
+    struct MainThread {
+        ~MainThread();
+    };
+
+    [[gnu::constructor]] static void watchMainThread();
+
     // More than there are threads that deliver.
     static constexpr size_t kMostBusy = 8;
 

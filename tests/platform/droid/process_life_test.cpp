@@ -3,6 +3,7 @@
 #include "DroidTest.h"
 #include "ProcessCounts.h"
 #include "peer/ExitingCaller.h"
+#include "peer/LateNotice.h"
 #include "peer/Peer.h"
 #include "peer/PeerProtocol.h"
 #include "peer/PeerService.h"
@@ -51,6 +52,23 @@ TEST_F(ProcessLifeTest, exitWaitsTwoSecondsForAllThatIsBeingDelivered) {
     const auto time = std::chrono::steady_clock::now() - start;
     EXPECT_GE(time, std::chrono::milliseconds(1500));
     EXPECT_LT(time, std::chrono::milliseconds(3500));
+}
+
+/** The service dies while the process destroys the static object that watches it, and nothing was told before. */
+void expectNoticeComesTooLate(const std::string& way) {
+    Peer peer;
+    ChildProcess::Options options;
+    options.captureOutput = true;
+    ChildProcess exiting({kPeerProgram, "late-notice", "peer", way}, options);
+    ASSERT_TRUE(exiting.output().waitFor(kExiting));
+    peer.kill();
+    EXPECT_EQ(exiting.exitCode(), 0);
+}
+
+TEST_F(ProcessLifeTest, firstNoticeIsNotToldToAStaticObjectThatIsBeingDestroyed) { expectNoticeComesTooLate("main"); }
+
+TEST_F(ProcessLifeTest, firstNoticeIsNotToldDuringExitWhereAnotherThreadAskedForIt) {
+    expectNoticeComesTooLate("thread");
 }
 
 TEST_F(ProcessLifeTest, closedStandardDescriptorsDoNotBecomeConnections) {

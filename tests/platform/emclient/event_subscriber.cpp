@@ -4,9 +4,11 @@
 #include <fcntl.h>
 #include <keluem/emal.h>
 #include <keluem/publisher.h>
+#include <pthread.h>
 #include <semaphore.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -21,6 +23,7 @@ namespace {
 
 constexpr unsigned int kLastEvent = 0xFFFF; // low bits of the event that ends the process
 constexpr unsigned int kPatienceSeconds = 60;
+constexpr int kDeliveredAtExit = 3;
 
 sem_t happened;
 sem_t resumed;
@@ -78,6 +81,46 @@ int exitMain(unsigned int module) {
     }
     waitFor(&happened);
     return 0;
+}
+
+/** Subscribes while it is made. Ends the process with another exit code when an event comes while it is destroyed. */
+class EarlySubscriber {
+public:
+    explicit EarlySubscriber(unsigned int module)
+        : mSubscribed(subscribe(module, [](unsigned int, void*, unsigned int, void*) { ::sem_post(&happened); })) {}
+
+    ~EarlySubscriber() {
+        std::puts("exiting");
+        std::fflush(stdout);
+        timespec deadline{};
+        ::clock_gettime(CLOCK_REALTIME, &deadline);
+        ++deadline.tv_sec; // an event that is not delivered can only be waited for
+        if (::sem_timedwait(&happened, &deadline) == 0) {
+            ::_exit(kDeliveredAtExit);
+        }
+    }
+
+    EarlySubscriber(const EarlySubscriber&) = delete;
+    EarlySubscriber& operator=(const EarlySubscriber&) = delete;
+
+    bool subscribed() const { return mSubscribed; }
+
+private:
+    const bool mSubscribed;
+};
+
+/** Returns from main at once; the first event comes while static objects are destroyed. */
+int exitFirst(unsigned int module) {
+    static const EarlySubscriber subscriber(module);
+    return subscriber.subscribed() ? 0 : 1;
+}
+
+/** Ends its main thread alone; the first event ends the process. */
+int endMainThread(unsigned int module) {
+    if (!subscribe(module, [](unsigned int, void*, unsigned int, void*) { ::_exit(0); })) {
+        return 1;
+    }
+    ::pthread_exit(nullptr);
 }
 
 /** Calls exit from the listener, once main has said that it has subscribed. */
@@ -243,6 +286,8 @@ int main(int argc, char** argv) {
         {"print", printAll},
         {"exit-main", exitMain},
         {"exit-listener", exitListener},
+        {"exit-first", exitFirst},
+        {"end-main-thread", endMainThread},
         {"exit-stuck", exitStuck},
         {"brief", leaveAtOnce},
         {"starved", printStarved},

@@ -1,10 +1,14 @@
 #include "SubscriberProcess.h"
+#include "support/Deadline.h"
 
 #include <keluem/publisher.h>
 
 #include <atomic>
 #include <cstddef>
+#include <fstream>
+#include <iterator>
 #include <memory>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -53,6 +57,15 @@ void expectCleanExits(const char* subscriberCase, std::size_t processes) {
     }
 }
 
+/** Waits until the main thread of the process has ended, which the other threads outlive. */
+bool mainThreadEnds(pid_t pid) {
+    return kelutv::test::eventually([pid] {
+        std::ifstream file("/proc/" + std::to_string(pid) + "/stat");
+        const std::string status{std::istreambuf_iterator<char>(file), {}};
+        return status.find(") Z ") != std::string::npos;
+    });
+}
+
 TEST(ExitOfASubscriber, isCleanWhileEventsArrive) {
     const EndlessEvents events;
     for (int batch = 0; batch < 5; ++batch) {
@@ -63,6 +76,24 @@ TEST(ExitOfASubscriber, isCleanWhileEventsArrive) {
 TEST(ExitOfASubscriber, mayBeCalledByItsListener) {
     const EndlessEvents events;
     expectCleanExits("exit-listener", 10);
+}
+
+TEST(ExitOfASubscriber, isNotToldTheFirstEventWhileItExits) {
+    SubscriberProcess process("exit-first", kModule);
+    ASSERT_TRUE(process.ready());
+    ASSERT_TRUE(process.waitFor("exiting\n"));
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(process.process().exitCode(), 0);
+}
+
+TEST(ExitOfASubscriber, isNotTheEndOfItsMainThreadAlone) {
+    SubscriberProcess process("end-main-thread", kModule);
+    ASSERT_TRUE(process.ready());
+    ASSERT_TRUE(mainThreadEnds(process.process().pid()));
+    keluem::Publisher publisher;
+    publisher.publish(kModule, nullptr, 0);
+    EXPECT_EQ(process.process().exitCode(), 0);
 }
 
 TEST(ExitOfASubscriber, doesNotWaitForEverForAStuckListener) {

@@ -3,6 +3,7 @@
 #include "ClosedStreams.h"
 #include "ExitingCaller.h"
 #include "ForkingCaller.h"
+#include "LateNotice.h"
 #include "OtherUser.h"
 #include "PeerProtocol.h"
 #include "PeerService.h"
@@ -99,6 +100,7 @@ constexpr Role kRoles[] = {
     {"fork-in-notice", forkInNotice},
     {"closed-streams", callWithoutStreams},
     {"exit-in-deliveries", exitInDeliveries},
+    {"late-notice", exitBeforeNotice},
 };
 
 int play(int count, char** words) {
