@@ -62,8 +62,11 @@ void waitUntilDeathsAreTold(test::FakeDriver& driver) {
     android::KernelBinder& binder = Driver::binder();
     const auto told = std::make_shared<std::promise<void>>();
     require(binder.startTelling(), "there is a thread to tell deaths");
-    binder.handles().acquire(kOwnHandle);
-    binder.handles().watch(kOwnHandle, [told] { told->set_value(); });
+    std::uint64_t watch = 0;
+    const bool watched = binder.handles().acquire(kOwnHandle) &&
+                         binder.handles().watch(
+                             kOwnHandle, [told] { told->set_value(); }, &watch) == android::NO_ERROR;
+    require(watched, "a death can be asked for");
     binder.died(cookieOf(kOwnHandle, driver.takeSent()));
     require(told->get_future().wait_for(kPatience) == std::future_status::ready, "deaths are told");
     binder.handles().release(kOwnHandle);
