@@ -52,10 +52,21 @@ binder_transaction_data messageOf(const Parcel& parcel) {
     return message;
 }
 
-// The thread is one that serves.
+// The thread serves, for good or while a call comes in for it: what it has under way must come to its end.
 thread_local bool tServes = false;
 // The thread has given up a call that the driver may still answer.
 thread_local bool tStale = false;
+
+class Serving {
+public:
+    Serving() : mBefore(std::exchange(tServes, true)) {}
+    ~Serving() { tServes = mBefore; }
+    Serving(const Serving&) = delete;
+    Serving& operator=(const Serving&) = delete;
+
+private:
+    const bool mBefore;
+};
 
 /** True for a failure after which what was not taken can be sent again. */
 bool passes(ssize_t error) { return error == -ENOMEM || error == -EAGAIN || error == -ENOBUFS; }
@@ -95,7 +106,7 @@ status_t KernelConversation::call(uint32_t handle, uint32_t code, const Parcel& 
 }
 
 void KernelConversation::serve(uint32_t entry) {
-    tServes = true;
+    const Serving serving;
     mCommands.append(entry);
     for (ssize_t received = exchange(); received >= 0 || passes(received); received = exchange()) {
         if (received < 0) {
@@ -288,6 +299,7 @@ status_t KernelConversation::passOn(const binder_transaction_data& message, Parc
 }
 
 void KernelConversation::handleTransaction(const binder_transaction_data& message) {
+    const Serving serving;
     const bool oneWay = (message.flags & TF_ONE_WAY) != 0;
     Parcel reply;
     const status_t status = intact(message) ? passOn(message, oneWay ? nullptr : &reply) : FAILED_TRANSACTION;

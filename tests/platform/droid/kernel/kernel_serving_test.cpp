@@ -157,6 +157,42 @@ TEST_F(KernelServing, callsNest) {
     LocalObjects::instance().release(own);
 }
 
+/** Calls out during a shortage that lasts longer than a caller waits otherwise. */
+class CallsInAShortage : public android::BBinder {
+public:
+    CallsInAShortage(FakeDriver& driver, android::KernelBinder& binder) : mDriver(driver), mBinder(binder) {}
+    android::status_t result = android::UNKNOWN_ERROR;
+
+protected:
+    android::status_t onTransact(uint32_t, const Parcel&, Parcel* reply, uint32_t) override {
+        mDriver.failNextReads(-ENOMEM, 15);
+        result = android::KernelConversation(mBinder).call(9, 1, Parcel(), reply, 0);
+        return result;
+    }
+
+private:
+    FakeDriver& mDriver;
+    android::KernelBinder& mBinder;
+};
+
+TEST_F(KernelServing, callWithinACallIsNotGivenUp) {
+    const LogCapture log;
+    const sp<CallsInAShortage> caller = new CallsInAShortage(driver, binder);
+    const uint64_t own = LocalObjects::instance().hold(caller);
+    binder_transaction_data message = incoming(1, {});
+    message.target.ptr = message.cookie = own;
+    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_TRANSACTION, message)});
+    driver.say({command(BR_REPLY, driver.message(replyOf({3})))}); // of the call within
+    driver.say({command(BR_TRANSACTION_COMPLETE)});                // the answer
+    driver.say({command(BR_REPLY, driver.message(replyOf({4})))});
+    Parcel reply;
+    EXPECT_EQ(call(1, {}, &reply), NO_ERROR);
+    EXPECT_EQ(reply.readInt32(), 4);
+    EXPECT_EQ(caller->result, NO_ERROR);
+    EXPECT_EQ(driver.threadExits(), 0) << "that would take the outer call with it";
+    LocalObjects::instance().release(own);
+}
+
 class Forking : public android::BBinder {
 public:
     pid_t child = -1;
