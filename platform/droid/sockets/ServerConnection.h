@@ -40,6 +40,9 @@ struct ServerConnection : ServerSocket {
     // Of the queue in which it waits for a thread.
     std::chrono::steady_clock::time_point queued;
     std::unique_ptr<ServerConnection> next;
+    // Of the connections that are parked.
+    ServerConnection* previousParked = nullptr;
+    ServerConnection* nextParked = nullptr;
 };
 
 } // namespace android

@@ -123,18 +123,18 @@ void ServerPoller::handle(ServerSocket* source, uint32_t events) {
     }
     // Taken out, not just disarmed: a connection that is waited for costs each packet on it time.
     ::epoll_ctl(mEpoll.get(), EPOLL_CTL_DEL, source->socket.get(), nullptr);
-    std::unique_ptr<ServerConnection> connection(static_cast<ServerConnection*>(source));
+    std::unique_ptr<ServerConnection> connection = mParked.take(static_cast<ServerConnection*>(source));
     const bool hungUp = (events & (EPOLLRDHUP | EPOLLHUP | EPOLLERR)) != 0;
     if (!hungUp || !hasEnded(connection->socket.get())) {
         mWorkers.serve(std::move(connection));
     }
 }
 
-void ServerPoller::park(std::unique_ptr<ServerConnection> connection) const {
-    // From then on the poller has it, and may have given it to another thread before this call returns.
-    ServerConnection* const parked = connection.release();
+/** From then on the poller has it, and may have given it to another thread before this call returns. */
+void ServerPoller::park(std::unique_ptr<ServerConnection> connection) {
+    ServerConnection* const parked = mParked.park(std::move(connection));
     if (!arm(parked, EPOLL_CTL_ADD, kConnectionEvents)) {
-        delete parked;
+        mParked.take(parked);
     }
 }
 
@@ -184,9 +184,8 @@ void ServerPoller::accept(const ServerListener& listener, kq::UniqueFd socket, c
     connection->caller = caller;
     connection->place = std::move(place);
     connection->object = mPublished(listener.entry);
-    if (greet(connection->socket.get(), NO_ERROR) && lingerOn(connection->socket.get()) &&
-        arm(connection.get(), EPOLL_CTL_ADD, kConnectionEvents)) {
-        static_cast<void>(connection.release());
+    if (greet(connection->socket.get(), NO_ERROR) && lingerOn(connection->socket.get())) {
+        park(std::move(connection));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CallWorkers.h"
+#include "ParkedConnections.h"
 #include "PeerTable.h"
 #include "ServerConnection.h"
 #include "socket/UniqueFd.h"
@@ -44,7 +45,7 @@ private:
     void resume();
     void logRefusal(const ServerListener& listener, const kq::Peer& caller);
 
-    void park(std::unique_ptr<ServerConnection> connection) const;
+    void park(std::unique_ptr<ServerConnection> connection);
     void refuseUnserved();
 
     const Published mPublished;
@@ -52,6 +53,7 @@ private:
     // Closed to have one with which to refuse a caller when there are no others.
     kq::UniqueFd mSpare;
     PeerTable mPeers;
+    ParkedConnections mParked;
     CallWorkers mWorkers;
     std::unique_ptr<MessageBuffer> mBuffer;
     ServerListener* mPaused = nullptr;
