@@ -1,5 +1,6 @@
 #include "ProcessLife.h"
 
+#include <cxxabi.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -7,6 +8,9 @@
 #include <cstdlib>
 #include <new>
 #include <utility>
+
+// What the linker gives each library to be known by.
+extern "C" void* __dso_handle;
 
 namespace kq {
 
@@ -28,12 +32,13 @@ DeliveryGate& DeliveryGate::instance() { return gateOfProcess(); }
 
 // Registers only: the main thread may also end alone, and the others still take deliveries then. Exit handlers run last
 // in, first out, and none is registered later than this one.
-DeliveryGate::MainThread::~MainThread() { std::atexit(closeAtExit); }
+void DeliveryGate::mainThreadEnds(void*) { std::atexit(closeAtExit); }
 
-// When the library is loaded: later, memory may be out, without which the C library ends the process here.
+// When the library is loaded: later, memory may be out, without which the C library ends the process here. No
+// thread_local object, since the leak checker fails on one of a library that is opened while the program runs.
 void DeliveryGate::watchMainThread() {
     if (::gettid() == ::getpid()) {
-        static thread_local const MainThread mainThread;
+        abi::__cxa_thread_atexit(mainThreadEnds, nullptr, &__dso_handle);
     }
 }
 

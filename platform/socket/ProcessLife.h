@@ -31,10 +31,8 @@ public:
     void leave();
 
 private:
-    /** Held by the main thread, which destroys it before any static object when it exits. */
-    struct MainThread {
-        ~MainThread();
-    };
+    /** Called when the main thread exits or ends, before any static object is destroyed. */
+    static void mainThreadEnds(void*);
 
     [[gnu::constructor]] static void watchMainThread();
 

@@ -36,7 +36,7 @@ class Watcher {
 public:
     explicit Watcher(const std::string& name)
         : mBinder(*new sp<IBinder>(android::defaultServiceManager()->checkService(android::String16(name.c_str())))),
-          mWatches(mBinder->linkToDeath(*new sp<IBinder::DeathRecipient>(new Note)) == NO_ERROR) {}
+          mNote(*new sp<IBinder::DeathRecipient>(new Note)), mWatches(mBinder->linkToDeath(mNote) == NO_ERROR) {}
 
     ~Watcher() {
         std::fputs(kExiting, stdout);
@@ -62,6 +62,7 @@ public:
 
 private:
     const sp<IBinder>& mBinder;
+    const sp<IBinder::DeathRecipient>& mNote;
     const bool mWatches;
 };
 
