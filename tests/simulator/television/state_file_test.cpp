@@ -16,6 +16,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -291,6 +292,9 @@ TEST_F(StateFile, IsWrittenWhenThereAreDescriptorsAgain) {
 }
 
 TEST_F(StateFile, GetsNoLinesOfASimulatorWithoutStandardDescriptors) {
+    if (std::getenv("KELUTV_EMULATOR") != nullptr) {
+        GTEST_SKIP() << "this machine's shell, which starts the simulator here, cannot be emulated";
+    }
     {
         ChildProcess simulator(
             {"/bin/sh", "-c", "exec \"$0\" --trace --state \"$1\" <&- >&- 2>&-", KELUTV_SIMULATOR, path()});
