@@ -7,7 +7,7 @@ import re
 import subprocess
 from dataclasses import dataclass, field
 
-from engine import command_of, environment
+from engine import SCRATCH, command_of, environment
 from targets import ROOT, FuzzError, Target
 
 FUNCTION = re.compile(r"(?:UN)?COVERED_FUNC: hits: \d+ edges: (\d+)/(\d+) .* (\S+):\d+$")
@@ -41,7 +41,7 @@ def measure(target: Target) -> Coverage:
         raise FuzzError(f"{target.name} has no corpus: {target.corpus}")
     command = command_of(target, target.program, (target.corpus,), "-runs=0", "-print_coverage=1")
     done = subprocess.run(
-        command, cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment(), errors="replace"
+        command, cwd=SCRATCH, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment(), errors="replace"
     )
     if done.returncode != 0:
         raise FuzzError(f"{target.name}: an input of the corpus fails:\n{done.stdout[-3000:]}")

@@ -30,13 +30,15 @@ def build(programs: Iterable[str]) -> None:
     run_tool("cmake", "--build", "--preset", "fuzz", "--target", *programs, "-j", str(os.cpu_count()))
 
 
+# Where a run puts its files, those too whose names come from an input.
+SCRATCH = WORK / "tmp"
+
+
 def environment() -> dict[str, str]:
-    """Files of a run are in a folder of its own."""
-    scratch = WORK / "tmp"
-    scratch.mkdir(parents=True, exist_ok=True)
+    SCRATCH.mkdir(parents=True, exist_ok=True)
     return {
         **os.environ,
-        "TMPDIR": str(scratch),
+        "TMPDIR": str(SCRATCH),
         "ASAN_OPTIONS": "detect_stack_use_after_return=1:strict_string_checks=1:allocator_may_return_null=1",
         "UBSAN_OPTIONS": "print_stacktrace=1",
     }
@@ -69,7 +71,9 @@ def fuzz(target: Target, program: Path, seconds: int, log: Path, *options: str) 
         *options,
     )
     with log.open("wb") as output:
-        return subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=output, stderr=output, env=environment())
+        return subprocess.Popen(
+            command, env=environment(), cwd=SCRATCH, stdin=subprocess.DEVNULL, stdout=output, stderr=output
+        )
 
 
 def minimise(target: Target) -> tuple[int, int]:
@@ -87,6 +91,7 @@ def minimise(target: Target) -> tuple[int, int]:
         stdout=subprocess.PIPE,
         stderr=subprocess.STDOUT,
         env=environment(),
+        cwd=SCRATCH,
     )
     if done.returncode != 0:
         raise FuzzError(f"{target.name}: merging failed:\n{done.stdout.decode(errors='replace')[-2000:]}")

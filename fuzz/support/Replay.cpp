@@ -1,3 +1,4 @@
+#include "fuzz/support/ScratchFile.h"
 #include "fuzz/support/Target.h"
 
 #include <algorithm>
@@ -17,10 +18,11 @@ constexpr int kBadUsage = 2;
 std::vector<fs::path> inputsOf(int argc, char** argv) {
     std::vector<fs::path> inputs;
     for (int i = 1; i < argc; ++i) {
-        if (fs::is_directory(argv[i])) {
-            std::copy(fs::directory_iterator(argv[i]), fs::directory_iterator(), std::back_inserter(inputs));
+        const fs::path given = fs::absolute(argv[i]);
+        if (fs::is_directory(given)) {
+            std::copy(fs::directory_iterator(given), fs::directory_iterator(), std::back_inserter(inputs));
         } else {
-            inputs.emplace_back(argv[i]);
+            inputs.push_back(given);
         }
     }
     std::sort(inputs.begin(), inputs.end());
@@ -51,6 +53,9 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: %s INPUT|FOLDER...: files, or folders with some\n", argv[0]);
         return kBadUsage;
     }
+    // Where inputs that name files write them.
+    const kelutv::fuzz::ScratchFile scratch;
+    fs::current_path(fs::path(scratch.path()).parent_path());
     const bool allRead = std::all_of(inputs.begin(), inputs.end(), replay);
     std::fprintf(stderr, "%zu inputs\n", inputs.size());
     return allRead ? EXIT_SUCCESS : EXIT_FAILURE;
