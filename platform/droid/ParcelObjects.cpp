@@ -75,7 +75,7 @@ sp<IBinder> ParcelObjects::read(const Parcel& parcel, const MakeProxy& makeProxy
 }
 
 void ParcelObjects::note(Parcel* parcel, const uint8_t* offsets, size_t length) {
-    if (length == 0) {
+    if (length < sizeof(binder_size_t)) {
         return;
     }
     std::vector<binder_size_t>& noted = in(parcel).mOffsets;
