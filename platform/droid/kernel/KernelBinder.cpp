@@ -61,6 +61,10 @@ int KernelBinder::startServer(uint32_t entry) {
 }
 
 bool KernelBinder::startServing() {
+    // A thread that a forked child does not have may hold the lock.
+    if (kq::inForkedChild()) {
+        return false;
+    }
     int error = 0;
     {
         const std::lock_guard<std::mutex> lock(mMutex);

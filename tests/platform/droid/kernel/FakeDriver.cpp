@@ -28,6 +28,7 @@ bool countsDown(std::atomic<int>* left) {
 int FakeDriver::control(unsigned long request, void* argument) {
     if (request == BINDER_SET_CONTEXT_MGR) {
         ++mContextManagers;
+        mAsContextManager();
         return 0;
     }
     if (request == BINDER_SET_MAX_THREADS) {

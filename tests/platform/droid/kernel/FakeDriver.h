@@ -9,8 +9,10 @@
 #include <condition_variable>
 #include <cstring>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace kelutv::test {
@@ -69,6 +71,8 @@ public:
     /** Waits until a command was sent, which is taken with all before it. */
     bool waitForSent(uint32_t code);
     int contextManagers() const { return mContextManagers; }
+    /** What happens when a process becomes the context manager, in the thread that asks for it. */
+    void onContextManager(std::function<void()> happens) { mAsContextManager = std::move(happens); }
     /** How many threads the driver may ask for. */
     uint32_t mostThreads() const { return mMostThreads; }
 
@@ -99,6 +103,7 @@ private:
     std::atomic<int> mReadFailures{0};
     std::atomic<int> mThreadExits{0};
     int mContextManagers = 0;
+    std::function<void()> mAsContextManager = [] {};
     uint32_t mMostThreads = 0;
 };
 

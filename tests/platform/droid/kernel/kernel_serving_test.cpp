@@ -333,5 +333,20 @@ TEST_F(KernelServing, contextManagerIsBehindNumberZero) {
     EXPECT_EQ(answerIn(serve(message), 0).size(), 8u);
 }
 
+TEST_F(KernelServing, childThatIsForkedUnderTheLockDoesNotServe) {
+    int status = 0;
+    driver.onContextManager([&] {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::alarm(static_cast<unsigned int>(std::chrono::ceil<std::chrono::seconds>(kPatience).count()));
+            std::_Exit(binder.startServing() ? 1 : 0);
+        }
+        EXPECT_EQ(::waitpid(child, &status, 0), child);
+    });
+    EXPECT_EQ(binder.becomeContextManager(object), 0);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
 } // namespace
 } // namespace kelutv::test
