@@ -5,14 +5,18 @@
 #                 [LINKS up|absent|dead...]    one test <name>.<link> each, KELUTV_TEST_LINK set
 #                 [TIMEOUT <seconds>]          120 unless given
 #                 [NO_EMULATOR <reason>]       cannot run under user-mode emulation
+#                 [SEPARATE]                   its sources have names of their own that are the same
 #                 [THREADS])                   makes threads meet, its own or those of programs that it starts
 #
 # Builds one GoogleTest program and registers it with ctest; where KELUTV_ONLY_TESTS_OF_THREADS is on, only with THREADS or
-# in a room that sets KELUTV_TESTS_OF_THREADS, since all of its tests are such.
+# in a room that sets KELUTV_TESTS_OF_THREADS, since all of its tests are such. Builds for another machine leave out what
+# KELUTV_TESTS_OF_ANY_MACHINE lists.
 
 include_guard(GLOBAL)
 
 option(KELUTV_ONLY_TESTS_OF_THREADS "Leave out the tests that make no threads meet, for ThreadSanitizer" OFF)
+
+option(KELUTV_JOINED_TESTS "Compile the sources of a test program as one, which takes less time" ON)
 
 # Tests are compiled often and run briefly.
 set(KELUTV_TEST_COMPILE_OPTIONS -O0 -g1)
@@ -101,7 +105,7 @@ function(kelutv_reuse_precompiled_headers program)
 endfunction()
 
 function(kelutv_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "THREADS" "TIMEOUT;NO_EMULATOR" "SOURCES;LIBRARIES;ENVIRONMENT;LINKS")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "SEPARATE;THREADS" "TIMEOUT;NO_EMULATOR" "SOURCES;LIBRARIES;ENVIRONMENT;LINKS")
     if(ARG_UNPARSED_ARGUMENTS OR NOT ARG_SOURCES)
         message(FATAL_ERROR "kelutv_add_test(${name}): needs SOURCES; unexpected: ${ARG_UNPARSED_ARGUMENTS}")
     endif()
@@ -110,8 +114,16 @@ function(kelutv_add_test name)
         ${name} PRIVATE ${ARG_LIBRARIES} $<TARGET_NAME_IF_EXISTS:kelutv_test_support> GTest::gtest GTest::gtest_main
                         kelutv_warnings)
     kelutv_reuse_precompiled_headers(${name})
+    if(NOT ARG_SEPARATE)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD ${KELUTV_JOINED_TESTS} UNITY_BUILD_BATCH_SIZE 0)
+        set_target_properties(
+            ${name} PROPERTIES UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+    endif()
     if(KELUTV_ONLY_TESTS_OF_THREADS AND NOT ARG_THREADS AND NOT KELUTV_TESTS_OF_THREADS)
         set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+    elseif(CMAKE_CROSSCOMPILING AND name IN_LIST KELUTV_TESTS_OF_ANY_MACHINE)
+        set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+        set_property(GLOBAL APPEND_STRING PROPERTY KELUTV_NO_EMULATOR_LIST "${name}: says the same on any machine\n")
     endif()
 
     set(properties TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}")
