@@ -18,7 +18,7 @@ protected:
 
 TEST_F(FailingService, isToldApartWhenItDies) {
     service.exitBeforeReply();
-    const ToolRun run = runTool({"--json", "call", "audio.setVolume", "speaker", "1"});
+    const ToolRun run = runTool({"call", "audio.setVolume", "speaker", "1"});
     EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(run.output, "");
     EXPECT_NE(run.error.find("kelutv: the request did not get through: the service is gone or did not take it "

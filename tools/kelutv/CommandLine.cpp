@@ -4,7 +4,7 @@
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
-#include <cstdio>
+#include <algorithm>
 #include <exception>
 
 namespace kelutv::tool {
@@ -21,12 +21,17 @@ std::string whatIsUnknown(const Command& command, const UnexpectedWord& error) {
                          : "unknown command '" + wire::shown(error.word) + '\'' + wire::nearestHint(error.word, names);
 }
 
-Exit complainOfUsage(const Parser& parser, const std::string& complaint) {
-    Output::complain(complaint);
+Exit complainOfUsage(const Parser& parser, const Output& output, const std::string& complaint) {
     const std::string program = parser.program().name();
     const std::string rest = parser.named().path().substr(program.size());
-    std::fprintf(stderr, "Try '%s help%s'.\n", program.c_str(), rest == " help" ? "" : rest.c_str());
+    output.complain(complaint, Exit::Usage, program + " help" + (rest == " help" ? "" : rest));
     return Exit::Usage;
+}
+
+/** Known before the words are parsed, for what is wrong with them is said as JSON, too. */
+bool asksForJson(const std::vector<std::string>& words) {
+    const auto end = std::find(words.begin(), words.end(), "--");
+    return std::find(words.begin(), end, "--json") != end;
 }
 
 Exit run(Parser& parser, const Context& context, std::vector<std::string> words) {
@@ -34,16 +39,16 @@ Exit run(Parser& parser, const Context& context, std::vector<std::string> words)
         parser.run(std::move(words));
         return context.exit;
     } catch (const UnexpectedWord& error) {
-        return complainOfUsage(parser, whatIsUnknown(parser.named(), error));
+        return complainOfUsage(parser, context.output, whatIsUnknown(parser.named(), error));
     } catch (const UsageError& error) {
-        return complainOfUsage(parser, error.what());
+        return complainOfUsage(parser, context.output, error.what());
     } catch (const ToolError& error) {
         if (*error.what() != '\0') {
-            Output::complain(error.what());
+            context.output.complain(error.what(), error.exit());
         }
         return error.exit();
     } catch (const std::exception& error) {
-        Output::complain(error.what());
+        context.output.complain(error.what(), Exit::Failure);
         return Exit::Failure;
     }
 }
@@ -52,6 +57,7 @@ Exit run(Parser& parser, const Context& context, std::vector<std::string> words)
 
 Exit runCommandLine(std::vector<std::string> words) {
     Context context{runCommandLine};
+    context.output.json = asksForJson(words);
     Parser parser = makeProgram(context);
     return run(parser, context, std::move(words));
 }

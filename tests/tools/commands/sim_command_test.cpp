@@ -122,8 +122,8 @@ TEST_F(SimCommand, GivesJsonADocumentALine) {
         run.output,
         "{\"ok\":false,\"lines\":[\"there is no state 'audio.volum'; nearest: audio.volume, audio.volumeToReg; show "
         "lists them\"]}\n");
-    EXPECT_EQ(run.error,
-              "kelutv: there is no state 'audio.volum'; nearest: audio.volume, audio.volumeToReg; show lists them\n");
+    EXPECT_EQ(run.error, "{\"error\":{\"message\":\"there is no state 'audio.volum'; nearest: audio.volume, "
+                         "audio.volumeToReg; show lists them\",\"exit\":1}}\n");
 }
 
 TEST_F(SimCommand, RefusesALineThatIsNone) {
@@ -136,7 +136,7 @@ TEST_F(SimCommand, RefusesALineThatIsNone) {
 TEST_F(SimCommand, SaysWhenThereIsNoSimulator) {
     mSimulator->process().kill(SIGKILL);
     EXPECT_TRUE(mSimulator->process().wait());
-    for (const Words& words : {Words{"show"}, Words{"--file", file("lines", "show\n")}, Words{"--json", "show"}}) {
+    for (const Words& words : {Words{"show"}, Words{"--file", file("lines", "show\n")}}) {
         const ToolRun run = sim(words);
         EXPECT_EQ(run.exit, 3);
         EXPECT_EQ(run.output, "");

@@ -42,7 +42,7 @@ void addReplCommand(const Command& program, Context& context) {
     const auto stop = std::make_shared<bool>(false);
     command.flag("-e,--stop", *stop, "End with the first line that fails, and with its exit code");
     command.action([program, &context, stop] {
-        context.exit = Repl(program, context.runCommandLine, optionsOf(context.output), *stop).run();
+        context.exit = Repl(program, context.runCommandLine, optionsOf(context.output), *stop, context.output).run();
     });
 }
 

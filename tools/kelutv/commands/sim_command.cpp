@@ -36,7 +36,7 @@ Json linesOf(const std::string& text) {
 void print(Context& context, const Answer& answer, const std::string& place) {
     context.output.document({{"ok", answer.ok}, {"lines", linesOf(answer.text)}});
     if (!answer.ok) {
-        Output::complain(place + answer.text);
+        context.output.complain(place + answer.text, Exit::Failure);
         context.exit = Exit::Failure;
     } else if (!answer.text.empty()) {
         context.output.line(answer.text);

@@ -1,12 +1,14 @@
 #include "tools/kelutv/output/Output.h"
 
 #include "tools/kelutv/output/StandardOutput.h"
+#include "wire/text/Shown.h"
 
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <sstream>
 
 namespace kelutv::tool {
 
@@ -42,6 +44,24 @@ const char* codeOf(Style style) {
     return "";
 }
 
+constexpr char kProgram[] = "kelutv: ";
+
+/** Line by line, since a message may have several. */
+std::string printable(const std::string& text) {
+    std::istringstream lines(text);
+    std::string result;
+    for (std::string line; std::getline(lines, line);) {
+        result += (result.empty() ? "" : "\n") + wire::shown(line, line.size());
+    }
+    return result;
+}
+
+std::string withoutProgram(const std::string& text) {
+    return text.compare(0, std::strlen(kProgram), kProgram) == 0 ? text.substr(std::strlen(kProgram)) : text;
+}
+
+void printMessage(const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); }
+
 } // namespace
 
 void Output::line(const std::string& text) const {
@@ -58,11 +78,21 @@ void Output::document(const Json& value) const {
 
 void Output::message(const std::string& text) const {
     if (!quiet) {
-        std::fprintf(stderr, "%s\n", text.c_str());
+        printMessage(json ? Json{{"message", withoutProgram(printable(text))}}.dump() : printable(text));
     }
 }
 
-void Output::complain(const std::string& text) { std::fprintf(stderr, "kelutv: %s\n", text.c_str()); }
+void Output::complain(const std::string& text, Exit exit, const std::string& hint) const {
+    if (!json) {
+        printMessage(kProgram + printable(text) + (hint.empty() ? "" : "\nTry '" + hint + "'."));
+        return;
+    }
+    Json error{{"message", printable(text)}, {"exit", static_cast<int>(exit)}};
+    if (!hint.empty()) {
+        error["hint"] = hint;
+    }
+    printMessage(Json{{"error", error}}.dump());
+}
 
 std::string Output::styled(Style style, const std::string& text) const {
     return style != Style::Plain && hasColor() ? std::string("\033[") + codeOf(style) + 'm' + text + "\033[0m" : text;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Json.h"
 
 #include <string>
@@ -11,10 +12,13 @@ enum class Color { Automatic, Always, Never };
 /** How a piece of text stands out where there is colour. */
 enum class Style { Plain, Name, Value, Number, Dim, Good, Bad };
 
-/** What the commands print: data on standard output, messages on standard error. */
+/**
+ * What the commands print: data on standard output, messages on standard error. What a terminal would act on is escaped
+ * in messages.
+ */
 class Output {
 public:
-    /** Data as JSON, one document a line, instead of text. */
+    /** JSON instead of text, data as well as messages, one document a line. */
     bool json = false;
     /** Neither messages nor texts that only explain. */
     bool quiet = false;
@@ -26,11 +30,17 @@ public:
     /** One JSON document. Does nothing without `json`. */
     void document(const Json& value) const;
 
-    /** A message to the person, on standard error; not with `quiet`. */
+    /** A message to the person, on standard error; not with `quiet`. With `json` `{"message": ...}`. */
     void message(const std::string& text) const;
 
-    /** What went wrong, on standard error: "kelutv: TEXT". */
-    static void complain(const std::string& text);
+    /**
+     * What went wrong, on standard error: `kelutv: TEXT`. With `json` `{"error": {"message": ..., "exit": ...}}`, and
+     * `hint` where there is one.
+     *
+     * @param exit what the program ends with
+     * @param hint the command line that tells more
+     */
+    void complain(const std::string& text, Exit exit, const std::string& hint = "") const;
 
     /** The text in its style if standard output is to have colour (NO_COLOR and TERM=dumb count). */
     std::string styled(Style style, const std::string& text) const;

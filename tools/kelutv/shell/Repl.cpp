@@ -1,6 +1,5 @@
 #include "tools/kelutv/shell/Repl.h"
 
-#include "tools/kelutv/output/Output.h"
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
@@ -43,8 +42,9 @@ std::vector<std::string> completions(const Command& program, const std::vector<s
 
 } // namespace
 
-Repl::Repl(const Command& program, RunCommandLine runCommandLine, std::vector<std::string> options, bool stopAtFailure)
-    : mRunCommandLine(runCommandLine), mOptions(std::move(options)), mStopAtFailure(stopAtFailure),
+Repl::Repl(const Command& program, RunCommandLine runCommandLine, std::vector<std::string> options, bool stopAtFailure,
+           const Output& output)
+    : mRunCommandLine(runCommandLine), mOptions(std::move(options)), mStopAtFailure(stopAtFailure), mOutput(output),
       mAtTerminal(::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1),
       mHistory(mAtTerminal ? History::usualPath() : "") {
     if (mAtTerminal) {
@@ -91,7 +91,7 @@ Exit Repl::runLine(const std::string& line) {
         }
         return words.empty() ? Exit::Success : runWords(std::move(words));
     } catch (const ToolError& error) {
-        Output::complain(error.what());
+        mOutput.complain(error.what(), error.exit());
         return error.exit();
     }
 }

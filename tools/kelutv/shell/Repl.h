@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/output/Output.h"
 #include "tools/kelutv/parser/Parser.h"
 #include "tools/kelutv/shell/History.h"
 
@@ -20,8 +21,10 @@ public:
      * @param runCommandLine runs the words of a line
      * @param options words that stand before those of every line
      * @param stopAtFailure ends with the first line that fails
+     * @param output for what is wrong with a line itself; must live as long as this
      */
-    Repl(const Command& program, RunCommandLine runCommandLine, std::vector<std::string> options, bool stopAtFailure);
+    Repl(const Command& program, RunCommandLine runCommandLine, std::vector<std::string> options, bool stopAtFailure,
+         const Output& output);
 
     /**
      * Reads lines, with editing, completion and history when both ends are terminals.
@@ -38,6 +41,7 @@ private:
     RunCommandLine mRunCommandLine;
     std::vector<std::string> mOptions;
     bool mStopAtFailure;
+    const Output& mOutput;
     bool mAtTerminal;
     bool mEnded = false;
     History mHistory;

@@ -76,7 +76,8 @@ int closeUnlessShared(std::FILE* file) { return file != stderr ? std::fclose(fil
 std::FILE* open(const std::string& path) {
     std::FILE* const file = path.empty() ? stderr : std::fopen(path.c_str(), "we");
     if (file == nullptr) {
-        throw ToolError(Exit::Failure, "cannot write to " + path + ": " + std::strerror(errno));
+        throw ToolError(Exit::Failure,
+                        "cannot write to " + wire::shown(path, wire::kMostOfPath) + ": " + std::strerror(errno));
     }
     return file;
 }
@@ -112,8 +113,8 @@ void TraceLog::writeLine(const std::string& line) {
 
 void TraceLog::finish() {
     if (std::ferror(mFile.get()) != 0) {
-        throw ToolError(Exit::Failure,
-                        "cannot write all of the trace to " + (mPath.empty() ? "standard error" : mPath));
+        throw ToolError(Exit::Failure, "cannot write all of the trace to " +
+                                           (mPath.empty() ? "standard error" : wire::shown(mPath, wire::kMostOfPath)));
     }
 }
 

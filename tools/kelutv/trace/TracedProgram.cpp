@@ -3,6 +3,7 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/process/Spawn.h"
 #include "tools/trace/Frame.h"
+#include "wire/text/Shown.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -52,7 +53,7 @@ TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::s
         mPid = process::spawn(program);
     } catch (const std::system_error& error) {
         throw ToolError(static_cast<Exit>(error.code().value() == ENOENT ? kNotFound : kCannotRun),
-                        "cannot run " + words.front() + ": " + error.code().message());
+                        "cannot run " + wire::shown(words.front(), wire::kMostOfPath) + ": " + error.code().message());
     }
 }
 
