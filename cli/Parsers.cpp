@@ -15,19 +15,36 @@ namespace {
 constexpr std::size_t kHelpColumn = 34;
 constexpr char kGuard = '\x1f';
 
-/** Makes words in brackets safe from the parser, which would take them apart. */
-void guardBrackets(std::vector<std::string>& words) {
-    for (std::string& word : words) {
-        if (word.size() > 1 && word.front() == '[' && word.back() == ']') {
-            word.insert(word.begin(), kGuard);
+/** The parser would take words in brackets apart, and fractions such as `-.5` for options. */
+bool needsGuard(const std::string& word) {
+    const bool isInBrackets = word.size() > 1 && word.front() == '[' && word.back() == ']';
+    const bool isFraction = word.size() > 2 && word.compare(0, 2, "-.") == 0 && word[2] >= '0' && word[2] <= '9';
+    return isInBrackets || isFraction || (!word.empty() && word.front() == kGuard);
+}
+
+/**
+ * Makes words safe from the parser. Behind `--` these are all: the parser forgets it where a command has its least
+ * number of words already.
+ */
+void guardWords(std::vector<std::string>& words) {
+    const auto dashes = std::find(words.begin(), words.end(), "--");
+    const auto behind = dashes == words.end() ? dashes : words.erase(dashes);
+    for (auto word = words.begin(); word != words.end(); ++word) {
+        if (word >= behind || needsGuard(*word)) {
+            word->insert(word->begin(), kGuard);
         }
     }
 }
 
 std::string unguarded(std::string word) { return !word.empty() && word.front() == kGuard ? word.substr(1) : word; }
 
-CLI::Option* addWords(CLI::App& app, const char* name, std::vector<std::string>& values, const char* help) {
-    return app.add_option(name, values, help)->transform(unguarded, "");
+void unguardValues(CLI::App& app) {
+    for (CLI::Option* const option : app.get_options()) {
+        option->transform(unguarded, "");
+    }
+    for (CLI::App* const below : app.get_subcommands([](const CLI::App*) { return true; })) {
+        unguardValues(*below);
+    }
 }
 
 std::size_t mostWordsOf(const CLI::Option& option) {
@@ -187,11 +204,11 @@ void Subcommand::required(const char* name, std::string& value, const char* help
 }
 
 void Subcommand::words(const char* name, std::vector<std::string>& values, const char* help) const {
-    addWords(*mApp, name, values, help);
+    mApp->add_option(name, values, help);
 }
 
 void Subcommand::requiredWords(const char* name, std::vector<std::string>& values, const char* help) const {
-    addWords(*mApp, name, values, help)->required();
+    mApp->add_option(name, values, help)->required();
 }
 
 void Subcommand::footer(const std::string& text) const { mApp->footer(text); }
@@ -248,7 +265,8 @@ Command CommandParser::named() const {
 }
 
 void CommandParser::run(std::vector<std::string> words) {
-    guardBrackets(words);
+    guardWords(words);
+    unguardValues(*mApp);
     std::reverse(words.begin(), words.end()); // The order in which the parser takes them.
     try {
         mApp->parse(words);

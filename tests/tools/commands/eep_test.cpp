@@ -92,6 +92,32 @@ TEST(Eep, loadsAnImageOfAnArea) {
     EXPECT_EQ(runTool({"eep", "read", "flash", "0x8DFC", "2"}).output, "79 00\n");
 }
 
+TEST(Eep, takesAnAddressAsADumpShowsIt) {
+    ASSERT_EQ(runTool({"eep", "write", "tv", "0x8A10", "0x42"}).exit, 0);
+    const std::string dump = runTool({"eep", "dump", "tv", "--offset", "16", "--length", "1"}).output;
+    const std::string address = dump.substr(0, dump.find(' '));
+    EXPECT_EQ(address, "00008a10");
+    EXPECT_EQ(runTool({"eep", "read", "tv", address}).output, "42\n");
+    EXPECT_EQ(runTool({"eep", "write", "tv", address, "0x43"}).exit, 0);
+    EXPECT_EQ(runTool({"eep", "read", "tv", "35344"}).output, "43\n");
+    EXPECT_EQ(runTool({"eep", "write", "flash", "010", "7"}).exit, 0);
+    EXPECT_EQ(runTool({"eep", "read", "flash", "10"}).output, "07\n");
+}
+
+TEST(Eep, failsWhenTheImageCannotBeRead) {
+    const TestFolder folder;
+    const std::string nowhere = folder.pathOf("nowhere");
+    television.simulator().takeTrace();
+    const ToolRun missing = runTool({"eep", "load", "tv", nowhere});
+    EXPECT_EQ(missing.exit, 1);
+    EXPECT_EQ(missing.error, "kelutv: cannot read '" + nowhere + "': No such file or directory\n");
+    const ToolRun directory = runTool({"eep", "load", "tv", folder.path()});
+    EXPECT_EQ(directory.exit, 1);
+    EXPECT_EQ(directory.error,
+              "kelutv: cannot read '" + folder.path() + "': it is a directory, and a file is needed\n");
+    EXPECT_TRUE(television.simulator().takeTrace().empty());
+}
+
 TEST(Eep, refusesBadInputAndSendsNothing) {
     const ImageFile file("short");
     const TestFolder folder;
@@ -115,6 +141,9 @@ TEST(Eep, refusesBadInputAndSendsNothing) {
         {{"write", "tv", "0x8A00", "@" + nowhere}, "cannot read '" + nowhere + "': No such file or directory"},
         {{"dump", "tv", "--offset", "509"}, "--offset: the area tv has the offsets 0 to 508, not 509"},
         {{"dump", "tv", "--offset", "500", "--length", "10"}, "10 bytes from 0x8BF4 on do not fit into the area tv"},
+        {{"read", "tv", "00008bfd"}, "address 0x8BFD is outside the area tv, which goes from 0x8A00 to 0x8BFC"},
+        {{"dump", "tv", "--offset", "99999999999\x1b"},
+         "--offset: '99999999999\\x1b' is not a number; write it like 35328 or 0x8A00"},
         {{"load", "tv", file.path()}, file.path() + " has 5 bytes; the area tv needs exactly 509"},
     };
     television.simulator().takeTrace();

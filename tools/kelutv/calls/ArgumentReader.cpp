@@ -9,8 +9,11 @@
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstring>
 #include <optional>
+#include <set>
 
 namespace kelutv::tool {
 
@@ -21,16 +24,39 @@ std::string unquoted(const std::string& text) {
     return isQuoted ? text.substr(1, text.size() - 2) : text;
 }
 
+/** Whether it is written like `02:00:00:12:34:56`. */
+bool isAddress(const std::string& text) {
+    constexpr std::size_t kStep = 3;
+    if (text.size() < kStep || text.size() % kStep != 2) {
+        return false;
+    }
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isRight = i % kStep == 2 ? text[i] == ':' : std::isxdigit(static_cast<unsigned char>(text[i])) != 0;
+        if (!isRight) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string withoutColons(std::string text) {
+    text.erase(std::remove(text.begin(), text.end(), ':'), text.end());
+    return text;
+}
+
 std::vector<std::string> entriesOf(const std::string& text) {
     const bool hasBrackets = text.size() > 1 && text.front() == '[' && text.back() == ']';
     return split(hasBrackets ? text.substr(1, text.size() - 2) : text, ',');
 }
 
-/** The bytes that `hex:` or `@FILE` stand for. */
+/** The bytes that `hex:`, `@FILE` or an address as it is printed stand for. */
 std::optional<std::vector<std::uint8_t>> blockOf(const std::string& text) {
     constexpr const char* kHex = "hex:";
     if (text.rfind(kHex, 0) == 0) {
         return bytesOfHex(text.substr(std::strlen(kHex)));
+    }
+    if (const std::string address = unquoted(text); isAddress(address)) {
+        return bytesOfHex(withoutColons(address));
     }
     return !text.empty() && text[0] == '@' ? std::optional(bytesOfFile(text.substr(1))) : std::nullopt;
 }
@@ -126,12 +152,17 @@ private:
     void readRecord(const std::string& text) {
         const wire::Record& record = *mParameter.values.record;
         mStorage.bytes.assign(record.size, 0);
+        std::set<const wire::Field*> given;
         for (const std::string& entry : split(text, ',')) {
             const std::size_t equals = entry.find('=');
             if (equals == std::string::npos) {
                 throw UsageError("'" + wire::shown(entry) + "' is not FIELD=VALUE");
             }
-            readField(fieldNamed(record, entry.substr(0, equals)), entry.substr(equals + 1));
+            const wire::Field& field = fieldNamed(record, entry.substr(0, equals));
+            if (!given.insert(&field).second) {
+                throw UsageError(std::string(field.name) + " is given twice");
+            }
+            readField(field, entry.substr(equals + 1));
         }
     }
 

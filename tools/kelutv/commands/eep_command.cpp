@@ -5,13 +5,13 @@
 #include "tools/kelutv/text/HexDump.h"
 #include "tools/kelutv/text/InputFile.h"
 #include "tools/kelutv/text/Lists.h"
+#include "wire/text/Numbers.h"
 #include "wire/text/Shown.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
+#include <optional>
 
 namespace kelutv::tool {
 
@@ -31,13 +31,23 @@ struct EepOptions {
 };
 
 int numberOf(const std::string& text, const std::string& what) {
-    char* end = nullptr;
-    errno = 0;
-    const long number = std::strtol(text.c_str(), &end, 0);
-    if (text.empty() || *end != '\0' || errno != 0 || number < 0 || number > INT32_MAX) {
+    const std::optional<std::int32_t> number = wire::int32Of(text);
+    if (!number || *number < 0) {
         throw UsageError(what + ": '" + wire::shown(text) + "' is not a number; write it like 35328 or 0x8A00");
     }
-    return static_cast<int>(number);
+    return *number;
+}
+
+/** An address, also as the lines of a dump begin: eight hexadecimal digits. */
+int addressOf(const std::string& text) {
+    constexpr std::size_t kDigitsOfDump = 8;
+    constexpr int kHexadecimal = 16;
+    if (text.size() == kDigitsOfDump) {
+        if (const auto address = wire::wholeNumber<std::int32_t>(text, kHexadecimal); address && *address >= 0) {
+            return *address;
+        }
+    }
+    return numberOf(text, "ADDRESS");
 }
 
 std::uint8_t byteOf(const std::string& text) {
@@ -96,7 +106,7 @@ void dump(const EepOptions& options, const Output& output) {
     const int offset = numberOf(options.offset, "--offset");
     if (offset >= area.size()) {
         throw UsageError("--offset: the area " + std::string(area.name) + " has the offsets 0 to " +
-                         std::to_string(area.size() - 1) + ", not " + options.offset);
+                         std::to_string(area.size() - 1) + ", not " + wire::shown(options.offset));
     }
     const int address = area.first + offset;
     const int length = options.length.empty() ? area.size() - offset : numberOf(options.length, "--length");
@@ -114,7 +124,7 @@ void dump(const EepOptions& options, const Output& output) {
 
 void read(const EepOptions& options, const Output& output) {
     const EepArea& area = eepAreaNamed(options.area);
-    const int address = numberOf(options.address, "ADDRESS");
+    const int address = addressOf(options.address);
     const int length = options.length.empty() ? 1 : numberOf(options.length, "LENGTH");
     area.requireBlock(address, length);
     const Bytes bytes = area.read(address, length);
@@ -150,15 +160,24 @@ void store(const EepArea& area, int address, const Bytes& bytes, const EepOption
 }
 
 void write(const EepOptions& options, const Output& output) {
-    store(eepAreaNamed(options.area), numberOf(options.address, "ADDRESS"), bytesOf(options.bytes), options, output);
+    store(eepAreaNamed(options.area), addressOf(options.address), bytesOf(options.bytes), options, output);
+}
+
+/** The file is what the command works on, and no word of the command line. */
+Bytes imageIn(const std::string& path) {
+    try {
+        return bytesOfInput(path);
+    } catch (const UsageError& error) {
+        throw ToolError(Exit::Failure, error.what());
+    }
 }
 
 void load(const EepOptions& options, const Output& output) {
     const EepArea& area = eepAreaNamed(options.area);
-    const Bytes content = bytesOfInput(options.file);
+    const Bytes content = imageIn(options.file);
     if (content.size() != static_cast<std::size_t>(area.size())) {
-        throw UsageError(options.file + " has " + std::to_string(content.size()) + " bytes; the area " + area.name +
-                         " needs exactly " + std::to_string(area.size()));
+        throw UsageError(wire::shown(options.file, wire::kMostOfPath) + " has " + std::to_string(content.size()) +
+                         " bytes; the area " + area.name + " needs exactly " + std::to_string(area.size()));
     }
     store(area, area.first, content, options, output);
 }
