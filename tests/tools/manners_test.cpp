@@ -1,8 +1,16 @@
 #include "tools/Tool.h"
 
+#include "simulator/Simulator.h"
 #include "support/RuntimeDir.h"
+#include "support/TestFolder.h"
+#include "tools/process/Redirection.h"
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace kelutv::test {
 namespace {
@@ -57,6 +65,114 @@ TEST(Manners, longAndStrangeWordsAreShownShortenedAndEscaped) {
     }
     EXPECT_LT(runTool({"trace", "-f", word, "true"}).error.size(), 1000U);
     EXPECT_EQ(runTool({"get", "vol\x1b[2J\xff"}).error.find('\x1b'), std::string::npos);
+}
+
+TEST(Manners, noMessageActsOnATerminal) {
+    const RuntimeDir empty;
+    const std::string word = "\x1b[2J\x9b\xc2\x9b" + std::string(2000, 'w');
+    const std::vector<std::vector<std::string>> lines{
+        {word},
+        {"--" + word},
+        {"--color", word, "status"},
+        {"call", "audio.setVolume", word, "1"},
+        {"call", "factory.setOverscan", word},
+        {"call", "factory.setOverscan", "x=" + word},
+        {"call", "factory.setMacAddress", "hex:" + word},
+        {"call", "factory.setMacAddress", '@' + word},
+        {"decode", word},
+        {"decode", '@' + word},
+        {"decode", "--command", word, "--reply", "00"},
+        {"describe", word},
+        {"eep", "dump", "tv", "--offset", word},
+        {"eep", "load", "tv", word},
+        {"eep", "read", word, "0"},
+        {"eep", "write", "tv", "0x8A00", word},
+        {"get", word},
+        {"list", word},
+        {"monitor", "--count", word},
+        {"monitor", "--event", word},
+        {"monitor", "--events", word},
+        {"monitor", "--module", word},
+        {"set", "volume", word},
+        {"sim", "--file", word},
+        {"trace", "--filter", word, "true"},
+        {"trace", "--output", word, "true"},
+        {"trace", word},
+    };
+    for (std::vector<std::string> line : lines) {
+        const std::string command = line.front().substr(0, 20);
+        for (const bool asJson : {false, true}) {
+            const ToolRun run = runTool(line);
+            EXPECT_NE(run.exit, 0) << command;
+            EXPECT_EQ(run.output, "") << command;
+            // A path is shown whole.
+            EXPECT_LT(run.error.size(), 3000U) << command;
+            EXPECT_EQ(run.error.find_first_of("\x1b\x9b"), std::string::npos) << command;
+            EXPECT_EQ(run.error.find(asJson ? "{\"error\":" : "kelutv: "), 0U) << run.error.substr(0, 200);
+            line.insert(line.begin(), "--json");
+        }
+    }
+}
+
+/** Starts the tool with a standard output that nobody reads. */
+std::unique_ptr<ChildProcess> startUnread(std::vector<std::string> arguments) {
+    int ends[2];
+    EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    ::close(ends[0]);
+    ChildProcess::Options options;
+    options.captureError = true;
+    arguments.insert(arguments.begin(), KELUTV_TOOL_PROGRAM);
+    const process::Redirection output(STDOUT_FILENO, ends[1]);
+    ::close(ends[1]);
+    return std::make_unique<ChildProcess>(std::move(arguments), options);
+}
+
+TEST(Unread, everyCommandEndsQuietly) {
+    const RuntimeDir directory;
+    const Simulator simulator;
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"list"},
+                                                      {"list", "--json"},
+                                                      {"describe", "audio.setVolume"},
+                                                      {"help"},
+                                                      {"--version"},
+                                                      {"status"},
+                                                      {"get"},
+                                                      {"call", "audio.getVolume", "speaker", "--wire"},
+                                                      {"encode", "audio.getVolume", "speaker", "--raw"},
+                                                      {"eep", "dump", "tv"},
+                                                      {"sim", "show"}}) {
+        const auto tool = startUnread(arguments);
+        EXPECT_EQ(tool->exitCode(), 0) << arguments.front();
+        EXPECT_EQ(tool->error().text(), "") << arguments.front();
+    }
+}
+
+TEST(Unread, changesAreMadeWholeAndFailuresTold) {
+    const RuntimeDir directory;
+    const Simulator simulator;
+    EXPECT_EQ(startUnread({"call", "audio.setVolume", "speaker", "31"})->exitCode(), 0);
+    EXPECT_EQ(runTool({"get", "volume"}).output, "31\n");
+    EXPECT_EQ(startUnread({"set", "volume", "32"})->exitCode(), 0);
+    EXPECT_EQ(runTool({"get", "volume"}).output, "32\n");
+    const TestFolder folder;
+    const std::string lines = folder.pathOf("lines");
+    std::ofstream(lines) << "get audio.volume[0]\nget audio.mute[0]\nset audio.volume[0] = 33\n";
+    EXPECT_EQ(startUnread({"sim", "--file", lines})->exitCode(), 0);
+    EXPECT_EQ(runTool({"get", "volume"}).output, "33\n");
+    const auto refused = startUnread({"call", "factory.setMacAddress", "1,2,3"});
+    EXPECT_EQ(refused->exitCode(), 4);
+    EXPECT_NE(refused->error().text().find("kelutv: factory.setMacAddress: "), std::string::npos);
+}
+
+TEST(Unread, watchingEndsWithTheNextEvent) {
+    const RuntimeDir directory;
+    const Simulator simulator;
+    const auto monitor = startUnread({"monitor"});
+    ASSERT_TRUE(monitor->error().waitFor("watching for events\n"));
+    EXPECT_EQ(runTool({"set", "volume", "34"}).exit, 0);
+    EXPECT_EQ(monitor->exitCode(), 0);
+    const std::string messages = monitor->error().text();
+    EXPECT_EQ(messages.substr(messages.find("kelutv: ")), "kelutv: watching for events\n");
 }
 
 TEST(Manners, optionsStandBeforeOrBehindTheCommand) {

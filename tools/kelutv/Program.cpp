@@ -30,7 +30,7 @@ Color colorNamed(const std::string& when) {
 }
 
 void addGeneralOptions(const Subcommand& program, Output& output) {
-    program.flag("--json", output.json, "Print data as JSON, one document a line");
+    program.flag("--json", output.json, "Print data and messages as JSON, one document a line");
     program.flag("-q,--quiet", output.quiet, "Print data and errors, no other messages");
     program.option(
         "--color", [&output](const std::string& when) { output.color = colorNamed(when); }, "WHEN",

@@ -42,6 +42,31 @@ TEST(Call, namesEnumeratedResults) {
     EXPECT_EQ(called({"sourcemanager.getCurSourceId", "1"}), "result: 10 (hdmi2)\n");
 }
 
+TEST(Call, givesNumberAndNameOfEnumeratedValues) {
+    EXPECT_EQ(called({"sourcemanager.selectSource", "hdmi1", "0"}), "result: 0\n");
+    EXPECT_EQ(called({"sourcemanager.getCurSourceId", "0", "--json"}),
+              "{\"function\":\"linux_tv_SourceManager_getCurSourceId\","
+              "\"result\":{\"value\":9,\"enumerator\":\"KELU_TV_SRC_HDMI1\"},\"outputs\":{}}\n");
+    const std::string sources = called({"sourcemanager.getSourceList", "--json"});
+    EXPECT_EQ(sources.find("{\"function\":\"linux_tv_SourceManager_getSourceList\",\"result\":0,"
+                           "\"outputs\":{\"list\":[{\"value\":0,\"enumerator\":\"KELU_TV_SRC_ATV\"},"),
+              0U)
+        << sources;
+    EXPECT_EQ(called({"systemsetting.setLanguage", "-1"}), "result: 0\n");
+    EXPECT_EQ(called({"systemsetting.getLanguage", "--json"}),
+              "{\"function\":\"linux_tv_SystemSetting_getLanguage\","
+              "\"result\":{\"value\":-1,\"enumerator\":null},\"outputs\":{}}\n");
+}
+
+TEST(Call, takesAnAddressAsItIsPrinted) {
+    for (const char* const address : {"02:00:00:12:34:5a", "\"02:00:00:12:34:5A\""}) {
+        EXPECT_EQ(called({"factory.setMacAddress", "0,0,0,0,0,0"}), "result: 0\n");
+        EXPECT_EQ(called({"factory.setMacAddress", address}), "result: 0\n");
+        EXPECT_EQ(called({"factory.getMacAddress"}), "result: 0\npStr: \"02:00:00:12:34:5A\"\n");
+    }
+    EXPECT_EQ(called({"factory.setMacAddress", "02:00:00:12:34:56"}), "result: 0\n");
+}
+
 TEST(Call, showsOutputs) {
     EXPECT_EQ(called({"audio.setEQEnable", "off"}), "result: 0\n");
     EXPECT_EQ(called({"audio.getEQEnable"}), "result: 0\npEnable: false\n");
@@ -87,7 +112,8 @@ TEST(Call, showsListsOfRecordsAndTexts) {
 
 TEST(Call, keepsWhatTheLibraryPrintsOutOfTheData) {
     const ToolRun run = runTool({"--json", "call", "picture.getPictureMode"});
-    EXPECT_EQ(run.output, "{\"function\":\"linux_tv_Picture_getPictureMode\",\"result\":0,\"outputs\":{}}\n");
+    EXPECT_EQ(run.output, "{\"function\":\"linux_tv_Picture_getPictureMode\","
+                          "\"result\":{\"value\":0,\"enumerator\":\"KELU_TV_PIC_MODE_STANDARD\"},\"outputs\":{}}\n");
     EXPECT_NE(run.error.find("getPictureMode : pictureModeIndex = 0"), std::string::npos) << run.error;
 }
 
@@ -117,6 +143,34 @@ TEST(Call, tellsThatAScreenShotIsRefused) {
 TEST(Call, takesMinusOneForAValueWhereItIsOne) {
     EXPECT_EQ(called({"systemsetting.setLanguage", "-1"}), "result: 0\n");
     EXPECT_EQ(called({"systemsetting.getLanguage"}), "result: -1\n");
+}
+
+TEST(Call, takesNegativeNumbersWhereverTheyStand) {
+    struct Case {
+        std::vector<std::string> words;
+        /** What the request ends with. */
+        std::string end;
+    };
+    const std::string gain = "ffffffff0cfeffff0000000000000000\n";
+    const std::string volume = "00000000ffffffff\n";
+    const Case cases[] = {
+        {{"factory.setAvcGain", "-1.5"}, gain},
+        {{"factory.setAvcGain", "-.5"}, "000000000cfeffff0000000000000000\n"},
+        {{"factory.setAvcGain", "--", "-1.5"}, gain},
+        {{"--", "factory.setAvcGain", "-1.5"}, gain},
+        {{"audio.setVolume", "speaker", "-1"}, volume},
+        {{"audio.setVolume", "speaker", "-0x1"}, volume},
+        {{"audio.setVolume", "--", "speaker", "-1"}, volume},
+        {{"audio.setVolume", "speaker", "--", "-1"}, volume},
+        {{"audio.setVolume", "speaker", "-1", "--"}, volume},
+    };
+    for (Case test : cases) {
+        test.words.insert(test.words.begin(), "encode");
+        const ToolRun run = runTool(test.words);
+        EXPECT_EQ(run.exit, 0) << run.error;
+        ASSERT_GT(run.output.size(), test.end.size());
+        EXPECT_EQ(run.output.substr(run.output.size() - test.end.size()), test.end);
+    }
 }
 
 TEST(Call, passesANullOnThatTheMethodTakes) {
@@ -208,6 +262,10 @@ const Wrong kWrong[] = {
      {"factory.setOverscan", "x=1,widht=2"},
      "factory.setOverscan: rect: there is no field 'widht' in KeluRect, which has x, y, width, height; nearest: width"},
     {"fieldWithoutValue", {"factory.setOverscan", "1,2,3,4"}, "factory.setOverscan: rect: '1' is not FIELD=VALUE"},
+    {"fieldGivenTwice", {"factory.setOverscan", "x=1,y=2,x=1"}, "factory.setOverscan: rect: x is given twice"},
+    {"addressOfOddDigits",
+     {"factory.setMacAddress", "02:00:0"},
+     "factory.setMacAddress: pMacAddr: '02:00:0' is not a whole number, -2147483648 to 2147483647"},
     {"valueOfAField",
      {"factory.setOverscan", "x=-1"},
      "factory.setOverscan: rect: x: '-1' is not a whole number, 0 to 4294967295"},

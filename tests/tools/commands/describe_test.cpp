@@ -154,15 +154,17 @@ TEST(Describe, tellsWhatIsKnownOfNumbers) {
 
 TEST(Describe, givesWhatIsKnownOfNumbersAsJson) {
     const std::string unit = quietRun({"describe", "--json", "audio.setAVsync"}).output;
-    EXPECT_EQ(between(unit, R"("range")", "}"), R"("range":[null,null],"step":null,"unit":"ms","default":null)");
+    EXPECT_EQ(between(unit, R"("range")", "}]"),
+              R"("range":{"min":null,"max":null,"step":null},"unit":"ms","default":null)");
     const std::string step = quietRun({"describe", "--json", "factory.setAvcGain"}).output;
-    EXPECT_EQ(between(step, R"("range")", "}"), R"("range":[null,null],"step":0.001,"unit":null,"default":null)");
+    EXPECT_EQ(between(step, R"("range")", "}]"),
+              R"("range":{"min":null,"max":null,"step":0.001},"unit":null,"default":null)");
     const std::string field = quietRun({"describe", "--json", "audio.setPEQAttr"}).output;
-    EXPECT_EQ(between(field, R"("fields")", "}"),
-              R"("fields":[{"name":"intBandNum","range":[1,10],"step":null,"unit":null,"default":null)");
+    EXPECT_EQ(between(field, R"("fields")", "},{"),
+              R"("fields":[{"name":"intBandNum","range":{"min":1,"max":10,"step":null},"unit":null,"default":null)");
     const std::string result = quietRun({"describe", "--json", "audio.getAVsync"}).output;
-    EXPECT_EQ(between(result, R"("result")", "}"),
-              R"("result":{"range":[null,null],"step":null,"unit":"ms","default":null)");
+    EXPECT_EQ(between(result, R"("result")", R"(,"effect")"),
+              R"("result":{"range":{"min":null,"max":null,"step":null},"unit":"ms","default":null})");
 }
 
 TEST(Describe, tellsWhatACallDoes) {
@@ -181,7 +183,7 @@ TEST(Describe, tellsWhatACallDoes) {
 TEST(Describe, givesJson) {
     EXPECT_EQ(
         quietRun({"describe", "--json", "audio.getVolume"}).output,
-        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":{"KELU_TV_AUDIO_CHANNEL_SPEAKER":0,"KELU_TV_AUDIO_CHANNEL_HEADPHONE":1,"KELU_TV_AUDIO_CHANNEL_BLUETOOTH":2,"KELU_TV_AUDIO_CHANNEL_HDMI":3,"KELU_TV_AUDIO_CHANNEL_SPDIF":4,"KELU_TV_AUDIO_CHANNEL_AVOUT":5,"KELU_TV_AUDIO_CHANNEL_24G":6,"KELU_TV_AUDIO_CHANNEL_HDMI_ARC":7,"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT":8}}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"effect":{"kind":"read","dangerous":false},"nullRule":"","note":""}
+        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":[{"value":0,"enumerator":"KELU_TV_AUDIO_CHANNEL_SPEAKER"},{"value":1,"enumerator":"KELU_TV_AUDIO_CHANNEL_HEADPHONE"},{"value":2,"enumerator":"KELU_TV_AUDIO_CHANNEL_BLUETOOTH"},{"value":3,"enumerator":"KELU_TV_AUDIO_CHANNEL_HDMI"},{"value":4,"enumerator":"KELU_TV_AUDIO_CHANNEL_SPDIF"},{"value":5,"enumerator":"KELU_TV_AUDIO_CHANNEL_AVOUT"},{"value":6,"enumerator":"KELU_TV_AUDIO_CHANNEL_24G"},{"value":7,"enumerator":"KELU_TV_AUDIO_CHANNEL_HDMI_ARC"},{"value":8,"enumerator":"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT"}]}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"effect":{"kind":"read","dangerous":false},"nullRule":"","note":""}
 )text");
 }
 

@@ -143,7 +143,8 @@ TEST(GetSet, turnsASwitchRound) {
 }
 
 TEST(GetSet, printsDocuments) {
-    EXPECT_EQ(runTool({"--json", "set", "source", "hdmi1"}).output, "{\"thing\":\"source\",\"value\":\"hdmi1\"}\n");
+    EXPECT_EQ(runTool({"--json", "set", "source", "hdmi1"}).output,
+              "{\"thing\":\"source\",\"value\":9,\"enumerator\":\"KELU_TV_SRC_HDMI1\"}\n");
     EXPECT_EQ(runTool({"get", "signal", "--json"}).output, "{\"thing\":\"signal\",\"value\":true}\n");
     EXPECT_EQ(runTool({"set", "volume", "7", "--json"}).output, "{\"thing\":\"volume\",\"value\":7}\n");
     EXPECT_EQ(runTool({"get", "timing", "--json"}).output,

@@ -60,7 +60,7 @@ TEST_F(Status, isADocument) {
     ASSERT_EQ(runTool({"set", "source", "cvbs2"}).exit, 0);
     ASSERT_EQ(runTool({"set", "volume", "31"}).exit, 0);
     const auto document = parsedJson(runTool({"status", "--json"}).output);
-    EXPECT_EQ(document.at("source"), "cvbs2");
+    EXPECT_EQ(document.at("source"), parsedJson(R"({"value": 4, "enumerator": "KELU_TV_SRC_CVBS2"})"));
     EXPECT_EQ(document.at("signal"), false);
     EXPECT_EQ(document.at("volume"), 31);
     EXPECT_TRUE(document.at("timing").isNull());

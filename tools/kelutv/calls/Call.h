@@ -45,7 +45,13 @@ CallResult callFunction(const wire::Function& function, const std::vector<std::s
 std::vector<std::vector<std::uint8_t>> requestsOf(const wire::Function& function,
                                                   const std::vector<std::string>& arguments);
 
-/** `{"function": NAME, "result": ..., "outputs": {...}}`; with `"failure"` when the call failed. */
+/** A value of a type as documents have it: enumerated values as number and name, those in lists and records, too. */
+Json valueDocument(const wire::ValueType& type, const Json& value);
+
+/**
+ * `{"function": NAME, "result": ..., "outputs": {...}}`, enumerated values as number and name; with `"failure"` when
+ * the call failed.
+ */
 Json documentOf(const wire::Function& function, const CallResult& call);
 
 /** The lines a person reads: `result: 0 (off)`, `pEnable: true`. */

@@ -1,7 +1,10 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/calls/Scalars.h"
+#include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Names.h"
+
+#include <algorithm>
 
 namespace kelutv::tool {
 
@@ -28,6 +31,38 @@ std::string objectText(const wire::Record* record, const Json& value) {
     return joined(fields, " ");
 }
 
+const wire::Enumeration* namesOfField(const wire::Record& record, const std::string& name) {
+    const auto* const field = std::find_if(record.fields.begin(), record.fields.end(),
+                                           [&name](const wire::Field& each) { return name == each.name; });
+    return field != record.fields.end() ? field->names : nullptr;
+}
+
+Json recordDocument(const wire::Record& record, const Json& value) {
+    Json document = Json::object();
+    for (const auto& [name, member] : value.members()) {
+        document[name] = valueDocument(member, namesOfField(record, name));
+    }
+    return document;
+}
+
+Json listDocument(const wire::ValueType& type, const Json& value) {
+    Json entries = Json::array();
+    for (const Json& entry : value.entries()) {
+        entries.add(valueDocument(type, entry));
+    }
+    return entries;
+}
+
+Json outputsDocument(const wire::Function& function, const CallResult& call) {
+    Json outputs = Json::object();
+    for (const wire::Parameter& parameter : function.parameters) {
+        if (const Json* const found = call.outputs.find(parameter.name)) {
+            outputs[parameter.name] = valueDocument(parameter.values, *found);
+        }
+    }
+    return outputs;
+}
+
 } // namespace
 
 std::string textOf(const wire::ValueType& type, const Json& value) {
@@ -50,8 +85,17 @@ std::string textOf(const wire::ValueType& type, const Json& value) {
     return numberText(type, value);
 }
 
+Json valueDocument(const wire::ValueType& type, const Json& value) {
+    if (type.record == nullptr || value.isNull()) {
+        return valueDocument(value, type.names);
+    }
+    return value.isArray() ? listDocument(type, value) : recordDocument(*type.record, value);
+}
+
 Json documentOf(const wire::Function& function, const CallResult& call) {
-    Json document{{"function", function.name}, {"result", call.result}, {"outputs", call.outputs}};
+    Json document{{"function", function.name},
+                  {"result", valueDocument(function.result, call.result)},
+                  {"outputs", outputsDocument(function, call)}};
     if (!call.failure.empty()) {
         document["failure"] = call.failure;
     }

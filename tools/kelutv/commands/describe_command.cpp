@@ -2,6 +2,7 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/text/AllowedValues.h"
 #include "tools/kelutv/text/Effects.h"
+#include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/kelutv/text/Lists.h"
 #include "tools/kelutv/text/Ranges.h"
@@ -61,16 +62,6 @@ std::string formOf(const wire::Parameter& parameter) {
     }
 }
 
-Json valuesOf(const wire::Enumeration& enumeration) {
-    Json names = Json::object();
-    for (const wire::Enumerator& each : enumeration.values) {
-        if (!each.isEndMarker) {
-            names[each.name] = each.value;
-        }
-    }
-    return names;
-}
-
 Json documentOf(const wire::Field& field) {
     Json document{{"name", field.name}};
     if (field.names != nullptr) {
@@ -88,7 +79,7 @@ Json documentOf(const wire::Parameter& parameter, const char* meaning) {
         {"meaning", meaning},     {"form", formOf(parameter)}, {"null", parameter.isPointer && parameter.allowsNull}};
     if (parameter.values.names != nullptr) {
         document["enumeration"] = parameter.values.names->name;
-        document["values"] = valuesOf(*parameter.values.names);
+        document["values"] = valuesDocument(*parameter.values.names);
     }
     if (const wire::Range* const range = rangeOf(parameter.values, parameter.direction)) {
         addRange(document, *range);
@@ -127,7 +118,7 @@ Json documentOf(const wire::Function& function) {
     }
     if (function.result.names != nullptr) {
         document["resultEnumeration"] = function.result.names->name;
-        document["resultValues"] = valuesOf(*function.result.names);
+        document["resultValues"] = valuesDocument(*function.result.names);
     }
     if (const wire::Range* const range = rangeOf(function.result, wire::Direction::Out)) {
         document["result"] = Json::object();

@@ -31,7 +31,7 @@ void get(const Output& output, const std::string& name) {
     const Setting& setting = settingNamed(name);
     const Json value = readSetting(setting);
     output.line(shownText(setting, value));
-    output.document({{"thing", setting.name}, {"value", value}});
+    output.document(documentOf(setting, value));
 }
 
 } // namespace

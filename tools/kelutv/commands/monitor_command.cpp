@@ -3,6 +3,7 @@
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventQueue.h"
 #include "tools/kelutv/events/EventSubscription.h"
+#include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/text/Hex.h"
 #include "tools/process/SignalWatch.h"
 #include "wire/events/Payload.h"
@@ -138,12 +139,13 @@ Json documentOf(const KnownEvent& event) {
     document["module"] = !event.module.empty() ? Json(event.module) : Json();
     document["length"] = event.received.payload.size();
     document["payload"] = hexOf(event.received.payload);
-    document["words"] = int32sOf(event.received.payload);
+    if (event.known == nullptr) {
+        document["words"] = int32sOf(event.received.payload);
+        return document;
+    }
     document["fields"] = Json::array();
     for (const wire::PayloadValue& field : event.fields) {
-        if (field.name != nullptr) {
-            document["fields"].add(documentOf(NamedValue{field.name, field.encoding, field.names, {field.value}}));
-        }
+        document["fields"].add(documentOf(NamedValue{field.name, field.encoding, field.names, {field.value}}));
     }
     return document;
 }
@@ -174,6 +176,9 @@ public:
             }
             const bool isLost = mQueue.isLost();
             printNews();
+            if (isReaderGone()) {
+                return;
+            }
             if (isLost && !isEnough()) {
                 throw LinkError("the service is gone");
             }

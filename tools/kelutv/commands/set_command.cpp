@@ -16,7 +16,7 @@ void set(const Output& output, const std::string& name, const std::string& text)
         output.message("set to " + shownText(setting, wanted) + ", the television has " + shownText(setting, value));
     }
     output.line(shownText(setting, value));
-    output.document({{"thing", setting.name}, {"value", value}});
+    output.document(documentOf(setting, value));
 }
 
 } // namespace

@@ -17,7 +17,7 @@ public:
     void add(const Setting& setting) {
         try {
             const Json value = readSetting(setting);
-            mDocument[setting.name] = value;
+            mDocument[setting.name] = valueDocument(setting, value);
             show(setting.name, shownText(setting, value), styleOf(value));
         } catch (const ServiceError& error) {
             mDocument[setting.name] = nullptr;

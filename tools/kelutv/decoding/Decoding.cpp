@@ -1,8 +1,8 @@
 #include "tools/kelutv/decoding/Decoding.h"
 
+#include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/Hex.h"
 #include "wire/text/Describe.h"
-#include "wire/text/EnumeratorNames.h"
 
 #include <binder/Parcel.h>
 
@@ -75,19 +75,15 @@ Json documentOf(const NamedValue& value) {
     if (value.name != nullptr) {
         document["name"] = value.name;
     }
-    if (!isSingle(value)) {
-        document["value"] = Json::array();
-        for (const wire::Value& each : value.values) {
-            document["value"].add(valueOf(each, value.encoding));
-        }
+    if (isSingle(value)) {
+        addValue(document, valueOf(value.values.front(), value.encoding), value.names);
         return document;
     }
-    document["value"] = valueOf(value.values.front(), value.encoding);
-    const auto* const number = std::get_if<std::int32_t>(&value.values.front());
-    const std::string name = number != nullptr ? wire::nameOfValue(*number, value.names) : "";
-    if (!name.empty()) {
-        document["enumerator"] = name;
+    Json entries = Json::array();
+    for (const wire::Value& each : value.values) {
+        entries.add(valueOf(each, value.encoding));
     }
+    addValue(document, entries, value.names);
     return document;
 }
 

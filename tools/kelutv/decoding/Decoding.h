@@ -47,7 +47,9 @@ std::vector<const wire::Function*> sendersOf(const wire::Request& request);
 /** `channel = 0 KELU_TV_AUDIO_CHANNEL_SPEAKER`. */
 std::string lineOf(const NamedValue& value);
 
-/** `{"name": ..., "value": ..., "enumerator": ...}`, what it has of these. */
+/** `{"name": ..., "value": ...}`, without a name where it has none, and with `enumerator` for a number of an
+ * enumeration.
+ */
 Json documentOf(const NamedValue& value);
 
 /** `{"command": ..., "number": ..., "item": ..., "arguments": [...], "fault": ...}`. */

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/process/Redirection.h"
 #include "wire/text/Names.h"
@@ -109,6 +110,21 @@ std::string argumentFor(const Setting& setting, const Json& value) {
     return value.dump();
 }
 
+/** What its getter gives. */
+const wire::ValueType& typeOf(const Setting& setting) {
+    const wire::Function& getter = functionNamed(setting.getter);
+    const auto* const parameter =
+        std::find_if(getter.parameters.begin(), getter.parameters.end(),
+                     [&setting](const wire::Parameter& each) { return setting.output == each.name; });
+    return parameter != getter.parameters.end() ? parameter->values : getter.result;
+}
+
+/** Of a choice the number behind its short name. */
+Json numberOf(const Setting& setting, const Json& value) {
+    const bool isNamed = setting.kind == SettingKind::Choice && value.isText();
+    return isNamed ? Json(wire::namesOf(enumerationOf(setting)).valueOf(value.asText())) : value;
+}
+
 std::string timingText(const Json& timing) {
     return timing.at("width").dump() + 'x' + timing.at("height").dump() + ", " + timing.at("frameRate").dump() + " Hz" +
            (truthOf(timing.at("interlace")) ? ", interlaced" : "");
@@ -137,6 +153,17 @@ Json writeSetting(const Setting& setting, const std::string& text) {
     std::replace(arguments.begin(), arguments.end(), std::string("%"), argumentFor(setting, value));
     callQuietly(setting.setter, arguments);
     return value;
+}
+
+Json valueDocument(const Setting& setting, const Json& value) {
+    return valueDocument(typeOf(setting), numberOf(setting, value));
+}
+
+Json documentOf(const Setting& setting, const Json& value) {
+    Json document{{"thing", setting.name}};
+    const wire::ValueType& type = typeOf(setting);
+    addValue(document, type.record != nullptr ? valueDocument(type, value) : numberOf(setting, value), type.names);
+    return document;
 }
 
 std::string shownText(const Setting& setting, const Json& value) {

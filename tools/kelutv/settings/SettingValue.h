@@ -24,6 +24,12 @@ Json readSetting(const Setting& setting);
  */
 Json writeSetting(const Setting& setting, const std::string& text);
 
+/** The value as documents have it: that of a choice as number and name. */
+Json valueDocument(const Setting& setting, const Json& value);
+
+/** `{"thing": "source", "value": 10, "enumerator": "KELU_TV_SRC_HDMI2"}`. */
+Json documentOf(const Setting& setting, const Json& value);
+
 /** The value as a person reads it: `35`, `on`, `hdmi2`, `3840x2160, 60 Hz`. */
 std::string shownText(const Setting& setting, const Json& value);
 

@@ -1,5 +1,7 @@
 #include "tools/kelutv/text/Ranges.h"
 
+#include "tools/kelutv/text/AllowedValues.h"
+
 namespace kelutv::tool {
 
 namespace {
@@ -38,8 +40,7 @@ std::string rangeText(const wire::Range& range) {
 }
 
 void addRange(Json& document, const wire::Range& range) {
-    document["range"] = Json::array({knownOr(range.least), knownOr(range.greatest)});
-    document["step"] = knownOr(range.step);
+    document["range"] = rangeDocument(knownOr(range.least), knownOr(range.greatest), knownOr(range.step));
     document["unit"] = range.unit != nullptr ? Json(range.unit) : Json();
     document["default"] = knownOr(range.initial);
 }

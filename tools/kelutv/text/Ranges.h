@@ -19,7 +19,7 @@ const wire::Range* rangeOf(const wire::ValueType& values, wire::Direction direct
  */
 std::string rangeText(const wire::Range& range);
 
-/** Adds `range` with both ends, `step`, `unit` and `default`, null where they are not known. */
+/** Adds `range` as `{"min": 0, "max": 100, "step": 5}`, `unit` and `default`, null where they are not known. */
 void addRange(Json& document, const wire::Range& range);
 
 } // namespace kelutv::tool
