@@ -68,6 +68,10 @@ endif()
 if(TARGET kelutv)
     file(GLOB pages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tools/man/*.1")
     install(FILES ${pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    install(
+        FILES "${PROJECT_SOURCE_DIR}/tools/schema/kelutv.schema.json"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"
+        COMPONENT tools)
     set(completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
     foreach(program IN ITEMS kelutv kelutv-simulator)
         install(

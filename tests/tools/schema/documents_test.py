@@ -1,0 +1,184 @@
+"""What every command prints with --json, against the schema of these documents."""
+
+from __future__ import annotations
+
+import json
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from collections.abc import Iterator
+from pathlib import Path
+from typing import ClassVar
+
+from jsonschema import Draft202012Validator
+
+ROOT = Path(__file__).resolve().parents[3]
+sys.path.insert(0, str(ROOT / "tests"))
+
+from support.television import PATIENCE, Television  # noqa: E402
+
+SCHEMA = json.loads((ROOT / "tools" / "schema" / "kelutv.schema.json").read_text(encoding="utf-8"))
+PROGRAM = [*os.environ.get("KELUTV_EMULATOR", "").split(), os.environ["KELUTV_TOOL"]]
+# One of every so many functions is described: a description is long to look through.
+STEP = 16
+
+
+def validator(definition: str) -> Draft202012Validator:
+    return Draft202012Validator({"$ref": f"#/$defs/{definition}", "$defs": SCHEMA["$defs"]})
+
+
+def strict(schema: object, place: str = "") -> Iterator[str]:
+    """The places of objects with named members that may have others."""
+    if isinstance(schema, list):
+        for index, entry in enumerate(schema):
+            yield from strict(entry, f"{place}/{index}")
+    elif isinstance(schema, dict):
+        if schema.get("type") == "object" and "additionalProperties" not in schema:
+            yield place
+        for name, part in schema.items():
+            yield from strict(part, f"{place}/{name}")
+
+
+def sample_of(parameter: dict) -> str:
+    """Something that can be written for a parameter."""
+    if "values" in parameter:
+        return str(parameter["values"][0]["value"])
+    if parameter["form"] == "text":
+        return "text"
+    if parameter["form"].startswith("record"):
+        return "''"
+    if parameter["form"].startswith("list"):
+        return "hex:020000000a0b" if "byte" in parameter["form"] else "1,2"
+    if parameter["form"] == "print or null":
+        return "null"
+    least = parameter.get("range", {}).get("min")
+    return "1" if least is None else str(least)
+
+
+def call_of(description: dict) -> str:
+    given = [each for each in description["parameters"] if each["direction"] in ("in", "in and out")]
+    return " ".join(["call", description["function"], *(sample_of(each) for each in given)])
+
+
+class Documents(unittest.TestCase):
+    seen: ClassVar[set[str]] = set()
+
+    def setUp(self) -> None:
+        self.television = self.enterContext(Television(os.environ["KELUTV_SIMULATOR"]))
+
+    def run_tool(self, *words: str, given: str = "") -> subprocess.CompletedProcess[str]:
+        return subprocess.run(
+            [*PROGRAM, "--json", *words], env=self.television.environment, input=given, capture_output=True, text=True,
+            timeout=PATIENCE)
+
+    def documents(self, text: str, definition: str) -> list:
+        """The documents of a text, one a line, each as the definition says."""
+        documents = [json.loads(line) for line in text.splitlines()]
+        validating = validator(definition)
+        for document in documents:
+            errors = [f"{error.json_path}: {error.message}" for error in validating.iter_errors(document)]
+            self.assertEqual(errors, [], f"{definition}: {document}")
+        self.seen.update({definition} if documents else ())
+        return documents
+
+    def printed(self, definition: str, *words: str, given: str = "") -> list:
+        """The documents that a command prints."""
+        run = self.run_tool(*words, given=given)
+        documents = self.documents(run.stdout, definition)
+        self.assertTrue(documents, f"{words}: {run.stderr}")
+        return documents
+
+    def error_of(self, *words: str) -> dict:
+        run = self.run_tool(*words)
+        (document,) = self.documents(run.stderr, "error")
+        self.assertEqual(document["error"]["exit"], run.returncode)
+        return document["error"]
+
+    def test_the_schema_is_one_and_strict(self) -> None:
+        Draft202012Validator.check_schema(SCHEMA)
+        self.assertEqual(list(strict(SCHEMA)), [])
+        for reference in re.findall(r'"\$ref": "#/\$defs/([^"]+)"', json.dumps(SCHEMA)):
+            self.assertIn(reference, SCHEMA["$defs"])
+
+    def test_settings(self) -> None:
+        self.printed("status", "status")
+        self.assertEqual(self.printed("get", "get", "source"),
+                         [{"thing": "source", "value": 0, "enumerator": "KELU_TV_SRC_ATV"}])
+        self.printed("get", "get", "timing")
+        self.assertEqual(self.printed("set", "set", "source", "hdmi1"),
+                         [{"thing": "source", "value": 9, "enumerator": "KELU_TV_SRC_HDMI1"}])
+
+    def test_functions(self) -> None:
+        names = [document["function"] for document in self.printed("list", "list")]
+        self.assertGreater(len(names), 500)
+        self.printed("list-module", "list", "--modules")
+        # One process for all of them.
+        lines = self.run_tool("repl", given="".join(f"describe {name}\n" for name in names)).stdout
+        self.documents("\n".join(lines.splitlines()[::STEP]), "describe")
+        descriptions = [json.loads(line) for line in lines.splitlines()]
+        self.assertEqual([each["function"] for each in descriptions], names)
+        run = self.run_tool("repl", given="".join(f"{call_of(each)}\n" for each in descriptions))
+        called = self.documents(run.stdout, "call")
+        self.assertEqual([each["function"] for each in called], names, run.stderr)
+
+    def test_the_wire(self) -> None:
+        self.printed("call", "call", "audio.getVolume", "speaker", "--wire")
+        (encoded,) = self.printed("encode", "encode", "audio.setVolume", "speaker", "35")
+        (request,) = encoded["requests"]
+        self.printed("decode", "decode", request, "--reply", "00000000")
+        self.printed("decode", "decode", request[:-8])
+        self.printed("decode", "decode", "00")
+        self.printed("decode", "decode", "--command", "CMD_SOURCE_GETCURSOURCEID", "--reply", "0000000009000000")
+
+    def test_traces(self) -> None:
+        with tempfile.NamedTemporaryFile("r") as trace:
+            self.run_tool("trace", "--output", trace.name, "--", PROGRAM[-1], "get", "volume")
+            self.assertTrue(self.documents(trace.read(), "trace"))
+
+    def test_events(self) -> None:
+        with subprocess.Popen(
+            [*PROGRAM, "--json", "monitor", "--count", "3", "--timeout", str(PATIENCE)], env=self.television.environment,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+        ) as monitor:
+            self.documents(next(line for line in monitor.stderr if line.startswith("{")), "message")
+            self.run_tool("sim", "-", given="event 0x60001 0100000014000000\nevent 0x6FF01 07000000\nevent 0x6FF02 0102\n")
+            output, _ = monitor.communicate()
+        known, words, _ = self.documents(output, "monitor")
+        self.assertEqual(known["fields"], [
+            {"name": "channel", "value": 1, "enumerator": "KELU_TV_AUDIO_CHANNEL_HEADPHONE"},
+            {"name": "volume", "value": 20},
+        ])
+        self.assertEqual(words["words"], [7])
+
+    def test_memories(self) -> None:
+        self.printed("eep-areas", "eep", "areas")
+        self.printed("eep", "eep", "read", "tv", "0x8A00", "16")
+        self.printed("eep", "eep", "dump", "tv", "--length", "16")
+        self.documents(self.run_tool("eep", "write", "tv", "0x8A00", "1", "2").stderr, "message")
+
+    def test_the_simulator_and_help(self) -> None:
+        self.printed("sim", "sim", "show", "audio.volume")
+        self.printed("help", "help", "get")
+        self.printed("complete", "complete", "--", "get", "vol")
+
+    def test_errors(self) -> None:
+        self.assertEqual(self.error_of("set", "volume", "101"), {
+            "message": "volume cannot be '101', allowed: 0..100, +N, -N", "exit": 2, "hint": "kelutv help set"})
+        self.assertEqual(self.error_of("gte")["hint"], "kelutv help")
+        self.assertEqual(self.error_of("monitor", "--count", "x")["exit"], 2)
+        self.assertEqual(self.error_of("status", "now", "--color", "never")["exit"], 2)
+        self.assertEqual(self.error_of("call", "factory.setMacAddress", "1,2")["exit"], 4)
+        self.assertEqual(self.error_of("eep", "load", "tv", "nowhere")["exit"], 1)
+        run = self.run_tool("repl", given="get volme\nget 'volume\n")
+        self.assertEqual(len(self.documents(run.stderr, "error")), 2)
+
+    # The last one by its name.
+    def test_z_every_document_of_the_schema_was_printed(self) -> None:
+        self.assertEqual(self.seen, {each["$ref"].rpartition("/")[2] for each in SCHEMA["anyOf"]})
+
+
+if __name__ == "__main__":
+    unittest.main()
