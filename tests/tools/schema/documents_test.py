@@ -21,7 +21,7 @@ sys.path.insert(0, str(ROOT / "tests"))
 from support.television import PATIENCE, Television  # noqa: E402
 
 SCHEMA = json.loads((ROOT / "tools" / "schema" / "kelutv.schema.json").read_text(encoding="utf-8"))
-PROGRAM = [*os.environ.get("KELUTV_EMULATOR", "").split(), os.environ["KELUTV_TOOL"]]
+PROGRAM = os.environ["KELUTV_TOOL"]
 # One of every so many functions is described: a description is long to look through.
 STEP = 16
 
@@ -71,7 +71,7 @@ class Documents(unittest.TestCase):
 
     def run_tool(self, *words: str, given: str = "") -> subprocess.CompletedProcess[str]:
         return subprocess.run(
-            [*PROGRAM, "--json", *words], env=self.television.environment, input=given, capture_output=True, text=True,
+            [PROGRAM, "--json", *words], env=self.television.environment, input=given, capture_output=True, text=True,
             timeout=PATIENCE)
 
     def documents(self, text: str, definition: str) -> list:
@@ -135,12 +135,12 @@ class Documents(unittest.TestCase):
 
     def test_traces(self) -> None:
         with tempfile.NamedTemporaryFile("r") as trace:
-            self.run_tool("trace", "--output", trace.name, "--", PROGRAM[-1], "get", "volume")
+            self.run_tool("trace", "--output", trace.name, "--", PROGRAM, "get", "volume")
             self.assertTrue(self.documents(trace.read(), "trace"))
 
     def test_events(self) -> None:
         with subprocess.Popen(
-            [*PROGRAM, "--json", "monitor", "--count", "3", "--timeout", str(PATIENCE)], env=self.television.environment,
+            [PROGRAM, "--json", "monitor", "--count", "3", "--timeout", str(PATIENCE)], env=self.television.environment,
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
         ) as monitor:
             self.documents(next(line for line in monitor.stderr if line.startswith("{")), "message")
@@ -152,6 +152,19 @@ class Documents(unittest.TestCase):
             {"name": "volume", "value": 20},
         ])
         self.assertEqual(words["words"], [7])
+
+    def test_callbacks(self) -> None:
+        with subprocess.Popen(
+            ["timeout", str(PATIENCE), PROGRAM, "--json", "repl"], env=self.television.environment, stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+        ) as repl:
+            repl.stdin.write("call notify.registerCallbackFunc print\n")
+            repl.stdin.flush()
+            self.documents(repl.stdout.readline(), "call")
+            self.run_tool("sim", "event", "0x60001", "0102")
+            printed = self.documents(repl.stdout.readline(), "callback")
+            repl.stdin.close()
+        self.assertEqual(printed, [{"callback": "event", "event": 0x60001, "payload": "0102"}])
 
     def test_memories(self) -> None:
         self.printed("eep-areas", "eep", "areas")

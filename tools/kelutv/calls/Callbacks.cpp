@@ -1,37 +1,55 @@
 #include "tools/kelutv/calls/Callbacks.h"
 
+#include "tools/kelutv/output/Json.h"
 #include "tools/kelutv/text/Hex.h"
 
 #include <kelutv/linux_kelutv_notify.h>
 #include <kelutv/vbi_types.h>
 
 #include <algorithm>
+#include <atomic>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
-#include <vector>
 
 namespace kelutv::tool {
 
 namespace {
 
-constexpr unsigned int kMostShown = 64;
+constexpr std::size_t kMostShown = 64;
 
-std::string shown(const void* data, unsigned int length) {
+std::atomic<bool> documentsWanted{false};
+
+Bytes bytesOf(const void* data, unsigned int length) {
     const auto* const bytes = static_cast<const std::uint8_t*>(data);
-    if (bytes == nullptr || length == 0) {
+    return bytes == nullptr ? Bytes() : Bytes(bytes, bytes + length);
+}
+
+std::string shown(const Bytes& bytes) {
+    if (bytes.empty()) {
         return "(nothing)";
     }
-    return hexOf({bytes, bytes + std::min(length, kMostShown)}) + (length > kMostShown ? "..." : "");
+    const auto most = static_cast<std::ptrdiff_t>(std::min(bytes.size(), kMostShown));
+    return hexOf({bytes.begin(), bytes.begin() + most}) + (bytes.size() > kMostShown ? "..." : "");
+}
+
+void print(const std::string& line) {
+    std::printf("%s\n", line.c_str());
+    std::fflush(stdout);
 }
 
 void printEvent(int event, void* data, unsigned int length, void* /*previous*/) {
-    std::printf("event 0x%x %s\n", static_cast<unsigned int>(event), shown(data, length).c_str());
-    std::fflush(stdout);
+    const Bytes payload = bytesOf(data, length);
+    char number[32];
+    std::snprintf(number, sizeof number, "event 0x%x ", static_cast<unsigned int>(event));
+    print(documentsWanted ? Json{{"callback", "event"}, {"event", event}, {"payload", hexOf(payload)}}.dump()
+                          : number + shown(payload));
 }
 
 void printVbi(unsigned int type, void* data, unsigned int length) {
-    std::printf("vbi %u %s\n", type, shown(data, length).c_str());
-    std::fflush(stdout);
+    const Bytes payload = bytesOf(data, length);
+    print(documentsWanted ? Json{{"callback", "vbi"}, {"type", type}, {"payload", hexOf(payload)}}.dump()
+                          : "vbi " + std::to_string(type) + ' ' + shown(payload));
 }
 
 } // namespace
@@ -45,5 +63,7 @@ void storePrinter(const std::string& type, std::uint8_t* to) {
         std::memcpy(to, &event, sizeof event);
     }
 }
+
+void printCallbacksAsJson(bool asJson) { documentsWanted = asJson; }
 
 } // namespace kelutv::tool

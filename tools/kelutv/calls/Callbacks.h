@@ -11,4 +11,11 @@ namespace kelutv::tool {
  */
 void storePrinter(const std::string& type, std::uint8_t* to);
 
+/**
+ * Whether these functions print documents from now on: `{"callback": "event", "event": 65538, "payload": "01000000"}`
+ * and
+ * `{"callback": "vbi", "type": 2, "payload": "0a0b"}`, with the whole block.
+ */
+void printCallbacksAsJson(bool asJson);
+
 } // namespace kelutv::tool

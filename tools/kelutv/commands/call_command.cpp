@@ -1,4 +1,5 @@
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/calls/Callbacks.h"
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/kelutv/text/Hex.h"
@@ -39,6 +40,7 @@ Json wireDocument(const CallResult& call) {
 
 void run(const Options& options, const Output& output) {
     const wire::Function& function = functionNamed(options.function);
+    printCallbacksAsJson(output.json);
     const CallResult call = tryFunction(function, options.arguments);
     Json document = documentOf(function, call);
     if (options.wire) {
