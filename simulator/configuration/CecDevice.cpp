@@ -36,6 +36,11 @@ CecDevice readCecDevice(const JsonNode& node) {
 
 } // namespace
 
+bool isSameDevice(const CecDevice& one, const CecDevice& other) {
+    return one.logAddr == other.logAddr && one.hdmiDevPort == other.hdmiDevPort && one.name == other.name &&
+           one.phyAddr == other.phyAddr && one.listText == other.listText;
+}
+
 std::optional<std::string> objectionTo(const CecDevice& device) {
     if (device.logAddr < 1 || device.logAddr > 14) {
         return "logAddr goes from 1 to 14, it cannot be " + std::to_string(device.logAddr);

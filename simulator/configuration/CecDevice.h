@@ -20,6 +20,9 @@ struct CecDevice {
     bool plugged;
 };
 
+/** Whether they differ in nothing but the plug. */
+bool isSameDevice(const CecDevice& one, const CecDevice& other);
+
 /** What is wrong with a device, if anything. */
 std::optional<std::string> objectionTo(const CecDevice& device);
 

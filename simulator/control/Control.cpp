@@ -73,9 +73,11 @@ constexpr Action kActions[] = {
     {"key", useKey},
     {"plug", plug},
     {"power", enterPowerState},
+    {"reset", reset},
     {"set", set},
     {"show", show},
     {"signal", changeSignal},
+    {"signals", listSignals},
     {"unplug", unplug},
     {"vbi", sendVbi},
 };

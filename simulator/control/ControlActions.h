@@ -15,6 +15,7 @@ namespace kelutv::simulator {
 Deed plug(const Configuration& configuration, const std::string& rest);
 Deed unplug(const Configuration& configuration, const std::string& rest);
 Deed changeSignal(const Configuration& configuration, const std::string& rest);
+Deed listSignals(const Configuration& configuration, const std::string& rest);
 Deed changeCecDevices(const Configuration& configuration, const std::string& rest);
 
 Deed enterPowerState(const Configuration& configuration, const std::string& rest);
@@ -24,6 +25,7 @@ Deed sendVbi(const Configuration& configuration, const std::string& rest);
 
 Deed set(const Configuration& configuration, const std::string& rest);
 Deed get(const Configuration& configuration, const std::string& rest);
+Deed reset(const Configuration& configuration, const std::string& rest);
 Deed show(const Configuration& configuration, const std::string& rest);
 /** @} */
 

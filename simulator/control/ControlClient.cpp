@@ -15,8 +15,6 @@ namespace kelutv::simulator {
 
 namespace {
 
-constexpr int kPatienceMs = 10000;
-
 kq::UniqueFd connectToSimulator() {
     const auto room = kq::RuntimeDirectory::open(kControlRoom);
     if (!room) {
@@ -34,7 +32,7 @@ kq::UniqueFd connectToSimulator() {
 
 } // namespace
 
-ControlClient::ControlClient() : mSocket(connectToSimulator()) {}
+ControlClient::ControlClient(int patienceMs) : mSocket(connectToSimulator()), mPatienceMs(patienceMs) {}
 
 Answer ControlClient::ask(const std::string& line) {
     if (line.size() > kLongestLine) {
@@ -67,7 +65,7 @@ void ControlClient::send(const std::string& line) {
 
 void ControlClient::wait(short events) const {
     pollfd ready{mSocket.get(), events, 0};
-    if (::poll(&ready, 1, kPatienceMs) == 0) {
+    if (::poll(&ready, 1, mPatienceMs) == 0) {
         throw NoSimulator("the simulator does not answer");
     }
 }

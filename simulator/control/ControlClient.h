@@ -18,12 +18,14 @@ public:
 /** A connection to the control channel of the simulator that runs in the same runtime directory. */
 class ControlClient {
 public:
-    /** @throws NoSimulator */
-    ControlClient();
+    static constexpr int kUsualPatienceMs = 10000;
+
+    /** @param patienceMs how long to wait for an answer. @throws NoSimulator */
+    explicit ControlClient(int patienceMs = kUsualPatienceMs);
 
     /**
      * Has a line carried out.
-     * @throws NoSimulator when no answer comes within ten seconds
+     * @throws NoSimulator when no answer comes in time
      * @throws std::invalid_argument for a line that is too long or has a line end in it; nothing is sent then
      */
     Answer ask(const std::string& line);
@@ -34,6 +36,7 @@ private:
     void wait(short events) const;
 
     kq::UniqueFd mSocket;
+    const int mPatienceMs;
 };
 
 } // namespace kelutv::simulator

@@ -20,6 +20,8 @@
 
 #include <fcntl.h>
 
+#include <optional>
+
 namespace kelutv::simulator {
 
 namespace {
@@ -110,15 +112,43 @@ std::string countOf(const std::string& bytes) {
     return std::to_string(bytes.size()) + (bytes.size() == 1 ? " byte" : " bytes");
 }
 
+/** What was before a power state, as far as it is said. */
+struct PowerModes {
+    std::optional<std::int32_t> lastOff;
+    std::optional<std::int32_t> wakeup;
+};
+
+/** Those behind the state. */
+PowerModes powerModesFrom(const Tokens& tokens) {
+    PowerModes modes;
+    for (std::size_t i = 1; i < tokens.size(); ++i) {
+        const std::string& word = tokens[i].raw;
+        const std::size_t equals = word.find('=');
+        const std::string field = word.substr(0, equals);
+        const auto number = equals == std::string::npos ? std::nullopt : int32Of(word.substr(equals + 1));
+        if (!number || (field != "lastPowerOffMode" && field != "wakeupMode")) {
+            throw BadLine("power takes a state, lastPowerOffMode=NUMBER and wakeupMode=NUMBER, not '" +
+                          wire::shown(word) + "'");
+        }
+        (field == "wakeupMode" ? modes.wakeup : modes.lastOff) = number;
+    }
+    return modes;
+}
+
 } // namespace
 
 Deed enterPowerState(const Configuration&, const std::string& rest) {
-    const std::int32_t state = integerOf(rest, wire::namesOf(powerStateNames()), "power state");
+    const Tokens tokens = tokensOf(rest);
+    const std::int32_t state =
+        integerOf(tokens.empty() ? "" : tokens[0].text(), wire::namesOf(powerStateNames()), "power state");
     if (state < 0 || state > static_cast<std::int32_t>(PowerState::Rebooting)) {
         throw BadLine("power states go from 0 to 5");
     }
-    return [state](Equipment& equipment) {
-        equipment.power.enter(static_cast<PowerState>(state));
+    return [state, modes = powerModesFrom(tokens)](Equipment& equipment) {
+        Power& power = equipment.power;
+        power.enter(static_cast<PowerState>(state));
+        power.enter(power.state(), modes.lastOff.value_or(power.lastPowerOffMode()),
+                    modes.wakeup.value_or(power.wakeupMode()));
         return "";
     };
 }

@@ -8,6 +8,7 @@
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -121,16 +122,16 @@ Fields fieldsOf(const Tokens& tokens) {
     return fields;
 }
 
-std::int32_t neededNumber(const Fields& fields, const std::string& field) {
+std::int32_t neededNumber(const std::string& what, const Fields& fields, const std::string& field) {
     const auto found = fields.find(field);
     if (found == fields.end()) {
-        throw BadLine("cec add needs " + field + "=NUMBER");
+        throw BadLine("cec " + what + " needs " + field + "=NUMBER");
     }
     return numberIn(field, found->second);
 }
 
-CecDevice deviceOf(const Fields& fields) {
-    CecDevice device = deviceWith(neededNumber(fields, "logAddr"), neededNumber(fields, "hdmiDevPort"));
+CecDevice deviceOf(const std::string& what, const Fields& fields) {
+    CecDevice device = deviceWith(neededNumber(what, fields, "logAddr"), neededNumber(what, fields, "hdmiDevPort"));
     for (auto& [field, text] : {std::pair<const char*, std::string&>{"name", device.name},
                                 {"phyAddr", device.phyAddr},
                                 {"listText", device.listText}}) {
@@ -147,23 +148,34 @@ CecDevice deviceOf(const Fields& fields) {
     return device;
 }
 
-bool isSame(const CecDevice& one, const CecDevice& other) {
-    return one.logAddr == other.logAddr && one.hdmiDevPort == other.hdmiDevPort && one.name == other.name &&
-           one.phyAddr == other.phyAddr && one.listText == other.listText;
+/** A device that is there already is only plugged in or unplugged. */
+std::optional<std::string> addDevice(CecBus& cec, const CecDevice& device) {
+    const auto& all = cec.all();
+    const bool isKnown =
+        std::any_of(all.begin(), all.end(), [&device](const CecDevice& known) { return isSameDevice(known, device); });
+    return isKnown ? cec.put(device) : cec.add(device);
 }
 
-/** A device that is there already is only plugged in or unplugged, so that the lines of show can be carried out again.
- */
-void addDevice(CecBus& cec, const CecDevice& device) {
-    for (const CecDevice& known : cec.all()) {
-        if (isSame(known, device)) {
-            cec.plug(device.logAddr, device.plugged);
-            return;
+Deed bringDevice(const CecDevice& device, bool isReplacing) {
+    return [device, isReplacing](Equipment& equipment) {
+        if (const auto complaint = isReplacing ? equipment.cec.put(device) : addDevice(equipment.cec, device)) {
+            throw BadLine(*complaint);
         }
+        return "";
+    };
+}
+
+Deed keepDevices(const Tokens& tokens) {
+    std::vector<std::int32_t> addresses;
+    for (std::size_t i = 1; i < tokens.size(); ++i) {
+        addresses.push_back(numberIn("the logical address", tokens[i].raw));
     }
-    if (const auto complaint = cec.add(device)) {
-        throw BadLine(*complaint);
-    }
+    return [addresses](Equipment& equipment) {
+        if (!equipment.cec.keep(addresses)) {
+            throw BadLine("cec keep takes the logical addresses of CEC devices that are there, each once");
+        }
+        return "";
+    };
 }
 
 } // namespace
@@ -202,17 +214,28 @@ Deed changeSignal(const Configuration& configuration, const std::string& rest) {
     };
 }
 
+Deed listSignals(const Configuration& configuration, const std::string& rest) {
+    if (!rest.empty()) {
+        throw BadLine("signals takes no arguments");
+    }
+    std::vector<std::string> names;
+    for (const auto& preset : configuration.signals()) {
+        names.push_back(preset.first);
+    }
+    return [text = joinedLines(names)](Equipment&) { return text; };
+}
+
 Deed changeCecDevices(const Configuration&, const std::string& rest) {
     const Tokens tokens = tokensOf(rest);
     const std::string what = tokens.empty() ? "" : tokens[0].raw;
-    if (what == "add") {
-        return [device = deviceOf(fieldsOf(tokens))](Equipment& equipment) {
-            addDevice(equipment.cec, device);
-            return "";
-        };
+    if (what == "add" || what == "put") {
+        return bringDevice(deviceOf(what, fieldsOf(tokens)), what == "put");
+    }
+    if (what == "keep") {
+        return keepDevices(tokens);
     }
     if (tokens.size() != 2 || (what != "remove" && what != "play")) {
-        throw BadLine("cec takes add FIELD=VALUE..., remove ADDRESS or play ADDRESS");
+        throw BadLine("cec takes add or put FIELD=VALUE..., remove ADDRESS, keep ADDRESS... or play ADDRESS");
     }
     const std::int32_t address = numberIn("the logical address", tokens[1].raw);
     return [address, isRemoval = what == "remove", word = tokens[1].raw](Equipment& equipment) {

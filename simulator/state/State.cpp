@@ -1,5 +1,9 @@
 #include "simulator/state/State.h"
 
+#include "wire/StateForm.h"
+
+#include <iterator>
+
 namespace kelutv::simulator {
 
 namespace {
@@ -17,6 +21,11 @@ std::size_t sizeOf(const wire::Values& values) {
 std::size_t sizeOf(const wire::Values& indexes, const wire::Values& values) {
     constexpr std::size_t kOfEntry = 128;
     return kOfEntry + sizeOf(indexes) + sizeOf(values);
+}
+
+/** What was never set has fewer values than what is set to zero, which clients read alike. */
+bool isSame(const wire::StateKey& key, const wire::Values& before, const wire::Values& values) {
+    return before == values || (before.size() < values.size() && wire::completed(wire::formOf(key), before) == values);
 }
 
 } // namespace
@@ -42,7 +51,7 @@ wire::Values State::kept(const wire::StateKey& key, const wire::Values& indexes)
 }
 
 void State::keep(const wire::StateKey& key, const wire::Values& indexes, const wire::Values& values) {
-    if (kept(key, indexes) != values) {
+    if (!isSame(key, kept(key, indexes), values)) {
         const auto [entry, isNew] = mKept.try_emplace({&key, indexes});
         mSize -= isNew ? 0 : sizeOf(indexes, entry->second);
         mSize += sizeOf(indexes, values);
@@ -58,19 +67,29 @@ void State::restore(const std::string& module) {
 
 void State::restore(const std::function<bool(const wire::StateKey&)>& wanted) {
     for (auto entry = mKept.begin(); entry != mKept.end();) {
-        const auto [key, indexes] = entry->first;
-        const wire::Values before = entry->second;
-        if (!wanted(*key) || mConfiguration.settings(*key).ofSignal) {
-            ++entry;
-            continue;
-        }
-        entry = mKept.erase(entry);
-        mSize -= sizeOf(indexes, before);
-        mRevision.advance();
-        if (kept(*key, indexes) != before) {
-            noteChange(*key, indexes);
-        }
+        entry = wanted(*entry->first.first) ? restore(entry) : std::next(entry);
     }
+}
+
+void State::restore(const wire::StateKey& key, const wire::Values& indexes) {
+    if (const auto entry = mKept.find({&key, indexes}); entry != mKept.end()) {
+        restore(entry);
+    }
+}
+
+State::Kept::iterator State::restore(Kept::iterator entry) {
+    const auto [key, indexes] = entry->first;
+    if (mConfiguration.settings(*key).ofSignal) {
+        return std::next(entry);
+    }
+    const wire::Values before = entry->second;
+    const auto next = mKept.erase(entry);
+    mSize -= sizeOf(indexes, before);
+    mRevision.advance();
+    if (kept(*key, indexes) != before) {
+        noteChange(*key, indexes);
+    }
+    return next;
 }
 
 void State::noteChange(const wire::StateKey& key, const wire::Values& indexes) {

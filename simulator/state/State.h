@@ -50,6 +50,9 @@ public:
     /** Restores the initial values of a module; states that show a signal stay. */
     void restore(const std::string& module);
 
+    /** Restores the initial value under these indexes; a state that shows a signal stays. */
+    void restore(const wire::StateKey& key, const wire::Values& indexes);
+
     /** Restores the initial values of the wanted states; those that show a signal stay. */
     void restore(const std::function<bool(const wire::StateKey&)>& wanted);
 
@@ -57,6 +60,8 @@ public:
     std::vector<Change> takeChanges() { return std::exchange(mChanges, {}); }
 
 private:
+    /** Restores the initial value in the place of one that was set. @return the next one */
+    Kept::iterator restore(Kept::iterator entry);
     void noteChange(const wire::StateKey& key, const wire::Values& indexes);
 
     const Configuration& mConfiguration;

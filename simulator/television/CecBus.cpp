@@ -65,6 +65,48 @@ std::optional<std::string> CecBus::add(const CecDevice& device) {
     return std::nullopt;
 }
 
+std::optional<std::string> CecBus::put(const CecDevice& device) {
+    const auto known = find(device.logAddr);
+    if (known == mDevices.end()) {
+        return add(device);
+    }
+    if (auto objection = objectionTo(device)) {
+        return objection;
+    }
+    if (!isSameDevice(*known, device)) {
+        change(*known, false);
+        *known = device;
+        known->plugged = false;
+        mRevision.advance();
+    }
+    change(*known, device.plugged);
+    return std::nullopt;
+}
+
+bool CecBus::keep(const std::vector<std::int32_t>& logAddrs) {
+    const auto placeOf = [&logAddrs](const CecDevice& device) {
+        return std::find(logAddrs.begin(), logAddrs.end(), device.logAddr);
+    };
+    const auto kept = std::count_if(mDevices.begin(), mDevices.end(),
+                                    [&](const CecDevice& device) { return placeOf(device) != logAddrs.end(); });
+    if (static_cast<std::size_t>(kept) != logAddrs.size()) {
+        return false;
+    }
+    for (const CecDevice& device : std::vector<CecDevice>(mDevices)) {
+        if (placeOf(device) == logAddrs.end()) {
+            remove(device.logAddr);
+        }
+    }
+    const auto precedes = [&placeOf](const CecDevice& one, const CecDevice& other) {
+        return placeOf(one) < placeOf(other);
+    };
+    if (!std::is_sorted(mDevices.begin(), mDevices.end(), precedes)) {
+        std::sort(mDevices.begin(), mDevices.end(), precedes);
+        mRevision.advance();
+    }
+    return true;
+}
+
 bool CecBus::remove(std::int32_t logAddr) {
     const auto device = find(logAddr);
     if (device == mDevices.end()) {

@@ -40,6 +40,18 @@ public:
     /** Adds a device. @return what is wrong with it, if anything, and then it is not added */
     std::optional<std::string> add(const CecDevice& device);
 
+    /**
+     * Puts a device in the place of the one with its address, or adds it; the very same device is only plugged in or
+     * unplugged. @return as `add`
+     */
+    std::optional<std::string> put(const CecDevice& device);
+
+    /**
+     * Takes away all devices but those with these addresses, which have this order then; false, and nothing is done,
+     * when one of them is not there or is given twice.
+     */
+    bool keep(const std::vector<std::int32_t>& logAddrs);
+
     /** Takes a device away, unplugged first; false when there is none of the address. */
     bool remove(std::int32_t logAddr);
 

@@ -22,13 +22,16 @@ void Power::enter(PowerState state) {
         {KELU_SIM_EVENT_POWER_STATE_CHANGED, wire::payloadOf({number}), "power state = " + std::to_string(number)});
 }
 
-void Power::wake(std::int32_t wakeupMode) {
-    if (mWakeupMode != wakeupMode) {
+void Power::enter(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode) {
+    enter(state);
+    if (mLastOff != lastPowerOffMode || mWakeupMode != wakeupMode) {
+        mLastOff = lastPowerOffMode;
         mWakeupMode = wakeupMode;
         mRevision.advance();
     }
-    enter(PowerState::On);
 }
+
+void Power::wake(std::int32_t wakeupMode) { enter(PowerState::On, mLastOff, wakeupMode); }
 
 void Power::load(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode) {
     mState = state;

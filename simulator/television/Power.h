@@ -32,6 +32,9 @@ public:
 
     void enter(PowerState state);
 
+    /** Enters the state, coming from where these modes say. */
+    void enter(PowerState state, std::int32_t lastPowerOffMode, std::int32_t wakeupMode);
+
     /** Back to on, with this wakeup mode. */
     void wake(std::int32_t wakeupMode);
 

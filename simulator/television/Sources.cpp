@@ -13,6 +13,7 @@ namespace kelutv::simulator {
 namespace {
 
 constexpr char kCurrentSource[] = "sourcemanager.curSource";
+constexpr char kDeselected[] = "sourcemanager.deselected";
 constexpr char kSignalStatus[] = "sourcemanager.signalStatus";
 
 const wire::Values& mainWindow() {
@@ -141,6 +142,16 @@ std::optional<wire::Values> Sources::derived(const wire::StateKey& key, const wi
         if (std::string_view(derivation.state) == key.name) {
             return derivation.derive(*this, mState, indexes);
         }
+    }
+    return std::nullopt;
+}
+
+std::optional<wire::Values> Sources::mainWindowIndexes(const wire::StateKey& key) const {
+    if (std::string_view(key.name) == kCurrentSource) {
+        return mainWindow();
+    }
+    if (std::string_view(key.name) == kDeselected && !mShown) {
+        return keptIn(mState, kCurrentSource, mainWindow());
     }
     return std::nullopt;
 }

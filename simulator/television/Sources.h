@@ -51,6 +51,10 @@ public:
     /** Whether the main window shows its source, which it does until that is deselected. */
     bool isShown() const { return mShown; }
 
+    /** The indexes under which the state says what the main window shows, or that it shows nothing; none if it does not
+     * say so. */
+    std::optional<wire::Values> mainWindowIndexes(const wire::StateKey& key) const;
+
     /** The value of a state that is derived from the sources and other states; none if the state is kept. */
     std::optional<wire::Values> derived(const wire::StateKey& key, const wire::Values& indexes) const;
 

@@ -100,4 +100,12 @@ std::optional<wire::Refusal> setState(Equipment& equipment, const wire::StateKey
     return std::nullopt;
 }
 
+void resetState(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes) {
+    equipment.state.restore(key, indexes);
+    if (key.name == kCurrentSource) {
+        const wire::Values initial = equipment.state.kept(key, indexes);
+        equipment.sources.select(std::get<std::int32_t>(initial.at(0)), std::get<std::int32_t>(indexes.at(0)));
+    }
+}
+
 } // namespace kelutv::simulator

@@ -29,4 +29,7 @@ wire::Values readState(const Equipment& equipment, const wire::StateKey& key, co
 std::optional<wire::Refusal> setState(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes,
                                       const wire::Values& values);
 
+/** Brings a state back to its initial value, with all that follows from it; one that shows a signal stays. */
+void resetState(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
+
 } // namespace kelutv::simulator

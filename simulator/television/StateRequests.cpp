@@ -73,8 +73,17 @@ Reading readByRequest(Equipment& equipment, const wire::StateKey& key, const wir
 }
 
 bool isPlainState(const Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes) {
-    return handledCommand(key, wire::StateRule::Access::Set) == nullptr &&
-           handledCommand(key, wire::StateRule::Access::Get) == nullptr && !equipment.sources.derived(key, indexes);
+    return !isSetByCommandOfItsOwn(key) && handledCommand(key, wire::StateRule::Access::Get) == nullptr &&
+           !equipment.sources.derived(key, indexes);
+}
+
+bool isKeptState(const Equipment& equipment, const wire::StateKey& key) {
+    const wire::Values anyIndexes(key.indexes.size(), std::int32_t{0});
+    return handledCommand(key, wire::StateRule::Access::Get) == nullptr && !equipment.sources.derived(key, anyIndexes);
+}
+
+bool isSetByCommandOfItsOwn(const wire::StateKey& key) {
+    return handledCommand(key, wire::StateRule::Access::Set) != nullptr;
 }
 
 } // namespace kelutv::simulator

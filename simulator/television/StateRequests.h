@@ -25,6 +25,12 @@ Reading readByRequest(Equipment& equipment, const wire::StateKey& key, const wir
 
 /** Whether setting the state just keeps its value: it has no handler and is not derived. */
 bool isPlainState(const Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes);
+
+/** Whether the state has a value of its own, which is the one that it was given last. */
+bool isKeptState(const Equipment& equipment, const wire::StateKey& key);
+
+/** Whether a command that sets the state may do more than that. */
+bool isSetByCommandOfItsOwn(const wire::StateKey& key);
 /** @} */
 
 } // namespace kelutv::simulator

@@ -28,7 +28,7 @@ constexpr char kUnplugged[] = "event 0x1A0001 cecDeviceChanged: Soundbar unplugg
 constexpr char kPluggedIn[] = "event 0x1A0001 cecDeviceChanged: Soundbar plugged in\n";
 constexpr char kBadLine[] = "kelutv-simulator: there is no control command 'explode'; allowed: cec, event, fault, "
                             "faults, get, help, key, plug, power, "
-                            "set, show, signal, unplug and vbi\n";
+                            "reset, set, show, signal, signals, unplug and vbi\n";
 
 class Control : public ::testing::Test {
 protected:

@@ -118,7 +118,7 @@ TEST_F(ControlVerbs, SetAndGetReachWhatHasCommandsOfItsOwn) {
     say("set systemsetting.powerType = 7");
     EXPECT_EQ(say("get systemsetting.wakeupMode"), "systemsetting.wakeupMode = 7");
     EXPECT_EQ(linux_tv_SystemSetting_getWakeupMode(), 7);
-    EXPECT_EQ(say("show power*"), "power on");
+    EXPECT_EQ(say("show power*"), "power on lastPowerOffMode=2 wakeupMode=7");
 }
 
 TEST_F(ControlVerbs, GetShowsAStateAsSetTakesIt) {
@@ -130,10 +130,33 @@ TEST_F(ControlVerbs, GetShowsAStateAsSetTakesIt) {
     EXPECT_EQ(lines.back(), "# audio.volume of any other key: 20");
 }
 
+TEST_F(ControlVerbs, ResetBringsInitialValuesBackAndTellsOfIt) {
+    for (const char* const key : {"0", "1", "3"}) {
+        say(std::string("set audio.volume[") + key + "] = 35");
+    }
+    takeEvents();
+    say("reset audio.volume except [0] [3] [24g]");
+    EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x60001, {1, 20}}}));
+    say("reset audio.volume[3]");
+    EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x60001, {3, 20}}}));
+    say("reset volume");
+    EXPECT_EQ(linux_tv_Audio_getVolume(KELU_TV_AUDIO_CHANNEL_SPEAKER), 20);
+    takeEvents();
+    say("reset volume except [24g]");
+    EXPECT_EQ(takeEvents(), std::vector<Event>{});
+}
+
+TEST_F(ControlVerbs, ResetShowsTheFirstSourceInTheMainWindow) {
+    say("set sourcemanager.curSource[0] = hdmi2");
+    say("reset sourcemanager.curSource");
+    EXPECT_EQ(SourceManager::instance()->getCurSourceId(KELU_TV_WINDOW_MAIN), KELU_TV_SRC_ATV);
+    EXPECT_EQ(SourceManager::instance()->getTimingInfo().width, 720U);
+}
+
 TEST_F(ControlVerbs, ShowPicksByPattern) {
-    EXPECT_EQ(say("show power*"), "power on");
+    EXPECT_EQ(say("show power*"), "power on lastPowerOffMode=0 wakeupMode=0");
     EXPECT_EQ(say("show *.SPEAKERoutput"), "audio.speakerOutput = 0");
-    EXPECT_EQ(say("show cec soundbar"), "cec add logAddr=5 hdmiDevPort=1 name=\"Soundbar\" phyAddr=\"2.0.0.0\" "
+    EXPECT_EQ(say("show cec soundbar"), "cec put logAddr=5 hdmiDevPort=1 name=\"Soundbar\" phyAddr=\"2.0.0.0\" "
                                         "listText=\"HDMI2 Soundbar\" plugged=1");
     EXPECT_EQ(linesOf(say("show source?*HDMI1")).front(), "plug KELU_TV_SRC_HDMI1");
     EXPECT_EQ(complaint("show nonsense"), "nothing matches 'nonsense'");
@@ -171,15 +194,51 @@ TEST_F(ControlVerbs, SignalChangesWhatASourceShows) {
     EXPECT_EQ(linux_tv_Picture_getHdrStreamType(), KELU_TV_HDR_TYPE_HDR10);
 }
 
+TEST_F(ControlVerbs, SignalsListsThoseThatHaveAName) {
+    const std::vector<std::string> names = linesOf(say("signals"));
+    EXPECT_EQ(names.size(), 17U);
+    EXPECT_NE(std::find(names.begin(), names.end(), "2160p24-dolby"), names.end());
+}
+
 TEST_F(ControlVerbs, CecAddsRemovesAndPlays) {
     say("cec add logAddr=11 hdmiDevPort=2 name=\"Game console\"");
     EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x1A0001, {11, 2, 1}}}));
     say("cec play 11");
     EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x1A0002, {11}}}));
-    EXPECT_EQ(say("show cec?game*"), "cec add logAddr=11 hdmiDevPort=2 name=\"Game console\" phyAddr=\"3.0.0.0\" "
+    EXPECT_EQ(say("show cec?game*"), "cec put logAddr=11 hdmiDevPort=2 name=\"Game console\" phyAddr=\"3.0.0.0\" "
                                      "listText=\"HDMI3 Game console\" plugged=1");
     say("cec remove 11");
     EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x1A0001, {11, 2, 0}}, {0x1A0002, {0}}}));
+}
+
+std::vector<std::string> addressesOfDevices() {
+    std::vector<std::string> addresses;
+    for (const std::string& line : linesOf(say("show cec*"))) {
+        const std::string begin = "cec put logAddr=";
+        if (line.rfind(begin, 0) == 0) {
+            addresses.push_back(line.substr(begin.size(), line.find(' ', begin.size()) - begin.size()));
+        }
+    }
+    return addresses;
+}
+
+TEST_F(ControlVerbs, CecPutsADeviceInThePlaceOfAnother) {
+    say("cec put logAddr=5 hdmiDevPort=2 name=\"Loudspeaker\"");
+    EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x1A0001, {5, 1, 0}}, {0x1A0001, {5, 2, 1}}}));
+    EXPECT_EQ(addressesOfDevices(), (std::vector<std::string>{"4", "5", "8", "3"}));
+    say("cec put logAddr=5 hdmiDevPort=2 name=\"Loudspeaker\"");
+    EXPECT_EQ(takeEvents(), std::vector<Event>{});
+    say("cec put logAddr=11 hdmiDevPort=2 plugged=0");
+    EXPECT_EQ(addressesOfDevices(), (std::vector<std::string>{"4", "5", "8", "3", "11"}));
+}
+
+TEST_F(ControlVerbs, CecKeepsDevicesInAnOrder) {
+    say("cec keep 3 4 5");
+    EXPECT_EQ(takeEvents(), std::vector<Event>{});
+    EXPECT_EQ(addressesOfDevices(), (std::vector<std::string>{"3", "4", "5"}));
+    say("cec keep");
+    EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x1A0001, {4, 0, 0}}, {0x1A0001, {5, 1, 0}}}));
+    EXPECT_EQ(addressesOfDevices(), std::vector<std::string>{});
 }
 
 TEST_F(ControlVerbs, PlugAndUnplugACecDeviceInBothForms) {
@@ -205,6 +264,10 @@ TEST_F(ControlVerbs, PowerEntersAState) {
     say("power suspended");
     say("power on");
     EXPECT_EQ(takeEvents(), (std::vector<Event>{{0x80002, {1}}, {0x80002, {0}}}));
+    say("power on lastPowerOffMode=4 wakeupMode=2");
+    EXPECT_EQ(takeEvents(), std::vector<Event>{});
+    EXPECT_EQ(linux_tv_SystemSetting_getLastPowerOffMode(), 4);
+    EXPECT_EQ(linux_tv_SystemSetting_getWakeupMode(), 2);
     EXPECT_EQ(complaint("power 6"), "power states go from 0 to 5");
 }
 
@@ -256,7 +319,7 @@ struct BadLine {
 constexpr BadLine kBadLines[] = {
     {"unplu hdmi1",
      "there is no control command 'unplu'; nearest: unplug; allowed: cec, event, fault, faults, get, help, key, "
-     "plug, power, set, show, signal, unplug and vbi"},
+     "plug, power, reset, set, show, signal, signals, unplug and vbi"},
     {"set audio.volum[0] = 1",
      "there is no state 'audio.volum'; nearest: audio.volume, audio.volumeToReg; show lists them"},
     {"set audio.volume[0]", "set takes STATE[KEY...] = VALUE..."},
@@ -286,8 +349,21 @@ constexpr BadLine kBadLines[] = {
     {"get systemsetting.eep[65536]", "addresses go from 0 to 65535, address 65536 or the end of its block is outside"},
     {"get video.signalStatusSync[5]", "there is no source 5"},
     {"signal hdmi1", "signal takes a source, and then none, the name of a signal, or STATE=VALUE"},
-    {"cec", "cec takes add FIELD=VALUE..., remove ADDRESS or play ADDRESS"},
+    {"cec", "cec takes add or put FIELD=VALUE..., remove ADDRESS, keep ADDRESS... or play ADDRESS"},
     {"cec add logAddr=11", "cec add needs hdmiDevPort=NUMBER"},
+    {"cec put hdmiDevPort=2", "cec put needs logAddr=NUMBER"},
+    {"cec put logAddr=15 hdmiDevPort=2", "logAddr goes from 1 to 14, it cannot be 15"},
+    {"cec keep 4 9", "cec keep takes the logical addresses of CEC devices that are there, each once"},
+    {"cec keep 4 4", "cec keep takes the logical addresses of CEC devices that are there, each once"},
+    {"cec keep all", "the logical address is a number, not 'all'"},
+    {"reset", "reset takes STATE, STATE[KEY...] or STATE except [KEY...] [KEY...]"},
+    {"reset audio.volume except", "reset takes STATE, STATE[KEY...] or STATE except [KEY...] [KEY...]"},
+    {"reset audio.volume[0] except [1]", "reset takes STATE, STATE[KEY...] or STATE except [KEY...] [KEY...]"},
+    {"reset audio.volume except [0,1]", "audio.volume has 1 key, not 2"},
+    {"reset picture.currentPictureMode", "picture.currentPictureMode is not a setting and has no initial value"},
+    {"reset systemsetting.eep", "systemsetting.eep is not a setting and has no initial value"},
+    {"reset picture.hdrStreamType", "picture.hdrStreamType shows a signal and has no initial value; signal changes it"},
+    {"power on wakeup=1", "power takes a state, lastPowerOffMode=NUMBER and wakeupMode=NUMBER, not 'wakeup=1'"},
     {R"(cec add logAddr=11 hdmiDevPort=2 name="\xff")", R"(name must be UTF-8, it cannot be '\xff')"},
     {"cec add logAddr=11 logAddr=11", "the field 'logAddr' is given twice"},
     {"cec add logAdr=11",
@@ -303,6 +379,7 @@ constexpr BadLine kBadLines[] = {
     {"vbi 0", "vbi takes a type from 1 to 65535 and the data in hexadecimal"},
     {"vbi 1 00", "VBI is not initialised, open and registered: no client takes the block"},
     {"faults all", "faults takes no arguments"},
+    {"signals all", "signals takes no arguments"},
     {"power of", "power state: 'of' is not one of on, suspended, memory, normal, shallow, rebooting; nearest: on"},
 };
 

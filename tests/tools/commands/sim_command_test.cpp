@@ -60,7 +60,7 @@ TEST_F(SimCommand, SendsItsWordsAsALine) {
 
 TEST_F(SimCommand, KeepsWordsWithBlanksTogether) {
     expectData({"cec", "add", "logAddr=11", "hdmiDevPort=2", "name=Game \\ console"}, "");
-    expectData({"show", "cec game*"}, "cec add logAddr=11 hdmiDevPort=2 name=\"Game \\\\ console\" phyAddr=\"3.0.0.0\" "
+    expectData({"show", "cec game*"}, "cec put logAddr=11 hdmiDevPort=2 name=\"Game \\\\ console\" phyAddr=\"3.0.0.0\" "
                                       "listText=\"HDMI3 Game \\\\ console\" plugged=1\n");
     expectData({"event", "0x60001", "two words"}, "");
     expectData({"event", "0x60001", "\"one\""}, "");
@@ -92,7 +92,7 @@ TEST_F(SimCommand, CarriesOutTheLinesOfAFile) {
     EXPECT_EQ(run.error,
               "kelutv: " + path +
                   ":4: there is no control command 'explode'; allowed: cec, event, fault, faults, get, help, key, "
-                  "plug, power, set, show, signal, unplug and vbi\n");
+                  "plug, power, reset, set, show, signal, signals, unplug and vbi\n");
     expectData({"get", "audio.mute[0]"}, "audio.mute[0] = 1\n");
 }
 
@@ -124,6 +124,18 @@ TEST_F(SimCommand, GivesJsonADocumentALine) {
         "lists them\"]}\n");
     EXPECT_EQ(run.error, "{\"error\":{\"message\":\"there is no state 'audio.volum'; nearest: audio.volume, "
                          "audio.volumeToReg; show lists them\",\"exit\":1}}\n");
+}
+
+TEST_F(SimCommand, BringsBackWhatWasShown) {
+    const std::string first = sim({"show"}).output;
+    for (const Words& change :
+         {Words{"set", "picture.hue", "=", "7"}, Words{"set", "audio.volume[3]", "=", "7"}, Words{"cec", "remove", "4"},
+          Words{"set", "sourcemanager.curSource[0]", "=", "vga"}, Words{"power", "memory"}, Words{"unplug", "vga"}}) {
+        expectData(change, "");
+    }
+    EXPECT_NE(sim({"show"}).output, first);
+    expectData({"--file", file("before", first)}, "");
+    EXPECT_EQ(sim({"show"}).output, first);
 }
 
 TEST_F(SimCommand, RefusesALineThatIsNone) {
