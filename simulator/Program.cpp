@@ -38,9 +38,21 @@ sigset_t blockSignals(bool hasScreen) {
         sigaddset(&signals, SIGHUP);
         sigaddset(&signals, SIGQUIT);
         sigaddset(&signals, SIGWINCH);
+        sigaddset(&signals, SIGTSTP);
+        sigaddset(&signals, SIGCONT);
     }
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     return signals;
+}
+
+/** Stops as every program does on this signal, and goes on when it is continued. */
+void stopProcess() {
+    sigset_t stop;
+    sigemptyset(&stop);
+    sigaddset(&stop, SIGTSTP);
+    ::kill(::getpid(), SIGTSTP);
+    pthread_sigmask(SIG_UNBLOCK, &stop, nullptr);
+    pthread_sigmask(SIG_BLOCK, &stop, nullptr);
 }
 
 Configuration configurationOf(const Options& options) {
@@ -54,7 +66,9 @@ std::shared_ptr<Ui> screenOf(const Options& options) {
         return nullptr;
     }
     const char* const noColor = std::getenv("NO_COLOR");
-    return std::make_shared<Ui>(STDOUT_FILENO, noColor == nullptr || *noColor == '\0');
+    const bool isLineInput = options.control == "-" && ::isatty(STDIN_FILENO) != 0;
+    return std::make_shared<Ui>(STDOUT_FILENO, noColor == nullptr || *noColor == '\0',
+                                !isLineInput && UiKeyboard::canRead(STDOUT_FILENO));
 }
 
 std::shared_ptr<ScenarioPlayer> playerOf(const Options& options) {
@@ -155,9 +169,15 @@ void Program::obeyFile(const std::string& line) {
     }
 }
 
+void Program::obeyKey(const std::string& line) {
+    if (const auto complaint = obey(line)) {
+        mUi->note(*complaint);
+    }
+}
+
 void Program::begin() {
     if (mUi != nullptr) {
-        mUi->start();
+        mUi->start({[this](const std::string& line) { obeyKey(line); }, [] { ::kill(::getpid(), SIGTERM); }});
         mService->show();
     } else {
         print(std::string("kelutv-simulator: ready (") + kServiceName + ')');
@@ -186,13 +206,30 @@ void Program::print(const std::string& text) {
 }
 
 void Program::waitForTheEnd() {
-    for (int received = SIGWINCH; received == SIGWINCH || received < 0;) {
+    for (bool isOver = false; !isOver;) {
         const timespec pause{kBetweenAttempts.count(), 0};
-        received = ::sigtimedwait(&mSignals, nullptr, mOptions.state.empty() ? nullptr : &pause);
-        if (received == SIGWINCH) {
-            mUi->resized();
-        }
+        const int received = ::sigtimedwait(&mSignals, nullptr, mOptions.state.empty() ? nullptr : &pause);
+        isOver = received >= 0 && !isForScreen(received);
         withMemory([this] { mService->keepState(); });
+    }
+}
+
+/** Does what the screen does on a signal; false for one that ends the program. */
+bool Program::isForScreen(int signal) {
+    switch (signal) {
+    case SIGWINCH:
+        mUi->resized();
+        return true;
+    case SIGTSTP:
+        mUi->leave();
+        stopProcess();
+        mUi->enter();
+        return true;
+    case SIGCONT:
+        mUi->enter();
+        return true;
+    default:
+        return false;
     }
 }
 

@@ -47,11 +47,13 @@ private:
     /** Carries out a line and prints its data. @return what is wrong with it, if anything */
     std::optional<std::string> obey(const std::string& line);
     void obeyFile(const std::string& line);
+    void obeyKey(const std::string& line);
     bool isAnswering();
     void begin();
     void endScenario(int failedSteps);
     void print(const std::string& text);
     void waitForTheEnd();
+    bool isForScreen(int signal);
     void end();
 
     const Options& mOptions;

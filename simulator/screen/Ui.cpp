@@ -20,12 +20,17 @@ constexpr std::chrono::milliseconds kLeastPause{50};
 
 Ui::~Ui() { stop(); }
 
-void Ui::start() {
+void Ui::start(const Orders& orders) {
+    mOrders = orders;
     mTerminal.enter();
     mThread = std::thread([this] { drawChanges(); });
+    if (mView.hasKeys) {
+        mKeyboard = std::make_unique<UiKeyboard>(mTerminal.descriptor(), [this](const UiKey& key) { takeKey(key); });
+    }
 }
 
 void Ui::stop() {
+    mKeyboard.reset();
     {
         const std::lock_guard<std::mutex> lock(mMutex);
         mStopping = true;
@@ -35,6 +40,31 @@ void Ui::stop() {
         mThread.join();
     }
     leaveTerminal();
+}
+
+void Ui::enter() {
+    {
+        const std::lock_guard<std::mutex> lock(mTerminalMutex);
+        mTerminal.enter();
+    }
+    markChanged();
+}
+
+void Ui::takeKey(const UiKey& key) {
+    if (key.action == UiAction::Leave) {
+        mOrders.leave();
+        return;
+    }
+    std::optional<std::string> line;
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mView.showsKeys = mView.showsKeys != (key.action == UiAction::ShowKeys);
+        line = lineFor(key, mView);
+    }
+    if (line) {
+        mOrders.obey(*line);
+    }
+    markChanged();
 }
 
 void Ui::note(const std::string& line) {
@@ -56,6 +86,8 @@ void Ui::settled(const Television& television) {
     UiView view = viewOf(television.equipment());
     {
         const std::lock_guard<std::mutex> lock(mMutex);
+        view.hasKeys = mView.hasKeys;
+        view.showsKeys = mView.showsKeys;
         view.commands = std::move(mView.commands);
         view.events = std::move(mView.events);
         mView = std::move(view);

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "simulator/screen/UiKeyboard.h"
 #include "simulator/screen/UiTerminal.h"
 #include "simulator/screen/UiView.h"
 #include "simulator/trace/Watcher.h"
 
 #include <condition_variable>
+#include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -15,14 +18,29 @@ namespace kelutv::simulator {
 /** Draws the television in a terminal, in a thread of its own, whenever something changes. */
 class Ui : public Watcher {
 public:
-    Ui(int terminal, bool color) : mTerminal(terminal), mColor(color) {}
+    /** What a key asks for. */
+    struct Orders {
+        /** Carries out a line of the control channel. */
+        std::function<void(const std::string& line)> obey;
+        /** Ends the program. */
+        std::function<void()> leave;
+    };
+
+    /** @param hasKeys whether the keys of the terminal are those of the television */
+    Ui(int terminal, bool color, bool hasKeys) : mTerminal(terminal), mColor(color) { mView.hasKeys = hasKeys; }
     ~Ui() override;
 
     /** Takes the terminal over. */
-    void start();
+    void start(const Orders& orders);
 
     /** Gives the terminal back as it was. */
     void stop();
+
+    /** Gives the terminal back until `enter`. */
+    void leave() { leaveTerminal(); }
+
+    /** Takes the terminal over again and draws everything anew. */
+    void enter();
 
     /** The terminal has another size. */
     void resized() { markChanged(); }
@@ -38,6 +56,7 @@ public:
 
 private:
     void leaveTerminal();
+    void takeKey(const UiKey& key);
     void drawChanges();
     bool drawChange();
     /** False when there is nothing more to draw. */
@@ -56,6 +75,8 @@ private:
     UiTerminal mTerminal;
     const bool mColor;
     std::thread mThread;
+    Orders mOrders;
+    std::unique_ptr<UiKeyboard> mKeyboard;
 };
 
 } // namespace kelutv::simulator

@@ -2,7 +2,6 @@
 
 #include <poll.h>
 #include <sys/ioctl.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -26,7 +25,7 @@ constexpr char kClearBelow[] = "\x1b[J";
 
 void UiTerminal::enter() {
     mEntered = true;
-    setEcho(false);
+    takeKeyboard();
     write(kEnter);
 }
 
@@ -34,7 +33,7 @@ void UiTerminal::leave() {
     if (mEntered) {
         mEntered = false;
         write(kLeave);
-        setEcho(true);
+        giveKeyboardBack();
     }
 }
 
@@ -73,13 +72,25 @@ void UiTerminal::write(const std::string& text) const {
     }
 }
 
-void UiTerminal::setEcho(bool on) const {
+void UiTerminal::takeKeyboard() {
     termios settings{};
     if (::tcgetattr(mDescriptor, &settings) != 0) {
         return;
     }
-    settings.c_lflag = on ? settings.c_lflag | ECHO : settings.c_lflag & ~static_cast<tcflag_t>(ECHO);
+    if (!mSettings) {
+        mSettings = settings;
+    }
+    settings.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON);
+    settings.c_cc[VMIN] = 1;
+    settings.c_cc[VTIME] = 0;
     ::tcsetattr(mDescriptor, TCSANOW, &settings);
+}
+
+void UiTerminal::giveKeyboardBack() {
+    if (mSettings) {
+        ::tcsetattr(mDescriptor, TCSANOW, &*mSettings);
+        mSettings.reset();
+    }
 }
 
 } // namespace kelutv::simulator

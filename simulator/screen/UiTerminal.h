@@ -2,6 +2,9 @@
 
 #include "simulator/screen/UiRender.h"
 
+#include <termios.h>
+
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +22,8 @@ public:
     void enter();
     void leave();
 
+    int descriptor() const { return mDescriptor; }
+
     /** 24 rows of 80 characters when the terminal does not say. */
     UiSize size() const;
 
@@ -27,10 +32,14 @@ public:
 
 private:
     void write(const std::string& text) const;
-    void setEcho(bool on) const;
+    /** Neither shows what is typed nor waits for whole lines; signals of the keyboard stay. */
+    void takeKeyboard();
+    void giveKeyboardBack();
 
     const int mDescriptor;
     bool mEntered = false;
+    /** As they were before `enter`. */
+    std::optional<termios> mSettings;
 };
 
 } // namespace kelutv::simulator

@@ -15,6 +15,7 @@ namespace kelutv::simulator {
 
 namespace {
 
+constexpr char kSourcePrefix[] = "KELU_TV_SRC_";
 constexpr const char* kPowerStates[] = {
     "on", "suspended", "suspended to memory", "normally suspended", "shallowly suspended", "rebooting"};
 constexpr const char* kSdrModes[] = {"standard", "cinema", "vivid",   "game",     "eco", "photo vivid",
@@ -86,6 +87,31 @@ std::string hotelOf(const Equipment& equipment) {
     return "on, volume up to " + std::to_string(Numbers(equipment, "factory.hotelMaxVolume")[0]);
 }
 
+std::string withoutPrefix(const std::string& name, const std::string& prefix) {
+    return name.rfind(prefix, 0) == 0 ? name.substr(prefix.size()) : name;
+}
+
+std::vector<UiInput> inputsOf(const Equipment& equipment, std::int32_t current) {
+    const Sources& sources = equipment.sources;
+    std::vector<UiInput> inputs;
+    for (const std::int32_t id : sources.ids()) {
+        const std::string& name = sources.nameOf(id);
+        inputs.push_back({id, name, withoutPrefix(name, kSourcePrefix), sources.isPlugged(id), sources.hasSignal(id),
+                          id == current});
+    }
+    return inputs;
+}
+
+std::vector<std::string> devicesOf(const Equipment& equipment) {
+    std::vector<std::string> devices;
+    for (const CecDevice& device : equipment.cec.all()) {
+        const std::string text = std::to_string(device.logAddr) + ' ' + device.name;
+        const bool isPlaying = device.logAddr == equipment.cec.playing();
+        devices.push_back(text + (!device.plugged ? " (unplugged)" : isPlaying ? " (plays)" : ""));
+    }
+    return devices;
+}
+
 } // namespace
 
 UiView viewOf(const Equipment& equipment) {
@@ -94,7 +120,10 @@ UiView viewOf(const Equipment& equipment) {
     const std::int32_t source = Numbers(equipment, "sourcemanager.curSource", {std::int32_t{KELU_TV_WINDOW_MAIN}})[0];
     UiView view;
     view.power = nameAt(kPowerStates, static_cast<std::int32_t>(equipment.power.state()));
-    view.source = nameAnswered(CMD_SOURCE_GETCURSOURCEID, source, "KELU_TV_SRC_");
+    view.isOn = equipment.power.state() == PowerState::On;
+    view.source = nameAnswered(CMD_SOURCE_GETCURSOURCEID, source, kSourcePrefix);
+    view.inputs = inputsOf(equipment, source);
+    view.devices = devicesOf(equipment);
     view.signal = signalOf(equipment);
     view.streamType = nameAnswered(CMD_PICTURE_GETHDRSTREAMTYPE, streamType, "KELU_TV_HDR_TYPE_");
     view.pictureMode = pictureModeOf(equipment, streamType);

@@ -60,7 +60,12 @@ public:
 
     bool echoes() const {
         termios settings{};
-        return ::tcgetattr(mSlave, &settings) == 0 && (settings.c_lflag & ECHO) != 0;
+        return ::tcgetattr(mSlave, &settings) == 0 && (settings.c_lflag & ECHO) != 0 &&
+               (settings.c_lflag & ICANON) != 0;
+    }
+
+    void type(const std::string& keys) const {
+        ASSERT_EQ(::write(mMaster, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
     }
 
     /** Waits until this has been written since the last wait; what was written before goes with it. */
@@ -166,12 +171,40 @@ TEST_F(UiTerminal, IsLeftWhenAFaultEndsTheSimulator) {
     }
 }
 
+TEST_F(UiTerminal, HasTheKeysOfARemoteControl) {
+    const auto simulator = start();
+    ASSERT_TRUE(mTerminal.waitFor("[#####--------------------] 20"));
+    mTerminal.type("++");
+    EXPECT_TRUE(mTerminal.waitFor("[#####--------------------] 22"));
+    EXPECT_EQ(SimulatorEnvironment::transact(requestOf(0x2009, {0})), replyOf({0, 22}));
+    mTerminal.type("m");
+    EXPECT_TRUE(mTerminal.waitFor("] 22 mute"));
+    mTerminal.type("s");
+    EXPECT_TRUE(mTerminal.waitFor("Source    \x1b[0mDIG1"));
+    mTerminal.type("u");
+    EXPECT_TRUE(mTerminal.waitFor("DIG1 (unplugged)"));
+    mTerminal.type("\x1b[A");
+    EXPECT_TRUE(mTerminal.waitFor("key 103 up"));
+    mTerminal.type("?");
+    EXPECT_TRUE(mTerminal.waitFor("q    leave, as Ctrl-C does"));
+    mTerminal.type("q");
+    EXPECT_EQ(simulator->exitCode(), 0);
+    EXPECT_TRUE(mTerminal.waitFor(kLeave));
+    EXPECT_TRUE(mTerminal.echoes());
+}
+
+TEST_F(UiTerminal, ShowsInputsAndCecDevices) {
+    const auto simulator = start();
+    EXPECT_TRUE(mTerminal.waitFor("Inputs    \x1b[0mATV, DIG1, DIG2, CVBS1, CVBS2 (no signal), "));
+    EXPECT_TRUE(mTerminal.waitFor("4 Disc player, 5 Soundbar, 8 Streaming box (unplugged), 3 Set-top box (unplugged)"));
+}
+
 TEST_F(UiTerminal, HasNoColourWhenThereIsToBeNone) {
     ::setenv("NO_COLOR", "1", 1);
     const auto simulator = start();
     ::unsetenv("NO_COLOR");
     ASSERT_TRUE(mTerminal.waitFor(kEnter));
-    EXPECT_TRUE(mTerminal.waitFor("\x1b[Hkelutv-simulator\x1b[K\r\nPower     on\x1b[K\r\n"));
+    EXPECT_TRUE(mTerminal.waitFor("\x1b[Hkelutv-simulator  q leaves, ? shows keys\x1b[K\r\nPower     on\x1b[K\r\n"));
 }
 
 TEST_F(UiTerminal, TellsOfTheEndOfAScenario) {
