@@ -114,8 +114,13 @@ TEST_F(SimCommand, CarriesOutTheLinesOfStandardInput) {
 
 TEST_F(SimCommand, GivesJsonADocumentALine) {
     expectData({"--json", "set", "audio.volume[0]", "=", "35"}, "{\"ok\":true,\"lines\":[]}\n");
+    const std::string speaker = "{\"value\":0,\"enumerator\":\"KELU_TV_AUDIO_CHANNEL_SPEAKER\"}";
     expectData({"get", "audio.volume", "--json"}, "{\"ok\":true,\"lines\":[\"audio.volume[0] = 35\","
-                                                  "\"# audio.volume of any other key: 20\"]}\n");
+                                                  "\"# audio.volume of any other key: 20\"],"
+                                                  "\"states\":[{\"state\":\"audio.volume\",\"keys\":[" +
+                                                      speaker +
+                                                      "],\"values\":[35],\"settable\":true}],"
+                                                      "\"initial\":[{\"state\":\"audio.volume\",\"values\":[20]}]}\n");
     const ToolRun run = runTool({"--json", "sim", "get", "audio.volum"});
     EXPECT_EQ(run.exit, 1);
     EXPECT_EQ(
@@ -124,6 +129,40 @@ TEST_F(SimCommand, GivesJsonADocumentALine) {
         "lists them\"]}\n");
     EXPECT_EQ(run.error, "{\"error\":{\"message\":\"there is no state 'audio.volum'; nearest: audio.volume, "
                          "audio.volumeToReg; show lists them\",\"exit\":1}}\n");
+}
+
+/** The part of the document of a line behind its lines. */
+std::string dataOf(const Words& words) {
+    const ToolRun run = sim(words);
+    EXPECT_EQ(run.exit, 0) << run.error;
+    const std::size_t end = run.output.find("],\"");
+    return end == std::string::npos ? run.output : run.output.substr(end + 2);
+}
+
+TEST_F(SimCommand, GivesAsDataWhatItShows) {
+    EXPECT_EQ(dataOf({"--json", "show", "powe[r]"}),
+              "\"power\":{\"state\":{\"value\":0,\"enumerator\":\"KELU_SIM_POWER_STATE_ON\"},"
+              "\"lastPowerOffMode\":0,\"wakeupMode\":0}}\n");
+    EXPECT_EQ(dataOf({"--json", "show", "cec soundbar"}),
+              "\"cecDevices\":[{\"logAddr\":5,\"hdmiDevPort\":1,\"name\":\"Soundbar\",\"phyAddr\":\"2.0.0.0\","
+              "\"listText\":\"HDMI2 Soundbar\",\"plugged\":true}]}\n");
+    expectData({"unplug", "hdmi1"}, "");
+    const std::string source = dataOf({"--json", "show", "source*hdmi1"});
+    EXPECT_EQ(source.rfind("\"sources\":[{\"source\":{\"value\":9,\"enumerator\":\"KELU_TV_SRC_HDMI1\"},"
+                           "\"plugged\":false,\"signal\":{",
+                           0),
+              0U)
+        << source;
+    EXPECT_NE(source.find("\"sourcemanager.timingInfo\":[1920,1080,60,0,"), std::string::npos) << source;
+    expectData({"fault", "any", "error", "-5"}, "");
+    EXPECT_EQ(dataOf({"--json", "faults"}), "\"faults\":[\"any error -5\"]}\n");
+    expectData({"fault", "clear"}, "");
+    EXPECT_EQ(
+        dataOf({"--json", "get", "picture.currentPictureMode"}),
+        "\"states\":[{\"state\":\"picture.currentPictureMode\",\"keys\":[],\"values\":[0],\"settable\":true}]}\n");
+    EXPECT_EQ(dataOf({"--json", "help", "vbi"}),
+              "\"verbs\":[{\"verb\":\"vbi\",\"form\":\"TYPE [HEX]\",\"meaning\":\"Delivers a VBI block of this type, 1 "
+              "to 65535, with these bytes, at most 65532.\",\"example\":\"vbi 7 0102ff\"}]}\n");
 }
 
 TEST_F(SimCommand, BringsBackWhatWasShown) {

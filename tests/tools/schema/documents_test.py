@@ -173,7 +173,12 @@ class Documents(unittest.TestCase):
         self.documents(self.run_tool("eep", "write", "tv", "0x8A00", "1", "2").stderr, "message")
 
     def test_the_simulator_and_help(self) -> None:
-        self.printed("sim", "sim", "show", "audio.volume")
+        self.printed("sim", "sim", "set", "audio.volume[0]", "=", "20")
+        self.printed("sim", "sim", "fault", "CMD_AUDIO_GETVOLUME", "error", "-5", "once")
+        self.printed("sim", "sim", "faults")
+        self.printed("sim", "sim", "fault", "clear")
+        self.printed("sim", "sim", "show")
+        self.printed("sim", "sim", "help")
         self.printed("help", "help", "get")
         self.printed("complete", "complete", "--", "get", "vol")
 

@@ -2,6 +2,7 @@
 #include "simulator/control/ControlMessage.h"
 #include "simulator/control/ControlVerbs.h"
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/sim/SimDocument.h"
 #include "wire/text/Quote.h"
 #include "wire/text/Shown.h"
 
@@ -9,7 +10,6 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <sstream>
 
 namespace kelutv::tool {
 
@@ -23,18 +23,9 @@ struct SimOptions {
     std::vector<std::string> words;
 };
 
-Json linesOf(const std::string& text) {
-    Json lines = Json::array();
-    std::istringstream rest(text);
-    for (std::string line; std::getline(rest, line);) {
-        lines.add(line);
-    }
-    return lines;
-}
-
 /** `place` is put before a complaint, to say where the line stands. */
 void print(Context& context, const Answer& answer, const std::string& place) {
-    context.output.document({{"ok", answer.ok}, {"lines", linesOf(answer.text)}});
+    context.output.document(answer.ok ? simDocument(answer.text) : simRefusalDocument(answer.text));
     if (!answer.ok) {
         context.output.complain(place + answer.text, Exit::Failure);
         context.exit = Exit::Failure;
@@ -120,7 +111,9 @@ void run(Context& context, const SimOptions& options) {
     } else if (words == std::vector<std::string>{"-"}) {
         runLines(context, std::cin, "standard input");
     } else if (asksForHelp(words)) {
-        print(context, {true, simulator::controlHelp(words.size() > 1 ? words[1] : "")}, "");
+        const std::string verb = words.size() > 1 ? words[1] : "";
+        context.output.document(simHelpDocument(verb));
+        context.output.line(simulator::controlHelp(verb));
     } else {
         print(context, ask(*connect(), lineOf(words)), "");
     }
