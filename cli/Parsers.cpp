@@ -51,6 +51,16 @@ std::size_t mostWordsOf(const CLI::Option& option) {
     return static_cast<std::size_t>(std::max(option.get_items_expected_max(), 0));
 }
 
+/** What is wrong with the command line of a program that takes options alone. */
+std::string complaintOf(const CLI::App& app, const CLI::Error& error) {
+    const std::vector<std::string> rest = app.remaining();
+    if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::ExtrasError) || rest.empty()) {
+        return error.what();
+    }
+    const bool isOption = rest.front().size() > 1 && rest.front().front() == '-';
+    return (isOption ? "unknown option '" : "unexpected argument '") + rest.front() + '\'';
+}
+
 /** Help with the examples first. */
 class HelpFormatter : public CLI::Formatter {
 public:
@@ -220,7 +230,9 @@ void Subcommand::requireSubcommand() const { mApp->require_subcommand(1); }
 void Subcommand::action(const std::function<void()>& act) const { mApp->callback(act); }
 
 OptionParser::OptionParser(const char* name, const std::string& description, const std::string& version)
-    : mApp(std::make_unique<CLI::App>(description, name)), mVersion(version) {}
+    : mApp(std::make_unique<CLI::App>(description, name)), mVersion(version) {
+    mApp->formatter(std::make_shared<HelpFormatter>());
+}
 
 OptionParser::~OptionParser() = default;
 
@@ -229,8 +241,9 @@ Subcommand OptionParser::program() const { return Subcommand(Command(*mApp)); }
 std::optional<int> OptionParser::parse(int argc, const char* const* argv,
                                        const std::function<std::string(const std::string&)>& shown) const {
     mApp->set_version_flag("--version", mVersion); // The last one in the help.
-    mApp->failure_message([shown](const CLI::App*, const CLI::Error& error) {
-        return shown(error.what()) + "\nRun with --help for more information.\n";
+    mApp->failure_message([shown](const CLI::App* app, const CLI::Error& error) {
+        const std::string name = app->get_name();
+        return name + ": " + shown(complaintOf(*app, error)) + "\nTry '" + name + " --help'.\n";
     });
     try {
         mApp->parse(argc, argv);

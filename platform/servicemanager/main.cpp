@@ -29,6 +29,17 @@ struct Options {
     std::vector<uid_t> registrars;
 };
 
+/** What a terminal would act on, or cannot show, is `\x1f`. */
+std::string printable(const std::string& text) {
+    std::string shown;
+    for (const char letter : text) {
+        char escaped[8];
+        std::snprintf(escaped, sizeof(escaped), "\\x%02x", static_cast<unsigned int>(letter) & 0xFFU);
+        shown += letter >= ' ' && letter <= '~' ? std::string(1, letter) : std::string(escaped);
+    }
+    return shown;
+}
+
 int takeThePlace(android::KernelBinder& binder, const android::sp<android::BBinder>& registry) {
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
     int error = binder.becomeContextManager(registry);
@@ -43,7 +54,7 @@ int run(const Options& options) {
     std::string problem;
     std::unique_ptr<android::BinderDevice> device = android::BinderDevice::open(options.device, &problem);
     if (device == nullptr) {
-        std::fprintf(stderr, "kqservicemanager: %s\n", problem.c_str());
+        std::fprintf(stderr, "kqservicemanager: %s\n", printable(problem).c_str());
         return EXIT_FAILURE;
     }
     // Served to the end of the process.
@@ -52,7 +63,7 @@ int run(const Options& options) {
     registrars.insert(options.registrars.begin(), options.registrars.end());
     const int error = takeThePlace(*binder, new servicemanager::ServiceRegistry(*binder, registrars));
     if (error != 0) {
-        std::fprintf(stderr, "kqservicemanager: %s: %s\n", options.device.c_str(),
+        std::fprintf(stderr, "kqservicemanager: %s: %s\n", printable(options.device).c_str(),
                      error == -EBUSY ? "another service manager runs" : std::strerror(-error));
         return EXIT_FAILURE;
     }
@@ -79,7 +90,7 @@ int start(int argc, char** argv) {
     program.environment("--device", "KQDROID_BINDER_DEVICE");
     program.option("--allow-uid", options.registrars, std::numeric_limits<uid_t>::max() - 1, "UID",
                    "Let this user add services too; may be given again");
-    if (const auto ended = parser.parse(argc, argv, [](const std::string& complaint) { return complaint; })) {
+    if (const auto ended = parser.parse(argc, argv, printable)) {
         return *ended;
     }
     return run(options);

@@ -4,6 +4,7 @@
 #include "simulator/control/Waiting.h"
 #include "simulator/output/Complaints.h"
 #include "simulator/output/Shortage.h"
+#include "wire/text/Shown.h"
 
 #include <fcntl.h>
 #include <sys/eventfd.h>
@@ -37,7 +38,8 @@ int openChannel(const std::string& path) {
 ControlReader::ControlReader(const std::string& path, Receiver receiver)
     : mReceiver(std::move(receiver)), mChannel(openChannel(path)) {
     if (mChannel < 0) {
-        throw std::runtime_error("cannot open " + path + ": " + std::strerror(errno));
+        const int error = errno;
+        throw std::runtime_error("cannot open " + wire::shown(path, wire::kMostOfPath) + ": " + std::strerror(error));
     }
     mStop = ::eventfd(0, EFD_CLOEXEC);
     mThread = std::thread([this] { read(); });

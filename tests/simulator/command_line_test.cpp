@@ -33,12 +33,43 @@ TEST_F(CommandLine, TellsItsVersion) {
 }
 
 TEST_F(CommandLine, RefusesWhatItDoesNotKnow) {
-    for (const char* const argument : {"--tracing", "volume"}) {
-        const auto simulator = startSimulator({argument});
+    struct Refused {
+        std::vector<std::string> arguments;
+        std::string complaint;
+    };
+    const std::vector<Refused> all{
+        {{"--tracing"}, "unknown option '--tracing'"},
+        {{"volume"}, "unexpected argument 'volume'"},
+        {{"\x1b[2J"}, "unexpected argument '\\x1b[2J'"},
+        {{"--ui", "--trace"}, "--trace excludes --ui"},
+    };
+    for (const Refused& refused : all) {
+        const auto simulator = startSimulator(refused.arguments);
         EXPECT_EQ(simulator->exitCode(), 2);
-        EXPECT_NE(simulator->error().text().find(argument), std::string::npos) << simulator->error().text();
+        EXPECT_EQ(simulator->error().text(),
+                  "kelutv-simulator: " + refused.complaint + "\nTry 'kelutv-simulator --help'.\n");
         EXPECT_EQ(simulator->output().text(), "");
     }
+}
+
+TEST_F(CommandLine, ShowsPathsWithoutWhatATerminalWouldActOn) {
+    for (const char* const option : {"--config", "--state", "--eep", "--control", "--scenario"}) {
+        const auto simulator = startSimulator({option, mRuntimeDir.path() + "/nowhere/\x1b[2J"});
+        EXPECT_GT(simulator->exitCode().value_or(0), 0) << option;
+        EXPECT_NE(simulator->error().text().find("/nowhere/\\x1b[2J"), std::string::npos) << simulator->error().text();
+        EXPECT_EQ(simulator->error().text().find('\x1b'), std::string::npos) << option;
+    }
+}
+
+TEST_F(CommandLine, HelpNamesTheProgramAndItsScenarios) {
+    const auto simulator = startSimulator({"--help"});
+    EXPECT_EQ(simulator->exitCode(), 0);
+    const std::string help = simulator->output().text();
+    EXPECT_EQ(help.rfind("Examples:\n  kelutv-simulator --trace\n\nUsage: kelutv-simulator [OPTIONS]\n", 0), 0U)
+        << help;
+    EXPECT_NE(help.find("\nScenarios: factory-line first-start hdmi-hotplug-cec hotel signal-loss\n"),
+              std::string::npos)
+        << help;
 }
 
 TEST_F(CommandLine, EndsCleanlyOnASignal) {
