@@ -79,7 +79,22 @@ if(TARGET kelutv)
             DESTINATION "${completions}"
             RENAME ${program}
             COMPONENT tools)
+        install(
+            FILES "${PROJECT_SOURCE_DIR}/tools/completion/kelutv.fish"
+            DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d"
+            RENAME ${program}.fish
+            COMPONENT tools)
     endforeach()
+    # Debian's zsh has a folder for what comes in packages.
+    if(KELUTV_PACKAGES)
+        set(zsh_folder vendor-completions)
+    else()
+        set(zsh_folder site-functions)
+    endif()
+    install(
+        FILES "${PROJECT_SOURCE_DIR}/tools/completion/_kelutv"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder}"
+        COMPONENT tools)
 endif()
 if(TARGET kelutv-simulator)
     install(

@@ -1,5 +1,6 @@
 #include "simulator/Program.h"
 #include "simulator/output/StandardDescriptors.h"
+#include "simulator/text/Join.h"
 
 #include "cli/OptionParser.h"
 #include "wire/text/Shown.h"
@@ -46,6 +47,7 @@ void describe(const kelutv::cli::Subcommand& program, kelutv::simulator::Options
     program.flag("--exit-at-end", options.exitAtEnd,
                  "End with the scenario: with exit code 0, or 4 when one of its steps failed");
     program.needs("--exit-at-end", "--scenario");
+    program.footer("Scenarios: " + kelutv::simulator::joinedWords(kelutv::simulator::scenarioNames()));
 }
 
 int start(int argc, char** argv) {

@@ -111,21 +111,6 @@ std::vector<fs::path> scenarioFolders() {
     return {folder / "scenarios", folder.parent_path() / KELUTV_SCENARIO_DIR};
 }
 
-std::vector<std::string> scenarioNames() {
-    std::vector<std::string> names;
-    for (const fs::path& folder : scenarioFolders()) {
-        std::error_code error;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-            if (entry.path().extension() == kSuffix) {
-                names.push_back(entry.path().stem());
-            }
-        }
-    }
-    std::sort(names.begin(), names.end());
-    names.erase(std::unique(names.begin(), names.end()), names.end());
-    return names;
-}
-
 std::string contentOf(const std::string& path) {
     try {
         return readRegularFile(path);
@@ -152,6 +137,21 @@ Scenario readScenario(const std::string& path, const Scenario::Check& check) {
         }
     }
     return scenario;
+}
+
+std::vector<std::string> scenarioNames() {
+    std::vector<std::string> names;
+    for (const fs::path& folder : scenarioFolders()) {
+        std::error_code error;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
+            if (entry.path().extension() == kSuffix) {
+                names.push_back(entry.path().stem());
+            }
+        }
+    }
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
 }
 
 std::string findScenario(const std::string& nameOrPath) {

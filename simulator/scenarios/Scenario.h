@@ -43,6 +43,9 @@ struct Scenario {
 /** @throws ScenarioError for a file that cannot be read or has a line that makes no sense */
 Scenario readScenario(const std::string& path, const Scenario::Check& check);
 
+/** Those that come with the simulator, in alphabetical order. */
+std::vector<std::string> scenarioNames();
+
 /**
  * The file that is meant: a path, or the name of a scenario that comes with the simulator.
  * @throws ScenarioError when there is none, with the names that there are

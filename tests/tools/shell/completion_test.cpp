@@ -1,6 +1,7 @@
 #include "tools/Terminal.h"
 #include "tools/Tool.h"
 
+#include "simulator/Simulator.h"
 #include "support/ChildProcess.h"
 #include "support/RuntimeDir.h"
 
@@ -12,13 +13,61 @@
 namespace kelutv::test {
 namespace {
 
-/** What follows for a begun command line. */
+/** What may follow in a begun command line, in every shell. */
 struct Line {
     std::string begun;
     std::string names;
 };
 
-/** A folder with a few files, in which the shell works. */
+std::string begunOf(const std::vector<Line>& lines) {
+    std::string begun;
+    for (const Line& line : lines) {
+        begun += (begun.empty() ? "" : "\n") + line.begun;
+    }
+    return begun;
+}
+
+std::string namesOf(const std::vector<Line>& lines) {
+    std::string names;
+    for (const Line& line : lines) {
+        names += line.names + '\n';
+    }
+    return names;
+}
+
+/** Runs in a shell for each of the lines in BEGUN, and prints what each may become in a line of its own. */
+constexpr char kInBash[] = R"sh(
+. "$COMPLETION"
+while IFS= read -r line; do
+    COMP_LINE=$line COMP_POINT=${#line}
+    _kelutv ${line%% *}
+    word=${line##*[[:space:]]} names=()
+    for name in "${COMPREPLY[@]}"; do
+        eval "names+=(\"\${word%\"\${word##*[:=@]}\"}\"$name)"
+    done
+    (IFS='|'; echo "${names[*]}")
+done <<< "$BEGUN"
+)sh";
+/** What takes the names is that of an interactive shell alone. */
+constexpr char kInZsh[] = R"sh(
+functions[_kelutv]="$(<$COMPLETION)"
+compadd() { [[ $1 == -S ]] && shift 2; found+=("${(@P)2}") }
+for line in "${(@f)BEGUN}"; do
+    found=() words=("${(@z)line}")
+    [[ $line == *' ' ]] && words+=('')
+    CURRENT=$#words PREFIX=$words[-1]
+    _kelutv
+    print -r -- ${(j:|:)${(o)found}}
+done
+)sh";
+constexpr char kInFish[] = R"sh(
+source $COMPLETION
+for line in (string split \n -- $BEGUN)
+    echo (complete -C $line | sort | string join '|')
+end
+)sh";
+
+/** A folder with a few files, in which the shells work. */
 class Completion : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -29,45 +78,60 @@ protected:
             << "## Events\n| identifier | event | payload | when |\n| 0x60001 | lampSwitched | - | Always. |\n";
     }
 
-    /** The candidates that bash gets, in one line. */
-    std::string inBash(const std::string& line) const {
+    std::string outputOf(std::vector<std::string> shell, const std::string& completion, const std::string& script,
+                         const std::string& lines) const {
         ChildProcess::Options options;
         options.captureOutput = true;
         options.captureError = true;
-        options.environment = {"LINE=" + line, "FOLDER=" + mFolder.path()};
-        ChildProcess bash({"/bin/bash", "--norc", "-c",
-                           "cd \"$FOLDER\" && . '" KELUTV_COMPLETION "'\n"
-                           "COMP_LINE=$LINE; COMP_POINT=${#LINE}\n"
-                           "program=${LINE%% *}; function=_${program//-/_}\n"
-                           "kelutv() { '" KELUTV_TOOL_PROGRAM "' \"$@\"; }\n"
-                           "kelutv-simulator() { '" KELUTV_SIMULATOR_PROGRAM "' \"$@\"; }\n"
-                           "$function $program\n"
-                           "IFS='|'; echo \"${COMPREPLY[*]}\""},
-                          options);
-        EXPECT_EQ(bash.exitCode(), 0) << bash.error().text();
-        const std::string text = bash.output().text();
-        return text.substr(0, text.find('\n'));
+        options.environment = {"BEGUN=" + lines, "COMPLETION=" KELUTV_COMPLETIONS "/" + completion, "LC_ALL=C",
+                               "HOME=" + mFolder.path(), "PATH=" KELUTV_PROGRAM_FOLDERS ":/usr/bin:/bin"};
+        shell.insert(shell.end(), {"-c", "cd '" + mFolder.path() + "'\n" + script});
+        ChildProcess process(shell, options);
+        EXPECT_EQ(process.exitCode(), 0) << process.error().text();
+        EXPECT_EQ(process.error().text(), "");
+        return process.output().text();
+    }
+
+    void expectInBash(const std::vector<Line>& lines) const {
+        EXPECT_EQ(outputOf({"/bin/bash", "--norc"}, "kelutv", kInBash, begunOf(lines)), namesOf(lines));
+    }
+
+    void expectInEveryShell(const std::vector<Line>& lines) const {
+        expectInBash(lines);
+        EXPECT_EQ(outputOf({"/usr/bin/zsh", "-f"}, "_kelutv", kInZsh, begunOf(lines)), namesOf(lines));
+        EXPECT_EQ(outputOf({"/usr/bin/fish", "--no-config"}, "kelutv.fish", kInFish, begunOf(lines)), namesOf(lines));
     }
 
     RuntimeDir mFolder;
 };
 
-TEST_F(Completion, completesInBash) {
-    const std::vector<Line> lines{
+TEST_F(Completion, completesInEveryShell) {
+    expectInEveryShell({
         {"kelutv st", "status"},
+        {"kelutv get --", "--color|--help|--json|--quiet|--version"},
+        {"kelutv set source hd", "hdmi1|hdmi2|hdmi3|hdmi4"},
+        {"kelutv 'get' volu", "volume"},
+        {"kelutv nothing ", ""},
+        {"kelutv describe CConfig::GetARC", "CConfig::GetARCEnable|CConfig::GetARCMode"},
+        {"kelutv call audio.setVolume @ima", "@image two.bin|@image.bin"},
+        {"kelutv trace --output oth", "other"},
+        {"kelutv sim cec add log", "logAddr="},
+        {"kelutv-simulator --scenario ho", "hotel"},
+    });
+}
+
+TEST_F(Completion, knowsWhatMayStandInALine) {
+    expectInBash({
         {"kelutv --json desc", "describe"},
         {"kelutv --color ", "always|auto|never"},
-        {"kelutv get --", "--color|--help|--json|--quiet|--version"},
         {"kelutv get vol", "volume"},
         {"kelutv get las", "last-power-off"},
         {"kelutv set las", ""},
         {"kelutv set mute ", "off|on|toggle"},
-        {"kelutv set source hd", "hdmi1|hdmi2|hdmi3|hdmi4"},
         {"kelutv set volume ", ""},
         {"kelutv help s", "set|sim|status"},
         {"kelutv call audio.setVol", "audio.setVolume|audio.setVolumeByC|audio.setVolumeToReg"},
         {"kelutv call linux_tv_Audio_setVolume", "linux_tv_Audio_setVolume|linux_tv_Audio_setVolumeToReg"},
-        {"kelutv describe CConfig::GetARC", "GetARCEnable|GetARCMode"},
         {"kelutv call audio.setVolume sp", "spdif|speaker"},
         {"kelutv call audio.setVolume KELU_TV_AUDIO_CHANNEL_S",
          "KELU_TV_AUDIO_CHANNEL_SOCOUTPUT|KELU_TV_AUDIO_CHANNEL_SPDIF|KELU_TV_AUDIO_CHANNEL_SPEAKER"},
@@ -76,42 +140,123 @@ TEST_F(Completion, completesInBash) {
         {"kelutv call audio.setMute speaker t", "true"},
         {"kelutv encode audio.setVolume sp", "spdif|speaker"},
         {"kelutv call nothing.here s", ""},
-        {"kelutv call audio.setVolume @ima", "image\\ two.bin|image.bin"},
         {"kelutv call audio.setVolume @none", ""},
-        {"kelutv 'get' \"volu", "volume"},
-        {"kelutv nothing ", ""},
         {"kelutv eep du", "dump"},
         {"kelutv eep dump t", "tv"},
         {"kelutv monitor --module vo", "volume"},
         {"kelutv monitor --event vol", "volumeChanged"},
+        {"kelutv monitor -e vol", "volumeChanged"},
+        {"kelutv monitor -e volumeChanged -e bootV", "bootVolumeChanged"},
         {"kelutv monitor --events oth", "other"},
         {"kelutv monitor --events television.md --event ", "lampSwitched"},
         {"kelutv monitor --events other --event ", ""},
         {"kelutv decode --command CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
-        {"kelutv decode @oth", "other"},
+        {"kelutv decode @oth", "@other"},
         {"kelutv trace --filter CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
         {"kelutv trace --filter CMDID_AUDIO_GET_MAX_V", "CMDID_AUDIO_GET_MAX_VOLUME"},
-        {"kelutv trace --output oth", "other"},
         {"kelutv trace -- oth", "other"},
+        {"kelutv sim --file oth", "other"},
         {"kelutv-simulator --ver", "--version"},
         {"kelutv-simulator --eep oth", "other"},
-    };
-    for (const Line& line : lines) {
-        EXPECT_EQ(inBash(line.begun), line.names) << line.begun;
-    }
+        {"kelutv-simulator --trace --sta", "--state"},
+        {"kelutv-simulator --scenario oth", "other"},
+        {"kelutv-simulator --fault CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
+    });
+}
+
+TEST_F(Completion, knowsTheVerbsOfTheSimulatorWithoutOne) {
+    expectInBash({
+        {"kelutv sim p", "plug|power"},
+        {"kelutv sim audio.vol", "audio.volume|audio.volumeToReg"},
+        {"kelutv sim plug hd", "hdmi1|hdmi2|hdmi3|hdmi4"},
+        {"kelutv sim plug KELU_TV_SRC_HDMI1", "KELU_TV_SRC_HDMI1"},
+        {"kelutv sim plug c", "cec|cvbs1|cvbs2|cvbs3"},
+        {"kelutv sim unplug cec ", ""},
+        {"kelutv sim signal hdmi1 n", "none"},
+        {"kelutv sim cec ", "add|keep|play|put|remove"},
+        {"kelutv sim cec add log", "logAddr="},
+        {"kelutv sim power s", "shallow|suspended"},
+        {"kelutv sim power on w", "wakeupMode="},
+        {"kelutv sim key volume_", "volume_down|volume_up"},
+        {"kelutv sim key power p", "press"},
+        {"kelutv sim event volumeC", "volumeChanged"},
+        {"kelutv sim event 0x60001 @oth", "@other"},
+        {"kelutv sim fault CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
+        {"kelutv sim fault any d", "delay|die"},
+        {"kelutv sim fault any die ", "after|before"},
+        {"kelutv sim get audio.spe", "audio.speakerOutput"},
+        {"kelutv sim reset audio.volume e", "except"},
+        {"kelutv sim show pow", "power"},
+        {"kelutv sim help vb", "vbi"},
+        {"kelutv sim set audio.hangMode = w", "wall"},
+    });
+}
+
+/** Of another television. */
+TEST_F(Completion, asksTheSimulatorThatRuns) {
+    const std::string configuration = mFolder.path() + "/tv.json";
+    std::ofstream(configuration) << R"({
+        "signals": {"wide": {"sourcemanager.signalStatus": 1}},
+        "sources": {"KELU_TV_SRC_HDMI2": null},
+        "cec": {"devices": [{"logAddr": 11, "hdmiDevPort": 0, "name": "Console", "phyAddr": "1.0.0.0", "listText": "",
+                             "plugged": true}]}
+    })";
+    const Simulator simulator({"--config", configuration});
+    expectInBash({
+        {"kelutv sim plug hd", "hdmi1|hdmi3|hdmi4"},
+        {"kelutv sim plug cec ", "11"},
+        {"kelutv sim cec remove ", "11"},
+        {"kelutv sim signal hdmi1 w", "wide"},
+        {"kelutv sim signal hdmi1 2160p60", "2160p60|2160p60-hdr10|2160p60-hdr10plus"},
+    });
+}
+
+/** Bash takes words apart, and puts a reply into the line as it is. */
+TEST_F(Completion, repliesToBashWithWhatTheLineNeeds) {
+    EXPECT_EQ(outputOf({"/bin/bash", "--norc"}, "kelutv",
+                       ". \"$COMPLETION\"; COMP_LINE=$BEGUN COMP_POINT=${#BEGUN}; _kelutv kelutv\n"
+                       "printf '%s|' \"${COMPREPLY[@]}\"",
+                       "kelutv call audio.setVolume @ima"),
+              "image\\ two.bin|image.bin|");
+    EXPECT_EQ(outputOf({"/bin/bash", "--norc"}, "kelutv",
+                       ". \"$COMPLETION\"; COMP_LINE=$BEGUN COMP_POINT=${#BEGUN}; _kelutv kelutv\n"
+                       "printf '%s|' \"${COMPREPLY[@]}\"",
+                       "kelutv 'get' \"volu"),
+              "volume|");
 }
 
 TEST_F(Completion, worksAtTheKeyboardOfBash) {
     Terminal bash({"/bin/bash", "--noprofile", "--norc", "-i"},
                   {"PS1=ready> ", "INPUTRC=/dev/null", "HISTFILE=", "KQDROID_RUNTIME_DIR=" + mFolder.path()});
     ASSERT_TRUE(bash.waitFor("ready> "));
-    bash.type("PATH='" KELUTV_TOOL_FOLDER "':$PATH; . '" KELUTV_COMPLETION "'; echo l''oaded\n");
+    bash.type("PATH='" KELUTV_PROGRAM_FOLDERS "':$PATH; . '" KELUTV_COMPLETIONS "/kelutv'; echo l''oaded\n");
     ASSERT_TRUE(bash.waitFor("loaded"));
     ASSERT_TRUE(bash.waitFor("ready> "));
     bash.type("kelutv desc\taudio.getMaxV\t; exit 7\n");
     EXPECT_TRUE(bash.waitFor("kelutv describe audio.getMaxVolume ")) << bash.text();
     EXPECT_TRUE(bash.waitFor("int linux_tv_Audio_getMaxVolume(int channel)")) << bash.text();
     EXPECT_EQ(bash.exitCode(), 7);
+}
+
+/** The file is found by its name, as that of a package is. */
+TEST_F(Completion, worksAtTheKeyboardOfZsh) {
+    Terminal zsh({"/usr/bin/zsh", "-f", "-i"},
+                 {"PS1=ready> ", "HOME=" + mFolder.path(), "TERM=dumb", "KQDROID_RUNTIME_DIR=" + mFolder.path()});
+    ASSERT_TRUE(zsh.waitFor("ready> "));
+    zsh.type("path=('" KELUTV_TOOL_FOLDER "' $path) fpath=('" KELUTV_COMPLETIONS "' $fpath); "
+             "autoload -Uz compinit; compinit -u -D; print l''oaded\n");
+    ASSERT_TRUE(zsh.waitFor("loaded"));
+    ASSERT_TRUE(zsh.waitFor("ready> "));
+    zsh.type("kelutv desc\taudio.getMaxV\t; exit 7\n");
+    EXPECT_TRUE(zsh.waitFor("int linux_tv_Audio_getMaxVolume(int channel)")) << zsh.text();
+    EXPECT_EQ(zsh.exitCode(), 7);
+}
+
+/** Fish loads the file of the program's name from such a folder. */
+TEST_F(Completion, isFoundByFish) {
+    EXPECT_EQ(outputOf({"/usr/bin/fish", "--no-config"}, "",
+                       "set fish_complete_path '" KELUTV_COMPLETIONS "'\ncomplete -C $BEGUN", "kelutv stat"),
+              "status\n");
 }
 
 TEST_F(Completion, givesWordsAndDocuments) {

@@ -1,5 +1,6 @@
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/shell/Completion.h"
+#include "tools/kelutv/shell/SimulatorOptions.h"
 #include "tools/kelutv/shell/Tokenizer.h"
 
 #include <memory>
@@ -10,9 +11,9 @@ namespace kelutv::tool {
 
 namespace {
 
-void printCompletions(const Command& program, const Output& output, const std::vector<std::string>& words,
-                      const std::string& begun) {
-    const std::vector<std::string> names = completionsOf(program, words, begun);
+constexpr char kSimulator[] = "kelutv-simulator";
+
+void printNames(const Output& output, const std::vector<std::string>& names) {
     for (const std::string& name : names) {
         output.line(name);
     }
@@ -21,11 +22,15 @@ void printCompletions(const Command& program, const Output& output, const std::v
 
 /** A line of the shell, which begins with the name of the program. */
 void completeLine(const Command& program, const Output& output, const std::string& line) {
-    LineTokens tokens = tokenizeUnfinished(line);
-    if (!tokens.complete.empty()) {
-        tokens.complete.erase(tokens.complete.begin());
+    const LineTokens tokens = tokenizeUnfinished(line);
+    if (tokens.complete.empty()) {
+        return;
     }
-    printCompletions(program, output, tokens.complete, tokens.begun);
+    const std::string& name = tokens.complete.front();
+    const std::vector<std::string> words(tokens.complete.begin() + 1, tokens.complete.end());
+    const bool isSimulator = name.substr(name.rfind('/') + 1) == kSimulator;
+    printNames(output, isSimulator ? narrowed(simulatorOptions(name, words, tokens.begun), tokens.begun)
+                                   : completionsOf(program, words, tokens.begun));
 }
 
 void completeWords(const Command& program, const Output& output, std::vector<std::string> words) {
@@ -33,7 +38,7 @@ void completeWords(const Command& program, const Output& output, std::vector<std
     if (!words.empty()) {
         words.pop_back();
     }
-    printCompletions(program, output, words, begun);
+    printNames(output, completionsOf(program, words, begun));
 }
 
 } // namespace
@@ -45,7 +50,8 @@ void addCompleteCommand(const Command& program, Context& context) {
     command.hide(); // For shells, not for people.
     const auto line = std::make_shared<std::string>();
     const auto words = std::make_shared<std::vector<std::string>>();
-    command.option("--line", *line, "LINE", "The line up to the cursor, instead of words");
+    command.option("--line", *line, "LINE",
+                   "The line up to the cursor, instead of words: one of kelutv or of kelutv-simulator");
     command.words("WORD", *words, "The words up to the cursor, behind --");
     command.action([program, &context, command, line, words] {
         if (command.isGiven("--line")) {

@@ -2,7 +2,9 @@
 #include "simulator/control/ControlMessage.h"
 #include "simulator/control/ControlVerbs.h"
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/sim/SimDocument.h"
+#include "tools/kelutv/sim/SimWords.h"
 #include "wire/text/Quote.h"
 #include "wire/text/Shown.h"
 
@@ -137,6 +139,7 @@ void addSimCommand(const Command& program, Context& context) {
     command.option("--file", options->file, "FILE", "Carry out the lines of this file");
     command.words("VERB", options->words, "The verb with its arguments, or - for lines from standard input");
     command.footer(footer());
+    completeAs("VERB", simWords);
     command.action([options, &context] { run(context, *options); });
 }
 

@@ -167,8 +167,8 @@ Names areaNames() {
 using Source = std::function<Names(const Spot&, const std::string&)>;
 
 /** What may stand where the help says so. */
-const std::map<std::string, Source>& sources() {
-    static const std::map<std::string, Source> all{
+std::map<std::string, Source>& sources() {
+    static std::map<std::string, Source> all{
         {"ARG", argumentNames},
         {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
         {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
@@ -221,7 +221,14 @@ std::vector<std::string> completionsOf(const Command& program, const std::vector
     for (const std::string& word : words) {
         step(spot, word);
     }
-    Names names = candidatesAt(spot, begun);
+    return narrowed(candidatesAt(spot, begun), begun);
+}
+
+void completeAs(const std::string& form, const WordSource& source) {
+    sources()[form] = [source](const Spot& spot, const std::string& begun) { return source(spot.arguments, begun); };
+}
+
+std::vector<std::string> narrowed(std::vector<std::string> names, const std::string& begun) {
     names.erase(
         std::remove_if(names.begin(), names.end(), [&begun](const std::string& name) { return !begins(name, begun); }),
         names.end());

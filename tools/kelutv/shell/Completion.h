@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/parser/Parser.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,5 +17,15 @@ namespace kelutv::tool {
  */
 std::vector<std::string> completionsOf(const Command& program, const std::vector<std::string>& words,
                                        const std::string& begun);
+
+/** @param words the arguments of the command before the begun one @return whole words, in any order */
+using WordSource =
+    std::function<std::vector<std::string>(const std::vector<std::string>& words, const std::string& begun)>;
+
+/** Says what may stand where the help of a command has this form. */
+void completeAs(const std::string& form, const WordSource& source);
+
+/** Those that begin as the word does, in order, each once. */
+std::vector<std::string> narrowed(std::vector<std::string> names, const std::string& begun);
 
 } // namespace kelutv::tool
