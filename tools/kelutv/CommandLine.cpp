@@ -53,9 +53,18 @@ Exit run(Parser& parser, const Context& context, std::vector<std::string> words)
     }
 }
 
+/** Takes the place off the words. The parser has no such option, so that complaints about any other have their place.
+ */
+void takePlace(std::vector<std::string>& words) {
+    const bool hasPlace = words.size() > 1 && words.front() == kPlaceWord;
+    Output::setPlace(hasPlace ? words[1] : "");
+    words.erase(words.begin(), words.begin() + (hasPlace ? 2 : 0));
+}
+
 } // namespace
 
 Exit runCommandLine(std::vector<std::string> words) {
+    takePlace(words);
     Context context{runCommandLine};
     context.output.json = asksForJson(words);
     Parser parser = makeProgram(context);

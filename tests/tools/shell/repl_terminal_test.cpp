@@ -56,6 +56,23 @@ TEST_F(ReplAtTerminal, editsCompletesAndRemembers) {
     EXPECT_EQ(terminal.exitCode(), 0);
 }
 
+TEST_F(ReplAtTerminal, anInterruptDiscardsTheLine) {
+    Terminal terminal({KELUTV_TOOL_PROGRAM, "repl"}, settings());
+    ASSERT_TRUE(terminal.waitFor("kelutv> "));
+    terminal.type("set volume 99");
+    ASSERT_TRUE(terminal.waitFor("set volume 99"));
+    terminal.type("\x03");
+    ASSERT_TRUE(terminal.waitFor("kelutv> ")) << terminal.text();
+    terminal.type("help get\n");
+    ASSERT_TRUE(terminal.waitFor("Usage: kelutv get ")) << terminal.text();
+    ASSERT_TRUE(terminal.waitFor("kelutv> "));
+    terminal.type("\x03");
+    ASSERT_TRUE(terminal.waitFor("kelutv> ")) << terminal.text();
+    terminal.type("\x04");
+    EXPECT_EQ(terminal.exitCode(), 0);
+    EXPECT_EQ(history(), "help get\n");
+}
+
 TEST_F(ReplAtTerminal, keepsTheNewestThousandLines) {
     ASSERT_EQ(::mkdir(mState.pathOf("kelutv").c_str(), 0700), 0);
     {

@@ -42,13 +42,13 @@ TEST(Repl, carriesOutLinesOverOneConnection) {
 }
 
 TEST(Repl, goesOnAfterAMistake) {
-    const ReplRun run = runLines("get volme\nfoo\nget \"volume\nset volume x\nset volume 3\nget volume\n");
+    const ReplRun run = runLines("get volme\nfoo\nget \"volume\n# nothing\nset volume x\nset volume 3\nget volume\n");
     EXPECT_EQ(run.exit, 2);
     EXPECT_EQ(run.output, "3\n3\n");
-    EXPECT_EQ(run.error, "kelutv: there is no 'volme' to get or set; nearest: volume\nTry 'kelutv help get'.\n"
-                         "kelutv: unknown command 'foo'\nTry 'kelutv help'.\n"
-                         "kelutv: the quotation mark \" is not closed\n"
-                         "kelutv: volume cannot be 'x', allowed: 0..100, +N, -N\nTry 'kelutv help set'.\n");
+    EXPECT_EQ(run.error, "kelutv: line 1: there is no 'volme' to get or set; nearest: volume\nTry 'kelutv help get'.\n"
+                         "kelutv: line 2: unknown command 'foo'\nTry 'kelutv help'.\n"
+                         "kelutv: line 3: the quotation mark \" is not closed\n"
+                         "kelutv: line 5: volume cannot be 'x', allowed: 0..100, +N, -N\nTry 'kelutv help set'.\n");
 }
 
 TEST(Repl, givesTheExitCodeOfTheLastLineThatFailed) {
@@ -100,7 +100,7 @@ TEST(Repl, encodesBesideItsConnection) {
 TEST(Repl, isNotStartedTwice) {
     const ReplRun run = runLines("repl\n");
     EXPECT_EQ(run.exit, 2);
-    EXPECT_EQ(run.error, "kelutv: this is the repl already\n");
+    EXPECT_EQ(run.error, "kelutv: line 1: this is the repl already\n");
 }
 
 } // namespace

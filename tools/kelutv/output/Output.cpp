@@ -24,6 +24,12 @@ bool isDumb() {
     return terminal == nullptr || std::strcmp(terminal, "dumb") == 0;
 }
 
+/** With what stands between it and the text. */
+std::string& placeOfComplaints() {
+    static std::string place;
+    return place;
+}
+
 const char* codeOf(Style style) {
     switch (style) {
     case Style::Name:
@@ -82,12 +88,15 @@ void Output::message(const std::string& text) const {
     }
 }
 
+void Output::setPlace(const std::string& place) { placeOfComplaints() = place.empty() ? "" : place + ": "; }
+
 void Output::complain(const std::string& text, Exit exit, const std::string& hint) const {
+    const std::string message = printable(placeOfComplaints() + text);
     if (!json) {
-        printMessage(kProgram + printable(text) + (hint.empty() ? "" : "\nTry '" + hint + "'."));
+        printMessage(kProgram + message + (hint.empty() ? "" : "\nTry '" + hint + "'."));
         return;
     }
-    Json error{{"message", printable(text)}, {"exit", static_cast<int>(exit)}};
+    Json error{{"message", message}, {"exit", static_cast<int>(exit)}};
     if (!hint.empty()) {
         error["hint"] = hint;
     }

@@ -33,9 +33,12 @@ public:
     /** A message to the person, on standard error; not with `quiet`. With `json` `{"message": ...}`. */
     void message(const std::string& text) const;
 
+    /** Where complaints are from now on, as "line 3" of a script; empty for nowhere. */
+    static void setPlace(const std::string& place);
+
     /**
-     * What went wrong, on standard error: `kelutv: TEXT`. With `json` `{"error": {"message": ..., "exit": ...}}`, and
-     * `hint` where there is one.
+     * What went wrong, on standard error: `kelutv: TEXT`, with the place before the text. With `json` `{"error":
+     * {"message": ..., "exit": ...}}`, and `hint` where there is one.
      *
      * @param exit what the program ends with
      * @param hint the command line that tells more

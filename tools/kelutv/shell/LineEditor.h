@@ -14,7 +14,10 @@ using Completer =
 /** Gets the terminal ready to edit lines, with these lines to go back to. */
 void startEditing(const std::vector<std::string>& history, const Completer& completer);
 
-/** One line of the terminal, without its end; nothing at the end of the input. */
+/**
+ * One line of the terminal, without its end; nothing at the end of the input. An interrupt from the keyboard discards
+ * what has been written and gives an empty line.
+ */
 std::optional<std::string> readLine(const std::string& prompt);
 
 /** Adds a line to those that can be gone back to. */

@@ -1,6 +1,7 @@
 #include "tools/kelutv/shell/Repl.h"
 
 #include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/parser/Context.h"
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "tools/kelutv/shell/OwnProcess.h"
@@ -69,6 +70,7 @@ Exit Repl::run() {
 }
 
 std::optional<std::string> Repl::nextLine() {
+    ++mLineNumber;
     if (!mAtTerminal) {
         std::string line;
         return std::getline(std::cin, line) ? std::optional<std::string>(line) : std::nullopt;
@@ -91,10 +93,13 @@ Exit Repl::runLine(const std::string& line) {
         }
         return words.empty() ? Exit::Success : runWords(std::move(words));
     } catch (const ToolError& error) {
+        Output::setPlace(place());
         mOutput.complain(error.what(), error.exit());
         return error.exit();
     }
 }
+
+std::string Repl::place() const { return mAtTerminal ? "" : "line " + std::to_string(mLineNumber); }
 
 Exit Repl::runWords(std::vector<std::string> words) {
     const std::string command = commandOf(words);
@@ -106,6 +111,9 @@ Exit Repl::runWords(std::vector<std::string> words) {
         throw UsageError("this is the repl already");
     }
     words.insert(words.begin(), mOptions.begin(), mOptions.end());
+    if (!mAtTerminal) {
+        words.insert(words.begin(), {kPlaceWord, place()});
+    }
     // These change the process that they run in, or watch until they are interrupted.
     return isAnyOf(command, {"encode", "monitor", "trace"}) ? runInOwnProcess(words)
                                                             : mRunCommandLine(std::move(words));

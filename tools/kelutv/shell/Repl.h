@@ -5,6 +5,7 @@
 #include "tools/kelutv/parser/Parser.h"
 #include "tools/kelutv/shell/History.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,6 +38,8 @@ private:
     std::optional<std::string> nextLine();
     Exit runLine(const std::string& line);
     Exit runWords(std::vector<std::string> words);
+    /** Of the present line in a script; empty at a terminal. */
+    std::string place() const;
 
     RunCommandLine mRunCommandLine;
     std::vector<std::string> mOptions;
@@ -44,6 +47,7 @@ private:
     const Output& mOutput;
     bool mAtTerminal;
     bool mEnded = false;
+    std::size_t mLineNumber = 0;
     History mHistory;
 };
 
