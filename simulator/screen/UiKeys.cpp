@@ -150,7 +150,7 @@ std::vector<std::string> keyHelp() {
         "u    unplug the source, or plug it in",
         "p    power",
         "arrows, Enter, Backspace, h (home), M (menu), 0 to 9: keys for the application",
-        "?    what happens",
+        "?    the television again",
         "q    leave, as Ctrl-C does",
     };
 }

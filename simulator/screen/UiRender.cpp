@@ -90,12 +90,12 @@ public:
 
     Lines rows() {
         addTitle();
-        addTelevision();
-        addFaults();
-        const std::size_t left = mSize.rows > mRows.size() ? mSize.rows - mRows.size() : 0;
         if (mView.showsKeys) {
-            addLatest("Keys", keyHelp(), left);
+            addLatest("Keys", keyHelp(), rowsLeft());
         } else {
+            addTelevision();
+            addFaults();
+            const std::size_t left = rowsLeft();
             addLatest("Commands", mView.commands, left - left / 2);
             addLatest("Events", mView.events, left / 2);
         }
@@ -104,6 +104,8 @@ public:
     }
 
 private:
+    std::size_t rowsLeft() const { return mSize.rows > mRows.size() ? mSize.rows - mRows.size() : 0; }
+
     RowBuilder row() const { return RowBuilder(mSize.columns, mColor); }
 
     void addTitle() {

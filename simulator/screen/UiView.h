@@ -48,7 +48,7 @@ struct UiView {
     /** What the latest requests and events were, the latest last. */
     std::vector<std::string> commands;
     std::vector<std::string> events;
-    /** Whether the keyboard can be read, and whether it is explained in place of commands and events. */
+    /** Whether the keyboard can be read, and whether it is explained in place of all else. */
     bool hasKeys = false;
     bool showsKeys = false;
 };

@@ -84,7 +84,8 @@ protected:
         options.captureOutput = true;
         options.captureError = true;
         options.environment = {"BEGUN=" + lines, "COMPLETION=" KELUTV_COMPLETIONS "/" + completion, "LC_ALL=C",
-                               "HOME=" + mFolder.path(), "PATH=" KELUTV_PROGRAM_FOLDERS ":/usr/bin:/bin"};
+                               "HOME=" + mFolder.path(),
+                               std::string("PATH=") + KELUTV_PROGRAM_FOLDERS + ":/usr/bin:/bin"};
         shell.insert(shell.end(), {"-c", "cd '" + mFolder.path() + "'\n" + script});
         ChildProcess process(shell, options);
         EXPECT_EQ(process.exitCode(), 0) << process.error().text();
