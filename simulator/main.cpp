@@ -50,6 +50,13 @@ void describe(const kelutv::cli::Subcommand& program, kelutv::simulator::Options
     program.footer("Scenarios: " + kelutv::simulator::joinedWords(kelutv::simulator::scenarioNames()));
 }
 
+/** Says what is wrong, where paths may have in them what a terminal would act on. */
+int complain(const std::exception& error, int exit) {
+    const std::string text = error.what();
+    std::fprintf(stderr, "kelutv-simulator: %s\n", kelutv::wire::shown(text, text.size()).c_str());
+    return exit;
+}
+
 int start(int argc, char** argv) {
     kelutv::simulator::Options options;
     const kelutv::cli::OptionParser parser("kelutv-simulator",
@@ -71,13 +78,10 @@ int main(int argc, char** argv) {
     try {
         return start(argc, argv);
     } catch (const kelutv::simulator::ConfigurationError& error) {
-        std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
-        return kelutv::cli::kBadUsage;
+        return complain(error, kelutv::cli::kBadUsage);
     } catch (const kelutv::simulator::ScenarioError& error) {
-        std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
-        return kelutv::cli::kBadUsage;
+        return complain(error, kelutv::cli::kBadUsage);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "kelutv-simulator: %s\n", error.what());
-        return EXIT_FAILURE;
+        return complain(error, EXIT_FAILURE);
     }
 }

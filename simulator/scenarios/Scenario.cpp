@@ -123,7 +123,7 @@ std::string contentOf(const std::string& path) {
 
 Scenario readScenario(const std::string& path, const Scenario::Check& check) {
     std::istringstream file(contentOf(path));
-    Scenario scenario{path, {}};
+    Scenario scenario{wire::shown(path, wire::kMostOfPath), {}};
     int lineNumber = 0;
     for (std::string line; std::getline(file, line);) {
         ++lineNumber;
@@ -133,7 +133,7 @@ Scenario readScenario(const std::string& path, const Scenario::Check& check) {
         try {
             scenario.steps.push_back(StepReader(line, lineNumber).read(check));
         } catch (const std::invalid_argument& complaint) {
-            throw ScenarioError(path + ":" + std::to_string(lineNumber) + ": " + complaint.what());
+            throw ScenarioError(scenario.path + ":" + std::to_string(lineNumber) + ": " + complaint.what());
         }
     }
     return scenario;

@@ -36,6 +36,7 @@ struct Scenario {
     /** What is wrong with a line for the control channel as far as can be said beforehand. */
     using Check = std::function<std::optional<std::string>(const std::string& line)>;
 
+    /** As messages show it. */
     std::string path;
     std::vector<ScenarioStep> steps;
 };

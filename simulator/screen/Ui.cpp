@@ -24,7 +24,7 @@ void Ui::start(const Orders& orders) {
     mOrders = orders;
     mTerminal.enter();
     mThread = std::thread([this] { drawChanges(); });
-    if (mView.hasKeys) {
+    if (mHasKeys) {
         mKeyboard = std::make_unique<UiKeyboard>(mTerminal.descriptor(), [this](const UiKey& key) { takeKey(key); });
     }
 }
@@ -86,7 +86,7 @@ void Ui::settled(const Television& television) {
     UiView view = viewOf(television.equipment());
     {
         const std::lock_guard<std::mutex> lock(mMutex);
-        view.hasKeys = mView.hasKeys;
+        view.hasKeys = mHasKeys;
         view.showsKeys = mView.showsKeys;
         view.commands = std::move(mView.commands);
         view.events = std::move(mView.events);

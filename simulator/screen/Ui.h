@@ -27,7 +27,7 @@ public:
     };
 
     /** @param hasKeys whether the keys of the terminal are those of the television */
-    Ui(int terminal, bool color, bool hasKeys) : mTerminal(terminal), mColor(color) { mView.hasKeys = hasKeys; }
+    Ui(int terminal, bool color, bool hasKeys) : mTerminal(terminal), mColor(color), mHasKeys(hasKeys) {}
     ~Ui() override;
 
     /** Takes the terminal over. */
@@ -74,6 +74,7 @@ private:
     std::mutex mTerminalMutex;
     UiTerminal mTerminal;
     const bool mColor;
+    const bool mHasKeys;
     std::thread mThread;
     Orders mOrders;
     std::unique_ptr<UiKeyboard> mKeyboard;

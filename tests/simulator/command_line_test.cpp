@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <fstream>
 #include <stdexcept>
 #include <thread>
 
@@ -57,6 +58,17 @@ TEST_F(CommandLine, ShowsPathsWithoutWhatATerminalWouldActOn) {
         const auto simulator = startSimulator({option, mRuntimeDir.path() + "/nowhere/\x1b[2J"});
         EXPECT_GT(simulator->exitCode().value_or(0), 0) << option;
         EXPECT_NE(simulator->error().text().find("/nowhere/\\x1b[2J"), std::string::npos) << simulator->error().text();
+        EXPECT_EQ(simulator->error().text().find('\x1b'), std::string::npos) << option;
+    }
+}
+
+TEST_F(CommandLine, ShowsPathsOfFilesThatAreWrongInTheSameWay) {
+    const std::string path = mRuntimeDir.path() + "/\x1b[2J";
+    std::ofstream(path) << "explode";
+    for (const char* const option : {"--config", "--state", "--eep", "--scenario"}) {
+        const auto simulator = startSimulator({option, path});
+        EXPECT_GT(simulator->exitCode().value_or(0), 0) << option;
+        EXPECT_NE(simulator->error().text().find("/\\x1b[2J"), std::string::npos) << simulator->error().text();
         EXPECT_EQ(simulator->error().text().find('\x1b'), std::string::npos) << option;
     }
 }

@@ -116,6 +116,7 @@ TEST_F(Completion, completesInEveryShell) {
         {"kelutv describe CConfig::GetARC", "CConfig::GetARCEnable|CConfig::GetARCMode"},
         {"kelutv call audio.setVolume @ima", "@image two.bin|@image.bin"},
         {"kelutv trace --output oth", "other"},
+        {"kelutv monitor --event=vol", "--event=volumeChanged"},
         {"kelutv sim cec add log", "logAddr="},
         {"kelutv-simulator --scenario ho", "hotel"},
     });

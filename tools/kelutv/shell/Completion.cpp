@@ -196,7 +196,30 @@ std::map<std::string, Source>& sources() {
     return all;
 }
 
+Names namesFor(const Operand& operand, const Spot& spot, const std::string& begun) {
+    const auto source = sources().find(operand.form);
+    return source == sources().end() ? Names() : source->second(spot, begun);
+}
+
+/** For `--option=value`, whose value is begun; none for any other word. */
+std::optional<Names> joinedValues(const Spot& spot, const std::string& begun) {
+    const std::size_t equals = begun.find('=');
+    if (spot.option || spot.onlyArguments || !isOption(begun + ' ') || equals == std::string::npos) {
+        return std::nullopt;
+    }
+    const std::string option = begun.substr(0, equals);
+    const std::optional<Operand> operand = spot.command.optionNamed(option);
+    Names words;
+    for (const std::string& name : operand ? namesFor(*operand, spot, begun.substr(equals + 1)) : Names()) {
+        words.push_back(option + '=' + name);
+    }
+    return words;
+}
+
 Names candidatesAt(const Spot& spot, const std::string& begun) {
+    if (const auto values = joinedValues(spot, begun)) {
+        return *values;
+    }
     if (!spot.option && !spot.onlyArguments && isOption(begun + ' ')) {
         return spot.command.optionNames();
     }
@@ -209,8 +232,7 @@ Names candidatesAt(const Spot& spot, const std::string& begun) {
         return spot.command.namesBelow();
     }
     const std::optional<Operand> operand = spot.option ? spot.option : positionalOf(spot);
-    const auto source = operand ? sources().find(operand->form) : sources().end();
-    return source == sources().end() ? Names() : source->second(spot, begun);
+    return operand ? namesFor(*operand, spot, begun) : Names();
 }
 
 } // namespace
