@@ -207,11 +207,11 @@ std::optional<Names> joinedValues(const Spot& spot, const std::string& begun) {
     if (spot.option || spot.onlyArguments || !isOption(begun + ' ') || equals == std::string::npos) {
         return std::nullopt;
     }
-    const std::string option = begun.substr(0, equals);
-    const std::optional<Operand> operand = spot.command.optionNamed(option);
+    const std::string option = begun.substr(0, equals + 1);
+    const std::optional<Operand> operand = spot.command.optionNamed(begun.substr(0, equals));
     Names words;
     for (const std::string& name : operand ? namesFor(*operand, spot, begun.substr(equals + 1)) : Names()) {
-        words.push_back(option + '=' + name);
+        words.push_back(option + name);
     }
     return words;
 }
