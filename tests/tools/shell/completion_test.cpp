@@ -109,7 +109,7 @@ protected:
 TEST_F(Completion, completesInEveryShell) {
     expectInEveryShell({
         {"kelutv st", "status"},
-        {"kelutv get --", "--color|--help|--json|--quiet|--version"},
+        {"kelutv get --co", "--color"},
         {"kelutv set source hd", "hdmi1|hdmi2|hdmi3|hdmi4"},
         {"kelutv 'get' volu", "volume"},
         {"kelutv nothing ", ""},
@@ -124,16 +124,20 @@ TEST_F(Completion, completesInEveryShell) {
 
 TEST_F(Completion, knowsWhatMayStandInALine) {
     expectInBash({
+        {"kelutv st", "status"},
         {"kelutv --json desc", "describe"},
         {"kelutv --color ", "always|auto|never"},
+        {"kelutv get --", "--color|--help|--json|--quiet|--version"},
         {"kelutv get vol", "volume"},
         {"kelutv get las", "last-power-off"},
         {"kelutv set las", ""},
         {"kelutv set mute ", "off|on|toggle"},
+        {"kelutv set source hd", "hdmi1|hdmi2|hdmi3|hdmi4"},
         {"kelutv set volume ", ""},
         {"kelutv help s", "set|sim|status"},
         {"kelutv call audio.setVol", "audio.setVolume|audio.setVolumeByC|audio.setVolumeToReg"},
         {"kelutv call linux_tv_Audio_setVolume", "linux_tv_Audio_setVolume|linux_tv_Audio_setVolumeToReg"},
+        {"kelutv describe CConfig::GetARC", "CConfig::GetARCEnable|CConfig::GetARCMode"},
         {"kelutv call audio.setVolume sp", "spdif|speaker"},
         {"kelutv call audio.setVolume KELU_TV_AUDIO_CHANNEL_S",
          "KELU_TV_AUDIO_CHANNEL_SOCOUTPUT|KELU_TV_AUDIO_CHANNEL_SPDIF|KELU_TV_AUDIO_CHANNEL_SPEAKER"},
@@ -142,7 +146,10 @@ TEST_F(Completion, knowsWhatMayStandInALine) {
         {"kelutv call audio.setMute speaker t", "true"},
         {"kelutv encode audio.setVolume sp", "spdif|speaker"},
         {"kelutv call nothing.here s", ""},
+        {"kelutv call audio.setVolume @ima", "@image two.bin|@image.bin"},
         {"kelutv call audio.setVolume @none", ""},
+        {"kelutv 'get' volu", "volume"},
+        {"kelutv nothing ", ""},
         {"kelutv eep du", "dump"},
         {"kelutv eep dump t", "tv"},
         {"kelutv monitor --module vo", "volume"},
