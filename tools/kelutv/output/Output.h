@@ -7,6 +7,9 @@
 
 namespace kelutv::tool {
 
+/** Stands before the words of a line of a script; the word behind it is the place that complaints name. */
+constexpr char kPlaceWord[] = "--place";
+
 enum class Color { Automatic, Always, Never };
 
 /** How a piece of text stands out where there is colour. */

@@ -8,9 +8,6 @@
 
 namespace kelutv::tool {
 
-/** Stands before the words of a line of a script; the word behind it is the place that complaints name. */
-constexpr char kPlaceWord[] = "--place";
-
 /** What every command has at hand. */
 struct Context {
     /** Runs another command line in this process. */

@@ -118,9 +118,9 @@ int nextKey(std::FILE* input) {
 void startEditing(const std::vector<std::string>& history, const Completer& completions) {
     static char breaks[] = " \t\n";
     static char program[] = "kelutv";
+    rl_getc_function = nextKey;
     completer = completions;
     rl_readline_name = program;
-    rl_getc_function = nextKey;
     ::rl_initialize();
     ::using_history();
     rl_completer_word_break_characters = breaks;

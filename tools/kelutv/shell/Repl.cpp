@@ -1,7 +1,6 @@
 #include "tools/kelutv/shell/Repl.h"
 
 #include "tools/kelutv/output/StandardOutput.h"
-#include "tools/kelutv/parser/Context.h"
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "tools/kelutv/shell/OwnProcess.h"
