@@ -4,8 +4,6 @@
 #include "KernelConversation.h"
 #include "socket/ProcessLife.h"
 
-#include <binder/Parcel.h>
-
 #include <new>
 #include <utility>
 
@@ -34,10 +32,6 @@ status_t KernelObject::transact(uint32_t code, const Parcel& data, Parcel* reply
 }
 
 status_t KernelObject::watch(std::function<void()> onDeath) {
-    // The driver takes a request for a dead object too, and tells at once; a call that waits for nothing tells first.
-    if (transact(IBinder::PING_TRANSACTION, Parcel(), nullptr, IBinder::FLAG_ONEWAY) == DEAD_OBJECT) {
-        return DEAD_OBJECT;
-    }
     if (!mBinder.startTelling()) {
         return NO_MEMORY;
     }

@@ -52,8 +52,8 @@ public:
     /**
      * Asks for `recipient->binderDied` when the object's process goes away. The recipient is held weakly.
      *
-     * @return NO_ERROR; DEAD_OBJECT when it is gone already (the recipient is then not told); INVALID_OPERATION for an
-     *         object of this process.
+     * @return NO_ERROR, also when it is gone and that is not known here: the recipient is then told at once;
+     * DEAD_OBJECT when that is known, and the recipient is not told; INVALID_OPERATION for an object of this process.
      */
     virtual status_t linkToDeath(const sp<DeathRecipient>& recipient, void* cookie = nullptr, uint32_t flags = 0) = 0;
 

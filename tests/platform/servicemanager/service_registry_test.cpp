@@ -55,15 +55,8 @@ protected:
         return registry->transact(code, request, reply);
     }
 
-    /** Adds a service whose process is found alive. */
     status_t add(const std::string& name, uint32_t handle) { return add(name, handle, Added()); }
     status_t add(const std::string& name, uint32_t handle, const Added& added) {
-        driver.say({command(BR_TRANSACTION_COMPLETE)});
-        return addUnheard(name, handle, added);
-    }
-
-    /** Adds a service of whose process the driver says what comes next. */
-    status_t addUnheard(const std::string& name, uint32_t handle, const Added& added) {
         Parcel request;
         writeHead(&request);
         request.writeString16(String16(name.c_str()));
@@ -136,8 +129,8 @@ TEST_F(ServiceRegistryTest, laterServiceTakesTheName) {
 }
 
 TEST_F(ServiceRegistryTest, namesHaveOneTo127Characters) {
-    EXPECT_EQ(addUnheard("", 5, {}), BAD_VALUE);
-    EXPECT_EQ(addUnheard(std::string(128, 'a'), 5, {}), BAD_VALUE);
+    EXPECT_EQ(add("", 5), BAD_VALUE);
+    EXPECT_EQ(add(std::string(128, 'a'), 5), BAD_VALUE);
     EXPECT_EQ(add(std::string(127, 'a'), 5), NO_ERROR);
     EXPECT_EQ(found(std::string(127, 'a')), 5u);
 }
@@ -154,7 +147,7 @@ TEST_F(ServiceRegistryTest, serviceIsAnObject) {
 
 TEST_F(ServiceRegistryTest, onlyAskingSinksAdd) {
     LogCapture log;
-    EXPECT_EQ(addUnheard("tv", 5, {kShell}), android::PERMISSION_DENIED);
+    EXPECT_EQ(add("tv", 5, {kShell}), android::PERMISSION_DENIED);
     EXPECT_EQ(found("tv"), 0u);
     const std::vector<LogEntry> entries = log.take();
     ASSERT_EQ(entries.size(), 1u);
@@ -235,19 +228,6 @@ TEST_F(ServiceRegistryTest, serviceGoesWithItsProcess) {
     EXPECT_EQ(found("other"), 6u);
     EXPECT_TRUE(eventually([&asking] { return asking.answered(); })) << "nobody is answered while a line is written";
     EXPECT_EQ(asking.text(), "the process of the service tv is gone");
-}
-
-TEST_F(ServiceRegistryTest, serviceThatIsDeadAlreadyIsNotEntered) {
-    driver.say({command(BR_DEAD_REPLY)});
-    EXPECT_EQ(addUnheard("tv", 5, {}), android::DEAD_OBJECT);
-    EXPECT_EQ(found("tv"), 0u);
-}
-
-TEST_F(ServiceRegistryTest, deadServiceDoesNotTakeTheNameOfALivingOne) {
-    ASSERT_EQ(add("tv", 5), NO_ERROR);
-    driver.say({command(BR_DEAD_REPLY)});
-    EXPECT_EQ(addUnheard("tv", 6, {}), android::DEAD_OBJECT);
-    EXPECT_EQ(found("tv"), 5u);
 }
 
 TEST_F(ServiceRegistryTest, serviceThatDiesWhileItIsEnteredGoes) {

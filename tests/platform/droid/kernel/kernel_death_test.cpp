@@ -27,9 +27,7 @@ protected:
         return object == nullptr ? nullptr : new BpBinder(std::move(object));
     }
 
-    /** Links a note; the driver finds the object alive. */
-    void link(const sp<IBinder>& linked, const sp<DeathNote>& recipient) {
-        driver.say({command(BR_TRANSACTION_COMPLETE)});
+    static void link(const sp<IBinder>& linked, const sp<DeathNote>& recipient) {
         ASSERT_EQ(linked->linkToDeath(recipient), NO_ERROR);
     }
 
@@ -73,15 +71,23 @@ TEST_F(KernelDeath, isAskedForOnceAndToldToEveryProxy) {
     driver.sayToServers({command(BR_NOOP)});
     EXPECT_TRUE(driver.waitForSent(BC_DEAD_BINDER_DONE));
     EXPECT_FALSE(first->isBinderAlive());
-    driver.say({command(BR_TRANSACTION_COMPLETE)});
     EXPECT_EQ(proxy()->linkToDeath(new DeathNote), DEAD_OBJECT);
 }
 
-TEST_F(KernelDeath, isNotAskedForWhenTheObjectIsDead) {
+TEST_F(KernelDeath, isAskedOfTheDriverAlone) {
+    const sp<IBinder> watched = proxy();
+    link(watched, note);
+    for (const uint32_t code : driver.takeSentCodes()) {
+        EXPECT_NE(code, static_cast<uint32_t>(BC_TRANSACTION)) << "the service hears of it";
+    }
+}
+
+TEST_F(KernelDeath, ofAnObjectThatIsDeadAlreadyIsTold) {
     const sp<IBinder> dead = proxy();
-    driver.say({command(BR_DEAD_REPLY)});
+    link(dead, note);
+    driver.sayToServers({command(BR_DEAD_BINDER, cookieAskedFor())});
+    EXPECT_TRUE(note->waitFor(1));
     EXPECT_EQ(dead->linkToDeath(note), DEAD_OBJECT);
-    EXPECT_EQ(cookieAskedFor(), 0u);
 }
 
 TEST_F(KernelDeath, objectThatTheDriverDoesNotLetBeHeldHasNoProxyAndIsNotReleased) {
@@ -107,8 +113,7 @@ TEST_F(KernelDeath, requestThatIsNotTakenFailsAndCanBeMadeAgain) {
     ASSERT_TRUE(driver.waitForSent(BC_ENTER_LOOPER));
     const sp<IBinder> watched = proxy();
     driver.takeSent();
-    driver.say({command(BR_TRANSACTION_COMPLETE)});
-    driver.failAfter(1, -ENOMEM);
+    driver.failNext(-ENOMEM);
     EXPECT_EQ(watched->linkToDeath(note), android::NO_MEMORY);
     EXPECT_EQ(cookieAskedFor(), 0u);
     link(watched, note);
