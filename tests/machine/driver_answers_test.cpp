@@ -68,7 +68,7 @@ private:
         if (::write(ready, "", 1) != 1) {
             ::_exit(1);
         }
-        while (driver->await({BR_TRANSACTION}) == BR_TRANSACTION) {
+        while (driver->nextCall().command == BR_TRANSACTION) {
             onCall(*driver);
         }
         ::_exit(0);
@@ -120,6 +120,18 @@ TEST(RuntimeOverTheDriver, refusesTwoMebibytes) {
     const Answer answer = call(peer.binder(), kSum, Bytes(kTwoMebibytes));
     EXPECT_EQ(answer.status, android::FAILED_TRANSACTION);
     EXPECT_EQ(answer.bytes, Bytes());
+}
+
+TEST(RuntimeOverTheDriver, refusesWhatOthersSendThatIsLargerThanItSendsItself) {
+    const RuntimeDir directory; // its service manager uses the runtime
+    DriverUser user(kUsualMemory);
+    const auto ping = [&user](size_t size) {
+        return user.call(0, android::IBinder::PING_TRANSACTION, Bytes(size)).status();
+    };
+    EXPECT_EQ(ping(kLargestTransaction), android::NO_ERROR);
+    EXPECT_EQ(ping(kLargestTransaction + 4), android::FAILED_TRANSACTION);
+    EXPECT_EQ(ping(kTwoMebibytes), android::FAILED_TRANSACTION);
+    EXPECT_EQ(ping(4), android::NO_ERROR);
 }
 
 } // namespace

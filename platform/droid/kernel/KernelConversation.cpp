@@ -71,6 +71,16 @@ private:
 /** True for a failure after which what was not taken can be sent again. */
 bool passes(ssize_t error) { return error == -ENOMEM || error == -EAGAIN || error == -ENOBUFS; }
 
+/** False, with a line in the log, for a message that is larger than what any transport carries. */
+bool isCarried(const binder_transaction_data& message, const char* kind) {
+    if (message.data_size <= kMaxTransaction) {
+        return true;
+    }
+    __android_log_print(ANDROID_LOG_WARN, kTag, "a %s of %llu bytes is refused: %zu are the most", kind,
+                        static_cast<unsigned long long>(message.data_size), kMaxTransaction);
+    return false;
+}
+
 void freeBuffer(void* binder, const uint8_t* data) { static_cast<KernelBinder*>(binder)->freeBuffer(data); }
 
 } // namespace
@@ -210,6 +220,10 @@ status_t KernelConversation::takeReply(const binder_transaction_data& message, P
     Parcel* const taken = reply == nullptr ? &unwanted : reply;
     ReceivedParcel::adopt(taken, pointerTo(message.data.ptr.buffer), static_cast<size_t>(message.data_size), freeBuffer,
                           &mBinder);
+    if (!isCarried(message, "reply")) {
+        taken->freeData();
+        return FAILED_TRANSACTION;
+    }
     if ((message.flags & TF_STATUS_CODE) != 0) {
         int32_t status = UNKNOWN_ERROR;
         taken->readInt32(&status);
@@ -302,7 +316,8 @@ void KernelConversation::handleTransaction(const binder_transaction_data& messag
     const Serving serving;
     const bool oneWay = (message.flags & TF_ONE_WAY) != 0;
     Parcel reply;
-    const status_t status = intact(message) ? passOn(message, oneWay ? nullptr : &reply) : FAILED_TRANSACTION;
+    const bool taken = intact(message) && isCarried(message, "request");
+    const status_t status = taken ? passOn(message, oneWay ? nullptr : &reply) : FAILED_TRANSACTION;
     if (oneWay) {
         send(BC_FREE_BUFFER, message.data.ptr.buffer);
         return;
