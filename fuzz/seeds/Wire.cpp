@@ -64,6 +64,19 @@ Bytes argumentsOf(const wire::Operation& operation, std::int32_t first) {
     return bytesOf(parcel);
 }
 
+Bytes tokenOf(int level) {
+    Parcel parcel;
+    parcel.writeInt32(0x00400000);
+    if (level >= 29) {
+        parcel.writeInt32(-1);
+    }
+    if (level >= 30) {
+        parcel.writeInt32(0x53595354);
+    }
+    parcel.writeString16(android::String16("android.ITVBaseService"));
+    return bytesOf(parcel);
+}
+
 Bytes requestOf(std::int32_t command, const Bytes& arguments) {
     Parcel parcel;
     parcel.writeInterfaceToken(android::String16("android.ITVBaseService"));

@@ -13,6 +13,10 @@ Seeds parcelSeeds() {
         seeds.push_back(
             Seed().block(content).byte(0).byte(step).byte(4).byte(0).bytes({1, 2, 3, 4}).byte(step).bytes());
     }
+    constexpr std::size_t kReadToken = 8;
+    for (const int level : {28, 29, 30}) {
+        seeds.push_back(Seed().block(tokenOf(level)).byte(kReadToken).byte(0).bytes());
+    }
     return seeds;
 }
 
@@ -75,22 +79,51 @@ Seeds driverSeeds() {
     return seeds;
 }
 
-Seeds serviceManagerSeeds() {
-    enum Piece : std::uint8_t { kName, kObject, kNumber };
-    const auto asked = [](Seed& seed, std::size_t code) -> Seed& {
-        return seed.byte(1).byte(code).byte(0).byte(1).byte(1);
-    };
+namespace {
+
+enum Piece : std::uint8_t { kName, kObject, kNumber };
+
+/** One request of a system's process, with a token of the form: 1 to 3 for levels 28 to 30. */
+Seed& asked(Seed& seed, std::size_t form, std::size_t code) {
+    return seed.byte(1).byte(code).byte(0).byte(1).byte(form);
+}
+
+Bytes earlierSession(std::size_t form) {
     Seed session;
-    asked(session, 3).byte(4).byte(kName).text("tv").byte(kObject).byte(1).byte(1).byte(2);
+    asked(session, form, 3).byte(4).byte(kName).text("tv").byte(kObject).byte(1).byte(1).byte(2);
     session.byte(kNumber).byte(0).byte(kNumber).byte(8);
     for (const std::size_t code : {1U, 2U}) {
-        asked(session, code).byte(1).byte(kName).text("tv");
+        asked(session, form, code).byte(1).byte(kName).text("tv");
     }
-    asked(session, 4).byte(2).byte(kNumber).byte(0).byte(kNumber).byte(15);
+    asked(session, form, 4).byte(2).byte(kNumber).byte(0).byte(kNumber).byte(15);
     session.byte(0).byte(0);
-    asked(session, 2).byte(1).byte(kName).text("tv");
-    return {session.bytes()};
+    return asked(session, form, 2).byte(1).byte(kName).text("tv").bytes();
 }
+
+/** Callbacks come before and after the service, and one goes. */
+Bytes latestSession() {
+    constexpr std::size_t kForm = 3;
+    Seed session;
+    const auto named = [&session](std::size_t code, std::uint8_t handle) {
+        asked(session, kForm, code).byte(3).byte(kName).text("tv").byte(kObject).byte(1).byte(1).byte(handle);
+        session.byte(kNumber).byte(12);
+    };
+    named(5, 1);
+    asked(session, kForm, 3).byte(5).byte(kName).text("tv").byte(kObject).byte(1).byte(1).byte(2);
+    session.byte(kNumber).byte(12).byte(kNumber).byte(0).byte(kNumber).byte(8);
+    named(5, 3);
+    asked(session, kForm, 2).byte(1).byte(kName).text("tv");
+    asked(session, kForm, 4).byte(1).byte(kNumber).byte(15);
+    named(6, 3);
+    for (const std::size_t code : {7U, 8U, 9U, 10U}) {
+        asked(session, kForm, code).byte(1).byte(kName).text("tv");
+    }
+    return session.byte(0).byte(0).byte(0).byte(1).bytes();
+}
+
+} // namespace
+
+Seeds serviceManagerSeeds() { return {earlierSession(1), earlierSession(2), latestSession()}; }
 
 namespace {
 

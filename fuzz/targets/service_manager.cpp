@@ -3,9 +3,10 @@
 #include "fuzz/support/Target.h"
 
 #include "droid/CallerIdentity.h"
+#include "droid/InterfaceToken.h"
 #include "droid/ParcelObjects.h"
 #include "droid/kernel/ServiceManagerProtocol.h"
-#include "servicemanager/ServiceRegistry.h"
+#include "servicemanager/Manager.h"
 
 #include <binder/Parcel.h>
 
@@ -19,6 +20,8 @@ namespace {
 using android::Parcel;
 
 constexpr uid_t kRegistrar = 1000;
+constexpr std::array<android::BinderLevel, 3> kLevels{android::BinderLevel::k28, android::BinderLevel::k29,
+                                                      android::BinderLevel::k30};
 constexpr std::array<uid_t, 4> kCallers{kRegistrar, 2000, 99'000, 199'999};
 
 /** What a request is made of; its binders stand where the driver says. */
@@ -27,8 +30,9 @@ public:
     explicit RequestMaker(Input& input) : mInput(input) {}
 
     void fill(Parcel& request) {
-        if (mInput.below(8) != 0) {
-            android::writeManagerToken(&request);
+        if (const std::size_t form = mInput.below(8); form != 0) {
+            android::writeInterfaceToken(&request, kLevels[(form - 1) % kLevels.size()],
+                                         android::serviceManagerInterface());
         }
         for (std::size_t pieces = mInput.below(6); pieces > 0; --pieces) {
             add(request);
@@ -81,8 +85,7 @@ private:
 class Session {
 public:
     Session(Input& input, test::FakeDriver& driver)
-        : mInput(input), mDriver(driver),
-          mRegistry(new servicemanager::ServiceRegistry(Driver::binder(), {kRegistrar})) {}
+        : mInput(input), mDriver(driver), mRegistry(new servicemanager::Manager(Driver::binder(), {kRegistrar})) {}
 
     void run() {
         while (!mInput.isEmpty()) {
@@ -97,9 +100,9 @@ public:
 
 private:
     void ask() {
-        const auto code = static_cast<std::uint32_t>(mInput.below(6));
+        const auto code = static_cast<std::uint32_t>(mInput.below(11));
         const android::CallerIdentity identity({12, kCallers[mInput.below(kCallers.size())]});
-        // The service's process is alive when it is looked at, or not.
+        // The process of a callback is alive when it is told, or not.
         mDriver.say({test::command(mInput.below(4) != 0 ? BR_TRANSACTION_COMPLETE : BR_DEAD_REPLY)});
         Parcel request;
         RequestMaker(mInput).fill(request);

@@ -1,10 +1,7 @@
 #include <binder/Parcel.h>
 
+#include "InterfaceToken.h"
 #include "ParcelObjects.h"
-#include "Utf.h"
-
-#include <android/log.h>
-#include <binder/IPCThreadState.h>
 
 #include <algorithm>
 #include <cstring>
@@ -17,7 +14,6 @@ namespace {
 static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "words travel in little-endian order");
 
 constexpr size_t kLargest = INT32_MAX;
-constexpr int32_t kStrictModePenaltyGather = 0x40 << 16;
 
 constexpr size_t padded(size_t length) { return (length + 3) & ~size_t{3}; }
 
@@ -123,22 +119,11 @@ status_t Parcel::appendFrom(const Parcel* parcel, size_t start, size_t length) {
 }
 
 status_t Parcel::writeInterfaceToken(const String16& interface) {
-    const status_t status = writeInt32(IPCThreadState::self()->getStrictModePolicy() | kStrictModePenaltyGather);
-    return status != NO_ERROR ? status : writeString16(interface);
+    return android::writeInterfaceToken(this, binderLevel(), interface);
 }
 
 bool Parcel::enforceInterface(const String16& interface, IPCThreadState*) const {
-    int32_t strictMode = 0;
-    size_t length = 0;
-    const bool complete = readInt32(&strictMode) == NO_ERROR;
-    const char16_t* const text = complete ? readString16Inplace(&length) : nullptr;
-    if (text != nullptr && length == interface.size() && std::equal(text, text + length, interface.string())) {
-        return true;
-    }
-    __android_log_print(ANDROID_LOG_WARN, "Parcel", "request names the interface \"%s\" and not \"%s\"",
-                        text == nullptr ? "" : printable(text, length).c_str(),
-                        printable(interface.string(), interface.size()).c_str());
-    return false;
+    return readInterfaceToken(*this, interface).accepted;
 }
 
 status_t Parcel::write(const void* bytes, size_t length) {

@@ -1,27 +1,18 @@
 #include "ServiceRegistry.h"
 
-#include "droid/ParcelObjects.h"
-#include "droid/Transport.h"
 #include "droid/Utf.h"
-#include "droid/kernel/KernelBinder.h"
-#include "droid/kernel/ServiceManagerProtocol.h"
 
 #include <android/log.h>
-#include <binder/IPCThreadState.h>
-#include <binder/Parcel.h>
 
 #include <new>
 #include <utility>
 
 namespace servicemanager {
 
-using android::BAD_VALUE;
 using android::IBinder;
 using android::NO_ERROR;
-using android::Parcel;
 using android::sp;
 using android::status_t;
-using android::String16;
 using android::wp;
 
 namespace {
@@ -30,20 +21,12 @@ constexpr const char* kTag = "kqservicemanager";
 // Users come in ranges of this size; the isolated ones are the last of each.
 constexpr uid_t kUsersPerRange = 100'000;
 constexpr uid_t kFirstIsolated = 99'000;
-constexpr status_t kEndOfList = -1;
-
-bool isIsolated(uid_t user) { return user % kUsersPerRange >= kFirstIsolated; }
-
-bool isUsable(const std::u16string& name) { return !name.empty() && name.size() <= android::kLongestServiceName; }
-
-std::u16string readName(const Parcel& data) {
-    const String16 name = data.readString16();
-    return {name.string(), name.size()};
-}
 
 std::string printable(const std::u16string& name) { return android::printable(name.data(), name.size()); }
 
 } // namespace
+
+bool isIsolated(uid_t user) { return user % kUsersPerRange >= kFirstIsolated; }
 
 /** Takes a service out of the registry when its process goes away. */
 class ServiceRegistry::Mourner : public IBinder::DeathRecipient {
@@ -63,40 +46,15 @@ private:
     const Name mName;
 };
 
-ServiceRegistry::ServiceRegistry(android::KernelBinder& binder, std::set<uid_t> registrars)
-    : mBinder(binder), mRegistrars(std::move(registrars)) {}
+ServiceRegistry::ServiceRegistry(std::set<uid_t> registrars) : mRegistrars(std::move(registrars)) {}
 
-const String16& ServiceRegistry::getInterfaceDescriptor() const { return android::serviceManagerInterface(); }
-
-status_t ServiceRegistry::onTransact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
-    if (code < android::kGetService || code > android::kListServices || reply == nullptr) {
-        return BBinder::onTransact(code, data, reply, flags);
-    }
-    if (!android::readManagerToken(data)) {
-        return android::PERMISSION_DENIED;
-    }
-    const uid_t caller = android::IPCThreadState::self()->getCallingUid();
-    switch (code) {
-    case android::kAddService: {
-        const status_t status = add(data, caller);
-        return status == NO_ERROR ? reply->writeInt32(0) : status;
-    }
-    case android::kListServices: {
-        const int32_t index = data.readInt32();
-        return list(index, data.readInt32(), reply);
-    }
-    default:
-        return android::ParcelObjects::write(reply, find(readName(data), caller));
-    }
-}
-
-sp<IBinder> ServiceRegistry::find(const Name& name, uid_t caller) {
+Service ServiceRegistry::find(const Name& name, uid_t caller) {
     const std::lock_guard<std::mutex> lock(mMutex);
-    const auto service = mServices.find(name);
-    if (service == mServices.end() || (isIsolated(caller) && !service->second.allowIsolated)) {
-        return nullptr;
+    const auto entry = mServices.find(name);
+    if (entry == mServices.end() || (isIsolated(caller) && !entry->second.service.allowIsolated)) {
+        return {};
     }
-    return service->second.object;
+    return entry->second.service;
 }
 
 bool ServiceRegistry::mayAdd(const Name& name, uid_t caller) const {
@@ -108,59 +66,71 @@ bool ServiceRegistry::mayAdd(const Name& name, uid_t caller) const {
     return false;
 }
 
-status_t ServiceRegistry::add(const Parcel& data, uid_t caller) {
-    const Name name = readName(data);
-    const sp<IBinder> object = mBinder.readObject(data);
-    if (!isUsable(name) || object == nullptr) {
-        return BAD_VALUE;
-    }
-    if (!mayAdd(name, caller)) {
-        return android::PERMISSION_DENIED;
-    }
-    const bool allowIsolated = data.readInt32() != 0;
-    return enter(name, {object, allowIsolated, data.readInt32(), new Mourner(*this, name)});
-}
-
-status_t ServiceRegistry::enter(const Name& name, Service service) {
-    const sp<IBinder> object = service.object;
-    if (const status_t status = object->linkToDeath(service.mourner); status != NO_ERROR) {
+status_t ServiceRegistry::add(const Name& name, const Service& service) {
+    Entry entry{service, new Mourner(*this, name)};
+    if (const status_t status = service.object->linkToDeath(entry.mourner); status != NO_ERROR) {
         return status;
     }
     {
         const std::lock_guard<std::mutex> lock(mMutex);
-        // What stood there goes with the argument, after the lock, and its death link with it.
-        std::swap(mServices[name], service);
+        // What stood there goes after the lock, and its death link with it.
+        std::swap(mServices[name], entry);
     }
-    if (service.object != nullptr) {
+    if (entry.service.object != nullptr) {
         __android_log_print(ANDROID_LOG_INFO, kTag, "the service %s is replaced", printable(name).c_str());
     }
-    if (!object->isBinderAlive()) {
+    if (!service.object->isBinderAlive()) {
         // Its death came before it could be found here.
-        remove(name, object);
+        remove(name, service.object);
+        return NO_ERROR;
+    }
+    mCallbacks.tell(name, service.object, service.stability);
+    return NO_ERROR;
+}
+
+std::vector<ServiceRegistry::Name> ServiceRegistry::names(int32_t dumpPriorities) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    std::vector<Name> names;
+    for (const auto& [name, entry] : mServices) {
+        if ((entry.service.dumpPriorities & dumpPriorities) != 0) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+status_t ServiceRegistry::addCallback(const Name& name, const sp<IBinder>& callback) {
+    const status_t status = mCallbacks.add(name, callback);
+    if (status != NO_ERROR) {
+        return status;
+    }
+    Service there{};
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        if (const auto entry = mServices.find(name); entry != mServices.end()) {
+            there = entry->second.service;
+        }
+    }
+    if (there.object != nullptr) {
+        ServiceCallbacks::tellOne(callback, name, there.object, there.stability);
     }
     return NO_ERROR;
 }
 
-status_t ServiceRegistry::list(int32_t index, int32_t dumpPriorities, Parcel* reply) {
-    const std::lock_guard<std::mutex> lock(mMutex);
-    for (const auto& [name, service] : mServices) {
-        if ((service.dumpPriorities & dumpPriorities) != 0 && index-- == 0) {
-            return reply->writeString16(name.data(), name.size());
-        }
-    }
-    return kEndOfList;
+bool ServiceRegistry::removeCallback(const Name& name, const sp<IBinder>& callback) {
+    return mCallbacks.remove(name, callback);
 }
 
 void ServiceRegistry::remove(const Name& name, const wp<IBinder>& object) {
-    Service gone{};
+    Entry gone;
     {
         const std::lock_guard<std::mutex> lock(mMutex);
-        const auto service = mServices.find(name);
-        if (service == mServices.end() || wp<IBinder>(service->second.object) != object) {
+        const auto entry = mServices.find(name);
+        if (entry == mServices.end() || wp<IBinder>(entry->second.service.object) != object) {
             return;
         }
-        gone = std::move(service->second);
-        mServices.erase(service);
+        gone = std::move(entry->second);
+        mServices.erase(entry);
     }
     __android_log_print(ANDROID_LOG_INFO, kTag, "the process of the service %s is gone", printable(name).c_str());
 }

@@ -1,4 +1,4 @@
-#include "ServiceRegistry.h"
+#include "Manager.h"
 
 #include "cli/OptionParser.h"
 #include "droid/kernel/KernelBinder.h"
@@ -61,7 +61,7 @@ int run(const Options& options) {
     auto* const binder = new android::KernelBinder(std::move(device));
     std::set<uid_t> registrars{kRoot, kSystem};
     registrars.insert(options.registrars.begin(), options.registrars.end());
-    const int error = takeThePlace(*binder, new servicemanager::ServiceRegistry(*binder, registrars));
+    const int error = takeThePlace(*binder, new servicemanager::Manager(*binder, registrars));
     if (error != 0) {
         std::fprintf(stderr, "kqservicemanager: %s: %s\n", printable(options.device).c_str(),
                      error == -EBUSY ? "another service manager runs" : std::strerror(-error));

@@ -1,10 +1,13 @@
 #include "platform/droid/Calls.h"
 #include "platform/droid/peer/Peer.h"
 #include "platform/droid/peer/PeerProtocol.h"
+#include "simulator/Simulator.h"
 #include "support/Capture.h"
 #include "support/ChildProcess.h"
 #include "support/Deadline.h"
 #include "support/TestFolder.h"
+
+#include <binder/IServiceManager.h>
 
 #include <gtest/gtest.h>
 
@@ -85,6 +88,21 @@ TEST(ServiceManagerProcess, mayBeAbsentAndComeBack) {
     const std::unique_ptr<ChildProcess> manager = runningManager();
     const Peer peer;
     EXPECT_EQ(call(peer.binder(), kEcho, replyOf({2})).bytes, replyOf({2}));
+}
+
+TEST(ServiceManagerProcess, knowsServicesAgainAfterARestart) {
+    std::unique_ptr<ChildProcess> manager = runningManager();
+    const Peer peer({"first", "second"});
+    const Simulator simulator;
+    for (int restart = 0; restart < 2; ++restart) {
+        manager.reset();
+        manager = runningManager();
+        for (const char* const name : {"first", "second", "TVBaseService"}) {
+            EXPECT_TRUE(eventually([name] { return service(name) != nullptr; })) << name;
+        }
+        EXPECT_EQ(android::defaultServiceManager()->listServices().size(), 3u);
+        EXPECT_EQ(call(peer.binder("second"), kEcho, replyOf({restart})).bytes, replyOf({restart}));
+    }
 }
 
 TEST(ServiceManagerProcess, isNotNeededByProxies) {

@@ -44,6 +44,16 @@ TEST_F(Refusals, AnswerRequestsWithoutTheRightToken) {
     expect(Wire::reply().i32(kGetVolume).i32(0).bytes(), -101, "request of 8 bytes -> -101 " + reason);
 }
 
+TEST_F(Refusals, TakeTokensOfEveryBinderLevel) {
+    for (const int level : {28, 29, 30}) {
+        expect(Wire::token(level, u"android.ITVBaseService").i32(kUnknown).bytes(), -102,
+               "command 0x4321 -> -102 (unknown command)");
+    }
+    // The third word is the vendor's, not the system's.
+    expect(Wire::reply().i32(0).i32(-1).i32(0x564E4452).str16(u"android.ITVBaseService").i32(kUnknown).bytes(), -101,
+           "request of 68 bytes -> -101 (the interface token is not android.ITVBaseService)");
+}
+
 TEST_F(Refusals, AnswerUnknownCommands) {
     expect(requestOf(kUnknown, {1, 2}), -102, "command 0x4321 -> -102 (unknown command)");
     expect(requestOf(-1), -102, "command 0xFFFFFFFF -> -102 (unknown command)");

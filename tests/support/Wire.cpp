@@ -9,11 +9,24 @@ namespace kelutv::test {
 namespace {
 
 constexpr std::int32_t kStrictModeWord = 0x00400000;
+constexpr std::int32_t kNoWorkSource = -1;
+constexpr std::int32_t kSystemHeader = 0x53595354; // "SYST"
 constexpr std::size_t kAlignment = 4;
 
 } // namespace
 
 Wire Wire::request(int command) { return Wire().i32(kStrictModeWord).str16(u"android.ITVBaseService").i32(command); }
+
+Wire Wire::token(int level, const char16_t* interface) {
+    Wire wire = Wire().i32(kStrictModeWord);
+    if (level >= 29) {
+        wire.i32(kNoWorkSource);
+    }
+    if (level >= 30) {
+        wire.i32(kSystemHeader);
+    }
+    return wire.str16(interface);
+}
 
 Wire& Wire::i32(std::int32_t value) { return raw(&value, sizeof value); }
 

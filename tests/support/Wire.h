@@ -20,6 +20,9 @@ public:
     /** Starts a request: the interface token "android.ITVBaseService", then the command identifier. */
     static Wire request(int command);
 
+    /** Starts a request with an interface token of a binder level: 28, 29 or 30. */
+    static Wire token(int level, const char16_t* interface);
+
     /** Starts a reply, which has no token. */
     static Wire reply() { return Wire(); }
 

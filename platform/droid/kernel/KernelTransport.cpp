@@ -2,7 +2,6 @@
 
 #include "KernelConversation.h"
 #include "ServiceManagerProtocol.h"
-#include "droid/ParcelObjects.h"
 #include "droid/Utf.h"
 #include "socket/QuietThread.h"
 
@@ -19,7 +18,6 @@ namespace android {
 namespace {
 
 constexpr const char* kTag = "kqdroid";
-constexpr uint32_t kManagerHandle = 0;
 constexpr std::chrono::milliseconds kFirstPause{5};
 constexpr std::chrono::milliseconds kLongestPause{100};
 // A process that says nothing for so long lives, but does not serve.
@@ -39,16 +37,20 @@ std::string printable(const String16& name) { return android::printable(name.str
 
 } // namespace
 
-KernelTransport::KernelTransport(std::unique_ptr<BinderDriver> driver) : mBinder(std::move(driver)) {}
+KernelTransport::KernelTransport(std::unique_ptr<BinderDriver> driver)
+    : mBinder(std::move(driver)),
+      mRegistrations(mBinder, [this](const Registrations::Service& service) { return add(service); }) {}
 
+/** The transport's status, else what the manager says; the position is then behind that. */
 status_t KernelTransport::askManager(uint32_t code, const Parcel& request, Parcel* reply) {
-    return KernelConversation(mBinder).call(kManagerHandle, code, request, reply, 0);
+    const status_t status = KernelConversation(mBinder).call(kServiceManagerHandle, code, request, reply, 0);
+    return status == NO_ERROR && answerBeginsWithException(binderLevel(), code) ? reply->readInt32() : status;
 }
 
 sp<IBinder> KernelTransport::look(const String16& name, status_t* status) {
     Parcel request;
     Parcel reply;
-    writeManagerToken(&request);
+    request.writeInterfaceToken(serviceManagerInterface());
     request.writeString16(name);
     *status = askManager(kCheckService, request, &reply);
     return *status == NO_ERROR ? mBinder.readObject(reply) : nullptr;
@@ -73,7 +75,7 @@ sp<IBinder> KernelTransport::waitFor(const String16& name, std::chrono::millisec
             }
             return nullptr;
         }
-        // The service manager tells nobody of what comes.
+        // The managers of earlier levels tell nobody of what comes.
         std::this_thread::sleep_for(std::min(pause, left));
         pause = std::min(2 * pause, kLongestPause);
     }
@@ -87,43 +89,70 @@ bool KernelTransport::takenByAnother(const String16& name) {
 
 bool KernelTransport::serve() {
     mAsked = true;
-    return mBinder.startServing();
+    return mBinder.startServing() && mRegistrations.watch();
 }
 
 status_t KernelTransport::publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) {
-    if (mAsked && !mBinder.startServing()) {
+    if (mAsked && !serve()) {
         return NO_MEMORY;
     }
-    if (takenByAnother(name)) {
-        __android_log_print(ANDROID_LOG_ERROR, kTag, "serving %s: another process serves it", printable(name).c_str());
+    return mRegistrations.add({name, object, traits});
+}
+
+status_t KernelTransport::add(const Registrations::Service& service) {
+    if (takenByAnother(service.name)) {
+        __android_log_print(ANDROID_LOG_ERROR, kTag, "serving %s: another process serves it",
+                            printable(service.name).c_str());
         return ALREADY_EXISTS;
     }
     Parcel request;
     Parcel reply;
-    writeManagerToken(&request);
-    request.writeString16(name);
-    ParcelObjects::write(&request, object);
-    request.writeInt32(traits.allowIsolated ? 1 : 0);
-    request.writeInt32(traits.dumpPriorities);
+    request.writeInterfaceToken(serviceManagerInterface());
+    request.writeString16(service.name);
+    writeManagedObject(&request, binderLevel(), service.object, kSystemStability);
+    request.writeInt32(service.traits.allowIsolated ? 1 : 0);
+    request.writeInt32(service.traits.dumpPriorities);
     const status_t status = askManager(kAddService, request, &reply);
     if (status != NO_ERROR) {
         __android_log_print(ANDROID_LOG_ERROR, kTag, "serving %s: the service manager gives status %d",
-                            printable(name).c_str(), status);
-        return status;
+                            printable(service.name).c_str(), status);
     }
-    return reply.readInt32();
+    return status;
 }
 
 Vector<String16> KernelTransport::names(int dumpPriorities) {
+    return binderLevel() == BinderLevel::k30 ? namesAtOnce(dumpPriorities) : namesOneByOne(dumpPriorities);
+}
+
+Vector<String16> KernelTransport::namesOneByOne(int dumpPriorities) {
     Vector<String16> names;
     for (int32_t index = 0; index < kMostServices; ++index) {
         Parcel request;
         Parcel reply;
-        writeManagerToken(&request);
+        request.writeInterfaceToken(serviceManagerInterface());
         request.writeInt32(index);
         request.writeInt32(dumpPriorities);
         String16 name;
         if (askManager(kListServices, request, &reply) != NO_ERROR || reply.readString16(&name) != NO_ERROR) {
+            break;
+        }
+        names.push_back(name);
+    }
+    return names;
+}
+
+Vector<String16> KernelTransport::namesAtOnce(int dumpPriorities) {
+    Vector<String16> names;
+    Parcel request;
+    Parcel reply;
+    request.writeInterfaceToken(serviceManagerInterface());
+    request.writeInt32(dumpPriorities);
+    if (askManager(kListServices, request, &reply) != NO_ERROR) {
+        return names;
+    }
+    String16 name;
+    for (int32_t left = std::min(reply.readInt32(), kMostServices); left > 0; --left) {
+        if (reply.readString16(&name) != NO_ERROR) {
             break;
         }
         names.push_back(name);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KernelBinder.h"
+#include "Registrations.h"
 #include "droid/Transport.h"
 
 #include <atomic>
@@ -21,10 +22,14 @@ public:
 
 private:
     status_t askManager(uint32_t code, const Parcel& request, Parcel* reply);
+    status_t add(const Registrations::Service& service);
+    Vector<String16> namesOneByOne(int dumpPriorities);
+    Vector<String16> namesAtOnce(int dumpPriorities);
     sp<IBinder> look(const String16& name, status_t* status);
     bool takenByAnother(const String16& name);
 
     KernelBinder mBinder;
+    Registrations mRegistrations;
     std::atomic<bool> mAsked{false};
 };
 

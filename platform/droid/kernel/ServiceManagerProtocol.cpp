@@ -1,32 +1,37 @@
 #include "ServiceManagerProtocol.h"
 
-#include <binder/IPCThreadState.h>
+#include "droid/ParcelObjects.h"
+
 #include <binder/Parcel.h>
 
 namespace android {
-
-namespace {
-
-constexpr int32_t kNoWorkSource = -1;
-
-} // namespace
 
 const String16& serviceManagerInterface() {
     static const String16* const name = new String16("android.os.IServiceManager");
     return *name;
 }
 
-void writeManagerToken(Parcel* request) {
-    request->writeInt32(IPCThreadState::self()->getStrictModePolicy());
-    request->writeInt32(kNoWorkSource);
-    request->writeString16(serviceManagerInterface());
+const String16& serviceCallbackInterface() {
+    static const String16* const name = new String16("android.os.IServiceCallback");
+    return *name;
 }
 
-bool readManagerToken(const Parcel& request) {
-    // An ordinary token is one word and the descriptor: the work source stands where it has the strict-mode word.
-    int32_t strictMode = 0;
-    request.readInt32(&strictMode);
-    return request.enforceInterface(serviceManagerInterface());
+status_t writeManagedObject(Parcel* parcel, BinderLevel level, const sp<IBinder>& object, int32_t stability) {
+    const status_t status = ParcelObjects::write(parcel, object);
+    if (status != NO_ERROR || level != BinderLevel::k30) {
+        return status;
+    }
+    return parcel->writeInt32(object == nullptr ? kNoStability : stability);
+}
+
+status_t writeException(Parcel* reply, ManagerException exception) {
+    status_t status = reply->writeInt32(exception);
+    if (status == NO_ERROR && exception != kNoException) {
+        // No message, and no stack of the other side.
+        status = reply->writeString16(String16());
+        return status != NO_ERROR ? status : reply->writeInt32(0);
+    }
+    return status;
 }
 
 } // namespace android

@@ -40,9 +40,9 @@ public:
     /** Empties the parcel and gives its memory back. */
     void freeData();
 
-    /** Strict-mode word, then the interface's descriptor. */
+    /** The words that requests of this process's binder level begin with, then the interface's descriptor. */
     status_t writeInterfaceToken(const String16& interface);
-    /** Reads what writeInterfaceToken wrote; false when it names another interface. */
+    /** Reads what writeInterfaceToken wrote at any binder level; false when it names another interface. */
     bool enforceInterface(const String16& interface, IPCThreadState* threadState = nullptr) const;
 
     /** `length` raw bytes, padded. BAD_VALUE for a length above INT32_MAX, as a negative one is. */

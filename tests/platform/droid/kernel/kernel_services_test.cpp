@@ -1,64 +1,26 @@
-#include "FakeDriver.h"
+#include "KernelServices.h"
 
 #include "droid/LocalObjects.h"
-#include "droid/ParcelObjects.h"
-#include "droid/kernel/KernelTransport.h"
 #include "platform/droid/peer/PeerService.h"
 #include "support/Capture.h"
 #include "support/Deadline.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
-#include <memory>
+#include <string>
+#include <vector>
 
 namespace kelutv::test {
 namespace {
 
 using android::IBinder;
-using android::KernelTransport;
 using android::NO_ERROR;
 using android::sp;
 using android::String16;
 
 constexpr uint32_t kAdd = 3;
-
-/** The calls to a service manager that the test plays. */
-class KernelServices : public ::testing::Test {
-protected:
-    KernelServices() : KernelServices(std::make_unique<FakeDriver>()) {}
-
-    /** The manager's next answer. */
-    void answer(const Bytes& content, const std::vector<binder_size_t>& offsets = {}) {
-        driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, driver.message(content, offsets))});
-    }
-    void answerStatus(int32_t status) {
-        binder_transaction_data message = driver.message(replyOf({status}));
-        message.flags = TF_STATUS_CODE;
-        driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, message)});
-    }
-
-    static Bytes object(uint32_t type, uint64_t number) {
-        flat_binder_object flat{};
-        flat.hdr.type = type;
-        flat.binder = number;
-        flat.cookie = number;
-        const auto* const bytes = reinterpret_cast<const uint8_t*>(&flat);
-        return Bytes(bytes, bytes + sizeof(flat));
-    }
-
-    FakeDriver& driver;
-    KernelTransport& transport;
-
-private:
-    explicit KernelServices(std::unique_ptr<FakeDriver> fake)
-        : driver(*fake), transport(*kept().emplace_back(new KernelTransport(std::move(fake)))) {}
-
-    static std::vector<std::unique_ptr<KernelTransport>>& kept() {
-        static auto* const all = new std::vector<std::unique_ptr<KernelTransport>>;
-        return *all;
-    }
-};
 
 TEST_F(KernelServices, handleInTheAnswerIsTheService) {
     answer(object(BINDER_TYPE_HANDLE, 5), {0});
@@ -70,9 +32,7 @@ TEST_F(KernelServices, handleInTheAnswerIsTheService) {
     const auto asked = sent[0].as<binder_transaction_data>();
     EXPECT_EQ(asked.target.handle, 0u);
     EXPECT_EQ(asked.code, 2u);
-    // Strict-mode word, work source, the manager's descriptor, the name.
-    EXPECT_EQ(sent[0].content,
-              Wire::reply().i32(0).i32(-1).str16(u"android.os.IServiceManager").str16(u"some").bytes());
+    EXPECT_EQ(sent[0].content, Wire::token(28, u"android.os.IServiceManager").str16(u"some").bytes());
     EXPECT_EQ(sent[1].code, static_cast<uint32_t>(BC_INCREFS));
     EXPECT_EQ(sent[2].code, static_cast<uint32_t>(BC_ACQUIRE));
     EXPECT_EQ(sent[2].as<uint32_t>(), 5u);
@@ -128,8 +88,8 @@ TEST_F(KernelServices, publishedObjectGoesOutAsAnObject) {
     }
     EXPECT_EQ(added.code, kAdd);
     EXPECT_EQ(added.offsets_size, sizeof(binder_size_t));
-    // Two words, "android.os.IServiceManager", "some", the object, two words.
-    EXPECT_EQ(added.data_size, 8u + (4 + 56) + (4 + 12) + 24 + 8);
+    // The strict-mode word, "android.os.IServiceManager", "some", the object, two words.
+    EXPECT_EQ(added.data_size, 4u + (4 + 56) + (4 + 12) + 24 + 8);
 }
 
 TEST_F(KernelServices, nameOfALivingProcessIsTaken) {
@@ -162,6 +122,71 @@ TEST_F(KernelServices, managersRefusalIsTheResult) {
     const std::vector<LogEntry> entries = log.take();
     ASSERT_EQ(entries.size(), 1u);
     EXPECT_EQ(entries[0].text, "serving some: the service manager gives status -1");
+}
+
+/** The contents of the requests to add a service. */
+std::vector<Bytes> addedIn(const std::vector<Command>& sent) {
+    std::vector<Bytes> added;
+    for (const Command& one : sent) {
+        if (one.code == BC_TRANSACTION && one.as<binder_transaction_data>().code == kAdd) {
+            added.push_back(one.content);
+        }
+    }
+    return added;
+}
+
+TEST_F(KernelServices, areAddedToTheNextManagerWhenOneEnds) {
+    LogCapture log;
+    answer(replyOf({0})); // nobody serves the name
+    answer(replyOf({0}));
+    ASSERT_EQ(transport.publish(String16("some"), new PeerService, {false, 8}), NO_ERROR);
+    const std::vector<Bytes> added = addedIn(driver.takeSent());
+    ASSERT_EQ(added.size(), 1u);
+    answer({}); // the manager is there
+    ASSERT_TRUE(transport.serve());
+    binder_uintptr_t cookie = 0;
+    std::vector<Command> since = driver.takeSent();
+    for (const Command& sent : since) {
+        const auto asked = sent.as<binder_handle_cookie>();
+        EXPECT_TRUE(sent.code != BC_REQUEST_DEATH_NOTIFICATION || asked.handle == 0u);
+        cookie = sent.code == BC_REQUEST_DEATH_NOTIFICATION ? asked.cookie : cookie;
+    }
+    ASSERT_NE(cookie, 0u);
+
+    driver.say({command(BR_DEAD_REPLY)}); // the next one is not there yet
+    answer({});
+    answer(replyOf({0}));
+    answer(replyOf({0}));
+    since.clear();
+    driver.sayToServers({command(BR_DEAD_BINDER, cookie)});
+    EXPECT_TRUE(eventually([&] {
+        for (const Command& sent : driver.takeSent()) {
+            since.push_back(sent);
+        }
+        return !addedIn(since).empty();
+    }));
+    const std::vector<Bytes> again = addedIn(since);
+    ASSERT_EQ(again.size(), 1u);
+    // The object may have got another number.
+    const size_t head = Wire::token(28, u"android.os.IServiceManager").str16(u"some").bytes().size();
+    EXPECT_EQ(again[0].size(), added[0].size());
+    EXPECT_TRUE(std::equal(again[0].begin(), again[0].begin() + static_cast<long>(head), added[0].begin()));
+    // The driver gives handle 0 to the next manager only once the one before is let go.
+    std::vector<uint32_t> ofHandles;
+    for (const Command& sent : since) {
+        if (sent.code == BC_RELEASE || sent.code == BC_ACQUIRE || sent.code == BC_REQUEST_DEATH_NOTIFICATION) {
+            ofHandles.push_back(sent.code);
+            EXPECT_EQ(sent.as<uint32_t>(), 0u);
+        }
+    }
+    EXPECT_EQ(ofHandles, (std::vector<uint32_t>{BC_RELEASE, BC_ACQUIRE, BC_REQUEST_DEATH_NOTIFICATION}));
+    std::string told;
+    EXPECT_TRUE(eventually([&] {
+        for (const LogEntry& entry : log.take()) {
+            told += entry.text + "\n";
+        }
+        return told == "added some to the new service manager\n";
+    })) << told;
 }
 
 TEST_F(KernelServices, listEndsWithAFailure) {

@@ -70,6 +70,25 @@ TEST_F(TransportChoice, thatIsTheKernelAndCannotBeServesNothing) {
     EXPECT_NE(outcome.log.find("cannot serve chosen: status -19"), std::string::npos) << outcome.log;
 }
 
+TEST_F(TransportChoice, comesWithAWarningForAnUnknownLevel) {
+    for (const std::string level : {"31", "28 ", "3", "x"}) {
+        const Outcome outcome = serveWith({"KQDROID_TRANSPORT=sockets", "KQDROID_BINDER_LEVEL=" + level});
+        EXPECT_TRUE(outcome.serves);
+        const std::string warning = "KQDROID_BINDER_LEVEL is \"" + level + "\", not 28, 29 or 30; taking 28\n";
+        const size_t at = outcome.log.find(warning);
+        ASSERT_NE(at, std::string::npos) << outcome.log;
+        EXPECT_EQ(outcome.log.find("KQDROID_BINDER_LEVEL", at + warning.size()), std::string::npos) << outcome.log;
+        EXPECT_NE(outcome.log.find("W kqdroid"), std::string::npos) << outcome.log;
+    }
+}
+
+TEST_F(TransportChoice, comesWithoutAWarningForAKnownLevel) {
+    for (const std::string level : {"", "28", "29", "30"}) {
+        const Outcome outcome = serveWith({"KQDROID_TRANSPORT=sockets", "KQDROID_BINDER_LEVEL=" + level});
+        EXPECT_EQ(outcome.log.find("KQDROID_BINDER_LEVEL"), std::string::npos) << outcome.log;
+    }
+}
+
 TEST_F(TransportChoice, thatIsUnknownIsNamed) {
     const Outcome outcome = serveWith({"KQDROID_TRANSPORT=pigeons", "KQDROID_BINDER_DEVICE=" + nowhere()});
     EXPECT_TRUE(outcome.serves);

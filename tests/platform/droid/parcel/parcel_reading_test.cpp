@@ -137,7 +137,8 @@ TEST(ParcelReading, tokenOfAnotherInterfaceIsRefusedInTheLog) {
     }
     const std::vector<LogEntry> entries = log.take();
     ASSERT_EQ(entries.size(), 4u);
-    EXPECT_EQ(entries[1].text, "request names the interface \"android.IOther\" and not \"android.IOther2\"");
+    EXPECT_EQ(entries[1].text,
+              "request of binder level 28 names the interface \"android.IOther\" and not \"android.IOther2\"");
 }
 
 TEST(ParcelReading, interfaceOfAnotherProcessCannotSteerTheTerminalThroughTheLog) {
@@ -152,19 +153,69 @@ TEST(ParcelReading, interfaceOfAnotherProcessCannotSteerTheTerminalThroughTheLog
     EXPECT_FALSE(endless.enforceInterface(String16("wanted")));
     const std::vector<LogEntry> entries = log.take();
     ASSERT_EQ(entries.size(), 2u);
-    EXPECT_EQ(entries[0].text,
-              "request names the interface \"\\u001B[2J\\\\\\u000A\\u009B\\u202E\xC3\xA9\" and not \"wanted\"");
-    EXPECT_EQ(entries[1].text, "request names the interface \"" + std::string(128, 'x') + "...\" and not \"wanted\"");
+    EXPECT_EQ(entries[0].text, "request of binder level 28 names the interface "
+                               "\"\\u001B[2J\\\\\\u000A\\u009B\\u202E\xC3\xA9\" and not \"wanted\"");
+    EXPECT_EQ(entries[1].text,
+              "request of binder level 28 names the interface \"" + std::string(128, 'x') + "...\" and not \"wanted\"");
 }
 
 TEST(ParcelReading, tokenCutAnywhereIsRefused) {
     const LogCapture log;
-    const Bytes whole = Wire::reply().i32(0x00400000).str16(u"android.ITVBaseService").bytes();
-    for (size_t left = 0; left < whole.size(); ++left) {
-        const std::unique_ptr<Parcel> parcel = holding(Bytes(whole.begin(), whole.begin() + static_cast<long>(left)));
-        EXPECT_FALSE(parcel->enforceInterface(String16("android.ITVBaseService"))) << left;
+    for (const int level : {28, 29, 30}) {
+        const Bytes whole = Wire::token(level, u"android.ITVBaseService").bytes();
+        for (size_t left = 0; left < whole.size(); ++left) {
+            const std::unique_ptr<Parcel> parcel =
+                holding(Bytes(whole.begin(), whole.begin() + static_cast<long>(left)));
+            EXPECT_FALSE(parcel->enforceInterface(String16("android.ITVBaseService"))) << level << ", " << left;
+        }
+        EXPECT_TRUE(holding(whole)->enforceInterface(String16("android.ITVBaseService"))) << level;
     }
-    EXPECT_TRUE(holding(whole)->enforceInterface(String16("android.ITVBaseService")));
+}
+
+TEST(ParcelReading, tokenOfAnyLevelIsRecognised) {
+    const LogCapture log;
+    for (const int level : {28, 29, 30}) {
+        const std::unique_ptr<Parcel> parcel = holding(Wire::token(level, u"android.ITVBaseService").i32(5).bytes());
+        EXPECT_TRUE(parcel->enforceInterface(String16("android.ITVBaseService"))) << level;
+        EXPECT_EQ(parcel->readInt32(), 5) << level;
+    }
+}
+
+TEST(ParcelReading, tokenMayNameAnyWorkSource) {
+    const LogCapture log;
+    // 22 is also the length of the name.
+    for (const int32_t workSource : {0, 22, 1000, INT32_MAX}) {
+        const Bytes token = Wire::reply().i32(-1).i32(workSource).str16(u"android.ITVBaseService").i32(5).bytes();
+        const std::unique_ptr<Parcel> parcel = holding(token);
+        EXPECT_TRUE(parcel->enforceInterface(String16("android.ITVBaseService"))) << workSource;
+        EXPECT_EQ(parcel->readInt32(), 5) << workSource;
+    }
+}
+
+TEST(ParcelReading, refusedTokenIsNamedByItsForm) {
+    for (const int level : {28, 29, 30}) {
+        LogCapture log;
+        EXPECT_FALSE(holding(Wire::token(level, u"a.B").bytes())->enforceInterface(String16("a.C")));
+        const std::vector<LogEntry> entries = log.take();
+        ASSERT_EQ(entries.size(), 1u);
+        EXPECT_EQ(entries[0].text,
+                  "request of binder level " + std::to_string(level) + " names the interface \"a.B\" and not \"a.C\"");
+    }
+}
+
+TEST(ParcelReading, tokenOfAnUnknownFormIsShownInItsFirstWords) {
+    LogCapture log;
+    for (const Bytes& bytes :
+         {Bytes(), Bytes{1, 2, 3}, replyOf({1}), replyOf({0x400000, -1, 0x564E4452, 3, 4, 5, 6})}) {
+        EXPECT_FALSE(holding(bytes)->enforceInterface(String16("a.C")));
+    }
+    const std::string rest = ", which is no token of binder level 28, 29 or 30, and not with that of \"a.C\"";
+    const std::vector<LogEntry> entries = log.take();
+    ASSERT_EQ(entries.size(), 4u);
+    EXPECT_EQ(entries[0].text, "request begins with nothing" + rest);
+    EXPECT_EQ(entries[1].text, "request begins with nothing" + rest);
+    EXPECT_EQ(entries[2].text, "request begins with 00000001" + rest);
+    EXPECT_EQ(entries[3].text, "request begins with 00400000 FFFFFFFF 564E4452 00000003" + rest);
 }
 
 } // namespace

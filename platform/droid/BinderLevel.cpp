@@ -1,0 +1,53 @@
+#include "BinderLevel.h"
+
+#include <android/log.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+namespace android {
+
+namespace {
+
+constexpr BinderLevel kDefault = BinderLevel::k28;
+
+/** What the environment says; empty when it names no level. */
+std::optional<BinderLevel> asked(const std::string& text) {
+    if (text.empty()) {
+        return kDefault;
+    }
+    for (const BinderLevel level : {BinderLevel::k28, BinderLevel::k29, BinderLevel::k30}) {
+        if (text == std::to_string(numberOf(level))) {
+            return level;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string variable() {
+    const char* const value = std::getenv("KQDROID_BINDER_LEVEL");
+    return value == nullptr ? "" : value;
+}
+
+/** Once: a line of the log may itself lead to a request. */
+void tellOfWrong(const std::string& text) {
+    static std::atomic<bool> told{false};
+    if (!told.exchange(true)) {
+        __android_log_print(ANDROID_LOG_WARN, "kqdroid", "KQDROID_BINDER_LEVEL is \"%s\", not 28, 29 or 30; taking %d",
+                            text.c_str(), numberOf(kDefault));
+    }
+}
+
+} // namespace
+
+BinderLevel binderLevel() {
+    static const std::optional<BinderLevel> level = asked(variable());
+    if (!level) {
+        tellOfWrong(variable());
+    }
+    return level.value_or(kDefault);
+}
+
+} // namespace android
