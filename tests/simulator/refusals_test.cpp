@@ -1,4 +1,5 @@
 #include "simulator/Simulator.h"
+#include "simulator/VolumeClient.h"
 
 #include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
@@ -7,6 +8,7 @@
 
 #include <unistd.h>
 
+#include <cstdlib>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -52,6 +54,15 @@ TEST_F(Refusals, TakeTokensOfEveryBinderLevel) {
     // The third word is the vendor's, not the system's.
     expect(Wire::reply().i32(0).i32(-1).i32(0x564E4452).str16(u"android.ITVBaseService").i32(kUnknown).bytes(), -101,
            "request of 68 bytes -> -101 (the interface token is not android.ITVBaseService)");
+}
+
+TEST_F(Refusals, AreNotForClientsOfOtherBinderLevels) {
+    SimulatorEnvironment::transact(requestOf(kSetVolume, {0, 41}));
+    for (const char* const level : {"29", "30"}) {
+        ::setenv("KQDROID_BINDER_LEVEL", level, 1);
+        EXPECT_EQ(VolumeClient(1).answers(), "41\n") << level;
+    }
+    ::unsetenv("KQDROID_BINDER_LEVEL");
 }
 
 TEST_F(Refusals, AnswerUnknownCommands) {

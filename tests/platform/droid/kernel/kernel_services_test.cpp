@@ -189,6 +189,34 @@ TEST_F(KernelServices, areAddedToTheNextManagerWhenOneEnds) {
     })) << told;
 }
 
+TEST_F(KernelServices, areNotAddedAgainToAManagerThatRefusesThem) {
+    LogCapture log;
+    answer(replyOf({0}));
+    answer(replyOf({0}));
+    ASSERT_EQ(transport.publish(String16("some"), new PeerService, {false, 8}), NO_ERROR);
+    driver.say({command(BR_DEAD_REPLY)}); // the manager ends before this process serves
+    answer({});
+    answer(replyOf({0}));
+    answerStatus(-1);
+    ASSERT_TRUE(transport.serve());
+    std::string told;
+    EXPECT_TRUE(eventually([&] {
+        for (const LogEntry& entry : log.take()) {
+            told += entry.text + "\n";
+        }
+        return told == "serving some: the service manager gives status -1\n";
+    })) << told;
+    answer(object(BINDER_TYPE_HANDLE, 5), {0});
+    EXPECT_NE(transport.find(String16("other")), nullptr) << "nobody else has taken the answer";
+}
+
+TEST_F(KernelServices, managerIsNotWatchedByAProcessThatAddsNothing) {
+    ASSERT_TRUE(transport.serve());
+    for (const Command& sent : driver.takeSent()) {
+        EXPECT_EQ(sent.code, static_cast<uint32_t>(BC_ENTER_LOOPER));
+    }
+}
+
 TEST_F(KernelServices, listEndsWithAFailure) {
     answer(Wire::reply().str16(u"one").bytes());
     answer(Wire::reply().str16(u"two").bytes());
