@@ -108,6 +108,7 @@ int FakeDriver::read(binder_write_read* exchange, bool serves) {
     }
     const Bytes said = std::move(queue.front());
     queue.pop_front();
+    mChanged.notify_all();
     const size_t length = std::min(said.size(), static_cast<size_t>(exchange->read_size));
     std::memcpy(pointerTo(exchange->read_buffer), said.data(), length);
     exchange->read_consumed = std::exchange(mOverstate, false) ? exchange->read_size + 1 : length;
@@ -132,6 +133,7 @@ Bytes FakeDriver::bytesOf(const std::vector<Command>& commands) {
 void FakeDriver::say(Bytes bytes) {
     const std::lock_guard lock(mMutex);
     mToSay.push_back(std::move(bytes));
+    mChanged.notify_all();
 }
 
 void FakeDriver::sayToServers(const std::vector<Command>& commands) {
@@ -162,6 +164,11 @@ bool FakeDriver::waitForSent(uint32_t code) {
     });
     mSent.erase(mSent.begin(), came ? sent + 1 : mSent.end());
     return came;
+}
+
+bool FakeDriver::waitUntilHeard() {
+    std::unique_lock lock(mMutex);
+    return mChanged.wait_for(lock, kPatience, [&] { return mToSay.empty(); });
 }
 
 const uint8_t* FakeDriver::deliver(const void* bytes, size_t length) {

@@ -70,6 +70,8 @@ public:
     std::vector<uint32_t> takeSentCodes();
     /** Waits until a command was sent, which is taken with all before it. */
     bool waitForSent(uint32_t code);
+    /** Waits until threads that do not serve have read all that there was for them. */
+    bool waitUntilHeard();
     int contextManagers() const { return mContextManagers; }
     /** What happens when a process becomes the context manager, in the thread that asks for it. */
     void onContextManager(std::function<void()> happens) { mAsContextManager = std::move(happens); }
