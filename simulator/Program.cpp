@@ -89,6 +89,8 @@ int Program::run() {
     if (!addFaults()) {
         return kBadUsage;
     }
+    // First, so that without threads nothing is served.
+    android::ProcessState::self()->startThreadPool();
     if (!serve()) {
         return EXIT_FAILURE;
     }
@@ -97,7 +99,6 @@ int Program::run() {
     if (!mOptions.control.empty()) {
         control.emplace(mOptions.control, [this](const std::string& line) { obeyFile(line); });
     }
-    android::ProcessState::self()->startThreadPool();
     if (!isAnswering()) {
         return EXIT_FAILURE;
     }

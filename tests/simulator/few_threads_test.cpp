@@ -19,6 +19,8 @@ namespace {
 
 constexpr char kReady[] = "kelutv-simulator: ready (TVBaseService)\n";
 constexpr int kEnough = 12;
+/** The simulator would wait ten seconds for an answer to a call of its own. */
+constexpr auto kShortOfItsOwnPatience = kPatience / 2;
 
 /** A thread that has just served another client may not be gone yet. */
 bool isAnswering() {
@@ -44,7 +46,7 @@ bool getsReadyWith(int threads) {
             status = simulator.wait(std::chrono::milliseconds(0));
             return status || simulator.output().text() == kReady;
         },
-        2 * kPatience))
+        kShortOfItsOwnPatience))
         << threads;
     if (!status) {
         EXPECT_TRUE(eventually(isAnswering)) << threads;
