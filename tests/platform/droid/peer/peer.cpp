@@ -3,6 +3,7 @@
 #include "ClosedStreams.h"
 #include "ExitingCaller.h"
 #include "ForkingCaller.h"
+#include "HoldingCaller.h"
 #include "LateNotice.h"
 #include "OtherUser.h"
 #include "PeerProtocol.h"
@@ -100,6 +101,7 @@ constexpr Role kRoles[] = {
     {"fork-in-notice", forkInNotice},
     {"closed-streams", callWithoutStreams},
     {"exit-in-deliveries", exitInDeliveries},
+    {"hold", holdCalls},
     {"late-notice", exitBeforeNotice},
 };
 

@@ -8,9 +8,12 @@
 
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -25,6 +28,7 @@ using android::sp;
 constexpr uint32_t kPacket = 64 * 1024;
 constexpr uint32_t kLastAnswer = 0x80000000;
 constexpr size_t kCallsOfAProcess = 256;
+constexpr size_t kCallsInAll = 1024;
 constexpr size_t kLargeRequests = 64; // of the largest size, in 64 MiB
 
 /** What is beyond the limits of a server is refused, at once and not as if it were dead. */
@@ -92,6 +96,49 @@ TEST_F(ServerLimits, memoryOfLargeRequests) {
     EXPECT_TRUE(eventually([&] { return call(binder, kSum, Bytes(kLargestTransaction)).status == NO_ERROR; }));
 }
 
+/** Sets the limit of descriptors, also of processes that are started then, while it exists. */
+class DescriptorLimit {
+public:
+    explicit DescriptorLimit(rlim_t descriptors) {
+        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &mBefore), 0);
+        const rlimit limit{descriptors, mBefore.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
+    }
+    ~DescriptorLimit() { ::setrlimit(RLIMIT_NOFILE, &mBefore); }
+    DescriptorLimit(const DescriptorLimit&) = delete;
+    DescriptorLimit& operator=(const DescriptorLimit&) = delete;
+
+private:
+    rlimit mBefore{};
+};
+
+TEST_F(ServerLimits, callsInAll) {
+    const DescriptorLimit enough(2 * kCallsInAll);
+    Peer peer;
+    const sp<IBinder> binder = linked(peer);
+    ChildProcess::Options options;
+    options.captureOutput = true;
+    std::vector<std::unique_ptr<ChildProcess>> holders;
+    const size_t others = kCallsInAll - 1;
+    for (size_t begun = 0; begun < others; begun += kCallsOfAProcess) {
+        const std::string count = std::to_string(std::min(kCallsOfAProcess, others - begun));
+        holders.push_back(std::make_unique<ChildProcess>(
+            std::vector<std::string>{kPeerProgram, "hold", pathOf("peer"), count}, options));
+    }
+    // Asking is the last call that there is room for.
+    ASSERT_TRUE(waitUntilHeld(binder, static_cast<int32_t>(others)));
+    const kq::UniqueFd last = rawConnection(pathOf("peer"));
+    ASSERT_TRUE(sendRaw(last, head(0, kHold)));
+    Answer answer{};
+    ASSERT_TRUE(eventually([&] {
+        answer = call(binder, kEcho);
+        return answer.status != NO_ERROR;
+    }));
+    EXPECT_EQ(answer.status, FAILED_TRANSACTION);
+    EXPECT_EQ(call(binder, kEcho, Bytes(8)).status, FAILED_TRANSACTION);
+    expectAlive(binder);
+}
+
 /** A service with few descriptors: half of them are its program's, and of the rest half is one process's. */
 class FewDescriptors : public ServerLimits {
 protected:
@@ -99,17 +146,11 @@ protected:
     static constexpr size_t kOfAProcess = kDescriptors / 2 / 2;
 
     FewDescriptors() {
-        ::getrlimit(RLIMIT_NOFILE, &mBefore);
-        const rlimit few{kDescriptors, mBefore.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &few);
+        const DescriptorLimit few(kDescriptors);
         peer.emplace();
-        ::setrlimit(RLIMIT_NOFILE, &mBefore);
     }
 
     std::optional<Peer> peer;
-
-private:
-    rlimit mBefore{};
 };
 
 bool isRefusal(const Bytes& packet) {
