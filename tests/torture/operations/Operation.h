@@ -3,6 +3,7 @@
 #include "support/Wire.h"
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ public:
     const char* text() const { return mText.data(); }
 
 private:
-    std::array<char, 160> mText{};
+    std::array<char, 2048> mText{};
     std::size_t mLength = 0;
 };
 
@@ -32,11 +33,11 @@ struct Operation {
     const char* name;
     /** The commands that it sends. */
     std::vector<Exchange> exchanges;
-    void (*call)(Outcome& outcome);
+    std::function<void(Outcome& outcome)> call;
     /** What it gives when each command is answered. */
     std::string right;
     /** What it gives when none of its commands is answered, then what it may give when only some are. */
-    std::vector<const char*> failures;
+    std::vector<std::string> failures;
 };
 
 } // namespace kelutv::test

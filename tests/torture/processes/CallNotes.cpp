@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 
 namespace kelutv::test {
 
 void CallNotes::note(const Operation& operation, const Outcome& outcome) {
-    const auto isOutcome = [&](const char* text) { return std::strcmp(text, outcome.text()) == 0; };
-    if (isOutcome(operation.right.c_str())) {
+    const auto isOutcome = [&](const std::string& text) { return text == outcome.text(); };
+    if (isOutcome(operation.right)) {
         ++right;
     } else if (std::any_of(operation.failures.begin(), operation.failures.end(), isOutcome)) {
         ++failed;

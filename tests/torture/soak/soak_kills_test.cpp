@@ -37,7 +37,7 @@ void callUntilDeath(const std::vector<Operation>& operations, std::size_t first,
         Outcome outcome;
         operation.call(outcome);
         const bool right = operation.right == outcome.text();
-        const bool failed = outcome.text() == std::string(operation.failures.front());
+        const bool failed = outcome.text() == operation.failures.front();
         failures += failed || failures > 0 ? 1 : 0;
         ++(right && failures == 0 ? sights.right : failed ? sights.failed : sights.wrong);
         ++sights.calls;

@@ -107,7 +107,7 @@ void StarvedClient::callConnected(const Operation& operation) {
 void StarvedClient::callWithoutService(const Operation& operation) {
     Outcome outcome;
     operation.call(outcome);
-    if (std::strcmp(outcome.text(), operation.failures.front()) != 0) {
+    if (operation.failures.front() != outcome.text()) {
         mNotes->noteWrong(operation.name, outcome.text());
     }
 }

@@ -1,13 +1,10 @@
-// Operations that lay out a request of their own, each with more than a parcel holds by itself.
-
-#include "client/memory/Operation.h"
+#include "torture/memory/MemoryOperations.h"
+#include "torture/memory/Seen.h"
 
 #include <kelutv/Audio.h>
 #include <kelutv/Factory.h>
 #include <kelutv/PCMPlayer.h>
 #include <kelutv/SystemSetting.h>
-
-#include <kelutv/link/TVBaseClient.h>
 
 namespace kelutv::test {
 
@@ -37,18 +34,14 @@ Wire withUtf16(Wire wire) {
     return wire.str16(std::u16string(text.begin(), text.end()).c_str());
 }
 
-Operation set(const char* name, int command, int (*call)(), const Wire& request) {
-    return {name,
-            [call](Seen& seen) { seen.result = call(); },
-            {request.bytes()},
-            {{command, replyOf({kAnswer})}},
-            std::to_string(kAnswer),
-            {"-1"}};
+Operation set(const char* name, int (*call)(), const Wire& request) {
+    return observed(name, [call](Seen& seen) { seen.result = call(); }, {{request.bytes(), replyOf({kAnswer})}},
+                    std::to_string(kAnswer), {"-1"});
 }
 
-Operation zeroOrFail(const char* name, int command, std::function<void(Seen&)> call, const Wire& request,
-                     const Wire& reply, const std::string& right) {
-    return {name, std::move(call), {request.bytes()}, {{command, reply.bytes()}}, right, {"-1"}};
+Operation zeroOrFail(const char* name, const std::function<void(Seen&)>& call, const Wire& request, const Wire& reply,
+                     const std::string& right) {
+    return observed(name, call, {{request.bytes(), reply.bytes()}}, right, {"-1"});
 }
 
 } // namespace
@@ -56,37 +49,36 @@ Operation zeroOrFail(const char* name, int command, std::function<void(Seen&)> c
 std::vector<Operation> requestOperations() {
     return {
         set(
-            "NumbersBehindTheirCount", 0x905D, [] { return Factory::instance()->setMacAddress(gNumbers.data(), 100); },
+            "NumbersBehindTheirCount", [] { return Factory::instance()->setMacAddress(gNumbers.data(), 100); },
             withNumbers(Wire::request(0x905D).i32(100))),
         set(
-            "PointsBehindTheirCount", 0x9061, [] { return Factory::instance()->setSoundCurve(gPoints.data(), 50); },
+            "PointsBehindTheirCount", [] { return Factory::instance()->setSoundCurve(gPoints.data(), 50); },
             withPoints(Wire::request(0x9061).i32(50))),
         set(
-            "NumbersBehindAddressAndLength", 0x8015,
+            "NumbersBehindAddressAndLength",
             [] { return SystemSetting::instance()->setFlashEepMulti(16, gNumbers.data(), 100); },
             withNumbers(Wire::request(0x8015).i32(16).i32(100))),
         set(
-            "WideText", 0xF02A, [] { return Factory::instance()->setUartData(longText()); },
-            withUtf16(Wire::request(0xF02A))),
+            "WideText", [] { return Factory::instance()->setUartData(longText()); }, withUtf16(Wire::request(0xF02A))),
         set(
-            "TextAlone", 0x9089, [] { return Factory::instance()->startRecorderTsStream(longText()); },
+            "TextAlone", [] { return Factory::instance()->startRecorderTsStream(longText()); },
             Wire::request(0x9089).cstr(longText())),
         set(
-            "TextBehindNumbers", 0xE001, [] { return PCMPlayer::instance()->startPlay(longText(), true, false); },
+            "TextBehindNumbers", [] { return PCMPlayer::instance()->startPlay(longText(), true, false); },
             Wire::request(0xE001).i32(1).i32(0).cstr(longText())),
         zeroOrFail(
-            "TextForText", 0x909F,
+            "TextForText",
             [](Seen& seen) { seen.result = Factory::instance()->setStbOtpBurn(1, longText(), seen.text.data()); },
             Wire::request(0x909F).i32(1).cstr(longText()), Wire::reply().i32(0).cstr(longText()),
             std::string("0 text=") + longText()),
         zeroOrFail(
-            "BytesAlone", 0x8100,
+            "BytesAlone",
             [](Seen& seen) {
                 seen.result = SystemSetting::instance()->dtvControl(3, gNumbers.data(), sizeof gNumbers);
             },
             withNumbers(Wire::request(0x8100).i32(3).i32(400)), Wire::reply().i32(0), "0"),
         zeroOrFail(
-            "BytesForBytes", 0x8101,
+            "BytesForBytes",
             [](Seen& seen) {
                 seen.count = 1200;
                 seen.result = SystemSetting::instance()->sendCmdToTVServer(3, gNumbers.data(), sizeof gNumbers,
@@ -97,23 +89,13 @@ std::vector<Operation> requestOperations() {
             },
             withNumbers(Wire::request(0x8101).i32(3).i32(400).i32(1200)), withNumbers(Wire::reply().i32(0).i32(400)),
             "0 count=400 numbers=" + numbersUpTo(100)),
-        {"FlagForText",
-         [](Seen& seen) {
-             bool on = false;
-             seen.result = Audio::instance()->getOutputStatus(longText(), &on);
-             seen.count = on ? 1 : 0;
-         },
-         {Wire::request(0x2059).cstr(longText()).bytes()},
-         {{0x2059, replyOf({0, 1})}},
-         "0 count=1",
-         {"0 count=0"}},
-        {"Connection",
-         [](Seen& seen) { seen.result = android::TVBaseClient::self()->exeCmdGet(0x4321); },
-         {requestOf(0x4321)},
-         {{0x4321, replyOf({0, 7})}},
-         "7",
-         {"-1"},
-         true},
+        observed("FlagForText",
+                 [](Seen& seen) {
+                     bool on = false;
+                     seen.result = Audio::instance()->getOutputStatus(longText(), &on);
+                     seen.count = on ? 1 : 0;
+                 },
+                 {{Wire::request(0x2059).cstr(longText()).bytes(), replyOf({0, 1})}}, "0 count=1", {"0 count=0"}),
     };
 }
 

@@ -1,4 +1,6 @@
-#include "client/memory/Starvation.h"
+// Allocations of C++ with failures. Those of C have none, since a sanitizer's allocator takes them.
+
+#include "torture/starvation/Refusal.h"
 
 #include <cstddef>
 #include <cstdlib>
@@ -6,21 +8,9 @@
 
 namespace {
 
-constexpr int kNever = 0;
-
-thread_local int tNumber = kNever;
-thread_local bool tAllBehind = false;
-thread_local int tCount = 0;
-
-bool fails() {
-    if (tNumber == kNever) {
-        return false;
-    }
-    ++tCount;
-    return tCount == tNumber || (tAllBehind && tCount > tNumber);
+void* allocate(std::size_t size) {
+    return kelutv::starvation::refused(kelutv::starvation::kAllocation) ? nullptr : std::malloc(size);
 }
-
-void* allocate(std::size_t size) { return fails() ? nullptr : std::malloc(size); }
 
 void* allocateOrThrow(std::size_t size) {
     void* const block = allocate(size);
@@ -32,7 +22,6 @@ void* allocateOrThrow(std::size_t size) {
 
 } // namespace
 
-// In place of those of the C++ library, for the program and all libraries that it loads.
 void* operator new(std::size_t size) { return allocateOrThrow(size); }
 void* operator new[](std::size_t size) { return allocateOrThrow(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
@@ -43,17 +32,3 @@ void operator delete(void* block, std::size_t) noexcept { std::free(block); }
 void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
 void operator delete(void* block, const std::nothrow_t&) noexcept { std::free(block); }
 void operator delete[](void* block, const std::nothrow_t&) noexcept { std::free(block); }
-
-namespace kelutv::test {
-
-Starvation::Starvation(int number, Failing failing) {
-    tCount = 0;
-    tAllBehind = failing == Failing::FromThenOn;
-    tNumber = number;
-}
-
-Starvation::~Starvation() { tNumber = kNever; }
-
-bool Starvation::felt() const { return tCount >= tNumber; }
-
-} // namespace kelutv::test

@@ -1,7 +1,6 @@
-// Every command call with small arguments, and each form of argument and reply with more than a parcel holds by itself.
-
 #include "client/CommandCalls.h"
-#include "client/memory/Operation.h"
+#include "torture/memory/MemoryOperations.h"
+#include "torture/memory/Seen.h"
 
 #include <kelutv/link/TVBaseClient.h>
 
@@ -28,9 +27,8 @@ std::string rightOf(ReplyShape shape) {
 }
 
 Operation operationOf(const CommandCall& call) {
-    return {call.name,           [make = call.make](Seen& seen) { seen.result = make(seen.parcel); },
-            {call.request},      {{kCommand, replyOf({0, 7, 8})}},
-            rightOf(call.shape), {"-1"}};
+    return observed(call.name.c_str(), [make = call.make](Seen& seen) { seen.result = make(seen.parcel); },
+                    {{call.request, replyOf({0, 7, 8})}}, rightOf(call.shape), {"-1"});
 }
 
 const Parcel& hundredWords() {
@@ -51,18 +49,14 @@ Wire withHundred(Wire wire) {
     return wire;
 }
 
-Operation status(const char* name, std::function<void(Seen&)> call, const Wire& request) {
-    return {name, std::move(call), {request.bytes()}, {{kCommand, replyOf({0})}}, "0", {"-1"}};
+Operation status(const char* name, const std::function<void(Seen&)>& call, const Wire& request) {
+    return observed(name, call, {{request.bytes(), replyOf({0})}}, "0", {"-1"});
 }
 
 /** What the caller's parcel held stays, unless the memory for the new content was missing. */
-Operation parcel(const char* name, std::function<void(Seen&)> call, const Wire& request) {
-    return {name,
-            std::move(call),
-            {request.bytes()},
-            {{kCommand, withHundred(Wire::reply().i32(0)).bytes()}},
-            "0 parcel=" + numbersUpTo(100),
-            {"-1"}};
+Operation parcel(const char* name, const std::function<void(Seen&)>& call, const Wire& request) {
+    return observed(name, call, {{request.bytes(), withHundred(Wire::reply().i32(0)).bytes()}},
+                    "0 parcel=" + numbersUpTo(100), {"-1"});
 }
 
 std::vector<Operation> longCalls() {
