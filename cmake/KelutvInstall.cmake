@@ -33,6 +33,7 @@ install(
     NAMESPACE kelutv::
     DESTINATION "${package_dir}"
     COMPONENT development)
+include(KelutvPlatformFiles)
 configure_package_config_file(
     "${CMAKE_CURRENT_LIST_DIR}/kelutvbaseclientConfig.cmake.in" "${PROJECT_BINARY_DIR}/kelutvbaseclientConfig.cmake"
     INSTALL_DESTINATION "${package_dir}")
@@ -46,11 +47,18 @@ install(
 
 file(RELATIVE_PATH pc_prefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 string(REGEX REPLACE "/$" "" pc_prefix "${pc_prefix}")
-configure_file("${CMAKE_CURRENT_LIST_DIR}/kelutvbaseclient.pc.in" "${PROJECT_BINARY_DIR}/kelutvbaseclient.pc" @ONLY)
-install(
-    FILES "${PROJECT_BINARY_DIR}/kelutvbaseclient.pc"
-    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
-    COMPONENT development)
+set(pc_files development kelutvbaseclient development kelutvbaseclient-link)
+if(KELUTV_STAND_INS)
+    list(APPEND pc_files platform_development kelutv-platform)
+endif()
+while(pc_files)
+    list(POP_FRONT pc_files component name)
+    configure_file("${CMAKE_CURRENT_LIST_DIR}/${name}.pc.in" "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
+    install(
+        FILES "${PROJECT_BINARY_DIR}/${name}.pc"
+        DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+        COMPONENT ${component})
+endwhile()
 
 foreach(program IN ITEMS kelutv kelutv-simulator kqservicemanager)
     if(TARGET ${program})

@@ -15,6 +15,24 @@ foreach(room platform simulator tests)
     endif()
 endforeach()
 
-compile_c("${scratch}/program" "-I${source_dir}/include" "-L${scratch}/client" -lkelutvbaseclient
-          "-Wl,-rpath,${scratch}/client")
+compile("${scratch}/program" "${CMAKE_CURRENT_LIST_DIR}/consumer/main.c" "-I${source_dir}/include" "-L${scratch}/client"
+        -lkelutvbaseclient "-Wl,-rpath,${scratch}/client")
 run_program("${scratch}/program")
+
+# What is installed knows the platform that it was built against.
+set(prefix "${scratch}/prefix")
+set(build_dir "${scratch}")
+install_to("${prefix}" runtime development)
+set(sdk_folders "")
+foreach(library IN LISTS sdk_libraries)
+    cmake_path(GET library PARENT_PATH folder)
+    string(APPEND sdk_folders ":${folder}")
+endforeach()
+set(ENV{LD_LIBRARY_PATH} "${prefix}/${libdir}${sdk_folders}")
+set(ENV{PKG_CONFIG_LIBDIR} "${prefix}/${libdir}/pkgconfig")
+compile_by_pkg_config("${scratch}/link_by_pkg_config" kelutvbaseclient-link "${CMAKE_CURRENT_LIST_DIR}/consumer/link.cpp")
+run_program("${scratch}/link_by_pkg_config")
+configure("${CMAKE_CURRENT_LIST_DIR}/consumer" "${scratch}/consumer"
+          "-Dkelutvbaseclient_DIR=${prefix}/${libdir}/cmake/kelutvbaseclient")
+run("${CMAKE_COMMAND}" --build "${scratch}/consumer" --target consumer_link)
+run_program("${scratch}/consumer/consumer_link")

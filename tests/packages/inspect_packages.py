@@ -44,6 +44,7 @@ PACKAGES: dict[str, tuple[list[str], list[str], list[str]]] = {
             *tree("include/kelutv", "*.h", "include/kelutv"),
             "lib/{triplet}/libkelutvbaseclient.so",
             "lib/{triplet}/pkgconfig/kelutvbaseclient.pc",
+            "lib/{triplet}/pkgconfig/kelutvbaseclient-link.pc",
             "lib/{triplet}/cmake/kelutvbaseclient/kelutvbaseclientConfig.cmake",
             "lib/{triplet}/cmake/kelutvbaseclient/kelutvbaseclientConfigVersion.cmake",
             "lib/{triplet}/cmake/kelutvbaseclient/kelutvbaseclientTargets.cmake",
@@ -73,6 +74,7 @@ PACKAGES: dict[str, tuple[list[str], list[str], list[str]]] = {
             *tree("platform/include", "*.h", "include/kelutv-platform"),
             "include/kelutv-simulator/events.h",
             "lib/{triplet}/libkqdroid.so",
+            "lib/{triplet}/pkgconfig/kelutv-platform.pc",
         ],
     ),
     "kelutv-tools": (
