@@ -45,6 +45,14 @@ std::string identifierOf(const PublishedEvent& event) {
 
 pid_t caller() { return android::IPCThreadState::self()->getCallingPid(); }
 
+/** Which tokens are taken is the platform's to say. */
+wire::Request requestIn(const Parcel& data, const android::String16& interface) {
+    const bool isMeant = data.enforceInterface(interface);
+    wire::ByteReader bytes(data.data(), data.dataSize());
+    bytes.moveTo(data.dataPosition());
+    return isMeant ? wire::readRequestBehindToken(bytes) : wire::requestWithWrongToken(bytes);
+}
+
 [[noreturn]] void waitForTheEnd() {
     for (;;) {
         ::pause();
@@ -74,7 +82,7 @@ status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, u
 }
 
 status_t Service::serve(const Parcel& data, Parcel* reply) {
-    const wire::Request request = wire::readRequest(data);
+    const wire::Request request = requestIn(data, getInterfaceDescriptor());
     FaultRules faults;
     const wire::Reply answered = answer(request, faults);
     if (reply != nullptr) {

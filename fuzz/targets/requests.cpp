@@ -47,11 +47,11 @@ void send(simulator::Service& service, const Parcel& request) {
     Parcel reply;
     require(service.transact(1, request, &reply) == android::NO_ERROR, "a request is taken");
     require(reply.dataSize() >= sizeof(std::int32_t), "a request is answered");
-    reply.setDataPosition(0);
-    request.setDataPosition(0);
-    const wire::Request read = wire::readRequest(request);
+    wire::ByteReader sent(request.data(), request.dataSize());
+    const wire::Request read = wire::readRequest(sent);
     if (read.operation != nullptr && !read.refusal) {
-        const wire::ReplyReading reading = wire::readReply(*read.operation, reply);
+        wire::ByteReader answered(reply.data(), reply.dataSize());
+        const wire::ReplyReading reading = wire::readReply(*read.operation, answered);
         require(reading.hasResult && !reading.flaw, "an answer is of the form that the catalogue says");
     }
 }

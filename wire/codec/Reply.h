@@ -3,7 +3,6 @@
 #include "wire/codec/Request.h"
 
 #include <binder/Parcel.h>
-#include <utils/Errors.h>
 
 #include <cstdint>
 #include <string>

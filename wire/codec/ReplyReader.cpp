@@ -2,13 +2,9 @@
 
 #include "wire/codec/ValueReader.h"
 
-#include <utils/Errors.h>
-
 #include <algorithm>
 
 namespace kelutv::wire {
-
-using android::Parcel;
 
 namespace {
 
@@ -20,19 +16,19 @@ bool isText(Encoding kind) { return kind == Encoding::CString || kind == Encodin
 
 class FieldReader {
 public:
-    FieldReader(const Parcel& data, ReplyReading& reading) : mData(data), mReading(reading) {}
+    FieldReader(ByteReader& data, ReplyReading& reading) : mData(data), mReading(reading) {}
 
     void readAll(const Rows<ReplyField>& fields) {
-        while (readRound(fields) && fields.size() > 1 && mData.dataAvail() != 0) {
+        while (readRound(fields) && fields.size() > 1 && mData.available() != 0) {
         }
-        if (!mReading.flaw && mData.dataAvail() != 0) {
-            complain(std::to_string(mData.dataAvail()) + " bytes too many");
+        if (!mReading.flaw && mData.available() != 0) {
+            complain(std::to_string(mData.available()) + " bytes too many");
         }
     }
 
 private:
     bool readRound(const Rows<ReplyField>& fields) {
-        if (fields.size() > 1 && mData.dataAvail() == 0) {
+        if (fields.size() > 1 && mData.available() == 0) {
             return false;
         }
         return std::all_of(fields.begin(), fields.end(), [this](const ReplyField& field) { return readField(field); });
@@ -42,7 +38,7 @@ private:
         if (field.count == kRestOfReply && isText(field.encoding)) {
             return readTexts(field.encoding);
         }
-        const std::size_t there = isText(field.encoding) ? 1 : mData.dataAvail() / sizeOf(field.encoding);
+        const std::size_t there = isText(field.encoding) ? 1 : mData.available() / sizeOf(field.encoding);
         const std::size_t wanted = field.count == kRestOfReply   ? there
                                    : field.count == kCountOfRest ? 1
                                                                  : static_cast<std::size_t>(field.count);
@@ -58,11 +54,11 @@ private:
 
     bool readTexts(Encoding kind) {
         Values texts;
-        while (const auto text = mData.dataAvail() != 0 ? readValues(mData, kind, 1) : std::nullopt) {
+        while (const auto text = mData.available() != 0 ? readValues(mData, kind, 1) : std::nullopt) {
             texts.push_back(text->front());
         }
         mReading.reply.fields.push_back(std::move(texts));
-        if (mData.dataAvail() != 0) {
+        if (mData.available() != 0) {
             complain("a text has no end");
         }
         return !mReading.flaw;
@@ -71,24 +67,24 @@ private:
     void complain(const ReplyField& field, std::size_t there, std::size_t wanted) {
         const std::string name = field.name != nullptr ? field.name : "the answer";
         if (isText(field.encoding)) {
-            complain(mData.dataAvail() == 0 ? name + " lacks its text" : "a text has no end");
+            complain(mData.available() == 0 ? name + " lacks its text" : "a text has no end");
         } else {
             complain(name + " has " + std::to_string(there) + " of " + std::to_string(wanted) + " numbers");
         }
     }
 
-    void complain(const std::string& text) { mReading.flaw = {mData.dataPosition(), text}; }
+    void complain(const std::string& text) { mReading.flaw = {mData.position(), text}; }
 
-    const Parcel& mData;
+    ByteReader& mData;
     ReplyReading& mReading;
 };
 
 } // namespace
 
-ReplyReading readReply(const Operation& operation, const Parcel& data) {
+ReplyReading readReply(const Operation& operation, ByteReader& data) {
     ReplyReading reading;
-    if (data.readInt32(&reading.reply.result) != android::NO_ERROR) {
-        reading.flaw = {data.dataPosition(), "the result word is missing"};
+    if (!data.read(reading.reply.result)) {
+        reading.flaw = {data.position(), "the result word is missing"};
         return reading;
     }
     reading.hasResult = true;

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "wire/codec/ByteReader.h"
 #include "wire/codec/Reply.h"
-
-#include <binder/Parcel.h>
 
 #include <cstddef>
 #include <optional>
@@ -24,6 +23,6 @@ struct ReplyReading {
 };
 
 /** Reads what `writeReply` wrote for this operation. Behind the last field the fields may come again: a list. */
-ReplyReading readReply(const Operation& operation, const android::Parcel& data);
+ReplyReading readReply(const Operation& operation, ByteReader& data);
 
 } // namespace kelutv::wire

@@ -1,27 +1,18 @@
 #include "wire/codec/Request.h"
 
+#include "wire/codec/Token.h"
 #include "wire/codec/ValueReader.h"
-
-#include <utils/Errors.h>
-#include <utils/String16.h>
 
 #include <utility>
 
 namespace kelutv::wire {
 
-using android::Parcel;
-
 namespace {
-
-const android::String16& interfaceToken() {
-    static const auto* const token = new android::String16("android.ITVBaseService");
-    return *token;
-}
 
 /** Reads the items of one request, in order, until one is not there. */
 class ArgumentReader {
 public:
-    ArgumentReader(const Parcel& data, Request& request) : mData(data), mRequest(request) {}
+    ArgumentReader(ByteReader& data, Request& request) : mData(data), mRequest(request) {}
 
     void read(const Rows<RequestItem>& items) {
         for (const RequestItem& item : items) {
@@ -31,8 +22,8 @@ public:
             }
             mRequest.arguments.push_back(std::move(values));
         }
-        if (mData.dataAvail() != 0) {
-            mRequest.refusal = {Result::TooMuchData, std::to_string(mData.dataAvail()) + " bytes too many"};
+        if (mData.available() != 0) {
+            mRequest.refusal = {Result::TooMuchData, std::to_string(mData.available()) + " bytes too many"};
         }
     }
 
@@ -66,7 +57,7 @@ private:
     /** The number of elements; a negative one on the wire stands for none. */
     std::size_t blockLength(const RequestItem& item, std::size_t elementSize) const {
         if (item.lengthItem == kRestOfRequest) {
-            return mData.dataAvail() / elementSize;
+            return mData.available() / elementSize;
         }
         const Values& length = mRequest.arguments[static_cast<std::size_t>(item.lengthItem)];
         const std::int32_t count = std::get<std::int32_t>(length.front());
@@ -74,24 +65,24 @@ private:
     }
 
     Refusal refusalAt(const RequestItem& item) const {
-        if (item.encoding == Encoding::CString && mData.dataAvail() != 0) {
+        if (item.encoding == Encoding::CString && mData.available() != 0) {
             return {Result::UnterminatedText, std::string("text ") + item.name + " has no end"};
         }
         return {Result::MissingData, std::string(item.name) + " is missing"};
     }
 
-    const Parcel& mData;
+    ByteReader& mData;
     Request& mRequest;
 };
 
-void readCommand(const Parcel& data, Request& request) {
+void readCommand(ByteReader& data, Request& request) {
     std::int32_t number = 0;
-    if (data.readInt32(&number) != android::NO_ERROR) {
+    if (!data.read(number)) {
         request.refusal = {Result::MissingData, "the command identifier is missing"};
         return;
     }
     request.number = number;
-    request.argumentsAt = data.dataPosition();
+    request.argumentsAt = data.position();
     request.command = findCommand(number);
     if (request.command == nullptr) {
         request.refusal = {Result::UnknownCommand, "unknown command"};
@@ -100,13 +91,20 @@ void readCommand(const Parcel& data, Request& request) {
 
 } // namespace
 
-Request readRequest(const Parcel& data) {
+Request requestWithWrongToken(const ByteReader& data) {
     Request request;
-    request.size = data.dataSize();
-    if (!data.enforceInterface(interfaceToken())) {
-        request.refusal = {Result::WrongToken, "the interface token is not android.ITVBaseService"};
-        return request;
-    }
+    request.size = data.size();
+    request.refusal = {Result::WrongToken, "the interface token is not android.ITVBaseService"};
+    return request;
+}
+
+Request readRequest(ByteReader& data) {
+    return readToken(data) ? readRequestBehindToken(data) : requestWithWrongToken(data);
+}
+
+Request readRequestBehindToken(ByteReader& data) {
+    Request request;
+    request.size = data.size();
     readCommand(data, request);
     if (!request.refusal) {
         ArgumentReader(data, request).read(request.command->operation.request);

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "wire/Interface.h"
+#include "wire/codec/ByteReader.h"
 #include "wire/codec/Refusal.h"
-
-#include <binder/Parcel.h>
 
 #include <cstdint>
 #include <optional>
@@ -24,6 +23,13 @@ struct Request {
     std::optional<Refusal> refusal;
 };
 
-Request readRequest(const android::Parcel& data);
+/** Reads a request from its token on, in any form that `readToken` knows. */
+Request readRequest(ByteReader& data);
+
+/** Reads a request from its command on; the reader stands there, behind the token. */
+Request readRequestBehindToken(ByteReader& data);
+
+/** A request of these bytes that names another interface. */
+Request requestWithWrongToken(const ByteReader& data);
 
 } // namespace kelutv::wire

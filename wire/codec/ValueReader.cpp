@@ -4,52 +4,40 @@
 
 namespace kelutv::wire {
 
-using android::Parcel;
-
 namespace {
 
-template <typename Number> std::optional<Values> readNumbers(const Parcel& data, std::size_t count) {
-    if (count > data.dataAvail() / sizeof(Number)) {
+template <typename Number> std::optional<Values> readNumbers(ByteReader& data, std::size_t count) {
+    if (count > data.available() / sizeof(Number)) {
         return std::nullopt;
     }
     Values numbers;
     for (std::size_t i = 0; i < count; ++i) {
         Number number{};
-        data.read(&number, sizeof(number));
+        data.read(number);
         numbers.emplace_back(number);
     }
     return numbers;
 }
 
-std::optional<Values> readBytes(const Parcel& data, std::size_t length) {
-    const auto* const bytes = static_cast<const char*>(data.readInplace(length));
-    if (bytes == nullptr && length != 0) {
-        return std::nullopt;
-    }
-    return Values{std::string(bytes, bytes + length)};
+std::optional<Values> valuesOf(const std::optional<std::string_view>& text) {
+    return text ? std::optional(Values{std::string(*text)}) : std::nullopt;
 }
 
-std::optional<Values> readText(const Parcel& data) {
-    const char* const text = data.readCString();
-    return text != nullptr ? std::optional(Values{std::string(text)}) : std::nullopt;
-}
-
-std::optional<Values> readText16(const Parcel& data) {
-    std::size_t length = 0;
-    const char16_t* const units = data.readString16Inplace(&length);
-    return units != nullptr ? std::optional(Values{toUtf8({units, length})}) : std::nullopt;
+std::optional<Values> readText16(ByteReader& data) {
+    const auto text = data.readText16();
+    return text ? std::optional(Values{toUtf8(*text)}) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<Values> readValues(const Parcel& data, Encoding kind, std::size_t count) {
+std::optional<Values> readValues(ByteReader& data, Encoding kind, std::size_t count) {
     switch (kind) {
     case Encoding::CString:
-        return readText(data);
+        return valuesOf(data.readText());
     case Encoding::String16:
         return readText16(data);
     case Encoding::Bytes:
-        return readBytes(data, count);
+        return valuesOf(data.readBlock(count));
     case Encoding::Double:
     case Encoding::Doubles:
         return readNumbers<double>(data, count);

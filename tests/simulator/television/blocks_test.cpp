@@ -83,8 +83,7 @@ struct Exchange {
 class Blocks : public ::testing::Test {
 protected:
     Exchange send(const Wire& wire) {
-        android::Parcel data;
-        data.setData(wire.bytes().data(), wire.bytes().size());
+        wire::ByteReader data(wire.bytes().data(), wire.bytes().size());
         const wire::Request request = wire::readRequest(data);
         const wire::Reply reply = request.refusal ? replyTo(*request.refusal) : mTelevision.perform(request);
         android::Parcel written;

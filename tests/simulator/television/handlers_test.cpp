@@ -106,8 +106,7 @@ constexpr unsigned int kBlockOfTypeOne = 0x120001;
 class Handlers : public ::testing::Test {
 protected:
     Bytes sendBytes(const Bytes& bytes) {
-        android::Parcel data;
-        data.setData(bytes.data(), bytes.size());
+        wire::ByteReader data(bytes.data(), bytes.size());
         const wire::Request request = wire::readRequest(data);
         const wire::Reply reply = request.refusal ? replyTo(*request.refusal) : mTelevision.perform(request);
         mTrace = describe(request) + " -> " + describe(request, reply);

@@ -43,6 +43,43 @@ TEST(Decode, namesWhatARequestSays) {
     EXPECT_EQ(run.error, "");
 }
 
+TEST(Decode, findsTheCommandBehindEveryFormOfToken) {
+    const std::string name = kToken.substr(8);
+    const std::string call = "08200000"
+                             "00000000"
+                             "23000000";
+    const std::string strictMode = "00004000";
+    const std::string workSource = "ffffffff";
+    const std::string header = "54535953"; // "SYST"
+    for (const std::string& before :
+         {std::string(), strictMode, strictMode + workSource, strictMode + workSource + header}) {
+        const ToolRun run = runTool({"decode", before + name + call});
+        EXPECT_EQ(run.exit, 0) << run.error;
+        EXPECT_EQ(run.output, kSetVolumeText);
+    }
+    const ToolRun run = runTool({"decode", strictMode + workSource + header + "00000000" + name + call});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error, "kelutv: request: the interface token is not android.ITVBaseService (at byte 0)\n");
+}
+
+TEST(Decode, findsTheCommandWhereItIsToldTo) {
+    const std::string text = kSetVolumeText.substr(kSetVolumeText.find("command"));
+    for (const auto& [bytes, offset] :
+         std::vector<std::pair<std::string, std::string>>{{kSetVolume, "56"},
+                                                          {kSetVolume, "0x38"},
+                                                          {"082000000000000023000000", "0"},
+                                                          {"abcd08200000"
+                                                           "0000000023000000",
+                                                           "2"}}) {
+        const ToolRun run = runTool({"decode", "--offset", offset, bytes});
+        EXPECT_EQ(run.exit, 0) << run.error;
+        EXPECT_EQ(run.output, text);
+    }
+    const ToolRun run = runTool({"decode", "--offset", "56", kToken});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error, "kelutv: request: the command identifier is missing (at byte 56)\n");
+}
+
 TEST(Decode, namesTheItem) {
     const ToolRun run = runTool({"decode", "--json", kToken + "54200000" + "0c200000" + "00000000" + "00000000"});
     EXPECT_EQ(run.exit, 0) << run.error;
@@ -201,6 +238,10 @@ TEST(Decode, refusesBadInput) {
         {{"--reply", "00"}, "--reply needs the request before it, or --command to name what it answers"},
         {{"00", "--command", "0x2008"}, "--command: the request names its command itself; leave one of them out"},
         {{"00", "--item", "0x200C"}, "--item needs --command"},
+        {{"--offset", "0", "--command", "0x2008", "--reply", "00"}, "--offset needs the bytes of a request"},
+        {{"0000", "--offset", "3"}, "--offset takes a number of bytes from 0 to 2, the size of the request, not '3'"},
+        {{"0000", "--offset=-1"}, "--offset takes a number of bytes from 0 to 2, the size of the request, not '-1'"},
+        {{"0000", "--offset", "x"}, "--offset takes a number of bytes from 0 to 2, the size of the request, not 'x'"},
         {{"zz"}, "'z' is not a hexadecimal digit"},
         {{"000"}, "'000' has an odd number of hexadecimal digits"},
         {{'@' + nowhere}, "cannot read '" + nowhere + "': No such file or directory"},

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 namespace kelutv::tool {
 
@@ -20,6 +21,7 @@ struct DecodeOptions {
     std::string command;
     std::string item;
     std::string reply;
+    std::string offset;
     bool raw = false;
 };
 
@@ -108,12 +110,30 @@ void check(const DecodeOptions& options) {
     if (!options.item.empty() && options.command.empty()) {
         throw UsageError("--item needs --command");
     }
+    if (!options.offset.empty() && options.words.empty()) {
+        throw UsageError("--offset needs the bytes of a request");
+    }
 }
 
-void printLines(const DecodedRequest& decoded, const Output& output) {
+/** Where the command begins; nothing where that is to be found out. */
+std::optional<std::size_t> commandAt(const std::string& offset, std::size_t size) {
+    if (offset.empty()) {
+        return std::nullopt;
+    }
+    const std::optional<std::int32_t> number = wire::int32Of(offset);
+    if (!number || *number < 0 || static_cast<std::size_t>(*number) > size) {
+        throw UsageError("--offset takes a number of bytes from 0 to " + std::to_string(size) +
+                         ", the size of the request, not '" + wire::shown(offset) + '\'');
+    }
+    return static_cast<std::size_t>(*number);
+}
+
+void printLines(const DecodedRequest& decoded, bool hasToken, const Output& output) {
     const wire::Request& request = decoded.request;
     if (decoded.request.number) {
-        output.line("interface: android.ITVBaseService");
+        if (hasToken) {
+            output.line("interface: android.ITVBaseService");
+        }
         const std::string name = request.command != nullptr ? std::string(request.command->name) + ' ' : "";
         output.line("command: " + output.styled(Style::Name, name) + hexNumber(*request.number));
     }
@@ -126,8 +146,10 @@ void printLines(const DecodedRequest& decoded, const Output& output) {
 }
 
 std::string printRequest(const DecodeOptions& options, const Output& output, Json& document, wire::Request& request) {
-    const DecodedRequest decoded = decodeRequest(requestBytes(options));
-    printLines(decoded, output);
+    const Bytes bytes = requestBytes(options);
+    const std::optional<std::size_t> at = commandAt(options.offset, bytes.size());
+    const DecodedRequest decoded = decodeRequest(bytes, at);
+    printLines(decoded, !at, output);
     document["request"] = documentOf(decoded);
     document["functions"] = senderNames(decoded.request);
     request = decoded.request;
@@ -176,7 +198,8 @@ void addDecodeCommand(const Command& program, Context& context) {
         program, "decode",
         "Show what the bytes of a request or a reply mean\n\n"
         "The bytes are hex digits, with or without spaces and 0x, or the lines of a hex dump. What is wrong with\n"
-        "them follows what could be read, with the position of the byte.\n\n"
+        "them follows what could be read, with the position of the byte. A request begins with the interface's\n"
+        "name in any of the forms in which platforms write it; of another form, --offset says where it ends.\n\n"
         "Examples:\n"
         "kelutv encode audio.setVolume speaker 35 | kelutv decode -\n"
         "kelutv decode --command CMD_AUDIO_GETVOLUME --reply '00000000 23000000'\n"
@@ -186,6 +209,7 @@ void addDecodeCommand(const Command& program, Context& context) {
     command.option("--reply", options->reply, "HEX", "The reply, given in the same ways");
     command.option("--command", options->command, "NAME|NUMBER", "What the reply answers, when there is no request");
     command.option("--item", options->item, "NAME|NUMBER", "The item of that command");
+    command.option("--offset", options->offset, "N", "The byte of the request at which its command begins");
     command.flag("--raw", options->raw, "@FILE and - hold the bytes themselves");
     command.action([options, &context] { decode(*options, context.output); });
 }

@@ -4,8 +4,6 @@
 #include "tools/kelutv/text/Hex.h"
 #include "wire/text/Describe.h"
 
-#include <binder/Parcel.h>
-
 #include <algorithm>
 
 namespace kelutv::tool {
@@ -15,14 +13,14 @@ namespace {
 using wire::Result;
 
 /** The reader stands where the argument begins that could not be read. */
-std::size_t offsetOf(const wire::Request& request, const android::Parcel& parcel) {
+std::size_t offsetOf(const wire::Request& request, const wire::ByteReader& data) {
     switch (request.refusal->result) {
     case Result::WrongToken:
         return 0;
     case Result::UnknownCommand:
         return request.argumentsAt - sizeof(std::int32_t);
     default:
-        return parcel.dataPosition();
+        return data.position();
     }
 }
 
@@ -87,12 +85,12 @@ Json documentOf(const NamedValue& value) {
     return document;
 }
 
-DecodedRequest decodeRequest(const Bytes& bytes) {
-    android::Parcel parcel;
-    parcel.setData(bytes.data(), bytes.size());
-    DecodedRequest decoded{wire::readRequest(parcel), std::nullopt};
+DecodedRequest decodeRequest(const Bytes& bytes, std::optional<std::size_t> commandAt) {
+    wire::ByteReader data(bytes.data(), bytes.size());
+    data.moveTo(commandAt.value_or(0));
+    DecodedRequest decoded{commandAt ? wire::readRequestBehindToken(data) : wire::readRequest(data), std::nullopt};
     if (isMalformed(decoded.request)) {
-        decoded.flaw = {offsetOf(decoded.request, parcel), decoded.request.refusal->text};
+        decoded.flaw = {offsetOf(decoded.request, data), decoded.request.refusal->text};
     }
     return decoded;
 }
@@ -108,9 +106,8 @@ const wire::Operation& operationFor(const wire::Request& request) {
 }
 
 wire::ReplyReading decodeReply(const wire::Operation& operation, const Bytes& bytes) {
-    android::Parcel parcel;
-    parcel.setData(bytes.data(), bytes.size());
-    return wire::readReply(operation, parcel);
+    wire::ByteReader data(bytes.data(), bytes.size());
+    return wire::readReply(operation, data);
 }
 
 std::vector<NamedValue> argumentsOf(const wire::Request& request) {

@@ -19,7 +19,8 @@ struct DecodedRequest {
     std::optional<wire::ReplyFlaw> flaw;
 };
 
-DecodedRequest decodeRequest(const Bytes& bytes);
+/** `commandAt` is the byte at which the command begins; without it, the command stands behind the interface token. */
+DecodedRequest decodeRequest(const Bytes& bytes, std::optional<std::size_t> commandAt = std::nullopt);
 
 /** What the reply to a request is read by; that of a command without a row takes all words behind the result. */
 const wire::Operation& operationFor(const wire::Request& request);
