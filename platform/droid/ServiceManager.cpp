@@ -1,6 +1,7 @@
 #include <binder/IServiceManager.h>
 
 #include "Transport.h"
+#include "Utf.h"
 #include "socket/ProcessLife.h"
 
 #include <android/log.h>
@@ -8,6 +9,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <string>
 
 namespace android {
 
@@ -33,10 +35,25 @@ std::chrono::milliseconds serviceWait() {
     return std::chrono::milliseconds(wait);
 }
 
+void tellOfMissing(const String16& name, const std::string& place) {
+    if (!place.empty()) {
+        __android_log_print(ANDROID_LOG_WARN, "kqdroid", "no service %s %s",
+                            printable(name.string(), name.size()).c_str(), place.c_str());
+    }
+}
+
 class ServiceManager : public IServiceManager {
 public:
     sp<IBinder> getService(const String16& name) const override {
-        return usable(name) ? Transport::get().waitFor(name, serviceWait()) : nullptr;
+        if (!usable(name)) {
+            return nullptr;
+        }
+        Transport& transport = Transport::get();
+        sp<IBinder> found = transport.waitFor(name, serviceWait());
+        if (found == nullptr) {
+            tellOfMissing(name, transport.place());
+        }
+        return found;
     }
 
     sp<IBinder> checkService(const String16& name) const override {

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <string>
 
 namespace android {
 
@@ -58,6 +59,8 @@ public:
     virtual sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) = 0;
     /** Makes an object of this process callable under a name; as IServiceManager::addService. */
     virtual status_t publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) = 0;
+    /** Where services are looked for, as a line of the log ends: "in PATH"; empty where nothing is looked for. */
+    virtual std::string place() const = 0;
     /** The names of the services that have one of these dump priorities, where a transport knows those. */
     virtual Vector<String16> names(int dumpPriorities) = 0;
 

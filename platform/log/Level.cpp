@@ -6,9 +6,6 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "ErrnoKeeper.h"
-#include "Line.h"
-
 namespace kqlog {
 
 namespace {
@@ -25,12 +22,8 @@ int levelOf(const char* word) {
 }
 
 void complainAbout(const char* word) {
-    const ErrnoKeeper keeper;
-    Line line(ANDROID_LOG_WARN, "kqlog");
-    line.append("KQLOG_LEVEL is \"");
-    line.append(word);
-    line.append("\" but must be one of v d i w e f s; d is used");
-    line.write();
+    __android_log_print(ANDROID_LOG_WARN, "kqlog", "KQLOG_LEVEL is \"%s\" but must be one of v d i w e f s; d is used",
+                        word);
 }
 
 int configuredLevel() {

@@ -59,6 +59,18 @@ std::string configuredDirectory() {
     return "/tmp/kqdroid-" + std::to_string(::geteuid());
 }
 
+std::string baseDirectory() { return withoutTail(configuredDirectory()); }
+
+/** Processes that meet in a directory may have been started in different ones. */
+bool isWhole(const std::string& path) {
+    if (path.front() == '/') {
+        return true;
+    }
+    __android_log_print(ANDROID_LOG_ERROR, kTag, "runtime directory %s must be a path that begins with /",
+                        path.c_str());
+    return false;
+}
+
 bool ownedAndPrivate(const std::string& path) {
     struct stat status {};
     if (::lstat(path.c_str(), &status) != 0) {
@@ -95,10 +107,12 @@ void waitForChange(int inotify, std::chrono::milliseconds time) {
 
 } // namespace
 
+std::string RuntimeDirectory::pathOfRoom(const char* room) { return baseDirectory() + '/' + room; }
+
 std::optional<RuntimeDirectory> RuntimeDirectory::open(const char* room) {
-    const std::string base = withoutTail(configuredDirectory());
-    const std::string path = base + '/' + room;
-    if (!prepare(base) || !prepare(path)) {
+    const std::string base = baseDirectory();
+    const std::string path = pathOfRoom(room);
+    if (!isWhole(base) || !prepare(base) || !prepare(path)) {
         return std::nullopt;
     }
     return RuntimeDirectory(path);

@@ -14,12 +14,15 @@ namespace kq {
  * One room ("services", "events") of the private directory in which the runtime's sockets live.
  *
  * The directory is $KQDROID_RUNTIME_DIR, else $XDG_RUNTIME_DIR/kqdroid, else /tmp/kqdroid-<uid>. It is made when
- * missing and must be a directory of this user that nobody else may enter.
+ * missing and must be a directory of this user that nobody else may enter, by its path from the root.
  */
 class RuntimeDirectory {
 public:
     /** Opens one room; empty, with the reason in the log, when the directory cannot be used. */
     static std::optional<RuntimeDirectory> open(const char* room);
+
+    /** Where a room is or would be. */
+    static std::string pathOfRoom(const char* room);
 
     std::string pathOf(const std::string& entry) const { return mPath + '/' + entry; }
     const std::string& path() const { return mPath; }

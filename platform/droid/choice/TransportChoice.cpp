@@ -17,6 +17,7 @@ namespace android {
 namespace {
 
 constexpr const char* kTag = "kqdroid";
+constexpr const char* kDeviceVariable = "KQDROID_BINDER_DEVICE";
 constexpr const char* kKernel = "kernel";
 constexpr const char* kSockets = "sockets";
 
@@ -27,6 +28,7 @@ public:
     sp<IBinder> waitFor(const String16&, std::chrono::milliseconds) override { return nullptr; }
     status_t publish(const String16&, const sp<BBinder>&, const ServiceTraits&) override { return NO_INIT; }
     Vector<String16> names(int) override { return {}; }
+    std::string place() const override { return ""; }
     bool serve() override { return false; }
 };
 
@@ -36,7 +38,7 @@ std::string variable(const char* name) {
 }
 
 std::string binderDevice() {
-    const std::string named = variable("KQDROID_BINDER_DEVICE");
+    const std::string named = variable(kDeviceVariable);
     return named.empty() ? "/dev/binder" : named;
 }
 
@@ -52,7 +54,7 @@ public:
             return;
         }
         for (const Line& line : mLines) {
-            __android_log_write(line.priority, kTag, line.text.c_str());
+            __android_log_print(line.priority, kTag, "%s", line.text.c_str());
         }
         // A wrong one is told of with these, not with the first request.
         static_cast<void>(binderLevel());
@@ -96,8 +98,9 @@ Transport* Choice::choose() {
         mLines.push_back({ANDROID_LOG_ERROR, "calls are to go through the kernel's binder driver: " + problem});
         return new NoTransport;
     }
-    // A driver that is there and of no use is worth a word.
-    const bool expected = transport == kSockets || ::access(binderDevice().c_str(), F_OK) != 0;
+    // A driver that is there and of no use is worth a word, and so is one that was named and is not there.
+    const bool isMeant = !variable(kDeviceVariable).empty() || ::access(binderDevice().c_str(), F_OK) == 0;
+    const bool expected = transport == kSockets || !isMeant;
     mLines.push_back({expected ? ANDROID_LOG_VERBOSE : ANDROID_LOG_WARN, "calls go through sockets (" + problem + ')'});
     return new SocketTransport;
 }

@@ -18,6 +18,7 @@ public:
     sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) override;
     status_t publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) override;
     Vector<String16> names(int dumpPriorities) override;
+    std::string place() const override { return "at the service manager behind the kernel's binder driver"; }
     bool serve() override;
 
 private:

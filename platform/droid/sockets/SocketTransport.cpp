@@ -95,6 +95,8 @@ status_t SocketTransport::publish(const String16& name, const sp<BBinder>& objec
     return mServer.publish(entryNameOf(name), object);
 }
 
+std::string SocketTransport::place() const { return "in " + kq::RuntimeDirectory::pathOfRoom(kServicesRoom); }
+
 Vector<String16> SocketTransport::names(int) {
     Vector<String16> names;
     const std::optional<kq::RuntimeDirectory> directory = kq::RuntimeDirectory::open(kServicesRoom);

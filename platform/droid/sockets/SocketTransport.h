@@ -16,6 +16,7 @@ public:
     sp<IBinder> find(const String16& name) override;
     sp<IBinder> waitFor(const String16& name, std::chrono::milliseconds time) override;
     status_t publish(const String16& name, const sp<BBinder>& object, const ServiceTraits& traits) override;
+    std::string place() const override;
     Vector<String16> names(int dumpPriorities) override;
     bool serve() override { return mServer.serve(); }
 

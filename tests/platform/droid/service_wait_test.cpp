@@ -74,13 +74,23 @@ TEST_F(ServiceWait, otherNamesThatComeDoNotEndIt) {
     EXPECT_NE(found.get(), nullptr);
 }
 
+TEST_F(ServiceWait, inVainIsNamedInTheLogWithThePlace) {
+    configure("0");
+    LogCapture log;
+    EXPECT_EQ(get(), nullptr);
+    EXPECT_EQ(android::defaultServiceManager()->checkService(String16("peer")), nullptr);
+    const std::string place = throughKernel() ? "at the service manager behind the kernel's binder driver"
+                                              : "in " + directory().path() + "/services";
+    EXPECT_EQ(log.take(), (std::vector<LogEntry>{{5, "kqdroid", "no service peer " + place}}));
+}
+
 TEST_F(ServiceWait, badValueIsNamedAndTheDefaultTaken) {
     for (const std::string value : {"", "soon", "-1", "5s", "60001", "99999999999999999999"}) {
         configure(value.c_str());
         LogCapture log;
         EXPECT_GE(timeToMiss(), milliseconds(1000));
         const std::vector<LogEntry> entries = log.take();
-        ASSERT_EQ(entries.size(), 1u);
+        ASSERT_EQ(entries.size(), 2u);
         EXPECT_EQ(entries[0].text,
                   "KQDROID_SERVICE_WAIT_MS is \"" + value + "\", not a number from 0 to 60000; waiting 1000 ms");
     }

@@ -98,6 +98,17 @@ TEST_F(RuntimeDirectoryTest, refusesALinkHoweverItIsWritten) {
     EXPECT_FALSE(std::filesystem::exists(parent.path() + "/room"));
 }
 
+TEST_F(RuntimeDirectoryTest, refusesAPathThatDoesNotBeginAtTheRoot) {
+    ::setenv("KQDROID_RUNTIME_DIR", "run", 1);
+    LogCapture log;
+    EXPECT_FALSE(RuntimeDirectory::open("room"));
+    const std::vector<LogEntry> entries = log.take();
+    ASSERT_EQ(entries.size(), 1u);
+    EXPECT_EQ(entries[0].priority, 6);
+    EXPECT_EQ(entries[0].text, "runtime directory run must be a path that begins with /");
+    EXPECT_FALSE(std::filesystem::exists("run"));
+}
+
 TEST_F(RuntimeDirectoryTest, mayEndInASlash) {
     ::setenv("KQDROID_RUNTIME_DIR", (parent.path() + "/./").c_str(), 1);
     const auto room = RuntimeDirectory::open("room");

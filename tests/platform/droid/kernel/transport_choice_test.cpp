@@ -3,6 +3,8 @@
 #include "platform/droid/peer/PeerProtocol.h"
 #include "support/Deadline.h"
 
+#include <unistd.h>
+
 #include <chrono>
 #include <string>
 #include <utility>
@@ -37,13 +39,20 @@ protected:
     static constexpr std::chrono::milliseconds kNow{0};
 };
 
-TEST_F(TransportChoice, isTheSocketsWhereThereIsNoDevice) {
+TEST_F(TransportChoice, isTheSocketsWithAWarningWhereTheDeviceThatIsNamedIsNotThere) {
     const Outcome outcome = serveWith({"KQDROID_TRANSPORT=", "KQDROID_BINDER_DEVICE=" + nowhere()});
     EXPECT_TRUE(outcome.serves);
     EXPECT_NE(outcome.log.find("calls go through sockets (" + nowhere() + ": No such file or directory)"),
               std::string::npos)
         << outcome.log;
-    EXPECT_EQ(outcome.log.find("W kqdroid"), std::string::npos) << outcome.log;
+    EXPECT_NE(outcome.log.find("W kqdroid"), std::string::npos) << outcome.log;
+}
+
+TEST_F(TransportChoice, needsNoWarningWhereNoDeviceIsNamed) {
+    const Outcome outcome = serveWith({"KQDROID_TRANSPORT=", "KQDROID_BINDER_DEVICE="});
+    EXPECT_NE(outcome.log.find("V kqdroid"), std::string::npos) << outcome.log;
+    const bool isThere = ::access("/dev/binder", F_OK) == 0;
+    EXPECT_TRUE(isThere || outcome.log.find("W kqdroid") == std::string::npos) << outcome.log;
 }
 
 TEST_F(TransportChoice, isTheSocketsWithAWarningWhereTheDeviceIsNoDriver) {
