@@ -27,6 +27,21 @@ TEST_F(FailingService, isToldApartWhenItDies) {
         << run.error;
 }
 
+TEST_F(FailingService, isToldApartWhenItDiesOverABlock) {
+    service.exitBeforeReply();
+    const ToolRun run = runTool({"eep", "dump", "tv"});
+    EXPECT_EQ(run.exit, 3);
+    EXPECT_EQ(run.output, "");
+    EXPECT_NE(run.error.find(": the service is gone\n"), std::string::npos) << run.error;
+}
+
+TEST_F(FailingService, isToldApartWhenItRefusesABlock) {
+    service.reply(replyOf({7}));
+    const ToolRun run = runTool({"eep", "dump", "tv"});
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(run.error.find("gone"), std::string::npos) << run.error;
+}
+
 TEST_F(FailingService, isToldApartWhenItAnswersWithAnError) {
     service.reply(replyOf({7}));
     const ToolRun run = runTool({"call", "audio.setVolume", "speaker", "1"});

@@ -1,30 +1,27 @@
 #include "tools/interposition/Connection.h"
 
-#include "tools/interposition/StubService.h"
+#include "tools/interposition/LogCollector.h"
+#include "tools/interposition/Next.h"
 #include "tools/interposition/Tap.h"
 #include "tools/process/Redirection.h"
 
 #include <binder/IServiceManager.h>
-#include <keluem/emal.h>
 #include <kelutv/link/TVBaseClient.h>
 
-#include <dlfcn.h>
-
-#include <utility>
-#include <vector>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
 
 namespace kelutv::interposition {
 
 namespace {
 
-using Listener = void (*)(unsigned int, void*, unsigned int, void*);
-
-/** How far the library is connected, and what it subscribed to while the service was stubbed. */
 struct State {
     bool isStubbed = false;
-    bool isClientMade = false;
+    /** Made while the service was stubbed, and so not connected. */
+    bool isHollow = false;
     bool isConnected = false;
-    std::vector<std::pair<unsigned int, Listener>> listeners;
 };
 
 State& state() {
@@ -32,49 +29,53 @@ State& state() {
     return state;
 }
 
-android::TVBaseClient& madeClient() {
-    const process::MutedStandardError muted;
-    state().isClientMade = true;
-    return *android::TVBaseClient::self();
+/** Runs the library's own constructor, which connects. */
+void construct(android::TVBaseClient& client) {
+    using Constructor = void (*)(android::TVBaseClient*);
+    static const auto constructor = next<Constructor>("_ZN7android12TVBaseClientC1Ev");
+    constructor(&client);
 }
 
-/** The client was made while the service was stubbed: gives it what it would have found and subscribed to. */
-void attach(android::TVBaseClient& client, const android::sp<android::IBinder>& binder) {
-    // The proxy first: the thread that handles the service's death reads it.
-    client.getBpTvbaseService() = android::interface_cast<android::ITVBaseService>(binder);
-    binder->linkToDeath(client.getDeathRecipient(), nullptr, 0);
-    for (const auto& [module, listener] : std::exchange(state().listeners, {})) {
-        EMAL_AddListener(module, listener);
+/** One look-up before the library's own, which tries five times. */
+bool isServiceThere() {
+    std::optional<process::MutedStandardError> muted;
+    if (std::getenv("KQLOG_LEVEL") == nullptr) {
+        muted.emplace();
     }
+    return android::defaultServiceManager()->getService(android::String16("TVBaseService")) != nullptr;
 }
 
-/** The platform's own function behind one of those below. */
-template <typename Function> Function next(const char* symbol) {
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, symbol));
+bool connectClient() {
+    const process::MutedStandardError muted;
+    android::TVBaseClient& client = *android::TVBaseClient::self();
+    if (state().isHollow) {
+        // Its members are null, so that nothing is lost.
+        construct(client);
+        state().isHollow = false;
+    }
+    return client.getBpTvbaseService() != nullptr;
+}
+
+int answerWithZeros(const android::Parcel& /*request*/, android::Parcel* reply) {
+    // Enough of them for every reply.
+    static constexpr std::array<std::uint8_t, 4096> kZeros{};
+    return reply->setData(kZeros.data(), kZeros.size());
 }
 
 } // namespace
 
-bool connectToService() {
+Connection connectToService() {
     if (state().isConnected) {
-        return true;
+        return {true, {}};
     }
-    const auto binder = android::defaultServiceManager()->getService(android::String16("TVBaseService"));
-    if (binder == nullptr) {
-        return false;
-    }
-    const bool wasMade = state().isClientMade;
-    android::TVBaseClient& client = madeClient();
-    if (wasMade) {
-        attach(client, binder);
-    }
-    state().isConnected = true;
-    return true;
+    const LogCollector log;
+    state().isConnected = isServiceThere() && connectClient();
+    return {state().isConnected, LogCollector::messages()};
 }
 
 StubbedService::StubbedService() {
     state().isStubbed = true;
-    madeClient();
+    android::TVBaseClient::self();
     setResponder(answerWithZeros);
 }
 
@@ -87,26 +88,13 @@ StubbedService::~StubbedService() {
 
 namespace android {
 
-/** Goes before the platform's own. */
-__attribute__((visibility("default"))) sp<IServiceManager> defaultServiceManager() {
+/** Goes before the client library's own: while the service is stubbed the client is made without a connection. */
+KELUTV_API TVBaseClient::TVBaseClient() {
     if (kelutv::interposition::state().isStubbed) {
-        return kelutv::interposition::stubServiceManager();
+        kelutv::interposition::state().isHollow = true;
+    } else {
+        kelutv::interposition::construct(*this);
     }
-    using Function = sp<IServiceManager> (*)();
-    static const auto platform = kelutv::interposition::next<Function>("_ZN7android21defaultServiceManagerEv");
-    return platform();
 }
 
 } // namespace android
-
-/** Goes before the platform's own: a stubbed service sends no events, and nothing is touched to await them. */
-extern "C" __attribute__((visibility("default"))) int
-EMAL_AddListener(unsigned int module, void (*listener)(unsigned int, void*, unsigned int, void*)) {
-    if (kelutv::interposition::state().isStubbed) {
-        kelutv::interposition::state().listeners.emplace_back(module, listener);
-        return 0;
-    }
-    using Function = int (*)(unsigned int, kelutv::interposition::Listener);
-    static const auto platform = kelutv::interposition::next<Function>("EMAL_AddListener");
-    return platform(module, listener);
-}

@@ -1,17 +1,26 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace kelutv::interposition {
 
-/**
- * Connects the client library to the television's service, once; standard error is muted while the library connects.
- *
- * @return whether there is a service
- */
-bool connectToService();
+/** What came of connecting. */
+struct Connection {
+    bool isThere;
+    /** What the platform's log warned of meanwhile, such as where it looked in vain; one message each. */
+    std::vector<std::string> warnings;
+};
 
 /**
- * While this lives, a stub in this process answers every request with zeros; nothing is connected to or waited for.
- * One at a time; afterwards calls reach the service as before.
+ * Connects the client library to the television's service, once; what the library prints on standard error meanwhile is
+ * left out, and so is the log unless `KQLOG_LEVEL` is set. Once there is a connection, it gives that without warnings.
+ */
+Connection connectToService();
+
+/**
+ * While this lives, every request is answered with zeros in this process; nothing is connected to or waited for. One at
+ * a time; afterwards calls reach the service as before.
  */
 class StubbedService {
 public:

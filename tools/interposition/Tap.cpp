@@ -1,10 +1,12 @@
 #include "tools/interposition/Tap.h"
 
+#include "tools/interposition/Next.h"
+
+#include <kelutv/link/BpTVBaseService.h>
 #include <kelutv/link/TVBaseClient.h>
 
-#include <dlfcn.h>
-
 #include <atomic>
+#include <utility>
 
 namespace kelutv::interposition {
 
@@ -31,54 +33,77 @@ namespace {
 
 using android::Parcel;
 using android::status_t;
-using android::TVBaseClient;
-using Service = android::sp<android::ITVBaseService>;
-using Invoke = status_t (*)(TVBaseClient*, const Parcel&, Parcel*);
 
-/** Where several taps are at work, each hands on to the next, and the last to the library's own. */
-Invoke nextInvoke() {
-    static const auto next =
-        reinterpret_cast<Invoke>(::dlsym(RTLD_NEXT, "_ZN7android12TVBaseClient6invokeERKNS_6ParcelEPS1_"));
-    return next;
+/** The request that this thread observes: it may pass both functions below, and is one transaction. */
+thread_local const Parcel* observed = nullptr;
+
+/** While this lives, the request is observed. */
+class Observation {
+public:
+    explicit Observation(const Parcel& request) : mBefore(std::exchange(observed, &request)) {}
+    ~Observation() { observed = mBefore; }
+    Observation(const Observation&) = delete;
+    Observation& operator=(const Observation&) = delete;
+
+private:
+    const Parcel* mBefore;
+};
+
+template <typename Send> status_t answer(const Parcel& request, Parcel* reply, Send send) {
+    const Responder respond = responder.load();
+    return respond != nullptr ? respond(request, reply) : send();
 }
 
-/** A library that the program opened for itself is not among those looked through: then its work is done here. */
-status_t send(TVBaseClient& client, const Service& service, const Parcel& request, Parcel* reply) {
-    if (const Responder respond = responder.load()) {
-        return respond(request, reply);
-    }
-    if (const Invoke next = nextInvoke()) {
-        return next(&client, request, reply);
-    }
-    return service == nullptr ? android::DEAD_OBJECT : service->invoke(request, reply);
-}
-
-status_t sendObserved(TVBaseClient& client, const Service& service, const Parcel& request, Parcel* reply,
-                      Observer notify) {
+template <typename Send> status_t observe(const Parcel& request, Parcel* reply, Observer notify, Send send) {
+    const Observation observation(request);
     const auto start = std::chrono::system_clock::now();
     const auto begin = std::chrono::steady_clock::now();
-    const status_t status = send(client, service, request, reply);
+    const status_t status = answer(request, reply, send);
     const bool replied = status == android::NO_ERROR && reply != nullptr;
     notify({start, std::chrono::steady_clock::now() - begin, status, request.data(), request.dataSize(),
             replied ? reply->data() : nullptr, replied ? reply->dataSize() : 0});
     return status;
 }
 
-status_t transact(TVBaseClient& client, const Service& service, const Parcel& request, Parcel* reply) {
+template <typename Send> status_t transact(const Parcel& request, Parcel* reply, Send send) {
     const Observer notify = observer.load();
-    return notify == nullptr ? send(client, service, request, reply)
-                             : sendObserved(client, service, request, reply, notify);
+    return notify == nullptr || observed == &request ? answer(request, reply, send) : observe(request, reply, notify, send);
 }
 
 } // namespace
 
 } // namespace kelutv::interposition
 
+/*
+ * Both go before the client library's own and use no symbol of that library. Where several taps are at work, each hands
+ * on to the next, and the last to the library's own. A library that the program opened for itself is not among those
+ * looked through: then its work is done here.
+ */
 namespace android {
 
-/** Goes before the client library's own: does the same, with no symbol of that library, and calls the observer. */
+using kelutv::interposition::next;
+using kelutv::interposition::transact;
+
 KELUTV_API status_t TVBaseClient::invoke(const Parcel& request, Parcel* reply) {
-    return kelutv::interposition::transact(*this, mBpTvbaseService, request, reply);
+    return transact(request, reply, [&]() -> status_t {
+        using Invoke = status_t (*)(TVBaseClient*, const Parcel&, Parcel*);
+        static const auto library = next<Invoke>("_ZN7android12TVBaseClient6invokeERKNS_6ParcelEPS1_");
+        if (library != nullptr) {
+            return library(this, request, reply);
+        }
+        return mBpTvbaseService == nullptr ? DEAD_OBJECT : mBpTvbaseService->invoke(request, reply);
+    });
+}
+
+KELUTV_API status_t BpTVBaseService::invoke(const Parcel& request, Parcel* reply) {
+    return transact(request, reply, [&]() -> status_t {
+        using Invoke = status_t (*)(BpTVBaseService*, const Parcel&, Parcel*);
+        static const auto library = next<Invoke>("_ZN7android15BpTVBaseService6invokeERKNS_6ParcelEPS1_");
+        if (library != nullptr) {
+            return library(this, request, reply);
+        }
+        return remote()->transact(IBinder::FIRST_CALL_TRANSACTION, request, reply, 0);
+    });
 }
 
 } // namespace android

@@ -11,7 +11,7 @@ class Parcel;
 
 namespace kelutv::interposition {
 
-/** One request of the client library and what came of it. */
+/** One request to the service, from the client library or from the program itself, and what came of it. */
 struct Transaction {
     std::chrono::system_clock::time_point start;
     std::chrono::nanoseconds duration;

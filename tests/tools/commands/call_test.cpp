@@ -191,7 +191,9 @@ TEST(Call, tellsThatThereIsNoService) {
     const ToolRun run = runTool({"call", "audio.getVolume", "speaker"}, {"KQDROID_RUNTIME_DIR=" + nowhere});
     EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.error, "kelutv: there is no television service; is the television, or kelutv-simulator, running?\n");
+    EXPECT_EQ(run.error, "kelutv: there is no television service; is the television, or kelutv-simulator, running?\n"
+                         "  no service TVBaseService in " +
+                             nowhere + "/services\n");
 }
 
 void expectRefused(const std::vector<std::string>& arguments, const std::string& message) {

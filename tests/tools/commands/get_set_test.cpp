@@ -219,7 +219,9 @@ TEST(GetSet, tellsThatThereIsNoService) {
         EXPECT_EQ(run.exit, 3);
         EXPECT_EQ(run.output, "");
         EXPECT_EQ(run.error,
-                  "kelutv: there is no television service; is the television, or kelutv-simulator, running?\n");
+                  "kelutv: there is no television service; is the television, or kelutv-simulator, running?\n"
+                  "  no service TVBaseService in " +
+                      empty + "/services\n");
     }
 }
 

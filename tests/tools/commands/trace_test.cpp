@@ -85,6 +85,12 @@ TEST(Trace, leavesTheProgramsOutputAlone) {
     EXPECT_EQ(traced(run.error), Lines{setSpeaker("5")});
 }
 
+TEST(Trace, seesWhatAProgramSendsByTheProxyItself) {
+    const ToolRun run = traceClient("proxy");
+    EXPECT_EQ(run.exit, 0) << run.error;
+    EXPECT_EQ(traced(run.error), Lines{setSpeaker("7")});
+}
+
 TEST(Trace, seesALibraryThatTheProgramOpens) {
     for (const std::string scope : {"local", "global"}) {
         const ToolRun run = trace({"--", KELUTV_OPENING_CLIENT, KELUTV_CLIENT_LIBRARY, scope});

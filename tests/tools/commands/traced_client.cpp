@@ -1,3 +1,5 @@
+#include <kelutv/commands.h>
+#include <kelutv/link/TVBaseClient.h>
 #include <kelutv/linux_kelutv_audio.h>
 #include <kelutv/linux_kelutv_factory.h>
 
@@ -69,6 +71,18 @@ void sendPastStoppedTracer() {
     std::puts("went on");
 }
 
+/** Sends a request by the proxy itself, past the library's calls. */
+int sendByProxy() {
+    android::Parcel request;
+    android::Parcel reply;
+    request.writeInterfaceToken(android::String16("android.ITVBaseService"));
+    for (const int word : {int{CMD_AUDIO_SETVOLUME}, 0, 7}) {
+        request.writeInt32(word);
+    }
+    const int status = android::TVBaseClient::self()->getBpTvbaseService()->invoke(request, &reply);
+    return status != 0 ? status : reply.readInt32();
+}
+
 int run(const char* program, const std::string& action) {
     if (action == "print") {
         linux_tv_Audio_setVolume(0, 5);
@@ -94,6 +108,8 @@ int run(const char* program, const std::string& action) {
     } else if (action == "wait") {
         linux_tv_Audio_setVolume(0, 6);
         ::pause();
+    } else if (action == "proxy") {
+        return sendByProxy();
     } else if (action == "large") {
         linux_tv_Factory_setInternetTime(std::string(20000, 't').c_str());
     }

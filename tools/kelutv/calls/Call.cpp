@@ -5,6 +5,7 @@
 #include "tools/kelutv/calls/Outputs.h"
 #include "tools/kelutv/calls/Thunks.h"
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/Collector.h"
 #include "tools/kelutv/service/ServiceLink.h"
 #include "tools/process/Redirection.h"
 
@@ -15,26 +16,6 @@
 namespace kelutv::tool {
 
 namespace {
-
-thread_local std::vector<interposition::Transaction>* collected = nullptr;
-
-void collect(const interposition::TransactionView& transaction) {
-    if (collected != nullptr) {
-        collected->push_back(interposition::copyOf(transaction));
-    }
-}
-
-/** Gathers what this thread sends while it lives. */
-class Collector {
-public:
-    explicit Collector(std::vector<interposition::Transaction>& transactions) {
-        collected = &transactions;
-        interposition::setObserver(collect);
-    }
-    ~Collector() { collected = nullptr; }
-    Collector(const Collector&) = delete;
-    Collector& operator=(const Collector&) = delete;
-};
 
 std::string transactionFailure(const wire::Function& function, const interposition::Transaction& transaction) {
     std::int32_t word = 0;

@@ -42,7 +42,7 @@ EventSubscription::EventSubscription(const std::set<std::uint32_t>& modules)
     for (const std::uint32_t module : kLibraryModules) {
         mModules.erase(module);
     }
-    if (mService->linkToDeath(mRecipient) == android::DEAD_OBJECT) {
+    if (mService->linkToDeath(mRecipient, nullptr, 0) == android::DEAD_OBJECT) {
         EventQueue::instance().putLoss();
     }
     const process::Redirection printed(STDOUT_FILENO, STDERR_FILENO);
@@ -59,7 +59,7 @@ EventSubscription::~EventSubscription() {
         EMAL_RemoveListener(module);
     }
     linux_tv_unRegisterCallbackFunc(takeLibraryEvent);
-    mService->unlinkToDeath(mRecipient);
+    mService->unlinkToDeath(android::wp<android::IBinder::DeathRecipient>(mRecipient), nullptr, 0, nullptr);
 }
 
 } // namespace kelutv::tool

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <binder/IBinder.h>
-#include <utils/StrongPointer.h>
 
 #include <cstdint>
 #include <set>

@@ -1,5 +1,6 @@
 #include "tools/kelutv/service/EepArea.h"
 
+#include "tools/kelutv/service/Collector.h"
 #include "tools/kelutv/service/ServiceLink.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
@@ -41,6 +42,14 @@ EepArea guarded(const char* name, const char* meaning, int first, int last) {
 }
 
 constexpr int kLastAddress = 0xFFFF;
+
+using Transactions = std::vector<interposition::Transaction>;
+
+/** The operation's result; adds what it sends. */
+template <typename Operation> int collecting(Transactions& sent, Operation operation) {
+    const Collector collector(sent);
+    return operation();
+}
 
 } // namespace
 
@@ -94,8 +103,9 @@ void EepArea::requireBlock(int address, int length) const {
 Bytes EepArea::read(int address, int length) const {
     requireService();
     std::vector<int> values(static_cast<std::size_t>(length));
-    if (readBlock(address, length, values.data()) != 0) {
-        failCall("cannot read " + std::to_string(length) + " bytes from " + addressText(address) + " on");
+    Transactions sent;
+    if (collecting(sent, [&] { return readBlock(address, length, values.data()); }) != 0) {
+        failCall("cannot read " + std::to_string(length) + " bytes from " + addressText(address) + " on", sent);
     }
     Bytes bytes;
     for (const int value : values) {
@@ -107,9 +117,12 @@ Bytes EepArea::read(int address, int length) const {
 void EepArea::write(int address, const Bytes& bytes) const {
     requireService();
     std::vector<int> values(bytes.begin(), bytes.end());
-    if (const int result = writeBlock(address, static_cast<int>(values.size()), values.data()); result != 0) {
+    const auto length = static_cast<int>(values.size());
+    Transactions sent;
+    if (const int result = collecting(sent, [&] { return writeBlock(address, length, values.data()); }); result != 0) {
         failCall("cannot write " + std::to_string(bytes.size()) + " bytes from " + addressText(address) +
-                 " on: result " + std::to_string(result));
+                     " on: result " + std::to_string(result),
+                 sent);
     }
 }
 
@@ -117,8 +130,9 @@ void EepArea::flush() const {
     if (commit == nullptr) {
         return;
     }
-    if (const int result = commit(); result != 0) {
-        failCall("the bytes are written but not flushed: result " + std::to_string(result));
+    Transactions sent;
+    if (const int result = collecting(sent, commit); result != 0) {
+        failCall("the bytes are written but not flushed: result " + std::to_string(result), sent);
     }
 }
 

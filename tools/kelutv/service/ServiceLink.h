@@ -1,16 +1,25 @@
 #pragma once
 
+#include "tools/interposition/Tap.h"
+
 #include <binder/IBinder.h>
-#include <utils/StrongPointer.h>
 
 #include <string>
+#include <vector>
 
 namespace kelutv::tool {
 
-/** The service's object, connected on the first use. @throws LinkError when there is none */
+/**
+ * The service's object, connected on the first use. What the platform's log warns of meanwhile is complained of.
+ *
+ * @throws LinkError when there is none, with what the log says
+ */
 android::sp<android::IBinder> requireService();
 
-/** Ends a command whose call failed: with a LinkError when the service is gone, else with a ServiceError. */
-[[noreturn]] void failCall(const std::string& what);
+/**
+ * Ends a command whose call failed: with a LinkError when one of the requests did not get through, since the service is
+ * gone, else with a ServiceError.
+ */
+[[noreturn]] void failCall(const std::string& what, const std::vector<interposition::Transaction>& transactions);
 
 } // namespace kelutv::tool

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/ServiceLink.h"
 #include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/process/Redirection.h"
@@ -30,6 +31,7 @@ bool truthOf(const Json& value) { return value.isBoolean() ? value.asBoolean() :
 
 /** Without what the library logs and prints on standard error, unless the person asked for a log. */
 CallResult callQuietly(const std::string& function, const std::vector<std::string>& arguments) {
+    requireService();
     std::optional<process::MutedStandardError> muted;
     if (std::getenv("KQLOG_LEVEL") == nullptr) {
         muted.emplace();

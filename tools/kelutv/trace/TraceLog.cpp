@@ -8,7 +8,7 @@
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
-#include <utils/Errors.h>
+#include <binder/IBinder.h>
 
 #include <algorithm>
 #include <cerrno>
