@@ -51,9 +51,13 @@ target_compile_options(
               -Werror)
 
 # Header-only libraries of the programs: the host's serve cross builds too.
-function(kelutv_add_header_library name header)
+function(kelutv_add_header_library name header package)
     string(TOUPPER "${name}_INCLUDE_DIR" variable)
-    find_path(${variable} "${header}" NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+    find_path(${variable} "${header}" NO_CMAKE_FIND_ROOT_PATH)
+    if(NOT ${variable})
+        message(FATAL_ERROR "<${header}> is missing (Debian: ${package}). Only the library is built without it: "
+                            "-DKELUTV_BUILD_TOOLS=OFF -DKELUTV_BUILD_SIMULATOR=OFF")
+    endif()
     add_library(${name} INTERFACE)
     target_include_directories(${name} SYSTEM INTERFACE "${${variable}}")
 endfunction()

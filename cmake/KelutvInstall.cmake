@@ -75,6 +75,9 @@ if(TARGET kqservicemanager)
 endif()
 if(TARGET kelutv)
     file(GLOB pages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tools/man/*.1")
+    if(NOT TARGET kelutv-simulator)
+        list(FILTER pages EXCLUDE REGEX "/(kelutv-sim|kelutv-simulator)\\.1$")
+    endif()
     install(FILES ${pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
     install(
         FILES "${PROJECT_SOURCE_DIR}/tools/schema/kelutv.schema.json"
@@ -82,6 +85,9 @@ if(TARGET kelutv)
         COMPONENT tools)
     set(completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
     foreach(program IN ITEMS kelutv kelutv-simulator)
+        if(NOT TARGET ${program})
+            continue()
+        endif()
         install(
             FILES "${PROJECT_SOURCE_DIR}/tools/completion/kelutv"
             DESTINATION "${completions}"

@@ -1,4 +1,4 @@
-# Builds the library against platform libraries handed in from outside, as for a real television.
+# Builds the library alone against platform libraries handed in from outside, as for a real television.
 
 include("${CMAKE_CURRENT_LIST_DIR}/steps.cmake")
 
@@ -6,7 +6,21 @@ set(scratch "${work_dir}/sdk")
 file(REMOVE_RECURSE "${scratch}")
 string(REPLACE ";" "\\;" escaped_libraries "${sdk_libraries}")
 configure("${source_dir}" "${scratch}" "-DKELUTV_PLATFORM_SDK_INCLUDE_DIRS=${source_dir}/platform/include"
-          "-DKELUTV_PLATFORM_SDK_LIBRARIES=${escaped_libraries}")
+          "-DKELUTV_PLATFORM_SDK_LIBRARIES=${escaped_libraries}" -DKELUTV_BUILD_TOOLS=OFF)
+
+# What needs the stand-ins is refused, not left out, where it is asked for.
+foreach(option BUILD_SIMULATOR BUILD_TESTS BUILD_BENCH BUILD_FUZZ PACKAGES)
+    execute_process(
+        COMMAND "${CMAKE_COMMAND}" "-DKELUTV_${option}=ON" "${scratch}"
+        RESULT_VARIABLE result
+        ERROR_VARIABLE error
+        OUTPUT_QUIET)
+    if(result EQUAL 0 OR NOT error MATCHES "KELUTV_${option} is on and needs[ \n]+the[ \n]+stand-ins")
+        message(FATAL_ERROR "KELUTV_${option} was not refused: ${error}")
+    endif()
+    execute_process(COMMAND "${CMAKE_COMMAND}" "-UKELUTV_${option}" "${scratch}" OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+
 run("${CMAKE_COMMAND}" --build "${scratch}")
 
 foreach(room platform simulator tests)
