@@ -21,7 +21,13 @@ TEST_F(ClientTest, fiveTriesAreAnnouncedThenTheFailure) {
                                       "E/TvbaseClient TVBaseClient() Get TVBaseService failed\n");
 }
 
-TEST_F(ClientTest, nothingIsSubscribedNorLogged) { EXPECT_EQ(link().log(), kNothingLogged); }
+/** The runtime tells of each look-up in vain. */
+TEST_F(ClientTest, nothingIsSubscribedNorLoggedByTheClient) {
+    EXPECT_EQ(link().log().size(), 5U);
+    for (const LogEntry& entry : link().log()) {
+        EXPECT_EQ(entry.tag, "kqdroid") << entry;
+    }
+}
 
 TEST_F(ClientTest, theClientHasNeitherProxyNorDeathWatch) {
     EXPECT_EQ(TVBaseClient::self()->getBpTvbaseService(), nullptr);
