@@ -19,8 +19,7 @@ namespace {
 
 struct State {
     bool isStubbed = false;
-    /** Made while the service was stubbed, and so not connected. */
-    bool isHollow = false;
+    bool isClientMade = false;
     bool isConnected = false;
 };
 
@@ -36,6 +35,11 @@ void construct(android::TVBaseClient& client) {
     constructor(&client);
 }
 
+android::TVBaseClient& madeClient() {
+    state().isClientMade = true;
+    return *android::TVBaseClient::self();
+}
+
 /** One look-up before the library's own, which tries five times. */
 bool isServiceThere() {
     std::optional<process::MutedStandardError> muted;
@@ -47,11 +51,11 @@ bool isServiceThere() {
 
 bool connectClient() {
     const process::MutedStandardError muted;
-    android::TVBaseClient& client = *android::TVBaseClient::self();
-    if (state().isHollow) {
-        // Its members are null, so that nothing is lost.
+    const bool wasMade = state().isClientMade;
+    android::TVBaseClient& client = madeClient();
+    if (wasMade) {
+        // Without a connection; null members have nothing to lose.
         construct(client);
-        state().isHollow = false;
     }
     return client.getBpTvbaseService() != nullptr;
 }
@@ -75,7 +79,7 @@ Connection connectToService() {
 
 StubbedService::StubbedService() {
     state().isStubbed = true;
-    android::TVBaseClient::self();
+    madeClient();
     setResponder(answerWithZeros);
 }
 
@@ -90,9 +94,7 @@ namespace android {
 
 /** Goes before the client library's own: while the service is stubbed the client is made without a connection. */
 KELUTV_API TVBaseClient::TVBaseClient() {
-    if (kelutv::interposition::state().isStubbed) {
-        kelutv::interposition::state().isHollow = true;
-    } else {
+    if (!kelutv::interposition::state().isStubbed) {
         kelutv::interposition::construct(*this);
     }
 }
