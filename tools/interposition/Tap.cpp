@@ -67,7 +67,8 @@ template <typename Send> status_t observe(const Parcel& request, Parcel* reply, 
 
 template <typename Send> status_t transact(const Parcel& request, Parcel* reply, Send send) {
     const Observer notify = observer.load();
-    return notify == nullptr || observed == &request ? answer(request, reply, send) : observe(request, reply, notify, send);
+    return notify == nullptr || observed == &request ? answer(request, reply, send)
+                                                     : observe(request, reply, notify, send);
 }
 
 } // namespace

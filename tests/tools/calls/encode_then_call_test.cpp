@@ -2,6 +2,7 @@
 
 #include "support/Deadline.h"
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 
 #include <kelutv/linux_kelutv_notify.h>
@@ -9,6 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
+#include <string>
 
 namespace kelutv::test {
 namespace {
@@ -25,6 +28,10 @@ TEST(EncodeThenCall, reachesTheServiceAndItsEvents) {
     const wire::Function& setVolume = tool::functionNamed("audio.setVolume");
     const wire::Function& getVolume = tool::functionNamed("audio.getVolume");
     EXPECT_EQ(tool::requestsOf(setVolume, {"speaker", "1"}).size(), 1U);
+    const std::string directory = std::getenv("KQDROID_RUNTIME_DIR");
+    ::setenv("KQDROID_RUNTIME_DIR", (directory + "/elsewhere").c_str(), 1);
+    EXPECT_THROW(tool::callFunction(getVolume, {"speaker"}), tool::LinkError);
+    ::setenv("KQDROID_RUNTIME_DIR", directory.c_str(), 1);
     EXPECT_EQ(tool::callFunction(getVolume, {"speaker"}).result.dump(), "20");
     linux_tv_registerCallbackFunc(remember);
     EXPECT_EQ(tool::callFunction(setVolume, {"speaker", "77"}).result.dump(), "0");
