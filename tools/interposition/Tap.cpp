@@ -5,6 +5,8 @@
 #include <kelutv/link/BpTVBaseService.h>
 #include <kelutv/link/TVBaseClient.h>
 
+#include <dlfcn.h>
+
 #include <atomic>
 #include <utility>
 
@@ -49,6 +51,17 @@ private:
     const Parcel* mBefore;
 };
 
+/**
+ * What is used of the platform may be functions of its libraries. Where a program opened the client library for itself
+ * alone, nobody else finds those; from then on everybody does.
+ */
+bool shareLibraryOf(const void* object) {
+    Dl_info library{};
+    // An object begins with the address of its virtual table, which is in the library.
+    return ::dladdr(*static_cast<void* const*>(object), &library) != 0 &&
+           ::dlopen(library.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_GLOBAL) != nullptr;
+}
+
 template <typename Send> status_t answer(const Parcel& request, Parcel* reply, Send send) {
     const Responder respond = responder.load();
     return respond != nullptr ? respond(request, reply) : send();
@@ -83,6 +96,7 @@ template <typename Send> status_t transact(const Parcel& request, Parcel* reply,
 namespace android {
 
 using kelutv::interposition::next;
+using kelutv::interposition::shareLibraryOf;
 using kelutv::interposition::transact;
 
 KELUTV_API status_t TVBaseClient::invoke(const Parcel& request, Parcel* reply) {
@@ -92,6 +106,7 @@ KELUTV_API status_t TVBaseClient::invoke(const Parcel& request, Parcel* reply) {
         if (library != nullptr) {
             return library(this, request, reply);
         }
+        [[maybe_unused]] static const bool isShared = shareLibraryOf(this);
         return mBpTvbaseService == nullptr ? DEAD_OBJECT : mBpTvbaseService->invoke(request, reply);
     });
 }
@@ -103,6 +118,7 @@ KELUTV_API status_t BpTVBaseService::invoke(const Parcel& request, Parcel* reply
         if (library != nullptr) {
             return library(this, request, reply);
         }
+        [[maybe_unused]] static const bool isShared = shareLibraryOf(this);
         return remote()->transact(IBinder::FIRST_CALL_TRANSACTION, request, reply, 0);
     });
 }
