@@ -3,7 +3,6 @@
 include("${CMAKE_ARGV3}")
 
 set(ENV{KQDROID_SERVICE_WAIT_MS} 0)
-set(ENV{KQDROID_TRANSPORT} sockets)
 
 function(run)
     execute_process(COMMAND ${ARGN} COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
