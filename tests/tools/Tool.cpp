@@ -4,7 +4,26 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace kelutv::test {
+
+namespace {
+
+constexpr char kStandInsToken[] =
+    "000040001600000061006e00640072006f00690064002e00490054005600420061007300650053006500720076006900630065"
+    "0000000000";
+
+std::string environmentOr(const char* variable, const char* otherwise) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr ? value : otherwise;
+}
+
+} // namespace
+
+std::string toolProgram() { return environmentOr("KELUTV_TEST_TOOL", KELUTV_TOOL_PROGRAM); }
+
+std::string tokenDigits() { return environmentOr("KELUTV_TEST_TOKEN", kStandInsToken); }
 
 std::unique_ptr<ChildProcess> startTool(std::vector<std::string> arguments,
                                         const std::vector<std::string>& environment) {
@@ -12,7 +31,7 @@ std::unique_ptr<ChildProcess> startTool(std::vector<std::string> arguments,
     options.environment = environment;
     options.captureOutput = true;
     options.captureError = true;
-    arguments.insert(arguments.begin(), KELUTV_TOOL_PROGRAM);
+    arguments.insert(arguments.begin(), toolProgram());
     return std::make_unique<ChildProcess>(std::move(arguments), options);
 }
 

@@ -16,6 +16,16 @@ struct ToolRun {
 };
 
 /**
+ * The program that is tested: the one of this build, unless KELUTV_TEST_TOOL names another, so that tests which need no
+ * service say the same of a tool that was built for another platform.
+ */
+std::string toolProgram();
+
+/** The interface token of that tool's requests as hexadecimal digits; KELUTV_TEST_TOKEN has that of another platform.
+ */
+std::string tokenDigits();
+
+/**
  * Runs `kelutv` as a person would, with these arguments, until its end.
  *
  * An end that does not come in time fails the test; `exit` is -1 then.
