@@ -33,4 +33,12 @@ std::optional<signalfd_siginfo> SignalWatch::take() {
     return ::read(mFd, &info, sizeof(info)) == sizeof(info) ? std::optional(info) : std::nullopt;
 }
 
+void SignalWatch::handOn(const std::function<void(int)>& kill) {
+    while (const auto signal = take()) {
+        if (signal->ssi_signo != SIGCHLD && signal->ssi_code <= 0) {
+            kill(static_cast<int>(signal->ssi_signo));
+        }
+    }
+}
+
 } // namespace kelutv::process

@@ -3,6 +3,7 @@
 #include <sys/signalfd.h>
 
 #include <csignal>
+#include <functional>
 #include <initializer_list>
 #include <optional>
 
@@ -24,6 +25,12 @@ public:
 
     /** The next signal that has come; does not wait. */
     std::optional<signalfd_siginfo> take();
+
+    /**
+     * Hands on the signals that were sent to this process alone, but for SIGCHLD; a terminal sends its own to all that
+     * run at it. Does not wait.
+     */
+    void handOn(const std::function<void(int)>& kill);
 
     const sigset_t& maskBefore() const { return mBefore; }
 
