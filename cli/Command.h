@@ -63,8 +63,6 @@ public:
     void flag(const char* names, bool& value, const char* help) const;
     void option(const char* names, std::string& value, const char* form, const char* help) const;
     void option(const char* names, std::size_t& value, const char* form, const char* help) const;
-    /** Takes numbers above 0. */
-    void option(const char* names, double& value, const char* form, const char* help) const;
     /** Takes numbers from the least to the most. */
     void option(const char* names, double& value, double least, double most, const char* form, const char* help) const;
     /** Takes any number of whole numbers from 0 to the most, and may be given several times. */
@@ -99,6 +97,9 @@ public:
     void requireSubcommand() const;
 
     void action(const std::function<void()>& act) const;
+    /** Of the program: comes before the action of any command, when all words have been read. What it throws leaves the
+     * parser. */
+    void beforeAction(const std::function<void()>& act) const;
 };
 
 } // namespace kelutv::cli

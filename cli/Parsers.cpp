@@ -168,10 +168,6 @@ void Subcommand::option(const char* names, std::size_t& value, const char* form,
     mApp->add_option(names, value, help)->option_text(form);
 }
 
-void Subcommand::option(const char* names, double& value, const char* form, const char* help) const {
-    mApp->add_option(names, value, help)->option_text(form)->check(CLI::PositiveNumber);
-}
-
 void Subcommand::option(const char* names, double& value, double least, double most, const char* form,
                         const char* help) const {
     mApp->add_option(names, value, help)->option_text(form)->check(CLI::Range(least, most));
@@ -228,6 +224,8 @@ void Subcommand::hide() const { mApp->group(""); }
 void Subcommand::requireSubcommand() const { mApp->require_subcommand(1); }
 
 void Subcommand::action(const std::function<void()>& act) const { mApp->callback(act); }
+
+void Subcommand::beforeAction(const std::function<void()>& act) const { mApp->parse_complete_callback(act); }
 
 OptionParser::OptionParser(const char* name, const std::string& description, const std::string& version)
     : mApp(std::make_unique<CLI::App>(description, name)), mVersion(version) {

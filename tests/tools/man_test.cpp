@@ -85,7 +85,7 @@ TEST(Man, everyCommandHasAPageAndEveryPageItsCommand) {
 }
 
 TEST(Man, everyPageHasTheOptionsOfItsCommand) {
-    const Names general{"color", "help", "json", "quiet"};
+    const Names general{"color", "help", "json", "quiet", "timeout"};
     for (const std::string& command : commandsBelow({})) {
         Names expected = helpOptions({command});
         expected.insert(general.begin(), general.end());

@@ -1,6 +1,7 @@
 #include "tools/kelutv/CommandLine.h"
 
 #include "tools/kelutv/Program.h"
+#include "tools/kelutv/parser/Amounts.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
@@ -33,6 +34,8 @@ bool asksForJson(const std::vector<std::string>& words) {
     const auto end = std::find(words.begin(), words.end(), "--");
     return std::find(words.begin(), end, "--json") != end;
 }
+/** Whether the command itself sees to its time: that of the repl is for each of its lines. */
+bool keepsItsTime(const Command& command) { return command.name() == "monitor" || command.name() == "repl"; }
 
 Exit run(Parser& parser, const Context& context, std::vector<std::string> words) {
     try {
@@ -63,11 +66,19 @@ void takePlace(std::vector<std::string>& words) {
 
 } // namespace
 
-Exit runCommandLine(std::vector<std::string> words) {
+Exit runCommandLine(std::vector<std::string> words, const LimitTime& limitTime) {
     takePlace(words);
     Context context{runCommandLine};
     context.output.json = asksForJson(words);
     Parser parser = makeProgram(context);
+    Subcommand(parser.program()).beforeAction([&] {
+        if (!context.time) {
+            context.time = timeOfEnvironment();
+        }
+        if (context.time && !keepsItsTime(parser.named())) {
+            limitTime(*context.time);
+        }
+    });
     return run(parser, context, std::move(words));
 }
 

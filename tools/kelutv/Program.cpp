@@ -17,7 +17,7 @@ constexpr char kExitCodes[] = "Exit codes:\n"
                               "  3  there is no service, or it is gone\n"
                               "  4  the service or the library refused the operation\n"
                               "  5  the time was over before what was waited for came";
-constexpr char kMoreHelp[] = "Every command has --json, --quiet and --color, too: kelutv help.";
+constexpr char kMoreHelp[] = "Every command has --json, --quiet, --color and --timeout, too: kelutv help.";
 
 Color colorNamed(const std::string& when) {
     static const std::map<std::string, Color> colors{
@@ -29,12 +29,16 @@ Color colorNamed(const std::string& when) {
     return found->second;
 }
 
-void addGeneralOptions(const Subcommand& program, Output& output) {
+void addGeneralOptions(const Subcommand& program, Context& context) {
+    Output& output = context.output;
     program.flag("--json", output.json, "Print data and messages as JSON, one document a line");
     program.flag("-q,--quiet", output.quiet, "Print data and errors, no other messages");
     program.option(
         "--color", [&output](const std::string& when) { output.color = colorNamed(when); }, "WHEN",
         "Colour on standard output: auto, always or never");
+    program.option(
+        "-t,--timeout", [&context](const std::string& text) { context.time = secondsOf("--timeout", text); }, "SECONDS",
+        "Give up when it takes longer; without it, as long as KELUTV_TIMEOUT says");
 }
 
 void addCommands(const Command& program, Context& context) {
@@ -67,7 +71,7 @@ Parser makeProgram(Context& context) {
                   "kelutv " KELUTV_VERSION " (" + lineEditingText() + ')', kMoreHelp);
     const Subcommand program(parser.program());
     addCommands(program, context);
-    addGeneralOptions(program, context.output);
+    addGeneralOptions(program, context);
     program.footer(kExitCodes);
     return parser;
 }

@@ -243,8 +243,6 @@ TEST(Monitor, refusesBadInput) {
         {{"monitor", "--module", "0x60001"},
          "module 0x60001 is none; a module is a multiple of 0x10000 from 0x10000 to 0x200000"},
         {{"monitor", "--module", "nowhere"}, "nowhere"},
-        {{"monitor", "--timeout", "-1"}, "--timeout"},
-        {{"monitor", "--count", "x"}, "--count"},
     };
     for (const Case& test : cases) {
         const ToolRun run = runTool(test.arguments);
@@ -260,13 +258,44 @@ TEST(Monitor, tellsOfTheMissingService) {
     EXPECT_EQ(run.exit, 3);
 }
 
-TEST(MonitorLast, tellsOfTheLossOfTheService) {
-    const auto monitor = startMonitor({});
+TEST(MonitorLast, outlivesTheService) {
+    const auto text = startMonitor({"--count", "2"});
+    const auto json = startMonitor({"--count", "2", "--json"});
+    const auto ending = startMonitor({"--exit-on-loss"});
     publish(0x60001, 0, 1);
-    ASSERT_TRUE(monitor->output().waitFor("0x60001"));
+    ASSERT_TRUE(text->output().waitFor("0x60001"));
+    ASSERT_TRUE(json->output().waitFor("393217"));
     television.simulator().process().kill(SIGTERM);
-    EXPECT_EQ(monitor->exitCode(), 3);
-    EXPECT_NE(monitor->error().text().find("kelutv: the service is gone\n"), std::string::npos);
+    ASSERT_TRUE(text->error().waitFor("kelutv: the service is gone; watching goes on when it is back\n"));
+    ASSERT_TRUE(json->output().waitFor("\"service\":\"gone\""));
+    EXPECT_EQ(ending->exitCode(), 3);
+    EXPECT_NE(ending->error().text().find("kelutv: the service is gone\n"), std::string::npos);
+
+    const Simulator simulator;
+    ASSERT_TRUE(text->error().waitFor("kelutv: the service is back\n"));
+    ASSERT_TRUE(json->output().waitFor("\"service\":\"back\""));
+    // The television that ended may have been found once more meanwhile.
+    for (const auto& monitor : {text.get(), json.get()}) {
+        EXPECT_TRUE(eventually([monitor] {
+            publish(0x60002, 0, 1);
+            return monitor->wait(std::chrono::milliseconds(0)).has_value();
+        }));
+        EXPECT_EQ(monitor->exitCode(), 0);
+    }
+    const Lines lines = withoutTimes(text->output().text());
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[1].substr(0, 8), "0x60002 ");
+}
+
+/** The television of the other tests is gone already. */
+TEST(MonitorLast, endsInTimeWithoutTheService) {
+    Simulator simulator;
+    const auto monitor = startMonitor({"--timeout", "1.5"});
+    const auto counting = startMonitor({"--count", "1", "--timeout", "1.5"});
+    simulator.process().kill(SIGTERM);
+    ASSERT_TRUE(monitor->error().waitFor("kelutv: the service is gone"));
+    EXPECT_EQ(monitor->exitCode(), 0);
+    EXPECT_EQ(counting->exitCode(), 5);
 }
 
 } // namespace

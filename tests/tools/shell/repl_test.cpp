@@ -103,5 +103,25 @@ TEST(Repl, isNotStartedTwice) {
     EXPECT_EQ(run.error, "kelutv: line 1: this is the repl already\n");
 }
 
+TEST(Repl, givesUpALineWhoseTimeIsOver) {
+    const ReplRun run = runLines("set volume 10\n"
+                                 "sim fault CMD_AUDIO_GETVOLUME delay 600s once\n"
+                                 "get volume\n"
+                                 "set volume 11 --timeout 1000\n"
+                                 "sim fault CMD_AUDIO_GETVOLUME delay 600s once\n"
+                                 "get volume --timeout 0.2\n"
+                                 "get volume\n",
+                                 "--timeout 0.3");
+    EXPECT_EQ(run.exit, 5);
+    EXPECT_EQ(run.output, "10\n11\n11\n");
+    EXPECT_EQ(run.error, "kelutv: the time was over after 0.3 s\nkelutv: the time was over after 0.2 s\n");
+}
+
+TEST(Repl, leavesTheRestOfItsInputToWhatReadsIt) {
+    const ReplRun run = runLines("set mute off\nsim -\nfaults\nnonsense\n");
+    EXPECT_EQ(run.output.substr(0, run.output.find('\n')), "off");
+    EXPECT_NE(run.error.find("standard input:2: "), std::string::npos) << run.output << run.error;
+}
+
 } // namespace
 } // namespace kelutv::test

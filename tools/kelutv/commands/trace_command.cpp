@@ -1,4 +1,5 @@
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/parser/Amounts.h"
 #include "tools/kelutv/trace/TraceLog.h"
 #include "tools/kelutv/trace/TracePipe.h"
 #include "tools/kelutv/trace/TracedProgram.h"
@@ -26,21 +27,12 @@ void writeAll(TracePipe& pipe, TraceLog& log) {
     }
 }
 
-/** Hands on what was sent to the tool alone; a terminal sends its signals to the program, too. */
-void passOn(process::SignalWatch& signals, const TracedProgram& program) {
-    while (const auto signal = signals.take()) {
-        if (signal->ssi_signo != SIGCHLD && signal->ssi_code <= 0) {
-            program.kill(static_cast<int>(signal->ssi_signo));
-        }
-    }
-}
-
 int waitForEnd(TracedProgram& program, process::SignalWatch& signals, TracePipe& pipe, TraceLog& log) {
     pollfd watched[] = {{pipe.fd(), POLLIN, 0}, {signals.fd(), POLLIN, 0}};
     std::optional<int> exit;
     while (!(exit = program.exitCode())) {
         ::poll(watched, 2, -1);
-        passOn(signals, program);
+        signals.handOn([&program](int signal) { program.kill(signal); });
         writeAll(pipe, log);
     }
     writeAll(pipe, log);
@@ -73,7 +65,9 @@ void addTraceCommand(const Command& program, Context& context) {
     command.option("-o,--output", options->log.file, "FILE", "Write the trace to this file");
     command.option("-f,--filter", options->log.filters, "REQUEST",
                    "Only requests with such a name or number; may be given several times");
-    command.option("-n,--count", options->log.count, "N", "Show only this many; the program runs on");
+    command.option(
+        "-n,--count", [options](const std::string& text) { options->log.count = countOf("--count", text); }, "N",
+        "Show only this many; the program runs on");
     command.requiredWords("PROGRAM", options->words, "The program and its arguments");
     command.action([options, &context] {
         options->log.json = context.output.json;

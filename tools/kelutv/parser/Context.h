@@ -2,18 +2,28 @@
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Output.h"
+#include "tools/kelutv/parser/Amounts.h"
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace kelutv::tool {
 
+/** Sees to it that the command that is about to begin ends within this time. */
+using LimitTime = std::function<void(Seconds)>;
+
+/** Runs a command line in this process. */
+using RunCommandLine = Exit (*)(std::vector<std::string> words, const LimitTime& limitTime);
+
 /** What every command has at hand. */
 struct Context {
-    /** Runs another command line in this process. */
-    Exit (*runCommandLine)(std::vector<std::string> words);
+    RunCommandLine runCommandLine;
     Output output = {};
     Exit exit = Exit::Success;
+    /** The time that the command may take, as its line or the environment says. */
+    std::optional<Seconds> time = {};
 };
 
 } // namespace kelutv::tool

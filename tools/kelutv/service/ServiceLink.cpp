@@ -35,6 +35,15 @@ android::sp<android::IBinder> requireService() {
     return android::IInterface::asBinder(service);
 }
 
+bool isServiceThere() {
+    try {
+        requireService();
+        return true;
+    } catch (const LinkError&) {
+        return false;
+    }
+}
+
 void failCall(const std::string& what, const std::vector<interposition::Transaction>& transactions) {
     const bool isGone = std::any_of(transactions.begin(), transactions.end(),
                                     [](const interposition::Transaction& each) { return each.status != 0; });

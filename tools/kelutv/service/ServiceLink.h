@@ -16,6 +16,9 @@ namespace kelutv::tool {
  */
 android::sp<android::IBinder> requireService();
 
+/** Connects to the service if there is one. @return whether it is connected */
+bool isServiceThere();
+
 /**
  * Ends a command whose call failed: with a LinkError when one of the requests did not get through, since the service is
  * gone, else with a ServiceError.

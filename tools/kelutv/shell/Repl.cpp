@@ -3,12 +3,12 @@
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
-#include "tools/kelutv/shell/OwnProcess.h"
 #include "tools/kelutv/shell/Tokenizer.h"
 
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <initializer_list>
 #include <iostream>
@@ -26,7 +26,7 @@ bool isAnyOf(const std::string& word, std::initializer_list<const char*> words) 
 std::string commandOf(const std::vector<std::string>& words) {
     auto word = words.begin();
     while (word != words.end() && word->compare(0, 1, "-") == 0) {
-        word += *word == "--color" && word + 1 != words.end() ? 2 : 1;
+        word += isAnyOf(*word, {"--color", "--timeout", "-t"}) && word + 1 != words.end() ? 2 : 1;
     }
     return word == words.end() ? "" : *word;
 }
@@ -44,10 +44,12 @@ std::vector<std::string> completions(const Command& program, const std::vector<s
 
 Repl::Repl(const Command& program, RunCommandLine runCommandLine, std::vector<std::string> options, bool stopAtFailure,
            const Output& output)
-    : mRunCommandLine(runCommandLine), mOptions(std::move(options)), mStopAtFailure(stopAtFailure), mOutput(output),
-      mAtTerminal(::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1),
+    : mOptions(std::move(options)), mStopAtFailure(stopAtFailure), mOutput(output),
+      mAtTerminal(::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1), mWorker(runCommandLine, mAtTerminal),
       mHistory(mAtTerminal ? History::usualPath() : "") {
-    if (mAtTerminal) {
+    if (!mAtTerminal) {
+        std::setvbuf(stdin, nullptr, _IONBF, 0); // What a line reads itself begins behind that line.
+    } else {
         startEditing(mHistory.lines(), [program](const std::vector<std::string>& words, const std::string& begun) {
             return completions(program, words, begun);
         });
@@ -114,8 +116,7 @@ Exit Repl::runWords(std::vector<std::string> words) {
         words.insert(words.begin(), {kPlaceWord, place()});
     }
     // These change the process that they run in, or watch until they are interrupted.
-    return isAnyOf(command, {"encode", "monitor", "trace"}) ? runInOwnProcess(words)
-                                                            : mRunCommandLine(std::move(words));
+    return isAnyOf(command, {"encode", "monitor", "trace"}) ? mWorker.runAlone(words) : mWorker.run(words);
 }
 
 } // namespace kelutv::tool

@@ -4,6 +4,7 @@
 #include "tools/kelutv/output/Output.h"
 #include "tools/kelutv/parser/Parser.h"
 #include "tools/kelutv/shell/History.h"
+#include "tools/kelutv/worker/LineWorker.h"
 
 #include <cstddef>
 #include <optional>
@@ -12,11 +13,12 @@
 
 namespace kelutv::tool {
 
-/** Carries out lines as the command line would, over one connection, until there are no more. */
+/**
+ * Carries out lines as the command line would, over one connection, until there are no more. A line that finds the
+ * service gone, or is given up, fails; the next ones are carried out over a new connection.
+ */
 class Repl {
 public:
-    using RunCommandLine = Exit (*)(std::vector<std::string> words);
-
     /**
      * @param program what the words at a terminal are completed by; must live as long as this
      * @param runCommandLine runs the words of a line
@@ -41,12 +43,12 @@ private:
     /** Of the present line in a script; empty at a terminal. */
     std::string place() const;
 
-    RunCommandLine mRunCommandLine;
     std::vector<std::string> mOptions;
     bool mStopAtFailure;
     const Output& mOutput;
     bool mAtTerminal;
     bool mEnded = false;
+    LineWorker mWorker;
     std::size_t mLineNumber = 0;
     History mHistory;
 };

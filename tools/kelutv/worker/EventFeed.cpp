@@ -1,0 +1,126 @@
+#include "tools/kelutv/worker/EventFeed.h"
+
+#include "tools/kelutv/events/EventSubscription.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/ServiceLink.h"
+#include "tools/process/Deadline.h"
+#include "tools/process/SignalWatch.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+namespace kelutv::tool {
+
+namespace {
+
+constexpr std::chrono::milliseconds kGrace{1000};
+constexpr std::chrono::milliseconds kPause{100};
+
+enum class Kind { Watching, Event, Loss, Failure };
+
+/** What stands before a payload, or before the text of a failure. */
+struct Head {
+    Kind kind;
+    Exit exit = Exit::Success;
+    std::uint32_t id = 0;
+    std::chrono::system_clock::time_point time = {};
+};
+
+std::string messageOf(const Head& head, const std::string& rest = "") {
+    std::string message(sizeof(head), '\0');
+    std::memcpy(message.data(), &head, sizeof(head));
+    return message + rest;
+}
+
+std::string messageOf(const ReceivedEvent& event) {
+    return messageOf({Kind::Event, Exit::Success, event.id, event.time}, {event.payload.begin(), event.payload.end()});
+}
+
+/** A service that is just ending may be found for a moment. @return false when it is to end before there is one */
+bool awaitService(const process::SignalWatch& signals) {
+    do {
+        if (process::waitToRead({signals.fd()}, process::deadlineIn(kPause))) {
+            return false;
+        }
+    } while (!isServiceThere());
+    return true;
+}
+
+/** Until the service is gone or this process is to end. */
+void handOn(const process::MessagePipe& news, const process::SignalWatch& signals) {
+    EventQueue& queue = EventQueue::instance();
+    for (bool isLost = false; !isLost;) {
+        process::waitToRead({queue.fd(), signals.fd()}, std::nullopt);
+        if (process::waitToRead({signals.fd()}, process::deadlineIn(process::Seconds::zero()))) {
+            return;
+        }
+        isLost = queue.isLost();
+        for (const ReceivedEvent& event : queue.take()) {
+            news.send(messageOf(event));
+        }
+    }
+    news.send(messageOf({Kind::Loss}));
+}
+
+} // namespace
+
+EventFeed::EventFeed(const std::set<std::uint32_t>& modules, First first)
+    : mWorker(process::Worker::start([&] { return watch(modules, first); })) {
+    mNews.keepReceiving();
+}
+
+EventFeed::~EventFeed() {
+    if (mIsWatching) {
+        mWorker.end(kGrace); // Its subscriptions end before it.
+    }
+}
+
+std::optional<EventFeed::News> EventFeed::take() {
+    const auto message = mNews.take();
+    if (message) {
+        return newsIn(*message);
+    }
+    if (mNews.isAtEnd()) {
+        throw ToolError(Exit::Failure, "the process that watches the television has ended");
+    }
+    return std::nullopt;
+}
+
+EventFeed::News EventFeed::newsIn(const std::string& message) {
+    Head head{Kind::Failure};
+    std::memcpy(&head, message.data(), sizeof(head));
+    const std::string rest = message.substr(sizeof(head));
+    switch (head.kind) {
+    case Kind::Event:
+        return {News::Kind::Event, {head.time, head.id, {rest.begin(), rest.end()}}};
+    case Kind::Watching:
+        mIsWatching = true;
+        return {News::Kind::Begin, {}};
+    case Kind::Loss:
+        return {News::Kind::End, {}};
+    case Kind::Failure:
+        break;
+    }
+    throw ToolError(head.exit, rest);
+}
+
+int EventFeed::watch(const std::set<std::uint32_t>& modules, First first) {
+    mNews.keepSending();
+    try {
+        process::SignalWatch signals{SIGTERM};
+        if (first == First::IsAwaited && !awaitService(signals)) {
+            return EXIT_SUCCESS;
+        }
+        const EventSubscription subscription(modules);
+        mNews.send(messageOf({Kind::Watching}));
+        handOn(mNews, signals);
+    } catch (const ToolError& error) {
+        mNews.send(messageOf({Kind::Failure, error.exit()}, error.what()));
+    } catch (const std::exception& error) {
+        mNews.send(messageOf({Kind::Failure, Exit::Failure}, error.what()));
+    }
+    return EXIT_SUCCESS;
+}
+
+} // namespace kelutv::tool
