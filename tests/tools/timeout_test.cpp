@@ -63,7 +63,8 @@ TEST_F(TimeLimit, holdsForEveryCommandWhenTheServiceIsStopped) {
                                {"status"},
                                {"call", "audio.getVolume", "speaker"},
                                {"eep", "dump", "tv"},
-                               {"sim", "show", "audio"}}) {
+                               {"sim", "show", "audio"},
+                               {"wait", "volume>=0"}}) {
         Words limited = words;
         limited.insert(limited.end(), {"--timeout", "0.2"});
         const ToolRun run = runGivenUp(limited);
@@ -186,6 +187,19 @@ TEST_F(TimeLimit, countsAreNotNone) {
         EXPECT_EQ(trace.exit, 2);
         EXPECT_EQ(trace.error, usageError("trace", complaint));
     }
+}
+
+/** A service that publishes nothing. */
+TEST(Wait, readsAgainWhatChangesSilently) {
+    const RuntimeDir directory;
+    ScriptedService service;
+    service.start();
+    service.reply(replyOf({0, 5}));
+    const auto waiting = startTool({"wait", "volume>=20", "--timeout", "1000"});
+    ASSERT_TRUE(waiting->error().waitFor("kelutv: waiting for volume>=20\n")) << waiting->error().text();
+    service.reply(replyOf({0, 30}));
+    EXPECT_EQ(waiting->exitCode(), 0);
+    EXPECT_EQ(waiting->output().text(), "30\n");
 }
 
 } // namespace

@@ -52,6 +52,7 @@ void addCommands(const Command& program, Context& context) {
     addDecodeCommand(program, context);
     addTraceCommand(program, context);
     addMonitorCommand(program, context);
+    addWaitCommand(program, context);
     addEepCommand(program, context);
     addSimCommand(program, context);
     addReplCommand(program, context);

@@ -22,5 +22,6 @@ void addSetCommand(const Command& program, Context& context);
 void addSimCommand(const Command& program, Context& context);
 void addStatusCommand(const Command& program, Context& context);
 void addTraceCommand(const Command& program, Context& context);
+void addWaitCommand(const Command& program, Context& context);
 
 } // namespace kelutv::tool

@@ -156,6 +156,15 @@ Names eventNames(const Spot& spot) {
     }
 }
 
+/** What `wait` waits for; what stands behind a setting is for the person to say. */
+Names awaitedNames(const Spot& spot) {
+    Names names = eventNames(spot);
+    const Names settings = settingNames(false);
+    names.insert(names.end(), settings.begin(), settings.end());
+    names.emplace_back("service");
+    return names;
+}
+
 Names areaNames() {
     Names names;
     for (const EepArea& area : eepAreas()) {
@@ -188,6 +197,7 @@ std::map<std::string, Source>& sources() {
         {"REQUEST", [](const Spot&, const std::string&) { return wire::RequestPattern::names(); }},
         {"SETTING", [](const Spot& spot, const std::string&) { return settingNames(spot.command.name() == "set"); }},
         {"VALUE", [](const Spot& spot, const std::string&) { return settingValues(spot); }},
+        {"WHAT", [](const Spot& spot, const std::string&) { return awaitedNames(spot); }},
         {"WHEN",
          [](const Spot&, const std::string&) {
              return Names{"always", "auto", "never"};

@@ -1,0 +1,124 @@
+#include "tools/ParsedJson.h"
+#include "tools/Tool.h"
+
+#include "simulator/Simulator.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace kelutv::test {
+namespace {
+
+SimulatorEnvironment& television = SimulatorEnvironment::install();
+
+/** `kelutv wait` once its subscriptions stand. */
+std::unique_ptr<ChildProcess> startWaiting(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), "wait");
+    auto waiting = startTool(std::move(arguments));
+    EXPECT_TRUE(waiting->error().waitFor("kelutv: waiting for ")) << waiting->error().text();
+    return waiting;
+}
+
+void set(const std::string& name, const std::string& value) { EXPECT_EQ(runTool({"set", name, value}).exit, 0); }
+
+std::string errorOf(const std::vector<std::string>& arguments) {
+    std::vector<std::string> words{"wait"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    const ToolRun run = runTool(words);
+    EXPECT_EQ(run.exit, 2) << run.output;
+    EXPECT_EQ(run.output, "");
+    return run.error;
+}
+
+TEST(Wait, endsAtOnceWhenTheSettingIsSo) {
+    set("volume", "20");
+    set("mute", "off");
+    set("source", "hdmi2");
+    for (const char* const condition :
+         {"volume=20", "volume==20", "volume != 21", "volume<21", "volume<=20", "volume>19", "volume>=20", "mute=off",
+          "mute!=on", "source=hdmi2", "source!=hdmi1"}) {
+        EXPECT_EQ(runTool({"wait", condition, "--timeout", "10"}).exit, 0) << condition;
+    }
+    for (const char* const condition :
+         {"volume=21", "volume!=20", "volume<20", "volume<=19", "volume>20", "volume>=21", "mute=on", "source=hdmi1"}) {
+        EXPECT_EQ(runTool({"wait", condition, "--timeout", "0.2"}).exit, 5) << condition;
+    }
+}
+
+TEST(Wait, printsTheSettingWhenItHasBecomeSo) {
+    set("volume", "5");
+    const auto waiting = startWaiting({"volume>=20"});
+    set("volume", "19");
+    set("volume", "23");
+    EXPECT_EQ(waiting->exitCode(), 0);
+    EXPECT_EQ(waiting->output().text(), "23\n");
+    const auto document = runTool({"--json", "wait", "volume>=20"});
+    EXPECT_EQ(document.output, "{\"thing\":\"volume\",\"value\":23}\n");
+}
+
+TEST(Wait, printsTheEventThatHasTheseFields) {
+    set("volume", "5");
+    const auto waiting = startWaiting({"volumeChanged", "channel=speaker", "volume>=20"});
+    set("volume", "6");
+    set("volume", "31");
+    EXPECT_EQ(waiting->exitCode(), 0);
+    EXPECT_NE(waiting->output().text().find(" volumeChanged (8 bytes: 00 00 00 00 1f 00 00 00): "), std::string::npos)
+        << waiting->output().text();
+    EXPECT_EQ(waiting->output().text().find('\n'), waiting->output().text().size() - 1);
+}
+
+TEST(Wait, takesEventsByNumberAndPrintsADocument) {
+    const auto waiting = startWaiting({"0x60002", "--json"});
+    set("mute", "toggle");
+    EXPECT_EQ(waiting->exitCode(), 0);
+    EXPECT_EQ(parsedJson(waiting->output().text()).at("name"), "muteChanged");
+}
+
+TEST(Wait, refusesWhatCannotBe) {
+    const std::string hint = "Try 'kelutv help wait'.\n";
+    EXPECT_EQ(errorOf({}), "kelutv: WHAT is required\n" + hint);
+    EXPECT_EQ(errorOf({"volme=3"}), "kelutv: there is no 'volme' to get or set; nearest: volume\n" + hint);
+    EXPECT_EQ(errorOf({"volume=x"}), "kelutv: volume is compared with a whole number, not 'x'\n" + hint);
+    EXPECT_EQ(errorOf({"volume="}), "kelutv: a name and a value stand on the sides of =, not 'volume='\n" + hint);
+    EXPECT_EQ(errorOf({"mute>on"}), "kelutv: mute is compared by = or != only\n" + hint);
+    EXPECT_EQ(errorOf({"mute=loud"}), "kelutv: mute is on or off, not 'loud'\n" + hint);
+    EXPECT_EQ(errorOf({"timing=1"}), "kelutv: timing has several values; none can be waited for\n" + hint);
+    EXPECT_EQ(errorOf({"volume"}), "kelutv: say what volume is to be, as in 'volume=VALUE'\n" + hint);
+    EXPECT_EQ(errorOf({"volumeChange"}).find("kelutv: no event is called volumeChange; nearest: volumeChanged, "), 0U);
+    EXPECT_EQ(errorOf({"volumeChanged", "loudness=3"}),
+              "kelutv: volumeChanged has no field 'loudness'; it has channel, volume\n" + hint);
+    EXPECT_EQ(errorOf({"volumeChanged", "volume"}),
+              "kelutv: 'volume' does not say what a field is to be, as volume=35 does\n" + hint);
+    EXPECT_EQ(errorOf({"0x6FF01", "volume=3"}), "kelutv: the fields of event 0x6FF01 are not known\n" + hint);
+    EXPECT_EQ(errorOf({"service", "volume=3"}), "kelutv: unexpected argument 'volume=3'\n" + hint);
+    EXPECT_NE(errorOf({"source=nowhere"}).find("nowhere"), std::string::npos);
+}
+
+TEST(Wait, tellsOfTheMissingService) {
+    const TestFolder folder;
+    const std::vector<std::string> elsewhere{"KQDROID_RUNTIME_DIR=" + folder.pathOf("runtime")};
+    EXPECT_EQ(runTool({"wait", "volume=3"}, elsewhere).exit, 3);
+    EXPECT_EQ(runTool({"wait", "volumeChanged"}, elsewhere).exit, 3);
+    const ToolRun run = runTool({"wait", "service", "--timeout", "0.2"}, elsewhere);
+    EXPECT_EQ(run.exit, 5);
+    EXPECT_EQ(run.output, "");
+}
+
+TEST(WaitLast, isOverWithTheServiceUnlessThatIsWaitedFor) {
+    const auto event = startWaiting({"volumeChanged"});
+    const auto setting = startWaiting({"volume>100"});
+    television.simulator().process().kill(SIGTERM);
+    EXPECT_EQ(event->exitCode(), 3);
+    EXPECT_EQ(setting->exitCode(), 3);
+
+    const auto service = startTool({"wait", "service"});
+    EXPECT_EQ(service->wait(std::chrono::milliseconds(200)), std::nullopt);
+    const Simulator simulator;
+    EXPECT_EQ(service->exitCode(), 0);
+    EXPECT_EQ(runTool({"wait", "service", "--json", "--timeout", "10"}).output, "{\"service\":\"there\"}\n");
+}
+
+} // namespace
+} // namespace kelutv::test
