@@ -1,3 +1,5 @@
+#include "tools/Terminal.h"
+
 #include "simulator/Simulator.h"
 #include "support/TestFolder.h"
 
@@ -74,6 +76,23 @@ TEST(ReplLoss, saysWhichSignalEndedALine) {
     EXPECT_NE(repl.process().error().text().find("kelutv: the command was ended by signal 9 (Killed)\n"),
               std::string::npos)
         << repl.process().error().text();
+}
+
+TEST(ReplLoss, anInterruptEndsOnlyTheLine) {
+    const TestFolder state;
+    Terminal terminal({KELUTV_TOOL_PROGRAM, "repl"}, {"XDG_STATE_HOME=" + state.path()});
+    ASSERT_TRUE(terminal.waitFor("kelutv> "));
+    terminal.type("sim fault CMD_AUDIO_GETVOLUME delay 602s once\n");
+    ASSERT_TRUE(terminal.waitFor("kelutv> "));
+    terminal.type("get volume\n");
+    ASSERT_TRUE(television.simulator().process().output().waitFor("meets fault CMD_AUDIO_GETVOLUME delay 602s"));
+    terminal.type("\x03");
+    ASSERT_TRUE(terminal.waitFor("kelutv> ")) << terminal.text();
+    terminal.type("set volume 42\n");
+    ASSERT_TRUE(terminal.waitFor("\n42\r\n")) << terminal.text();
+    ASSERT_TRUE(terminal.waitFor("kelutv> "));
+    terminal.type("quit\n");
+    EXPECT_EQ(terminal.exitCode(), 0);
 }
 
 TEST(ReplLoss, goesOnWhenTheServiceIsBack) {
