@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <type_traits>
 
 namespace kelutv::tool {
 
@@ -19,13 +20,15 @@ constexpr std::chrono::milliseconds kPause{100};
 
 enum class Kind { Watching, Event, Loss, Failure };
 
-/** What stands before a payload, or before the text of a failure. */
+/** What stands before a payload, or before the text of a failure; without gaps, whose bytes would be sent, too. */
 struct Head {
     Kind kind;
     Exit exit = Exit::Success;
     std::uint32_t id = 0;
+    std::uint32_t nothing = 0;
     std::chrono::system_clock::time_point time = {};
 };
+static_assert(std::has_unique_object_representations_v<Head>);
 
 std::string messageOf(const Head& head, const std::string& rest = "") {
     std::string message(sizeof(head), '\0');
@@ -34,7 +37,8 @@ std::string messageOf(const Head& head, const std::string& rest = "") {
 }
 
 std::string messageOf(const ReceivedEvent& event) {
-    return messageOf({Kind::Event, Exit::Success, event.id, event.time}, {event.payload.begin(), event.payload.end()});
+    return messageOf({Kind::Event, Exit::Success, event.id, 0, event.time},
+                     {event.payload.begin(), event.payload.end()});
 }
 
 /** A service that is just ending may be found for a moment. @return false when it is to end before there is one */
@@ -48,8 +52,7 @@ bool awaitService(const process::SignalWatch& signals) {
 }
 
 /** Until the service is gone or this process is to end. */
-void handOn(const process::MessagePipe& news, const process::SignalWatch& signals) {
-    EventQueue& queue = EventQueue::instance();
+void handOn(EventQueue& queue, const process::MessagePipe& news, const process::SignalWatch& signals) {
     for (bool isLost = false; !isLost;) {
         process::waitToRead({queue.fd(), signals.fd()}, std::nullopt);
         if (process::waitToRead({signals.fd()}, process::deadlineIn(process::Seconds::zero()))) {
@@ -109,12 +112,13 @@ int EventFeed::watch(const std::set<std::uint32_t>& modules, First first) {
     mNews.keepSending();
     try {
         process::SignalWatch signals{SIGTERM};
+        EventQueue& queue = EventQueue::instance(); // Made before there is a thread that delivers to it.
         if (first == First::IsAwaited && !awaitService(signals)) {
             return EXIT_SUCCESS;
         }
         const EventSubscription subscription(modules);
         mNews.send(messageOf({Kind::Watching}));
-        handOn(mNews, signals);
+        handOn(queue, mNews, signals);
     } catch (const ToolError& error) {
         mNews.send(messageOf({Kind::Failure, error.exit()}, error.what()));
     } catch (const std::exception& error) {

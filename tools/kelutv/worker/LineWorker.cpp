@@ -8,9 +8,11 @@
 #include <sys/wait.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <optional>
+#include <type_traits>
 
 namespace kelutv::tool {
 
@@ -19,12 +21,16 @@ namespace {
 /** What a process that is no longer needed has to end by itself. */
 constexpr std::chrono::milliseconds kGrace{1000};
 
-/** What the process says of a line: the time that it may take from now on, or how it ended. */
+/** What the process says of a line. */
+enum class Kind { Time, End };
+
+/** The time that the line may take from now on, or how it ended; without gaps, whose bytes would be sent, too. */
 struct Answer {
-    bool isEnd;
+    Kind kind;
     Exit exit;
-    double seconds;
+    std::chrono::microseconds time;
 };
+static_assert(std::has_unique_object_representations_v<Answer>);
 
 std::string messageOf(const Answer& answer) {
     std::string message(sizeof(answer), '\0');
@@ -106,10 +112,10 @@ public:
         while (!mAnswers.isAtEnd()) {
             if (const auto message = mAnswers.take()) {
                 const Answer answer = answerIn(*message);
-                if (answer.isEnd) {
+                if (answer.kind == Kind::End) {
                     return answer.exit;
                 }
-                time = Seconds(answer.seconds);
+                time = answer.time;
                 deadline = process::deadlineIn(time);
             } else if (!process::waitToRead({mAnswers.fd()}, deadline)) {
                 mWorker.kill(SIGKILL);
@@ -139,10 +145,11 @@ private:
     void carryOut(RunCommandLine run, std::vector<std::string> words) const {
         std::signal(SIGINT, SIG_DFL);
         const Exit exit = run(std::move(words), [this](Seconds time) {
-            mAnswers.send(messageOf(Answer{false, Exit::Success, time.count()}));
+            const auto rounded = std::chrono::round<std::chrono::microseconds>(time);
+            mAnswers.send(messageOf(Answer{Kind::Time, Exit::Success, rounded}));
         });
         std::signal(SIGINT, SIG_IGN);
-        mAnswers.send(messageOf(Answer{true, exit, 0}));
+        mAnswers.send(messageOf(Answer{Kind::End, exit, {}}));
     }
 
     process::MessagePipe mLines;
