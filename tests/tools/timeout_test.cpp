@@ -71,7 +71,6 @@ TEST_F(TimeLimit, holdsForEveryCommandWhenTheServiceIsStopped) {
         EXPECT_EQ(run.output, "") << words.front();
         EXPECT_TRUE(endsWith(run.error, kTimeOver)) << words.front() << ": " << run.error;
     }
-    EXPECT_EQ(runTool({"monitor", "--timeout", "0.2"}).exit, 0); // What it shows is published by anybody.
     simulator.process().kill(SIGCONT);
     EXPECT_EQ(runTool({"--timeout", "10", "get", "volume"}).exit, 0);
 }
