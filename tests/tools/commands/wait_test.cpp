@@ -17,7 +17,7 @@ SimulatorEnvironment& television = SimulatorEnvironment::install();
 std::unique_ptr<ChildProcess> startWaiting(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "wait");
     auto waiting = startTool(std::move(arguments));
-    EXPECT_TRUE(waiting->error().waitFor("kelutv: waiting for ")) << waiting->error().text();
+    EXPECT_TRUE(waiting->error().waitFor("waiting for ")) << waiting->error().text();
     return waiting;
 }
 
