@@ -162,6 +162,24 @@ TEST_F(TimeLimit, restoresTheTerminal) {
     EXPECT_TRUE(terminal.waitFor("0\r\ndone")) << terminal.text();
 }
 
+TEST_F(TimeLimit, endsAProgramThatIsTraced) {
+    const ToolRun run = runGivenUp({"trace", "--timeout", "0.2", "--", "/bin/sh", "-c", "echo $$; exec sleep 1000"});
+    const pid_t program = std::stoi(run.output);
+    EXPECT_TRUE(eventually([program] { return !isRunning(program); }));
+}
+
+/** The look-up itself takes longer. */
+TEST_F(TimeLimit, endsAMonitorThatHasNothingToWatchYet) {
+    const std::vector<std::string> patient{"KQDROID_SERVICE_WAIT_MS=60000"};
+    const ToolRun run = runGivenUp({"monitor", "--timeout", "0.2"}, patient);
+    EXPECT_TRUE(endsWith(run.error, kTimeOver)) << run.error;
+    const auto monitor = startTool({"monitor", "--timeout", "1000"}, patient);
+    const pid_t worker = childOf(monitor->pid());
+    monitor->kill(SIGINT);
+    EXPECT_EQ(monitor->exitCode(), 0);
+    EXPECT_TRUE(eventually([worker] { return !isRunning(worker); }));
+}
+
 TEST_F(TimeLimit, isRefusedWhenItIsNone) {
     for (const char* const text : {"0", "-1", "nan", "inf", "1e7", "0.0001", "", "2s", "0x10"}) {
         const ToolRun run = runTool({"get", "volume", "--timeout", text});
