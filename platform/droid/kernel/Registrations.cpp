@@ -56,7 +56,7 @@ bool Registrations::watch() {
     if (watchManager() == NO_ERROR) {
         return true;
     }
-    __android_log_write(ANDROID_LOG_ERROR, kTag, "the end of the service manager cannot be watched for");
+    __android_log_print(ANDROID_LOG_ERROR, kTag, "the end of the service manager cannot be watched for");
     return false;
 }
 
