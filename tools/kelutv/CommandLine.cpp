@@ -70,6 +70,7 @@ Exit runCommandLine(std::vector<std::string> words, const LimitTime& limitTime) 
     takePlace(words);
     Context context{runCommandLine};
     context.output.json = asksForJson(words);
+    Output::setWarningsAsJson(context.output.json);
     Parser parser = makeProgram(context);
     Subcommand(parser.program()).beforeAction([&] {
         if (!context.time) {

@@ -50,6 +50,8 @@ const char* codeOf(Style style) {
     return "";
 }
 
+bool warningsAsJson = false;
+
 constexpr char kProgram[] = "kelutv: ";
 
 /** Line by line, since a message may have several. */
@@ -101,6 +103,12 @@ void Output::complain(const std::string& text, Exit exit, const std::string& hin
         error["hint"] = hint;
     }
     printMessage(Json{{"error", error}}.dump());
+}
+
+void Output::setWarningsAsJson(bool asJson) { warningsAsJson = asJson; }
+
+void Output::warn(const std::string& text) {
+    printMessage(warningsAsJson ? Json{{"message", printable(text)}}.dump() : kProgram + printable(text));
 }
 
 std::string Output::styled(Style style, const std::string& text) const {

@@ -48,6 +48,12 @@ public:
      */
     void complain(const std::string& text, Exit exit, const std::string& hint = "") const;
 
+    /** Whether what `warn` says is JSON from now on. */
+    static void setWarningsAsJson(bool asJson);
+
+    /** What the platform warns of, where no command's output is at hand: `kelutv: TEXT`, or `{"message": ...}`. */
+    static void warn(const std::string& text);
+
     /** The text in its style if standard output is to have colour (NO_COLOR and TERM=dumb count). */
     std::string styled(Style style, const std::string& text) const;
 

@@ -29,7 +29,7 @@ android::sp<android::IBinder> requireService() {
         throw LinkError(missingService(connection.warnings));
     }
     for (const std::string& warning : connection.warnings) {
-        Output::complain(wire::shown(warning, wire::kMostOfPath));
+        Output::warn(wire::shown(warning, wire::kMostOfPath));
     }
     const android::sp<android::ITVBaseService>& service = android::TVBaseClient::self()->getBpTvbaseService();
     return android::IInterface::asBinder(service);
