@@ -39,6 +39,11 @@ class Television:
         return self
 
     def __exit__(self, *_: object) -> None:
-        self._process.send_signal(signal.SIGTERM)
-        self._process.communicate(timeout=PATIENCE)
+        self.end()
         self._folder.cleanup()
+
+    def end(self) -> None:
+        """Switches it off; does nothing when it is off."""
+        self._process.send_signal(signal.SIGTERM)
+        self._process.wait(PATIENCE)
+        self._process.stdout.close()

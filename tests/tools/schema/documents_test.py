@@ -93,7 +93,7 @@ class Documents(unittest.TestCase):
 
     def error_of(self, *words: str) -> dict:
         run = self.run_tool(*words)
-        (document,) = self.documents(run.stderr, "error")
+        (document,) = self.documents(run.stderr.splitlines()[-1], "error")
         self.assertEqual(document["error"]["exit"], run.returncode)
         return document["error"]
 
@@ -152,6 +152,22 @@ class Documents(unittest.TestCase):
             {"name": "volume", "value": 20},
         ])
         self.assertEqual(words["words"], [7])
+
+    def test_waiting(self) -> None:
+        self.assertEqual(self.printed("wait", "wait", "service"), [{"service": "there"}])
+        self.assertEqual(self.printed("wait", "wait", "source=atv"),
+                         [{"thing": "source", "value": 0, "enumerator": "KELU_TV_SRC_ATV"}])
+        self.assertEqual(self.error_of("wait", "volume>20", "--timeout", "0.2")["exit"], 5)
+
+    def test_the_end_of_the_service(self) -> None:
+        with subprocess.Popen(
+            [PROGRAM, "--json", "monitor", "--timeout", str(PATIENCE)], env=self.television.environment,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+        ) as monitor:
+            next(line for line in monitor.stderr if line.startswith("{"))
+            self.television.end()
+            self.documents(monitor.stdout.readline(), "monitor-service")
+            monitor.terminate()
 
     def test_callbacks(self) -> None:
         with subprocess.Popen(

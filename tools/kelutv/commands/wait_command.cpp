@@ -73,7 +73,7 @@ void waitForSetting(const Comparison& comparison, const std::string& text, const
         value = readSetting(condition.setting());
     }
     output.line(shownText(condition.setting(), value));
-    output.document({{"thing", condition.setting().name}, {"value", value}});
+    output.document(documentOf(condition.setting(), value));
 }
 
 std::vector<FieldCondition> conditionsOf(const WaitOptions& options, const wire::Event* event) {
