@@ -114,7 +114,8 @@ TEST(Repl, givesUpALineWhoseTimeIsOver) {
                                  "--timeout 0.3");
     EXPECT_EQ(run.exit, 5);
     EXPECT_EQ(run.output, "10\n11\n11\n");
-    EXPECT_EQ(run.error, "kelutv: the time was over after 0.3 s\nkelutv: the time was over after 0.2 s\n");
+    EXPECT_EQ(run.error,
+              "kelutv: line 3: the time was over after 0.3 s\nkelutv: line 6: the time was over after 0.2 s\n");
 }
 
 TEST(Repl, leavesTheRestOfItsInputToWhatReadsIt) {
