@@ -5,6 +5,7 @@
 #include "droid/Transport.h"
 
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace kelutv::fuzz {
@@ -45,6 +46,7 @@ public:
                      const android::ServiceTraits&) override {
         return android::INVALID_OPERATION;
     }
+    std::string place() const override { return ""; }
     android::Vector<android::String16> names(int) override { return {}; }
     bool serve() override { return false; }
 };
