@@ -93,7 +93,7 @@ TEST(ForeignTool, showsRecordsOfThePlatform) {
 
 TEST(ForeignTool, showsEventsAndTheLossOfTheService) {
     ForeignService service;
-    const auto monitor = startTool({"monitor"}, service.environment());
+    const auto monitor = startTool({"monitor", "--exit-on-loss"}, service.environment());
     ASSERT_TRUE(monitor->error().waitFor("kelutv: watching for events\n")) << monitor->error().text();
     service.output({"set", "volume", "34"});
     EXPECT_TRUE(

@@ -98,7 +98,8 @@ class Seam(unittest.TestCase):
             for path in (ROOT / room).rglob("*")
             if path.suffix in (".h", ".cpp") and pattern.search(path.read_text(encoding="utf-8"))
         }
-        self.assertEqual(users, {"tools/kelutv/commands/sim_command.cpp"})
+        self.assertEqual(users, {"tools/kelutv/commands/sim_command.cpp", "tools/kelutv/sim/SimDocument.cpp",
+                                 "tools/kelutv/sim/SimWords.cpp"})
 
 
 if __name__ == "__main__":

@@ -73,7 +73,7 @@ TEST(ReplLoss, saysWhichSignalEndedALine) {
     repl.close();
     EXPECT_EQ(repl.process().exitCode(), 1);
     EXPECT_NE(repl.process().output().text().find("\n14\n"), std::string::npos);
-    EXPECT_NE(repl.process().error().text().find("kelutv: the command was ended by signal 9 (Killed)\n"),
+    EXPECT_NE(repl.process().error().text().find("kelutv: line 3: the command was ended by signal 9 (Killed)\n"),
               std::string::npos)
         << repl.process().error().text();
 }
@@ -102,9 +102,9 @@ TEST(ReplLoss, goesOnWhenTheServiceIsBack) {
     television.simulator().process().kill(SIGTERM);
     ASSERT_EQ(television.simulator().process().exitCode(), 0);
     repl.write("get volume");
-    ASSERT_TRUE(repl.process().error().waitFor("kelutv: the request did not get through: the service is gone"));
+    ASSERT_TRUE(repl.process().error().waitFor("kelutv: line 2: the request did not get through: the service is gone"));
     repl.write("get volume");
-    ASSERT_TRUE(repl.process().error().waitFor("kelutv: there is no television service"));
+    ASSERT_TRUE(repl.process().error().waitFor("kelutv: line 3: there is no television service"));
     const Simulator simulator;
     repl.write("set volume 16");
     ASSERT_TRUE(repl.process().output().waitFor("16\n")) << repl.process().error().text();
