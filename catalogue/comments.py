@@ -94,10 +94,18 @@ def _null_complaints(operation: Operation, doc: Doc, catalogue: Catalogue) -> It
                    f"its comment says {'otherwise' if told else 'nothing of it'}")
 
 
+def _room_complaints(operation: Operation, doc: Doc) -> Iterable[str]:
+    """Of rooms for all that comes, without the most that can come."""
+    for name, text in doc.parameters.items():
+        if re.search(r"\broom for all\b|decides the length", text, re.I) and not re.search(r"\d (bytes )?at most", text):
+            yield f"{operation.place}: the comment of {operation.name} asks for room in '{name}', but not for how much"
+
+
 def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:
     """Complaints about comments that differ on one argument or result, or that name what the row does not have.
 
-    Of a row these are its value sets, what it calls, what commands and items it sends, and where null may be passed.
+    Of a row these are its value sets, what it calls, what commands and items it sends, and where null may be passed. A
+    comment that asks for room must say how much.
     """
     documented = [operation for operation in catalogue.operations if operation.name in docs]
     complaints: list[str] = []
@@ -105,6 +113,7 @@ def check_comments(catalogue: Catalogue, docs: dict[str, Doc]) -> list[str]:
         complaints += _value_complaints(operation, docs[operation.name], catalogue)
         complaints += _name_complaints(operation, docs[operation.name])
         complaints += _null_complaints(operation, docs[operation.name], catalogue)
+        complaints += _room_complaints(operation, docs[operation.name])
         if _only_forwards(operation) and operation.callee.name in docs:
             complaints += _argument_complaints(operation, docs)
             complaints += _result_complaints(operation, docs)

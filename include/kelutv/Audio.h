@@ -640,7 +640,8 @@ public:
      * Reads one item that is a text.
      * @param cmdID Item of the audio module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
-     * @param data Room for the text and its terminating zero; the service decides the length. Untouched on failure.
+     * @param data Room for the text and its terminating zero; the service decides the length, 1,040,380 bytes at most.
+     * Untouched on failure.
      * @return 0; -1, logged, when the service or the link fails or the answer holds no text, and for a null `data`,
      * with nothing sent.
      */

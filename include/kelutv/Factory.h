@@ -104,8 +104,8 @@ public:
 
     /**
      * Reads the debug information on the automatic colour temperature.
-     * @param str Receives the text, terminator included, and must have room for all the service sends; untouched on
-     * failure.
+     * @param str Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; untouched on failure.
      * @param colorTempIndex Colour temperature as the service numbers it.
      * @return 0; -1 when the service or the link fails or there is no text, and for a null `str`, with nothing sent;
      * each is logged.
@@ -153,8 +153,8 @@ public:
      * Reads the version of the picture processing data.
      * What the service answers is printed to standard error as "pStr=%s\n", "(null)" for no text, and a missing text or
      * buffer as "getPQBinVersion error\n".
-     * @param pPQBinVersion Receives the text, terminator included, and must have room for all the service sends;
-     * untouched on failure.
+     * @param pPQBinVersion Receives the text, terminator included, and must have room for all the service sends,
+     * 1,040,380 bytes at most; untouched on failure.
      * @return 0; -1 when the service or the link fails, when there is no text, and for a null `pPQBinVersion`, for
      * which the command is sent nevertheless.
      */
@@ -615,8 +615,8 @@ public:
 
     /**
      * Reads the control points of the volume curve.
-     * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
-     * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
+     * @param soundCurveCtlData Receives the points. Must have room for all that the service sends, 260,094 at most, and
+     * for 255 at least: of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
      * @param volumeNum Receives their count as the service gives it; untouched on failure.
      * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
      * sent.
@@ -625,8 +625,8 @@ public:
 
     /**
      * Reads the control points of the headphones' volume curve.
-     * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
-     * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
+     * @param soundCurveCtlData Receives the points. Must have room for all that the service sends, 260,094 at most, and
+     * for 255 at least: of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
      * @param volumeNum Receives their count as the service gives it; untouched on failure.
      * @return 0; -1 when the service or the link fails, and when either pointer is null, logged and with nothing
      * sent.
@@ -707,8 +707,8 @@ public:
      * Reads one item that is a text.
      * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
-     * @param data Receives the text, terminator included, and must have room for all the service sends; untouched on
-     * failure.
+     * @param data Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no text, and for a null `data`, with nothing sent;
      * each is logged under the name of a system function.
      */
@@ -1024,8 +1024,8 @@ public:
     /**
      * Reads the name of the platform.
      * A failure and a missing text are logged, each in its own words.
-     * @param str Receives the text, terminator included, and must have room for all the service sends; "default" when
-     * the service or the link fails or there is no text.
+     * @param str Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "default" when the service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `str`, logged and with nothing sent.
      */
     int getPlatform(char* str);
@@ -1033,32 +1033,32 @@ public:
     /**
      * Reads the date of the EEPROM.
      * A failure and a missing text are logged, each in its own words.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "date error"
-     * when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "date error" when the service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getEepromDate(char* pStr);
 
     /**
      * Reads the bar code of the set.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error barcode"
-     * when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error barcode" when the service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getBarCode(char* pStr);
 
     /**
      * Reads the identifier of the panel.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error panelId"
-     * when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error panelId" when the service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelID(char* pStr);
 
     /**
      * Reads the address of the network port.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error mac"
-     * when the service or the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error mac" when the service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getMacAddress(char* pStr);
@@ -1073,54 +1073,54 @@ public:
 
     /**
      * Reads the identifier of the eMMC memory.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_emmc_id"
-     * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
-     * no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error_emmc_id" without a terminator, so that the buffer should be zeroed before, when the service or
+     * the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getEmmcID(char* pStr);
 
     /**
      * Reads the identifier of the main chip.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_chip_id"
-     * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
-     * no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error_chip_id" without a terminator, so that the buffer should be zeroed before, when the service or
+     * the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getSocChipID(char* pStr);
 
     /**
      * Reads the version of the inner timing controller.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
-     * "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
-     * link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the
+     * service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getInnerTconVersion(char* pStr);
 
     /**
      * Reads the version of the external motion compensation.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
-     * "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the service or
-     * the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the
+     * service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getExternalMemcVersion(char* pStr);
 
     /**
      * Reads the version of the panel's picture processing.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
-     * "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
-     * link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service
+     * or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelPQVersion(char* pStr);
 
     /**
      * Reads the version of the panel's data.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends;
-     * "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the service or
-     * the link fails or there is no text.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the
+     * service or the link fails or there is no text.
      * @return 0, also on failure; -1 for a null `pStr`, logged and with nothing sent.
      */
     int getPanelDataVersion(char* pStr);
@@ -1151,9 +1151,9 @@ public:
     /**
      * Reads the time that the network gave.
      * A text that was read is logged as "getInternetTime %s".
-     * @param time Receives the text, terminator included, and must have room for all the service sends; "19700101"
-     * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is
-     * no text.
+     * @param time Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "19700101" without a terminator, so that the buffer should be zeroed before, when the service or the
+     * link fails or there is no text.
      * @return 0, also on failure; -1 for a null `time`, logged and with nothing sent.
      */
     int getInternetTime(char* time);
@@ -1185,8 +1185,8 @@ public:
      * The serial number is logged.
      * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
      * @param str The data, a text. Null is sent as the empty text.
-     * @param snData Receives the serial number, terminator included, and must have room for all the service sends;
-     * untouched on failure.
+     * @param snData Receives the serial number, terminator included, and must have room for all the service sends,
+     * 1,040,380 bytes at most; untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no serial number, and when either pointer is null,
      * for which the command is sent nevertheless; each is logged.
      */
@@ -1195,8 +1195,8 @@ public:
     /**
      * Reads a serial number of digital television.
      * @param cmdId One of `KELU_TV_DTV_SN_E`.
-     * @param snData Receives the serial number, terminator included, and must have room for all the service sends;
-     * untouched on failure.
+     * @param snData Receives the serial number, terminator included, and must have room for all the service sends,
+     * 1,040,380 bytes at most; untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no serial number, and for a null `snData`, logged,
      * for which the command is sent nevertheless.
      */
@@ -1390,9 +1390,9 @@ public:
     /**
      * Reads the version of a firmware of the laser projector.
      * @param type Firmware as the service numbers it.
-     * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error" without
-     * a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
-     * Null drops it.
+     * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; "error" without a terminator, so that the buffer should be zeroed before, when the service or the link
+     * fails or there is no text. Null drops it.
      * @return 0, also on failure; 0 for a null `pStr`, too.
      */
     int getLaserFWVersion(int type, char* pStr);
@@ -1449,8 +1449,8 @@ public:
 
     /**
      * Reads the version of the external picture chip.
-     * @param Data Receives the text, terminator included, and must have room for all the service sends; untouched on
-     * failure and when there is no text.
+     * @param Data Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; untouched on failure and when there is no text.
      * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged and
      * with nothing sent.
      */
@@ -1484,8 +1484,8 @@ public:
 
     /**
      * Reads the version of the EP9169 chip.
-     * @param Data Receives the text, terminator included, and must have room for all the service sends; untouched on
-     * failure and when there is no text.
+     * @param Data Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+     * at most; untouched on failure and when there is no text.
      * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `Data`, logged in
      * the words of `getNTPQPlatFormVer` and with nothing sent.
      */

@@ -35,7 +35,7 @@ public:
     /**
      * Shows a source in a display window.
      * @param srcId Source, one of `KELU_TV_SRC_E`.
-     * @param mainWindow Display window, as the service numbers it.
+     * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int selectSource(int srcId, int mainWindow);
@@ -50,7 +50,7 @@ public:
 
     /**
      * Reads the source in a display window.
-     * @param mainWindow Display window, as the service numbers it.
+     * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
      * @return One of `KELU_TV_SRC_E`; -1 when the service or the link fails.
      */
     int getCurSourceId(int mainWindow);
@@ -133,7 +133,7 @@ public:
     /**
      * Places a display window.
      * @param rect Place and size.
-     * @param mainWindow Display window, as the service numbers it.
+     * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
      * @param flag What the service defines.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
@@ -142,7 +142,7 @@ public:
     /**
      * Reads the place of a display window.
      * @param rect Receives place and size; untouched when the service or the link fails.
-     * @param mainWindow Display window, as the service numbers it.
+     * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
      * @return 0, also when the service or the link fails; -1 for a null `rect`, with nothing sent.
      */
     int getWindowRect(KeluRect* rect, int mainWindow);
@@ -157,14 +157,14 @@ public:
     /**
      * Puts a display window on the left or on the right.
      * @param left True puts it on the left.
-     * @param mainWindow Display window, as the service numbers it.
+     * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setDisplayOnLeft(bool left, int mainWindow);
 
     /**
      * Gives a display window the focus.
-     * @param mainWindow Display window, as the service numbers it.
+     * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
      * @return The service's result, 0 for success; -1 when the link fails.
      */
     int setFocusWindow(int mainWindow);

@@ -193,7 +193,8 @@ public:
 
     /**
      * Reads the version of the boot program.
-     * @param pStr Receives the text with its terminator; there must be room for all of it. Untouched on failure.
+     * @param pStr Receives the text with its terminator; there must be room for all of it, 1,040,380 bytes at most.
+     * Untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no text, and for a null `pStr`, with nothing
      * sent. All three are logged under the tag "TVBASEMW@SystemSetting".
      */
@@ -532,7 +533,8 @@ public:
      * Reads the text of one item.
      * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
      * @param param1,param2 What the item defines.
-     * @param data Receives the text with its terminator; there must be room for all of it. Untouched on failure.
+     * @param data Receives the text with its terminator; there must be room for all of it, 1,040,380 bytes at most.
+     * Untouched on failure.
      * @return 0; -1 when the service or the link fails or there is no text, and for a null `data`, with nothing sent.
      * All three are logged under the tag "TVBASEMW@SystemSetting".
      */
@@ -638,8 +640,8 @@ public:
      * @param pInputData What the command carries; may be null, which sends no bytes.
      * @param inSize Its size in bytes, sent as it is; below 1 no bytes are sent.
      * @param pOutputData Receives the answer; null takes none. The service's size is not held against the room here:
-     * there must be room for all it sends. Where its size is above what it sends, the bytes that are missing are 0 as
-     * far as the room goes. Untouched on failure.
+     * there must be room for all it sends, 1,040,376 bytes at most. Where its size is above what it sends, the bytes
+     * that are missing are 0 as far as the room goes. Untouched on failure.
      * @param outSize In: the room in bytes, told to the service. Out: the size as the service gives it; untouched on
      * failure, and without `pOutputData`. May be null, which takes no answer.
      * @return 0; -1 when the service or the link fails.

@@ -95,8 +95,8 @@ KELUTV_API int linux_tv_Factory_restoreColorTemp(void);
 /**
  * Reads the debug information on the automatic colour temperature.
  * @param colorTemp Colour temperature as the service numbers it.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no text, and for null, with nothing sent.
  */
 KELUTV_API int getAutoColorTempDebugInfo(int colorTemp, char* pStr);
@@ -162,8 +162,8 @@ KELUTV_API int linux_tv_Factory_pqSetGammaValue(int value);
 /**
  * Reads the version of the picture processing data.
  * The text is printed to standard error.
- * @param pPQBinVersion Receives the text, terminator included, and must have room for all the service sends; untouched
- * on failure.
+ * @param pPQBinVersion Receives the text, terminator included, and must have room for all the service sends, 1,040,380
+ * bytes at most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, after the command was sent.
  */
 KELUTV_API int linux_tv_Factory_getPQBinVersion(char* pPQBinVersion);
@@ -626,8 +626,8 @@ KELUTV_API int linux_tv_Factory_setSoundCurve(double* info, int length);
 
 /**
  * Reads the control points of the volume curve.
- * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
- * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
+ * @param soundCurveCtlData Receives the points. Must have room for all that the service sends, 260,094 at most, and for
+ * 255 at least: of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
  * @param volumeNum Receives their count as the service gives it; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent.
  */
@@ -635,8 +635,8 @@ KELUTV_API int linux_tv_Factory_getSoundCurveCtlData(int* soundCurveCtlData, int
 
 /**
  * Reads the control points of the headphones' volume curve.
- * @param soundCurveCtlData Receives the points. Must have room for all that the service sends and for 255 at least:
- * of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
+ * @param soundCurveCtlData Receives the points. Must have room for all that the service sends, 260,094 at most, and for
+ * 255 at least: of a count above what it sends the rest is 0, up to the 255th. Untouched on failure.
  * @param volumeNum Receives their count as the service gives it; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null pointer, with nothing sent.
  */
@@ -725,8 +725,8 @@ KELUTV_API int linux_tv_Factory_setFactoryItemStrValue(int cmdID, int param1, in
  * Reads a factory item that is a text.
  * @param cmdID Item of the factory module, one of `KELU_TV_CMDID_E`.
  * @param param1,param2 What the item defines.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no text, and for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getFactoryItemStrValue(int cmdID, int param1, int param2, char* pStr);
@@ -1000,40 +1000,40 @@ KELUTV_API int linux_tv_Factory_setUartData(const char* pData);
 
 /**
  * Reads the name of the platform.
- * @param str Receives the text, terminator included, and must have room for all the service sends; "default" when the
- * service or the link fails or there is no text.
+ * @param str Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "default" when the service or the link fails or there is no text.
  * @return 0, also on failure; -1 for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPlatform(char* str);
 
 /**
  * Reads the date of the EEPROM.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "date error" when
- * the service or the link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "date error" when the service or the link fails or there is no text.
  * @return 0 in every case, also for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getEepromDate(char* pStr);
 
 /**
  * Reads the bar code of the set.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error barcode"
- * when the service or the link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error barcode" when the service or the link fails or there is no text.
  * @return 0 in every case, also for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getBarCode(char* pStr);
 
 /**
  * Reads the identifier of the panel.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error panelId"
- * when the service or the link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error panelId" when the service or the link fails or there is no text.
  * @return 0, also on failure; -1 for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelID(char* pStr);
 
 /**
  * Reads the address of the network port.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error mac" when
- * the service or the link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error mac" when the service or the link fails or there is no text.
  * @return 0, also on failure; -1 for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getMacAddress(char* pStr);
@@ -1048,54 +1048,54 @@ KELUTV_API int linux_tv_Factory_setMacAddress(int* pMacAddr, int length);
 
 /**
  * Reads the identifier of the eMMC memory.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_emmc_id"
- * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no
- * text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error_emmc_id" without a terminator, so that the buffer should be zeroed before, when the service or the link
+ * fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getEmmcID(char* pStr);
 
 /**
  * Reads the identifier of the main chip.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error_chip_id"
- * without a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no
- * text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error_chip_id" without a terminator, so that the buffer should be zeroed before, when the service or the link
+ * fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getSocChipID(char* pStr);
 
 /**
  * Reads the version of the inner timing controller.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends;
- * "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the service or the link
- * fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error_inner_tcon_ver" without a terminator, so that the buffer should be zeroed before, when the service or
+ * the link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getInnerTconVersion(char* pStr);
 
 /**
  * Reads the version of the external motion compensation.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends;
- * "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
- * link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error_external_memc_ver" without a terminator, so that the buffer should be zeroed before, when the service or
+ * the link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getExternalMemcVersion(char* pStr);
 
 /**
  * Reads the version of the panel's picture processing.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends;
- * "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service or the link
- * fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error_panel_pq_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
+ * link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelPQVersion(char* pStr);
 
 /**
  * Reads the version of the panel's data.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends;
- * "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the service or the
- * link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error_external_panel_ver" without a terminator, so that the buffer should be zeroed before, when the service
+ * or the link fails or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelDataVersion(char* pStr);
@@ -1124,8 +1124,9 @@ KELUTV_API int linux_tv_Factory_setInternetTime(const char* time);
 
 /**
  * Reads the time that the network gave.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "19700101" without
- * a terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "19700101" without a terminator, so that the buffer should be zeroed before, when the service or the link fails
+ * or there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getInternetTime(char* pStr);
@@ -1156,8 +1157,8 @@ KELUTV_API int linux_tv_Factory_getBurnKeyStatus(int* pBuf);
  * Burns data into one-time programmable memory and reads the serial number.
  * @param CaCardKind One of `KELU_TV_OPT_CA_TYPE_E`.
  * @param str The data, a text.
- * @param retSnData Receives the serial number, terminator included, and must have room for all the service sends;
- * untouched on failure.
+ * @param retSnData Receives the serial number, terminator included, and must have room for all the service sends,
+ * 1,040,380 bytes at most; untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no serial number, and for a null `str` or `retSnData`,
  * with nothing sent.
  */
@@ -1166,8 +1167,8 @@ KELUTV_API int linux_tv_Factory_setStbOtpBurn(int CaCardKind, const char* str, c
 /**
  * Reads a serial number of digital television.
  * @param cmdId One of `KELU_TV_DTV_SN_E`.
- * @param retSnData Receives the serial number, terminator included, and must have room for all the service sends;
- * untouched on failure.
+ * @param retSnData Receives the serial number, terminator included, and must have room for all the service sends,
+ * 1,040,380 bytes at most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for a null `retSnData`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getDtvSn(int cmdId, char* retSnData);
@@ -1363,8 +1364,9 @@ KELUTV_API int linux_tv_Factory_setLaserEyeShieldMode(bool mode);
 /**
  * Reads the version of a firmware of the laser projector.
  * @param type Firmware as the service numbers it.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; "error" without a
- * terminator, so that the buffer should be zeroed before, when the service or the link fails or there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; "error" without a terminator, so that the buffer should be zeroed before, when the service or the link fails or
+ * there is no text.
  * @return 0, also on failure; -1 for a null `pStr`, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getLaserFWVersion(int type, char* pStr);
@@ -1422,8 +1424,8 @@ KELUTV_API int linux_tv_Factory_setNTPQItemValue(int channel, int cmdId, int val
 
 /**
  * Reads the version of the external picture chip.
- * @param pStr Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure and when there is no text.
+ * @param pStr Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure and when there is no text.
  * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `pStr`, with nothing
  * sent.
  */
@@ -1457,8 +1459,8 @@ KELUTV_API int linux_tv_Factory_setNT72315Command(int mainCmd, int subCmd, int v
 
 /**
  * Reads the version of the EP9169 chip.
- * @param pVersion Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure and when there is no text.
+ * @param pVersion Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+ * at most; untouched on failure and when there is no text.
  * @return 0, also when there is no text; -1 when the service or the link fails, and for a null `pVersion`, with nothing
  * sent.
  */
@@ -1481,8 +1483,8 @@ KELUTV_API int linux_tv_Factory_upgradeEP9169IC(const char* pathName);
 /**
  * Reads a text about the machine.
  * @param type One of `KELU_TV_MACHINE_INFO_E`.
- * @param info Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param info Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getMachineInfo(int type, char* info);
@@ -1497,32 +1499,32 @@ KELUTV_API int linux_tv_Factory_setMachineInfo(int type, char* info);
 
 /**
  * Reads the number of the product.
- * @param PID Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param PID Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getProductNumber(char* PID);
 
 /**
  * Reads the number of the order.
- * @param OrderNum Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param OrderNum Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes
+ * at most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getOrderNumber(char* OrderNum);
 
 /**
  * Reads the identity of the developer.
- * @param pData Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param pData Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getDeveloperID(char* pData);
 
 /**
  * Reads the identity of the product.
- * @param pData Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param pData Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getProductID(char* pData);
@@ -1530,16 +1532,16 @@ KELUTV_API int linux_tv_Factory_getProductID(char* pData);
 /**
  * Reads a password.
  * @param type One of `KELU_TV_PASSWORD_TYPE_E`.
- * @param pwd Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param pwd Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPassWord(int type, char* pwd);
 
 /**
  * Reads the version of the separate data.
- * @param ver Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param ver Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getSeperateDataVer(char* ver);
@@ -1788,16 +1790,16 @@ KELUTV_API int linux_tv_Factory_setPanelSwing(int swing);
 
 /**
  * Reads the size of the panel.
- * @param size Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param size Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelSize(char* size);
 
 /**
  * Reads a description of the panel.
- * @param info Receives the text, terminator included, and must have room for all the service sends; untouched on
- * failure.
+ * @param info Receives the text, terminator included, and must have room for all the service sends, 1,040,380 bytes at
+ * most; untouched on failure.
  * @return 0; -1 when the service or the link fails, and for null, with nothing sent.
  */
 KELUTV_API int linux_tv_Factory_getPanelInfo(char* info);

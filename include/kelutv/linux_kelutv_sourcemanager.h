@@ -26,7 +26,7 @@ extern "C" {
  * Shows a source in a display window.
  * Logged with its arguments before and after the call.
  * @param srcId Source, one of `KELU_TV_SRC_E`.
- * @param mainWindow Display window, as the service numbers it.
+ * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
  * @return 0, also when the service or the link fails.
  */
 KELUTV_API int linux_tv_SourceManager_selectSource(int srcId, int mainWindow);
@@ -42,7 +42,7 @@ KELUTV_API int linux_tv_SourceManager_deselectSource(int srcId, int bDestroy);
 /**
  * Reads the source in a display window.
  * Logged with what it gives.
- * @param mainWindow Display window, as the service numbers it.
+ * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
  * @return One of `KELU_TV_SRC_E`, `KELU_TV_SRC_DIG2` given as `KELU_TV_SRC_DIG1`; -1 when the service or the link
  * fails.
  */
@@ -136,7 +136,7 @@ KELUTV_API int linux_tv_SourceManager_isNeedSelectSoucre(int fromSource, int toS
 /**
  * Places a display window.
  * @param rect Place and size.
- * @param mainWindow Display window, as the service numbers it.
+ * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
  * @param flag What the service defines.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
@@ -145,7 +145,7 @@ KELUTV_API int linux_tv_SourceManager_setWindowRect(KeluRect rect, int mainWindo
 /**
  * Reads the place of a display window.
  * @param rect Receives place and size; untouched when the service or the link fails.
- * @param mainWindow Display window, as the service numbers it.
+ * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
  * @return 0, also when the service or the link fails; -1 for a null pointer, with nothing sent.
  */
 KELUTV_API int linux_tv_SourceManager_getWindowRect(KeluRect* rect, int mainWindow);
@@ -160,14 +160,14 @@ KELUTV_API int linux_tv_SourceManager_enableDualDisplay(int enable);
 /**
  * Puts a display window on the left or on the right.
  * @param left Anything but 0 puts it on the left.
- * @param mainWindow Display window, as the service numbers it.
+ * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SourceManager_setDisplayOnLeft(int left, int mainWindow);
 
 /**
  * Gives a display window the focus.
- * @param mainWindow Display window, as the service numbers it.
+ * @param mainWindow Display window, one of `KELU_TV_WINDOW_E`.
  * @return The service's result, 0 for success; -1 when the link fails.
  */
 KELUTV_API int linux_tv_SourceManager_setFocusWindow(int mainWindow);

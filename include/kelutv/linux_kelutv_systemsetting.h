@@ -139,7 +139,8 @@ KELUTV_API int linux_tv_SystemSetting_getLastPowerOffMode(void);
 
 /**
  * Reads the version of the boot program.
- * @param pStr Receives the text with its terminator; there must be room for all of it. Untouched on failure.
+ * @param pStr Receives the text with its terminator; there must be room for all of it, 1,040,380 bytes at most.
+ * Untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no text, which is logged, and for a null pointer,
  * with nothing sent or logged.
  */
@@ -385,7 +386,8 @@ KELUTV_API int linux_tv_SystemSetting_setSystemItemStrValue(int cmdID, int param
  * Reads the text of one item.
  * @param cmdID Item of the system module, of `KELU_TV_CMDID_E`.
  * @param param1,param2 What the item defines.
- * @param data Receives the text with its terminator; there must be room for all of it. Untouched on failure.
+ * @param data Receives the text with its terminator; there must be room for all of it, 1,040,380 bytes at most.
+ * Untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no text, which is logged, and for a null pointer,
  * with nothing sent or logged.
  */
@@ -441,7 +443,8 @@ KELUTV_API int linux_tv_SystemSetting_getSubtitleLanList(int country, int* pLanL
 
 /**
  * Reads the version of the middleware.
- * @param version Receives the text with its terminator; there must be room for all of it. Untouched on failure.
+ * @param version Receives the text with its terminator; there must be room for all of it, 1,040,380 bytes at most.
+ * Untouched on failure.
  * @return 0; -1 when the service or the link fails or there is no text, which is logged, and for a null pointer,
  * with nothing sent or logged.
  */

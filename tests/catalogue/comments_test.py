@@ -51,6 +51,18 @@ class Comments(CatalogueTest):
         [complaint] = self.said()
         self.assertIn("comments differ on the result of linux_tv_Lamp_setLevel, 'The old level; -1 when", complaint)
 
+    def test_room_without_a_bound(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "Must have room for all the service sends.")
+        self.comment_function("One of `LAMP_E`.", "Must have room for all the service sends.")
+        complaints = self.said()
+        self.assertEqual(len(complaints), 2)
+        self.assertIn("the comment of Lamp::setLevel asks for room in 'level', but not for how much", complaints[0])
+
+    def test_room_with_a_bound(self) -> None:
+        self.comment_method("One of `LAMP_E`.", "Must have room for all the service sends, 1,040,380 bytes at most.")
+        self.comment_function("One of `LAMP_E`.", "Must have room for all the service sends, 1,040,380 bytes at most.")
+        self.assertEqual(self.said(), [])
+
     def test_each_layer_has_failures_of_its_own(self) -> None:
         self.comment_method("One of `LAMP_E`.", "The level.", "0; -1 when the lamp is out.")
         self.comment_function("One of `LAMP_E`.", "The level.", "0; -1 when the lamp is out or gone.")

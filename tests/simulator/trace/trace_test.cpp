@@ -108,8 +108,10 @@ TEST_F(Trace, SaysWhyARequestWasRefused) {
 
 TEST_F(Trace, NamesAnUnknownSource) {
     SourceManager::instance()->selectSource(77, KELU_TV_WINDOW_MAIN);
-    EXPECT_EQ(lines(), std::vector<std::string>{
-                           own("CMD_SOURCE_SELECTSOURCE(srcId=77, mainWindow=0) -> -108 (there is no source 77)")});
+    EXPECT_EQ(
+        lines(),
+        std::vector<std::string>{own(
+            "CMD_SOURCE_SELECTSOURCE(srcId=77, mainWindow=0 KELU_TV_WINDOW_MAIN) -> -108 (there is no source 77)")});
 }
 
 /** As with `kelutv-simulator --trace | less`, which reads one screen. */

@@ -25,7 +25,7 @@ struct Setting {
 
 // clang-format off
 const std::vector<Setting> kSettings{
-    {"source", "hdmi2", "hdmi2", "CMD_SOURCE_SELECTSOURCE(srcId=10 KELU_TV_SRC_HDMI2, mainWindow=0) -> 0"},
+    {"source", "hdmi2", "hdmi2", "CMD_SOURCE_SELECTSOURCE(srcId=10 KELU_TV_SRC_HDMI2, mainWindow=0 KELU_TV_WINDOW_MAIN) -> 0"},
     {"boot-source", "hdmi1", "hdmi1", "CMD_SOURCE_SETBOOTSOURCE(srcId=9 KELU_TV_SRC_HDMI1) -> 0"},
     {"volume", "35", "35", "CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35) -> 0"},
     {"mute", "on", "on", "CMD_AUDIO_SETMUTE(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, onoff=1, type=0 KELU_TV_SND_MUTE_IRCTRL) -> 0"},
