@@ -41,11 +41,12 @@ public:
     Command named() const;
 
     /**
-     * Carries out the action of the command that the words name, or prints the help or the version that they ask for.
+     * Carries out the action of the command that the words name.
      *
+     * @return the help or the version when the words ask for that instead
      * @throws UnexpectedWord, MissingCommand, Refusal, and what the action throws
      */
-    void run(std::vector<std::string> words);
+    std::string run(std::vector<std::string> words);
 
 private:
     [[noreturn]] void refuse(const std::string& complaint, int why) const;

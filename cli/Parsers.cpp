@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <sstream>
 
 namespace kelutv::cli {
 
@@ -275,7 +276,7 @@ Command CommandParser::named() const {
     return Command(*command);
 }
 
-void CommandParser::run(std::vector<std::string> words) {
+std::string CommandParser::run(std::vector<std::string> words) {
     guardWords(words);
     unguardValues(*mApp);
     std::reverse(words.begin(), words.end()); // The order in which the parser takes them.
@@ -285,8 +286,11 @@ void CommandParser::run(std::vector<std::string> words) {
         if (error.get_exit_code() != 0) {
             refuse(error.what(), error.get_exit_code());
         }
-        mApp->exit(error); // Help and version come this way.
+        std::ostringstream asked; // Help and version come this way.
+        mApp->exit(error, asked, asked);
+        return asked.str();
     }
+    return "";
 }
 
 void CommandParser::refuse(const std::string& complaint, int why) const {

@@ -3,15 +3,12 @@
 #include "tools/interposition/LogCollector.h"
 #include "tools/interposition/Next.h"
 #include "tools/interposition/Tap.h"
-#include "tools/process/Redirection.h"
 
 #include <binder/IServiceManager.h>
 #include <kelutv/link/TVBaseClient.h>
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
-#include <optional>
 
 namespace kelutv::interposition {
 
@@ -42,15 +39,10 @@ android::TVBaseClient& madeClient() {
 
 /** One look-up before the library's own, which tries five times. */
 bool isServiceThere() {
-    std::optional<process::MutedStandardError> muted;
-    if (std::getenv("KQLOG_LEVEL") == nullptr) {
-        muted.emplace();
-    }
     return android::defaultServiceManager()->getService(android::String16("TVBaseService")) != nullptr;
 }
 
 bool connectClient() {
-    const process::MutedStandardError muted;
     const bool wasMade = state().isClientMade;
     android::TVBaseClient& client = madeClient();
     if (wasMade) {

@@ -13,8 +13,8 @@ struct Connection {
 };
 
 /**
- * Connects the client library to the television's service, once; what the library prints on standard error meanwhile is
- * left out, and so is the log unless `KQLOG_LEVEL` is set. Once there is a connection, it gives that without warnings.
+ * Connects the client library to the television's service, once. Once there is a connection, it gives that without
+ * warnings.
  */
 Connection connectToService();
 

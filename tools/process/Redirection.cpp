@@ -29,9 +29,4 @@ Redirection::~Redirection() {
     }
 }
 
-MutedStandardError::MutedStandardError()
-    : mNowhere(::open("/dev/null", O_WRONLY | O_CLOEXEC)), mRedirection(STDERR_FILENO, mNowhere) {}
-
-MutedStandardError::~MutedStandardError() { ::close(mNowhere); }
-
 } // namespace kelutv::process

@@ -19,17 +19,4 @@ private:
     int mOriginal;
 };
 
-/** While this lives, nothing gets to standard error. */
-class MutedStandardError {
-public:
-    MutedStandardError();
-    ~MutedStandardError();
-    MutedStandardError(const MutedStandardError&) = delete;
-    MutedStandardError& operator=(const MutedStandardError&) = delete;
-
-private:
-    int mNowhere;
-    Redirection mRedirection;
-};
-
 } // namespace kelutv::process

@@ -16,7 +16,6 @@
 namespace kelutv::test {
 namespace {
 
-using process::MutedStandardError;
 using process::Program;
 using process::Redirection;
 
@@ -54,17 +53,6 @@ TEST(Redirection, leavesTheDescriptorWithoutAnother) {
     EXPECT_FALSE(redirection.isActive());
     std::fputs("written", stdout);
     EXPECT_EQ(output.take(), "written");
-}
-
-TEST(MutedStandardError, endsWithTheObject) {
-    FdCapture error(STDERR_FILENO);
-    std::fputs("before ", stderr);
-    {
-        const MutedStandardError muted;
-        std::fputs("during ", stderr);
-    }
-    std::fputs("after", stderr);
-    EXPECT_EQ(error.take(), "before after");
 }
 
 TEST(Spawn, addsAndReplacesSettings) {

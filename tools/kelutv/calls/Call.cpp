@@ -7,9 +7,6 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/Collector.h"
 #include "tools/kelutv/service/ServiceLink.h"
-#include "tools/process/Redirection.h"
-
-#include <unistd.h>
 
 #include <cstring>
 
@@ -52,7 +49,6 @@ CallResult make(const wire::Function& function, CallFrame frame) {
     CallResult call;
     {
         const Collector collector(call.transactions);
-        const process::Redirection printed(STDOUT_FILENO, STDERR_FILENO);
         thunkOf(function)(frame);
     }
     call.result = resultOf(function, frame);

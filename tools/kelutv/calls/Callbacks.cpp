@@ -1,6 +1,7 @@
 #include "tools/kelutv/calls/Callbacks.h"
 
 #include "tools/kelutv/output/Json.h"
+#include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/text/Hex.h"
 
 #include <kelutv/linux_kelutv_notify.h>
@@ -34,8 +35,8 @@ std::string shown(const Bytes& bytes) {
 }
 
 void print(const std::string& line) {
-    std::printf("%s\n", line.c_str());
-    std::fflush(stdout);
+    std::fprintf(ownOutput(), "%s\n", line.c_str());
+    std::fflush(ownOutput());
 }
 
 void printEvent(int event, void* data, unsigned int length, void* /*previous*/) {

@@ -3,13 +3,10 @@
 #include "tools/kelutv/events/EventQueue.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/ServiceLink.h"
-#include "tools/process/Redirection.h"
 
 #include <keluem/emal.h>
 #include <kelutv/events.h>
 #include <kelutv/linux_kelutv_notify.h>
-
-#include <unistd.h>
 
 #include <cstring>
 
@@ -45,7 +42,6 @@ EventSubscription::EventSubscription(const std::set<std::uint32_t>& modules)
     if (mService->linkToDeath(mRecipient, nullptr, 0) == android::DEAD_OBJECT) {
         EventQueue::instance().putLoss();
     }
-    const process::Redirection printed(STDOUT_FILENO, STDERR_FILENO);
     linux_tv_registerCallbackFunc(takeLibraryEvent);
     for (const std::uint32_t module : mModules) {
         if (const int status = EMAL_AddListener(module, takeModuleEvent); status != 0) {

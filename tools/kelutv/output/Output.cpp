@@ -1,6 +1,7 @@
 #include "tools/kelutv/output/Output.h"
 
 #include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/output/Streams.h"
 #include "wire/text/Shown.h"
 
 #include <unistd.h>
@@ -68,7 +69,7 @@ std::string withoutProgram(const std::string& text) {
     return text.compare(0, std::strlen(kProgram), kProgram) == 0 ? text.substr(std::strlen(kProgram)) : text;
 }
 
-void printMessage(const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); }
+void printMessage(const std::string& line) { std::fprintf(ownError(), "%s\n", line.c_str()); }
 
 } // namespace
 
@@ -119,7 +120,7 @@ bool Output::hasColor() const {
     if (json || color == Color::Never) {
         return false;
     }
-    return color == Color::Always || (::isatty(STDOUT_FILENO) == 1 && !isWanted("NO_COLOR") && !isDumb());
+    return color == Color::Always || (::isatty(::fileno(ownOutput())) == 1 && !isWanted("NO_COLOR") && !isDumb());
 }
 
 } // namespace kelutv::tool

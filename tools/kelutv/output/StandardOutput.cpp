@@ -1,6 +1,7 @@
 #include "tools/kelutv/output/StandardOutput.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/output/Streams.h"
 
 #include <unistd.h>
 
@@ -20,7 +21,7 @@ std::atomic<bool> readerGone{false};
 /** Not by the stream, which would keep what nobody takes and write it elsewhere when its descriptor changes. */
 bool writeAll(std::string_view text) {
     while (!text.empty()) {
-        const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
+        const ssize_t written = ::write(::fileno(ownOutput()), text.data(), text.size());
         if (written < 0 && errno != EINTR) {
             return false;
         }
@@ -35,7 +36,7 @@ void writeData(const std::string& text) {
     if (readerGone) {
         return;
     }
-    std::fflush(stdout); // What the printing callbacks have left there comes first.
+    std::fflush(ownOutput()); // What the printing callbacks have left there comes first.
     if (writeAll(text)) {
         return;
     }

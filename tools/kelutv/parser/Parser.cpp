@@ -1,5 +1,6 @@
 #include "tools/kelutv/parser/Parser.h"
 
+#include "tools/kelutv/output/StandardOutput.h"
 #include "wire/text/Shown.h"
 
 #include <sstream>
@@ -26,7 +27,7 @@ UnexpectedWord::UnexpectedWord(const std::string& which)
 
 void Parser::run(std::vector<std::string> words) {
     try {
-        cli::CommandParser::run(std::move(words));
+        writeData(cli::CommandParser::run(std::move(words)));
     } catch (const cli::UnexpectedWord& error) {
         throw UnexpectedWord(error.word);
     } catch (const cli::MissingCommand&) {

@@ -2,10 +2,8 @@
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/service/ServiceLink.h"
 #include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-#include "tools/process/Redirection.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Numbers.h"
@@ -13,7 +11,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <vector>
 
@@ -29,13 +26,7 @@ Json named(const Setting& setting, const Json& number) {
 
 bool truthOf(const Json& value) { return value.isBoolean() ? value.asBoolean() : value.asInteger() != 0; }
 
-/** Without what the library logs and prints on standard error, unless the person asked for a log. */
-CallResult callQuietly(const std::string& function, const std::vector<std::string>& arguments) {
-    requireService();
-    std::optional<process::MutedStandardError> muted;
-    if (std::getenv("KQLOG_LEVEL") == nullptr) {
-        muted.emplace();
-    }
+CallResult call(const std::string& function, const std::vector<std::string>& arguments) {
     return callFunction(functionNamed(function), arguments);
 }
 
@@ -135,8 +126,8 @@ std::string timingText(const Json& timing) {
 } // namespace
 
 Json readSetting(const Setting& setting) {
-    const CallResult call = callQuietly(setting.getter, setting.getterArguments);
-    Json value = setting.output.empty() ? call.result : call.outputs.at(setting.output);
+    const CallResult read = call(setting.getter, setting.getterArguments);
+    Json value = setting.output.empty() ? read.result : read.outputs.at(setting.output);
     if (value.isNull()) {
         throw ServiceError("the service gives no value for " + setting.name);
     }
@@ -153,7 +144,7 @@ Json writeSetting(const Setting& setting, const std::string& text) {
     Json value = valueFor(setting, text);
     std::vector<std::string> arguments = setting.setterArguments;
     std::replace(arguments.begin(), arguments.end(), std::string("%"), argumentFor(setting, value));
-    callQuietly(setting.setter, arguments);
+    call(setting.setter, arguments);
     return value;
 }
 

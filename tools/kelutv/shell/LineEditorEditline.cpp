@@ -1,3 +1,4 @@
+#include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "tools/kelutv/shell/Tokenizer.h"
 
@@ -121,6 +122,7 @@ void startEditing(const std::vector<std::string>& history, const Completer& comp
     rl_getc_function = nextKey;
     completer = completions;
     rl_readline_name = program;
+    rl_outstream = ownOutput();
     ::rl_initialize();
     ::using_history();
     rl_completer_word_break_characters = breaks;

@@ -1,4 +1,5 @@
 #include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/shell/LineEditor.h"
 
 #include <unistd.h>
@@ -16,7 +17,8 @@ const std::string* shownPrompt = nullptr;
 
 /** The terminal has forgotten what was written. */
 void showPromptAgain(int) {
-    if (::write(STDOUT_FILENO, "\n", 1) == 1 && ::write(STDOUT_FILENO, shownPrompt->data(), shownPrompt->size()) < 0) {
+    if (::write(::fileno(ownOutput()), "\n", 1) == 1 &&
+        ::write(::fileno(ownOutput()), shownPrompt->data(), shownPrompt->size()) < 0) {
         return;
     }
 }

@@ -1,6 +1,7 @@
 #include "tools/kelutv/shell/Repl.h"
 
 #include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "tools/kelutv/shell/Tokenizer.h"
@@ -45,8 +46,8 @@ std::vector<std::string> completions(const Command& program, const std::vector<s
 Repl::Repl(const Command& program, RunCommandLine runCommandLine, std::vector<std::string> options, bool stopAtFailure,
            const Output& output)
     : mOptions(std::move(options)), mStopAtFailure(stopAtFailure), mOutput(output),
-      mAtTerminal(::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1), mWorker(runCommandLine, mAtTerminal),
-      mHistory(mAtTerminal ? History::usualPath() : "") {
+      mAtTerminal(::isatty(STDIN_FILENO) == 1 && ::isatty(::fileno(ownOutput())) == 1),
+      mWorker(runCommandLine, mAtTerminal), mHistory(mAtTerminal ? History::usualPath() : "") {
     if (!mAtTerminal) {
         std::setvbuf(stdin, nullptr, _IONBF, 0); // What a line reads itself begins behind that line.
     } else {

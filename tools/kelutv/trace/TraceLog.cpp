@@ -2,7 +2,7 @@
 
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Errors.h"
-
+#include "tools/kelutv/output/Streams.h"
 #include "wire/text/Describe.h"
 #include "wire/text/Names.h"
 #include "wire/text/Nearest.h"
@@ -71,10 +71,10 @@ std::vector<wire::RequestPattern> patternsOf(const std::vector<std::string>& fil
     return patterns;
 }
 
-int closeUnlessShared(std::FILE* file) { return file != stderr ? std::fclose(file) : 0; }
+int closeUnlessShared(std::FILE* file) { return file != ownError() ? std::fclose(file) : 0; }
 
 std::FILE* open(const std::string& path) {
-    std::FILE* const file = path.empty() ? stderr : std::fopen(path.c_str(), "we");
+    std::FILE* const file = path.empty() ? ownError() : std::fopen(path.c_str(), "we");
     if (file == nullptr) {
         throw ToolError(Exit::Failure,
                         "cannot write to " + wire::shown(path, wire::kMostOfPath) + ": " + std::strerror(errno));

@@ -1,6 +1,7 @@
 #include "tools/kelutv/trace/TracedProgram.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/output/Streams.h"
 #include "tools/process/Spawn.h"
 #include "tools/trace/Frame.h"
 #include "wire/text/Shown.h"
@@ -48,7 +49,8 @@ std::string preload() {
 } // namespace
 
 TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::string& pipe, const sigset_t& mask) {
-    const process::Program program{words, {}, {trace::kPipeVariable + ('=' + pipe), preload()}, {}, {SIGPIPE}, mask};
+    const process::Program program{words,     {},  {trace::kPipeVariable + ('=' + pipe), preload()}, ownDescriptors(),
+                                   {SIGPIPE}, mask};
     try {
         mPid = process::spawn(program);
     } catch (const std::system_error& error) {
