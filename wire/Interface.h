@@ -24,7 +24,7 @@ struct RequestItem {
     int lengthItem;
 };
 
-/** A field that fills the rest of the reply. */
+/** A field that fills the rest of the reply, or so much of it as its lengths say. */
 constexpr int kRestOfReply = -1;
 /** One number: how many values are left for the rest of the reply. */
 constexpr int kCountOfRest = -2;
@@ -35,6 +35,8 @@ struct ReplyField {
     const char* name;
     const Enumeration* names;
     int count;
+    /** The request items whose product is how many values the service must send; none where no request item says so. */
+    Rows<int> lengthItems = {};
 };
 
 /** What the result word and the words behind it mean; see the command calls of the client. */
@@ -72,6 +74,8 @@ struct Operation {
     Shape shape;
     Rows<ReplyField> reply;
     StateRule rule;
+    /** The fields come once for each entry of a list, which may be empty. */
+    bool isList = false;
 };
 
 struct Command {

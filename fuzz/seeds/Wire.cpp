@@ -87,7 +87,7 @@ Bytes requestOf(std::int32_t command, const Bytes& arguments) {
 
 Bytes replyOf(const wire::Operation& operation) {
     Parcel parcel;
-    wire::writeReply(wire::replyWith(operation, {}), parcel);
+    wire::writeReply(wire::replyWith(operation, {}, {}), parcel);
     return bytesOf(parcel);
 }
 

@@ -41,7 +41,7 @@ wire::Reply Television::carryOut(const wire::Request& request) {
         return handler(mEquipment, request);
     }
     const wire::StateRule& rule = request.operation->rule;
-    return rule.access == wire::StateRule::Access::None ? wire::replyWith(*request.operation, {})
+    return rule.access == wire::StateRule::Access::None ? wire::replyWith(*request.operation, request.arguments, {})
                                                         : apply(request, rule);
 }
 
@@ -49,10 +49,11 @@ wire::Reply Television::apply(const wire::Request& request, const wire::StateRul
     const wire::Values indexes = collect(rule.indexes, request.arguments);
     if (rule.access == wire::StateRule::Access::Set) {
         const auto refusal = setState(mEquipment, *rule.key, indexes, collect(rule.values, request.arguments));
-        return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, {});
+        return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, request.arguments, {});
     }
     const auto refusal = objectionToIndexes(mEquipment, *rule.key, indexes);
-    return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, readState(mEquipment, *rule.key, indexes));
+    return refusal ? replyTo(*refusal)
+                   : wire::replyWith(*request.operation, request.arguments, readState(mEquipment, *rule.key, indexes));
 }
 
 void Television::keepState() {

@@ -22,7 +22,7 @@ TEST_F(FailingService, isToldApartWhenItDies) {
     EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(run.output, "");
     EXPECT_NE(run.error.find("kelutv: the request did not get through: the service is gone or did not take it "
-                             "(status -32)\n"),
+                             "(status -32, DEAD_OBJECT)\n"),
               std::string::npos)
         << run.error;
 }

@@ -113,7 +113,7 @@ class Shapes(TorchTest):
         self.assertEqual(fields, "{Encoding::Int32, nullptr, nullptr, -2}, {Encoding::Ints, nullptr, nullptr, -1}")
 
     def test_doubles_and_texts(self) -> None:
-        self.assertEqual(self.reply_of("CMD_TORCH_GETCURVE"), "{Encoding::Doubles, nullptr, nullptr, -1}")
+        self.assertRegex(self.reply_of("CMD_TORCH_GETCURVE"), r"^\{Encoding::Doubles, nullptr, nullptr, -1, kLengths\d+\}$")
         self.assertEqual(self.reply_of("CMD_TORCH_GETNAME"), "{Encoding::CString, nullptr, nullptr, 1}")
         self.assertIn('{Encoding::String16, "label", nullptr, -1}', self.table())
         self.assertIn('{Encoding::Double, "gain", nullptr, -1}', self.table())

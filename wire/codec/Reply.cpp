@@ -1,5 +1,7 @@
 #include "wire/codec/Reply.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace kelutv::wire {
@@ -28,17 +30,22 @@ Value fitted(Encoding kind, const Value* value) {
     return as<std::int32_t>(value);
 }
 
+/** More than any reply has room for is not made up. */
+constexpr std::size_t kMostValues = std::size_t{1} << 17;
+
 /** Deals the kept values out to the fields, in order. */
 class Dealer {
 public:
-    explicit Dealer(const Values& kept) : mNext(kept.data()), mEnd(kept.data() + kept.size()) {}
+    Dealer(const Arguments& arguments, const Values& kept)
+        : mArguments(arguments), mNext(kept.data()), mEnd(kept.data() + kept.size()) {}
 
     Values deal(const ReplyField& field) {
         const auto rest = static_cast<std::size_t>(mEnd - mNext);
         if (field.count == kCountOfRest) {
             return {Value(static_cast<std::int32_t>(rest))};
         }
-        const std::size_t count = field.count == kRestOfReply ? rest : static_cast<std::size_t>(field.count);
+        const std::size_t count =
+            field.count == kRestOfReply ? wantedOf(field, rest) : static_cast<std::size_t>(field.count);
         Values values;
         for (std::size_t i = 0; i < count; ++i) {
             values.push_back(fitted(field.encoding, mNext != mEnd ? mNext++ : nullptr));
@@ -47,6 +54,12 @@ public:
     }
 
 private:
+    std::size_t wantedOf(const ReplyField& field, std::size_t rest) const {
+        const std::size_t wanted = lengthOf(field, mArguments).value_or(rest);
+        return wanted <= kMostValues ? wanted : rest;
+    }
+
+    const Arguments& mArguments;
     const Value* mNext;
     const Value* mEnd;
 };
@@ -65,13 +78,28 @@ android::status_t write(android::Parcel& parcel, const Value& value) {
 
 Reply replyTo(const Refusal& refusal) { return {static_cast<std::int32_t>(refusal.result), refusal.text, {}}; }
 
-Reply replyWith(const Operation& operation, const Values& kept) {
+std::optional<std::size_t> lengthOf(const ReplyField& field, const Arguments& arguments) {
+    if (field.lengthItems.size() == 0) {
+        return std::nullopt;
+    }
+    std::uint64_t length = 1;
+    for (const int item : field.lengthItems) {
+        const auto index = static_cast<std::size_t>(item);
+        if (index >= arguments.size()) {
+            return std::nullopt;
+        }
+        length *= static_cast<std::uint64_t>(std::max(std::get<std::int32_t>(arguments[index].front()), 0));
+    }
+    return static_cast<std::size_t>(std::min<std::uint64_t>(length, SIZE_MAX));
+}
+
+Reply replyWith(const Operation& operation, const Arguments& arguments, const Values& kept) {
     Reply reply;
     if (operation.shape == Shape::Status) {
         reply.result = std::get<std::int32_t>(fitted(Encoding::Int32, kept.empty() ? nullptr : kept.data()));
         return reply;
     }
-    Dealer dealer(kept);
+    Dealer dealer(arguments, kept);
     for (const ReplyField& field : operation.reply) {
         reply.fields.push_back(dealer.deal(field));
     }

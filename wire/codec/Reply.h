@@ -4,7 +4,9 @@
 
 #include <binder/Parcel.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,8 +23,14 @@ struct Reply {
 /** The answer to a refused request. */
 Reply replyTo(const Refusal& refusal);
 
-/** The answer that hands out what the television keeps; what it does not keep is 0 or empty. */
-Reply replyWith(const Operation& operation, const Values& kept);
+/** How many values of a field the request asks for; nothing when it does not say, or not in these arguments. */
+std::optional<std::size_t> lengthOf(const ReplyField& field, const Arguments& arguments);
+
+/**
+ * The answer that hands out what the television keeps; what it does not keep is 0 or empty. A length that the request
+ * asks for is kept as far as a reply has room.
+ */
+Reply replyWith(const Operation& operation, const Arguments& arguments, const Values& kept);
 
 /** Appends the reply; a status other than 0 when there is no memory for all of it. */
 android::status_t writeReply(const Reply& reply, android::Parcel& parcel);

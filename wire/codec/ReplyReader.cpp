@@ -16,22 +16,26 @@ bool isText(Encoding kind) { return kind == Encoding::CString || kind == Encodin
 
 class FieldReader {
 public:
-    FieldReader(ByteReader& data, ReplyReading& reading) : mData(data), mReading(reading) {}
+    FieldReader(const Operation& operation, ByteReader& data, const Arguments* arguments, ReplyReading& reading)
+        : mOperation(operation), mData(data), mArguments(arguments), mReading(reading) {}
 
-    void readAll(const Rows<ReplyField>& fields) {
-        while (readRound(fields) && fields.size() > 1 && mData.available() != 0) {
+    void readAll() {
+        const bool isEmptyList = mOperation.isList && mData.available() == 0;
+        while (!isEmptyList && readRound() && mOperation.isList && mData.available() != 0) {
         }
+    }
+
+    void requireEnd() {
         if (!mReading.flaw && mData.available() != 0) {
             complain(std::to_string(mData.available()) + " bytes too many");
         }
     }
 
 private:
-    bool readRound(const Rows<ReplyField>& fields) {
-        if (fields.size() > 1 && mData.available() == 0) {
-            return false;
-        }
-        return std::all_of(fields.begin(), fields.end(), [this](const ReplyField& field) { return readField(field); });
+    bool readRound() {
+        mCounted.reset();
+        return std::all_of(mOperation.reply.begin(), mOperation.reply.end(),
+                           [this](const ReplyField& field) { return readField(field); });
     }
 
     bool readField(const ReplyField& field) {
@@ -39,10 +43,11 @@ private:
             return readTexts(field.encoding);
         }
         const std::size_t there = isText(field.encoding) ? 1 : mData.available() / sizeOf(field.encoding);
-        const std::size_t wanted = field.count == kRestOfReply   ? there
-                                   : field.count == kCountOfRest ? 1
-                                                                 : static_cast<std::size_t>(field.count);
+        const std::size_t wanted = wantedOf(field, there);
         std::optional<Values> values = readValues(mData, field.encoding, std::min(wanted, there));
+        if (values && field.count == kCountOfRest && !values->empty()) {
+            mCounted = std::max(std::get<std::int32_t>(values->front()), 0);
+        }
         if (values && !values->empty()) {
             mReading.reply.fields.push_back(std::move(*values));
         }
@@ -50,6 +55,16 @@ private:
             complain(field, there, wanted);
         }
         return !mReading.flaw;
+    }
+
+    std::size_t wantedOf(const ReplyField& field, std::size_t there) const {
+        if (field.count != kRestOfReply) {
+            return field.count == kCountOfRest ? 1 : static_cast<std::size_t>(field.count);
+        }
+        if (mCounted) {
+            return static_cast<std::size_t>(*mCounted);
+        }
+        return mArguments != nullptr ? lengthOf(field, *mArguments).value_or(there) : there;
     }
 
     bool readTexts(Encoding kind) {
@@ -75,21 +90,28 @@ private:
 
     void complain(const std::string& text) { mReading.flaw = {mData.position(), text}; }
 
+    const Operation& mOperation;
     ByteReader& mData;
+    const Arguments* mArguments;
     ReplyReading& mReading;
+    /** What a field said of how many values follow. */
+    std::optional<std::int32_t> mCounted;
 };
 
 } // namespace
 
-ReplyReading readReply(const Operation& operation, ByteReader& data) {
+ReplyReading readReply(const Operation& operation, ByteReader& data, const Arguments* arguments) {
     ReplyReading reading;
     if (!data.read(reading.reply.result)) {
         reading.flaw = {data.position(), "the result word is missing"};
         return reading;
     }
     reading.hasResult = true;
-    const bool isPlain = reading.reply.result != 0 || operation.shape == Shape::Status;
-    FieldReader(data, reading).readAll(isPlain ? Rows<ReplyField>() : operation.reply);
+    FieldReader reader(operation, data, arguments, reading);
+    if (reading.reply.result == 0 && operation.shape != Shape::Status) {
+        reader.readAll();
+    }
+    reader.requireEnd();
     return reading;
 }
 

@@ -22,7 +22,12 @@ struct ReplyReading {
     std::optional<ReplyFlaw> flaw;
 };
 
-/** Reads what `writeReply` wrote for this operation. Behind the last field the fields may come again: a list. */
-ReplyReading readReply(const Operation& operation, ByteReader& data);
+/**
+ * Reads what `writeReply` wrote for this operation. Behind the last field the fields may come again where they make a
+ * list.
+ *
+ * @param arguments of the request, which may say how much has to come; null when they are not known
+ */
+ReplyReading readReply(const Operation& operation, ByteReader& data, const Arguments* arguments = nullptr);
 
 } // namespace kelutv::wire

@@ -69,26 +69,36 @@ class InterfaceTables:
             raise GenerationError(operation.place, f"{item.source} is not the last item and its length is not sent")
         return REST
 
-    def _reply_field(self, field: ReplyField, values: dict[str, ValueSet], leads: bool) -> list[str]:
+    def _lengths(self, operation: Operation, count: str) -> list[str]:
+        """Where the request says how many values are to come; no cell where it does not say all of it."""
+        sources = [sent.source for sent in operation.request]
+        factors = count.split("*")
+        known = [str(sources.index(factor)) for factor in factors if factor in sources]
+        return [self.arrays.name("int", known, "Length")] if len(known) == len(factors) else []
+
+    def _reply_field(self, operation: Operation, field: ReplyField, leads: bool) -> list[str]:
         if field.kind in self.headers.records:
             return [
                 f"{{Encoding::{ENCODINGS[self._leaf_kind(kind)]}, {text(path[1:])}, {self.vocabulary.names(kind)}, 1}}"
                 for path, kind in record_leaves(self.headers, field.kind, "")
             ]
         count = REST if field.repeated else COUNT_OF_REST if leads else 1
+        lengths = []
         if field.count is not None:
             count = int(field.count) if field.count.isdigit() else REST
-        names = self.vocabulary.names(field.kind, values.get(field.target or "return"))
-        return [f"{{Encoding::{ENCODINGS[field.kind]}, nullptr, {names}, {count}}}"]
+            lengths = self._lengths(operation, field.count)
+        names = self.vocabulary.names(field.kind, operation.values.get(field.target or "return"))
+        return [row([f"Encoding::{ENCODINGS[field.kind]}", "nullptr", names, str(count), *lengths])]
 
     def _leaf_kind(self, type_name: str) -> str:
         return "int" if type_name in self.headers.enumerations or type_name == "unsigned int" else type_name
 
-    def _reply(self, reply: Reply, values: dict[str, ValueSet]) -> str:
+    def _reply(self, operation: Operation) -> str:
+        reply = operation.method.reply
         if reply.shape == "value":
             reply = Reply("parcel", (ReplyField("int", "value"),))
         counts = {field.count for field in reply.fields}
-        rows = [self._reply_field(field, values, field.name in counts) for field in reply.fields]
+        rows = [self._reply_field(operation, field, field.name in counts) for field in reply.fields]
         return self.arrays.name("ReplyField", [leaf for leaves in rows for leaf in leaves])
 
     def _operands(self, operands: tuple[Operand, ...]) -> str:
@@ -106,9 +116,11 @@ class InterfaceTables:
 
     def _operation(self, operation: Operation) -> str:
         method = operation.method
-        reply = self._reply(method.reply, operation.values)
-        shape = SHAPES[method.reply.shape]
-        return f"{{{self._request(operation)}, Shape::{shape}, {reply}, {self._rule(operation)}}}"
+        shape = f"Shape::{SHAPES[method.reply.shape]}"
+        is_list = len(method.reply.fields) > 1 and any("std::" in each.type for each in method.signature.parameters)
+        reply = self._reply(operation)
+        cells = [self._request(operation), shape, reply, self._rule(operation)]
+        return row([*cells, boolean(is_list)] if is_list else cells)
 
     def _commands(self) -> list[str]:
         rows: dict[int, tuple[str, Method]] = {}

@@ -114,7 +114,75 @@ TEST(Call, keepsWhatTheLibraryPrintsOutOfTheData) {
     const ToolRun run = runTool({"--json", "call", "picture.getPictureMode"});
     EXPECT_EQ(run.output, "{\"function\":\"linux_tv_Picture_getPictureMode\","
                           "\"result\":{\"value\":0,\"enumerator\":\"KELU_TV_PIC_MODE_STANDARD\"},\"outputs\":{}}\n");
-    EXPECT_NE(run.error.find("getPictureMode : pictureModeIndex = 0"), std::string::npos) << run.error;
+    EXPECT_EQ(run.error, "");
+    const ToolRun logged = runTool({"--json", "call", "picture.getPictureMode"}, {"KQLOG_LEVEL=e"});
+    EXPECT_EQ(logged.output, run.output);
+    EXPECT_NE(logged.error.find("getPictureMode : pictureModeIndex = 0"), std::string::npos) << logged.error;
+}
+
+TEST(Call, keepsWhatTheLibraryPrintsFromTheTerminal) {
+    const ToolRun run = runTool({"call", "hdmicec.sendCecCommand", "IrCommand=play,KeyPressed=true"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output, "result: 0\n");
+    EXPECT_EQ(run.error, "");
+}
+
+/** What a call of the function gives when the next answer to it has this fault. */
+ToolRun faulty(const std::string& fault, std::vector<std::string> arguments) {
+    EXPECT_EQ(runTool({"sim", "fault " + fault + " once"}).exit, 0);
+    return runTool(std::move(arguments));
+}
+
+TEST(Call, takesAnAnswerThatDoesNotFitForAFailure) {
+    const std::string unfit = "kelutv: factory.getMacAddress: the service's answer is not as it should be: ";
+    const std::vector<std::string> arguments{"call", "factory.getMacAddress"};
+    const ToolRun unterminated = faulty("CMD_FACTORY_GETMACADDRESS unterminated", arguments);
+    EXPECT_EQ(unterminated.exit, 4);
+    EXPECT_EQ(unterminated.error, unfit + "a text has no end (at byte 4)\n");
+    const ToolRun shortened = faulty("CMD_FACTORY_GETMACADDRESS short 4", arguments);
+    EXPECT_EQ(shortened.exit, 4);
+    EXPECT_EQ(shortened.error, unfit + "the answer lacks its text (at byte 4)\n");
+    const ToolRun empty = faulty("CMD_FACTORY_GETMACADDRESS short 2", arguments);
+    EXPECT_EQ(empty.exit, 4);
+    EXPECT_EQ(empty.error, "kelutv: factory.getMacAddress: the service's answer has no result\n");
+    const ToolRun document = faulty("CMD_FACTORY_GETMACADDRESS short 4", {"--json", "call", "factory.getMacAddress"});
+    EXPECT_EQ(document.exit, 4);
+    EXPECT_NE(document.output.find("\"failure\":\"the service's answer is not as it should be: the answer lacks its "
+                                   "text (at byte 4)\"}"),
+              std::string::npos)
+        << document.output;
+}
+
+TEST(Call, takesNumbersThatAreMissingForAFailure) {
+    const ToolRun number = faulty("CMD_AUDIO_GETVOLUME short 4", {"get", "volume"});
+    EXPECT_EQ(number.exit, 4);
+    EXPECT_EQ(number.output, "");
+    EXPECT_EQ(number.error,
+              "kelutv: audio.getVolume: the service's answer is not as it should be: the answer has 0 of 1 "
+              "numbers (at byte 4)\n");
+    const ToolRun item = faulty("CMDID_AUDIO_GET_MAX_VOLUME short 8", {"call", "audio.getMaxVolume", "speaker"});
+    EXPECT_EQ(item.exit, 4);
+    EXPECT_NE(item.error.find("has 1 of 255 numbers (at byte 8)"), std::string::npos) << item.error;
+    const ToolRun bytes = faulty("CMD_SYSTEM_GETFLASHEEPMULTI short 16", {"eep", "read", "tv", "0x8A00", "4"});
+    EXPECT_EQ(bytes.exit, 4);
+    EXPECT_EQ(bytes.output, "");
+    EXPECT_EQ(
+        bytes.error.find("kelutv: cannot read 4 bytes from 0x8A00 on: the service's answer is not as it should be"), 0U)
+        << bytes.error;
+}
+
+TEST(Call, givesNumberAndNameOfARefusal) {
+    const ToolRun run = runTool({"--json", "call", "factory.setMacAddress", "1,2,3"});
+    EXPECT_EQ(run.exit, 4);
+    EXPECT_EQ(run.output, "{\"function\":\"linux_tv_Factory_setMacAddress\",\"result\":-107,\"outputs\":{},"
+                          "\"failure\":\"the service answered -107, value out of range\","
+                          "\"answer\":{\"value\":-107,\"name\":\"value out of range\"}}\n");
+    const ToolRun unnamed = faulty("CMD_AUDIO_GETVOLUME error 5", {"--json", "call", "audio.getVolume", "speaker"});
+    EXPECT_NE(unnamed.output.find(R"("answer":{"value":5,"name":null})"), std::string::npos) << unnamed.output;
+    const ToolRun binder = faulty("CMD_AUDIO_GETVOLUME error -22", {"call", "audio.getVolume", "speaker"});
+    EXPECT_EQ(binder.error, "kelutv: audio.getVolume: the service answered -22, BAD_VALUE\n");
+    const ToolRun any = faulty("CMD_AUDIO_GETVOLUME error -1", {"call", "audio.getVolume", "speaker"});
+    EXPECT_EQ(any.error, "kelutv: audio.getVolume: the service answered -1\n");
 }
 
 TEST(Call, showsTheBytesOfTheWire) {
@@ -130,7 +198,7 @@ TEST(Call, tellsWhatTheServiceRefuses) {
     const ToolRun run = runTool({"call", "factory.setMacAddress", "1,2,3"});
     EXPECT_EQ(run.exit, 4);
     EXPECT_EQ(run.output, "result: -107\n");
-    EXPECT_EQ(run.error, "kelutv: factory.setMacAddress: the service answered -107\n");
+    EXPECT_EQ(run.error, "kelutv: factory.setMacAddress: the service answered -107, value out of range\n");
 }
 
 TEST(Call, tellsThatAScreenShotIsRefused) {

@@ -149,7 +149,7 @@ TEST(Decode, readsAReply) {
     const Case cases[] = {
         {{"--command", "CMD_AUDIO_GETVOLUME", "--reply", "00000000 23000000"}, "result: 0\n  35\n"},
         {{"--command", "audio_getvolume", "--reply", "00000000 23000000"}, "result: 0\n  35\n"},
-        {{"--command", "0x2009", "--reply", "95ffffff"}, "result: -107\n"},
+        {{"--command", "0x2009", "--reply", "95ffffff"}, "result: -107, value out of range\n"},
         {{"--command", "CMD_SOURCE_GETSOURCELIST", "--reply", "00000000 00000000 01000000"},
          "result: 0\n  0 KELU_TV_SRC_ATV, 1 KELU_TV_SRC_DIG1\n"},
         {{"--command", "CMD_CEC_GETDEVICELISTALLINFO", "--reply", "00000000"}, "result: 0\n"},

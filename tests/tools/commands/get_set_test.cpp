@@ -165,7 +165,7 @@ TEST(GetSet, tellsOfARefusal) {
     const ToolRun run = runTool({"set", "source", "scart1"});
     EXPECT_EQ(run.exit, 4);
     EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.error, "kelutv: sourcemanager.selectSource: the service answered -108\n");
+    EXPECT_EQ(run.error, "kelutv: sourcemanager.selectSource: the service answered -108, no such source\n");
 }
 
 struct Mistake {

@@ -102,8 +102,9 @@ TEST(Trace, seesALibraryThatTheProgramOpens) {
 TEST(Trace, decodesRefusalsAndValues) {
     const ToolRun run = trace({"--", KELUTV_TOOL_PROGRAM, "-q", "call", "audio.setVolume", "speaker", "101"});
     EXPECT_EQ(run.exit, 4);
-    EXPECT_EQ(traced(run.error),
-              Lines{"CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=101) -> -107"});
+    EXPECT_EQ(
+        traced(run.error),
+        Lines{"CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=101) -> -107, value out of range"});
     const ToolRun get = trace({"--", KELUTV_TOOL_PROGRAM, "call", "sourcemanager.getCurSourceId", "0"});
     EXPECT_EQ(traced(get.error).size(), 1U) << get.error;
 }

@@ -6,7 +6,9 @@
 #include "tools/kelutv/calls/Thunks.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/Collector.h"
+#include "tools/kelutv/service/ReplyCheck.h"
 #include "tools/kelutv/service/ServiceLink.h"
+#include "wire/text/ResultNames.h"
 
 #include <cstring>
 
@@ -14,35 +16,27 @@ namespace kelutv::tool {
 
 namespace {
 
-std::string transactionFailure(const wire::Function& function, const interposition::Transaction& transaction) {
-    std::int32_t word = 0;
-    if (transaction.reply.size() < sizeof word) {
-        return "the service's answer has no result";
-    }
-    std::memcpy(&word, transaction.reply.data(), sizeof word);
-    return word == 0 || function.statusIsValue ? "" : "the service answered " + std::to_string(word);
-}
-
 void checkLink(const CallResult& call) {
     for (const interposition::Transaction& transaction : call.transactions) {
         if (transaction.status != 0) {
             throw LinkError("the request did not get through: the service is gone or did not take it (status " +
-                            std::to_string(transaction.status) + ')');
+                            wire::statusText(transaction.status) + ')');
         }
     }
 }
 
-std::string failureOf(const wire::Function& function, const CallResult& call) {
-    for (const interposition::Transaction& transaction : call.transactions) {
-        const std::string failure = transactionFailure(function, transaction);
-        if (!failure.empty()) {
-            return failure;
-        }
-    }
+/** What the library says of a call to which the service had no objection. */
+std::string refusalOf(const wire::Function& function, const CallResult& call) {
     if (function.anyResultIsValue || call.result != -1) {
         return "";
     }
     return call.transactions.empty() ? "the library refused the call, nothing was sent" : "the function gave -1";
+}
+
+void checkAnswers(const wire::Function& function, CallResult& call) {
+    const std::optional<ReplyFailure> failure = failureIn(call.transactions, function.statusIsValue);
+    call.failure = failure ? failure->text : refusalOf(function, call);
+    call.answer = failure ? failure->result : std::nullopt;
 }
 
 CallResult make(const wire::Function& function, CallFrame frame) {
@@ -70,7 +64,7 @@ CallResult tryFunction(const wire::Function& function, const std::vector<std::st
     }
     CallResult call = make(function, std::move(frame));
     checkLink(call);
-    call.failure = failureOf(function, call);
+    checkAnswers(function, call);
     return call;
 }
 

@@ -4,6 +4,8 @@
 #include "tools/kelutv/output/Output.h"
 #include "wire/Function.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,8 @@ struct CallResult {
     std::vector<interposition::Transaction> transactions;
     /** Why the call failed; empty when it did not. */
     std::string failure;
+    /** The service's result, when that is why. */
+    std::optional<std::int32_t> answer;
 };
 
 /**

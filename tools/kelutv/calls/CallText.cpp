@@ -3,6 +3,7 @@
 #include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Names.h"
+#include "wire/text/ResultNames.h"
 
 #include <algorithm>
 
@@ -98,6 +99,10 @@ Json documentOf(const wire::Function& function, const CallResult& call) {
                   {"outputs", outputsDocument(function, call)}};
     if (!call.failure.empty()) {
         document["failure"] = call.failure;
+    }
+    if (call.answer) {
+        const std::string name = wire::nameOfResult(*call.answer);
+        document["answer"] = {{"value", *call.answer}, {"name", name.empty() ? Json() : Json(name)}};
     }
     return document;
 }

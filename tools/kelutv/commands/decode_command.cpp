@@ -6,6 +6,7 @@
 #include "tools/kelutv/text/InputFile.h"
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Numbers.h"
+#include "wire/text/ResultNames.h"
 #include "wire/text/Shown.h"
 
 #include <algorithm>
@@ -161,7 +162,7 @@ std::string printReply(const DecodeOptions& options, const Output& output, Json&
     const wire::Operation& operation = operationFor(request);
     const wire::ReplyReading reading = decodeReply(operation, bytesOf(options.reply, options));
     if (reading.hasResult) {
-        output.line("result: " + std::to_string(reading.reply.result));
+        output.line("result: " + wire::resultText(reading.reply.result));
     }
     for (const NamedValue& field : fieldsOf(operation, reading.reply)) {
         output.line("  " + lineOf(field));

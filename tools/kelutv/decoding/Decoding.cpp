@@ -3,6 +3,7 @@
 #include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/Hex.h"
 #include "wire/text/Describe.h"
+#include "wire/text/ResultNames.h"
 
 #include <algorithm>
 
@@ -164,13 +165,16 @@ Json documentOf(const DecodedRequest& decoded) {
 Json documentOf(const wire::Operation& operation, const wire::ReplyReading& reading) {
     Json document;
     document["result"] = reading.hasResult ? Json(reading.reply.result) : Json();
+    if (const std::string name = wire::nameOfResult(reading.reply.result); !name.empty()) {
+        document["name"] = name;
+    }
     document["fields"] = documentOf(fieldsOf(operation, reading.reply));
     addFlaw(document, reading.flaw);
     return document;
 }
 
 std::string textOf(const wire::Operation& operation, const wire::ReplyReading& reading) {
-    std::string text = reading.hasResult ? std::to_string(reading.reply.result) : "";
+    std::string text = reading.hasResult ? wire::resultText(reading.reply.result) : "";
     const char* separator = ": ";
     for (const NamedValue& value : fieldsOf(operation, reading.reply)) {
         text += separator + (value.name != nullptr ? value.name + std::string("=") : "") +

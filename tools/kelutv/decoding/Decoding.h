@@ -56,7 +56,7 @@ Json documentOf(const NamedValue& value);
 /** `{"command": ..., "number": ..., "item": ..., "arguments": [...], "fault": ...}`. */
 Json documentOf(const DecodedRequest& decoded);
 
-/** `{"result": ..., "fields": [...], "fault": ...}`. */
+/** `{"result": ..., "name": ..., "fields": [...], "fault": ...}`, the name of a result that has one. */
 Json documentOf(const wire::Operation& operation, const wire::ReplyReading& reading);
 
 /** `0: 35`, with what is wrong in brackets. */

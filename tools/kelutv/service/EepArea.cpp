@@ -1,6 +1,7 @@
 #include "tools/kelutv/service/EepArea.h"
 
 #include "tools/kelutv/service/Collector.h"
+#include "tools/kelutv/service/ReplyCheck.h"
 #include "tools/kelutv/service/ServiceLink.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
@@ -11,6 +12,8 @@
 #include <strings.h>
 
 #include <cstdio>
+#include <functional>
+#include <optional>
 
 namespace kelutv::tool {
 
@@ -43,12 +46,21 @@ EepArea guarded(const char* name, const char* meaning, int first, int last) {
 
 constexpr int kLastAddress = 0xFFFF;
 
-using Transactions = std::vector<interposition::Transaction>;
-
-/** The operation's result; adds what it sends. */
-template <typename Operation> int collecting(Transactions& sent, Operation operation) {
-    const Collector collector(sent);
-    return operation();
+/** Makes a call of the library, which is to give 0. @throws LinkError or ServiceError, which begin with what failed */
+void call(const std::string& failing, const std::function<int()>& make) {
+    requireService();
+    std::vector<interposition::Transaction> transactions;
+    int result = 0;
+    {
+        const Collector collector(transactions);
+        result = make();
+    }
+    if (const std::optional<ReplyFailure> failure = failureIn(transactions, false)) {
+        throw ServiceError(failing + ": " + failure->text);
+    }
+    if (result != 0) {
+        failCall(failing, transactions);
+    }
 }
 
 } // namespace
@@ -101,12 +113,9 @@ void EepArea::requireBlock(int address, int length) const {
 }
 
 Bytes EepArea::read(int address, int length) const {
-    requireService();
     std::vector<int> values(static_cast<std::size_t>(length));
-    Transactions sent;
-    if (collecting(sent, [&] { return readBlock(address, length, values.data()); }) != 0) {
-        failCall("cannot read " + std::to_string(length) + " bytes from " + addressText(address) + " on", sent);
-    }
+    call("cannot read " + std::to_string(length) + " bytes from " + addressText(address) + " on",
+         [&] { return readBlock(address, length, values.data()); });
     Bytes bytes;
     for (const int value : values) {
         bytes.push_back(static_cast<std::uint8_t>(value));
@@ -115,24 +124,14 @@ Bytes EepArea::read(int address, int length) const {
 }
 
 void EepArea::write(int address, const Bytes& bytes) const {
-    requireService();
     std::vector<int> values(bytes.begin(), bytes.end());
-    const auto length = static_cast<int>(values.size());
-    Transactions sent;
-    if (const int result = collecting(sent, [&] { return writeBlock(address, length, values.data()); }); result != 0) {
-        failCall("cannot write " + std::to_string(bytes.size()) + " bytes from " + addressText(address) +
-                     " on: result " + std::to_string(result),
-                 sent);
-    }
+    call("cannot write " + std::to_string(bytes.size()) + " bytes from " + addressText(address) + " on",
+         [&] { return writeBlock(address, static_cast<int>(values.size()), values.data()); });
 }
 
 void EepArea::flush() const {
-    if (commit == nullptr) {
-        return;
-    }
-    Transactions sent;
-    if (const int result = collecting(sent, commit); result != 0) {
-        failCall("the bytes are written but not flushed: result " + std::to_string(result), sent);
+    if (commit != nullptr) {
+        call("the bytes are written but not flushed", commit);
     }
 }
 
