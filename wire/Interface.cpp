@@ -36,6 +36,11 @@ std::vector<std::string> stateNames() {
     return names;
 }
 
+std::string meaningOf(std::string_view name) {
+    const Meaning* const found = findNamed(allMeanings(), name);
+    return found != nullptr ? found->text : "";
+}
+
 const Enumerator* findEnumerator(std::string_view name) { return findNamed(allEnumerators(), name); }
 
 const Operation* operationOf(const Command& command, const Arguments& arguments) {

@@ -93,6 +93,18 @@ struct Item {
     Operation operation;
 };
 
+/** What the comment of a public header says of something; fields are `Record.field`. */
+struct Meaning {
+    const char* name;
+    const char* text;
+};
+
+/** Of enumerations, enumerators, records and their fields, by ascending name. */
+Rows<Meaning> allMeanings();
+
+/** What is said of one of them; empty for what has no comment. */
+std::string meaningOf(std::string_view name);
+
 /** Generated from the catalogue: the commands by ascending value, the items by ascending command and value, the states
  * by ascending name. */
 Rows<Command> allCommands();

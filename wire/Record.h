@@ -43,4 +43,7 @@ struct Record {
     Rows<Field> fields;
 };
 
+/** Every record, by ascending name. */
+Rows<Record> allRecords();
+
 } // namespace kelutv::wire

@@ -32,10 +32,10 @@ wire::Values everySource(const Sources& sources, const State&, const wire::Value
     return {all.begin(), all.end()};
 }
 
-wire::Values sourcesWithSignal(const Sources& sources, const State&, const wire::Values&) {
+wire::Values pluggedSources(const Sources& sources, const State&, const wire::Values&) {
     wire::Values found;
     for (const std::int32_t source : sources.ids()) {
-        if (sources.hasSignal(source)) {
+        if (sources.isPlugged(source)) {
             found.emplace_back(source);
         }
     }
@@ -66,7 +66,7 @@ struct Derivation {
 
 constexpr Derivation kDerivations[] = {
     {"sourcemanager.sourceList", everySource},
-    {"sourcemanager.availSourceList", sourcesWithSignal},
+    {"sourcemanager.availSourceList", pluggedSources},
     {"sourcemanager.offlineSigStatus", statusAtSource},
     {"video.signalStatusSync", statusAtSource},
     {"video.signalLock", statusOfMainWindow},

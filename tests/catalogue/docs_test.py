@@ -12,6 +12,7 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "catalogue"))
 
 from docs import Doc, parse_doc, read_docs  # noqa: E402
+from meanings import read_meanings  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 
 HEADER = """
@@ -21,8 +22,16 @@ HEADER = """
  */
 #include <kelutv/export.h>
 
-/** Kinds. */
-typedef enum KIND { LAMP_LEFT = 0, /**< on the left */ } KIND;
+/** Kinds. There are some. */
+typedef enum KIND { LAMP_LEFT = 0, /**< on the left */ LAMP_BARE = 1, } KIND;
+
+/** A beam. */
+typedef struct BEAM {
+    int width; /**< In degrees,
+                * from edge to edge. */
+    int bare;
+    KIND kinds[4]; /**< Of the lamps. */
+} BEAM;
 
 /** @name Sets of lamps @{ */
 
@@ -88,6 +97,7 @@ class ReadDocs(unittest.TestCase):
         (Path(folder.name) / "kelutv").mkdir()
         (Path(folder.name) / "kelutv" / "lamp.h").write_text(HEADER, encoding="utf-8")
         self.docs = {name: doc.brief for name, doc in read_docs(Path(folder.name)).items()}
+        self.meanings = read_meanings(Path(folder.name))
 
     def test_gives_each_declaration_its_own_or_its_groups(self) -> None:
         self.assertEqual(self.docs["linux_tv_Lamp_all"], "Lights all.")
@@ -98,6 +108,24 @@ class ReadDocs(unittest.TestCase):
 
     def test_gives_nothing_to_one_without(self) -> None:
         self.assertNotIn("linux_tv_Lamp_bare", self.docs)
+
+    def test_gives_types_and_what_stands_in_them_their_meanings(self) -> None:
+        self.assertEqual(self.meanings, {
+            "KIND": "Kinds. There are some.",
+            "LAMP_LEFT": "on the left",
+            "BEAM": "A beam.",
+            "BEAM.width": "In degrees, from edge to edge.",
+            "BEAM.kinds": "Of the lamps.",
+        })
+
+    def test_every_type_and_value_has_a_meaning(self) -> None:
+        headers = read_catalogue(ROOT / "catalogue", ROOT / "include").headers
+        meanings = read_meanings(ROOT / "include")
+        requests = ("ATV_CMD_ID_E", "KELU_TV_CMDID_E")
+        enumerations = [each for name, each in headers.enumerations.items() if each.values and name not in requests]
+        expected = {each.name for each in enumerations} | {name for each in enumerations for name in each.values}
+        expected |= set(headers.records) | {f"{r.name}.{f.name}" for r in headers.records.values() for f in r.fields}
+        self.assertEqual(expected - meanings.keys(), set())
 
     def test_covers_every_operation(self) -> None:
         docs = read_docs(ROOT / "include")

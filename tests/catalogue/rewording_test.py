@@ -23,7 +23,7 @@ import program  # noqa: E402
 import reference  # noqa: E402
 from reader import read_catalogue  # noqa: E402
 
-TEXTS = "functions_texts.cpp"
+TEXTS = {"functions_texts.cpp", "vocabulary_texts.cpp"}
 COMMENT = re.compile(r"/\*.*?\*/|//[^\n]*", re.S)
 # What gives a comment its place and form: its ends, the tags, the names behind @param.
 FORM = r"/\*\*<?|/\*|\*/|//|@param\s+(?:\w+,\s*)*\w+|@[\w{}]+"
@@ -107,13 +107,13 @@ class Rewording(unittest.TestCase):
         return {name for name, text in after.items() if text != self.before[name]}
 
     def test_other_words_change_the_texts_of_help_alone(self) -> None:
-        self.assertEqual(self.differing(mangled), {TEXTS})
+        self.assertEqual(self.differing(mangled), TEXTS)
 
     def test_other_phrases_change_texts_of_help_alone(self) -> None:
-        self.assertEqual(self.differing(rephrased), {TEXTS})
+        self.assertEqual(self.differing(rephrased), TEXTS)
 
     def test_headers_without_comments_change_the_texts_of_help_alone(self) -> None:
-        self.assertEqual(self.differing(dropped), {TEXTS})
+        self.assertEqual(self.differing(dropped), TEXTS)
 
 
 if __name__ == "__main__":

@@ -176,6 +176,7 @@ TEST(Unread, watchingEndsWithTheNextEvent) {
 }
 
 TEST(Manners, optionsStandBeforeOrBehindTheCommand) {
+    const RuntimeDir empty;
     const std::string before = runTool({"--json", "get"}).output;
     EXPECT_EQ(before.substr(0, 19), "{\"thing\":\"source\",\"");
     EXPECT_EQ(runTool({"get", "--json"}).output, before);

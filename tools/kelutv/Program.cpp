@@ -43,6 +43,9 @@ void addGeneralOptions(const Subcommand& program, Context& context) {
 
 void addCommands(const Command& program, Context& context) {
     addStatusCommand(program, context);
+    addSourcesCommand(program, context);
+    addCecCommand(program, context);
+    addPowerCommand(program, context);
     addGetCommand(program, context);
     addSetCommand(program, context);
     addListCommand(program, context);

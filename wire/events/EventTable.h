@@ -22,6 +22,9 @@ public:
     /** In any case of letters; null when there is none. */
     const Event* named(const std::string& name) const;
 
+    /** All of them, in the order of the table. */
+    const Rows<Event>& rows() const { return mRows; }
+
     /** In the order of the table. */
     std::vector<std::string> names() const;
 

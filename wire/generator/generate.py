@@ -13,20 +13,22 @@ from docs import read_docs  # noqa: E402
 from event_sources import EventSources  # noqa: E402
 from functions import FunctionTable  # noqa: E402
 from interface import InterfaceTables  # noqa: E402
+from meanings import read_meanings  # noqa: E402
 from model import Catalogue  # noqa: E402
 from program import run  # noqa: E402
-from texts import texts_source  # noqa: E402
+from texts import meanings_source, texts_source  # noqa: E402
 from thunks import thunks_source  # noqa: E402
 from vocabulary import Vocabulary  # noqa: E402
 
 
 def sources(catalogue: Catalogue, include: Path) -> dict[str, str]:
-    """Every source by its name. Sentences of the headers stand in `functions_texts.cpp` and nowhere else."""
+    """Every source by its name. Sentences of the headers stand in `*_texts.cpp` and nowhere else."""
     vocabulary = Vocabulary(catalogue)
     functions = FunctionTable(catalogue, vocabulary)
     events = EventSources(catalogue)
     return {
         "vocabulary.cpp": vocabulary.source(),
+        "vocabulary_texts.cpp": meanings_source(vocabulary, read_meanings(include)),
         "interface.cpp": InterfaceTables(catalogue, vocabulary).source(),
         "events.cpp": events.table(),
         "events.md": events.page(),

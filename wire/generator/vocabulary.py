@@ -76,8 +76,11 @@ class Vocabulary:
     def _record(self, name: str) -> Record:
         return self.platform[name].record if name in self.platform else self.headers.records[name]
 
+    def fields(self, record: str) -> tuple[Field, ...]:
+        return self._record(record).fields
+
     def leaves(self, record: str, prefix: str = "") -> Iterable[Field]:
-        for field in self._record(record).fields:
+        for field in self.fields(record):
             text_field = self.headers.arrays.get(field.type)
             nested = field.type in self.headers.records or text_field is not None
             indexes = [f"[{i}]" for i in range(field.count)] if field.count and nested else [""]
@@ -134,6 +137,7 @@ class Vocabulary:
                 array("const Enumeration kEnumerations", enumerations),
                 array("const Record kRecords", records),
                 "Rows<Enumeration> allEnumerations() { return kEnumerations; }",
+                "Rows<Record> allRecords() { return kRecords; }",
                 "Rows<Enumerator> allEnumerators() { return kEnumerators; }",
             ],
             hidden=[

@@ -53,7 +53,7 @@ TEST_F(ConfigFile, MakesAnotherTelevision) {
     EXPECT_EQ(linux_tv_Audio_getMaxVolume(KELU_TV_AUDIO_CHANNEL_SPEAKER), 100);
     SourceManager& manager = *SourceManager::instance();
     EXPECT_EQ(manager.getSourceList(), (std::list<int>{0, 1, 2, 6, 7, 9, 10, 11, 12}));
-    EXPECT_EQ(manager.getAvailSourceList(), (std::list<int>{0, 1, 2, 6, 7, 9, 10}));
+    EXPECT_EQ(manager.getAvailSourceList(), (std::list<int>{0, 1, 2, 6, 7, 9, 10, 12}));
     EXPECT_EQ(manager.getCurSourceId(KELU_TV_WINDOW_MAIN), KELU_TV_SRC_HDMI1);
     EXPECT_EQ(manager.getTimingInfo().width, 3840U);
     EXPECT_EQ(linux_tv_Picture_getHdrStreamType(), KELU_TV_HDR_TYPE_HDR10);

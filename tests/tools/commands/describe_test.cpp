@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <map>
 #include <sstream>
 
@@ -48,9 +49,9 @@ TEST(List, showsWhatMatches) {
                                                          "pcmplayer.setGain  Sets the gain of the player.\n");
     EXPECT_EQ(linesIn(quietRun({"list", "audio"}).output), modules().at("audio"));
     EXPECT_EQ(
-        quietRun({"list", "inputvolume", "--json"}).output,
-        R"text({"function":"Audio::getInputVolume","short":"audio.getInputVolume","module":"audio","brief":"Reads the input volume."}
-{"function":"Audio::setInputVolume","short":"audio.setInputVolume","module":"audio","brief":"Sets the input volume."}
+        quietRun({"list", "audio.?etinputvolume", "--json"}).output,
+        R"text({"kind":"function","function":"Audio::getInputVolume","short":"audio.getInputVolume","module":"audio","brief":"Reads the input volume."}
+{"kind":"function","function":"Audio::setInputVolume","short":"audio.setInputVolume","module":"audio","brief":"Sets the input volume."}
 )text");
 }
 
@@ -59,7 +60,125 @@ TEST(List, countsTheModules) { EXPECT_EQ(quietRun({"list", "--modules", "*.setMu
 TEST(List, refusesAPatternWithoutAMatch) {
     const ToolRun run = runTool({"list", "audoi"});
     EXPECT_EQ(run.exit, 2);
-    EXPECT_EQ(run.error, usageError("list", "no module or function matches 'audoi'; nearest: audio"));
+    EXPECT_EQ(run.error, usageError("list", "no module or name matches 'audoi'; nearest: audio"));
+}
+
+TEST(List, findsWhateverHasSuchAName) {
+    EXPECT_EQ(quietRun({"list", "CMD_AUDIO_SETVOLUME"}).output,
+              "CMD_AUDIO_SETVOLUME  command: 0x2008 (8200), sent by audio.setVolume\n");
+    EXPECT_EQ(quietRun({"list", "cmdid_audio_get_max_volume"}).output,
+              "CMDID_AUDIO_GET_MAX_VOLUME  item: 0x200C (8204), sent by audio.getMaxVolume\n");
+    EXPECT_EQ(quietRun({"list", "KELU_TV_WINDOW*"}).output,
+              "KELU_TV_WINDOW_E  enumeration: Display windows.\n"
+              "KELU_TV_WINDOW_MAIN  value: 0 of KELU_TV_WINDOW_E: The main window.\n"
+              "KELU_TV_WINDOW_SUB  value: 1 of KELU_TV_WINDOW_E: The sub-window.\n"
+              "KELU_TV_WINDOW_AUTO  value: 2 of KELU_TV_WINDOW_E: Automatic.\n"
+              "KELU_TV_WINDOW_BUTT  value: 3 of KELU_TV_WINDOW_E: End marker, no value.\n"
+              "KELU_TV_WINDOW_ATTR_S  record: The geometry of a display window.\n");
+    EXPECT_EQ(
+        quietRun({"list", "volumeChanged", "--json"}).output,
+        R"({"kind":"event","name":"volumeChanged","brief":"0x60001 of KELU_EM_MODE_VOLUME: The volume of a channel )"
+        R"(changes, 0 to 100."})"
+        "\n");
+}
+
+TEST(List, findsOneKindOnly) {
+    EXPECT_EQ(quietRun({"list", "--kind", "record", "window"}).output,
+              "KELU_TV_WINDOW_ATTR_S  record: The geometry of a display window.\n");
+    EXPECT_EQ(quietRun({"list", "-k", "function", "pcmplayer.setGain"}).output,
+              "pcmplayer.setGain  Sets the gain of the player.\n");
+    const std::string events = quietRun({"list", "--kind", "event"}).output;
+    EXPECT_NE(events.find("\nvolumeChanged  event: "), std::string::npos);
+    EXPECT_EQ(events.find("  command: "), std::string::npos);
+    const ToolRun run = runTool({"list", "--kind", "evnt"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error, usageError("list", "there is no kind 'evnt', there are function, command, item, enumeration, "
+                                            "value, record, event; nearest: event"));
+}
+
+TEST(List, hasTheEventsOfTheTelevisionThatIsMeant) {
+    const TestFolder folder;
+    std::ofstream(folder.pathOf("events.md"))
+        << "## Events\n\n| identifier | event | payload | when |\n|---|---|---|---|\n"
+           "| KELU_EM_MODE_VOLUME+7 | loudnessChanged | level:int16 | It changes. |\n";
+    const ToolRun run = runTool({"list", "-k", "event"}, {"KELUTV_EVENTS=" + folder.pathOf("events.md")});
+    EXPECT_EQ(run.output, "loudnessChanged  event: 0x60007 of KELU_EM_MODE_VOLUME: It changes.\n");
+}
+
+TEST(Describe, tellsOfCommandsAndItems) {
+    EXPECT_EQ(quietRun({"describe", "CMD_AUDIO_SETVOLUME"}).output,
+              "CMD_AUDIO_SETVOLUME (command): 0x2008 (8200), sent by audio.setVolume\n"
+              "    in order: int32 channel of KELU_TV_AUDIO_CHANNEL_E, int32 vol\n"
+              "    reply: the result alone\n"
+              "Sent by: audio.setVolume: Sets the volume of one output channel.\n");
+    EXPECT_EQ(quietRun({"describe", "CMDID_AUDIO_GET_MAX_VOLUME"}).output,
+              "CMDID_AUDIO_GET_MAX_VOLUME (item): 0x200C (8204), sent by audio.getMaxVolume\n"
+              "Carried by: CMD_AUDIO_COMMON_GET_ITEM_VALUE\n"
+              "    in order: int32 cmdID of KELU_TV_CMDID_E, int32 channel of KELU_TV_AUDIO_CHANNEL_E, int32 param2\n"
+              "    reply: ints[255]\n"
+              "Sent by: audio.getMaxVolume: Reads the highest volume of one output channel.\n");
+    EXPECT_EQ(quietRun({"describe", "CMD_CHANNEL_GETMAXTUNERFREQ"}).output,
+              "CMD_CHANNEL_GETMAXTUNERFREQ (command): 0x6000 (24576), no function sends it\n");
+    EXPECT_EQ(
+        quietRun({"describe", "--json", "CMD_SOURCE_GETCURSOURCEID"}).output,
+        R"({"kind":"command","name":"CMD_SOURCE_GETCURSOURCEID","number":28679,"arguments":[{"name":"mainWindow",)"
+        R"("type":"int32","enumeration":"KELU_TV_WINDOW_E"}],"reply":[{"type":"int32","enumeration":"KELU_TV_SRC_E"}],)"
+        R"("items":[],"functions":["sourcemanager.getCurSourceId"]})"
+        "\n");
+}
+
+TEST(Describe, tellsOfTypes) {
+    const std::string sources = quietRun({"describe", "kelu_tv_src_e"}).output;
+    EXPECT_EQ(sources.find("KELU_TV_SRC_E (enumeration): Input sources as applications name them;"), 0U);
+    EXPECT_NE(sources.find("\n    9 hdmi1 KELU_TV_SRC_HDMI1: HDMI 1.\n"), std::string::npos);
+    EXPECT_EQ(sources.find("KELU_TV_SRC_BUTT"), std::string::npos);
+    EXPECT_NE(sources.find("\nUsed by: "), std::string::npos);
+    EXPECT_EQ(quietRun({"describe", "KELU_TV_SRC_HDMI1"}).output,
+              "KELU_TV_SRC_HDMI1 (value): 9 of KELU_TV_SRC_E: HDMI 1.\n");
+    EXPECT_EQ(
+        quietRun({"describe", "KELU_TV_WINDOW_E", "--json"})
+            .output.find(
+                R"({"kind":"enumeration","name":"KELU_TV_WINDOW_E","meaning":"Display windows.","values":[{"value":0,)"
+                R"("enumerator":"KELU_TV_WINDOW_MAIN","short":"main","meaning":"The main window."},{"value":1,)"),
+        0U);
+    EXPECT_EQ(quietRun({"describe", "PreScaleInfo"})
+                  .output.find("PreScaleInfo (record): A prescale gain.\n"
+                               "    int integer: Integer part.\n"
+                               "    int decimal: Fractional part.\n"),
+              0U);
+    const std::string nested = quietRun({"describe", "KELU_TV_WINDOW_ATTR_S"}).output;
+    EXPECT_NE(nested.find("\n    int window of KELU_TV_WINDOW_E: Which window.\n"), std::string::npos) << nested;
+    EXPECT_NE(nested.find("\n    unsigned int cropRect.leftOffset: Cut off at the left edge.\n"), std::string::npos);
+}
+
+TEST(Describe, tellsOfEvents) {
+    EXPECT_EQ(quietRun({"describe", "volumeChanged"}).output,
+              "volumeChanged (event): 0x60001 of KELU_EM_MODE_VOLUME: The volume of a channel changes, 0 to 100.\n"
+              "Payload: int32 channel of KELU_TV_AUDIO_CHANNEL_E, int32 volume\n");
+    EXPECT_EQ(quietRun({"describe", "volumeChanged", "--json"}).output,
+              R"({"kind":"event","name":"volumeChanged","first":393217,"last":393217,"module":"KELU_EM_MODE_VOLUME",)"
+              R"("when":"The volume of a channel changes, 0 to 100.","fields":[{"name":"channel","type":"int32",)"
+              R"("enumeration":"KELU_TV_AUDIO_CHANNEL_E"},{"name":"volume","type":"int32"}]})"
+              "\n");
+}
+
+TEST(Describe, refusesWhatThereIsNot) {
+    const ToolRun run = runTool({"describe", "KELU_TV_SR"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error.find("kelutv: there is no function, command, item, type or event 'KELU_TV_SR'; nearest: "
+                             "KELU_TV_SRC_E"),
+              0U)
+        << run.error;
+}
+
+TEST(Describe, tellsOfAParameterThatIsAWindow) {
+    const std::string text = quietRun({"describe", "sourcemanager.selectSource"}).output;
+    EXPECT_NE(text.find("Parameter mainWindow: int, in. Display window, one of `KELU_TV_WINDOW_E`.\n"
+                        "    0 main KELU_TV_WINDOW_MAIN\n"),
+              std::string::npos)
+        << text;
+    EXPECT_EQ(quietRun({"encode", "sourcemanager.selectSource", "hdmi1", "sub"}).output,
+              quietRun({"encode", "sourcemanager.selectSource", "9", "1"}).output);
 }
 
 TEST(Describe, tellsEverything) {
@@ -179,7 +298,7 @@ TEST(Describe, tellsWhatACallDoes) {
 TEST(Describe, givesJson) {
     EXPECT_EQ(
         quietRun({"describe", "--json", "audio.getVolume"}).output,
-        R"text({"function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":[{"value":0,"enumerator":"KELU_TV_AUDIO_CHANNEL_SPEAKER"},{"value":1,"enumerator":"KELU_TV_AUDIO_CHANNEL_HEADPHONE"},{"value":2,"enumerator":"KELU_TV_AUDIO_CHANNEL_BLUETOOTH"},{"value":3,"enumerator":"KELU_TV_AUDIO_CHANNEL_HDMI"},{"value":4,"enumerator":"KELU_TV_AUDIO_CHANNEL_SPDIF"},{"value":5,"enumerator":"KELU_TV_AUDIO_CHANNEL_AVOUT"},{"value":6,"enumerator":"KELU_TV_AUDIO_CHANNEL_24G"},{"value":7,"enumerator":"KELU_TV_AUDIO_CHANNEL_HDMI_ARC"},{"value":8,"enumerator":"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT"}]}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"effect":{"kind":"read","dangerous":false},"nullRule":"","note":""}
+        R"text({"kind":"function","function":"linux_tv_Audio_getVolume","short":"audio.getVolume","module":"audio","signature":"int linux_tv_Audio_getVolume(int channel)","brief":"Reads the volume of one output channel.","details":"","returns":"The volume; -1 when the service or the link fails.","parameters":[{"name":"channel","type":"int","direction":"in","meaning":"Output channel, one of `KELU_TV_AUDIO_CHANNEL_E`.","form":"one of speaker, headphone, bluetooth, hdmi, spdif, avout, 24g, hdmi_arc, socoutput","null":false,"enumeration":"KELU_TV_AUDIO_CHANNEL_E","values":[{"value":0,"enumerator":"KELU_TV_AUDIO_CHANNEL_SPEAKER"},{"value":1,"enumerator":"KELU_TV_AUDIO_CHANNEL_HEADPHONE"},{"value":2,"enumerator":"KELU_TV_AUDIO_CHANNEL_BLUETOOTH"},{"value":3,"enumerator":"KELU_TV_AUDIO_CHANNEL_HDMI"},{"value":4,"enumerator":"KELU_TV_AUDIO_CHANNEL_SPDIF"},{"value":5,"enumerator":"KELU_TV_AUDIO_CHANNEL_AVOUT"},{"value":6,"enumerator":"KELU_TV_AUDIO_CHANNEL_24G"},{"value":7,"enumerator":"KELU_TV_AUDIO_CHANNEL_HDMI_ARC"},{"value":8,"enumerator":"KELU_TV_AUDIO_CHANNEL_SOCOUTPUT"}]}],"calls":"Audio::getVolume","requests":[{"command":"CMD_AUDIO_GETVOLUME","number":8201,"arguments":"int32 channel","reply":"int value"}],"effect":{"kind":"read","dangerous":false},"nullRule":"","note":""}
 )text");
 }
 

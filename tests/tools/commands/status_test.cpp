@@ -26,11 +26,26 @@ constexpr char kScreen[] = "source              atv\n"
                            "aspect              16_9\n"
                            "language            english\n"
                            "screen              on\n"
+                           "half-standby        0\n"
                            "last-power-off      0\n"
                            "wakeup              0\n"
                            "hotel               off\n"
                            "middleware-version  2.4.0\n"
-                           "platform            KTV-1000\n";
+                           "platform            KTV-1000\n"
+                           "input atv           plugged, signal, main, sub\n"
+                           "input dig1          plugged, signal\n"
+                           "input cvbs1         plugged, signal\n"
+                           "input cvbs2         plugged, no signal\n"
+                           "input vga           plugged, signal\n"
+                           "input ypbpr1        plugged, signal\n"
+                           "input hdmi1         plugged, signal\n"
+                           "input hdmi2         plugged, signal\n"
+                           "input hdmi3         plugged, signal\n"
+                           "input hdmi4         plugged, no signal\n"
+                           "input media         plugged, signal\n"
+                           "input media2        plugged, signal\n"
+                           "cec 4               hdmi1, 1.0.0.0, Disc player\n"
+                           "cec 5               hdmi2, 2.0.0.0, Soundbar\n";
 
 class Status : public ::testing::Test {
 protected:
@@ -66,6 +81,23 @@ TEST_F(Status, isADocument) {
     EXPECT_TRUE(document.at("timing").isNull());
     EXPECT_EQ(document.at("unreadable"), (tool::Json{{"timing", "the service gives no value for timing"}}));
     EXPECT_EQ(document.at("platform"), "KTV-1000");
+    EXPECT_EQ(document.at("inputs").entries().size(), 12U);
+    EXPECT_EQ(
+        document.at("inputs").entries()[3],
+        parsedJson(R"({"source": {"value": 4, "enumerator": "KELU_TV_SRC_CVBS2"}, "plugged": true, "signal": false,
+                             "windows": [{"value": 0, "enumerator": "KELU_TV_WINDOW_MAIN"}]})"));
+    EXPECT_EQ(document.at("cec-devices").entries().at(1).at("name"), "Soundbar");
+}
+
+TEST_F(Status, showsTheRestWhenTheInputsCannotBeRead) {
+    ASSERT_EQ(runTool({"sim", "fault", "CMD_SOURCE_GETSOURCELIST", "error", "-22", "once"}).exit, 0);
+    const ToolRun run = runTool({"status"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_NE(
+        run.output.find("\ninputs              unreadable: sourcemanager.getSourceList: the service answered -22, "
+                        "BAD_VALUE\ncec 4 "),
+        std::string::npos)
+        << run.output;
 }
 
 TEST_F(Status, hasColourWhenAsked) {

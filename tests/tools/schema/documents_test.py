@@ -107,9 +107,28 @@ class Documents(unittest.TestCase):
         self.printed("status", "status")
         self.assertEqual(self.printed("get", "get", "source"),
                          [{"thing": "source", "value": 0, "enumerator": "KELU_TV_SRC_ATV"}])
-        self.printed("get", "get", "timing")
+        self.printed("get", "get", "timing", "volume")
+        self.assertGreater(len(self.printed("get-all", "get")), 50)
         self.assertEqual(self.printed("set", "set", "source", "hdmi1"),
                          [{"thing": "source", "value": 9, "enumerator": "KELU_TV_SRC_HDMI1"}])
+
+    def test_equipment(self) -> None:
+        self.assertGreater(len(self.printed("sources", "sources")), 10)
+        self.printed("cec", "cec")
+        self.printed("cec-select", "cec", "select", "4")
+        self.printed("cec-key", "cec", "key", "play")
+        self.printed("power", "power")
+        self.printed("power-done", "power", "suspend")
+        self.printed("power-done", "power", "resume")
+        self.assertEqual(self.printed("status", "status")[0]["cec-devices"][0]["playing"], True)
+
+    def test_names(self) -> None:
+        for kind in ("command", "item", "enumeration", "value", "record", "event"):
+            names = [document["name"] for document in self.printed("list-entry", "list", "--kind", kind)]
+            # One process for some of them.
+            lines = self.run_tool("repl", given="".join(f"describe {name}\n" for name in names[::STEP])).stdout
+            described = self.documents(lines, f"describe-{kind}")
+            self.assertEqual([each["name"] for each in described], names[::STEP])
 
     def test_functions(self) -> None:
         names = [document["function"] for document in self.printed("list", "list")]
@@ -126,12 +145,16 @@ class Documents(unittest.TestCase):
 
     def test_the_wire(self) -> None:
         self.printed("call", "call", "audio.getVolume", "speaker", "--wire")
+        (refused,) = self.printed("call", "call", "factory.setMacAddress", "1,2")
+        self.assertEqual(refused["answer"], {"value": -107, "name": "value out of range"})
         (encoded,) = self.printed("encode", "encode", "audio.setVolume", "speaker", "35")
         (request,) = encoded["requests"]
         self.printed("decode", "decode", request, "--reply", "00000000")
         self.printed("decode", "decode", request[:-8])
         self.printed("decode", "decode", "00")
         self.printed("decode", "decode", "--command", "CMD_SOURCE_GETCURSOURCEID", "--reply", "0000000009000000")
+        (refused,) = self.printed("decode", "decode", "--command", "CMD_AUDIO_SETVOLUME", "--reply", "95ffffff")
+        self.assertEqual(refused["reply"], {"result": -107, "name": "value out of range", "fields": []})
 
     def test_traces(self) -> None:
         with tempfile.NamedTemporaryFile("r") as trace:

@@ -1,12 +1,16 @@
 #include "tools/kelutv/calls/Scalars.h"
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/names/Directory.h"
 #include "tools/kelutv/text/AllowedValues.h"
 #include "tools/kelutv/text/Effects.h"
 #include "tools/kelutv/text/EnumeratedValue.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "tools/kelutv/text/Lists.h"
 #include "tools/kelutv/text/Ranges.h"
+#include "wire/text/FunctionNames.h"
 #include "wire/text/Names.h"
+#include "wire/text/Nearest.h"
+#include "wire/text/Shown.h"
 
 #include <cstdio>
 #include <memory>
@@ -106,10 +110,10 @@ Json documentOf(const wire::SentRequest& request) {
 
 Json documentOf(const wire::Function& function) {
     const wire::FunctionTexts& texts = *function.texts;
-    Json document{{"function", function.name},       {"short", function.shortName}, {"module", function.module},
-                  {"signature", function.signature}, {"brief", texts.brief},        {"details", texts.details},
-                  {"returns", texts.returns},        {"parameters", Json::array()}, {"calls", function.calls},
-                  {"requests", Json::array()}};
+    Json document{{"kind", "function"},        {"function", function.name},       {"short", function.shortName},
+                  {"module", function.module}, {"signature", function.signature}, {"brief", texts.brief},
+                  {"details", texts.details},  {"returns", texts.returns},        {"parameters", Json::array()},
+                  {"calls", function.calls},   {"requests", Json::array()}};
     for (std::size_t i = 0; i < function.parameters.size(); ++i) {
         document["parameters"].add(documentOf(function.parameters[i], texts.parameters[i]));
     }
@@ -218,21 +222,57 @@ private:
     const wire::FunctionTexts& mTexts;
 };
 
+void describe(const Output& output, const Entry& entry) {
+    const std::string brief = entry.brief();
+    output.line(output.styled(Style::Name, entry.name()) + " (" + entry.kind() + ')' +
+                (brief.empty() ? "" : ": " + brief));
+    for (const std::string& line : entry.lines()) {
+        output.line(line);
+    }
+    Json document{{"kind", entry.kind()}, {"name", entry.name()}};
+    entry.addTo(document);
+    output.document(document);
+}
+
+[[noreturn]] void refuse(const std::string& name, const Directory& directory) {
+    std::vector<std::string> names = wire::functionNames();
+    const std::vector<std::string> others = directory.names();
+    names.insert(names.end(), others.begin(), others.end());
+    throw UsageError("there is no function, command, item, type or event '" + wire::shown(name) + '\'' +
+                     wire::nearestHint(name, names));
+}
+
+/** A function, or else whatever else has this name. */
+void describe(const Output& output, const std::string& name) {
+    if (!wire::functionsNamed(name).empty()) {
+        const wire::Function& function = functionNamed(name);
+        Description(output, function).print();
+        output.document(documentOf(function));
+        return;
+    }
+    const Directory directory;
+    const Entry* const entry = directory.named(name);
+    if (entry == nullptr) {
+        refuse(name, directory);
+    }
+    describe(output, *entry);
+}
+
 } // namespace
 
 void addDescribeCommand(const Command& program, Context& context) {
     const auto name = std::make_shared<std::string>();
     const Subcommand command(program, "describe",
-                             "Describe a function: parameters, values, wire, result\n\n"
+                             "Describe a function, command, item, type or event\n"
+                             "Of a function parameters, values, wire and result; of an enumeration its values; of a "
+                             "record its fields; of an event its payload.\n\n"
                              "Examples:\n"
                              "kelutv describe audio.setVolume\n"
-                             "kelutv describe linux_tv_Picture_setPictureMode");
-    command.required("FUNCTION", *name, "Full or short name");
-    command.action([name, &context] {
-        const wire::Function& function = functionNamed(*name);
-        Description(context.output, function).print();
-        context.output.document(documentOf(function));
-    });
+                             "kelutv describe linux_tv_Picture_setPictureMode\n"
+                             "kelutv describe KELU_TV_SRC_E\n"
+                             "kelutv describe volumeChanged");
+    command.required("NAME", *name, "Full or short name of a function, or any other name of the interface");
+    command.action([name, &context] { describe(context.output, *name); });
 }
 
 } // namespace kelutv::tool

@@ -103,15 +103,6 @@ std::string argumentFor(const Setting& setting, const Json& value) {
     return value.dump();
 }
 
-/** What its getter gives. */
-const wire::ValueType& typeOf(const Setting& setting) {
-    const wire::Function& getter = functionNamed(setting.getter);
-    const auto* const parameter =
-        std::find_if(getter.parameters.begin(), getter.parameters.end(),
-                     [&setting](const wire::Parameter& each) { return setting.output == each.name; });
-    return parameter != getter.parameters.end() ? parameter->values : getter.result;
-}
-
 /** Of a choice the number behind its short name. */
 Json numberOf(const Setting& setting, const Json& value) {
     const bool isNamed = setting.kind == SettingKind::Choice && value.isText();

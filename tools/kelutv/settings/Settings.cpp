@@ -175,6 +175,8 @@ std::vector<Setting> systemSettings() {
                system("setLanguage", {"%"})),
         in("pOnOff", flag("screen", "Whether the screen is on", Place::Status, system("getScreenOn"),
                           system("setScreenOn", {"%"}))),
+        number("half-standby", "The half standby, as the service numbers it", Place::Status, system("getHalfStandby"),
+               {}),
         flag("blue-screen", "A blue screen without a signal", Place::List, system("isScreenBlueEnable"),
              system("enableScreenBlue", {"%"})),
         in("pEnable", flag("market-mode", "The mode for the shop", Place::List, system("getMarketModeEnable"),
@@ -185,6 +187,10 @@ std::vector<Setting> systemSettings() {
                system("getLastPowerOffMode"), {}),
         number("wakeup", "What woke the television, as the service numbers it", Place::Status, system("getWakeupMode"),
                {}),
+        number("power-on-mode", "What the television does when it gets power, as the service numbers it", Place::List,
+               factory("getPoweronMode"), {}),
+        number("suspend-mode", "How the television is suspended, as the service numbers it", Place::List,
+               factory("getSuspendMode"), {}),
     };
 }
 
@@ -239,16 +245,15 @@ std::vector<std::string> settingNames(bool settable) {
     return names;
 }
 
-const wire::Enumeration& enumerationOf(const Setting& setting) {
+const wire::ValueType& typeOf(const Setting& setting) {
     const wire::Function& getter = functionNamed(setting.getter);
-    if (setting.output.empty()) {
-        return *getter.result.names;
-    }
     const auto* const parameter =
         std::find_if(getter.parameters.begin(), getter.parameters.end(),
                      [&setting](const wire::Parameter& each) { return setting.output == each.name; });
-    return *parameter->values.names;
+    return parameter != getter.parameters.end() ? parameter->values : getter.result;
 }
+
+const wire::Enumeration& enumerationOf(const Setting& setting) { return *typeOf(setting).names; }
 
 const Setting& settingNamed(const std::string& name) {
     for (const Setting& setting : settings()) {

@@ -57,6 +57,9 @@ std::vector<std::string> settingNames(bool settable);
 /** @throws UsageError with the nearest names when there is none */
 const Setting& settingNamed(const std::string& name);
 
+/** What the function that reads it gives. */
+const wire::ValueType& typeOf(const Setting& setting);
+
 /** The enumeration that names the values of a choice. */
 const wire::Enumeration& enumerationOf(const Setting& setting);
 

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/events/EventNames.h"
+#include "tools/kelutv/names/Directory.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
 #include "tools/kelutv/settings/Settings.h"
@@ -89,6 +90,15 @@ Names functionNames(const std::string& begun) {
     return names;
 }
 
+/** Some two thousand, so they are offered where the first letter is there. */
+Names entryNames(const std::string& begun) {
+    try {
+        return begun.empty() ? Names() : Directory().names();
+    } catch (const UsageError&) {
+        return {};
+    }
+}
+
 Names moduleNames() {
     Names names;
     for (const wire::Function& function : wire::allFunctions()) {
@@ -173,24 +183,49 @@ Names areaNames() {
     return names;
 }
 
+/** What `cec` and `power` can do, and the keys that the first can press. */
+Names actionNames(const Spot& spot, const std::string& begun) {
+    const bool isCec = spot.command.name() == "cec";
+    if (spot.arguments.empty()) {
+        return isCec ? Names{"key", "select"} : Names{"resume", "suspend"};
+    }
+    return isCec && spot.arguments == Names{"key"} ? namesOf("E_MW_CEC_UI_CMD", begun) : Names();
+}
+
 using Source = std::function<Names(const Spot&, const std::string&)>;
 
 /** What may stand where the help says so. */
 std::map<std::string, Source>& sources() {
     static std::map<std::string, Source> all{
         {"ARG", argumentNames},
+        {"ACTION", actionNames},
         {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
         {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
         {"EVENT", [](const Spot& spot, const std::string&) { return eventNames(spot); }},
         {"FILE", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
         {"FUNCTION", [](const Spot&, const std::string& begun) { return functionNames(begun); }},
+        {"KIND",
+         [](const Spot&, const std::string&) {
+             Names names = entryKinds();
+             names.emplace_back("function");
+             return names;
+         }},
         {"MODULE", [](const Spot&, const std::string& begun) { return namesOf("KELU_EM_MODE_E", begun); }},
         {"NAME|NUMBER", [](const Spot&, const std::string& begun) { return namesOf("ATV_CMD_ID_E", begun); }},
+        {"NAME",
+         [](const Spot&, const std::string& begun) {
+             Names names = functionNames(begun);
+             const Names others = entryNames(begun);
+             names.insert(names.end(), others.begin(), others.end());
+             return names;
+         }},
         {"PATTERN",
          [](const Spot&, const std::string& begun) {
              Names names = moduleNames();
              const Names functions = functionNames(begun);
+             const Names others = entryNames(begun);
              names.insert(names.end(), functions.begin(), functions.end());
+             names.insert(names.end(), others.begin(), others.end());
              return names;
          }},
         {"PROGRAM", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
