@@ -3,6 +3,8 @@
 #include "wire/codec/Refusal.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdint>
 #include <iterator>
 
 namespace kelutv::wire {
@@ -25,25 +27,26 @@ constexpr NamedNumber kRefusals[] = {
     refusal(Result::NotRestored, "not restored"),
 };
 
+// A platform need not name those that the library does not use.
 constexpr NamedNumber kStatuses[] = {
-    {android::PERMISSION_DENIED, "PERMISSION_DENIED"},
-    {android::NAME_NOT_FOUND, "NAME_NOT_FOUND"},
-    {android::WOULD_BLOCK, "WOULD_BLOCK"},
-    {android::NO_MEMORY, "NO_MEMORY"},
-    {android::ALREADY_EXISTS, "ALREADY_EXISTS"},
-    {android::NO_INIT, "NO_INIT"},
-    {android::BAD_VALUE, "BAD_VALUE"},
-    {android::DEAD_OBJECT, "DEAD_OBJECT"},
-    {android::INVALID_OPERATION, "INVALID_OPERATION"},
-    {android::NOT_ENOUGH_DATA, "NOT_ENOUGH_DATA"},
-    {android::UNKNOWN_TRANSACTION, "UNKNOWN_TRANSACTION"},
-    {android::BAD_INDEX, "BAD_INDEX"},
-    {android::TIMED_OUT, "TIMED_OUT"},
-    {android::UNKNOWN_ERROR, "UNKNOWN_ERROR"},
-    {android::BAD_TYPE, "BAD_TYPE"},
-    {android::FAILED_TRANSACTION, "FAILED_TRANSACTION"},
-    {android::FDS_NOT_ALLOWED, "FDS_NOT_ALLOWED"},
-    {android::UNEXPECTED_NULL, "UNEXPECTED_NULL"},
+    {-EPERM, "PERMISSION_DENIED"},
+    {-ENOENT, "NAME_NOT_FOUND"},
+    {-EWOULDBLOCK, "WOULD_BLOCK"},
+    {-ENOMEM, "NO_MEMORY"},
+    {-EEXIST, "ALREADY_EXISTS"},
+    {-ENODEV, "NO_INIT"},
+    {-EINVAL, "BAD_VALUE"},
+    {-EPIPE, "DEAD_OBJECT"},
+    {-ENOSYS, "INVALID_OPERATION"},
+    {-ENODATA, "NOT_ENOUGH_DATA"},
+    {-EBADMSG, "UNKNOWN_TRANSACTION"},
+    {-EOVERFLOW, "BAD_INDEX"},
+    {-ETIMEDOUT, "TIMED_OUT"},
+    {INT32_MIN, "UNKNOWN_ERROR"},
+    {INT32_MIN + 1, "BAD_TYPE"},
+    {INT32_MIN + 2, "FAILED_TRANSACTION"},
+    {INT32_MIN + 7, "FDS_NOT_ALLOWED"},
+    {INT32_MIN + 8, "UNEXPECTED_NULL"},
 };
 
 template <std::size_t Count> std::string nameIn(const NamedNumber (&table)[Count], std::int32_t number) {
@@ -64,10 +67,10 @@ std::string nameOfResult(std::int32_t result) {
     return refusal.empty() && result != kAnyFailure ? nameOfStatus(result) : refusal;
 }
 
-std::string nameOfStatus(android::status_t status) { return nameIn(kStatuses, status); }
+std::string nameOfStatus(std::int32_t status) { return nameIn(kStatuses, status); }
 
 std::string resultText(std::int32_t result) { return withName(result, nameOfResult(result)); }
 
-std::string statusText(android::status_t status) { return withName(status, nameOfStatus(status)); }
+std::string statusText(std::int32_t status) { return withName(status, nameOfStatus(status)); }
 
 } // namespace kelutv::wire

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <utils/Errors.h>
-
 #include <cstdint>
 #include <string>
 
@@ -16,10 +14,10 @@ namespace kelutv::wire {
 std::string nameOfResult(std::int32_t result);
 
 /** What the status of a transaction is called: `DEAD_OBJECT`; empty for 0 and for what has no name. */
-std::string nameOfStatus(android::status_t status);
+std::string nameOfStatus(std::int32_t status);
 
 /** The number with its name, if it has one: `-107, value out of range`. */
 std::string resultText(std::int32_t result);
-std::string statusText(android::status_t status);
+std::string statusText(std::int32_t status);
 
 } // namespace kelutv::wire

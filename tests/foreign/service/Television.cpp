@@ -72,7 +72,7 @@ Event eventOf(const char* name, const wire::Values& indexes, const wire::Values&
 
 Bytes Television::answer(const wire::Request& request, std::vector<Event>& events) {
     return bytesOf(request.refusal ? wire::replyTo(*request.refusal)
-                                   : wire::replyWith(*request.operation, carryOut(request, events)));
+                                   : wire::replyWith(*request.operation, request.arguments, carryOut(request, events)));
 }
 
 wire::Values Television::kept(const Place& place) const {

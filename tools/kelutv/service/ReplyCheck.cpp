@@ -4,8 +4,6 @@
 #include "wire/codec/Request.h"
 #include "wire/text/ResultNames.h"
 
-#include <utils/Errors.h>
-
 namespace kelutv::tool {
 
 namespace {
@@ -46,7 +44,7 @@ std::optional<ReplyFailure> failureIn(const Transaction& transaction, bool isVal
 
 std::optional<ReplyFailure> failureIn(const std::vector<Transaction>& transactions, bool isValue) {
     for (const Transaction& transaction : transactions) {
-        if (transaction.status == android::NO_ERROR) {
+        if (transaction.status == 0) {
             if (auto failure = failureIn(transaction, isValue)) {
                 return failure;
             }
