@@ -1,6 +1,7 @@
 #include "tools/kelutv/Program.h"
 
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/doctor/DoctorCommand.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "wire/text/Shown.h"
 
@@ -56,6 +57,7 @@ void addCommands(const Command& program, Context& context) {
     addTraceCommand(program, context);
     addMonitorCommand(program, context);
     addWaitCommand(program, context);
+    addDoctorCommand(program, context);
     addEepCommand(program, context);
     addSimCommand(program, context);
     addReplCommand(program, context);

@@ -182,6 +182,11 @@ class Documents(unittest.TestCase):
                          [{"thing": "source", "value": 0, "enumerator": "KELU_TV_SRC_ATV"}])
         self.assertEqual(self.error_of("wait", "volume>20", "--timeout", "0.2")["exit"], 5)
 
+    def test_looking_at_everything(self) -> None:
+        *checks, last = self.run_tool("doctor", "--event", "0").stdout.splitlines()
+        self.assertGreater(len(self.documents("\n".join(checks), "doctor")), 300)
+        self.assertEqual(self.documents(last, "doctor-sum")[0]["failures"], 0)
+
     def test_the_end_of_the_service(self) -> None:
         with subprocess.Popen(
             [PROGRAM, "--json", "monitor", "--timeout", str(PATIENCE)], env=self.television.environment,

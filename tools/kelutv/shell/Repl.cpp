@@ -116,8 +116,8 @@ Exit Repl::runWords(std::vector<std::string> words) {
     if (!mAtTerminal) {
         words.insert(words.begin(), {kPlaceWord, place()});
     }
-    // These change the process that they run in, or watch until they are interrupted.
-    return isAnyOf(command, {"encode", "monitor", "trace"}) ? mWorker.runAlone(words) : mWorker.run(words);
+    // These change the process that they run in, watch until they are interrupted, or need one without a connection.
+    return isAnyOf(command, {"doctor", "encode", "monitor", "trace"}) ? mWorker.runAlone(words) : mWorker.run(words);
 }
 
 } // namespace kelutv::tool

@@ -1,0 +1,47 @@
+#include "tools/kelutv/doctor/Asking.h"
+
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/ServiceLink.h"
+
+#include <binder/Parcel.h>
+
+#include <cstdio>
+
+namespace kelutv::tool {
+
+namespace {
+
+bool isServiceAlive() {
+    try {
+        android::Parcel reply;
+        return requireService()->transact(kAskForInterface, android::Parcel(), &reply, 0) != android::DEAD_OBJECT;
+    } catch (const LinkError&) {
+        return false;
+    }
+}
+
+} // namespace
+
+Finding askingFinds(const std::function<Finding()>& look) {
+    try {
+        return look();
+    } catch (const LinkError& error) {
+        return {isServiceAlive() ? Verdict::Bad : Verdict::Unlinked, error.what()};
+    } catch (const ToolError& error) {
+        return {Verdict::Bad, error.what()};
+    }
+}
+
+std::string millisecondsText(std::chrono::nanoseconds time) {
+    char text[32];
+    std::snprintf(text, sizeof(text), "%.3g ms", std::chrono::duration<double, std::milli>(time).count());
+    return text;
+}
+
+std::chrono::nanoseconds timeOf(const std::function<void()>& something) {
+    const auto start = std::chrono::steady_clock::now();
+    something();
+    return std::chrono::steady_clock::now() - start;
+}
+
+} // namespace kelutv::tool
