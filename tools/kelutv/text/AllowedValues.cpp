@@ -14,10 +14,18 @@ template <typename Number> Json limitsDocument(const Json& step) {
     return rangeDocument(std::numeric_limits<Number>::min(), std::numeric_limits<Number>::max(), step);
 }
 
+/** Null where it is not known. */
+Json stepOf(const wire::Range* range) {
+    if (range == nullptr || !range->step) {
+        return nullptr;
+    }
+    return *range->step;
+}
+
 /** The range that a number is known to have, else all that its type can hold. */
 Json numbersDocument(const wire::ValueType& values) {
     const wire::Range* const range = values.range;
-    const Json step = range != nullptr && range->step ? Json(*range->step) : Json();
+    const Json step = stepOf(range);
     if (range != nullptr && range->isBounded()) {
         return rangeDocument(*range->least, *range->greatest, step);
     }
