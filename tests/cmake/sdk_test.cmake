@@ -6,7 +6,7 @@ set(scratch "${work_dir}/sdk")
 file(REMOVE_RECURSE "${scratch}")
 string(REPLACE ";" "\\;" escaped_libraries "${sdk_libraries}")
 configure("${source_dir}" "${scratch}" "-DKELUTV_PLATFORM_SDK_INCLUDE_DIRS=${source_dir}/platform/include"
-          "-DKELUTV_PLATFORM_SDK_LIBRARIES=${escaped_libraries}" -DKELUTV_BUILD_TOOLS=OFF)
+          "-DKELUTV_PLATFORM_SDK_LIBRARIES=${escaped_libraries}" -DKELUTV_BUILD_TOOLS=OFF "-DCMAKE_INSTALL_LIBDIR=${libdir}")
 
 # What needs the stand-ins is refused, not left out, where it is asked for.
 foreach(option BUILD_SIMULATOR BUILD_TESTS BUILD_BENCH BUILD_FUZZ PACKAGES)

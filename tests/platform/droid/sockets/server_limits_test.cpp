@@ -6,6 +6,7 @@
 #include "platform/droid/peer/PeerProtocol.h"
 #include "platform/droid/peer/PeerService.h"
 
+#include <poll.h>
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -112,6 +113,12 @@ private:
     rlimit mBefore{};
 };
 
+/** Whether the call on this connection is over. */
+bool hasAnswer(const kq::UniqueFd& connection) {
+    pollfd answer{connection.get(), POLLIN, 0};
+    return ::poll(&answer, 1, 0) == 1;
+}
+
 TEST_F(ServerLimits, callsInAll) {
     const DescriptorLimit enough(2 * kCallsInAll);
     Peer peer;
@@ -125,14 +132,15 @@ TEST_F(ServerLimits, callsInAll) {
         holders.push_back(std::make_unique<ChildProcess>(
             std::vector<std::string>{kPeerProgram, "hold", pathOf("peer"), count}, options));
     }
-    // Asking is the last call that there is room for.
+    // Asking is the last call that there is room for, and has its place for a moment longer.
     ASSERT_TRUE(waitUntilHeld(binder, static_cast<int32_t>(others)));
-    const kq::UniqueFd last = rawConnection(pathOf("peer"));
-    ASSERT_TRUE(sendRaw(last, head(0, kHold)));
+    kq::UniqueFd last;
     Answer answer{};
     ASSERT_TRUE(eventually([&] {
+        last = rawConnection(pathOf("peer"));
+        const bool isSent = sendRaw(last, head(0, kHold));
         answer = call(binder, kEcho);
-        return answer.status != NO_ERROR;
+        return isSent && answer.status != NO_ERROR && !hasAnswer(last);
     }));
     EXPECT_EQ(answer.status, FAILED_TRANSACTION);
     EXPECT_EQ(call(binder, kEcho, Bytes(8)).status, FAILED_TRANSACTION);
