@@ -37,7 +37,7 @@ TEST(ForeignDriver, callsAServiceOfAnotherPlatform) {
 TEST(ForeignDriver, tellsARefusal) { EXPECT_EQ(runTool({"call", "audio.setVolume", "speaker", "101"}).exit, 4); }
 
 TEST(ForeignDriverLast, seesTheEndOfTheService) {
-    const auto monitor = startTool({"monitor"});
+    const auto monitor = startTool({"monitor", "--exit-on-loss"});
     ASSERT_TRUE(monitor->error().waitFor("kelutv: watching for events\n")) << monitor->error().text();
     television.simulator().process().kill(SIGTERM);
     EXPECT_EQ(monitor->exitCode(), 3);
