@@ -11,7 +11,7 @@ TABLE = ROOT / "fuzz" / "targets.toml"
 CORPUS = ROOT / "fuzz" / "corpus"
 BUILD = ROOT / "build" / "fuzz"
 # What a run finds and makes, outside of the build's own folders.
-WORK = BUILD / "work"
+WORK = BUILD / "runs"
 
 
 class FuzzError(Exception):

@@ -10,20 +10,23 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace kelutv::test {
 
@@ -291,19 +294,45 @@ TEST_F(StateFile, IsWrittenWhenThereAreDescriptorsAgain) {
     mSimulator.reset();
 }
 
-TEST_F(StateFile, GetsNoLinesOfASimulatorWithoutStandardDescriptors) {
-    if (std::getenv("KELUTV_EMULATOR") != nullptr) {
-        GTEST_SKIP() << "this machine's shell, which starts the simulator here, cannot be emulated";
+/** While this lives, the test has no standard descriptors, and programs that it starts have none. */
+class NoStandardDescriptors {
+public:
+    NoStandardDescriptors() {
+        for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
+            mKept.push_back(::fcntl(fd, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+        }
+        for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
+            ::close(fd);
+        }
     }
+    ~NoStandardDescriptors() {
+        for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
+            const int kept = mKept[static_cast<std::size_t>(fd)];
+            ::dup2(kept, fd);
+            ::close(kept);
+        }
+    }
+    NoStandardDescriptors(const NoStandardDescriptors&) = delete;
+    NoStandardDescriptors& operator=(const NoStandardDescriptors&) = delete;
+
+private:
+    std::vector<int> mKept;
+};
+
+std::unique_ptr<ChildProcess> startWithoutStandardDescriptors(std::vector<std::string> arguments) {
+    const NoStandardDescriptors meanwhile;
+    return std::make_unique<ChildProcess>(std::move(arguments));
+}
+
+TEST_F(StateFile, GetsNoLinesOfASimulatorWithoutStandardDescriptors) {
     {
-        ChildProcess simulator(
-            {"/bin/sh", "-c", "exec \"$0\" --trace --state \"$1\" <&- >&- 2>&-", KELUTV_SIMULATOR, path()});
+        const auto simulator = startWithoutStandardDescriptors({KELUTV_SIMULATOR, "--trace", "--state", path()});
         EXPECT_TRUE(eventually(isServed));
         EXPECT_EQ(send(kSetVolume, {0, 35}), replyOf({0}));
         EXPECT_EQ(send(kSetVolume, {0, 36}), replyOf({0}));
         EXPECT_EQ(send(kGetVolume, {0}), replyOf({0, 36}));
-        simulator.kill(SIGTERM);
-        EXPECT_EQ(simulator.exitCode(), 0);
+        simulator->kill(SIGTERM);
+        EXPECT_EQ(simulator->exitCode(), 0);
     }
     EXPECT_EQ(content().find("CMD_"), std::string::npos) << content();
     start();
