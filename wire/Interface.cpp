@@ -1,6 +1,7 @@
 #include "wire/Interface.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <tuple>
 
 namespace kelutv::wire {
@@ -42,6 +43,19 @@ std::string meaningOf(std::string_view name) {
 }
 
 const Enumerator* findEnumerator(std::string_view name) { return findNamed(allEnumerators(), name); }
+
+Values valuesOf(const Rows<Operand>& operands, const Arguments& arguments) {
+    Values values;
+    for (const Operand& operand : operands) {
+        if (operand.index < 0) {
+            values.emplace_back(operand.literal);
+        } else {
+            const Values& argument = arguments[static_cast<std::size_t>(operand.index)];
+            values.insert(values.end(), argument.begin(), argument.end());
+        }
+    }
+    return values;
+}
 
 const Operation* operationOf(const Command& command, const Arguments& arguments) {
     if (!command.hasItems) {

@@ -117,6 +117,9 @@ const StateKey* findState(std::string_view name);
 /** By ascending name. */
 std::vector<std::string> stateNames();
 
+/** The values that the operands stand for, one after the other. */
+Values valuesOf(const Rows<Operand>& operands, const Arguments& arguments);
+
 /** What a command does with these arguments; null when it names an item that does not exist. */
 const Operation* operationOf(const Command& command, const Arguments& arguments);
 

@@ -8,23 +8,6 @@
 
 namespace kelutv::simulator {
 
-namespace {
-
-wire::Values collect(const wire::Rows<wire::Operand>& operands, const wire::Arguments& arguments) {
-    wire::Values values;
-    for (const wire::Operand& operand : operands) {
-        if (operand.index < 0) {
-            values.emplace_back(operand.literal);
-        } else {
-            const wire::Values& argument = arguments[static_cast<std::size_t>(operand.index)];
-            values.insert(values.end(), argument.begin(), argument.end());
-        }
-    }
-    return values;
-}
-
-} // namespace
-
 Television::Television(Configuration configuration, EepStore eep, const std::string& stateFile)
     : mEquipment(std::move(configuration), std::move(eep)), mStateFile(stateFile) {
     mStateFile.restore(mEquipment);
@@ -46,9 +29,9 @@ wire::Reply Television::carryOut(const wire::Request& request) {
 }
 
 wire::Reply Television::apply(const wire::Request& request, const wire::StateRule& rule) {
-    const wire::Values indexes = collect(rule.indexes, request.arguments);
+    const wire::Values indexes = wire::valuesOf(rule.indexes, request.arguments);
     if (rule.access == wire::StateRule::Access::Set) {
-        const auto refusal = setState(mEquipment, *rule.key, indexes, collect(rule.values, request.arguments));
+        const auto refusal = setState(mEquipment, *rule.key, indexes, wire::valuesOf(rule.values, request.arguments));
         return refusal ? replyTo(*refusal) : wire::replyWith(*request.operation, request.arguments, {});
     }
     const auto refusal = objectionToIndexes(mEquipment, *rule.key, indexes);

@@ -43,19 +43,6 @@ const Row* rowOf(const wire::StateKey& key) {
     return row == table().end() ? nullptr : row;
 }
 
-wire::Values collect(const wire::Rows<wire::Operand>& operands, const wire::Arguments& arguments) {
-    wire::Values values;
-    for (const wire::Operand& operand : operands) {
-        if (operand.index < 0) {
-            values.emplace_back(operand.literal);
-        } else {
-            const wire::Values& argument = arguments[static_cast<std::size_t>(operand.index)];
-            values.insert(values.end(), argument.begin(), argument.end());
-        }
-    }
-    return values;
-}
-
 Bytes bytesOf(const wire::Reply& reply) {
     android::Parcel parcel;
     wire::writeReply(reply, parcel);
@@ -88,11 +75,11 @@ wire::Values Television::carryOut(const wire::Request& request, std::vector<Even
     if (rule.access == wire::StateRule::Access::None) {
         return {};
     }
-    const Place place{rule.key, collect(rule.indexes, request.arguments)};
+    const Place place{rule.key, wire::valuesOf(rule.indexes, request.arguments)};
     if (rule.access == wire::StateRule::Access::Get) {
         return kept(place);
     }
-    const wire::Values values = collect(rule.values, request.arguments);
+    const wire::Values values = wire::valuesOf(rule.values, request.arguments);
     const Row* const row = rowOf(*rule.key);
     if (row != nullptr && row->event != nullptr && kept(place) != values) {
         events.push_back(eventOf(row->event, place.second, values));

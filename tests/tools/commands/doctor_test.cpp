@@ -75,34 +75,23 @@ TEST_F(Doctor, namesWhatIsRefused) {
     EXPECT_EQ(lineOf(run, "read.audio.getVolume"), "warn  read.audio.getVolume: refused: the service answered -5");
 }
 
-TEST_F(Doctor, namesWhatIsTooShort) {
-    fault("CMD_AUDIO_GETVOLUME short 2");
-    const ToolRun run = examine();
-    EXPECT_EQ(run.exit, 4);
-    EXPECT_EQ(lineOf(run, "read.audio.getVolume").substr(0, 42), "FAIL  read.audio.getVolume: malformed: the");
-}
-
-TEST_F(Doctor, namesWhatIsTooLong) {
-    fault("CMD_AUDIO_GETVOLUME long 8");
-    const ToolRun run = examine();
-    EXPECT_EQ(run.exit, 4);
-    EXPECT_EQ(lineOf(run, "read.audio.getVolume").substr(0, 42), "FAIL  read.audio.getVolume: malformed: the");
-}
-
-TEST_F(Doctor, namesATextWithoutItsEnd) {
-    fault("CMD_FACTORY_GETMACADDRESS unterminated");
-    const ToolRun run = examine();
-    EXPECT_EQ(run.exit, 4);
-    EXPECT_EQ(lineOf(run, "read.factory.getMacAddress").substr(0, 48),
-              "FAIL  read.factory.getMacAddress: malformed: the");
-}
-
-TEST_F(Doctor, namesACountThatIsTooHigh) {
-    fault("CMD_FACTORY_GET_CTL_VOLUME count 1000");
-    const ToolRun run = examine();
-    EXPECT_EQ(run.exit, 4);
-    EXPECT_EQ(lineOf(run, "read.factory.getSoundCurveCtlData").substr(0, 55),
-              "FAIL  read.factory.getSoundCurveCtlData: malformed: the");
+TEST_F(Doctor, namesWhatIsMalformed) {
+    struct Case {
+        const char* fault;
+        const char* check;
+    };
+    for (const Case& each : {Case{"CMD_AUDIO_GETVOLUME short 2", "read.audio.getVolume"},
+                             Case{"CMD_AUDIO_GETMUTE long 8", "read.audio.getMute"},
+                             Case{"CMD_FACTORY_GETMACADDRESS unterminated", "read.factory.getMacAddress"},
+                             Case{"CMD_FACTORY_GET_CTL_VOLUME count 1000", "read.factory.getSoundCurveCtlData"}}) {
+        fault(each.fault);
+        const ToolRun run = examine();
+        EXPECT_EQ(run.exit, 4);
+        EXPECT_EQ(lineOf(run, each.check).rfind(std::string("FAIL  ") + each.check + ": malformed: the ", 0), 0U)
+            << run.output;
+        EXPECT_NE(run.output.find(" 1 failure\n"), std::string::npos) << run.output;
+        ASSERT_EQ(runTool({"sim", "fault", "clear"}).exit, 0);
+    }
 }
 
 TEST_F(Doctor, namesWhatIsSlow) {
