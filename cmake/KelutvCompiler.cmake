@@ -39,6 +39,13 @@ if(KELUTV_PACKAGES)
     endif()
 endif()
 
+set(KELUTV_JOINED_SOURCES PROGRAMS CACHE STRING
+    "Sources that are compiled as one: OFF, PROGRAMS (of a test, of a part of tool and simulator), ALL (of libraries, too)")
+set_property(CACHE KELUTV_JOINED_SOURCES PROPERTY STRINGS OFF PROGRAMS ALL)
+if(NOT KELUTV_JOINED_SOURCES MATCHES "^(OFF|PROGRAMS|ALL)$")
+    message(FATAL_ERROR "KELUTV_JOINED_SOURCES is '${KELUTV_JOINED_SOURCES}', use: OFF PROGRAMS ALL")
+endif()
+
 add_library(kelutv_warnings INTERFACE)
 target_compile_options(
     kelutv_warnings
@@ -50,6 +57,13 @@ target_compile_options(
               -Wno-sign-conversion
               -Werror)
 
+# Where bytes are read, in the libraries and in wire/, undefined behaviour of every kind is looked for, and so it is where
+# programs are fuzzed; elsewhere not what costs most and means little there.
+set(KELUTV_PROGRAM_COMPILE_OPTIONS "")
+if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=[a-z,]*undefined" AND NOT CMAKE_CXX_FLAGS MATCHES "fuzzer")
+    list(APPEND KELUTV_PROGRAM_COMPILE_OPTIONS -fno-sanitize=null,alignment)
+endif()
+
 # Header-only libraries of the programs: the host's serve cross builds too.
 function(kelutv_add_header_library name header package)
     string(TOUPPER "${name}_INCLUDE_DIR" variable)
@@ -60,4 +74,27 @@ function(kelutv_add_header_library name header package)
     endif()
     add_library(${name} INTERFACE)
     target_include_directories(${name} SYSTEM INTERFACE "${${variable}}")
+endfunction()
+
+# kelutv_join_sources(<target> [APART <folder or source>...])
+#
+# Compiles the sources of each folder of the target as one, which takes less time, where KELUTV_JOINED_SOURCES says so: not
+# those with options of their own, and not what is APART since it gives a name of its own to something else than another.
+function(kelutv_join_sources target)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "APART")
+    get_target_property(type ${target} TYPE)
+    if(KELUTV_JOINED_SOURCES STREQUAL "OFF" OR (type STREQUAL "SHARED_LIBRARY" AND NOT KELUTV_JOINED_SOURCES STREQUAL "ALL"))
+        return()
+    endif()
+    get_target_property(sources ${target} SOURCES)
+    foreach(source IN LISTS sources)
+        cmake_path(GET source PARENT_PATH folder)
+        if(NOT folder IN_LIST ARG_APART AND NOT source IN_LIST ARG_APART)
+            string(MAKE_C_IDENTIFIER "joined_${folder}" group)
+            set_source_files_properties("${source}" PROPERTIES UNITY_GROUP ${group})
+        endif()
+    endforeach()
+    set_target_properties(
+        ${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP
+                             UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
 endfunction()

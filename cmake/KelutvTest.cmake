@@ -16,8 +16,6 @@ include_guard(GLOBAL)
 
 option(KELUTV_ONLY_TESTS_OF_THREADS "Leave out the tests that make no threads meet, for ThreadSanitizer" OFF)
 
-option(KELUTV_JOINED_TESTS "Compile the sources of a test program as one, which takes less time" ON)
-
 # Tests are compiled often and run briefly.
 set(KELUTV_TEST_COMPILE_OPTIONS -O0 -g1)
 if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=[a-z,]*undefined")
@@ -114,10 +112,10 @@ function(kelutv_add_test name)
         ${name} PRIVATE ${ARG_LIBRARIES} $<TARGET_NAME_IF_EXISTS:kelutv_test_support> GTest::gtest GTest::gtest_main
                         kelutv_warnings)
     kelutv_reuse_precompiled_headers(${name})
-    if(NOT ARG_SEPARATE)
-        set_target_properties(${name} PROPERTIES UNITY_BUILD ${KELUTV_JOINED_TESTS} UNITY_BUILD_BATCH_SIZE 0)
+    if(NOT ARG_SEPARATE AND NOT KELUTV_JOINED_SOURCES STREQUAL "OFF")
         set_target_properties(
-            ${name} PROPERTIES UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+            ${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0
+                               UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
     endif()
     if(KELUTV_ONLY_TESTS_OF_THREADS AND NOT ARG_THREADS AND NOT KELUTV_TESTS_OF_THREADS)
         set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)

@@ -38,7 +38,7 @@ wire::Reply arcActive(Equipment& equipment, const wire::Request&) {
 
 wire::Reply arcPort(Equipment& equipment, const wire::Request&) { return numberReply(equipment.cec.arcPort()); }
 
-constexpr CommandHandler kHandlers[] = {
+constexpr CommandHandler kCecHandlers[] = {
     {CMD_CEC_GETDEVICELISTALLINFO, cecDevices},
     {CMD_CEC_ACTIVATE_CEC_DEVICE, selectCecDevice},
     {CMD_CEC_GET_PLAYING_DEVICE_LOGADDR, playingCecDevice},
@@ -49,6 +49,6 @@ constexpr CommandHandler kHandlers[] = {
 
 } // namespace
 
-CommandHandlers cecHandlers() { return kHandlers; }
+CommandHandlers cecHandlers() { return kCecHandlers; }
 
 } // namespace kelutv::simulator

@@ -66,7 +66,7 @@ template <Memory memory> wire::Reply writeEep(Equipment& equipment, const wire::
     return reply;
 }
 
-constexpr CommandHandler kHandlers[] = {
+constexpr CommandHandler kEepHandlers[] = {
     {CMD_SYSTEM_GETEEPBYTE, readEep<Memory::Eep>},
     {CMD_SYSTEM_GETEEPMULTI, readEep<Memory::Eep>},
     {CMD_SYSTEM_SETEEPBYTE, writeEep<Memory::Eep>},
@@ -80,6 +80,6 @@ constexpr CommandHandler kHandlers[] = {
 
 } // namespace
 
-CommandHandlers eepHandlers() { return kHandlers; }
+CommandHandlers eepHandlers() { return kEepHandlers; }
 
 } // namespace kelutv::simulator

@@ -73,7 +73,7 @@ wire::Reply operateFlashEep(Equipment& equipment, const wire::Request& request) 
     return {};
 }
 
-constexpr CommandHandler kHandlers[] = {
+constexpr CommandHandler kFactoryHandlers[] = {
     {CMD_FACTORY_SETMACADDRESS, setMacAddress},
     {CMD_FACTORY_SETKEYDATA, burnKey},
     {CMD_FACTORY_SETSTBOTPBURN, burnOtp},
@@ -88,6 +88,6 @@ constexpr CommandHandler kHandlers[] = {
 
 } // namespace
 
-CommandHandlers factoryHandlers() { return kHandlers; }
+CommandHandlers factoryHandlers() { return kFactoryHandlers; }
 
 } // namespace kelutv::simulator

@@ -31,7 +31,7 @@ wire::Reply lastPowerOffMode(Equipment& equipment, const wire::Request&) {
 
 wire::Reply wakeupMode(Equipment& equipment, const wire::Request&) { return numberReply(equipment.power.wakeupMode()); }
 
-constexpr CommandHandler kHandlers[] = {
+constexpr CommandHandler kPowerHandlers[] = {
     {CMD_SYSTEM_SUSPEND, enterPowerState<PowerState::Suspended>},
     {CMD_SYSTEM_SET_ENTER_STR_SUSPEND, enterPowerState<PowerState::SuspendedToMemory>},
     {CMD_SYSTEM_SET_ENTER_NORMAL_SUSPEND, enterPowerState<PowerState::NormallySuspended>},
@@ -46,6 +46,6 @@ constexpr CommandHandler kHandlers[] = {
 
 } // namespace
 
-CommandHandlers powerHandlers() { return kHandlers; }
+CommandHandlers powerHandlers() { return kPowerHandlers; }
 
 } // namespace kelutv::simulator

@@ -25,7 +25,7 @@ wire::Reply restorePicture(Equipment& equipment, const wire::Request&) {
     return {};
 }
 
-constexpr CommandHandler kHandlers[] = {
+constexpr CommandHandler kSettingHandlers[] = {
     {CMD_CEC_MODIFY_MUTE, toggleSpeakerMute},
     {CMD_AUDIO_RESTORESOUNDSETS, restoreSound},
     {CMD_PICTURE_RESTOREPICTURESETS, restorePicture},
@@ -33,6 +33,6 @@ constexpr CommandHandler kHandlers[] = {
 
 } // namespace
 
-CommandHandlers settingHandlers() { return kHandlers; }
+CommandHandlers settingHandlers() { return kSettingHandlers; }
 
 } // namespace kelutv::simulator

@@ -8,8 +8,8 @@ namespace kelutv::simulator {
 
 namespace {
 
-constexpr std::string_view kCurrentSource = "sourcemanager.curSource";
-constexpr std::string_view kDeselected = "sourcemanager.deselected";
+constexpr std::string_view kCurrentSourceKey = "sourcemanager.curSource";
+constexpr std::string_view kDeselectedKey = "sourcemanager.deselected";
 
 bool inRange(const Range& range, const wire::Values& values) {
     return std::all_of(values.begin(), values.end(), [&range](const wire::Value& value) {
@@ -86,14 +86,14 @@ std::optional<wire::Refusal> setState(Equipment& equipment, const wire::StateKey
     if (auto refusal = objectionToSize(equipment.state, key, indexes, values)) {
         return refusal;
     }
-    if (key.name == kCurrentSource) {
+    if (key.name == kCurrentSourceKey) {
         if (values.size() != 1) {
             return wire::Refusal{wire::Result::OutOfRange, std::string(key.name) + " takes one source"};
         }
         equipment.sources.select(std::get<std::int32_t>(values.at(0)), std::get<std::int32_t>(indexes.at(0)));
         return std::nullopt;
     }
-    if (key.name == kDeselected) {
+    if (key.name == kDeselectedKey) {
         equipment.sources.deselect(std::get<std::int32_t>(indexes.at(0)));
     }
     equipment.state.keep(key, indexes, values);
@@ -102,7 +102,7 @@ std::optional<wire::Refusal> setState(Equipment& equipment, const wire::StateKey
 
 void resetState(Equipment& equipment, const wire::StateKey& key, const wire::Values& indexes) {
     equipment.state.restore(key, indexes);
-    if (key.name == kCurrentSource) {
+    if (key.name == kCurrentSourceKey) {
         const wire::Values initial = equipment.state.kept(key, indexes);
         equipment.sources.select(std::get<std::int32_t>(initial.at(0)), std::get<std::int32_t>(indexes.at(0)));
     }

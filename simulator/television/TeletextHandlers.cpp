@@ -12,7 +12,7 @@ wire::Reply changeTeletext(Equipment& equipment, const wire::Request&) {
     return {};
 }
 
-constexpr CommandHandler kHandlers[] = {
+constexpr CommandHandler kTeletextHandlers[] = {
     {CMD_TV_TTX_INIT, changeTeletext<&Teletext::initialise, true>},
     {CMD_TV_TTX_DEINIT, changeTeletext<&Teletext::initialise, false>},
     {CMD_TV_TTX_OPEN, changeTeletext<&Teletext::open, true>},
@@ -23,6 +23,6 @@ constexpr CommandHandler kHandlers[] = {
 
 } // namespace
 
-CommandHandlers teletextHandlers() { return kHandlers; }
+CommandHandlers teletextHandlers() { return kTeletextHandlers; }
 
 } // namespace kelutv::simulator

@@ -35,7 +35,7 @@ std::size_t distanceOf(const std::string& left, const std::string& right) {
     return row.back();
 }
 
-bool holds(const std::string& name, const std::string& written) {
+bool holdsEnough(const std::string& name, const std::string& written) {
     constexpr std::size_t kLeastLetters = 3;
     return written.size() >= kLeastLetters && name.find(written) != std::string::npos;
 }
@@ -52,7 +52,7 @@ std::vector<std::string> nearestNames(const std::string& written, const std::vec
             continue; // A longer word differs in more letters, and comparing takes the time of both lengths.
         }
         const std::size_t distance = distanceOf(wanted, candidate);
-        if (distance <= farthest || holds(candidate, wanted)) {
+        if (distance <= farthest || holdsEnough(candidate, wanted)) {
             near.emplace(distance, name);
         }
     }

@@ -51,7 +51,7 @@ std::vector<std::string> plainArguments(const wire::Function& function) {
     return arguments;
 }
 
-std::chrono::nanoseconds timeOf(const CallResult& call) {
+std::chrono::nanoseconds timeOfCall(const CallResult& call) {
     std::chrono::nanoseconds time{0};
     for (const interposition::Transaction& transaction : call.transactions) {
         time += transaction.duration;
@@ -61,7 +61,7 @@ std::chrono::nanoseconds timeOf(const CallResult& call) {
 
 Finding read(const wire::Function& function, double slow) {
     const CallResult call = tryFunction(function, plainArguments(function));
-    const auto time = timeOf(call);
+    const auto time = timeOfCall(call);
     const auto failure = failureIn(call.transactions, function.statusIsValue);
     if (failure && !failure->result) {
         return {Verdict::Bad, "malformed: " + failure->text, time};
@@ -92,7 +92,7 @@ Finding measure(const wire::Function& function, double limit) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(limit / 2);
     std::vector<std::chrono::nanoseconds> times;
     while (times.size() < kCalls && std::chrono::steady_clock::now() < end) {
-        times.push_back(timeOf(tryFunction(function, plainArguments(function))));
+        times.push_back(timeOfCall(tryFunction(function, plainArguments(function))));
     }
     std::sort(times.begin(), times.end());
     const auto at = [&times](std::size_t percent) { return times[(times.size() - 1) * percent / 100]; };

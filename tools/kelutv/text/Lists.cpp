@@ -7,9 +7,9 @@ namespace kelutv::tool {
 namespace {
 
 std::string stripped(const std::string& text) {
-    constexpr const char* kBlanks = " \t";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    constexpr const char* kSpaces = " \t";
+    const std::size_t first = text.find_first_not_of(kSpaces);
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(kSpaces) - first + 1);
 }
 
 } // namespace

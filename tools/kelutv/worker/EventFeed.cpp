@@ -15,14 +15,14 @@ namespace kelutv::tool {
 
 namespace {
 
-constexpr std::chrono::milliseconds kGrace{1000};
+constexpr std::chrono::milliseconds kFeedGrace{1000};
 constexpr std::chrono::milliseconds kPause{100};
 
-enum class Kind { Watching, Event, Loss, Failure };
+enum class MessageKind { Watching, Event, Loss, Failure };
 
 /** What stands before a payload, or before the text of a failure; without gaps, whose bytes would be sent, too. */
 struct Head {
-    Kind kind;
+    MessageKind kind;
     Exit exit = Exit::Success;
     std::uint32_t id = 0;
     std::uint32_t nothing = 0;
@@ -37,7 +37,7 @@ std::string messageOf(const Head& head, const std::string& rest = "") {
 }
 
 std::string messageOf(const ReceivedEvent& event) {
-    return messageOf({Kind::Event, Exit::Success, event.id, 0, event.time},
+    return messageOf({MessageKind::Event, Exit::Success, event.id, 0, event.time},
                      {event.payload.begin(), event.payload.end()});
 }
 
@@ -63,7 +63,7 @@ void handOn(EventQueue& queue, const process::MessagePipe& news, const process::
             news.send(messageOf(event));
         }
     }
-    news.send(messageOf({Kind::Loss}));
+    news.send(messageOf({MessageKind::Loss}));
 }
 
 } // namespace
@@ -75,7 +75,7 @@ EventFeed::EventFeed(const std::set<std::uint32_t>& modules, First first)
 
 EventFeed::~EventFeed() {
     if (mIsWatching) {
-        mWorker.end(kGrace); // Its subscriptions end before it.
+        mWorker.end(kFeedGrace); // Its subscriptions end before it.
     }
 }
 
@@ -91,18 +91,18 @@ std::optional<EventFeed::News> EventFeed::take() {
 }
 
 EventFeed::News EventFeed::newsIn(const std::string& message) {
-    Head head{Kind::Failure};
+    Head head{MessageKind::Failure};
     std::memcpy(&head, message.data(), sizeof(head));
     const std::string rest = message.substr(sizeof(head));
     switch (head.kind) {
-    case Kind::Event:
+    case MessageKind::Event:
         return {News::Kind::Event, {head.time, head.id, {rest.begin(), rest.end()}}};
-    case Kind::Watching:
+    case MessageKind::Watching:
         mIsWatching = true;
         return {News::Kind::Begin, {}};
-    case Kind::Loss:
+    case MessageKind::Loss:
         return {News::Kind::End, {}};
-    case Kind::Failure:
+    case MessageKind::Failure:
         break;
     }
     throw ToolError(head.exit, rest);
@@ -117,12 +117,12 @@ int EventFeed::watch(const std::set<std::uint32_t>& modules, First first) {
             return EXIT_SUCCESS;
         }
         const EventSubscription subscription(modules);
-        mNews.send(messageOf({Kind::Watching}));
+        mNews.send(messageOf({MessageKind::Watching}));
         handOn(queue, mNews, signals);
     } catch (const ToolError& error) {
-        mNews.send(messageOf({Kind::Failure, error.exit()}, error.what()));
+        mNews.send(messageOf({MessageKind::Failure, error.exit()}, error.what()));
     } catch (const std::exception& error) {
-        mNews.send(messageOf({Kind::Failure, Exit::Failure}, error.what()));
+        mNews.send(messageOf({MessageKind::Failure, Exit::Failure}, error.what()));
     }
     return EXIT_SUCCESS;
 }

@@ -19,14 +19,14 @@ namespace kelutv::tool {
 namespace {
 
 /** What a process that is no longer needed has to end by itself. */
-constexpr std::chrono::milliseconds kGrace{1000};
+constexpr std::chrono::milliseconds kLineGrace{1000};
 
 /** What the process says of a line. */
-enum class Kind { Time, End };
+enum class AnswerKind { Time, End };
 
 /** The time that the line may take from now on, or how it ended; without gaps, whose bytes would be sent, too. */
 struct Answer {
-    Kind kind;
+    AnswerKind kind;
     Exit exit;
     std::chrono::microseconds time;
 };
@@ -96,7 +96,7 @@ public:
     /** Ends it by the end of its lines, so that it takes leave of the service. */
     ~Process() {
         mLines.close();
-        process::waitToRead({mWorker.fd()}, process::deadlineIn(kGrace));
+        process::waitToRead({mWorker.fd()}, process::deadlineIn(kLineGrace));
     }
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
@@ -112,7 +112,7 @@ public:
         while (!mAnswers.isAtEnd()) {
             if (const auto message = mAnswers.take()) {
                 const Answer answer = answerIn(*message);
-                if (answer.kind == Kind::End) {
+                if (answer.kind == AnswerKind::End) {
                     return answer.exit;
                 }
                 time = answer.time;
@@ -146,10 +146,10 @@ private:
         std::signal(SIGINT, SIG_DFL);
         const Exit exit = run(std::move(words), [this](Seconds time) {
             const auto rounded = std::chrono::round<std::chrono::microseconds>(time);
-            mAnswers.send(messageOf(Answer{Kind::Time, Exit::Success, rounded}));
+            mAnswers.send(messageOf(Answer{AnswerKind::Time, Exit::Success, rounded}));
         });
         std::signal(SIGINT, SIG_IGN);
-        mAnswers.send(messageOf(Answer{Kind::End, exit, {}}));
+        mAnswers.send(messageOf(Answer{AnswerKind::End, exit, {}}));
     }
 
     process::MessagePipe mLines;
