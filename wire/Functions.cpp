@@ -1,6 +1,7 @@
 #include "wire/Function.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace kelutv::wire {
 
@@ -22,11 +23,20 @@ template <typename Predicate> std::vector<const Function*> functionsRequesting(P
     });
 }
 
+/** Looks at the length of those alone that begin alike, since there are many. */
+bool isSame(const char* own, const std::string& name) {
+    return std::strcmp(own, name.c_str()) == 0 && std::strlen(own) == name.size();
+}
+
 } // namespace
 
 std::vector<const Function*> functionsNamed(const std::string& name) {
-    const auto full = functionsWith([&](const Function& function) { return function.name == name; });
-    return full.empty() ? functionsWith([&](const Function& function) { return function.shortName == name; }) : full;
+    const auto all = allFunctions();
+    const auto* const full =
+        std::find_if(all.begin(), all.end(), [&](const Function& function) { return isSame(function.name, name); });
+    return full != all.end()
+               ? std::vector<const Function*>{full}
+               : functionsWith([&](const Function& function) { return isSame(function.shortName, name); });
 }
 
 std::vector<const Function*> functionsSending(std::int32_t command) {

@@ -13,7 +13,7 @@ namespace kelutv::tool {
 
 namespace {
 
-/** More than any answer can bring: a transaction has at most 1 MiB. */
+/** For texts and arrays, more than any answer can bring: a transaction has at most 1 MiB. */
 constexpr std::size_t kRoom = std::size_t{1} << 20;
 /** What the caller may ask to be filled. */
 constexpr std::int64_t kMostEntries = std::int64_t{1} << 22;
@@ -125,23 +125,36 @@ private:
         }
     }
 
-    void makeRoomFor(const wire::Parameter& parameter, CallFrame::Storage& storage) {
-        std::size_t size = kRoom;
-        if (parameter.values.kind == wire::ValueKind::Array) {
-            const auto entries = lengthOf(mFunction, parameter, mFrame);
-            if (entries && *entries > kMostEntries) {
-                throw UsageError(std::string(mFunction.shortName) + ": " + parameter.length + ": " +
-                                 std::to_string(*entries) + " entries are too many, " + std::to_string(kMostEntries) +
-                                 " is the most");
-            }
-            size = std::max(size, static_cast<std::size_t>(std::max<std::int64_t>(entries.value_or(0), 0)) *
-                                      sizeOf(parameter.values.scalar));
+    std::size_t roomForArray(const wire::Parameter& parameter) const {
+        const auto entries = lengthOf(mFunction, parameter, mFrame);
+        if (entries && *entries > kMostEntries) {
+            throw UsageError(std::string(mFunction.shortName) + ": " + parameter.length + ": " +
+                             std::to_string(*entries) + " entries are too many, " + std::to_string(kMostEntries) +
+                             " is the most");
         }
+        return std::max(kRoom, static_cast<std::size_t>(std::max<std::int64_t>(entries.value_or(0), 0)) *
+                                   sizeOf(parameter.values.scalar));
+    }
+
+    std::size_t roomFor(const wire::Parameter& parameter) const {
+        switch (parameter.values.kind) {
+        case wire::ValueKind::Array:
+            return roomForArray(parameter);
+        case wire::ValueKind::Record:
+            return parameter.values.record->size;
+        case wire::ValueKind::Single:
+            return sizeOf(parameter.values.scalar);
+        default:
+            return kRoom;
+        }
+    }
+
+    void makeRoomFor(const wire::Parameter& parameter, CallFrame::Storage& storage) {
         const wire::Record* const record = parameter.values.record;
         const bool isZeroed = (record != nullptr && holdsText(*record)) ||
                               parameter.values.scalar == wire::ScalarType::Byte ||
                               parameter.values.kind == wire::ValueKind::Text;
-        storage.bytes.assign(size, isZeroed ? 0 : kUntouched);
+        storage.bytes.assign(roomFor(parameter), isZeroed ? 0 : kUntouched);
         if (parameter.values.kind == wire::ValueKind::Text) {
             storage.bytes[0] = kUntouched;
         }

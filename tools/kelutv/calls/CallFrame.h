@@ -17,7 +17,7 @@ namespace kelutv::tool {
 /** The arguments of one call in memory, as the library sees them, and its result. */
 class CallFrame {
 public:
-    /** Bytes for one argument; output buffers have room for more than any answer can bring. */
+    /** Bytes for one argument; texts and arrays that come out have room for more than any answer can bring. */
     struct Storage {
         std::vector<std::uint8_t> bytes;
         bool isNull = false;
