@@ -68,10 +68,10 @@ void takePlace(std::vector<std::string>& words) {
 
 Exit runCommandLine(std::vector<std::string> words, const LimitTime& limitTime) {
     takePlace(words);
-    Context context{runCommandLine};
+    Context context{runCommandLine, makeProgram};
     context.output.json = asksForJson(words);
     Output::setWarningsAsJson(context.output.json);
-    Parser parser = makeProgram(context);
+    Parser parser = makeProgram(context, words);
     Subcommand(parser.program()).beforeAction([&] {
         if (!context.time) {
             context.time = timeOfEnvironment();

@@ -5,6 +5,8 @@
 #include "tools/kelutv/shell/LineEditor.h"
 #include "wire/text/Shown.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 
 namespace kelutv::tool {
@@ -42,32 +44,41 @@ void addGeneralOptions(const Subcommand& program, Context& context) {
         "Give up when it takes longer; without it, as long as KELUTV_TIMEOUT says");
 }
 
-void addCommands(const Command& program, Context& context) {
-    addStatusCommand(program, context);
-    addSourcesCommand(program, context);
-    addCecCommand(program, context);
-    addPowerCommand(program, context);
-    addGetCommand(program, context);
-    addSetCommand(program, context);
-    addListCommand(program, context);
-    addDescribeCommand(program, context);
-    addCallCommand(program, context);
-    addEncodeCommand(program, context);
-    addDecodeCommand(program, context);
-    addTraceCommand(program, context);
-    addMonitorCommand(program, context);
-    addWaitCommand(program, context);
-    addDoctorCommand(program, context);
-    addEepCommand(program, context);
-    addSimCommand(program, context);
-    addReplCommand(program, context);
-    addHelpCommand(program, context);
-    addCompleteCommand(program, context);
+struct NamedCommand {
+    const char* name;
+    void (*add)(const Command& program, Context& context);
+    /** It needs the other commands, too: it tells of them or runs them. */
+    bool looksAtAll = false;
+};
+
+/** In the order of the help. */
+constexpr NamedCommand kCommands[] = {
+    {"status", addStatusCommand},   {"sources", addSourcesCommand},   {"cec", addCecCommand},
+    {"power", addPowerCommand},     {"get", addGetCommand},           {"set", addSetCommand},
+    {"list", addListCommand},       {"describe", addDescribeCommand}, {"call", addCallCommand},
+    {"encode", addEncodeCommand},   {"decode", addDecodeCommand},     {"trace", addTraceCommand},
+    {"monitor", addMonitorCommand}, {"wait", addWaitCommand},         {"doctor", addDoctorCommand},
+    {"eep", addEepCommand},         {"sim", addSimCommand},           {"repl", addReplCommand, true},
+    {"help", addHelpCommand, true}, {"complete", addCompleteCommand},
+};
+
+/** Adds the one that the first word names, since to describe them takes time, or all. */
+void addCommands(const Command& program, Context& context, const std::vector<std::string>& words) {
+    const auto* const named =
+        std::find_if(std::begin(kCommands), std::end(kCommands),
+                     [&words](const NamedCommand& each) { return !words.empty() && words.front() == each.name; });
+    if (named != std::end(kCommands) && !named->looksAtAll) {
+        named->add(program, context);
+        return;
+    }
+    for (const NamedCommand& each : kCommands) {
+        each.add(program, context);
+    }
 }
 
 } // namespace
 
-Parser makeProgram(Context& context) {
+Parser makeProgram(Context& context, const std::vector<std::string>& words) {
     Parser parser("kelutv",
                   "Reads, changes and watches the television.\n\nExamples:\n"
                   "kelutv status\n"
@@ -76,7 +87,7 @@ Parser makeProgram(Context& context) {
                   "kelutv help set",
                   "kelutv " KELUTV_VERSION " (" + lineEditingText() + ')', kMoreHelp);
     const Subcommand program(parser.program());
-    addCommands(program, context);
+    addCommands(program, context, words);
     addGeneralOptions(program, context);
     program.footer(kExitCodes);
     return parser;

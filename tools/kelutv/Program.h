@@ -3,9 +3,12 @@
 #include "tools/kelutv/parser/Context.h"
 #include "tools/kelutv/parser/Parser.h"
 
+#include <string>
+#include <vector>
+
 namespace kelutv::tool {
 
-/** Makes the program of one command line: its commands, the options that all of them have, and its help. */
-Parser makeProgram(Context& context);
+/** The context's `MakeProgram`. */
+Parser makeProgram(Context& context, const std::vector<std::string>& words);
 
 } // namespace kelutv::tool

@@ -20,8 +20,16 @@ void printNames(const Output& output, const std::vector<std::string>& names) {
     output.document({{"completions", names}});
 }
 
+/** What the begun word of another command line may become, of which only the command that it names is described. */
+std::vector<std::string> completionsOfLine(const Context& context, const std::vector<std::string>& words,
+                                           const std::string& begun) {
+    Context other{context.runCommandLine, context.makeProgram};
+    const Parser parser = context.makeProgram(other, words);
+    return completionsOf(parser.program(), words, begun);
+}
+
 /** A line of the shell, which begins with the name of the program. */
-void completeLine(const Command& program, const Output& output, const std::string& line) {
+void completeLine(const Context& context, const std::string& line) {
     const LineTokens tokens = tokenizeUnfinished(line);
     if (tokens.complete.empty()) {
         return;
@@ -29,16 +37,16 @@ void completeLine(const Command& program, const Output& output, const std::strin
     const std::string& name = tokens.complete.front();
     const std::vector<std::string> words(tokens.complete.begin() + 1, tokens.complete.end());
     const bool isSimulator = name.substr(name.rfind('/') + 1) == kSimulator;
-    printNames(output, isSimulator ? narrowed(simulatorOptions(name, words, tokens.begun), tokens.begun)
-                                   : completionsOf(program, words, tokens.begun));
+    printNames(context.output, isSimulator ? narrowed(simulatorOptions(name, words, tokens.begun), tokens.begun)
+                                           : completionsOfLine(context, words, tokens.begun));
 }
 
-void completeWords(const Command& program, const Output& output, std::vector<std::string> words) {
+void completeWords(const Context& context, std::vector<std::string> words) {
     const std::string begun = words.empty() ? "" : words.back();
     if (!words.empty()) {
         words.pop_back();
     }
-    printNames(output, completionsOf(program, words, begun));
+    printNames(context.output, completionsOfLine(context, words, begun));
 }
 
 } // namespace
@@ -53,11 +61,11 @@ void addCompleteCommand(const Command& program, Context& context) {
     command.option("--line", *line, "LINE",
                    "The line up to the cursor, instead of words: one of kelutv or of kelutv-simulator");
     command.words("WORD", *words, "The words up to the cursor, behind --");
-    command.action([program, &context, command, line, words] {
+    command.action([&context, command, line, words] {
         if (command.isGiven("--line")) {
-            completeLine(program, context.output, *line);
+            completeLine(context, *line);
         } else {
-            completeWords(program, context.output, *words);
+            completeWords(context, *words);
         }
     });
 }
