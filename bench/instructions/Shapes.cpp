@@ -3,6 +3,7 @@
 #include <binder/IInterface.h>
 #include <kelutv/Audio.h>
 #include <kelutv/Factory.h>
+#include <kelutv/HdmiCEC.h>
 #include <kelutv/KeluEEP.h>
 #include <kelutv/Picture.h>
 #include <kelutv/SourceManager.h>
@@ -27,6 +28,8 @@ using android::TVBaseClient;
 constexpr int kItemValues = 255;
 constexpr int kChannel = KELU_TV_AUDIO_CHANNEL_SPEAKER;
 constexpr int kVolume = 35;
+/** A command that no operation sends, for the command call that none uses. */
+constexpr int kTextsCommand = 0x7F00;
 constexpr char kBarCode[] = "4006381333931";
 constexpr char kReply[] = "reply";
 
@@ -62,6 +65,16 @@ void curve(Parcel& reply) {
 void bytes(Parcel& reply) {
     reply.writeInt32(sizeof kReply);
     reply.write(kReply, sizeof kReply);
+}
+
+void devices(Parcel& reply) {
+    for (const int address : {4, 5}) {
+        reply.writeInt32(address);
+        reply.writeInt32(0);
+        reply.writeCString("A player with a long name");
+        reply.writeCString("1.0.0.0");
+        reply.writeCString("HDMI 1: a player with a long name");
+    }
 }
 
 /** What there is below the client: a finished request, and the service's proxy. */
@@ -116,6 +129,20 @@ bool readText() {
     return Factory::instance()->getBarCode(text) == 0 && std::strcmp(text, kBarCode) == 0;
 }
 
+bool writeTexts() {
+    return TVBaseClient::self()->exeCmdSet(kTextsCommand, "first", "second", "third", "a longer fourth") == 0;
+}
+
+bool writeBytes() {
+    char data[] = "tune";
+    return SystemSetting::instance()->dtvControl(9, data, sizeof data) == 0;
+}
+
+bool readRecords() {
+    std::vector<KELU_TV_CEC_DEVICE_INFO_SORTED_S> found;
+    return HdmiCEC::instance()->getDeviceListInfo(&found) == 0 && found.size() == 2;
+}
+
 bool exchangeBytes() {
     char input[] = "data";
     char output[64];
@@ -130,6 +157,7 @@ const std::vector<Shape>& everyShape() {
     static const std::vector<Shape> shapes{
         {"finished_request", CMD_AUDIO_SETVOLUME, transactFinished, nullptr},
         {"set_two_ints", CMD_AUDIO_SETVOLUME, [] { return linux_tv_Audio_setVolume(kChannel, kVolume) == 0; }, nullptr},
+        {"set_nothing", CMD_AUDIO_RESTORESOUNDSETS, [] { return Audio::instance()->restoreSoundSets() == 0; }, nullptr},
         {"get_int", CMD_AUDIO_GETVOLUME, [] { return linux_tv_Audio_getVolume(kChannel) == kVolume; }, number},
         {"set_item", CMD_AUDIO_COMMON_SET_ITEM_VALUE, [] { return linux_tv_Audio_setMaxVolume(kChannel, 80) == 0; },
          nullptr},
@@ -138,6 +166,9 @@ const std::vector<Shape>& everyShape() {
          item},
         {"text_in", CMD_SYSTEM_SETBOOTPICPATH,
          [] { return SystemSetting::instance()->setBootPicPath("/boot.png") == 0; }, nullptr},
+        {"texts_in", kTextsCommand, writeTexts, nullptr},
+        {"text_in_int_out", CMD_FACTORY_EXTERNAL_DEV_INSERT,
+         [] { return Factory::instance()->exDevInserted("usb") == kVolume; }, number},
         {"text_out", CMD_FACTORY_GETBARCODE, readText, barCode},
         {"texts_out", CMDID_AUDIO_GET_OUTPUT_LIST, [] { return Audio::instance()->getOutputList().size() == 2; },
          names},
@@ -148,12 +179,14 @@ const std::vector<Shape>& everyShape() {
          nullptr},
         {"record_out", CMD_SOURCE_GETTIMMINGINFO,
          [] { return SourceManager::instance()->getTimingInfo().frameRate == 3; }, numbers<9>},
+        {"records_out", CMD_CEC_GETDEVICELISTALLINFO, readRecords, devices},
         {"block_in", CMD_SYSTEM_SETFLASHEEPMULTI, writeBlock, nullptr},
         {"block_out", CMD_SYSTEM_GETFLASHEEPMULTI, readBlock, numbers<16>},
         {"list_out", CMD_PICTURE_GETPICMODEENABLE, [] { return Picture::instance()->getPicModeEnable(3).size() == 5; },
          numbers<5>},
         {"list_in_buffer", CMD_FACTORY_GET_CTL_VOLUME, readListInBuffer, countedNumbers<3>},
         {"doubles_out", CMD_FACTORY_GETSOUNDCURVE, readDoubles, curve},
+        {"bytes_in", CMD_SYSTEM_DTV_CHANGE_CHANNEL, writeBytes, nullptr},
         {"bytes_in_and_out", CMD_SYSTEM_DTV_CMD_TO_TV, exchangeBytes, bytes},
     };
     return shapes;
