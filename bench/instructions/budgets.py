@@ -32,6 +32,8 @@ def arguments() -> argparse.Namespace:
     parser.add_argument("--table", type=Path, default=BUDGETS, metavar="FILE", help="another table of budgets")
     what = parser.add_mutually_exclusive_group()
     what.add_argument("--update", action="store_true", help="write the table anew, of what is measured now")
+    what.add_argument("--times", action="store_true",
+                      help="take the processor's time of the tool's commands instead, which other load disturbs")
     what.add_argument("--profile", metavar="ROW", help="print the functions of one row with their own instructions")
     return parser.parse_args()
 
@@ -48,6 +50,12 @@ def print_rows(rows: dict[str, table.Row]) -> None:
         print(f"{name:<18}" + "".join(f" {count:>12,} {figure}" for figure, count in row.figures.items()))
 
 
+def print_times(times: dict[str, float]) -> int:
+    for name, time in times.items():
+        print(f"{name:<18} {time:12.1f} ms, at most {measure.COMMANDS[name].milliseconds}")
+    return 1 if any(time > measure.COMMANDS[name].milliseconds for name, time in times.items()) else 0
+
+
 def main() -> int:
     asked = arguments()
     programs = {name: asked.build / path for name, path in {
@@ -59,6 +67,8 @@ def main() -> int:
         if not program.exists():
             raise measure.MeasureError(f"there is no {program}; build it first, see --help")
     with measure.surroundings() as (environment, folder):
+        if asked.times:
+            return print_times(measure.times(programs["simulator"], programs["tool"], environment))
         calls = measure.calls(programs["shapes"], environment, folder)
         commands = measure.commands(programs["simulator"], programs["tool"], environment, folder)
     if asked.profile:

@@ -2,14 +2,17 @@
 
 from __future__ import annotations
 
+import os
 import re
 import shutil
 import subprocess
 import tempfile
 from collections.abc import Iterator
 from contextlib import contextmanager
+from dataclasses import dataclass
 from functools import reduce
 from pathlib import Path
+from statistics import median
 
 import callgrind
 from callgrind import Counts, Dump
@@ -17,10 +20,22 @@ from table import Row, summed
 
 PATIENCE = 120
 FINISHED = "finished_request"
+# How often a command runs for its time.
+RUNS = 41
+
+
+@dataclass(frozen=True)
+class Command:
+    """A command of the tool, and how much of the processor's time it may take on a computer."""
+
+    words: list[str]
+    milliseconds: float
+
+
 COMMANDS = {
-    "tool_get": ["get", "volume"],
-    "tool_status": ["status"],
-    "tool_complete": ["complete", "--line", "kelutv get vol"],
+    "tool_get": Command(["get", "volume"], 8),
+    "tool_status": Command(["status"], 12),
+    "tool_complete": Command(["complete", "--line", "kelutv get vol"], 5),
 }
 
 
@@ -64,8 +79,10 @@ def count(command: list[str], environment: dict[str, str], folder: Path) -> list
 
 def calls(program: Path, environment: dict[str, str], folder: Path) -> dict[str, Counts]:
     """What one call of each shape costs the thread that makes it, without the measuring program itself."""
-    with serving([str(program), "serve"], environment):
-        dumps = count([str(program), "call"], environment, folder)
+    # Lines of the log are no part of a call.
+    quiet = {**environment, "KQLOG_LEVEL": "w"}
+    with serving([str(program), "serve"], quiet):
+        dumps = count([str(program), "call"], quiet, folder)
     runs: dict[str, dict[int, Counts]] = {}
     for dump in dumps:
         if dump.name and dump.thread == 1:
@@ -93,12 +110,30 @@ def call_rows(costs: dict[str, Counts]) -> dict[str, Row]:
 def commands(simulator: Path, tool: Path, environment: dict[str, str], folder: Path) -> dict[str, Counts]:
     """What commands of the tool cost from their start to their end, in all threads."""
     with serving([str(simulator)], environment):
-        runs = {name: count([str(tool), *words], environment, folder) for name, words in COMMANDS.items()}
+        runs = {name: count([str(tool), *command.words], environment, folder) for name, command in COMMANDS.items()}
     return {name: reduce(Counts.plus, [dump.counts for dump in dumps]) for name, dumps in runs.items()}
 
 
 def command_rows(costs: dict[str, Counts]) -> dict[str, Row]:
     return {name: Row({"instructions": cost.instructions}, summed(cost)) for name, cost in costs.items()}
+
+
+def processor_time(command: list[str], environment: dict[str, str]) -> float:
+    """The milliseconds of one run, of the program and of the kernel for it."""
+    nowhere = subprocess.DEVNULL
+    process = subprocess.Popen(command, env=environment, stdin=nowhere, stdout=nowhere, stderr=nowhere)
+    _, status, usage = os.wait4(process.pid, 0)
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode != 0:
+        raise MeasureError(f"{' '.join(command)} ended with {process.returncode}")
+    return (usage.ru_utime + usage.ru_stime) * 1000
+
+
+def times(simulator: Path, tool: Path, environment: dict[str, str]) -> dict[str, float]:
+    """The median of the milliseconds that each command takes."""
+    with serving([str(simulator)], environment):
+        return {name: median(processor_time([str(tool), *command.words], environment) for _ in range(RUNS))
+                for name, command in COMMANDS.items()}
 
 
 @contextmanager
@@ -109,7 +144,6 @@ def surroundings() -> Iterator[tuple[dict[str, str], Path]]:
             "PATH": "/usr/bin:/bin",
             "KQDROID_RUNTIME_DIR": runtime,
             "KQDROID_TRANSPORT": "sockets",
-            "KQLOG_LEVEL": "w",
             # The string functions that every processor of the kind has: others count bytes that they fill at once.
             "GLIBC_TUNABLES": "glibc.cpu.hwcaps=-AVX2,-ERMS,-FSRM",
         }, Path(dumps)
