@@ -8,6 +8,7 @@
 #include "wire/text/Shown.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace kelutv::tool {
 
@@ -221,9 +222,10 @@ std::vector<Setting> versionSettings() {
 
 std::vector<Setting> allSettings() {
     std::vector<Setting> all;
-    for (const auto& part :
-         {sourceSettings(), soundSettings(), pictureSettings(), systemSettings(), hotelSettings(), versionSettings()}) {
-        all.insert(all.end(), part.begin(), part.end());
+    for (const auto settingsOfPart :
+         {sourceSettings, soundSettings, pictureSettings, systemSettings, hotelSettings, versionSettings}) {
+        std::vector<Setting> part = settingsOfPart();
+        std::move(part.begin(), part.end(), std::back_inserter(all));
     }
     return all;
 }
