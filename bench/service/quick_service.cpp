@@ -1,6 +1,8 @@
 // The service that is measured against: answers at once, with as little work of its own as can be. Every command
 // succeeds; transaction 2 ends the process.
 
+#include "Commands.h"
+
 #include <binder/Binder.h>
 #include <binder/IPCThreadState.h>
 #include <binder/IServiceManager.h>
@@ -12,11 +14,22 @@
 
 #include <csignal>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
 constexpr int kItemValues = 255;
+constexpr int kLargestReply = 1024 * 1024;
 constexpr uint32_t kEnd = android::IBinder::FIRST_CALL_TRANSACTION + 1;
+
+/** Goes on behind the result up to `bytes`. */
+android::status_t fill(int bytes, android::Parcel* reply) {
+    static const std::vector<char> zeros(kLargestReply);
+    if (bytes < static_cast<int>(sizeof(int32_t)) || bytes > kLargestReply) {
+        return android::BAD_VALUE;
+    }
+    return reply->write(zeros.data(), static_cast<size_t>(bytes) - sizeof(int32_t));
+}
 
 class QuickService : public android::BBinder {
 protected:
@@ -33,10 +46,13 @@ protected:
             return android::PERMISSION_DENIED;
         }
         reply->writeInt32(0);
-        if (data.readInt32() == CMD_AUDIO_COMMON_GET_ITEM_VALUE) {
+        const int command = data.readInt32();
+        if (command == CMD_AUDIO_COMMON_GET_ITEM_VALUE) {
             for (int value = 0; value < kItemValues; ++value) {
                 reply->writeInt32(value);
             }
+        } else if (command == kelutv::bench::kReplyOfSize) {
+            return fill(data.readInt32(), reply);
         }
         return android::NO_ERROR;
     }

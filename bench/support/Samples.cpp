@@ -5,10 +5,10 @@
 namespace kelutv::bench {
 
 double Samples::percentile(double share) const {
-    if (mMicroseconds.empty()) {
+    if (mSamples.empty()) {
         return 0;
     }
-    std::vector<double> sorted = mMicroseconds;
+    std::vector<double> sorted = mSamples;
     const auto last = static_cast<double>(sorted.size() - 1);
     const auto at = sorted.begin() + static_cast<std::ptrdiff_t>(share * last);
     std::nth_element(sorted.begin(), at, sorted.end());

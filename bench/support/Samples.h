@@ -6,10 +6,13 @@
 
 namespace kelutv::bench {
 
-/** The times of one kind of call. */
+/** What was measured again and again. */
 class Samples {
 public:
-    /** A few calls in a row; the first, which still pays for what ran before it, is not counted. */
+    void add(double sample) { mSamples.push_back(sample); }
+
+    /** A few calls in a row, each in microseconds; the first, which still pays for what ran before it, is not counted.
+     */
     template <typename Call> void time(Call&& call) {
         call();
         for (int i = 0; i < kCallsInARow; ++i) {
@@ -17,8 +20,9 @@ public:
         }
     }
 
-    /** The time in microseconds that the given share of the calls stayed within, 0.5 for the median. */
+    /** What the given share of the samples stayed within, 0.5 for the median; 0 when there are none. */
     double percentile(double share) const;
+    double median() const { return percentile(0.5); }
 
 private:
     static constexpr int kCallsInARow = 4;
@@ -27,10 +31,10 @@ private:
         const auto start = std::chrono::steady_clock::now();
         call();
         const std::chrono::duration<double, std::micro> taken = std::chrono::steady_clock::now() - start;
-        mMicroseconds.push_back(taken.count());
+        add(taken.count());
     }
 
-    std::vector<double> mMicroseconds;
+    std::vector<double> mSamples;
 };
 
 } // namespace kelutv::bench
