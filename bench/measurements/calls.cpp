@@ -102,7 +102,8 @@ private:
     Service mService;
     std::unique_ptr<Peer> mBare = makeBareExchange(kSetVolumeRequest, kStatusReply);
     std::unique_ptr<Peer> mBareItem = makeBareExchange(kItemRequest, kItemReply);
-    std::vector<std::unique_ptr<Peer>> mPeers = makePeers();
+    // They go over sockets.
+    std::vector<std::unique_ptr<Peer>> mPeers = throughKernel() ? std::vector<std::unique_ptr<Peer>>() : makePeers();
     Parcel mRequest;
     int mItems[255] = {};
     std::vector<Kind> mKinds;

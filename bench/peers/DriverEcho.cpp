@@ -10,7 +10,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace kelutv::bench {
@@ -18,7 +19,8 @@ namespace kelutv::bench {
 namespace {
 
 constexpr const char* kDevice = "/dev/binder-bench";
-constexpr size_t kMemory = 1024 * 1024;
+constexpr size_t kMemory = 4 * 1024 * 1024;
+constexpr size_t kLargestReply = 1024 * 1024;
 
 /** Commands for the driver, and what it returns. */
 class Conversation {
@@ -86,15 +88,16 @@ int openDevice() {
     return device;
 }
 
-binder_transaction_data messageOf(const std::vector<uint8_t>& bytes) {
+binder_transaction_data messageOf(const std::vector<uint8_t>& bytes, size_t size) {
     binder_transaction_data message{};
-    message.data_size = bytes.size();
+    message.data_size = size;
     message.data.ptr.buffer = reinterpret_cast<uintptr_t>(bytes.data());
     return message;
 }
 
-void answer(size_t replyBytes, int ready) {
-    const std::vector<uint8_t> reply(replyBytes);
+/** The code of a transaction says how many bytes the reply has. */
+void answer(int ready) {
+    const std::vector<uint8_t> reply(kLargestReply);
     const int device = openDevice();
     int unused = 0;
     require(::ioctl(device, BINDER_SET_CONTEXT_MGR, &unused) == 0, kDevice);
@@ -104,15 +107,25 @@ void answer(size_t replyBytes, int ready) {
     for (;;) {
         const binder_transaction_data request = conversation.exchange(BR_TRANSACTION);
         conversation.add(BC_FREE_BUFFER, request.data.ptr.buffer);
-        conversation.add(BC_REPLY, messageOf(reply));
+        conversation.add(BC_REPLY, messageOf(reply, std::min<size_t>(request.code, reply.size())));
     }
 }
 
 } // namespace
 
-DriverEcho::DriverEcho(size_t requestBytes, size_t replyBytes) : mRequest(requestBytes) {
+std::shared_ptr<DriverEcho> DriverEcho::shared() {
+    static std::weak_ptr<DriverEcho> known;
+    std::shared_ptr<DriverEcho> echo = known.lock();
+    if (echo == nullptr) {
+        echo = std::make_shared<DriverEcho>();
+        known = echo;
+    }
+    return echo;
+}
+
+DriverEcho::DriverEcho() {
     const int ready = ::eventfd(0, EFD_CLOEXEC);
-    mAnswerer.emplace([replyBytes, ready] { answer(replyBytes, ready); });
+    mAnswerer.emplace([ready] { answer(ready); });
     eventfd_t value = 0;
     require(::eventfd_read(ready, &value) == 0, "eventfd");
     ::close(ready);
@@ -121,12 +134,14 @@ DriverEcho::DriverEcho(size_t requestBytes, size_t replyBytes) : mRequest(reques
 
 DriverEcho::~DriverEcho() { ::close(mDevice); }
 
-void DriverEcho::roundTrip() {
+void DriverEcho::roundTrip(const std::vector<uint8_t>& request, size_t replyBytes) {
     Conversation conversation(mDevice);
     if (mReceived != 0) {
         conversation.add(BC_FREE_BUFFER, mReceived);
     }
-    conversation.add(BC_TRANSACTION, messageOf(mRequest));
+    binder_transaction_data message = messageOf(request, request.size());
+    message.code = static_cast<uint32_t>(replyBytes);
+    conversation.add(BC_TRANSACTION, message);
     mReceived = conversation.exchange(BR_REPLY).data.ptr.buffer;
 }
 

@@ -24,14 +24,16 @@ private:
 
 class DriverExchange : public Peer {
 public:
-    DriverExchange(size_t requestBytes, size_t replyBytes) : mEcho(requestBytes, replyBytes) {}
+    DriverExchange(size_t requestBytes, size_t replyBytes) : mRequest(requestBytes), mReplyBytes(replyBytes) {}
 
-    void call() override { mEcho.roundTrip(); }
+    void call() override { mEcho->roundTrip(mRequest, mReplyBytes); }
     const char* name() const override { return "bare"; }
-    pid_t process() const override { return mEcho.process(); }
+    pid_t process() const override { return mEcho->process(); }
 
 private:
-    DriverEcho mEcho;
+    const std::shared_ptr<DriverEcho> mEcho = DriverEcho::shared();
+    const std::vector<uint8_t> mRequest;
+    const size_t mReplyBytes;
 };
 
 } // namespace

@@ -167,7 +167,7 @@ int main() {
     mountAt("sysfs", "/sys");
     ::mkdir("/tmp", 0755);
     ::chmod("/tmp", 01777);
-    loadModule("/machine/binder_linux.ko", "devices=binder");
+    loadModule("/machine/binder_linux.ko", "devices=binder,binder-bench");
     require(::chmod("/dev/binder", 0666) == 0, "/dev/binder");
     printMemory();
     std::ifstream tests("/machine/tests");

@@ -208,10 +208,24 @@ def kernel_of(architecture, directory):
     return kernel
 
 
-def boot(plan, kernel, image, log):
+def pack(plan, kernel, work):
+    """Puts all that the machine needs into one file of the folder: the file, and the sizes in words."""
+    packer = Packer(MACHINES[plan["architecture"]], work)
+    packer.add("/init", packer.stripped(plan["init"]))
+    packer.add("/machine/binder_linux.ko", read(os.path.join(kernel, "binder_linux.ko")))
+    packer.add("/machine/tests", "".join(line + "\n" for line in plan["tests"]).encode())
+    for program in plan["programs"]:
+        packer.add_program(program)
+    image = os.path.join(work, "initramfs")
+    packer.write(image)
+    return image, f"{packer.size() / 1e6:.0f} MB of files, {os.path.getsize(image) / 1e6:.0f} MB packed"
+
+
+def boot(plan, kernel, image, log, *options):
+    """What the machine prints; `options` are further ones for the emulator."""
     machine = MACHINES[plan["architecture"]]
     parameters = f"console={machine['console']} quiet loglevel=4 panic=-1 oops=panic rootfstype=ramfs"
-    command = [*machine["command"], "-nodefaults", "-display", "none", "-serial", "stdio", "-no-reboot",
+    command = [*machine["command"], *options, "-nodefaults", "-display", "none", "-serial", "stdio", "-no-reboot",
                "-kernel", os.path.join(kernel, "vmlinuz"), "-initrd", image, "-append", parameters]
     return console_of(command, log)
 
@@ -226,15 +240,7 @@ def run(directory, logs):
     start = time.monotonic()
     with tempfile.TemporaryDirectory() as work, \
             open(os.path.join(logs, f"machine-{plan['architecture']}.log"), "wb") as log:
-        packer = Packer(machine, work)
-        packer.add("/init", packer.stripped(plan["init"]))
-        packer.add("/machine/binder_linux.ko", read(os.path.join(kernel, "binder_linux.ko")))
-        packer.add("/machine/tests", "".join(line + "\n" for line in plan["tests"]).encode())
-        for program in plan["programs"]:
-            packer.add_program(program)
-        image = os.path.join(work, "initramfs")
-        packer.write(image)
-        sizes = f"{packer.size() / 1e6:.0f} MB of files, {os.path.getsize(image) / 1e6:.0f} MB packed"
+        image, sizes = pack(plan, kernel, work)
         console = boot(plan, kernel, image, log)
     names = [line.split()[0] for line in plan["tests"]]
     count = judge(console, names)
