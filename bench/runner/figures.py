@@ -52,7 +52,7 @@ def computer() -> dict[str, Any]:
         "memory_gib": round(os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2**30),
         "virtual": "hypervisor" in first_match("/proc/cpuinfo", r"^flags\s*:\s*(.*)$").split(),
         "system": first_match("/etc/os-release", r'^PRETTY_NAME="?([^"\n]*)'),
-        "kernel": platform.release(),
+        "kernel": platform.release().split("-")[0],
     }
 
 
