@@ -55,18 +55,47 @@ private:
     std::string mPath;
 };
 
+// The process group of the measurement under way, and whether a signal has ended it.
+volatile std::sig_atomic_t underWay = 0;
+volatile std::sig_atomic_t ended = 0;
+
+void endMeasurement(int) {
+    ended = 1;
+    if (underWay > 0) {
+        // It may not have a group of its own yet.
+        ::kill(underWay, SIGKILL);
+        ::kill(-underWay, SIGKILL);
+    }
+}
+
+/** Has signals end the measurement, so that its folder is removed. */
+void endOrderly() {
+    struct sigaction action {};
+    action.sa_handler = endMeasurement;
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGINT, &action, nullptr);
+    ::sigaction(SIGTERM, &action, nullptr);
+}
+
 bool run(const Measurement& measurement, Extent extent) {
     const Folder folder;
     Child process([&] {
         // A group of its own, which ends as a whole when something goes wrong.
         ::setpgid(0, 0);
+        ::signal(SIGTERM, SIG_DFL);
+        ::signal(SIGINT, SIG_DFL);
         ::alarm(kMostSeconds);
         ::setenv("KQDROID_RUNTIME_DIR", folder.path().c_str(), 1);
         ::setenv("KQDROID_SERVICE_WAIT_MS", "5000", 1);
         ::unsetenv("KQDROID_BINDER_DEVICE");
         measurement.run(extent);
     });
+    underWay = process.process();
+    if (ended != 0) {
+        endMeasurement(0);
+    }
     const int status = process.wait();
+    underWay = 0;
     if (status != 0) {
         std::fprintf(stderr, "kelutv-bench: %s has failed%s\n", measurement.name,
                      WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM ? ": it took too long" : "");
@@ -85,6 +114,7 @@ std::vector<std::string> measurementNames() {
 }
 
 bool measure(const std::vector<std::string>& names, Extent extent) {
+    endOrderly();
     return std::all_of(names.begin(), names.end(), [extent](const std::string& name) {
         const auto* const found = std::find_if(kMeasurements.begin(), kMeasurements.end(),
                                                [&name](const Measurement& one) { return one.name == name; });

@@ -33,9 +33,8 @@ def leaves(figures: Figures, path: str = "") -> Iterator[tuple[str, float]]:
 
 def run(*arguments: str, **settings: str) -> subprocess.CompletedProcess[str]:
     environment = os.environ | {"KQDROID_TRANSPORT": "sockets"} | settings
-    return subprocess.run(
-        [PROGRAM, *arguments], env=environment, capture_output=True, text=True, timeout=PATIENCE, check=False
-    )
+    command = [PROGRAM, *arguments]
+    return subprocess.run(command, env=environment, capture_output=True, text=True, timeout=PATIENCE, check=False)
 
 
 class BenchRuns(unittest.TestCase):
@@ -73,6 +72,20 @@ class BenchRuns(unittest.TestCase):
         self.assertIn("kelutv-bench: events has failed", done.stderr)
         self.assertNotIn("idle", done.stdout)
         self.assertEqual(list(folder.iterdir()), [])
+
+    def test_a_signal_ends_a_measurement_with_all_that_it_made(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            environment = os.environ | {"TMPDIR": folder}
+            command = [PROGRAM, "events"]
+            with subprocess.Popen(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as bench:
+                assert bench.stdout is not None
+                self.assertTrue(bench.stdout.readline().startswith("events/all_fast/1/"))
+                bench.terminate()
+                # The ends of its pipes close with its last process.
+                _, errors = bench.communicate(timeout=PATIENCE)
+            self.assertEqual(bench.returncode, 1)
+            self.assertIn("kelutv-bench: events has failed\n", errors)
+            self.assertEqual(os.listdir(folder), [])
 
 
 if __name__ == "__main__":
