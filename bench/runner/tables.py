@@ -21,6 +21,7 @@ KINDS = {
     "bare_item": "bare exchange of 1 KiB",
     "item_read": "a read of 255 ints",
 }
+TRANSPORTS = {"sockets": "sockets", "driver": "the kernel's driver"}
 PLACES = {"same_core": "one core", "two_cores": "a core for each side"}
 
 
@@ -61,13 +62,22 @@ def calls_table(calls: Figures) -> str:
     return table(head, rows)
 
 
-def driver_table(driver: Figures) -> str:
-    rows = [
-        [words, number(driver[kind]["instructions"]), ratio(driver[kind]["ratio_to_bare"])]
-        for kind, words in KINDS.items()
-        if kind in driver
-    ]
-    return table(["one call over the kernel's driver", "instructions", "/ bare"], rows)
+def instructions_table(counted: Figures) -> str:
+    """A row for each kind of call, and one for the first; peers go over sockets alone."""
+    head = ["instructions of a call, both sides and the kernel"]
+    for transport in TRANSPORTS:
+        head += [TRANSPORTS[transport], "/ bare"]
+    rows = []
+    for kind in (kind for kind in KINDS if kind in counted["sockets"]["calls"]):
+        cells = [KINDS[kind]]
+        for transport in TRANSPORTS:
+            figures = counted[transport]["calls"].get(kind)
+            cells += [number(figures["instructions"]), ratio(figures["ratio_to_bare"])] if figures else ["", ""]
+        rows.append(cells)
+    cells = ["`main` to the first answer"]
+    for transport in TRANSPORTS:
+        cells += [number(counted[transport]["first_answer"]["library"]), ""]
+    return table(head, [*rows, cells])
 
 
 def in_order(counts: Figures) -> list[str]:
@@ -138,7 +148,7 @@ def idle_words(idle: Figures) -> str:
 
 PARTS: dict[str, Callable[[Figures], str]] = {
     "calls": calls_table,
-    "driver": driver_table,
+    "instructions": instructions_table,
     "threads": lambda counts: rates_table("threads", counts),
     "clients": lambda counts: rates_table("client processes", counts),
     "replies": replies_table,
@@ -147,7 +157,7 @@ PARTS: dict[str, Callable[[Figures], str]] = {
     "idle": idle_words,
 }
 # The pages that show figures, and of which measurements.
-PAGES = {"README.md": ("calls", "driver", "first_answer", "idle"), "docs/speed.md": tuple(PARTS)}
+PAGES = {"README.md": ("calls", "instructions", "first_answer", "idle"), "docs/speed.md": tuple(PARTS)}
 
 
 def computer_words(computer: dict[str, Any]) -> str:

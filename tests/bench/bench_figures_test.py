@@ -12,8 +12,8 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent.parent
 sys.path.insert(0, str(ROOT / "bench" / "runner"))
 
-import driver  # noqa: E402
 import figures  # noqa: E402
+import instructions  # noqa: E402
 import picture  # noqa: E402
 import tables  # noqa: E402
 
@@ -58,17 +58,28 @@ Linux 6.1.0:
 A client that is connected and calls nothing costs the service 2.36 KiB, 2 descriptors and
 0 threads, measured with 200 of them.
 """
-CONSOLE = """\
-machine: start driver
+RUN = """\
+machine: start {0}
 D/TvbaseClient something is said
-calls/same_core/bare/p50_us 24.049
+calls/same_core/bare/p50_us {1}
 calls/same_core/bare/p99_us 25
 calls/same_core/bare/ratio_to_bare 1
 calls/same_core/set_volume/p50_us 26.4539
 calls/same_core/set_volume/p99_us 30
 calls/same_core/set_volume/ratio_to_bare 1.1
-machine: end driver exit 0 after 1.1 s
-machine: done
+first_answer/bare/exec_to_main_us 1000
+first_answer/bare/main_to_answer_us 50.25
+first_answer/library/main_to_answer_us 500
+first_answer/bound_early/main_to_answer_us 400.5
+machine: end {0} exit 0 after 1.1 s
+"""
+CONSOLE = RUN.format("sockets", "12.5") + RUN.format("driver", "24.049") + "machine: done\n"
+COUNTED = """\
+| instructions of a call, both sides and the kernel | sockets | / bare | the kernel's driver | / bare |
+| --- | ---: | ---: | ---: | ---: |
+| bare exchange | 12,500 | 1.00 | 24,049 | 1.00 |
+| `linux_tv_Audio_setVolume` | 26,454 | 1.10 | 26,454 | 1.10 |
+| `main` to the first answer | 500,000 |  | 500,000 |  |
 """
 
 
@@ -108,16 +119,17 @@ class Lines(unittest.TestCase):
             tables.section_of(tables.END + tables.BEGIN)
 
     def test_instructions_of_the_machine(self) -> None:
-        kinds = {
-            "bare": {"instructions": 24049, "ratio_to_bare": 1.0},
-            "set_volume": {"instructions": 26454, "ratio_to_bare": 1.1},
-        }
-        self.assertEqual(driver.figures_in(CONSOLE), kinds)
+        counted = instructions.figures_in(CONSOLE)
+        set_volume = {"instructions": 26454, "ratio_to_bare": 1.1}
+        calls = {"bare": {"instructions": 24049, "ratio_to_bare": 1.0}, "set_volume": set_volume}
+        first = {"bare": 50250, "library": 500000, "bound_early": 400500}
+        self.assertEqual(counted["driver"], {"calls": calls, "first_answer": first})
+        self.assertEqual(tables.instructions_table(counted), COUNTED)
 
     def test_a_machine_that_has_not_measured(self) -> None:
-        for console in (CONSOLE.replace("exit 0", "exit 1"), "machine: start driver\n", ""):
+        for console in (CONSOLE.replace("exit 0", "exit 1"), RUN.format("sockets", "12.5"), "machine: start sockets\n", ""):
             with self.assertRaises(figures.BenchError):
-                driver.figures_in(console)
+                instructions.figures_in(console)
 
 
 class Script(unittest.TestCase):
@@ -133,7 +145,7 @@ class Script(unittest.TestCase):
         self.assertIn(complaint, done.stderr)
 
     def test_an_unknown_measurement(self) -> None:
-        self.assert_refused("bench: 'speed' is no measurement; they are calls, driver, threads,", "speed")
+        self.assert_refused("bench: 'speed' is no measurement; they are calls, instructions, threads,", "speed")
 
     def test_files_that_hold_no_figures(self) -> None:
         missing = self.folder / "missing.json"

@@ -18,7 +18,7 @@ from tables import PARTS  # noqa: E402
 PROGRAM = sys.argv[1]
 PATIENCE = 100
 # Made by scripts/bench in a virtual machine.
-ELSEWHERE = {"driver"}
+ELSEWHERE = {"instructions"}
 # The only ones that may be nothing or, as differences, less.
 FREE = ("threads_per_client", "memory_kib_per_client", "loader_part_us")
 
