@@ -87,6 +87,8 @@ bool run(const Measurement& measurement, Extent extent) {
         ::alarm(kMostSeconds);
         ::setenv("KQDROID_RUNTIME_DIR", folder.path().c_str(), 1);
         ::setenv("KQDROID_SERVICE_WAIT_MS", "5000", 1);
+        // Rather than what the system has: it says which bare exchange there is.
+        ::setenv("KQDROID_TRANSPORT", "sockets", 0);
         ::unsetenv("KQDROID_BINDER_DEVICE");
         measurement.run(extent);
     });

@@ -20,15 +20,24 @@ def digest_of(document: Figures) -> str:
     return hashlib.sha256(text_of(document).encode()).hexdigest()
 
 
+def draw_bars(axes: Any, values: dict[str, float], form: str, title: str) -> None:
+    colors = [SERIES["library" if kind == "set_volume" else "bare"] for kind in values]
+    bars = axes.bar([BARS[kind] for kind in values], list(values.values()), color=colors)
+    axes.bar_label(bars, [form.format(value) for value in values.values()])
+    axes.set(title=title)
+    axes.margins(y=0.15)
+
+
 def draw_calls(axes: Any, calls: Figures) -> None:
     here = calls["same_core"]
-    kinds = [kind for kind in BARS if kind in here]
-    values = [here[kind]["p50_us"] for kind in kinds]
-    colors = [SERIES["library" if kind == "set_volume" else "bare"] for kind in kinds]
-    bars = axes.bar([BARS[kind] for kind in kinds], values, color=colors)
-    axes.bar_label(bars, [f"{value:.1f}" for value in values])
-    axes.set(title="One call, both sides on one core (us)")
-    axes.margins(y=0.15)
+    values = {kind: here[kind]["p50_us"] for kind in BARS if kind in here}
+    draw_bars(axes, values, "{:.1f}", "One call, both sides on one core (us)")
+
+
+def draw_instructions(axes: Any, counted: Figures) -> None:
+    here = counted["sockets"]["calls"]
+    values = {kind: here[kind]["instructions"] for kind in BARS if kind in here}
+    draw_bars(axes, values, "{:,}", "Instructions of one call, both sides and the kernel")
 
 
 def draw_lines(axes: Any, counts: Figures, unit: str, title: str, across: str) -> None:
@@ -82,6 +91,7 @@ def draw_first_answer(axes: Any, first: Figures) -> None:
 
 DRAWN: dict[str, Callable[[Any, Figures], None]] = {
     "calls": draw_calls,
+    "instructions": draw_instructions,
     "threads": draw_threads,
     "clients": draw_clients,
     "replies": draw_replies,

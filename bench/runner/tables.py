@@ -157,7 +157,7 @@ PARTS: dict[str, Callable[[Figures], str]] = {
     "idle": idle_words,
 }
 # The pages that show figures, and of which measurements.
-PAGES = {"README.md": ("calls", "instructions", "first_answer", "idle"), "docs/speed.md": tuple(PARTS)}
+PAGES = {"README.md": ("calls", "instructions", "threads", "first_answer", "idle"), "docs/speed.md": tuple(PARTS)}
 
 
 def computer_words(computer: dict[str, Any]) -> str:
