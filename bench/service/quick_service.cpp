@@ -14,6 +14,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <numeric>
 #include <vector>
 
 namespace {
@@ -21,6 +22,15 @@ namespace {
 constexpr int kItemValues = 255;
 constexpr int kLargestReply = 1024 * 1024;
 constexpr uint32_t kEnd = android::IBinder::FIRST_CALL_TRANSACTION + 1;
+
+android::status_t writeItem(android::Parcel* reply) {
+    static const std::vector<int32_t> values = [] {
+        std::vector<int32_t> ascending(kItemValues);
+        std::iota(ascending.begin(), ascending.end(), 0);
+        return ascending;
+    }();
+    return reply->write(values.data(), values.size() * sizeof(int32_t));
+}
 
 /** Goes on behind the result up to `bytes`. */
 android::status_t fill(int bytes, android::Parcel* reply) {
@@ -48,10 +58,9 @@ protected:
         reply->writeInt32(0);
         const int command = data.readInt32();
         if (command == CMD_AUDIO_COMMON_GET_ITEM_VALUE) {
-            for (int value = 0; value < kItemValues; ++value) {
-                reply->writeInt32(value);
-            }
-        } else if (command == kelutv::bench::kReplyOfSize) {
+            return writeItem(reply);
+        }
+        if (command == kelutv::bench::kReplyOfSize) {
             return fill(data.readInt32(), reply);
         }
         return android::NO_ERROR;
