@@ -158,7 +158,8 @@ class Script(unittest.TestCase):
         part = self.folder / "part.json"
         document = {"computer": COMPUTER, "extent": "full", "figures": figures.read_lines(LINES)}
         part.write_text(json.dumps(document), encoding="utf-8")
-        self.assert_refused("the pages take figures of a full run of all measurements alone", "--readme", "--from", str(part))
+        complaint = "the pages take figures of a full run of all measurements alone"
+        self.assert_refused(complaint, "--readme", "--from", str(part))
 
 
 if __name__ == "__main__":

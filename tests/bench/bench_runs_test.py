@@ -56,10 +56,8 @@ class BenchRuns(unittest.TestCase):
     def test_an_unknown_measurement(self) -> None:
         done = run("--quick", "calls", "speed")
         self.assertEqual((done.returncode, done.stdout), (2, ""))
-        self.assertEqual(
-            done.stderr,
-            "kelutv-bench: 'speed' is no measurement; they are calls, threads, clients, replies, events, idle, first_answer\n",
-        )
+        names = "calls, threads, clients, replies, events, idle, first_answer"
+        self.assertEqual(done.stderr, f"kelutv-bench: 'speed' is no measurement; they are {names}\n")
 
     def test_a_measurement_that_fails(self) -> None:
         # A folder whose path is too long for sockets.
@@ -76,8 +74,8 @@ class BenchRuns(unittest.TestCase):
     def test_a_signal_ends_a_measurement_with_all_that_it_made(self) -> None:
         with tempfile.TemporaryDirectory() as folder:
             environment = os.environ | {"TMPDIR": folder}
-            command = [PROGRAM, "events"]
-            with subprocess.Popen(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as bench:
+            pipes = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE}
+            with subprocess.Popen([PROGRAM, "events"], env=environment, text=True, **pipes) as bench:
                 assert bench.stdout is not None
                 self.assertTrue(bench.stdout.readline().startswith("events/all_fast/1/"))
                 bench.terminate()
