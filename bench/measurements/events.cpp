@@ -21,15 +21,17 @@ namespace {
 
 using Payload = std::array<char, 16>;
 
-/** How many events of a burst reach every listener in a second. */
-double rate(const EventListeners& listeners, const std::function<void()>& publish) {
+/** How many events reach every listener in a second, measured over some bursts. */
+double rate(const EventListeners& listeners, int bursts, const std::function<void()>& publish) {
     const auto start = std::chrono::steady_clock::now();
-    for (int event = 0; event < EventListeners::kBurst; ++event) {
-        publish();
+    for (int burst = 0; burst < bursts; ++burst) {
+        for (int event = 0; event < EventListeners::kBurst; ++event) {
+            publish();
+        }
+        listeners.awaitBurst();
     }
-    listeners.awaitBurst();
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    return EventListeners::kBurst / taken.count();
+    return bursts * EventListeners::kBurst / taken.count();
 }
 
 void measureListeners(const std::string& path, size_t count, bool oneIsSlow, Extent extent) {
@@ -44,13 +46,14 @@ void measureListeners(const std::string& path, size_t count, bool oneIsSlow, Ext
         }
     };
     const auto send = [&listeners] { listeners.sendBare(); };
-    rate(listeners, send);
-    rate(listeners, publish);
+    rate(listeners, 1, send);
+    rate(listeners, 1, publish);
     Samples bareRates;
     Samples libraryRates;
-    for (int turn = 0; turn < amount(extent, 3, 25); ++turn) {
-        bareRates.add(rate(listeners, send));
-        libraryRates.add(rate(listeners, publish));
+    const int bursts = amount(extent, 1, 8);
+    for (int turn = 0; turn < amount(extent, 3, 9); ++turn) {
+        bareRates.add(rate(listeners, bursts, send));
+        libraryRates.add(rate(listeners, bursts, publish));
     }
     printFigure(path + "/bare_events_per_s", bareRates.median());
     printFigure(path + "/library_events_per_s", libraryRates.median());
