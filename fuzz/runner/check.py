@@ -88,7 +88,7 @@ def check(names: Iterable[str], seconds: int) -> bool:
     seeds.make()
     passed = True
     # The time of a target is that of the clock, so that more of them take no more of the processor.
-    with ThreadPoolExecutor(2 * (os.cpu_count() or 1)) as pool:
+    with ThreadPoolExecutor(3 * (os.cpu_count() or 1)) as pool:
         results = [(target, pool.submit(check_one, target, seconds)) for target in targets]
         for target, result in results:
             try:
