@@ -72,7 +72,8 @@ OperationRun StarvedOperation::live(const std::function<void()>& body) {
 bool StarvedOperation::starve(const Operation& operation, const Starved& starved) {
     mPage->reached = starved.nth;
     Outcome outcome;
-    arm(*mStarvation, starved, ::getpid());
+    // Threads of the link take memory at moments of their own.
+    arm(*mStarvation, starved, ::getpid(), ::gettid());
     operation.call(outcome);
     mStarvation->armed = false;
     mPage->notes.note(operation, outcome);

@@ -25,8 +25,8 @@ namespace {
 constexpr std::size_t kHeldByAParcel = 256;
 constexpr int kCommand = 0x4321;
 
-/** Every one; under an emulator, where a process costs much and finds nothing that others do not, one in eight. */
-int step() { return std::getenv("KELUTV_EMULATOR") != nullptr ? 8 : 1; }
+/** Every one; where a process costs much and finds nothing that others do not, as under an emulator, one in eight. */
+int step() { return std::getenv("KELUTV_EMULATOR") != nullptr || throughKernel() ? 8 : 1; }
 
 std::vector<Operation> chosenOperations() {
     const std::vector<Operation> all = memoryOperations();
@@ -175,7 +175,8 @@ TEST_F(StarvedOperations, logAnUnsentSetLikeAFailingLink) {
 TEST_F(StarvedOperations, failWithoutMemoryForTheReply) {
     for (const Operation& operation : readerOperations()) {
         if (std::string(operation.name) == "Block") {
-            for (const long nth : {1, 2}) {
+            // Sockets read the reply before a parcel takes it over; the driver leaves it where it is.
+            for (long nth = 1; nth <= (throughKernel() ? 1 : 2); ++nth) {
                 const OperationRun run = sClients->lack(operation, nth);
                 EXPECT_EQ(run.wrong, "") << nth;
                 EXPECT_EQ(WEXITSTATUS(run.status), 0) << run.text;

@@ -36,7 +36,8 @@ bool concerns(const Page& page, Resource resource) {
         return false;
     }
     const pid_t process = page.process;
-    return process == 0 || process == ::getpid();
+    const pid_t thread = page.thread;
+    return (process == 0 || process == ::getpid()) && (thread == 0 || thread == ::gettid());
 }
 
 /** What fills a process's table of descriptors. */

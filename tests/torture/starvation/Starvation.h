@@ -19,6 +19,8 @@ struct Page {
     std::atomic<bool> armed{false};
     /** The process concerned; 0 for each that uses the page. */
     std::atomic<pid_t> process{0};
+    /** The thread concerned; 0 for each of those processes. */
+    std::atomic<pid_t> thread{0};
     std::atomic<int> resource{kAllocation};
     /** The request that fails, counted from 1; 0 for none. */
     std::atomic<long> nth{0};

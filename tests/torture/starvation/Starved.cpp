@@ -2,9 +2,10 @@
 
 namespace kelutv::test {
 
-void arm(starvation::Page& page, const Starved& starved, pid_t process) {
+void arm(starvation::Page& page, const Starved& starved, pid_t process, pid_t thread) {
     page.armed = false;
     page.process = process;
+    page.thread = thread;
     page.resource = starved.resource;
     page.nth = starved.nth;
     page.lasting = starved.lasting;

@@ -13,7 +13,10 @@ struct Starved {
     bool lasting;
 };
 
-/** Sets the page to this refusal, for one process or, with 0, for each that uses the page, and arms it. */
-void arm(starvation::Page& page, const Starved& starved, pid_t process);
+/**
+ * Sets the page to this refusal, for one process or, with 0, for each that uses the page, and there for one thread or,
+ * with 0, for each; and arms it.
+ */
+void arm(starvation::Page& page, const Starved& starved, pid_t process, pid_t thread = 0);
 
 } // namespace kelutv::test
