@@ -12,6 +12,13 @@ class FailingService : public ::testing::Test {
 protected:
     void SetUp() override { service.start(); }
 
+    static std::string gone(const std::string& what) {
+        return "kelutv: " + what + ": the service is gone or did not take it (status -32, DEAD_OBJECT)\n";
+    }
+
+    /** Where the service was looked for again. */
+    std::string missing() const { return "  no service TVBaseService in " + directory.path() + "/services\n"; }
+
     const RuntimeDir directory;
     ScriptedService service;
 };
@@ -21,10 +28,7 @@ TEST_F(FailingService, isToldApartWhenItDies) {
     const ToolRun run = runTool({"call", "audio.setVolume", "speaker", "1"});
     EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(run.output, "");
-    EXPECT_NE(run.error.find("kelutv: the request did not get through: the service is gone or did not take it "
-                             "(status -32, DEAD_OBJECT)\n"),
-              std::string::npos)
-        << run.error;
+    EXPECT_EQ(run.error, gone("the request did not get through") + missing());
 }
 
 TEST_F(FailingService, isToldApartWhenItDiesOverABlock) {
@@ -32,7 +36,22 @@ TEST_F(FailingService, isToldApartWhenItDiesOverABlock) {
     const ToolRun run = runTool({"eep", "dump", "tv"});
     EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(run.output, "");
-    EXPECT_NE(run.error.find(": the service is gone\n"), std::string::npos) << run.error;
+    EXPECT_EQ(run.error, gone("cannot read 509 bytes from 0x8A00 on") + missing());
+}
+
+TEST_F(FailingService, isToldApartWhenItDiesOverSettings) {
+    service.exitBeforeReply();
+    const ToolRun run = runTool({"get", "volume", "mute"});
+    EXPECT_EQ(run.exit, 3);
+    EXPECT_EQ(run.error, gone("the request did not get through") + missing());
+}
+
+/** Another look for it may take longer than there is. */
+TEST_F(FailingService, isNotLookedForAgainWithinATime) {
+    service.exitBeforeReply();
+    const ToolRun run = runTool({"--timeout", "10", "get", "volume"});
+    EXPECT_EQ(run.exit, 3);
+    EXPECT_EQ(run.error, gone("the request did not get through"));
 }
 
 TEST_F(FailingService, isToldApartWhenItRefusesABlock) {

@@ -3,16 +3,22 @@
 #include "tools/interposition/LogCollector.h"
 #include "tools/interposition/Next.h"
 #include "tools/interposition/Tap.h"
+#include "tools/process/Deadline.h"
 
 #include <binder/IServiceManager.h>
 #include <kelutv/link/TVBaseClient.h>
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 
 namespace kelutv::interposition {
 
 namespace {
+
+/** How long the name of a process may be found that is ending, and how often one looks meanwhile. */
+constexpr std::chrono::milliseconds kEndOfAProcess{1000};
+constexpr std::chrono::milliseconds kPauseOfLooks{20};
 
 struct State {
     bool isStubbed = false;
@@ -67,6 +73,18 @@ Connection connectToService() {
     const LogCollector log;
     state().isConnected = isServiceThere() && connectClient();
     return {state().isConnected, LogCollector::messages()};
+}
+
+std::vector<std::string> reasonsOfLoss() {
+    const process::Deadline end = process::deadlineIn(kEndOfAProcess);
+    do {
+        const LogCollector log;
+        if (!isServiceThere()) {
+            return LogCollector::messages();
+        }
+        process::waitToRead({}, process::deadlineIn(kPauseOfLooks));
+    } while (std::chrono::steady_clock::now() < end);
+    return {};
 }
 
 StubbedService::StubbedService() {

@@ -19,6 +19,14 @@ struct Connection {
 Connection connectToService();
 
 /**
+ * Looks for the service again after a request that did not get through, for as long as a look-up waits when it is gone,
+ * and for up to a second while there is one, which may be about to end.
+ *
+ * @return what the platform's log says of why there is none, one message each; nothing when there is one again
+ */
+std::vector<std::string> reasonsOfLoss();
+
+/**
  * While this lives, every request is answered with zeros in this process; nothing is connected to or waited for. One at
  * a time; afterwards calls reach the service as before.
  */

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/Program.h"
 #include "tools/kelutv/parser/Amounts.h"
+#include "tools/kelutv/service/ServiceLink.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
@@ -45,6 +46,10 @@ Exit run(Parser& parser, const Context& context, std::vector<std::string> words)
         return complainOfUsage(parser, context.output, whatIsUnknown(parser.named(), error));
     } catch (const UsageError& error) {
         return complainOfUsage(parser, context.output, error.what());
+    } catch (const LostError& error) {
+        // A look may take longer than there is.
+        context.output.complain(context.time ? error.what() : withReasonsOfLoss(error.what()), error.exit());
+        return error.exit();
     } catch (const ToolError& error) {
         if (*error.what() != '\0') {
             context.output.complain(error.what(), error.exit());

@@ -8,22 +8,12 @@
 #include "tools/kelutv/service/Collector.h"
 #include "tools/kelutv/service/ReplyCheck.h"
 #include "tools/kelutv/service/ServiceLink.h"
-#include "wire/text/ResultNames.h"
 
 #include <cstring>
 
 namespace kelutv::tool {
 
 namespace {
-
-void checkLink(const CallResult& call) {
-    for (const interposition::Transaction& transaction : call.transactions) {
-        if (transaction.status != 0) {
-            throw LinkError("the request did not get through: the service is gone or did not take it (status " +
-                            wire::statusText(transaction.status) + ')');
-        }
-    }
-}
 
 /** What the library says of a call to which the service had no objection. */
 std::string refusalOf(const wire::Function& function, const CallResult& call) {
@@ -63,7 +53,7 @@ CallResult tryFunction(const wire::Function& function, const std::vector<std::st
         requireService();
     }
     CallResult call = make(function, std::move(frame));
-    checkLink(call);
+    requireAnswers("the request did not get through", call.transactions);
     checkAnswers(function, call);
     return call;
 }

@@ -47,7 +47,7 @@ void listSettings(const Output& output) {
         output.document(wholeDocument(reading));
     }
     if (readings.lost) {
-        throw LinkError(*readings.lost);
+        std::rethrow_exception(readings.lost);
     }
 }
 
@@ -70,7 +70,7 @@ void getSeveral(const Output& output, const std::vector<const Setting*>& setting
         }
     }
     if (readings.lost) {
-        throw LinkError(*readings.lost);
+        std::rethrow_exception(readings.lost);
     }
     if (!failure.empty()) {
         throw ServiceError(failure);

@@ -43,6 +43,12 @@ public:
     explicit LinkError(const std::string& message) : ToolError(Exit::Link, message) {}
 };
 
+/** A request did not get through. */
+class LostError : public LinkError {
+public:
+    explicit LostError(const std::string& message) : LinkError(message) {}
+};
+
 class ServiceError : public ToolError {
 public:
     explicit ServiceError(const std::string& message) : ToolError(Exit::Service, message) {}

@@ -55,11 +55,12 @@ void call(const std::string& failing, const std::function<int()>& make) {
         const Collector collector(transactions);
         result = make();
     }
+    requireAnswers(failing, transactions);
     if (const std::optional<ReplyFailure> failure = failureIn(transactions, false)) {
         throw ServiceError(failing + ": " + failure->text);
     }
     if (result != 0) {
-        failCall(failing, transactions);
+        throw ServiceError(failing);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "tools/interposition/Connection.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Output.h"
+#include "wire/text/ResultNames.h"
 #include "wire/text/Shown.h"
 
 #include <kelutv/link/TVBaseClient.h>
@@ -13,10 +14,9 @@ namespace kelutv::tool {
 
 namespace {
 
-std::string missingService(const std::vector<std::string>& warnings) {
-    std::string text = "there is no television service; is the television, or kelutv-simulator, running?";
-    for (const std::string& warning : warnings) {
-        text += "\n  " + wire::shown(warning, wire::kMostOfPath);
+std::string withReasons(std::string text, const std::vector<std::string>& reasons) {
+    for (const std::string& reason : reasons) {
+        text += "\n  " + wire::shown(reason, wire::kMostOfPath);
     }
     return text;
 }
@@ -26,7 +26,8 @@ std::string missingService(const std::vector<std::string>& warnings) {
 android::sp<android::IBinder> requireService() {
     const interposition::Connection connection = interposition::connectToService();
     if (!connection.isThere) {
-        throw LinkError(missingService(connection.warnings));
+        throw LinkError(withReasons("there is no television service; is the television, or kelutv-simulator, running?",
+                                    connection.warnings));
     }
     for (const std::string& warning : connection.warnings) {
         Output::warn(wire::shown(warning, wire::kMostOfPath));
@@ -44,13 +45,15 @@ bool isServiceThere() {
     }
 }
 
-void failCall(const std::string& what, const std::vector<interposition::Transaction>& transactions) {
-    const bool isGone = std::any_of(transactions.begin(), transactions.end(),
-                                    [](const interposition::Transaction& each) { return each.status != 0; });
-    if (isGone) {
-        throw LinkError(what + ": the service is gone");
+void requireAnswers(const std::string& what, const std::vector<interposition::Transaction>& transactions) {
+    const auto lost = std::find_if(transactions.begin(), transactions.end(),
+                                   [](const interposition::Transaction& each) { return each.status != 0; });
+    if (lost != transactions.end()) {
+        throw LostError(what + ": the service is gone or did not take it (status " + wire::statusText(lost->status) +
+                        ')');
     }
-    throw ServiceError(what);
 }
+
+std::string withReasonsOfLoss(const std::string& what) { return withReasons(what, interposition::reasonsOfLoss()); }
 
 } // namespace kelutv::tool

@@ -20,9 +20,12 @@ android::sp<android::IBinder> requireService();
 bool isServiceThere();
 
 /**
- * Ends a command whose call failed: with a LinkError when one of the requests did not get through, since the service is
- * gone, else with a ServiceError.
+ * @param what begins the message
+ * @throws LostError when one of the requests did not get through
  */
-[[noreturn]] void failCall(const std::string& what, const std::vector<interposition::Transaction>& transactions);
+void requireAnswers(const std::string& what, const std::vector<interposition::Transaction>& transactions);
+
+/** The text with what the platform's log says, at another look for the service, of why there is none any more. */
+std::string withReasonsOfLoss(const std::string& what);
 
 } // namespace kelutv::tool

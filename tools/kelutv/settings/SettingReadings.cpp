@@ -1,5 +1,6 @@
 #include "tools/kelutv/settings/SettingReadings.h"
 
+#include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/settings/SettingValue.h"
 #include "tools/kelutv/text/AllowedValues.h"
 #include "tools/kelutv/text/EnumeratedValue.h"
@@ -40,8 +41,8 @@ SettingReadings readSettings(const std::vector<const Setting*>& settings) {
             try {
                 readings.all.push_back(readOne(*setting));
                 continue;
-            } catch (const LinkError& error) {
-                readings.lost = error;
+            } catch (const LinkError&) {
+                readings.lost = std::current_exception();
             }
         }
         readings.all.push_back({setting, nullptr, ""});

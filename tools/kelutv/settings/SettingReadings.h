@@ -1,10 +1,9 @@
 #pragma once
 
-#include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Json.h"
 #include "tools/kelutv/settings/Settings.h"
 
-#include <optional>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -22,8 +21,8 @@ struct SettingReading {
 /** What the television gives of several settings. */
 struct SettingReadings {
     std::vector<SettingReading> all;
-    /** That there is no service, or no more; settings from then on were not read. */
-    std::optional<LinkError> lost;
+    /** A LinkError, when there is no service, or no more; settings from then on were not read. */
+    std::exception_ptr lost;
 };
 
 SettingReadings readSettings(const std::vector<const Setting*>& settings);
