@@ -2,14 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <sstream>
 #include <stdexcept>
 
 namespace kelutv::test {
 
-ForeignService::ForeignService(const std::vector<std::string>& options) {
+ForeignService::ForeignService(const std::vector<std::string>& options) : mOptions(options) { startAgain(); }
+
+void ForeignService::end() {
+    mProcess->kill(SIGKILL);
+    EXPECT_TRUE(mProcess->wait().has_value());
+}
+
+void ForeignService::startAgain() {
     std::vector<std::string> arguments{KELUTV_FOREIGN_SERVICE};
-    arguments.insert(arguments.end(), options.begin(), options.end());
+    arguments.insert(arguments.end(), mOptions.begin(), mOptions.end());
     ChildProcess::Options capture;
     capture.captureOutput = true;
     capture.environment = environment();

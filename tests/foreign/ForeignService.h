@@ -16,8 +16,11 @@ public:
     /** @param options of the program: nothing, `--dies-at COMMAND` or `--answers HEXADECIMALS` */
     explicit ForeignService(const std::vector<std::string>& options = {});
 
+    /** Where its names are. */
+    std::string folder() const { return mFolder.path(); }
+
     /** What lets a program find it. */
-    std::vector<std::string> environment() const { return {"FOREIGN_FOLDER=" + mFolder.path()}; }
+    std::vector<std::string> environment() const { return {"FOREIGN_FOLDER=" + folder()}; }
 
     /** One run of the tool that finds it. */
     ToolRun run(std::vector<std::string> arguments) const { return runTool(std::move(arguments), environment()); }
@@ -30,7 +33,14 @@ public:
 
     ChildProcess& process() { return *mProcess; }
 
+    /** Ends the service as a crash does, and returns when it is gone. */
+    void end();
+
+    /** Starts it anew once it has ended, with the same options. */
+    void startAgain();
+
 private:
+    const std::vector<std::string> mOptions;
     TestFolder mFolder;
     std::unique_ptr<ChildProcess> mProcess;
 };

@@ -1,4 +1,5 @@
 #include "foreign/ForeignService.h"
+#include "tools/ReplOnPipe.h"
 #include "tools/Samples.h"
 
 #include "tools/kelutv/calls/Call.h"
@@ -61,6 +62,23 @@ TEST(ForeignRepl, everyFunctionSendsWhatItSendsElsewhere) {
     const ToolRun decoded = runLines(decodings, service);
     EXPECT_EQ(decoded.exit, 0) << decoded.error;
     EXPECT_EQ(decoded.error, "");
+}
+
+TEST(ForeignRepl, goesOnWhenTheServiceIsBack) {
+    ForeignService service;
+    ReplOnPipe repl("", service.environment());
+    repl.write("set volume 15");
+    ASSERT_TRUE(repl.process().output().waitFor("15\n"));
+    service.end();
+    repl.write("get volume");
+    ASSERT_TRUE(repl.process().error().waitFor("kelutv: line 2: the request did not get through: "));
+    repl.write("get volume");
+    ASSERT_TRUE(repl.process().error().waitFor("kelutv: line 3: there is no television service"));
+    service.startAgain();
+    repl.write("set volume 16");
+    ASSERT_TRUE(repl.process().output().waitFor("16\n")) << repl.process().error().text();
+    repl.close();
+    EXPECT_EQ(repl.process().exitCode(), 3);
 }
 
 TEST(ForeignTrace, showsWhatAProgramSends) {

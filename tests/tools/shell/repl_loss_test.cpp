@@ -1,3 +1,4 @@
+#include "tools/ReplOnPipe.h"
 #include "tools/Terminal.h"
 
 #include "simulator/Simulator.h"
@@ -5,57 +6,13 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <csignal>
 #include <fstream>
-#include <utility>
 
 namespace kelutv::test {
 namespace {
 
 SimulatorEnvironment& television = SimulatorEnvironment::install();
-
-/** `kelutv repl` with lines that are written while it runs. */
-class ReplOnPipe {
-public:
-    explicit ReplOnPipe(const std::string& options = "") : mProcess(command(options), captured()) {
-        mLines = ::open(path().c_str(), O_WRONLY | O_CLOEXEC); // Returns when the other end is open.
-    }
-    ~ReplOnPipe() { close(); }
-    ReplOnPipe(const ReplOnPipe&) = delete;
-    ReplOnPipe& operator=(const ReplOnPipe&) = delete;
-
-    void write(const std::string& line) const {
-        const std::string text = line + '\n';
-        ASSERT_EQ(::write(mLines, text.data(), text.size()), static_cast<ssize_t>(text.size()));
-    }
-
-    void close() { ::close(std::exchange(mLines, -1)); }
-
-    ChildProcess& process() { return mProcess; }
-
-private:
-    std::string path() const { return mFolder.pathOf("lines"); }
-
-    std::vector<std::string> command(const std::string& options) const {
-        EXPECT_EQ(::mkfifo(path().c_str(), 0600), 0);
-        return {"/bin/sh", "-c", "exec '" KELUTV_TOOL_PROGRAM "' repl " + options + " < '" + path() + '\''};
-    }
-
-    static ChildProcess::Options captured() {
-        ChildProcess::Options options;
-        options.captureOutput = true;
-        options.captureError = true;
-        return options;
-    }
-
-    const TestFolder mFolder;
-    ChildProcess mProcess;
-    int mLines;
-};
 
 TEST(ReplLoss, saysWhichSignalEndedALine) {
     ReplOnPipe repl;

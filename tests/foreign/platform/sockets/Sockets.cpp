@@ -59,6 +59,7 @@ Descriptor::~Descriptor() {
 Descriptor connectTo(const std::string& folder, const std::string& name) { return socketAt(folder, name, ::connect); }
 
 Descriptor listenAt(const std::string& folder, const std::string& name) {
+    ::unlink((folder + '/' + name).c_str()); // Of a service that has ended.
     Descriptor socket = socketAt(folder, name, ::bind);
     if (socket.isOpen() && ::listen(socket.number(), kBacklog) != 0) {
         return Descriptor();
