@@ -81,6 +81,14 @@ TEST(ForeignTool, getsAndSets) {
     }
 }
 
+TEST(ForeignTool, keepsWhatIsWrittenToMemories) {
+    const ForeignService service;
+    service.output({"-q", "eep", "write", "tv", "0x8A02", "0x15", "0xFE"});
+    EXPECT_EQ(service.output({"eep", "read", "tv", "0x8A00", "5"}), "00 00 15 fe 00\n");
+    EXPECT_EQ(service.output({"eep", "read", "flash", "0x8A03"}), "fe\n");
+    EXPECT_EQ(service.output({"eep", "read", "eep", "0x8A03"}), "00\n");
+}
+
 /** The record has other places for its members than elsewhere. */
 TEST(ForeignTool, showsRecordsOfThePlatform) {
     const ForeignService service;

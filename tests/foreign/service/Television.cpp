@@ -58,6 +58,9 @@ Event eventOf(const char* name, const wire::Values& indexes, const wire::Values&
 } // namespace
 
 Bytes Television::answer(const wire::Request& request, std::vector<Event>& events) {
+    if (const std::optional<wire::Reply> reply = mMemories.answer(request)) {
+        return bytesOf(*reply);
+    }
     return bytesOf(request.refusal ? wire::replyTo(*request.refusal)
                                    : wire::replyWith(*request.operation, request.arguments, carryOut(request, events)));
 }

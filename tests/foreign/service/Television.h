@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foreign/service/Memories.h"
+
 #include "wire/Interface.h"
 #include "wire/codec/Request.h"
 
@@ -32,6 +34,7 @@ private:
     kelutv::wire::Values carryOut(const kelutv::wire::Request& request, std::vector<Event>& events);
 
     std::map<Place, kelutv::wire::Values> mKept;
+    Memories mMemories;
 };
 
 } // namespace foreign
