@@ -87,10 +87,15 @@ DriverUser::Message DriverUser::call(uint32_t handle, uint32_t code, const Bytes
     return await({BR_REPLY, BR_DEAD_REPLY, BR_FAILED_REPLY});
 }
 
-void DriverUser::answer(const Bytes& content) {
+void DriverUser::answer(const Bytes& content) { sendAnswer(content.data(), content.size(), 0); }
+
+void DriverUser::refuse(int32_t status) { sendAnswer(&status, sizeof(status), TF_STATUS_CODE); }
+
+void DriverUser::sendAnswer(const void* content, size_t size, uint32_t flags) {
     binder_transaction_data answer{};
-    answer.data_size = content.size();
-    answer.data.ptr.buffer = reinterpret_cast<uintptr_t>(content.data());
+    answer.flags = flags;
+    answer.data_size = size;
+    answer.data.ptr.buffer = reinterpret_cast<uintptr_t>(content);
     send(BC_REPLY, &answer, sizeof(answer));
     await({BR_TRANSACTION_COMPLETE});
 }

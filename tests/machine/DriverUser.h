@@ -46,6 +46,8 @@ public:
     Message nextCall() { return await({BR_TRANSACTION}); }
     /** Answers the call that came last. */
     void answer(const Bytes& content = {});
+    /** The same with a status. */
+    void refuse(int32_t status);
 
     /** Reads until one of the commands has come and gives it. */
     Message await(std::initializer_list<uint32_t> commands);
@@ -64,6 +66,7 @@ private:
     void acknowledge(const Command& command);
     Message messageOf(const Command& command);
     void send(uint32_t command, const void* payload, size_t size);
+    void sendAnswer(const void* content, size_t size, uint32_t flags);
 
     const size_t mSize;
     const int mDevice;
