@@ -117,6 +117,8 @@ TEST_F(Completion, completesInEveryShell) {
         {"kelutv call audio.setVolume @ima", "@image two.bin|@image.bin"},
         {"kelutv trace --output oth", "other"},
         {"kelutv monitor --event=vol", "--event=volumeChanged"},
+        {"kelutv wait volumeChanged ch", "channel="},
+        {"kelutv wait volumeChanged channel=sp", "channel=spdif|channel=speaker"},
         {"kelutv sim cec add log", "logAddr="},
         {"kelutv-simulator --scenario ho", "hotel"},
     });
@@ -165,7 +167,15 @@ TEST_F(Completion, knowsWhatMayStandInALine) {
         {"kelutv monitor --events oth", "other"},
         {"kelutv wait ser", "service"},
         {"kelutv wait vol", "volume|volumeChanged"},
+        {"kelutv wait source=hd", "source=hdmi1|source=hdmi2|source=hdmi3|source=hdmi4"},
+        {"kelutv wait mute=", "mute=off|mute=on"},
+        {"kelutv wait nothing=", ""},
         {"kelutv wait --events television.md lamp", "lampSwitched"},
+        {"kelutv wait volumeChanged ", "channel=|volume="},
+        {"kelutv wait 0x60001 channel=speaker v", "volume="},
+        {"kelutv wait volumeChanged volume=", ""},
+        {"kelutv wait service ", ""},
+        {"kelutv wait nothing ", ""},
         {"kelutv monitor --events television.md --event ", "lampSwitched"},
         {"kelutv monitor --events other --event ", ""},
         {"kelutv decode --command CMD_AUDIO_GETVOL", "CMD_AUDIO_GETVOLUME"},
@@ -250,6 +260,10 @@ TEST_F(Completion, worksAtTheKeyboardOfBash) {
     bash.type("PATH='" KELUTV_PROGRAM_FOLDERS "':$PATH; . '" KELUTV_COMPLETIONS "/kelutv'; echo l''oaded\n");
     ASSERT_TRUE(bash.waitFor("loaded"));
     ASSERT_TRUE(bash.waitFor("ready> "));
+    bash.type("kelutv wait volumeChanged ch\tspea\tvol\t");
+    EXPECT_TRUE(bash.waitFor("kelutv wait volumeChanged channel=speaker volume=")) << bash.text();
+    constexpr char kDiscard[] = "\x15";
+    bash.type(kDiscard);
     bash.type("kelutv desc\taudio.getMaxV\t; exit 7\n");
     EXPECT_TRUE(bash.waitFor("kelutv describe audio.getMaxVolume ")) << bash.text();
     EXPECT_TRUE(bash.waitFor("int linux_tv_Audio_getMaxVolume(int channel)")) << bash.text();

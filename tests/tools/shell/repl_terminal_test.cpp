@@ -36,20 +36,26 @@ TEST_F(ReplAtTerminal, editsCompletesAndRemembers) {
         terminal.type("call audio.getMaxV\tspeak\t\n");
         ASSERT_TRUE(terminal.waitFor("result: 100")) << terminal.text();
         ASSERT_TRUE(terminal.waitFor("kelutv> "));
+        terminal.type("wait volumeChanged ch\tspea\tvol\t1 --timeout 0.01\n");
+        ASSERT_TRUE(terminal.waitFor("the time was over")) << terminal.text();
+        ASSERT_TRUE(terminal.waitFor("kelutv> "));
         terminal.type("get nothing\n");
         ASSERT_TRUE(terminal.waitFor("there is no 'nothing' to get or set"));
         ASSERT_TRUE(terminal.waitFor("kelutv> "));
         terminal.type("\x04");
         EXPECT_EQ(terminal.exitCode(), 0);
     }
-    EXPECT_EQ(history(), "set volume 41\ncall audio.getMaxVolume speaker \nget nothing\n");
+    EXPECT_EQ(
+        history(),
+        "set volume 41\ncall audio.getMaxVolume speaker \nwait volumeChanged channel=speaker volume=1 --timeout 0.01\n"
+        "get nothing\n");
     struct stat file {};
     ASSERT_EQ(::stat(historyPath().c_str(), &file), 0);
     EXPECT_EQ(file.st_mode & 07777, 0600U);
 
     Terminal terminal({KELUTV_TOOL_PROGRAM, "repl"}, settings());
     ASSERT_TRUE(terminal.waitFor("kelutv> "));
-    terminal.type("\x1b[A\x1b[A\x1b[A\n");
+    terminal.type("\x1b[A\x1b[A\x1b[A\x1b[A\n");
     ASSERT_TRUE(terminal.waitFor("\n41\r\n")) << terminal.text();
     ASSERT_TRUE(terminal.waitFor("kelutv> "));
     terminal.type("quit\n");

@@ -1,11 +1,11 @@
 #include "tools/kelutv/shell/Completion.h"
 
 #include "tools/kelutv/calls/Call.h"
-#include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/names/Directory.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
 #include "tools/kelutv/settings/Settings.h"
+#include "tools/kelutv/shell/AwaitedCompletion.h"
 #include "tools/kelutv/shell/PathCompletion.h"
 #include "tools/kelutv/text/FunctionNamed.h"
 #include "wire/text/Names.h"
@@ -156,23 +156,10 @@ Names namesOf(const char* enumerationName, const std::string& begun) {
     return enumeratorNames(*wire::findEnumeration(enumerationName), begun);
 }
 
-/** Of the events that the line says the television has. */
-Names eventNames(const Spot& spot) {
+/** The file that the line says has the television's events. */
+std::string eventFileOf(const Spot& spot) {
     const auto file = spot.given.find("--events");
-    try {
-        return eventsOf(file != spot.given.end() ? file->second : "").names();
-    } catch (const UsageError&) {
-        return {};
-    }
-}
-
-/** What `wait` waits for; what stands behind a setting is for the person to say. */
-Names awaitedNames(const Spot& spot) {
-    Names names = eventNames(spot);
-    const Names settings = settingNames(false);
-    names.insert(names.end(), settings.begin(), settings.end());
-    names.emplace_back("service");
-    return names;
+    return file != spot.given.end() ? file->second : "";
 }
 
 Names areaNames() {
@@ -201,7 +188,11 @@ std::map<std::string, Source>& sources() {
         {"ACTION", actionNames},
         {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
         {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
-        {"EVENT", [](const Spot& spot, const std::string&) { return eventNames(spot); }},
+        {"EVENT", [](const Spot& spot, const std::string&) { return eventNames(eventFileOf(spot)); }},
+        {"FIELD",
+         [](const Spot& spot, const std::string& begun) {
+             return fieldNames(eventFileOf(spot), spot.arguments.front(), begun);
+         }},
         {"FILE", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
         {"FUNCTION", [](const Spot&, const std::string& begun) { return functionNames(begun); }},
         {"KIND",
@@ -232,7 +223,7 @@ std::map<std::string, Source>& sources() {
         {"REQUEST", [](const Spot&, const std::string&) { return wire::RequestPattern::names(); }},
         {"SETTING", [](const Spot& spot, const std::string&) { return settingNames(spot.command.name() == "set"); }},
         {"VALUE", [](const Spot& spot, const std::string&) { return settingValues(spot); }},
-        {"WHAT", [](const Spot& spot, const std::string&) { return awaitedNames(spot); }},
+        {"WHAT", [](const Spot& spot, const std::string& begun) { return awaitedNames(eventFileOf(spot), begun); }},
         {"WHEN",
          [](const Spot&, const std::string&) {
              return Names{"always", "auto", "never"};

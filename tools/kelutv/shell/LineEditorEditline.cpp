@@ -52,8 +52,9 @@ char** complete(const char* text, int, int end) {
     for (const std::string& word : completer(tokens.complete, tokens.begun)) {
         candidates.push_back(text + escaped(word.substr(tokens.begun.size())));
     }
-    const bool isFolder = candidates.size() == 1 && candidates.front().back() == '/';
-    rl_completion_append_character = isFolder ? kNothing : kBlank;
+    const bool goesOn =
+        candidates.size() == 1 && (candidates.front().back() == '/' || candidates.front().back() == '=');
+    rl_completion_append_character = goesOn ? kNothing : kBlank;
     return candidates.empty() ? nullptr : rl_completion_matches(text, nextCandidate);
 }
 
