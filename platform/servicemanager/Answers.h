@@ -6,6 +6,8 @@
 
 #include <sys/types.h>
 
+#include <optional>
+
 namespace android {
 class KernelBinder;
 }
@@ -21,6 +23,14 @@ struct Request {
     const android::Parcel& data;
     android::Parcel* reply;
 };
+
+/** The name that comes next; nothing where none stands. */
+inline std::optional<ServiceRegistry::Name> readName(const Request& request) {
+    android::String16 text;
+    const android::status_t status = request.data.readString16(&text);
+    return status == android::NO_ERROR ? std::optional(ServiceRegistry::Name(text.string(), text.size()))
+                                       : std::nullopt;
+}
 
 /** Answers as the managers of levels 28 and 29 do: whatever fails gives one status. */
 android::status_t answerEarlier(const Request& request);

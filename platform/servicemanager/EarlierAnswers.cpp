@@ -11,30 +11,23 @@ using android::IBinder;
 using android::NO_ERROR;
 using android::sp;
 using android::status_t;
-using android::String16;
 
 namespace {
 
 using Name = ServiceRegistry::Name;
 
-/** Empty where none stands. */
-Name readName(const Request& request) {
-    const String16 name = request.data.readString16();
-    return {name.string(), name.size()};
-}
-
 status_t find(const Request& request) {
-    String16 name;
-    if (request.data.readString16(&name) != NO_ERROR) {
+    const std::optional<Name> name = readName(request);
+    if (!name) {
         return kEarlierFailure;
     }
-    const Service service = request.registry.find({name.string(), name.size()}, request.caller);
+    const Service service = request.registry.find(*name, request.caller);
     return service.object == nullptr ? request.reply->writeInt32(0)
                                      : android::ParcelObjects::write(request.reply, service.object);
 }
 
 status_t add(const Request& request) {
-    const Name name = readName(request);
+    const Name name = readName(request).value_or(Name());
     const sp<IBinder> object = request.binder.readObject(request.data);
     if (name.empty() || name.size() > android::kLongestServiceName || object == nullptr ||
         !request.registry.mayAdd(name, request.caller)) {

@@ -14,7 +14,6 @@ using android::IBinder;
 using android::NO_ERROR;
 using android::sp;
 using android::status_t;
-using android::String16;
 
 namespace {
 
@@ -32,16 +31,6 @@ bool isValid(const Name& name) {
            std::all_of(name.begin(), name.end(), belongsInName);
 }
 
-/** False where none stands. */
-bool readName(const Request& request, Name* name) {
-    String16 text;
-    if (request.data.readString16(&text) != NO_ERROR) {
-        return false;
-    }
-    name->assign(text.string(), text.size());
-    return true;
-}
-
 status_t refuse(const Request& request, android::ManagerException exception) {
     return android::writeException(request.reply, exception);
 }
@@ -49,11 +38,11 @@ status_t refuse(const Request& request, android::ManagerException exception) {
 status_t succeed(const Request& request) { return android::writeException(request.reply, android::kNoException); }
 
 status_t find(const Request& request) {
-    Name name;
-    if (!readName(request, &name)) {
+    const std::optional<Name> name = readName(request);
+    if (!name) {
         return refuse(request, android::kNullPointerException);
     }
-    const Service service = request.registry.find(name, request.caller);
+    const Service service = request.registry.find(*name, request.caller);
     const status_t status = succeed(request);
     return status != NO_ERROR ? status
                               : android::writeManagedObject(request.reply, android::BinderLevel::k30, service.object,
@@ -61,13 +50,10 @@ status_t find(const Request& request) {
 }
 
 status_t add(const Request& request) {
-    Name name;
     Service service{};
     int32_t allowIsolated = 0;
-    if (!readName(request, &name)) {
-        return refuse(request, android::kNullPointerException);
-    }
-    service.object = request.binder.readObject(request.data);
+    const std::optional<Name> name = readName(request);
+    service.object = name ? request.binder.readObject(request.data) : nullptr;
     if (service.object == nullptr) {
         return refuse(request, android::kNullPointerException);
     }
@@ -77,14 +63,14 @@ status_t add(const Request& request) {
         }
     }
     service.allowIsolated = allowIsolated != 0;
-    if (!request.registry.mayAdd(name, request.caller)) {
+    if (!request.registry.mayAdd(*name, request.caller)) {
         return refuse(request, android::kSecurityException);
     }
-    if (!isValid(name)) {
+    if (!isValid(*name)) {
         return refuse(request, android::kIllegalArgumentException);
     }
-    return request.registry.add(name, service) == NO_ERROR ? succeed(request)
-                                                           : refuse(request, android::kIllegalStateException);
+    return request.registry.add(*name, service) == NO_ERROR ? succeed(request)
+                                                            : refuse(request, android::kIllegalStateException);
 }
 
 status_t list(const Request& request) {
@@ -104,21 +90,20 @@ status_t list(const Request& request) {
 }
 
 status_t changeCallbacks(const Request& request) {
-    Name name;
-    const bool named = readName(request, &name);
-    const sp<IBinder> callback = named ? request.binder.readObject(request.data) : nullptr;
+    const std::optional<Name> name = readName(request);
+    const sp<IBinder> callback = name ? request.binder.readObject(request.data) : nullptr;
     if (callback == nullptr) {
         return refuse(request, android::kNullPointerException);
     }
     if (isIsolated(request.caller)) {
         return refuse(request, android::kSecurityException);
     }
-    if (!isValid(name)) {
+    if (!isValid(*name)) {
         return refuse(request, android::kIllegalArgumentException);
     }
     const bool done = request.code == android::kRegisterForNotifications
-                          ? request.registry.addCallback(name, callback) == NO_ERROR
-                          : request.registry.removeCallback(name, callback);
+                          ? request.registry.addCallback(*name, callback) == NO_ERROR
+                          : request.registry.removeCallback(*name, callback);
     return done ? succeed(request) : refuse(request, android::kIllegalStateException);
 }
 
