@@ -201,6 +201,12 @@ TEST(Manners, helpBeginsWithExamples) {
     EXPECT_EQ(runTool({"set", "--help"}).output, run.output);
 }
 
+TEST(Manners, onlyTheCommandGivesHelpAsJson) {
+    EXPECT_EQ(runTool({"--json", "set", "--help"}).output, runTool({"set", "--help"}).output);
+    EXPECT_EQ(runTool({"--json", "--version"}).output, runTool({"--version"}).output);
+    EXPECT_EQ(runTool({"help", "--json", "set"}).output.substr(0, 27), "{\"help\":\"Examples:\\n  kelut");
+}
+
 TEST(Manners, helpTellsOfCommandsAndExitCodes) {
     const std::string help = runTool({"help"}).output;
     EXPECT_EQ(runTool({"--help"}).output, help);
