@@ -242,7 +242,7 @@ TEST(Monitor, refusesBadInput) {
         {{"monitor", "--event", "7"}, "event 7 has no module in its upper half, as 0x60001 has"},
         {{"monitor", "--module", "0x60001"},
          "module 0x60001 is none; a module is a multiple of 0x10000 from 0x10000 to 0x200000"},
-        {{"monitor", "--module", "nowhere"}, "nowhere"},
+        {{"monitor", "--module", "nowhere"}, "kelutv: module: 'nowhere' is not one of "},
     };
     for (const Case& test : cases) {
         const ToolRun run = runTool(test.arguments);

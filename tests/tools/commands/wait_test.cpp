@@ -59,6 +59,7 @@ TEST(Wait, printsTheEventThatHasTheseFields) {
     EXPECT_NE(waiting->output().text().find(" volumeChanged (8 bytes: 00 00 00 00 1f 00 00 00): "), std::string::npos)
         << waiting->output().text();
     EXPECT_EQ(waiting->output().text().find('\n'), waiting->output().text().size() - 1);
+    EXPECT_EQ(waiting->error().text(), "kelutv: waiting for volumeChanged channel=speaker volume>=20\n");
 }
 
 TEST(Wait, takesEventsByNumberAndPrintsADocument) {
@@ -72,7 +73,15 @@ TEST(Wait, refusesWhatCannotBe) {
     const std::string hint = "Try 'kelutv help wait'.\n";
     EXPECT_EQ(errorOf({"volume=x"}), "kelutv: volume is compared with a whole number, not 'x'\n" + hint);
     EXPECT_EQ(errorOf({"volume"}), "kelutv: say what volume is to be, as in 'volume=VALUE'\n" + hint);
-    EXPECT_EQ(errorOf({"volumeChange"}).find("kelutv: no event is called volumeChange; nearest: volumeChanged, "), 0U);
+    EXPECT_EQ(errorOf({"volumeChange"})
+                  .find("kelutv: there is no event or setting 'volumeChange' to wait for; nearest: "
+                        "volumeChanged, "),
+              0U);
+    EXPECT_EQ(errorOf({"servce"}),
+              "kelutv: there is no event or setting 'servce' to wait for; nearest: service\n" + hint);
+    EXPECT_EQ(errorOf({""}), "kelutv: there is no event or setting '' to wait for\n" + hint);
+    EXPECT_EQ(errorOf({"source=x"}).find("kelutv: source: 'x' is not one of atv, "), 0U);
+    EXPECT_EQ(errorOf({"volumeChanged", "channel=x"}).find("kelutv: channel: 'x' is not one of speaker, "), 0U);
     EXPECT_EQ(errorOf({"volumeChanged", "volume"}),
               "kelutv: 'volume' does not say what a field is to be, as volume=35 does\n" + hint);
     EXPECT_EQ(errorOf({"0x6FF01", "volume=3"}), "kelutv: the fields of event 0x6FF01 are not known\n" + hint);

@@ -40,7 +40,7 @@ void select(const Output& output, const std::string& address) {
 
 /** A key goes down, then up. */
 void press(const Output& output, const std::string& key) {
-    const std::int32_t number = valueNamed(*wire::findEnumeration("E_MW_CEC_UI_CMD"), key);
+    const std::int32_t number = valueNamed(*wire::findEnumeration("E_MW_CEC_UI_CMD"), key, "cec key");
     for (const char* const direction : {"true", "false"}) {
         callFunction(functionNamed("linux_tv_HdmiCEC_sendCecCommand"),
                      {"IrCommand=" + std::to_string(number) + ",KeyPressed=" + direction});

@@ -60,11 +60,7 @@ std::int32_t numberOf(const char* option, const wire::Enumeration& names, const 
     if (const auto number = wire::int32Of(text)) {
         return *number;
     }
-    try {
-        return valueNamed(names, text);
-    } catch (const UsageError& error) {
-        throw UsageError(std::string(option) + ": " + error.what());
-    }
+    return valueNamed(names, text, option);
 }
 
 const wire::Command& commandNamed(const std::string& text) {

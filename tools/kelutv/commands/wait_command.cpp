@@ -7,9 +7,11 @@
 #include "tools/kelutv/settings/SettingCondition.h"
 #include "tools/kelutv/settings/SettingValue.h"
 #include "tools/process/Deadline.h"
+#include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
 #include <algorithm>
+#include <cctype>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -91,19 +93,36 @@ std::vector<FieldCondition> conditionsOf(const WaitOptions& options, const wire:
     return conditions;
 }
 
+/** The event and what its fields are to be. */
+std::string textOf(const WaitOptions& options) {
+    std::string text = wire::shown(options.what);
+    for (const std::string& field : options.fields) {
+        text += ' ' + wire::shown(field);
+    }
+    return text;
+}
+
 EventRange rangeOf(const wire::EventTable& events, const std::string& name) {
-    const std::vector<std::string> settings = settingNames(false);
-    if (events.named(name) == nullptr && std::find(settings.begin(), settings.end(), name) != settings.end()) {
+    const bool isNumber = std::isdigit(static_cast<unsigned char>(name.c_str()[0])) != 0;
+    if (isNumber || events.named(name) != nullptr) {
+        return eventNamed(events, name);
+    }
+    std::vector<std::string> names = settingNames(false);
+    if (std::find(names.begin(), names.end(), name) != names.end()) {
         throw UsageError("say what " + name + " is to be, as in '" + name + "=VALUE'");
     }
-    return eventNamed(events, name);
+    const std::vector<std::string> eventNames = events.names();
+    names.insert(names.end(), eventNames.begin(), eventNames.end());
+    names.emplace_back("service");
+    throw UsageError("there is no event or setting '" + wire::shown(name) + "' to wait for" +
+                     wire::nearestHint(name, names));
 }
 
 void waitForEvent(const WaitOptions& options, const Output& output) {
     const wire::EventTable events = eventsOf(options.eventFile);
     const EventRange range = rangeOf(events, options.what);
     const auto conditions = conditionsOf(options, events.find(range.first));
-    Waiting waiting({wire::moduleOf(range.first)}, options.what, output);
+    Waiting waiting({wire::moduleOf(range.first)}, textOf(options), output);
     while (true) {
         for (const ReceivedEvent& received : waiting.next(std::nullopt)) {
             const KnownEvent event(received, events);

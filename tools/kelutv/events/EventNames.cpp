@@ -57,7 +57,7 @@ std::string moduleName(std::uint32_t module) {
 std::uint32_t moduleNamed(const std::string& text) {
     const auto number = numberIn(text);
     if (!number) {
-        return wire::moduleOf(static_cast<std::uint32_t>(valueNamed(wire::eventModules(), text)));
+        return wire::moduleOf(static_cast<std::uint32_t>(valueNamed(wire::eventModules(), text, "module")));
     }
     if (!wire::isEventModule(*number)) {
         throw UsageError("module " + wire::shown(text) +

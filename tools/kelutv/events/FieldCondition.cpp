@@ -34,7 +34,7 @@ std::int32_t numberOf(const wire::EventField& field, const std::string& text) {
         throw UsageError(std::string(field.name) + " is compared with a whole number, not '" + wire::shown(text) +
                          '\'');
     }
-    return valueNamed(*field.names, text);
+    return valueNamed(*field.names, text, field.name);
 }
 
 wire::Value valueOf(const wire::EventField& field, const Comparison& comparison) {

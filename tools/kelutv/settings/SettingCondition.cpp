@@ -30,7 +30,7 @@ std::string textIn(const Comparison& comparison, const Setting& setting) {
         return comparison.value;
     case SettingKind::Choice: {
         const wire::Enumeration& values = enumerationOf(setting);
-        return wire::namesOf(values).shortNameOf(valueNamed(values, comparison.value));
+        return wire::namesOf(values).shortNameOf(valueNamed(values, comparison.value, setting.name));
     }
     case SettingKind::Timing:
         throw UsageError(setting.name + " has several values; none can be waited for");

@@ -43,11 +43,11 @@ Json numbersDocument(const wire::ValueType& values) {
 
 } // namespace
 
-std::int32_t valueNamed(const wire::Enumeration& names, const std::string& text) {
+std::int32_t valueNamed(const wire::Enumeration& names, const std::string& text, const std::string& what) {
     try {
         return wire::namesOf(names).valueOf(text);
     } catch (const wire::UnknownName& error) {
-        throw UsageError(error.what());
+        throw UsageError((what.empty() ? "" : what + ": ") + error.what());
     }
 }
 

@@ -8,8 +8,12 @@
 
 namespace kelutv::tool {
 
-/** The value that a name means (see `wire::Names`). @throws UsageError when it means none or several */
-std::int32_t valueNamed(const wire::Enumeration& names, const std::string& text);
+/**
+ * The value that a name means (see `wire::Names`).
+ *
+ * @throws UsageError when it means none or several; it begins with `what` unless that is empty
+ */
+std::int32_t valueNamed(const wire::Enumeration& names, const std::string& text, const std::string& what = "");
 
 /** What is allowed, in words: `0 to 100`, `one of speaker, headphone`, `true or false`. */
 std::string allowedText(const wire::ValueType& values);
