@@ -107,6 +107,7 @@ TEST(ForeignDoctor, examinesAnotherPlatform) {
           " 0 failures\n"}) {
         EXPECT_NE(run.output.find(line), std::string::npos) << line << run.output;
     }
+    EXPECT_EQ(run.output.find("/../"), std::string::npos) << run.output;
     EXPECT_EQ(service.output({"get", "volume"}), "33\n");
 }
 

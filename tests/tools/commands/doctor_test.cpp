@@ -163,6 +163,21 @@ TEST_F(Doctor, isADocumentForEachCheck) {
     EXPECT_EQ(last.at("leftOut"), 0);
 }
 
+TEST(DoctorWithoutTelevision, refusesTimesThatAreNone) {
+    struct Case {
+        const char* option;
+        const char* time;
+        const char* least;
+    };
+    for (const Case& each : {Case{"--limit", "0", "0.01"}, Case{"--slow", "x", "0.0001"}, Case{"--event", "-1", "0"},
+                             Case{"--death", "nan", "0.01"}}) {
+        const ToolRun run = examine({each.option, each.time});
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_EQ(run.error, usageError("doctor", std::string(each.option) + " takes a time from " + each.least +
+                                                      " to 86400 seconds, not '" + each.time + '\''));
+    }
+}
+
 TEST(DoctorWithoutTelevision, saysSo) {
     const RuntimeDir runtimeDir;
     const ToolRun run = examine();

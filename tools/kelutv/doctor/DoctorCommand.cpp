@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/doctor/Report.h"
 #include "tools/kelutv/doctor/Visit.h"
+#include "tools/kelutv/parser/Amounts.h"
 
 #include <memory>
 
@@ -9,7 +10,15 @@ namespace kelutv::tool {
 
 namespace {
 
-constexpr double kLongest = 86400;
+constexpr Seconds kLongest{86400};
+
+/** An option that takes a time. */
+void addTime(const Subcommand& command, const char* name, double& seconds, double least, const char* help) {
+    const auto read = [name, &seconds, least](const std::string& text) {
+        seconds = secondsOf(name, text, Seconds(least), kLongest).count();
+    };
+    command.option(name, read, "SECONDS", help);
+}
 
 Exit examine(const DoctorOptions& options, const Output& output) {
     const std::vector<Check> checks = allChecks(options);
@@ -38,13 +47,12 @@ void addDoctorCommand(const Command& program, Context& context) {
         "kelutv doctor --change --death 30\n"
         "kelutv doctor --json | jq 'select(.verdict != \"ok\")'");
     const auto options = std::make_shared<DoctorOptions>();
-    command.option("--limit", options->limit, 0.01, kLongest, "SECONDS", "How long an answer may take; else 5");
-    command.option("--slow", options->slow, 0.0001, kLongest, "SECONDS", "What takes longer is a warning; else 0.1");
-    command.option("--event", options->events, 0, kLongest, "SECONDS",
-                   "How long to wait for an event, 0 for not at all; else 2");
+    addTime(command, "--limit", options->limit, 0.01, "How long an answer may take; else 5");
+    addTime(command, "--slow", options->slow, 0.0001, "What takes longer is a warning; else 0.1");
+    addTime(command, "--event", options->events, 0, "How long to wait for an event, 0 for not at all; else 2");
     command.flag("--change", options->mayChange, "Change the volume and put it back, to see an event");
-    command.option("--death", options->death, 0.01, kLongest, "SECONDS",
-                   "At the end, ask for the service to be ended and wait for the notice");
+    addTime(command, "--death", options->death, 0.01,
+            "At the end, ask for the service to be ended and wait for the notice");
     command.action([options, &context] { context.exit = examine(*options, context.output); });
 }
 

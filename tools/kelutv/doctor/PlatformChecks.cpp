@@ -3,7 +3,9 @@
 #include "tools/kelutv/text/Lists.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
+#include <system_error>
 
 namespace kelutv::tool {
 
@@ -24,9 +26,10 @@ bool isOfLanguage(const std::string& library) {
 
 Finding lookForLibraries() {
     std::map<std::string, std::size_t> libraries;
+    std::error_code error;
     for (const SeamSymbol& symbol : interposition::seamOfClientLibrary()) {
         if (!symbol.library.empty() && !isOfLanguage(symbol.library)) {
-            ++libraries[symbol.library];
+            ++libraries[std::filesystem::weakly_canonical(symbol.library, error)];
         }
     }
     std::vector<std::string> words;

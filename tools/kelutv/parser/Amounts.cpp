@@ -13,8 +13,6 @@ namespace kelutv::tool {
 namespace {
 
 constexpr char kVariable[] = "KELUTV_TIMEOUT";
-constexpr double kShortest = 0.001;
-constexpr double kLongest = 1e6;
 constexpr std::size_t kMost = 1'000'000'000;
 
 [[noreturn]] void refuse(const std::string& option, const std::string& allowed, const std::string& text) {
@@ -23,13 +21,13 @@ constexpr std::size_t kMost = 1'000'000'000;
 
 } // namespace
 
-Seconds secondsOf(const std::string& option, const std::string& text) {
+Seconds secondsOf(const std::string& option, const std::string& text, Seconds least, Seconds most) {
     double seconds = 0;
     const char* const end = text.data() + text.size();
     const auto [last, error] = std::from_chars(text.data(), end, seconds);
     // What is not a number is in no range.
-    if (error != std::errc() || last != end || !(seconds >= kShortest && seconds <= kLongest)) {
-        refuse(option, "a time from 0.001 to 1000000 seconds", text);
+    if (error != std::errc() || last != end || !(seconds >= least.count() && seconds <= most.count())) {
+        refuse(option, "a time from " + secondsText(least) + " to " + secondsText(most) + " seconds", text);
     }
     return Seconds(seconds);
 }

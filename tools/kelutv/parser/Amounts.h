@@ -9,8 +9,9 @@ namespace kelutv::tool {
 
 using Seconds = std::chrono::duration<double>;
 
-/** How much time the text of this option gives, 0.001 s to 1000000 s. @throws UsageError */
-Seconds secondsOf(const std::string& option, const std::string& text);
+/** How much time the text of this option gives, `least` to `most`. @throws UsageError */
+Seconds secondsOf(const std::string& option, const std::string& text, Seconds least = Seconds(0.001),
+                  Seconds most = Seconds(1e6));
 
 /** The number of seconds as `secondsOf` reads it. */
 std::string secondsText(Seconds time);
