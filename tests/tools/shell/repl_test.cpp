@@ -68,6 +68,9 @@ TEST(Repl, endsWithQuit) {
         EXPECT_EQ(run.exit, 0);
         EXPECT_EQ(run.output, "6\n");
     }
+    const ReplRun run = runLines("quit now\nset volume 7\n");
+    EXPECT_EQ(run.output, "7\n");
+    EXPECT_NE(run.error.find("kelutv: line 1: unexpected argument 'now'\n"), std::string::npos) << run.error;
 }
 
 TEST(Repl, itsOptionsHoldForEveryLine) {

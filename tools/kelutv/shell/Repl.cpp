@@ -5,6 +5,7 @@
 #include "tools/kelutv/shell/Completion.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "tools/kelutv/shell/Tokenizer.h"
+#include "wire/text/Shown.h"
 
 #include <unistd.h>
 
@@ -106,6 +107,9 @@ std::string Repl::place() const { return mAtTerminal ? "" : "line " + std::to_st
 Exit Repl::runWords(std::vector<std::string> words) {
     const std::string command = commandOf(words);
     if (isAnyOf(command, {"quit", "exit"})) {
+        if (words.back() != command) {
+            throw UsageError("unexpected argument '" + wire::shown(words.back()) + '\'');
+        }
         mEnded = true;
         return Exit::Success;
     }
