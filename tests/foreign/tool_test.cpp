@@ -81,6 +81,15 @@ TEST(ForeignTool, getsAndSets) {
     }
 }
 
+/** A television that gives nothing but zeros and empty texts. */
+TEST(ForeignTool, leavesOutWhatIsEmpty) {
+    const ForeignService service;
+    EXPECT_EQ(service.output({"cec"}), "0   hdmi1, playing\narc hdmi1, not supported, not active\n");
+    const ToolRun run = service.run({"sources"});
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.error, "kelutv: the television lists no inputs\n");
+}
+
 TEST(ForeignTool, keepsWhatIsWrittenToMemories) {
     const ForeignService service;
     service.output({"-q", "eep", "write", "tv", "0x8A02", "0x15", "0xFE"});

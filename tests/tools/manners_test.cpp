@@ -196,7 +196,8 @@ TEST(Manners, helpBeginsWithExamples) {
               "Usage: kelutv set [OPTIONS] SETTING VALUE\n"
               "\n"
               "Change a setting of the television, and print its new value\n"
-              "Names can be shortened as long as one is meant. 'kelutv get' lists every SETTING and its values.\n"
+              "A VALUE that is a name can be shortened as long as one is meant. 'kelutv get' lists every SETTING and "
+              "its values.\n"
               "\n");
     EXPECT_EQ(runTool({"set", "--help"}).output, run.output);
 }

@@ -302,8 +302,8 @@ const Wrong kWrong[] = {
      {"factory.getIRWBStatus"},
      "'factory.getIRWBStatus' is short for several functions: linux_tv_Factory_getIRWBStatus, "
      "linux_tv_factory_getIRWBStatus"},
-    {"tooFewArguments", {"audio.setVolume", "speaker"}, "audio.setVolume takes 2 arguments: channel vol; there are 1"},
-    {"tooManyArguments", {"audio.getEQEnable", "1"}, "audio.getEQEnable takes 0 arguments; there are 1"},
+    {"tooFewArguments", {"audio.setVolume", "speaker"}, "audio.setVolume takes 2 arguments: channel vol; there is 1"},
+    {"tooManyArguments", {"audio.getEQEnable", "1"}, "audio.getEQEnable takes 0 arguments; there is 1"},
     {"arrayAndLength",
      {"factory.setMacAddress"},
      "factory.setMacAddress takes 2 arguments: pMacAddr [length]; there are 0"},

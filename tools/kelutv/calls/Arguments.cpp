@@ -66,7 +66,8 @@ private:
         }
         if (mArguments.size() != mGiven.size()) {
             throw UsageError(std::string(mFunction.shortName) + " takes " + wordsFor(all.size()) + namesOf(all) +
-                             "; there are " + std::to_string(mArguments.size()));
+                             (mArguments.size() == 1 ? "; there is " : "; there are ") +
+                             std::to_string(mArguments.size()));
         }
     }
 

@@ -22,15 +22,16 @@ void set(const Output& output, const std::string& name, const std::string& text)
 } // namespace
 
 void addSetCommand(const Command& program, Context& context) {
-    const Subcommand command(program, "set",
-                             "Change a setting of the television, and print its new value\n"
-                             "Names can be shortened as long as one is meant. 'kelutv get' lists every SETTING "
-                             "and its values.\n\n"
-                             "Examples:\n"
-                             "kelutv set volume 35\n"
-                             "kelutv set volume +5\n"
-                             "kelutv set mute toggle\n"
-                             "kelutv set source hdmi2");
+    const Subcommand command(
+        program, "set",
+        "Change a setting of the television, and print its new value\n"
+        "A VALUE that is a name can be shortened as long as one is meant. 'kelutv get' lists every "
+        "SETTING and its values.\n\n"
+        "Examples:\n"
+        "kelutv set volume 35\n"
+        "kelutv set volume +5\n"
+        "kelutv set mute toggle\n"
+        "kelutv set source hdmi2");
     const auto name = std::make_shared<std::string>();
     const auto value = std::make_shared<std::string>();
     command.required("SETTING", *name, "What to change: volume, source, picture-mode, ...");

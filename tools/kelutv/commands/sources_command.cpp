@@ -28,8 +28,12 @@ void addSourcesCommand(const Command& program, Context& context) {
                              "kelutv sources\n"
                              "kelutv sources --json");
     command.action([&context] {
-        for (const Input& input : readInputs()) {
+        const std::vector<Input> inputs = readInputs();
+        for (const Input& input : inputs) {
             show(context.output, input);
+        }
+        if (inputs.empty()) {
+            context.output.message("kelutv: the television lists no inputs");
         }
     });
 }

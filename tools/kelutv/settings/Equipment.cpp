@@ -112,8 +112,14 @@ std::string textOf(const Input& input) {
 }
 
 std::string textOf(const CecDevice& device) {
-    return sourceName(sourceOfPort(device.port)) + ", " + wire::shown(device.physicalAddress) + ", " +
-           wire::shown(device.name) + (device.isPlaying ? ", playing" : "");
+    std::vector<std::string> parts;
+    for (const std::string& part : {sourceName(sourceOfPort(device.port)), device.physicalAddress, device.name,
+                                    std::string(device.isPlaying ? "playing" : "")}) {
+        if (!part.empty()) {
+            parts.push_back(wire::shown(part));
+        }
+    }
+    return joined(parts, ", ");
 }
 
 Json documentOf(const Input& input) {
