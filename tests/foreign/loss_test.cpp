@@ -119,6 +119,18 @@ TEST(ForeignDoctor, namesWhatEndsTheServiceAndGoesNoFurther) {
     EXPECT_NE(run.output.find(" left out\n"), std::string::npos) << run.output;
 }
 
+TEST(ForeignDoctor, givesUpAServiceThatIsStopped) {
+    ForeignService service;
+    service.process().kill(SIGSTOP);
+    const ToolRun run = service.run({"doctor", "--event", "0", "--limit", "0.1"});
+    service.process().kill(SIGCONT);
+    EXPECT_EQ(run.exit, 5);
+    EXPECT_NE(
+        run.output.find("\nok    service.found: found at try 1\nFAIL  service.transport: no answer within 0.1 s\n"),
+        std::string::npos)
+        << run.output;
+}
+
 TEST(ForeignDoctor, noticesTheEndOfTheService) {
     ForeignService service;
     const auto doctor = startUntil("end the service now\n", {"doctor", "--event", "0", "--death", "10"}, service);

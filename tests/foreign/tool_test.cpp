@@ -92,7 +92,9 @@ TEST(ForeignTool, leavesOutWhatIsEmpty) {
 
 TEST(ForeignTool, keepsWhatIsWrittenToMemories) {
     const ForeignService service;
-    service.output({"-q", "eep", "write", "tv", "0x8A02", "0x15", "0xFE"});
+    EXPECT_EQ(service.run({"eep", "write", "tv", "0x8A02", "0x15", "0"}).error,
+              "kelutv: 2 bytes written from 0x8A02 on\n");
+    EXPECT_EQ(service.run({"eep", "write", "tv", "0x8A03", "0xFE"}).error, "kelutv: 1 byte written from 0x8A03 on\n");
     EXPECT_EQ(service.output({"eep", "read", "tv", "0x8A00", "5"}), "00 00 15 fe 00\n");
     EXPECT_EQ(service.output({"eep", "read", "flash", "0x8A03"}), "fe\n");
     EXPECT_EQ(service.output({"eep", "read", "eep", "0x8A03"}), "00\n");

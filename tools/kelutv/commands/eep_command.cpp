@@ -155,7 +155,7 @@ void store(const EepArea& area, int address, const Bytes& bytes, const EepOption
     if (options.verify) {
         verify(area, address, bytes);
     }
-    output.message("kelutv: " + std::to_string(bytes.size()) + " bytes written from " + addressText(address) + " on");
+    output.message("kelutv: " + bytesText(bytes.size()) + " written from " + addressText(address) + " on");
     output.document(blockDocument(area, address, bytes));
 }
 
@@ -176,8 +176,8 @@ void load(const EepOptions& options, const Output& output) {
     const EepArea& area = eepAreaNamed(options.area);
     const Bytes content = imageIn(options.file);
     if (content.size() != static_cast<std::size_t>(area.size())) {
-        throw UsageError(wire::shown(options.file, wire::kMostOfPath) + " has " + std::to_string(content.size()) +
-                         " bytes; the area " + area.name + " needs exactly " + std::to_string(area.size()));
+        throw UsageError(wire::shown(options.file, wire::kMostOfPath) + " has " + bytesText(content.size()) +
+                         "; the area " + area.name + " needs exactly " + std::to_string(area.size()));
     }
     store(area, area.first, content, options, output);
 }

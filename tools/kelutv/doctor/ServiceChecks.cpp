@@ -35,7 +35,6 @@ Finding lookForService() {
         android::sp<android::IBinder> found;
         const auto time = timeOf([&] { found = android::defaultServiceManager()->getService(name); });
         if (found != nullptr) {
-            requireService();
             return {tried == 0 ? Verdict::Good : Verdict::Warning, "found at try " + std::to_string(tried + 1), time};
         }
     }
@@ -55,6 +54,7 @@ std::string openDevice() {
     return "";
 }
 
+/** The first that connects, which is to take no longer than an answer. */
 Finding lookForTransport() {
     requireService();
     const std::string device = openDevice();

@@ -101,6 +101,8 @@ std::string addressText(int address) {
     return text;
 }
 
+std::string bytesText(std::size_t count) { return std::to_string(count) + (count == 1 ? " byte" : " bytes"); }
+
 void EepArea::requireBlock(int address, int length) const {
     if (address < first || address > last) {
         throw UsageError("address " + addressText(address) + " is outside the area " + name + ", which goes from " +
@@ -115,7 +117,7 @@ void EepArea::requireBlock(int address, int length) const {
 
 Bytes EepArea::read(int address, int length) const {
     std::vector<int> values(static_cast<std::size_t>(length));
-    call("cannot read " + std::to_string(length) + " bytes from " + addressText(address) + " on",
+    call("cannot read " + bytesText(values.size()) + " from " + addressText(address) + " on",
          [&] { return readBlock(address, length, values.data()); });
     Bytes bytes;
     for (const int value : values) {
@@ -126,7 +128,7 @@ Bytes EepArea::read(int address, int length) const {
 
 void EepArea::write(int address, const Bytes& bytes) const {
     std::vector<int> values(bytes.begin(), bytes.end());
-    call("cannot write " + std::to_string(bytes.size()) + " bytes from " + addressText(address) + " on",
+    call("cannot write " + bytesText(bytes.size()) + " from " + addressText(address) + " on",
          [&] { return writeBlock(address, static_cast<int>(values.size()), values.data()); });
 }
 

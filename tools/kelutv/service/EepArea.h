@@ -38,4 +38,7 @@ const EepArea& eepAreaNamed(const std::string& name);
 /** `0x8A00`. */
 std::string addressText(int address);
 
+/** `1 byte`, `2 bytes`. */
+std::string bytesText(std::size_t count);
+
 } // namespace kelutv::tool
