@@ -180,10 +180,14 @@ TEST(DoctorWithoutTelevision, refusesTimesThatAreNone) {
 
 TEST(DoctorWithoutTelevision, saysSo) {
     const RuntimeDir runtimeDir;
-    const ToolRun run = examine();
+    const std::string nowhere = runtimeDir.path() + "/nowhere/run";
+    const ToolRun run = runTool({"doctor", "--event", "0"}, {"KQDROID_RUNTIME_DIR=" + nowhere});
     EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(lineOf(run, "platform.seam").substr(0, 3), "ok ");
-    EXPECT_EQ(lineOf(run, "service.found").substr(0, 46), "FAIL  service.found: there is no television se");
+    EXPECT_EQ(lineOf(run, "service.found"),
+              "FAIL  service.found: there is no television service; is the television, or kelutv-simulator, running? "
+              "(runtime directory " +
+                  nowhere + ": No such file or directory; no service TVBaseService in " + nowhere + "/services)");
     EXPECT_NE(run.output.find(" left out\n"), std::string::npos) << run.output;
 }
 

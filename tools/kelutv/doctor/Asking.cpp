@@ -20,13 +20,27 @@ bool isServiceAlive() {
     }
 }
 
+/** A verdict has one line: what stands in lines of its own goes into parentheses. */
+std::string inOneLine(std::string text) {
+    const std::string breakOfLines = "\n  ";
+    std::size_t place = text.find(breakOfLines);
+    if (place == std::string::npos) {
+        return text;
+    }
+    text.replace(place, breakOfLines.size(), " (");
+    while ((place = text.find(breakOfLines, place)) != std::string::npos) {
+        text.replace(place, breakOfLines.size(), "; ");
+    }
+    return text + ')';
+}
+
 } // namespace
 
 Finding askingFinds(const std::function<Finding()>& look) {
     try {
         return look();
     } catch (const LinkError& error) {
-        return {isServiceAlive() ? Verdict::Bad : Verdict::Unlinked, error.what()};
+        return {isServiceAlive() ? Verdict::Bad : Verdict::Unlinked, inOneLine(error.what())};
     } catch (const ToolError& error) {
         return {Verdict::Bad, error.what()};
     }
