@@ -52,11 +52,10 @@ int HdmiCEC::getDeviceListInfo(std::vector<Device>* deviceList) {
         return -1;
     }
     allocating([&] {
-        Device device;
-        while (readDevice(reply, device)) {
-            tell(device);
-            deviceList->push_back(device);
+        while (readDevice(reply, deviceList->emplace_back())) {
+            tell(deviceList->back());
         }
+        deviceList->pop_back();
     });
     return 0;
 }

@@ -11,32 +11,29 @@
 
 namespace kelutv::internal {
 
+namespace {
+
+/** Reads what the reply holds of `count` values in one piece; 0 where it has ended. */
+template <typename Value> void readBlock(const android::Parcel& reply, Value* values, std::int64_t count) {
+    if (count <= 0) {
+        return;
+    }
+    const auto wanted = static_cast<std::uint64_t>(count);
+    const std::uint64_t held = std::min<std::uint64_t>(wanted, reply.dataAvail() / sizeof(Value));
+    const bool read = reply.read(values, static_cast<size_t>(held) * sizeof(Value)) == android::NO_ERROR;
+    std::fill(values + (read ? held : 0), values + wanted, Value{});
+}
+
+} // namespace
+
 Request& Request::word(int value) {
     mWritten |= mArguments.writeInt32(value);
     return *this;
 }
 
-Request& Request::words(std::initializer_list<int> values) {
-    return this->values(values.begin(), static_cast<int>(values.size()));
-}
-
-Request& Request::words(std::initializer_list<unsigned int> values) {
-    for (const unsigned int value : values) {
-        word(static_cast<int>(value));
-    }
-    return *this;
-}
-
-Request& Request::values(const int* values, int count) {
-    for (int i = 0; values != nullptr && i < count; ++i) {
-        word(values[i]);
-    }
-    return *this;
-}
-
-Request& Request::values(const double* values, int count) {
-    for (int i = 0; values != nullptr && i < count; ++i) {
-        mWritten |= mArguments.writeDouble(values[i]);
+Request& Request::block(const void* values, int count, size_t size) {
+    if (values != nullptr && count > 0) {
+        mWritten |= mArguments.write(values, static_cast<size_t>(count) * size);
     }
     return *this;
 }
@@ -88,17 +85,9 @@ bool readWord(const android::Parcel& reply, unsigned int& word) {
     return true;
 }
 
-void readValues(const android::Parcel& reply, int* values, std::int64_t count) {
-    for (std::int64_t i = 0; i < count; ++i) {
-        values[i] = reply.readInt32();
-    }
-}
+void readValues(const android::Parcel& reply, int* values, std::int64_t count) { readBlock(reply, values, count); }
 
-void readValues(const android::Parcel& reply, double* values, std::int64_t count) {
-    for (std::int64_t i = 0; i < count; ++i) {
-        values[i] = reply.readDouble();
-    }
-}
+void readValues(const android::Parcel& reply, double* values, std::int64_t count) { readBlock(reply, values, count); }
 
 int readCountedValues(const android::Parcel& reply, int* values) {
     const int count = reply.readInt32();

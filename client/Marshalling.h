@@ -35,12 +35,16 @@ template <typename Record> struct RecordWords {
 class Request {
 public:
     Request& word(int value);
-    Request& words(std::initializer_list<int> values);
-    Request& words(std::initializer_list<unsigned int> values);
+    Request& words(std::initializer_list<int> values) {
+        return block(values.begin(), static_cast<int>(values.size()), sizeof(int));
+    }
+    Request& words(std::initializer_list<unsigned int> values) {
+        return block(values.begin(), static_cast<int>(values.size()), sizeof(unsigned int));
+    }
 
     /** `count` values; none for a null pointer or a count below 1. */
-    Request& values(const int* values, int count);
-    Request& values(const double* values, int count);
+    Request& values(const int* values, int count) { return block(values, count, sizeof(int)); }
+    Request& values(const double* values, int count) { return block(values, count, sizeof(double)); }
 
     /** The bytes and a terminator; null is the empty text. */
     Request& text(const char* text);
@@ -62,6 +66,7 @@ public:
     int sendBehind(int command, int first, int second) const;
 
 private:
+    Request& block(const void* values, int count, size_t size);
     template <typename... Arguments> int exchange(int command, Arguments&&... arguments) const;
 
     android::Parcel mArguments;

@@ -195,6 +195,9 @@ TEST_F(FactoryValues, ofTheSoundCurveAreDoubles) {
     service().reply(Wire::reply().i32(2).f64(0.5).bytes());
     EXPECT_EQ(factory().getSoundCurve(curve.data(), 1), -1);
     EXPECT_EQ(curve, (std::array<double, 4>{9, 9, 9, 9}));
+    service().reply(Wire::reply().i32(0).f64(0.5).i32(7).bytes());
+    EXPECT_EQ(factory().getSoundCurve(curve.data(), 3), 0);
+    EXPECT_EQ(curve, (std::array<double, 4>{0.5, 0, 0, 9})) << "half a double is none";
 }
 
 // irregular: Factory::setSoundCurve
