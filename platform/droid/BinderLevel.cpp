@@ -13,8 +13,14 @@ namespace {
 
 constexpr BinderLevel kDefault = BinderLevel::k28;
 
+std::string variable() {
+    const char* const value = std::getenv("KQDROID_BINDER_LEVEL");
+    return value == nullptr ? "" : value;
+}
+
 /** What the environment says; empty when it names no level. */
-std::optional<BinderLevel> asked(const std::string& text) {
+[[gnu::cold, gnu::noinline]] std::optional<BinderLevel> asked() {
+    const std::string text = variable();
     if (text.empty()) {
         return kDefault;
     }
@@ -26,28 +32,21 @@ std::optional<BinderLevel> asked(const std::string& text) {
     return std::nullopt;
 }
 
-std::string variable() {
-    const char* const value = std::getenv("KQDROID_BINDER_LEVEL");
-    return value == nullptr ? "" : value;
-}
-
-/** Once: a line of the log may itself lead to a request. */
-void tellOfWrong(const std::string& text) {
+/** Says so once: a line of the log may itself lead to a request. */
+[[gnu::cold, gnu::noinline]] BinderLevel defaultInPlaceOfWrong() {
     static std::atomic<bool> told{false};
     if (!told.exchange(true)) {
         __android_log_print(ANDROID_LOG_WARN, "kqdroid", "KQDROID_BINDER_LEVEL is \"%s\", not 28, 29 or 30; taking %d",
-                            text.c_str(), numberOf(kDefault));
+                            variable().c_str(), numberOf(kDefault));
     }
+    return kDefault;
 }
 
 } // namespace
 
 BinderLevel binderLevel() {
-    static const std::optional<BinderLevel> level = asked(variable());
-    if (!level) {
-        tellOfWrong(variable());
-    }
-    return level.value_or(kDefault);
+    static const std::optional<BinderLevel> level = asked();
+    return level ? *level : defaultInPlaceOfWrong();
 }
 
 } // namespace android

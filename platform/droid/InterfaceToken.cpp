@@ -83,10 +83,14 @@ void refuse(const Name& name, BinderLevel level, const std::string& wanted) {
 } // namespace
 
 status_t writeInterfaceToken(Parcel* request, BinderLevel level, const String16& interface) {
-    const std::array<int32_t, 3> headers{IPCThreadState::self()->getStrictModePolicy() | kStrictModePenaltyGather,
-                                         kNoWorkSource, kSystemHeader};
-    const status_t status = request->write(headers.data(), static_cast<size_t>(headersOf(level)) * sizeof(int32_t));
-    return status != NO_ERROR ? status : request->writeString16(interface);
+    status_t status = request->writeInt32(IPCThreadState::self()->getStrictModePolicy() | kStrictModePenaltyGather);
+    if (status == NO_ERROR && level != BinderLevel::k28) {
+        status = request->writeInt32(kNoWorkSource);
+    }
+    if (status == NO_ERROR && level == BinderLevel::k30) {
+        status = request->writeInt32(kSystemHeader);
+    }
+    return status == NO_ERROR ? request->writeString16(interface) : status;
 }
 
 InterfaceToken readInterfaceToken(const Parcel& request, const String16& wanted) {

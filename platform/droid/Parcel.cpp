@@ -17,42 +17,24 @@ constexpr size_t kLargest = INT32_MAX;
 
 constexpr size_t padded(size_t length) { return (length + 3) & ~size_t{3}; }
 
+/** Copies `length` bytes to where there is room for them in whole words, and zeros behind them. */
+void copyPadded(uint8_t* place, const void* bytes, size_t length) {
+    if (length > 0) {
+        std::memmove(place, bytes, length);
+    }
+    if (const size_t padding = padded(length) - length; padding != 0) {
+        std::memset(place + length, 0, padding);
+    }
+}
+
 } // namespace
 
-// The storage is left as it is: only what was written is ever read.
-Parcel::Parcel() noexcept {}
-
-Parcel::~Parcel() { freeData(); }
-
-void Parcel::useInlineStorage() {
-    mData = mInline;
-    mCapacity = kInlineCapacity;
-    mRelease = nullptr;
-}
-
-void Parcel::dropStorage() {
-    if (mRelease != nullptr) {
-        mRelease(mOwner, mData);
-    } else if (mData != mInline) {
-        ::operator delete(mData);
+/** Room for `capacity` bytes in all, more than there is now; false when there is none to be had. */
+[[gnu::cold]] bool Parcel::reserve(size_t capacity) {
+    if (capacity > kLargest) {
+        return false;
     }
-}
-
-void Parcel::freeData() {
-    dropStorage();
-    useInlineStorage();
-    mObjects.reset();
-    mSize = 0;
-    mPosition = 0;
-}
-
-void Parcel::setDataPosition(size_t position) const { mPosition = std::min(position, mSize); }
-
-bool Parcel::reserve(size_t capacity) {
-    if (capacity <= mCapacity) {
-        return true;
-    }
-    const size_t larger = std::max({capacity, mSize, mCapacity + mCapacity / 2});
+    const size_t larger = std::min(std::max({capacity, mSize, mCapacity + mCapacity / 2}), kLargest);
     auto* const moved = static_cast<uint8_t*>(::operator new(larger, std::nothrow));
     if (moved == nullptr) {
         return false;
@@ -64,24 +46,62 @@ bool Parcel::reserve(size_t capacity) {
         // What objects came with the buffer goes with it.
         mObjects.reset();
     }
-    dropStorage();
+    if (mData != mInline) {
+        dropStorage();
+    }
     mData = moved;
     mCapacity = larger;
     mRelease = nullptr;
     return true;
 }
 
-/** Room for `length` more bytes at the position, their padding zeroed; null when there is none to be had. */
-uint8_t* Parcel::grow(size_t length) {
-    if (length > kLargest || mPosition + padded(length) > kLargest || !reserve(mPosition + padded(length))) {
+// The storage is left as it is: only what was written is ever read.
+Parcel::Parcel() noexcept {}
+
+Parcel::~Parcel() {
+    if (mData != mInline) {
+        dropStorage();
+    }
+}
+
+void Parcel::useInlineStorage() {
+    mData = mInline;
+    mCapacity = kInlineCapacity;
+    mRelease = nullptr;
+}
+
+/** Gives back storage that is not the parcel's own. */
+void Parcel::dropStorage() {
+    if (mRelease != nullptr) {
+        mRelease(mOwner, mData);
+    } else {
+        ::operator delete(mData);
+    }
+}
+
+void Parcel::freeData() {
+    mSize = 0;
+    mPosition = 0;
+    if (mData != mInline) {
+        dropStorage();
+        useInlineStorage();
+    }
+    if (mObjects != nullptr) {
+        mObjects.reset();
+    }
+}
+
+void Parcel::setDataPosition(size_t position) const { mPosition = std::min(position, mSize); }
+
+/** Room for `length` more bytes at the position, in whole words; null when there is none to be had. */
+inline uint8_t* Parcel::grow(size_t length) {
+    const size_t end = mPosition + padded(length);
+    if (length > kLargest || (end > mCapacity && !reserve(end))) {
         return nullptr;
     }
     uint8_t* const place = mData + mPosition;
-    if (const size_t padding = padded(length) - length; padding != 0) {
-        std::memset(place + length, 0, padding);
-    }
-    mPosition += padded(length);
-    mSize = std::max(mSize, mPosition);
+    mPosition = end;
+    mSize = std::max(mSize, end);
     return place;
 }
 
@@ -90,18 +110,20 @@ status_t Parcel::setData(const uint8_t* buffer, size_t length) {
         return BAD_VALUE;
     }
     // First, since what stands here stays when there is no memory for the new.
-    if (!reserve(length)) {
+    if (length > mCapacity && !reserve(length)) {
         return NO_MEMORY;
     }
     if (mRelease != nullptr) {
         freeData();
     }
+    if (mObjects != nullptr) {
+        mObjects.reset();
+    }
+    mSize = length;
+    mPosition = 0;
     if (length > 0) {
         std::memmove(mData, buffer, length);
     }
-    mObjects.reset();
-    mSize = length;
-    mPosition = 0;
     return NO_ERROR;
 }
 
@@ -114,7 +136,7 @@ status_t Parcel::appendFrom(const Parcel* parcel, size_t start, size_t length) {
         return NO_MEMORY;
     }
     // Only now, since a parcel that is appended to itself has moved.
-    std::memmove(place, parcel->mData + start, length);
+    copyPadded(place, parcel->mData + start, length);
     return NO_ERROR;
 }
 
@@ -134,9 +156,7 @@ status_t Parcel::write(const void* bytes, size_t length) {
     if (place == nullptr) {
         return NO_MEMORY;
     }
-    if (length > 0) {
-        std::memcpy(place, bytes, length);
-    }
+    copyPadded(place, bytes, length);
     return NO_ERROR;
 }
 
@@ -167,17 +187,17 @@ status_t Parcel::writeString16(const char16_t* text, size_t length) {
     if (length >= kLargest / sizeof(char16_t)) {
         return BAD_VALUE;
     }
-    const status_t status = writeInt32(static_cast<int32_t>(length));
-    if (status != NO_ERROR) {
-        return status;
-    }
-    const size_t bytes = length * sizeof(char16_t);
-    uint8_t* const place = grow(bytes + sizeof(char16_t));
+    const auto units = static_cast<int32_t>(length);
+    const size_t bytes = padded((length + 1) * sizeof(char16_t));
+    uint8_t* const place = grow(sizeof(units) + bytes);
     if (place == nullptr) {
         return NO_MEMORY;
     }
-    std::memcpy(place, text, bytes);
-    std::memset(place + bytes, 0, sizeof(char16_t));
+    uint8_t* const units16 = place + sizeof(units);
+    // The terminator and the padding are in the last word, which the text may begin.
+    std::memset(units16 + bytes - sizeof(int32_t), 0, sizeof(int32_t));
+    std::memcpy(place, &units, sizeof(units));
+    std::memcpy(units16, text, length * sizeof(char16_t));
     return NO_ERROR;
 }
 
