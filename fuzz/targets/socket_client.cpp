@@ -72,7 +72,7 @@ void run(Input& input) {
         Parcel request;
         request.writeInt32(static_cast<std::int32_t>(i));
         Parcel reply;
-        const android::status_t status = connection->call({0, 1, 0, 0, 0}, request, &reply);
+        const android::status_t status = connection->call(1, 0, request, &reply);
         require(status == android::NO_ERROR || reply.dataSize() == 0, "there is no reply to a call that failed");
         touch(reply.data(), reply.dataSize());
     }

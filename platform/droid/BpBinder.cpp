@@ -33,9 +33,11 @@ status_t BpBinder::pingBinder() {
 }
 
 status_t BpBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
-    Parcel unwanted;
-    Parcel* const answer = reply != nullptr ? reply : &unwanted;
-    answer->freeData();
+    if (reply == nullptr) {
+        Parcel unwanted;
+        return transact(code, data, &unwanted, flags);
+    }
+    reply->freeData();
     if (kq::inForkedChild()) {
         return DEAD_OBJECT;
     }
@@ -48,7 +50,7 @@ status_t BpBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, ui
     }
     // The caller's reference may be dropped by another thread, or by the exit of the process, before the reply is here.
     const sp<BpBinder> alive(this);
-    return mObject->transact(code, data, answer, flags);
+    return mObject->transact(code, data, reply, flags);
 }
 
 status_t BpBinder::linkToDeath(const sp<DeathRecipient>& recipient, void* cookie, uint32_t) {

@@ -13,7 +13,7 @@
 namespace android {
 
 /** An object of another process. */
-class BpBinder : public IBinder {
+class BpBinder final : public IBinder {
 public:
     explicit BpBinder(std::unique_ptr<RemoteObject> object);
 

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -34,7 +33,6 @@ struct DescriptorTable {
     std::array<unsigned long, kMostDescriptors / kBitsInWord> words;
     size_t used;
     bool forksAreSeen;
-    std::atomic<bool> forkedChild;
 
     static unsigned long bit(int fd) { return 1UL << (static_cast<size_t>(fd) % kBitsInWord); }
 
@@ -70,7 +68,7 @@ void beforeFork() { gDescriptors.mutex.lock(); }
 void afterForkInParent() { gDescriptors.mutex.unlock(); }
 
 void afterForkInChild() {
-    gDescriptors.forkedChild.store(true, std::memory_order_relaxed);
+    gForkedChild.store(true, std::memory_order_relaxed);
     gDescriptors.closeAll();
     gDescriptors.mutex.unlock();
 }
@@ -103,8 +101,6 @@ bool watchForks() {
     const std::lock_guard<std::mutex> lock(gDescriptors.mutex);
     return seeForks();
 }
-
-bool inForkedChild() { return gDescriptors.forkedChild.load(std::memory_order_relaxed); }
 
 void endForkedChild() {
     if (inForkedChild()) {

@@ -2,7 +2,12 @@
 
 #include "UniqueFd.h"
 
+#include <atomic>
+
 namespace kq {
+
+// One for all libraries of the process that contain this code; asked by each call that a process makes.
+[[gnu::visibility("default")]] inline std::atomic<bool> gForkedChild{false};
 
 /** Makes inForkedChild() work for children that are forked from now on; false when the system has no memory for it. */
 bool watchForks();
@@ -11,7 +16,7 @@ bool watchForks();
  * True in a process forked, without exec, from one in which the runtime was at work. The runtime's threads and
  * connections belong to the parent there, and its locks may be held for ever: nothing of it may be touched.
  */
-bool inForkedChild();
+inline bool inForkedChild() { return gForkedChild.load(std::memory_order_relaxed); }
 
 /**
  * Ends the process, quietly and at once, when it is a forked child. To be called by threads of the runtime when they

@@ -107,14 +107,6 @@ Peer peerOf(int socket) {
     return {credentials.pid, credentials.uid};
 }
 
-bool sendPacket(int socket, const void* bytes, size_t length, int flags) {
-    ssize_t sent = 0;
-    do {
-        sent = ::send(socket, bytes, length, MSG_NOSIGNAL | flags);
-    } while (sent < 0 && errno == EINTR);
-    return sent >= 0;
-}
-
 bool sendPacket(int socket, const iovec* pieces, size_t count, int flags) {
     msghdr message{};
     message.msg_iov = const_cast<iovec*>(pieces);
@@ -124,19 +116,6 @@ bool sendPacket(int socket, const iovec* pieces, size_t count, int flags) {
         sent = ::sendmsg(socket, &message, MSG_NOSIGNAL | flags);
     } while (sent < 0 && errno == EINTR);
     return sent >= 0;
-}
-
-ssize_t receivePacket(int socket, void* buffer, size_t capacity, int flags) {
-    ssize_t received = 0;
-    // A peer that closed with something unread is told first, and once, as a reset.
-    bool reset = false;
-    bool again = false;
-    do {
-        received = ::recv(socket, buffer, capacity, MSG_TRUNC | flags);
-        again = received < 0 && (errno == EINTR || (errno == ECONNRESET && !reset));
-        reset = reset || (again && errno == ECONNRESET);
-    } while (again);
-    return received;
 }
 
 size_t receivePacket(int socket, void* buffer, size_t capacity) {

@@ -2,9 +2,11 @@
 
 #include "UniqueFd.h"
 
+#include <sys/socket.h>
 #include <sys/types.h>
 #include <sys/uio.h>
 
+#include <cerrno>
 #include <cstddef>
 #include <string>
 
@@ -46,7 +48,13 @@ Peer peerOf(int socket);
 
 /** Sends one packet, with `flags` of send(2); false, with the reason in errno, when the peer is gone or does not take
  * it. */
-bool sendPacket(int socket, const void* bytes, size_t length, int flags = 0);
+inline bool sendPacket(int socket, const void* bytes, size_t length, int flags = 0) {
+    ssize_t sent = 0;
+    do {
+        sent = ::send(socket, bytes, length, MSG_NOSIGNAL | flags);
+    } while (sent < 0 && errno == EINTR);
+    return sent >= 0;
+}
 
 /** The same for one packet made of `count` pieces. */
 bool sendPacket(int socket, const iovec* pieces, size_t count, int flags = 0);
@@ -55,7 +63,18 @@ bool sendPacket(int socket, const iovec* pieces, size_t count, int flags = 0);
  * recv(2) of one packet with `flags`, taken up again after signals: its length, more than `capacity` when it did not
  * fit. What the peer sent before it closed the connection comes before the word of that.
  */
-ssize_t receivePacket(int socket, void* buffer, size_t capacity, int flags);
+inline ssize_t receivePacket(int socket, void* buffer, size_t capacity, int flags) {
+    // A peer that closed with something unread is told first, and once, as a reset.
+    bool reset = false;
+    for (;;) {
+        const ssize_t received = ::recv(socket, buffer, capacity, MSG_TRUNC | flags);
+        const bool again = received < 0 && (errno == EINTR || (errno == ECONNRESET && !reset));
+        if (!again) {
+            return received;
+        }
+        reset = reset || errno == ECONNRESET;
+    }
+}
 
 /** Receives one packet: its length, 0 when the peer is gone, `capacity` + 1 or more when it did not fit. */
 size_t receivePacket(int socket, void* buffer, size_t capacity);

@@ -55,7 +55,7 @@ bool transact(MessageStream& stream, const MessageHead& request, const sp<BBinde
         status = FAILED_TRANSACTION;
         reply.freeData();
     }
-    return stream.send({0, request.code, 0, status, request.number}, reply);
+    return stream.send({static_cast<uint32_t>(reply.dataSize()), request.code, 0, status, request.number}, reply);
 }
 
 bool answerLarge(MessageStream& stream, const MessageHead& request, const sp<BBinder>& object) {

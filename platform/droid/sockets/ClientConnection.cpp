@@ -60,18 +60,12 @@ status_t ClientConnection::greet(bool wait) {
     return mGreeted ? NO_ERROR : fail(greeting.status);
 }
 
-status_t ClientConnection::call(const MessageHead& head, const Parcel& data, Parcel* reply) {
-    const status_t sent = send(head, data);
-    if (sent != NO_ERROR) {
-        return sent;
+status_t ClientConnection::call(uint32_t code, uint32_t flags, const Parcel& data, Parcel* reply) {
+    status_t status = send(code, flags, data);
+    if (status == NO_ERROR && !mGreeted) {
+        status = greet(true);
     }
-    const status_t greeted = greet(true);
-    return greeted == NO_ERROR ? receive(reply) : greeted;
-}
-
-status_t ClientConnection::send(MessageHead head, const Parcel& data) {
-    head.number = ++mNumber;
-    return mStream.send(head, data) ? static_cast<status_t>(NO_ERROR) : fail(whyNotTaken(errno));
+    return status == NO_ERROR ? receive(reply) : status;
 }
 
 /** A service that refuses says so before it closes the connection. */
@@ -88,7 +82,7 @@ status_t ClientConnection::whyNotTaken(int error) {
                                                                        : static_cast<status_t>(DEAD_OBJECT);
 }
 
-status_t ClientConnection::receive(Parcel* reply) {
+inline status_t ClientConnection::receive(Parcel* reply) {
     MessageHead head{};
     switch (mStream.receive(&head)) {
     case Received::Message:

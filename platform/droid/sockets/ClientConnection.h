@@ -4,6 +4,7 @@
 #include "SocketProtocol.h"
 #include "socket/UniqueFd.h"
 
+#include <cerrno>
 #include <chrono>
 #include <memory>
 
@@ -21,9 +22,12 @@ public:
     /** Takes the service's greeting unless it was taken: NO_ERROR, or why this connection cannot be used. */
     status_t greet(bool wait);
     /** One call and its answer; any status but the service's own leaves a connection that is of no more use. */
-    status_t call(const MessageHead& head, const Parcel& data, Parcel* reply);
+    status_t call(uint32_t code, uint32_t flags, const Parcel& data, Parcel* reply);
     /** One one-way call. */
-    status_t send(MessageHead head, const Parcel& data);
+    status_t send(uint32_t code, uint32_t flags, const Parcel& data) {
+        const MessageHead head{static_cast<uint32_t>(data.dataSize()), code, flags, NO_ERROR, ++mNumber};
+        return mStream.send(head, data) ? static_cast<status_t>(NO_ERROR) : fail(whyNotTaken(errno));
+    }
 
     bool usable() const { return mUsable; }
 

@@ -6,6 +6,8 @@
 #include "socket/Descriptors.h"
 #include "socket/SeqPacket.h"
 
+#include <binder/Parcel.h>
+
 #include <cerrno>
 #include <utility>
 
@@ -18,7 +20,10 @@ constexpr std::chrono::milliseconds kNoBound{0};
 /** A small number of the calling thread's own. */
 size_t threadNumber() {
     static std::atomic<size_t> started{0};
-    static thread_local const size_t number = started.fetch_add(1, std::memory_order_relaxed);
+    static thread_local size_t number = 0;
+    if (number == 0) {
+        number = started.fetch_add(1, std::memory_order_relaxed) + 1;
+    }
     return number;
 }
 
@@ -88,8 +93,7 @@ status_t SocketObject::connect(std::chrono::milliseconds patience, std::unique_p
     return status;
 }
 
-std::unique_ptr<ClientConnection> SocketObject::takeIdle() {
-    const size_t own = threadNumber();
+inline std::unique_ptr<ClientConnection> SocketObject::takeIdle(size_t own) {
     for (size_t i = 0; i < mIdle.size(); ++i) {
         std::atomic<ClientConnection*>& place = mIdle[(own + i) % mIdle.size()];
         if (place.load(std::memory_order_relaxed) == nullptr) {
@@ -102,8 +106,7 @@ std::unique_ptr<ClientConnection> SocketObject::takeIdle() {
     return nullptr;
 }
 
-void SocketObject::giveBack(std::unique_ptr<ClientConnection> connection) {
-    const size_t own = threadNumber();
+inline void SocketObject::giveBack(std::unique_ptr<ClientConnection> connection, size_t own) {
     for (size_t i = 0; i < mIdle.size(); ++i) {
         ClientConnection* none = nullptr;
         if (mIdle[(own + i) % mIdle.size()].compare_exchange_strong(none, connection.get(), std::memory_order_release,
@@ -115,19 +118,19 @@ void SocketObject::giveBack(std::unique_ptr<ClientConnection> connection) {
 }
 
 status_t SocketObject::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
-    const MessageHead head{0, code, flags, NO_ERROR, 0};
     if ((flags & IBinder::FLAG_ONEWAY) != 0) {
-        return sendOneWay(head, data);
+        return sendOneWay(code, flags, data);
     }
-    std::unique_ptr<ClientConnection> connection = takeIdle();
+    const size_t own = threadNumber();
+    std::unique_ptr<ClientConnection> connection = takeIdle(own);
     if (connection == nullptr) {
         if (const status_t status = connect(kNoBound, &connection); status != NO_ERROR) {
             return status;
         }
     }
-    const status_t status = connection->call(head, data, reply);
+    const status_t status = connection->call(code, flags, data, reply);
     if (connection->usable()) {
-        giveBack(std::move(connection));
+        giveBack(std::move(connection), own);
     }
     return status;
 }
@@ -146,13 +149,13 @@ void SocketObject::endOneWay() {
     mOneWayFree.notify_one();
 }
 
-status_t SocketObject::sendOneWay(const MessageHead& head, const Parcel& data) {
+status_t SocketObject::sendOneWay(uint32_t code, uint32_t flags, const Parcel& data) {
     if (!beginOneWay()) {
         return FAILED_TRANSACTION;
     }
     status_t status = mOneWay == nullptr ? connect(kOneWayPatience, &mOneWay) : static_cast<status_t>(NO_ERROR);
     if (status == NO_ERROR) {
-        status = mOneWay->send(head, data);
+        status = mOneWay->send(code, flags, data);
     }
     if (mOneWay != nullptr && !mOneWay->usable()) {
         mOneWay.reset();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "LifeLine.h"
-#include "SocketProtocol.h"
 #include "droid/Transport.h"
 #include "socket/UniqueFd.h"
 
@@ -32,13 +31,14 @@ public:
     status_t watch(std::function<void()> onDeath) override;
 
 private:
-    std::unique_ptr<ClientConnection> takeIdle();
-    void giveBack(std::unique_ptr<ClientConnection> connection);
+    // `own` is the calling thread's number.
+    std::unique_ptr<ClientConnection> takeIdle(size_t own);
+    void giveBack(std::unique_ptr<ClientConnection> connection, size_t own);
     status_t connect(std::chrono::milliseconds patience, std::unique_ptr<ClientConnection>* connection);
     status_t whyNotConnected(int error);
     bool beginOneWay();
     void endOneWay();
-    status_t sendOneWay(const MessageHead& head, const Parcel& data);
+    status_t sendOneWay(uint32_t code, uint32_t flags, const Parcel& data);
 
     const std::shared_ptr<LifeLine> mLine;
     uint64_t mWatchId = 0;

@@ -2,10 +2,6 @@
 
 #include "Limits.h"
 #include "droid/Transport.h"
-#include "socket/Descriptors.h"
-#include "socket/SeqPacket.h"
-
-#include <binder/Parcel.h>
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -42,20 +38,10 @@ std::unique_ptr<MessageBuffer> MessageBuffer::make() {
     return std::unique_ptr<MessageBuffer>(new (std::nothrow) MessageBuffer);
 }
 
-bool MessageStream::send(MessageHead head, const Parcel& body) {
-    // To the peer a forked child speaks for its parent.
-    if (kq::inForkedChild()) {
-        errno = EPERM;
-        return false;
-    }
-    const size_t size = body.dataSize();
-    head.size = static_cast<uint32_t>(size);
-    if (kHeadSize + size > mSmall.size()) {
-        return sendInPieces(head, body.data());
-    }
-    std::memcpy(mSmall.data(), &head, kHeadSize);
-    std::memcpy(mSmall.data() + kHeadSize, body.data(), size);
-    return kq::sendPacket(mSocket, mSmall.data(), kHeadSize + size);
+/** To the peer a forked child speaks for its parent. */
+bool MessageStream::refuseToSend() {
+    errno = EPERM;
+    return false;
 }
 
 bool MessageStream::sendHead(const MessageHead& head) {
@@ -78,11 +64,8 @@ bool MessageStream::sendInPieces(const MessageHead& head, const uint8_t* bytes) 
     return true;
 }
 
-Received MessageStream::receiveStart(MessageHead* head, int flags) {
-    if (kq::inForkedChild()) {
-        return Received::Gone;
-    }
-    const ssize_t length = kq::receivePacket(mSocket, mBuffer.mPacket.data(), mBuffer.mPacket.size(), flags);
+/** Looks at the packet that was received; `length` is what receivePacket() gave. */
+Received MessageStream::takeStart(ssize_t length, MessageHead* head) {
     if (length < 0) {
         return errno == EAGAIN ? Received::Nothing : Received::Gone;
     }
@@ -131,11 +114,6 @@ Received MessageStream::receiveRest(const MessageHead& head) {
     }
     mBody = mBuffer.mLarge.get();
     return Received::Message;
-}
-
-Received MessageStream::receive(MessageHead* head) {
-    const Received start = receiveStart(head, 0);
-    return start == Received::Start ? receiveRest(*head) : start;
 }
 
 } // namespace android

@@ -1,15 +1,17 @@
 #pragma once
 
-#include <utils/Errors.h>
+#include "socket/Descriptors.h"
+#include "socket/SeqPacket.h"
+
+#include <binder/Parcel.h>
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 
 namespace android {
-
-class Parcel;
 
 /**
  * What travels on one connection after the greeting: a head and the parcel's bytes in one packet. A parcel that is too
@@ -60,19 +62,37 @@ public:
     MessageStream(int socket, MessageBuffer& buffer) : mSocket(socket), mBuffer(buffer) {}
 
     /**
-     * False, with the reason in errno, when the peer is gone, does not take the message in the time that the socket
-     * waits, or is the parent's. `head.size` is filled in.
+     * `head.size` is the body's. False, with the reason in errno, when the peer is gone, does not take the message in
+     * the time that the socket waits, or is the parent's.
      */
-    bool send(MessageHead head, const Parcel& body);
+    bool send(const MessageHead& head, const Parcel& body) {
+        if (kq::inForkedChild()) {
+            return refuseToSend();
+        }
+        if (sizeof(head) + head.size > mSmall.size()) {
+            return sendInPieces(head, body.data());
+        }
+        std::memcpy(mSmall.data(), &head, sizeof(head));
+        std::memcpy(mSmall.data() + sizeof(head), body.data(), head.size);
+        return kq::sendPacket(mSocket, mSmall.data(), sizeof(head) + head.size);
+    }
     /** A message without a body; does not wait. */
     bool sendHead(const MessageHead& head);
 
     /** A message or the start of a large one. `flags`: of recv(2). */
-    Received receiveStart(MessageHead* head, int flags);
+    Received receiveStart(MessageHead* head, int flags) {
+        if (kq::inForkedChild()) {
+            return Received::Gone;
+        }
+        return takeStart(kq::receivePacket(mSocket, mBuffer.mPacket.data(), mBuffer.mPacket.size(), flags), head);
+    }
     /** The rest of a message that has started: Message, Gone, Malformed, Late or NoMemory. */
     Received receiveRest(const MessageHead& head);
     /** A whole message. */
-    Received receive(MessageHead* head);
+    Received receive(MessageHead* head) {
+        const Received start = receiveStart(head, 0);
+        return start == Received::Start ? receiveRest(*head) : start;
+    }
     /** Gives back the memory that a large message took. */
     void dropLarge() { mBuffer.mLarge.reset(); }
 
@@ -80,6 +100,8 @@ public:
     const uint8_t* body() const { return mBody; }
 
 private:
+    static bool refuseToSend();
+    Received takeStart(ssize_t length, MessageHead* head);
     bool sendInPieces(const MessageHead& head, const uint8_t* bytes);
 
     const int mSocket;
