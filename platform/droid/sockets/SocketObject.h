@@ -43,7 +43,7 @@ private:
     const std::shared_ptr<LifeLine> mLine;
     uint64_t mWatchId = 0;
     // More calls than this at once are served too; their connections are just not kept.
-    std::array<std::atomic<ClientConnection*>, 32> mIdle{};
+    std::array<std::atomic<ClientConnection*>, 64> mIdle{};
     // One-way calls share one connection, which keeps them in order.
     std::mutex mOneWayMutex;
     std::condition_variable mOneWayFree;

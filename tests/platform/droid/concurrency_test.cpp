@@ -17,7 +17,7 @@
 namespace kelutv::test {
 namespace {
 
-constexpr int32_t kCallers = 40; // more than connections are kept for
+constexpr int32_t kCallers = 72; // more than connections are kept for
 
 class ConcurrencyTest : public DroidTest {
 protected:
