@@ -148,7 +148,8 @@ bool Parcel::enforceInterface(const String16& interface, IPCThreadState*) const 
     return readInterfaceToken(*this, interface).accepted;
 }
 
-status_t Parcel::write(const void* bytes, size_t length) {
+// Not put into those that write a word, which then save no registers for it.
+[[gnu::noinline]] status_t Parcel::write(const void* bytes, size_t length) {
     if (length > kLargest) {
         return BAD_VALUE;
     }
@@ -161,11 +162,14 @@ status_t Parcel::write(const void* bytes, size_t length) {
 }
 
 template <typename T> status_t Parcel::writeScalar(T value) {
-    uint8_t* const place = grow(sizeof(value));
-    if (place == nullptr) {
-        return NO_MEMORY;
+    const size_t end = mPosition + sizeof(value);
+    if (end > mCapacity) {
+        const T written = value;
+        return write(&written, sizeof(written));
     }
-    std::memcpy(place, &value, sizeof(value));
+    std::memcpy(mData + mPosition, &value, sizeof(value));
+    mPosition = end;
+    mSize = std::max(mSize, end);
     return NO_ERROR;
 }
 
