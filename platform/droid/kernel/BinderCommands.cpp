@@ -15,7 +15,7 @@ template <typename T> binder_uintptr_t addressOf(T* place) { return reinterpret_
 
 /** Where `length` more bytes go. */
 uint8_t* BinderCommands::room(size_t length) {
-    if (mMany.empty() && mFew.size() - mSize < length) {
+    if (mMany.empty() && !hasRoomFor(length)) {
         mMany.assign(mFew.begin(), mFew.begin() + mSize);
     }
     if (!mMany.empty()) {

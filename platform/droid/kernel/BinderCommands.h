@@ -25,6 +25,8 @@ public:
     bool empty() const { return mSize == 0; }
     /** How many bytes are still to be sent. */
     size_t size() const { return mSize; }
+    /** True when so many bytes more, commands and what comes with them, take no memory. */
+    bool hasRoomFor(size_t length) const { return mMany.empty() && mFew.size() - mSize >= length; }
     /** Drops what was not sent. */
     void clear() { dropFirst(mSize); }
     void dropFirst(size_t length);

@@ -1,6 +1,5 @@
 #include "KernelBinder.h"
 
-#include "BinderCommands.h"
 #include "KernelConversation.h"
 #include "KernelObject.h"
 #include "droid/BpBinder.h"
@@ -106,12 +105,6 @@ sp<IBinder> KernelBinder::readObject(const Parcel& parcel) {
         std::unique_ptr<KernelObject> object = KernelObject::hold(*this, handle);
         return object == nullptr ? nullptr : new BpBinder(std::move(object));
     });
-}
-
-void KernelBinder::freeBuffer(const uint8_t* data) {
-    BinderCommands commands;
-    commands.append(BC_FREE_BUFFER, static_cast<binder_uintptr_t>(reinterpret_cast<uintptr_t>(data)));
-    mOwed.send(&commands);
 }
 
 } // namespace android

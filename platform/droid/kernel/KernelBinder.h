@@ -3,6 +3,7 @@
 #include "BinderDriver.h"
 #include "DeathTeller.h"
 #include "RemoteHandles.h"
+#include "ReturnedBuffers.h"
 
 #include <binder/Binder.h>
 
@@ -23,6 +24,7 @@ public:
     BinderDriver& driver() { return *mDriver; }
     RemoteHandles& handles() { return mHandles; }
     OwedCommands& owed() { return mOwed; }
+    ReturnedBuffers& returned() { return mReturned; }
 
     /** Makes an object the one behind handle 0 of every process: 0 or a negative errno value. */
     int becomeContextManager(sp<BBinder> object);
@@ -41,15 +43,13 @@ public:
     /** The object at the parcel's position; null where none stands, or where the driver does not let it be held. */
     sp<IBinder> readObject(const Parcel& parcel);
 
-    /** Gives a received buffer back to the driver. */
-    void freeBuffer(const uint8_t* data);
-
 private:
     int startServer(uint32_t entry);
     bool serverIsDue();
 
     const std::unique_ptr<BinderDriver> mDriver;
     OwedCommands mOwed;
+    ReturnedBuffers mReturned{mOwed};
     RemoteHandles mHandles;
     DeathTeller mTeller;
     std::mutex mMutex;

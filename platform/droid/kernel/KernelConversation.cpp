@@ -81,7 +81,14 @@ bool isCarried(const binder_transaction_data& message, const char* kind) {
     return false;
 }
 
-void freeBuffer(void* binder, const uint8_t* data) { static_cast<KernelBinder*>(binder)->freeBuffer(data); }
+void giveBack(void* returned, const uint8_t* data) { static_cast<ReturnedBuffers*>(returned)->giveBack(data); }
+void keep(void* returned, const uint8_t* data) { static_cast<ReturnedBuffers*>(returned)->keep(data); }
+
+/** How a message's buffer goes back. One with objects goes at once, since others wait to hear that nobody holds those.
+ */
+ReceivedParcel::Release releaseOf(const binder_transaction_data& message) {
+    return message.offsets_size == 0 && message.data_size <= ReturnedBuffers::kLargestKept ? keep : giveBack;
+}
 
 } // namespace
 
@@ -91,6 +98,7 @@ template <typename Payload> void KernelConversation::send(uint32_t command, cons
 
 /** How many bytes came from the driver, or a negative errno value, which is logged the first time. */
 ssize_t KernelConversation::exchange() {
+    mBinder.returned().takeKept(&mCommands);
     const size_t before = mCommands.size();
     const ssize_t received = mCommands.exchangeWith(mBinder.driver(), mReturns.data(), mReturns.size());
     mUntaken -= std::min(mUntaken, before - mCommands.size());
@@ -218,8 +226,8 @@ status_t KernelConversation::takeReply(const binder_transaction_data& message, P
     }
     Parcel unwanted;
     Parcel* const taken = reply == nullptr ? &unwanted : reply;
-    ReceivedParcel::adopt(taken, pointerTo(message.data.ptr.buffer), static_cast<size_t>(message.data_size), freeBuffer,
-                          &mBinder);
+    ReceivedParcel::adopt(taken, pointerTo(message.data.ptr.buffer), static_cast<size_t>(message.data_size),
+                          releaseOf(message), &mBinder.returned());
     if (!isCarried(message, "reply")) {
         taken->freeData();
         return FAILED_TRANSACTION;

@@ -42,6 +42,7 @@ int FakeDriver::control(unsigned long request, void* argument) {
     if (request != BINDER_WRITE_READ) {
         return -EINVAL;
     }
+    ++mExchanges;
     auto* const exchange = static_cast<binder_write_read*>(argument);
     if (!countsDown(&mBeforeFailures) && countsDown(&mFailures)) {
         return mError;

@@ -40,7 +40,7 @@ inline Command command(uint32_t code) { return {code, {}}; }
 /** A driver that says what the test tells it to say, and remembers what it was told. */
 class FakeDriver : public android::BinderDriver {
 public:
-    FakeDriver() : mMemory(4096) {}
+    FakeDriver() : mMemory(16 * 1024) {}
 
     int control(unsigned long request, void* argument) override;
     bool owns(const uint8_t* data, size_t length) const override;
@@ -60,6 +60,8 @@ public:
     void failAfter(int exchanges, int error);
     /** The next reads of threads that do not serve fail after what was written is taken. */
     void failNextReads(int error, int times = 1);
+    /** How often any thread has written to it or read from it. */
+    int exchanges() const { return mExchanges; }
     /** How often a thread said that it ends. */
     int threadExits() const { return mThreadExits; }
     /** The next read claims to be longer than there is room. */
@@ -104,6 +106,7 @@ private:
     std::atomic<int> mFailures{0};
     std::atomic<int> mReadFailures{0};
     std::atomic<int> mThreadExits{0};
+    std::atomic<int> mExchanges{0};
     int mContextManagers = 0;
     std::function<void()> mAsContextManager = [] {};
     uint32_t mMostThreads = 0;

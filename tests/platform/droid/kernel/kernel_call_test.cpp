@@ -38,27 +38,11 @@ TEST_F(KernelCall, isOneTransactionToTheHandle) {
     EXPECT_EQ(message.offsets_size, 0u);
 }
 
-TEST_F(KernelCall, replysBufferIsFreedWithTheParcel) {
-    const binder_transaction_data message = driver.message(replyOf({5}));
-    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, message)});
-    {
-        Parcel reply;
-        ASSERT_EQ(call(3, {}, &reply), NO_ERROR);
-        EXPECT_EQ(driver.takeSentCodes(), std::vector<uint32_t>{BC_TRANSACTION});
-    }
-    const std::vector<Command> sent = driver.takeSent();
-    ASSERT_EQ(sent.size(), 1u);
-    EXPECT_EQ(sent[0].code, static_cast<uint32_t>(BC_FREE_BUFFER));
-    EXPECT_EQ(sent[0].as<binder_uintptr_t>(), message.data.ptr.buffer);
-}
-
-TEST_F(KernelCall, replyThatIsWrittenToIsCopiedAndItsBufferFreed) {
+TEST_F(KernelCall, replyThatIsWrittenToIsCopied) {
     driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, driver.message(replyOf({5, 6, 7})))});
     Parcel reply;
     ASSERT_EQ(call(3, {}, &reply), NO_ERROR);
-    driver.takeSent();
     EXPECT_EQ(reply.writeInt32(9), NO_ERROR);
-    EXPECT_EQ(driver.takeSentCodes(), std::vector<uint32_t>{BC_FREE_BUFFER});
     reply.setDataPosition(0);
     EXPECT_EQ(reply.readInt32(), 9);
     EXPECT_EQ(reply.readInt32(), 6);
@@ -77,12 +61,6 @@ TEST_F(KernelCall, replyThatIsWrittenToHasNoObjects) {
     reply.writeInt32(static_cast<int32_t>(object.hdr.type));
     reply.setDataPosition(0);
     EXPECT_EQ(binder.readObject(reply), nullptr) << "its handle went with the buffer";
-    EXPECT_EQ(driver.takeSentCodes(), (std::vector<uint32_t>{BC_TRANSACTION, BC_FREE_BUFFER}));
-}
-
-TEST_F(KernelCall, unwantedReplyIsFreedAtOnce) {
-    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, driver.message(replyOf({5})))});
-    EXPECT_EQ(call(3, {}, nullptr), NO_ERROR);
     EXPECT_EQ(driver.takeSentCodes(), (std::vector<uint32_t>{BC_TRANSACTION, BC_FREE_BUFFER}));
 }
 
@@ -109,7 +87,6 @@ TEST_F(KernelCall, handlersStatusComesBackWithAnEmptyReply) {
     Parcel reply;
     EXPECT_EQ(call(3, {}, &reply), -22);
     EXPECT_EQ(reply.dataSize(), 0u);
-    EXPECT_EQ(driver.takeSentCodes(), (std::vector<uint32_t>{BC_TRANSACTION, BC_FREE_BUFFER}));
 }
 
 TEST_F(KernelCall, statusThatIsCutShortIsAnUnknownError) {
@@ -201,25 +178,6 @@ TEST_F(KernelCall, replyThatCannotBeReadIsGivenUpAndForgotten) {
     EXPECT_EQ(call(4, {}, &reply), NO_ERROR);
     EXPECT_EQ(reply.readInt32(), 6);
     EXPECT_EQ(driver.threadExits(), 1) << "the driver drops what it had for the thread";
-}
-
-TEST_F(KernelCall, bufferIsFreedLaterWhenTheDriverDoesNotTakeItNow) {
-    const binder_transaction_data message = driver.message(replyOf({5}));
-    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, message)});
-    {
-        Parcel reply;
-        ASSERT_EQ(call(3, {}, &reply), NO_ERROR);
-        driver.takeSent();
-        driver.failNext(-ENOMEM);
-    }
-    EXPECT_TRUE(driver.takeSent().empty());
-    driver.say({command(BR_DEAD_REPLY)});
-    EXPECT_EQ(call(4, {}, nullptr), DEAD_OBJECT);
-    const std::vector<Command> sent = driver.takeSent();
-    ASSERT_EQ(sent.size(), 2u);
-    EXPECT_EQ(sent[0].code, static_cast<uint32_t>(BC_FREE_BUFFER));
-    EXPECT_EQ(sent[0].as<binder_uintptr_t>(), message.data.ptr.buffer);
-    EXPECT_EQ(sent[1].code, static_cast<uint32_t>(BC_TRANSACTION));
 }
 
 TEST_F(KernelCall, driverThatFailsIsNamedInTheLog) {
