@@ -13,25 +13,14 @@ template <typename T> binder_uintptr_t addressOf(T* place) { return reinterpret_
 
 } // namespace
 
-/** Where `length` more bytes go. */
-uint8_t* BinderCommands::room(size_t length) {
-    if (mMany.empty() && !hasRoomFor(length)) {
+uint8_t* BinderCommands::roomAmongMany(size_t length) {
+    if (mMany.empty()) {
         mMany.assign(mFew.begin(), mFew.begin() + mSize);
     }
-    if (!mMany.empty()) {
-        mMany.resize(mSize + length);
-    }
-    uint8_t* const place = bytes() + mSize;
+    mMany.resize(mSize + length);
+    uint8_t* const place = mMany.data() + mSize;
     mSize += length;
     return place;
-}
-
-void BinderCommands::appendBytes(uint32_t command, const void* payload, size_t length) {
-    uint8_t* const place = room(sizeof(command) + length);
-    std::memcpy(place, &command, sizeof(command));
-    if (length > 0) {
-        std::memcpy(place + sizeof(command), payload, length);
-    }
 }
 
 void BinderCommands::append(const BinderCommands& other) { std::memcpy(room(other.mSize), other.bytes(), other.mSize); }
@@ -53,26 +42,12 @@ ssize_t BinderCommands::exchangeWith(BinderDriver& driver, uint8_t* returns, siz
     return exchange.read_consumed <= capacity ? static_cast<ssize_t>(exchange.read_consumed) : -EPROTO;
 }
 
-void BinderCommands::dropFirst(size_t length) {
+void BinderCommands::moveUp(size_t length) {
     std::copy(bytes() + length, bytes() + mSize, bytes());
     mSize -= length;
     if (mSize == 0) {
         mMany.clear();
     }
-}
-
-bool BinderReturns::next() {
-    if (static_cast<size_t>(mEnd - mNext) < sizeof(mCommand)) {
-        return false;
-    }
-    std::memcpy(&mCommand, mNext, sizeof(mCommand));
-    mNext += sizeof(mCommand);
-    mPayload = mNext;
-    if (static_cast<size_t>(mEnd - mNext) < _IOC_SIZE(mCommand)) {
-        return false;
-    }
-    mNext += _IOC_SIZE(mCommand);
-    return true;
 }
 
 } // namespace android

@@ -17,9 +17,11 @@ namespace android {
 class BinderCommands {
 public:
     template <typename Payload> void append(uint32_t command, const Payload& payload) {
-        appendBytes(command, &payload, sizeof(payload));
+        uint8_t* const place = room(sizeof(command) + sizeof(payload));
+        std::memcpy(place, &command, sizeof(command));
+        std::memcpy(place + sizeof(command), &payload, sizeof(payload));
     }
-    void append(uint32_t command) { appendBytes(command, nullptr, 0); }
+    void append(uint32_t command) { std::memcpy(room(sizeof(command)), &command, sizeof(command)); }
     /** Appends what another one has still to send. */
     void append(const BinderCommands& other);
     bool empty() const { return mSize == 0; }
@@ -29,7 +31,13 @@ public:
     bool hasRoomFor(size_t length) const { return mMany.empty() && mFew.size() - mSize >= length; }
     /** Drops what was not sent. */
     void clear() { dropFirst(mSize); }
-    void dropFirst(size_t length);
+    void dropFirst(size_t length) {
+        if (length == mSize && mMany.empty()) {
+            mSize = 0;
+        } else if (length > 0) {
+            moveUp(length);
+        }
+    }
 
     /**
      * Sends what was appended, without waiting for anything: 0 or a negative errno value. What the driver leaves stays
@@ -44,8 +52,17 @@ public:
     ssize_t exchangeWith(BinderDriver& driver, uint8_t* returns, size_t capacity);
 
 private:
-    void appendBytes(uint32_t command, const void* payload, size_t length);
-    uint8_t* room(size_t length);
+    /** Where `length` more bytes go. */
+    uint8_t* room(size_t length) {
+        if (!hasRoomFor(length)) {
+            return roomAmongMany(length);
+        }
+        uint8_t* const place = mFew.data() + mSize;
+        mSize += length;
+        return place;
+    }
+    uint8_t* roomAmongMany(size_t length);
+    void moveUp(size_t length);
     uint8_t* bytes() { return mMany.empty() ? mFew.data() : mMany.data(); }
     const uint8_t* bytes() const { return mMany.empty() ? mFew.data() : mMany.data(); }
 
@@ -60,8 +77,22 @@ class BinderReturns {
 public:
     BinderReturns(const uint8_t* bytes, size_t size) : mNext(bytes), mEnd(bytes + size) {}
 
-    /** Moves on to the next complete command; false when there is none. */
-    bool next();
+    /** Moves on to the next complete command that says anything; false when there is none. */
+    bool next() {
+        do {
+            const auto left = static_cast<size_t>(mEnd - mNext);
+            if (left < sizeof(mCommand)) {
+                return false;
+            }
+            std::memcpy(&mCommand, mNext, sizeof(mCommand));
+            mPayload = mNext + sizeof(mCommand);
+            if (left - sizeof(mCommand) < _IOC_SIZE(mCommand)) {
+                return false;
+            }
+            mNext = mPayload + _IOC_SIZE(mCommand);
+        } while (mCommand == BR_NOOP);
+        return true;
+    }
     uint32_t command() const { return mCommand; }
     /** What came with the command; false when that is something of another size. */
     template <typename Payload> bool payload(Payload* payload) const {

@@ -44,15 +44,17 @@ class ThreadExits {
 public:
     /** Has the driver told when this thread ends: 0 or a negative errno value. */
     static int tellOfThis(int device) {
+        if (tTells) {
+            return 0;
+        }
         static const ThreadExits exits;
         if (exits.mError != 0) {
             return -exits.mError;
         }
-        if (::pthread_getspecific(exits.mKey) != nullptr) {
-            return 0;
-        }
         // NOLINTNEXTLINE(performance-no-int-to-ptr): null says that there is nothing to tell.
-        return -::pthread_setspecific(exits.mKey, reinterpret_cast<void*>(static_cast<intptr_t>(device) + 1));
+        const int error = ::pthread_setspecific(exits.mKey, reinterpret_cast<void*>(static_cast<intptr_t>(device) + 1));
+        tTells = error == 0;
+        return -error;
     }
 
 private:
@@ -60,14 +62,21 @@ private:
     ThreadExits() : mError(::pthread_key_create(&mKey, tell)) {}
 
     static void tell(void* noted) {
+        // Other destructors of the thread may use the driver once more.
+        tTells = false;
         if (!kq::inForkedChild()) {
             interruptible(static_cast<int>(reinterpret_cast<intptr_t>(noted) - 1), BINDER_THREAD_EXIT, nullptr);
         }
     }
 
+    // The driver will be told of the end of this thread.
+    static thread_local bool tTells;
+
     pthread_key_t mKey{};
     int mError;
 };
+
+thread_local bool ThreadExits::tTells = false;
 
 } // namespace
 

@@ -193,7 +193,6 @@ status_t KernelConversation::await(Awaited awaited, Parcel* reply) {
 }
 
 std::optional<status_t> KernelConversation::outcome(const BinderReturns& returned, Awaited awaited, Parcel* reply) {
-    binder_transaction_data message{};
     switch (returned.command()) {
     case BR_TRANSACTION_COMPLETE:
     case BR_ONEWAY_SPAM_SUSPECT:
@@ -205,7 +204,7 @@ std::optional<status_t> KernelConversation::outcome(const BinderReturns& returne
     case BR_FROZEN_REPLY:
         return FAILED_TRANSACTION;
     case BR_REPLY:
-        return returned.payload(&message) ? takeReply(message, reply) : FAILED_TRANSACTION;
+        return takeReply(returned, reply);
     default:
         return std::nullopt;
     }
@@ -219,29 +218,35 @@ bool KernelConversation::intact(const binder_transaction_data& message) const {
             driver.owns(pointerTo(message.data.ptr.offsets), static_cast<size_t>(message.offsets_size)));
 }
 
-status_t KernelConversation::takeReply(const binder_transaction_data& message, Parcel* reply) {
+status_t KernelConversation::takeReply(const BinderReturns& returned, Parcel* reply) {
+    if (reply == nullptr) {
+        Parcel unwanted;
+        return takeReply(returned, &unwanted);
+    }
+    binder_transaction_data message;
+    if (!returned.payload(&message)) {
+        return FAILED_TRANSACTION;
+    }
     if (!intact(message)) {
         __android_log_write(ANDROID_LOG_ERROR, kTag, "a reply lies outside the driver's memory");
         return FAILED_TRANSACTION;
     }
-    Parcel unwanted;
-    Parcel* const taken = reply == nullptr ? &unwanted : reply;
-    ReceivedParcel::adopt(taken, pointerTo(message.data.ptr.buffer), static_cast<size_t>(message.data_size),
+    ReceivedParcel::adopt(reply, pointerTo(message.data.ptr.buffer), static_cast<size_t>(message.data_size),
                           releaseOf(message), &mBinder.returned());
     if (!isCarried(message, "reply")) {
-        taken->freeData();
+        reply->freeData();
         return FAILED_TRANSACTION;
     }
     if ((message.flags & TF_STATUS_CODE) != 0) {
         int32_t status = UNKNOWN_ERROR;
-        taken->readInt32(&status);
-        taken->freeData();
+        reply->readInt32(&status);
+        reply->freeData();
         return status;
     }
     try {
-        ParcelObjects::note(taken, pointerTo(message.data.ptr.offsets), static_cast<size_t>(message.offsets_size));
+        ParcelObjects::note(reply, pointerTo(message.data.ptr.offsets), static_cast<size_t>(message.offsets_size));
     } catch (const std::bad_alloc&) {
-        taken->freeData();
+        reply->freeData();
         return NO_MEMORY;
     }
     return NO_ERROR;
@@ -257,37 +262,33 @@ void KernelConversation::handle(const BinderReturns& returned) {
 }
 
 void KernelConversation::dispatch(const BinderReturns& returned) {
-    binder_ptr_cookie object{};
-    binder_uintptr_t cookie = 0;
-    binder_transaction_data message{};
     switch (returned.command()) {
     case BR_INCREFS:
     case BR_ACQUIRE:
     case BR_RELEASE:
     case BR_DECREFS:
-        if (returned.payload(&object)) {
-            handleReference(returned.command(), object);
-        }
+        handleReference(returned);
         break;
     case BR_TRANSACTION:
-        if (returned.payload(&message)) {
-            handleTransaction(message);
-        }
+        handleTransaction(returned);
         break;
     case BR_SPAWN_LOOPER:
         mBinder.addServer();
         break;
     case BR_DEAD_BINDER:
-        if (returned.payload(&cookie)) {
-            handleDeath(cookie);
-        }
+        handleDeath(returned);
         break;
     default:
         break;
     }
 }
 
-void KernelConversation::handleReference(uint32_t command, const binder_ptr_cookie& object) {
+void KernelConversation::handleReference(const BinderReturns& returned) {
+    binder_ptr_cookie object;
+    if (!returned.payload(&object)) {
+        return;
+    }
+    const uint32_t command = returned.command();
     if (command == BR_RELEASE || command == BR_DECREFS) {
         LocalObjects::instance().release(object.cookie);
         return;
@@ -296,9 +297,12 @@ void KernelConversation::handleReference(uint32_t command, const binder_ptr_cook
     send(command == BR_INCREFS ? BC_INCREFS_DONE : BC_ACQUIRE_DONE, object);
 }
 
-void KernelConversation::handleDeath(binder_uintptr_t cookie) {
-    mBinder.died(cookie);
-    send(BC_DEAD_BINDER_DONE, cookie);
+void KernelConversation::handleDeath(const BinderReturns& returned) {
+    binder_uintptr_t cookie = 0;
+    if (returned.payload(&cookie)) {
+        mBinder.died(cookie);
+        send(BC_DEAD_BINDER_DONE, cookie);
+    }
 }
 
 /** Has the object that a call is for handle it; NO_MEMORY when there is too little of that. */
@@ -320,7 +324,11 @@ status_t KernelConversation::passOn(const binder_transaction_data& message, Parc
     return status;
 }
 
-void KernelConversation::handleTransaction(const binder_transaction_data& message) {
+void KernelConversation::handleTransaction(const BinderReturns& returned) {
+    binder_transaction_data message;
+    if (!returned.payload(&message)) {
+        return;
+    }
     const Serving serving;
     const bool oneWay = (message.flags & TF_ONE_WAY) != 0;
     Parcel reply;

@@ -27,7 +27,7 @@ private:
 
     status_t await(Awaited awaited, Parcel* reply);
     std::optional<status_t> outcome(const BinderReturns& returned, Awaited awaited, Parcel* reply);
-    status_t takeReply(const binder_transaction_data& message, Parcel* reply);
+    status_t takeReply(const BinderReturns& returned, Parcel* reply);
     void answer(status_t status, const Parcel& reply);
 
     ssize_t exchange();
@@ -36,9 +36,9 @@ private:
     bool resume();
     void handle(const BinderReturns& returned);
     void dispatch(const BinderReturns& returned);
-    void handleReference(uint32_t command, const binder_ptr_cookie& object);
-    void handleDeath(binder_uintptr_t cookie);
-    void handleTransaction(const binder_transaction_data& message);
+    void handleReference(const BinderReturns& returned);
+    void handleDeath(const BinderReturns& returned);
+    void handleTransaction(const BinderReturns& returned);
     status_t passOn(const binder_transaction_data& message, Parcel* reply);
     bool intact(const binder_transaction_data& message) const;
     template <typename Payload> void send(uint32_t command, const Payload& payload);
