@@ -65,11 +65,14 @@ bool PublisherConnection::isOld(std::uint32_t module) const {
 }
 
 int PublisherConnection::tell(const std::vector<std::uint32_t>& list) {
+    if (mVague) {
+        return 0;
+    }
     if (bytesThat(SIOCOUTQ, mSocket.get()) <= kMaxUnread) {
         return tellExactly(list);
     }
-    const int error = mVague ? 0 : send(ModuleList::kEverythingPacket, std::size(ModuleList::kEverythingPacket));
-    mVague = mVague || error == 0;
+    const int error = send(ModuleList::kEverythingPacket, std::size(ModuleList::kEverythingPacket));
+    mVague = error == 0;
     return error;
 }
 

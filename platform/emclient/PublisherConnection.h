@@ -54,17 +54,17 @@ public:
     Received receive(EventPacket* packet);
 
     /**
-     * Tells the publisher what this process wants by the packet of a list, or that it wants everything when much of
-     * what it was told is still unread: a publisher that stands still must not let lists pile up until none can be
-     * sent.
+     * Sees to it that the publisher sends all that this process wants by the packet of a list. One that sends
+     * everything is told nothing. One that has much unread is told to: a publisher that stands still must not let lists
+     * pile up until none can be sent.
      * @return 0, also when the publisher is gone, or a negative errno value
      */
     int tell(const std::vector<std::uint32_t>& list);
 
-    /** Tells it whatever is unread. For a publisher that was told less exactly, once it has read. */
+    /** Tells it the list whatever is unread. For a publisher that sends everything, once it has read. */
     int tellExactly(const std::vector<std::uint32_t>& list);
 
-    /** True when the publisher was told less exactly than asked. */
+    /** True when the publisher sends everything, as it does until it is told a list. */
     bool vague() const { return mVague; }
 
 private:
@@ -75,7 +75,7 @@ private:
     pid_t mPublisher;
     std::uint64_t mReceived = 0;                         // bytes
     std::map<std::uint32_t, std::uint64_t> mModuleStart; // by module, in bytes received
-    bool mVague = false;
+    bool mVague = true;
 };
 
 } // namespace keluem

@@ -11,7 +11,13 @@
 
 namespace keluem {
 
-bool PublisherConnections::accept(int listener, const std::vector<std::uint32_t>& list, DeferredLog& log) {
+namespace {
+
+constexpr std::uint32_t kWithSpace = EPOLLIN | EPOLLOUT;
+
+} // namespace
+
+bool PublisherConnections::accept(int listener, DeferredLog& log) {
     bool allKept = true;
     for (std::size_t accepted = 0; accepted < kMost; ++accepted) {
         if (mConnections.size() == kMost && anyHungUp()) {
@@ -28,16 +34,15 @@ bool PublisherConnections::accept(int listener, const std::vector<std::uint32_t>
         } else if (error != 0 && error != EACCES && error != ECONNABORTED && error != EINTR) {
             return false;
         }
-        allKept = (socket && keep(std::move(socket), peer.pid, list, log)) && allKept;
+        allKept = (socket && keep(std::move(socket), peer.pid, log)) && allKept;
     }
     return false;
 }
 
 /** False when the connection was closed at once. */
-bool PublisherConnections::keep(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list,
-                                DeferredLog& log) {
+bool PublisherConnections::keep(kq::UniqueFd socket, pid_t publisher, DeferredLog& log) {
     if (mayConnect(publisher)) {
-        return add(std::move(socket), publisher, list);
+        return add(std::move(socket), publisher);
     }
     if (mCrowd.due()) {
         log.add(ANDROID_LOG_ERROR, "publisher of pid %d has too many connections: closed", publisher);
@@ -56,14 +61,10 @@ bool PublisherConnections::mayConnect(pid_t publisher) const {
     return mConnections.size() < kMost && static_cast<std::size_t>(living) < kMostOfOne;
 }
 
-bool PublisherConnections::add(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list) {
+bool PublisherConnections::add(kq::UniqueFd socket, pid_t publisher) {
     PublisherConnection& added = mConnections.emplace_back(std::move(socket), publisher);
-    if (!mPoller.add(added.fd(), EPOLLIN, &added)) {
+    if (!mPoller.add(added.fd(), kWithSpace, &added)) {
         mConnections.pop_back();
-        return false;
-    }
-    if (added.tell(list) != 0) {
-        close(added);
         return false;
     }
     return true;
@@ -77,10 +78,11 @@ void PublisherConnections::close(const PublisherConnection& connection) {
 int PublisherConnections::tell(const std::vector<std::uint32_t>& list) {
     int first = 0;
     for (PublisherConnection& connection : mConnections) {
+        const bool wasVague = connection.vague();
         const int error = connection.tell(list);
         first = first == 0 ? error : first;
-        if (connection.vague()) {
-            mPoller.change(connection.fd(), EPOLLIN | EPOLLOUT, &connection);
+        if (connection.vague() && !wasVague) {
+            mPoller.change(connection.fd(), kWithSpace, &connection);
         }
     }
     return first;
@@ -106,10 +108,15 @@ PublisherConnection::Received PublisherConnections::receive(PublisherConnection&
     return received;
 }
 
-void PublisherConnections::catchUp(PublisherConnection& connection, const std::vector<std::uint32_t>& list) {
+void PublisherConnections::noteSpace(PublisherConnection& connection) {
     mPoller.change(connection.fd(), EPOLLIN, &connection);
-    if (connection.vague()) {
-        static_cast<void>(connection.tellExactly(list));
+}
+
+void PublisherConnections::tellVague(const std::vector<std::uint32_t>& list) {
+    for (PublisherConnection& connection : mConnections) {
+        if (connection.vague() && connection.tellExactly(list) != 0) {
+            mPoller.change(connection.fd(), kWithSpace, &connection);
+        }
     }
 }
 

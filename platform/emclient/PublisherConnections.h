@@ -24,12 +24,12 @@ public:
     explicit PublisherConnections(Poller& poller) : mPoller(poller) {}
 
     /**
-     * Accepts the connections that wait, tells each the list and closes those beyond the limits. Throws std::bad_alloc.
+     * Accepts the connections that wait, and closes those beyond the limits. Throws std::bad_alloc.
      * @return false when it is better to pause: nothing can be accepted, or it comes without end
      */
-    bool accept(int listener, const std::vector<std::uint32_t>& list, DeferredLog& log);
+    bool accept(int listener, DeferredLog& log);
 
-    /** Tells every publisher the list. Returns 0 or the first error, a negative errno value. */
+    /** As PublisherConnection::tell, of all. Returns 0 or the first error, a negative errno value. */
     int tell(const std::vector<std::uint32_t>& list);
 
     /** As PublisherConnection::startModule, of all. Throws std::bad_alloc. */
@@ -38,14 +38,17 @@ public:
     /** As PublisherConnection::receive; closes a connection that has ended or carries something else than events. */
     PublisherConnection::Received receive(PublisherConnection& connection, EventPacket* packet, DeferredLog& log);
 
-    /** To be called when a connection has space again: tells what was told less exactly. */
-    void catchUp(PublisherConnection& connection, const std::vector<std::uint32_t>& list);
+    /** To be called when a connection is said to have space: it is not said again. */
+    void noteSpace(PublisherConnection& connection);
+
+    /** Tells the list to those who send everything. Of one that has no space it is said when it has. */
+    void tellVague(const std::vector<std::uint32_t>& list);
 
 private:
-    bool keep(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list, DeferredLog& log);
+    bool keep(kq::UniqueFd socket, pid_t publisher, DeferredLog& log);
     bool anyHungUp() const;
     bool mayConnect(pid_t publisher) const;
-    bool add(kq::UniqueFd socket, pid_t publisher, const std::vector<std::uint32_t>& list);
+    bool add(kq::UniqueFd socket, pid_t publisher);
     void close(const PublisherConnection& connection);
 
     Poller& mPoller;

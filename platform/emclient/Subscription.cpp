@@ -22,6 +22,9 @@ using std::chrono::milliseconds;
 /** Until connections are accepted again that could not be, or were too many. */
 constexpr milliseconds kAcceptPause{50};
 
+/** Until a publisher is told what is wanted: listeners come several at a time. */
+constexpr milliseconds kTellPause{50};
+
 /** How often the thread looks whether the entry is still there. */
 constexpr milliseconds kLookAtEntry{5000};
 
@@ -135,7 +138,7 @@ void Subscription::leaveRoom() {
     }
 }
 
-bool Subscription::acceptWaiting(DeferredLog& log) { return mConnections.accept(mEntry.listener(), list(), log); }
+bool Subscription::acceptWaiting(DeferredLog& log) { return mConnections.accept(mEntry.listener(), log); }
 
 void Subscription::run() {
     for (;;) {
@@ -150,21 +153,30 @@ void Subscription::run() {
 }
 
 int Subscription::timeToUpkeep() const {
-    const Clock::time_point next = mAcceptPaused ? std::min(mAcceptAgain, mNextLook) : mNextLook;
+    const Clock::time_point next = std::min({mAcceptAgain, mTell, mNextLook});
     const auto left = std::chrono::ceil<milliseconds>(next - Clock::now());
     return static_cast<int>(std::max(left, milliseconds(0)).count());
 }
 
 void Subscription::upkeep() {
     const Clock::time_point now = Clock::now();
-    if (mAcceptPaused && now >= mAcceptAgain) {
-        mAcceptPaused = false;
+    if (now >= mAcceptAgain) {
+        mAcceptAgain = kNever;
         listenAgain();
+    }
+    if (now >= mTell) {
+        tellVague();
     }
     if (now >= mNextLook) {
         mNextLook = now + kLookAtEntry;
         static_cast<void>(ensureEntry());
     }
+}
+
+void Subscription::tellVague() {
+    mTell = kNever;
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mConnections.tellVague(list());
 }
 
 void Subscription::serve() {
@@ -193,10 +205,7 @@ void Subscription::acceptPublishers() {
     }
 }
 
-void Subscription::pauseAccepting() {
-    mAcceptPaused = true;
-    mAcceptAgain = Clock::now() + kAcceptPause;
-}
+void Subscription::pauseAccepting() { mAcceptAgain = Clock::now() + kAcceptPause; }
 
 void Subscription::listenAgain() {
     const std::lock_guard<std::mutex> lock(mMutex);
@@ -210,12 +219,16 @@ void Subscription::receiveFrom(PublisherConnection& connection, std::uint32_t ev
         DeferredLog log;
         const std::lock_guard<std::mutex> lock(mMutex);
         if ((events & EPOLLOUT) != 0) {
-            mConnections.catchUp(connection, list());
+            mConnections.noteSpace(connection);
+            mTell = std::min(mTell, Clock::now() + kTellPause);
         }
         wanted = mConnections.receive(connection, mPacket.get(), log) == PublisherConnection::Received::Event &&
                  mListeners.has(moduleOf(mPacket->id()));
     }
     if (wanted) {
+        if (mTell != kNever) {
+            tellVague(); // now, since the listener may take its time
+        }
         const auto length = static_cast<unsigned int>(mPacket->length());
         mListeners.deliver(mPacket->id(), length == 0 ? nullptr : mPacket->payload(), length);
     }

@@ -44,6 +44,7 @@ private:
     void run();
     int timeToUpkeep() const;
     void upkeep();
+    void tellVague();
     void serve();
     void acceptPublishers();
     void pauseAccepting();
@@ -63,8 +64,9 @@ private:
     // Only for the delivery thread.
     std::unique_ptr<EventPacket> mPacket;
     Clock::time_point mNextLook;
-    Clock::time_point mAcceptAgain{};
-    bool mAcceptPaused = false;
+    static constexpr Clock::time_point kNever = Clock::time_point::max();
+    Clock::time_point mAcceptAgain = kNever;
+    Clock::time_point mTell = kNever;
 };
 
 } // namespace keluem

@@ -98,6 +98,23 @@ TEST(Subscriber, tellsEveryPublisherWhatItWants) {
     EXPECT_EQ(publisher.received(), Words{});
 }
 
+TEST(Subscriber, tellsOfListenersThatComeTogetherAtOnce) {
+    const Words others{0x10000, 0x20000, 0x30000, 0x40000, 0x50000, 0x60000};
+    EventRecorder recorder(kModule);
+    // Again where this thread was held up between them.
+    EXPECT_TRUE(eventually([&] {
+        const FakePublisher publisher;
+        for (const unsigned int module : others) {
+            EXPECT_EQ(EMAL_AddListener(module, ignore), 0);
+        }
+        const Words told = publisher.next();
+        for (const unsigned int module : others) {
+            EXPECT_EQ(EMAL_RemoveListener(module), 0);
+        }
+        return told == Words{kVersion, 7, 0x10000, 0x20000, 0x30000, 0x40000, 0x50000, 0x60000, kModule};
+    }));
+}
+
 TEST(Subscriber, listensToNoMoreModulesThanAListHolds) {
     EventRecorder recorder(kModule);
     const FakePublisher publisher;
