@@ -9,6 +9,7 @@
 #include <array>
 #include <atomic>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 namespace android {
@@ -34,16 +35,18 @@ int headersOf(BinderLevel level) { return 1 + numberOf(level) - numberOf(BinderL
 /** The name in a token of the level at `start`; null when none of its form stands there. */
 Name nameIn(const Parcel& request, size_t start, BinderLevel level) {
     request.setDataPosition(start);
-    int32_t header = 0;
-    for (int left = headersOf(level); left > 0; --left) {
-        if (request.readInt32(&header) != NO_ERROR) {
-            return {};
-        }
+    const size_t size = static_cast<size_t>(headersOf(level)) * sizeof(int32_t);
+    const auto* const headers = static_cast<const uint8_t*>(request.readInplace(size));
+    if (headers == nullptr) {
+        return {};
+    }
+    int32_t last = 0;
+    std::memcpy(&last, headers + size - sizeof(last), sizeof(last));
+    if (level == BinderLevel::k30 && last != kSystemHeader) {
+        return {};
     }
     Name name;
-    if (level != BinderLevel::k30 || header == kSystemHeader) {
-        name.text = request.readString16Inplace(&name.length);
-    }
+    name.text = request.readString16Inplace(&name.length);
     return name;
 }
 

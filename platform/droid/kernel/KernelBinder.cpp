@@ -92,12 +92,6 @@ bool KernelBinder::serverIsDue() {
     return std::chrono::steady_clock::now() - mServerTried >= kPauseWithoutThreads && mServerOwed.exchange(false);
 }
 
-void KernelBinder::addOwedServer() {
-    if (mServerOwed && serverIsDue()) {
-        addServer();
-    }
-}
-
 void KernelBinder::died(binder_uintptr_t cookie) { mTeller.tell(mHandles.died(cookie)); }
 
 sp<IBinder> KernelBinder::readObject(const Parcel& parcel) {

@@ -37,7 +37,11 @@ public:
     bool startTelling();
     void addServer();
     /** Adds a server that the driver asked for when there was no thread to be had: it does not ask again. */
-    void addOwedServer();
+    void addOwedServer() {
+        if (mServerOwed && serverIsDue()) {
+            addServer();
+        }
+    }
     void died(binder_uintptr_t cookie);
 
     /** The object at the parcel's position; null where none stands, or where the driver does not let it be held. */

@@ -180,8 +180,6 @@ status_t KernelConversation::await(Awaited awaited, Parcel* reply) {
         while (returned.next()) {
             if (const std::optional<status_t> came = outcome(returned, awaited, reply); came) {
                 status = came;
-            } else {
-                handle(returned);
             }
         }
     }
@@ -206,6 +204,7 @@ std::optional<status_t> KernelConversation::outcome(const BinderReturns& returne
     case BR_REPLY:
         return takeReply(returned, reply);
     default:
+        handle(returned);
         return std::nullopt;
     }
 }

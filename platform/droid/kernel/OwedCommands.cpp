@@ -24,10 +24,7 @@ void OwedCommands::send(BinderCommands* commands) {
     flush();
 }
 
-bool OwedCommands::settle() {
-    if (!mOwes) {
-        return true;
-    }
+bool OwedCommands::settleAll() {
     const std::lock_guard<std::mutex> lock(mMutex);
     return flush();
 }

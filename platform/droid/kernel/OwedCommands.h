@@ -15,9 +15,10 @@ public:
     /** Sends the commands after those that are owed already; none stays in `commands`. */
     void send(BinderCommands* commands);
     /** Sends what is owed; false when some of it still is. */
-    bool settle();
+    bool settle() { return !mOwes || settleAll(); }
 
 private:
+    bool settleAll();
     bool flush();
 
     BinderDriver& mDriver;
