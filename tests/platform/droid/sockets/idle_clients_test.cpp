@@ -20,13 +20,18 @@ using android::NO_ERROR;
 using android::sp;
 
 constexpr rlim_t kDescriptors = 4096;
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
 
-/** The address space of a process in KiB. */
-long addressSpaceOf(pid_t process) {
+/** How much a process has of some kind of memory, as the system calls it, in KiB. */
+long memoryOf(pid_t process, const std::string& kind) {
     std::ifstream status("/proc/" + std::to_string(process) + "/status");
     for (std::string line; std::getline(status, line);) {
-        if (line.rfind("VmSize:", 0) == 0) {
-            return std::stol(line.substr(7));
+        if (line.rfind(kind + ":", 0) == 0) {
+            return std::stol(line.substr(kind.size() + 1));
         }
     }
     return 0;
@@ -75,11 +80,31 @@ TEST_F(IdleClients, costADescriptorEachAndNothingElse) {
     // What the allocator reserves for threads it keeps; the first ones bring that in.
     ASSERT_EQ(answeredClients(200).size(), 200u);
     const ProcessCounts before = settledCountsOf(peer.pid());
-    const long spaceBefore = addressSpaceOf(peer.pid());
+    const long spaceBefore = memoryOf(peer.pid(), "VmSize");
     const std::vector<kq::UniqueFd> clients = answeredClients(200);
     EXPECT_TRUE(fallsTo({before.descriptors + 200, before.threads + 1}, peer.pid())) << countsOf(peer.pid());
-    EXPECT_LT(addressSpaceOf(peer.pid()) - spaceBefore, 256 * 1024) << "KiB";
+    EXPECT_LT(memoryOf(peer.pid(), "VmSize") - spaceBefore, 256 * 1024) << "KiB";
     EXPECT_EQ(call(binder, kEcho, replyOf({7})).bytes, replyOf({7}));
+}
+
+TEST_F(IdleClients, takeLittleMemoryAndNoThreadOfTheService) {
+    constexpr size_t kClients = 200;
+    // Of the 20 KiB that one may take the two sockets of a proxy leave so much.
+    constexpr long kMostKiB = 14;
+    const Peer peer;
+    ASSERT_EQ(call(peer.binder(), kEcho).status, NO_ERROR);
+    const ProcessCounts before = settledCountsOf(peer.pid());
+    const long memoryBefore = memoryOf(peer.pid(), "RssAnon");
+    std::vector<sp<IBinder>> clients;
+    for (size_t added = 0; added < kClients; ++added) {
+        clients.push_back(peer.binder());
+        ASSERT_EQ(call(clients.back(), kEcho, replyOf({1})).bytes, replyOf({1}));
+    }
+    EXPECT_TRUE(fallsTo({before.descriptors + 2 * kClients, before.threads}, peer.pid()))
+        << countsOf(peer.pid()) << ", before " << before;
+    if (!kSanitized) {
+        EXPECT_LT(memoryOf(peer.pid(), "RssAnon") - memoryBefore, kMostKiB * static_cast<long>(kClients));
+    }
 }
 
 TEST_F(IdleClients, thatHaveGoneLeaveNothing) {
