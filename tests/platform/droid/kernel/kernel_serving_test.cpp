@@ -159,6 +159,25 @@ TEST_F(KernelServing, callsNest) {
     LocalObjects::instance().release(own);
 }
 
+TEST_F(KernelServing, replyOfACallWithinACallGoesBackWithWhatTheThreadExchangesNext) {
+    const sp<Nested> nested = new Nested(binder);
+    const uint64_t own = LocalObjects::instance().hold(nested);
+    binder_transaction_data outer = incoming(1, replyOf({1}));
+    outer.target.ptr = outer.cookie = own;
+    driver.say({command(BR_TRANSACTION_COMPLETE), command(BR_TRANSACTION, outer)});
+    driver.say(
+        {command(BR_TRANSACTION_COMPLETE), command(BR_REPLY, driver.message(replyOf({3})))}); // of the one within
+    driver.say({command(BR_TRANSACTION_COMPLETE)});                                           // the answer
+    driver.say({command(BR_REPLY, driver.message(replyOf({4})))});
+    std::thread([this] {
+        EXPECT_EQ(call(1, {}, nullptr), NO_ERROR);
+        EXPECT_EQ(driver.exchanges(), 4);
+        EXPECT_EQ(driver.takeSentCodes(),
+                  (Codes{BC_TRANSACTION, BC_TRANSACTION, BC_FREE_BUFFER, BC_REPLY, BC_FREE_BUFFER}));
+    }).join();
+    LocalObjects::instance().release(own);
+}
+
 /** Calls out during a shortage that lasts longer than a caller waits otherwise. */
 class CallsInAShortage : public android::BBinder {
 public:
