@@ -1,7 +1,7 @@
 #include "tools/kelutv/doctor/DoctorCommand.h"
 
+#include "tools/kelutv/checks/Visit.h"
 #include "tools/kelutv/doctor/Report.h"
-#include "tools/kelutv/doctor/Visit.h"
 #include "tools/kelutv/parser/Amounts.h"
 
 #include <memory>

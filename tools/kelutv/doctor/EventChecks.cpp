@@ -1,6 +1,6 @@
 #include "tools/kelutv/calls/Call.h"
-#include "tools/kelutv/doctor/Asking.h"
-#include "tools/kelutv/doctor/Check.h"
+#include "tools/kelutv/checks/Asking.h"
+#include "tools/kelutv/doctor/DoctorChecks.h"
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventQueue.h"
 #include "tools/kelutv/events/EventSubscription.h"

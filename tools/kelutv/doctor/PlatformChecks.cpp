@@ -1,5 +1,5 @@
 #include "tools/interposition/Seam.h"
-#include "tools/kelutv/doctor/Check.h"
+#include "tools/kelutv/doctor/DoctorChecks.h"
 #include "tools/kelutv/text/Lists.h"
 
 #include <algorithm>

@@ -1,63 +1,18 @@
 #include "tools/kelutv/calls/Call.h"
-#include "tools/kelutv/doctor/Asking.h"
-#include "tools/kelutv/doctor/Check.h"
+#include "tools/kelutv/calls/PlainArguments.h"
+#include "tools/kelutv/checks/Asking.h"
+#include "tools/kelutv/checks/Reads.h"
+#include "tools/kelutv/doctor/DoctorChecks.h"
 #include "tools/kelutv/service/ReplyCheck.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-#include "wire/Interface.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace kelutv::tool {
 
 namespace {
 
 constexpr char kReads[] = "read.";
-
-/** The first value that the parameter may have. */
-std::string plainValue(const wire::ValueType& type) {
-    if (type.names != nullptr) {
-        for (const wire::Enumerator& each : type.names->values) {
-            if (!each.isEndMarker) {
-                return each.name;
-            }
-        }
-    }
-    return type.range != nullptr && type.range->least ? std::to_string(*type.range->least) : "0";
-}
-
-std::string plainArgument(const wire::Parameter& parameter) {
-    switch (parameter.values.kind) {
-    case wire::ValueKind::Text:
-        return "\"\"";
-    case wire::ValueKind::Array:
-        return parameter.isLedByLength ? "hex:00000000" : "[0]";
-    case wire::ValueKind::Record:
-        return "";
-    case wire::ValueKind::Callback:
-        return "null";
-    default:
-        return plainValue(parameter.values);
-    }
-}
-
-std::vector<std::string> plainArguments(const wire::Function& function) {
-    std::vector<std::string> arguments;
-    for (const wire::Parameter* const parameter : givenParameters(function)) {
-        if (parameter->direction != wire::Direction::Length) {
-            arguments.push_back(plainArgument(*parameter));
-        }
-    }
-    return arguments;
-}
-
-std::chrono::nanoseconds timeOfCall(const CallResult& call) {
-    std::chrono::nanoseconds time{0};
-    for (const interposition::Transaction& transaction : call.transactions) {
-        time += transaction.duration;
-    }
-    return time;
-}
 
 Finding read(const wire::Function& function, double slow) {
     const CallResult call = tryFunction(function, plainArguments(function));
@@ -73,18 +28,6 @@ Finding read(const wire::Function& function, double slow) {
         return {Verdict::Warning, "slow: " + millisecondsText(time), time};
     }
     return {Verdict::Good, "answered", time};
-}
-
-/** Whether it takes any item of the module, none of which is plain. */
-bool takesAnyItem(const wire::Function& function) {
-    return std::any_of(function.requests.begin(), function.requests.end(), [](const wire::SentRequest& request) {
-        const wire::Command* const command = wire::findCommand(request.commandValue);
-        return request.item == nullptr && command != nullptr && command->hasItems;
-    });
-}
-
-bool isRead(const wire::Function& function) {
-    return function.effect.kind == wire::EffectKind::Read && function.requests.size() > 0 && !takesAnyItem(function);
 }
 
 Finding measure(const wire::Function& function, double limit) {
@@ -108,7 +51,7 @@ bool isReadCheck(const Check& check) { return check.name.rfind(kReads, 0) == 0; 
 
 void addReadChecks(std::vector<Check>& checks, const DoctorOptions& options) {
     for (const wire::Function& function : wire::allFunctions()) {
-        if (isRead(function)) {
+        if (isAnsweredRead(function)) {
             checks.push_back(
                 {kReads + std::string(function.shortName), function.module, options.limit,
                  [&function, slow = options.slow] { return askingFinds([&] { return read(function, slow); }); }});

@@ -1,6 +1,6 @@
 #include "tools/kelutv/doctor/Report.h"
 
-#include "tools/kelutv/doctor/Asking.h"
+#include "tools/kelutv/checks/Asking.h"
 
 #include <algorithm>
 

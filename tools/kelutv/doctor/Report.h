@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/kelutv/doctor/Check.h"
+#include "tools/kelutv/doctor/DoctorChecks.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Output.h"
 

@@ -1,5 +1,5 @@
-#include "tools/kelutv/doctor/Asking.h"
-#include "tools/kelutv/doctor/Check.h"
+#include "tools/kelutv/checks/Asking.h"
+#include "tools/kelutv/doctor/DoctorChecks.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/ServiceLink.h"
 #include "wire/codec/Utf8.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/kelutv/doctor/Check.h"
+#include "tools/kelutv/checks/Check.h"
 
 #include <cstddef>
 #include <functional>

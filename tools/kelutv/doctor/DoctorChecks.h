@@ -1,9 +1,7 @@
 #pragma once
 
-#include "tools/kelutv/doctor/Finding.h"
+#include "tools/kelutv/checks/Check.h"
 
-#include <functional>
-#include <string>
 #include <vector>
 
 namespace kelutv::tool {
@@ -18,18 +16,6 @@ struct DoctorOptions {
     double death = 0;
     /** Whether the volume may be changed, and put back, to see an event of it. */
     bool mayChange = false;
-};
-
-/** One thing to look at. */
-struct Check {
-    /** `service.descriptor`, `read.audio.getVolume`. */
-    std::string name;
-    /** What the checks that are told together have in common: `platform`, `service`, `audio`. */
-    std::string topic;
-    /** How long it may take. */
-    double limit;
-    /** Looks; runs in a process of its own, after all that stand before it and need no repetition. */
-    std::function<Finding()> look;
 };
 
 /** Everything that is looked at, in order: what needs no service first. The same for the same options. */

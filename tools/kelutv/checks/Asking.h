@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/kelutv/doctor/Finding.h"
+#include "tools/kelutv/checks/Finding.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "tools/kelutv/doctor/Visit.h"
+#include "tools/kelutv/checks/Visit.h"
 
 #include "tools/process/Deadline.h"
 #include "tools/process/MessagePipe.h"

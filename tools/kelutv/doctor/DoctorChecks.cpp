@@ -1,4 +1,4 @@
-#include "tools/kelutv/doctor/Check.h"
+#include "tools/kelutv/doctor/DoctorChecks.h"
 
 namespace kelutv::tool {
 

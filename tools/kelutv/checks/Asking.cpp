@@ -1,4 +1,4 @@
-#include "tools/kelutv/doctor/Asking.h"
+#include "tools/kelutv/checks/Asking.h"
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/ServiceLink.h"
