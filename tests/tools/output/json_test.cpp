@@ -68,5 +68,29 @@ TEST(Json, comparesByValue) {
     EXPECT_TRUE((Json{{"a", 1}} == Json{{"a", 1}}));
 }
 
+std::string complaintAbout(const std::string& text) {
+    try {
+        Json::parsed(text);
+    } catch (const tool::JsonError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+TEST(Json, isReadFromItsText) {
+    const std::string text = R"({"b":[1,-2,3.5,"x\"[{",null,true],"a":{"c":9223372036854775807}})";
+    EXPECT_EQ(Json::parsed(text).dump(), text);
+    EXPECT_EQ(Json::parsed("18446744073709551615"), Json(18446744073709551615.0));
+    EXPECT_NE(complaintAbout("{\"a\": 1,\n x}").find("line 2, column 2"), std::string::npos);
+    EXPECT_NE(complaintAbout(""), "");
+}
+
+TEST(Json, isReadAsDeepAsDocumentsAre) {
+    EXPECT_EQ(complaintAbout(std::string(64, '[') + std::string(64, ']')), "");
+    EXPECT_EQ(complaintAbout(std::string(65, '[') + std::string(65, ']')),
+              "objects and lists are nested more than 64 deep");
+    EXPECT_EQ(complaintAbout(std::string(1000000, '[')), "objects and lists are nested more than 64 deep");
+}
+
 } // namespace
 } // namespace kelutv::test

@@ -11,6 +11,9 @@ namespace {
 
 using Document = nlohmann::ordered_json;
 
+/** Deeper than any document of the tool. */
+constexpr int kMostDepth = 64;
+
 /** The value of a variant that is to be of one kind. */
 template <typename Kind, typename Value> auto& required(Value& value, const char* kind) {
     if (auto* const found = std::get_if<Kind>(&value)) {
@@ -50,12 +53,77 @@ Document documentOf(const Json& value) {
     return plainDocumentOf(value);
 }
 
+/** How deep objects and lists of a text are nested. */
+int depthOf(const std::string& text) {
+    int depth = 0;
+    int most = 0;
+    bool isInText = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char each = text[at];
+        if (each == '"') {
+            isInText = !isInText;
+        } else if (isInText) {
+            at += each == '\\' ? 1 : 0;
+        } else if (each == '[' || each == '{') {
+            most = std::max(most, ++depth);
+        } else if (each == ']' || each == '}') {
+            --depth;
+        }
+    }
+    return most;
+}
+
+Json plainValueOf(const Document& document) {
+    if (document.is_boolean()) {
+        return document.get<bool>();
+    }
+    if (document.is_number_integer() && (!document.is_number_unsigned() || document.get<std::int64_t>() >= 0)) {
+        return document.get<std::int64_t>();
+    }
+    if (document.is_number()) {
+        return document.get<double>();
+    }
+    return document.is_string() ? Json(document.get<std::string>()) : Json();
+}
+
+Json valueOf(const Document& document) {
+    if (document.is_array()) {
+        Json value = Json::array();
+        for (const Document& entry : document) {
+            value.add(valueOf(entry));
+        }
+        return value;
+    }
+    if (document.is_object()) {
+        Json value = Json::object();
+        for (const auto& [name, member] : document.items()) {
+            value[name] = valueOf(member);
+        }
+        return value;
+    }
+    return plainValueOf(document);
+}
+
 } // namespace
 
 Json Json::array(Entries entries) {
     Json value;
     value.mValue = std::move(entries);
     return value;
+}
+
+Json Json::parsed(const std::string& text) {
+    if (depthOf(text) > kMostDepth) {
+        throw JsonError("objects and lists are nested more than " + std::to_string(kMostDepth) + " deep");
+    }
+    try {
+        return valueOf(Document::parse(text));
+    } catch (const Document::parse_error& error) {
+        const std::string message = error.what();
+        // Its own number and kind stand in brackets before what people read.
+        const std::size_t end = message.find("] ");
+        throw JsonError("no JSON: " + (end == std::string::npos ? message : message.substr(end + 2)));
+    }
 }
 
 bool Json::asBoolean() const { return required<bool>(mValue, "a flag"); }

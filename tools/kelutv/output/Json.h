@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -10,6 +11,12 @@
 #include <vector>
 
 namespace kelutv::tool {
+
+/** A text that is not JSON; the message says where and why. */
+class JsonError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 /**
  * A value as the tool prints it: null, a flag, a number, a text, a list of values, or an object whose members keep
@@ -33,6 +40,13 @@ public:
     Json(std::initializer_list<Member> members) : mValue(Members(members)) {}
 
     static Json array(Entries entries = {});
+    /**
+     * The value of a JSON text; of numbers that are no 64-bit integers the nearest real.
+     * Objects and lists may be nested 64 deep.
+     *
+     * @throws JsonError
+     */
+    static Json parsed(const std::string& text);
     static Json object() { return Json(std::initializer_list<Member>{}); }
 
     bool isNull() const { return holds<std::monostate>(); }
