@@ -45,8 +45,9 @@ bool isFinding(const std::string& message) { return message.size() >= sizeof(Hea
 /** The process that makes the checks from one on, until one finds no service. */
 class Maker {
 public:
-    Maker(const Check* first, const Check* end)
-        : mWorker(process::Worker::start([this, first, end] { return make(first, end); })) {
+    Maker(const Check* first, const Check* end, bool tellsBeginnings)
+        : mTellsBeginnings(tellsBeginnings),
+          mWorker(process::Worker::start([this, first, end] { return make(first, end); })) {
         mMessages.keepReceiving();
     }
 
@@ -72,7 +73,7 @@ private:
     int make(const Check* first, const Check* end) {
         mMessages.keepSending();
         for (const Check* check = first; check != end; ++check) {
-            const bool isHeard = mMessages.send("begins");
+            const bool isHeard = !mTellsBeginnings || mMessages.send("begins");
             const Finding finding = check->look();
             if (!isHeard || !mMessages.send(messageOf(finding)) || finding.verdict == Verdict::Unlinked) {
                 break;
@@ -81,6 +82,7 @@ private:
         return EXIT_SUCCESS;
     }
 
+    bool mTellsBeginnings;
     process::MessagePipe mMessages;
     process::Worker mWorker;
 };
@@ -128,7 +130,7 @@ std::size_t makeChecks(const std::vector<Check>& checks, const Listener& listene
     std::unique_ptr<Maker> maker;
     while (check != end && inVain < kMostInVain) {
         if (maker == nullptr) {
-            maker = std::make_unique<Maker>(check, end);
+            maker = std::make_unique<Maker>(check, end, listener.begins != nullptr);
         }
         const auto [finding, goesOn] = follow(*maker, *check, listener);
         listener.ends(*check++, finding);

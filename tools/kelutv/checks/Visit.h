@@ -10,7 +10,7 @@ namespace kelutv::tool {
 
 /** Who is told how it goes. */
 struct Listener {
-    /** A check begins. */
+    /** A check begins; may be empty, which saves a message for each. */
     std::function<void(const Check& check)> begins;
     std::function<void(const Check& check, const Finding& finding)> ends;
 };
