@@ -1,6 +1,7 @@
 #include "tools/kelutv/doctor/Report.h"
 
 #include "tools/kelutv/checks/Asking.h"
+#include "tools/kelutv/text/Lists.h"
 
 #include <algorithm>
 
@@ -28,10 +29,6 @@ Style styleOf(Verdict verdict) {
     default:
         return Style::Bad;
     }
-}
-
-std::string counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
 }
 
 Json documentOf(const Check& check, const Finding& finding) {

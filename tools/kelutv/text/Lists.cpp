@@ -27,4 +27,8 @@ std::vector<std::string> split(const std::string& text, char separator) {
     return parts;
 }
 
+std::string counted(std::size_t count, const std::string& what) {
+    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+}
+
 } // namespace kelutv::tool
