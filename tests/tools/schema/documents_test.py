@@ -130,6 +130,26 @@ class Documents(unittest.TestCase):
             described = self.documents(lines, f"describe-{kind}")
             self.assertEqual([each["name"] for each in described], names[::STEP])
 
+    def test_snapshots(self) -> None:
+        file = str(Path(self.enterContext(tempfile.TemporaryDirectory())) / "snapshot.json")
+        (written,) = self.printed("snapshot-written", "snapshot", "-o", file)
+        # Whole they are long to look through.
+        for text in (Path(file).read_text(encoding="utf-8"), self.run_tool("snapshot").stdout):
+            snapshot = json.loads(text)
+            self.assertEqual((written["readable"], written["held"]), (snapshot["readable"], len(snapshot["states"])))
+            self.documents(json.dumps({**snapshot, "states": snapshot["states"][::STEP]}), "snapshot")
+        self.run_tool("set", "volume", "35")
+        self.run_tool("set", "sound-mode", "movie")
+        changed = self.run_tool("snapshot").stdout
+        *differences, last = self.run_tool("snapshot", "diff", file, "-", given=changed).stdout.splitlines()
+        self.documents("\n".join(differences), "snapshot-diff")
+        self.assertEqual(self.documents(last, "snapshot-diff-sum")[0]["differences"], 2)
+        self.run_tool("sim", "fault CMD_AUDIO_SETSOUNDMODE error -5")
+        *restored, last = self.run_tool("snapshot", "restore", file).stdout.splitlines()
+        self.assertEqual([each["call"] is None for each in self.documents("\n".join(restored), "snapshot-restore")],
+                         [False, False])
+        self.assertEqual(self.documents(last, "snapshot-restore-sum")[0]["failed"], 1)
+
     def test_functions(self) -> None:
         names = [document["function"] for document in self.printed("list", "list")]
         self.assertGreater(len(names), 500)

@@ -8,6 +8,7 @@
 #include "tools/kelutv/shell/AwaitedCompletion.h"
 #include "tools/kelutv/shell/PathCompletion.h"
 #include "tools/kelutv/text/FunctionNamed.h"
+#include "wire/Interface.h"
 #include "wire/text/Names.h"
 #include "wire/text/RequestPattern.h"
 
@@ -179,21 +180,25 @@ Names actionNames(const Spot& spot, const std::string& begun) {
     return isCec && spot.arguments == Names{"key"} ? namesOf("E_MW_CEC_UI_CMD", begun) : Names();
 }
 
+Names pathNames(const Spot& /*spot*/, const std::string& begun) { return pathsBeginningWith(begun); }
+
 using Source = std::function<Names(const Spot&, const std::string&)>;
 
 /** What may stand where the help says so. */
 std::map<std::string, Source>& sources() {
     static std::map<std::string, Source> all{
+        {"A", pathNames},
         {"ARG", argumentNames},
         {"ACTION", actionNames},
         {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
+        {"B", pathNames},
         {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
         {"EVENT", [](const Spot& spot, const std::string&) { return eventNames(eventFileOf(spot)); }},
         {"FIELD",
          [](const Spot& spot, const std::string& begun) {
              return fieldNames(eventFileOf(spot), spot.arguments.front(), begun);
          }},
-        {"FILE", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
+        {"FILE", pathNames},
         {"FUNCTION", [](const Spot&, const std::string& begun) { return functionNames(begun); }},
         {"KIND",
          [](const Spot&, const std::string&) {
@@ -219,9 +224,10 @@ std::map<std::string, Source>& sources() {
              names.insert(names.end(), others.begin(), others.end());
              return names;
          }},
-        {"PROGRAM", [](const Spot&, const std::string& begun) { return pathsBeginningWith(begun); }},
+        {"PROGRAM", pathNames},
         {"REQUEST", [](const Spot&, const std::string&) { return wire::RequestPattern::names(); }},
         {"SETTING", [](const Spot& spot, const std::string&) { return settingNames(spot.command.name() == "set"); }},
+        {"STATE", [](const Spot&, const std::string&) { return wire::stateNames(); }},
         {"VALUE", [](const Spot& spot, const std::string&) { return settingValues(spot); }},
         {"WHAT", [](const Spot& spot, const std::string& begun) { return awaitedNames(eventFileOf(spot), begun); }},
         {"WHEN",

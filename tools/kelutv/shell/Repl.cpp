@@ -121,7 +121,8 @@ Exit Repl::runWords(std::vector<std::string> words) {
         words.insert(words.begin(), {kPlaceWord, place()});
     }
     // These change the process that they run in, watch until they are interrupted, or need one without a connection.
-    return isAnyOf(command, {"doctor", "encode", "monitor", "trace"}) ? mWorker.runAlone(words) : mWorker.run(words);
+    return isAnyOf(command, {"doctor", "encode", "monitor", "snapshot", "trace"}) ? mWorker.runAlone(words)
+                                                                                  : mWorker.run(words);
 }
 
 } // namespace kelutv::tool

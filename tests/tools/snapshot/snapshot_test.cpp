@@ -1,0 +1,105 @@
+#include "tools/snapshot/Snapshots.h"
+
+#include <sstream>
+
+namespace kelutv::test {
+namespace {
+
+using tool::Json;
+
+TEST_F(Snapshots, sayWhatIsNotAnsweredOnceAndGoOn) {
+    sim("fault CMD_AUDIO_GETMUTE delay 3600s");
+    run({"--quiet", "snapshot", "--limit", "1", "-o", file("all.json")});
+    const Json all = read("all.json");
+    EXPECT_EQ(entryOf(all, "missing", "audio.getMute[KELU_TV_AUDIO_CHANNEL_SPEAKER]")->at("reason"),
+              Json("no answer within 1 s"));
+    EXPECT_EQ(entryOf(all, "missing", "audio.getMute[KELU_TV_AUDIO_CHANNEL_SPDIF]")->at("reason"),
+              Json("not asked: the operation was not answered under another key"));
+    EXPECT_EQ(entryOf(all, "states", "video.mode3d")->at("result"), Json(0));
+}
+
+TEST_F(Snapshots, giveUpWhenNothingIsAnswered) {
+    sim("fault any delay 3600s");
+    const ToolRun run = runTool({"snapshot", "--limit", "0.1", "-o", file("all.json")});
+    EXPECT_EQ(run.exit, 5);
+    EXPECT_EQ(run.error, "kelutv: nothing is answered any longer; --limit gives each answer more time\n");
+}
+
+TEST_F(Snapshots, changeNothingAndDifferWhereValuesDoOrOneLacksAState) {
+    // Its members stand in another order than the tool's.
+    write("first.json", fresh().dump());
+    EXPECT_EQ(diff("first.json", "first.json").exit, 0);
+    sim("set audio.volume[speaker] = 35");
+    sim("signal hdmi2 none");
+    sim("fault CMD_AUDIO_GETSOUNDMODE error -5");
+    const std::string before = runTool({"sim", "show"}).output;
+    take("second.json");
+    EXPECT_EQ(runTool({"sim", "show"}).output, before);
+    const ToolRun all = diff("first.json", "second.json");
+    EXPECT_EQ(all.exit, 1);
+    EXPECT_EQ(all.output, "audio.soundMode: 0 (standard) -> (missing)\n"
+                          "audio.volume[speaker]: 20 -> 35\n"
+                          "sourcemanager.offlineSigStatus[hdmi2]: 1 -> 0\n"
+                          "video.signalStatusSync[hdmi2]: 1 -> 0\n");
+    EXPECT_EQ(all.error, "kelutv: 4 differences in 3410 states\n");
+    EXPECT_NE(diff("second.json", "first.json").output.find("audio.soundMode: (missing) -> 0 (standard)\n"),
+              std::string::npos);
+    const ToolRun settings = diff("first.json", "second.json", {"--settings", "--ignore", "soundMode"});
+    EXPECT_EQ(settings.exit, 1);
+    EXPECT_EQ(settings.output, "audio.volume[speaker]: 20 -> 35\n");
+    const auto exitIgnoring = [this](const std::string& pattern) {
+        return diff("first.json", "second.json", {"--settings", "--ignore", "soundMode", "--ignore", pattern}).exit;
+    };
+    EXPECT_EQ(exitIgnoring("audio.volume[speaker]"), 0);
+    EXPECT_EQ(exitIgnoring("audio.*"), 0);
+    EXPECT_EQ(exitIgnoring("audio.mute"), 1);
+}
+
+TEST_F(Snapshots, differInDocumentsWithJson) {
+    writeSome("first.json", {{"audio.soundMode", Json::array({0})}, {"audio.volume[speaker]", Json::array({20})}});
+    writeSome("second.json", {{"audio.volume[speaker]", Json::array({35})}});
+    std::istringstream lines(diff("first.json", "second.json", {"--json"}).output);
+    std::string line;
+    ASSERT_TRUE(std::getline(lines, line));
+    EXPECT_EQ(parsedJson(line), (Json{{"first", Json::array({0})}, {"second", Json()}, {"state", "audio.soundMode"}}));
+    ASSERT_TRUE(std::getline(lines, line));
+    EXPECT_EQ(parsedJson(line).at("second"), Json::array({35}));
+    ASSERT_TRUE(std::getline(lines, line));
+    EXPECT_EQ(parsedJson(line), (Json{{"compared", 2}, {"differences", 2}}));
+}
+
+TEST_F(Snapshots, areRefusedWhenTheyAreNone) {
+    write("none.json", "{\"format\": \"kelutv snapshot 1\", \"taken\": ");
+    EXPECT_EQ(diff("none.json", "none.json").exit, 2);
+    write("none.json", "{\"format\": \"another\"}");
+    const ToolRun format = restore("none.json");
+    EXPECT_EQ(format.exit, 2);
+    EXPECT_NE(format.error.find("the format is 'another', not 'kelutv snapshot 1'"), std::string::npos) << format.error;
+    write("none.json",
+          "{\"format\": \"kelutv snapshot 1\", \"taken\": \"\", \"readable\": 1, \"held\": 1, \"missing\": [], "
+          "\"states\": [{\"state\": \"audio.soundMode\", \"values\": [0], \"seconds\": 0, "
+          "\"function\": \"linux_tv_Audio_setSoundMode\", \"arguments\": {}, \"result\": 0}]}");
+    const ToolRun function = restore("none.json");
+    EXPECT_EQ(function.exit, 2);
+    EXPECT_NE(function.error.find("states[0]: 'linux_tv_Audio_setSoundMode' is no operation that reads"),
+              std::string::npos)
+        << function.error;
+    write("none.json", std::string(100000, '['));
+    EXPECT_EQ(restore("none.json").exit, 2);
+    EXPECT_EQ(restore("missing.json").exit, 2);
+    writeSome("some.json", {{"audio.soundMode", Json::array({0})}});
+    const ToolRun pattern = restore("some.json", {"--only", "nothing.like.this"});
+    EXPECT_EQ(pattern.exit, 2);
+    EXPECT_NE(pattern.error.find("--only: no state of the file matches 'nothing.like.this'"), std::string::npos);
+}
+
+TEST_F(Snapshots, tellThatThereIsNoService) {
+    writeSome("golden.json", {{"audio.soundMode", Json::array({1})}});
+    turnOff();
+    EXPECT_EQ(runTool({"snapshot", "-o", file("none.json")}).exit, 3);
+    EXPECT_EQ(restore("golden.json").exit, 3);
+    EXPECT_EQ(diff("golden.json", "golden.json").exit, 0);
+}
+
+} // namespace
+} // namespace kelutv::test

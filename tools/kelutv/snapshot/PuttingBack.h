@@ -1,0 +1,35 @@
+#pragma once
+
+#include "tools/kelutv/snapshot/Snapshot.h"
+#include "wire/Function.h"
+
+#include <string>
+#include <vector>
+
+namespace kelutv::tool {
+
+/** A call that gives a state its value. */
+struct SetCall {
+    const wire::Function* function;
+    /** In text form. */
+    std::vector<std::string> arguments;
+};
+
+/** How a call was found, or why there is none. */
+struct FoundCall {
+    /** Without a function when there is none. */
+    SetCall call;
+    std::string complaint;
+};
+
+/**
+ * The call that gives the state exactly the value that was held. Of a state that the catalogue has, the call is proved
+ * before it is given: the library's own function makes its request, which is read by the catalogue's rule. This process
+ * must be one that may use the library.
+ */
+FoundCall callPuttingBack(const HeldState& held, bool mayBeDangerous);
+
+/** The command line that makes the call. */
+std::string commandLineOf(const SetCall& call);
+
+} // namespace kelutv::tool
