@@ -147,6 +147,26 @@ TEST(ForeignTool, tellsFailuresApart) {
     }
 }
 
+TEST(ForeignTool, keepsATelevisionInASnapshotAndPutsItBack) {
+    const ForeignService service;
+    const TestFolder folder;
+    const std::string golden = folder.pathOf("golden.json");
+    service.output({"set", "volume", "34"});
+    service.output({"set", "source", "hdmi1"});
+    service.output({"call", "audio.setPreScale", "speaker", "integer=3,decimal=500"});
+    const ToolRun taken = service.run({"snapshot", "-o", golden});
+    EXPECT_EQ(taken.exit, 0) << taken.error;
+    EXPECT_NE(taken.error.find(" of 3463 readable states in "), std::string::npos) << taken.error;
+    const ForeignService next;
+    EXPECT_EQ(next.output({"snapshot", "restore", golden, "--quiet"}),
+              "sourcemanager.curSource[main]: 11 (hdmi3) -> 9 (hdmi1)\n"
+              "audio.volume[speaker]: 33 -> 34\n"
+              "audio.preScale[speaker]: [0, 0] -> [3, 500]\n");
+    const std::string unit = folder.pathOf("unit.json");
+    next.output({"snapshot", "--quiet", "-o", unit});
+    EXPECT_EQ(next.output({"snapshot", "diff", golden, unit, "--quiet"}), "");
+}
+
 TEST(ForeignTool, saysWhereThePlatformLooked) {
     const TestFolder empty;
     const ToolRun run = runTool({"get", "volume"}, {"FOREIGN_FOLDER=" + empty.path()});
