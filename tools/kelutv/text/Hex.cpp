@@ -1,6 +1,7 @@
 #include "tools/kelutv/text/Hex.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "wire/text/Hexadecimal.h"
 #include "wire/text/Shown.h"
 
 #include <cctype>
@@ -24,14 +25,7 @@ std::uint8_t digitOf(char letter) {
 
 } // namespace
 
-std::string hexOf(const Bytes& bytes) {
-    std::string digits;
-    for (const std::uint8_t byte : bytes) {
-        digits += kDigits[byte >> 4];
-        digits += kDigits[byte & 0xf];
-    }
-    return digits;
-}
+std::string hexOf(const Bytes& bytes) { return wire::hexadecimalOf(bytes); }
 
 std::string spacedHexOf(const Bytes& bytes) {
     std::string text;

@@ -1,0 +1,63 @@
+#include "recording/Reader.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+#include <system_error>
+
+namespace kelutv::recording {
+
+namespace {
+
+const std::string kHeader = R"({"kind":"header","format":1,"library":"1","catalogue":"","token":"","machine":"",)"
+                            R"("system":"","byteOrder":"big","start":""})"
+                            "\n";
+const std::string kLoss = R"({"kind":"loss","sequence":1,"time":3,"process":1,"thread":1})"
+                          "\n";
+
+TEST(Reader, readsUpToTheLastWholeLine) {
+    // Wherever a recorder was killed.
+    const std::string text = kHeader + kLoss;
+    for (std::size_t length = 0; length <= text.size(); ++length) {
+        std::istringstream input(text.substr(0, length));
+        Reader reader(input, "cut");
+        std::size_t lines = 0;
+        while (reader.next()) {
+            ++lines;
+        }
+        EXPECT_EQ(lines, length < kHeader.size() ? 0U : length < text.size() ? 1U : 2U) << length;
+        EXPECT_EQ(reader.isCutOff(), length != 0 && length != kHeader.size() && length != text.size()) << length;
+    }
+}
+
+TEST(Reader, namesTheLineThatIsWrongAndGoesOn) {
+    std::istringstream input(kHeader + "nonsense\n" + kLoss);
+    Reader reader(input, "some.jsonl");
+    EXPECT_TRUE(reader.next());
+    try {
+        reader.next();
+        FAIL();
+    } catch (const LineError& error) {
+        EXPECT_EQ(std::string(error.what()).substr(0, 31), "some.jsonl:2: this is not JSON:");
+    }
+    EXPECT_TRUE(std::holds_alternative<Loss>(reader.next()->content));
+    EXPECT_EQ(reader.number(), 3U);
+}
+
+TEST(Reader, beginsWithAHeader) {
+    std::istringstream input(kLoss);
+    EXPECT_THROW(Reader(input, "headless").next(), LineError);
+}
+
+TEST(Reader, readsWholeFiles) {
+    const test::TestFolder folder;
+    std::ofstream(folder.pathOf("file")) << kHeader << kLoss << "{\"kind\"";
+    EXPECT_EQ(linesOfFile(folder.pathOf("file")).size(), 2U);
+    EXPECT_THROW(linesOfFile(folder.pathOf("nothing")), std::system_error);
+}
+
+} // namespace
+
+} // namespace kelutv::recording
