@@ -81,6 +81,7 @@ if(TARGET kelutv)
     install(FILES ${pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
     install(
         FILES "${PROJECT_SOURCE_DIR}/tools/schema/kelutv.schema.json"
+              "${PROJECT_SOURCE_DIR}/tools/schema/recording.schema.json"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"
         COMPONENT tools)
     set(completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")

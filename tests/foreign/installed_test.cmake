@@ -4,7 +4,8 @@
 
 set(prefix "${CMAKE_ARGV3}")
 foreach(file IN ITEMS bin/kelutv lib/kelutv/libkelutvtrace.so share/man/man1/kelutv-call.1
-                      share/bash-completion/completions/kelutv share/kelutv/kelutv.schema.json)
+                      share/bash-completion/completions/kelutv share/kelutv/kelutv.schema.json
+                      share/kelutv/recording.schema.json)
     if(NOT EXISTS "${prefix}/${file}")
         message(FATAL_ERROR "${file} was not installed")
     endif()

@@ -92,6 +92,7 @@ PACKAGES: dict[str, tuple[list[str], list[str], list[str]]] = {
             "share/kelutv/config.schema.json",
             "share/kelutv/defaults.json",
             "share/kelutv/kelutv.schema.json",
+            "share/kelutv/recording.schema.json",
             *tree("simulator/scenarios", "*.scenario", "share/kelutv/scenarios"),
             *tree("tools/man", "*.1", "share/man/man1", ".gz"),
             "share/man/man1/kqservicemanager.1.gz",

@@ -73,7 +73,7 @@ template <typename Send> status_t observe(const Parcel& request, Parcel* reply, 
     const auto begin = std::chrono::steady_clock::now();
     const status_t status = answer(request, reply, send);
     const bool replied = status == android::NO_ERROR && reply != nullptr;
-    notify({start, std::chrono::steady_clock::now() - begin, status, request.data(), request.dataSize(),
+    notify({start, begin, std::chrono::steady_clock::now() - begin, status, request.data(), request.dataSize(),
             replied ? reply->data() : nullptr, replied ? reply->dataSize() : 0});
     return status;
 }

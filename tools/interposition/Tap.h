@@ -24,6 +24,8 @@ struct Transaction {
 /** The same while it is still in the library's hands; the bytes live as long as the call. */
 struct TransactionView {
     std::chrono::system_clock::time_point start;
+    /** The start by a clock that nobody sets. */
+    std::chrono::steady_clock::time_point begin;
     std::chrono::nanoseconds duration;
     int status;
     const std::uint8_t* request;

@@ -1,82 +1,65 @@
+#include "tools/interposition/Notices.h"
 #include "tools/interposition/Tap.h"
-#include "tools/trace/FrameWriter.h"
-#include "tools/trace/SigpipeGuard.h"
+#include "tools/trace/Channel.h"
+#include "tools/trace/RecordingService.h"
 
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <unistd.h>
+#include <pthread.h>
 
-#include <atomic>
-#include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <string>
 
 namespace kelutv::trace {
 
 namespace {
 
-/** Kept from the start: programs change their environment. */
-char pipePath[PATH_MAX];
+Channel traceChannel;
+Channel recordChannel;
 
-/** How long a program waits for a tool that reads slowly; for one that does not read, once. */
-constexpr int kPatienceMs = 200;
+void sendToAll(const RecordHeader& header, const RecordBytes& bytes) {
+    traceChannel.send(header, bytes);
+    recordChannel.send(header, bytes);
+}
 
-LeftOut* leftOut = nullptr;
-std::atomic<bool> isStuck{false};
-
-/** Opened for each record, since programs close descriptors that are not theirs; -1 when nobody listens. */
-int openPipe() { return ::open(pipePath, O_WRONLY | O_NONBLOCK | O_CLOEXEC); }
-
-std::int64_t nanoseconds(std::chrono::nanoseconds time) { return time.count(); }
-
-bool write(int fd, const interposition::TransactionView& transaction) {
+void sendTransaction(const interposition::TransactionView& transaction) {
     const RecordHeader header{nanoseconds(transaction.start.time_since_epoch()),
+                              nanoseconds(transaction.begin.time_since_epoch()),
                               nanoseconds(transaction.duration),
                               transaction.status,
-                              static_cast<std::uint32_t>(transaction.requestSize),
-                              static_cast<std::uint32_t>(transaction.replySize),
-                              0};
-    FrameWriter writer(fd, ::getpid(), ::gettid(), sizeof(header) + transaction.requestSize + transaction.replySize,
-                       isStuck ? 0 : kPatienceMs);
-    writer.append(&header, sizeof(header));
-    writer.append(transaction.request, transaction.requestSize);
-    writer.append(transaction.reply, transaction.replySize);
-    return writer.finish();
+                              0,
+                              0,
+                              RecordKind::Transaction};
+    sendToAll(header, {transaction.request, transaction.requestSize, transaction.reply, transaction.replySize});
 }
 
-void send(const interposition::TransactionView& transaction) {
-    const int before = errno;
-    const int fd = openPipe();
-    if (fd >= 0) {
-        const SigpipeGuard quiet;
-        isStuck = !write(fd, transaction);
-        if (isStuck && leftOut != nullptr) {
-            ++*leftOut;
-        }
-        ::close(fd);
-    }
-    errno = before;
+void sendEvent(unsigned int event, const void* payload, std::size_t length) {
+    sendToAll(recordOfNow(RecordKind::Event, static_cast<std::int32_t>(event)), {payload, length, nullptr, 0});
 }
 
-/** Mapped for as long as the program runs, in its children, too. */
-LeftOut* mapLeftOut(const std::string& path) {
-    const int fd = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-    if (fd < 0) {
-        return nullptr;
+void sendLoss() { sendToAll(recordOfNow(RecordKind::Loss, 0), {}); }
+
+void sendProcess() { sendToAll(recordOfNow(RecordKind::Process, 0), {}); }
+
+bool openChannel(Channel& channel, const char* variable) {
+    const char* const pipe = std::getenv(variable);
+    return pipe != nullptr && *pipe != '\0' && channel.open(pipe);
+}
+
+/** A recording that is made of this program from outside goes before the one that its environment asks for. */
+bool openRecording() {
+    if (openChannel(recordChannel, kRecordVariable)) {
+        return true;
     }
-    void* const memory = ::mmap(nullptr, sizeof(LeftOut), PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0);
-    ::close(fd);
-    return memory != MAP_FAILED ? static_cast<LeftOut*>(memory) : nullptr;
+    const char* const file = std::getenv(kRecordFileVariable);
+    return file != nullptr && *file != '\0' && openRecordingService(recordChannel, file);
 }
 
 [[gnu::constructor]] void start() {
-    const char* const path = std::getenv(kPipeVariable);
-    const std::size_t size = path != nullptr ? std::strlen(path) + 1 : 0;
-    if (size > 1 && size <= sizeof(pipePath)) {
-        std::memcpy(pipePath, path, size);
-        leftOut = mapLeftOut(std::string(path) + kLeftOutSuffix);
-        interposition::setObserver(send);
+    const bool isTraced = openChannel(traceChannel, kTraceVariable);
+    if (openRecording() || isTraced) {
+        interposition::setObserver(sendTransaction);
+        interposition::setNoticeObserver({sendEvent, sendLoss});
+        ::pthread_atfork(nullptr, nullptr, sendProcess);
+        sendProcess();
     }
 }
 

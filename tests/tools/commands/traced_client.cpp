@@ -2,10 +2,14 @@
 #include <kelutv/link/TVBaseClient.h>
 #include <kelutv/linux_kelutv_audio.h>
 #include <kelutv/linux_kelutv_factory.h>
+#include <kelutv/linux_kelutv_notify.h>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -71,6 +75,52 @@ void sendPastStoppedTracer() {
     std::puts("went on");
 }
 
+/** The same, and prints how many milliseconds the slowest call took. */
+void sendPastStoppedRecorder(int count) {
+    using Clock = std::chrono::steady_clock;
+    ::kill(::getppid(), SIGSTOP);
+    Clock::duration slowest{};
+    for (int i = 0; i < count; ++i) {
+        const auto begin = Clock::now();
+        linux_tv_Factory_setInternetTime(std::string(20000, 't').c_str());
+        slowest = std::max(slowest, Clock::now() - begin);
+    }
+    ::kill(::getppid(), SIGCONT);
+    std::printf("slowest %ld ms\n",
+                static_cast<long>(std::chrono::duration_cast<std::chrono::milliseconds>(slowest).count()));
+}
+
+/** Connects, then sends until the service is gone, and stays. */
+int sendPastService() {
+    linux_tv_Audio_setVolume(0, 1);
+    std::puts("connected");
+    std::fflush(stdout);
+    while (linux_tv_Audio_setVolume(0, 7) == 0) {
+    }
+    ::pause();
+    return 0;
+}
+
+/** Until it is ended, or the service is. */
+void sendWithoutEnd() {
+    while (linux_tv_Audio_setVolume(0, 7) == 0) {
+    }
+}
+
+std::atomic<bool> hasEvent{false};
+
+void takeEvent(int /*event*/, void* /*payload*/, unsigned int /*length*/, void* /*more*/) { hasEvent = true; }
+
+/** Changes the volume until an event tells of that. */
+int awaitEvent() {
+    linux_tv_registerCallbackFunc(takeEvent);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    for (int volume = 1; !hasEvent && std::chrono::steady_clock::now() < deadline; volume = volume % 100 + 1) {
+        linux_tv_Audio_setVolume(0, volume);
+    }
+    return hasEvent ? 0 : 1;
+}
+
 /** Sends a request by the proxy itself, past the library's calls. */
 int sendByProxy() {
     android::Parcel request;
@@ -105,6 +155,22 @@ int run(const char* program, const std::string& action) {
         std::printf("set the volume: %d\n", linux_tv_Audio_setVolume(0, 4));
     } else if (action == "stop") {
         sendPastStoppedTracer();
+    } else if (action == "lost") {
+        return sendPastService();
+    } else if (action == "slow") {
+        sendPastStoppedRecorder(200);
+    } else if (action == "many") {
+        setVolumes(0, 400);
+        std::puts("done");
+        std::fflush(stdout);
+    } else if (action == "busy") {
+        sendWithoutEnd();
+    } else if (action == "exec") {
+        linux_tv_Audio_setVolume(0, 4);
+        ::execl(program, program, "print", nullptr);
+        return 99;
+    } else if (action == "event") {
+        return awaitEvent();
     } else if (action == "wait") {
         linux_tv_Audio_setVolume(0, 6);
         ::pause();

@@ -21,6 +21,7 @@ sys.path.insert(0, str(ROOT / "tests"))
 from support.television import PATIENCE, Television  # noqa: E402
 
 SCHEMA = json.loads((ROOT / "tools" / "schema" / "kelutv.schema.json").read_text(encoding="utf-8"))
+RECORDING = json.loads((ROOT / "tools" / "schema" / "recording.schema.json").read_text(encoding="utf-8"))
 PROGRAM = os.environ["KELUTV_TOOL"]
 # One of every so many functions is described: a description is long to look through.
 STEP = 16
@@ -180,6 +181,30 @@ class Documents(unittest.TestCase):
         with tempfile.NamedTemporaryFile("r") as trace:
             self.run_tool("trace", "--output", trace.name, "--", PROGRAM, "get", "volume")
             self.assertTrue(self.documents(trace.read(), "trace"))
+
+    def test_recordings(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            file = str(Path(folder, "recording"))
+            run = self.run_tool("record", "--events", "-o", file, "--", PROGRAM, "repl", given="set volume 7\nget\n")
+            self.documents(run.stderr.splitlines()[-1], "message")
+            (checked,) = self.printed("recording-check", "recording", "check", file)
+            self.assertEqual((checked["faults"], checked["ended"], checked["sections"]), (0, True, 1))
+            (report,) = self.printed("recording-report", "recording", "report", file)
+            self.assertEqual(sum(each["calls"] for each in report["commands"]), checked["calls"])
+            lines = [json.loads(line) for line in Path(file).read_text(encoding="utf-8").splitlines()]
+            shown = self.run_tool("recording", "show", file).stdout
+            self.assertEqual([json.loads(line) for line in shown.splitlines()], lines)
+        Draft202012Validator.check_schema(RECORDING)
+        validating = Draft202012Validator(RECORDING)
+        for line in lines:
+            self.assertEqual([error.message for error in validating.iter_errors(line)], [], line)
+        self.assertGreater(len(lines), 50)
+        call = next(line for line in lines if line["kind"] == "transaction")
+        wrong = ({"kind": "header"}, {**call, "reply": None}, {**call, "request": "0"}, {**call, "time": 0.5})
+        for line in wrong:
+            self.assertFalse(validating.is_valid(line), line)
+        self.assertTrue(validating.is_valid({"kind": "temperature", "celsius": 41.5}))
+        self.assertTrue(validating.is_valid({**call, "more": {}}))
 
     def test_events(self) -> None:
         with subprocess.Popen(

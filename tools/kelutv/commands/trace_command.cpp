@@ -39,12 +39,14 @@ int waitForEnd(TracedProgram& program, process::SignalWatch& signals, TracePipe&
     return *exit;
 }
 
+constexpr std::chrono::milliseconds kPatience{200};
+
 Exit trace(const TraceOptions& options) {
     TraceLog log(options.log);
-    TracePipe pipe;
+    TracePipe pipe({{trace::RecordKind::Transaction}, kPatience});
     process::SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
     std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.
-    TracedProgram program(options.words, pipe.path(), signals.maskBefore());
+    TracedProgram program(options.words, trace::kTraceVariable + ('=' + pipe.path()), signals.maskBefore());
     const int exit = waitForEnd(program, signals, pipe, log);
     log.finish();
     return static_cast<Exit>(exit);

@@ -60,22 +60,30 @@ std::string lineOf(const KnownEvent& event, const Output& output) {
            (fields.empty() ? "" : ": " + output.styled(Style::Value, fields));
 }
 
-Json documentOf(const KnownEvent& event) {
-    Json document;
-    document["time"] = documentTime(event.received.time);
-    document["event"] = event.received.id;
-    document["name"] = event.known != nullptr ? Json(event.known->name) : Json();
-    document["module"] = !event.module.empty() ? Json(event.module) : Json();
-    document["length"] = event.received.payload.size();
-    document["payload"] = hexOf(event.received.payload);
+void addMeaning(Json& document, const KnownEvent& event) {
     if (event.known == nullptr) {
         document["words"] = int32sOf(event.received.payload);
-        return document;
+        return;
     }
     document["fields"] = Json::array();
     for (const wire::PayloadValue& field : event.fields) {
         document["fields"].add(documentOf(NamedValue{field.name, field.encoding, field.names, {field.value}}));
     }
+}
+
+void addNames(Json& document, const KnownEvent& event) {
+    document["name"] = event.known != nullptr ? Json(event.known->name) : Json();
+    document["module"] = !event.module.empty() ? Json(event.module) : Json();
+}
+
+Json documentOf(const KnownEvent& event) {
+    Json document;
+    document["time"] = documentTime(event.received.time);
+    document["event"] = event.received.id;
+    addNames(document, event);
+    document["length"] = event.received.payload.size();
+    document["payload"] = hexOf(event.received.payload);
+    addMeaning(document, event);
     return document;
 }
 
@@ -88,6 +96,19 @@ KnownEvent::KnownEvent(const ReceivedEvent& what, const wire::EventTable& events
 void print(const KnownEvent& event, const Output& output) {
     output.line(lineOf(event, output));
     output.document(documentOf(event));
+}
+
+std::string meaningText(const KnownEvent& event) {
+    const std::string fields = fieldsText(event);
+    return idText(event.received.id) + (event.known != nullptr ? std::string(" ") + event.known->name : "") + " (" +
+           std::to_string(event.received.payload.size()) + " bytes)" + (fields.empty() ? "" : ": " + fields);
+}
+
+Json meaningDocument(const KnownEvent& event) {
+    Json document;
+    addNames(document, event);
+    addMeaning(document, event);
+    return document;
 }
 
 double documentTime(std::chrono::system_clock::time_point time) {

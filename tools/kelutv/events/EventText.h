@@ -25,6 +25,12 @@ struct KnownEvent {
 /** Prints it as a line or as a document. */
 void print(const KnownEvent& event, const Output& output);
 
+/** `0x60001 volumeChanged (8 bytes): channel=0 ..., volume=35`, without its bytes. */
+std::string meaningText(const KnownEvent& event);
+
+/** What it means: `{"name": ..., "module": ..., "fields": [...]}`, with `words` for an event that is not known. */
+Json meaningDocument(const KnownEvent& event);
+
 /** A time as documents have it, in seconds since 1970. */
 double documentTime(std::chrono::system_clock::time_point time);
 

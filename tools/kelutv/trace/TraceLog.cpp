@@ -3,14 +3,12 @@
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Streams.h"
-#include "wire/text/Describe.h"
-#include "wire/text/Names.h"
-#include "wire/text/Nearest.h"
+#include "tools/kelutv/text/Patterns.h"
+#include "tools/kelutv/trace/TransactionText.h"
 #include "wire/text/Shown.h"
 
 #include <binder/IBinder.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -21,27 +19,6 @@ namespace {
 using Seconds = std::chrono::duration<double>;
 
 double secondsOf(std::chrono::nanoseconds time) { return Seconds(time).count(); }
-
-std::string callerOf(const TracedTransaction& transaction) {
-    const std::string process = std::to_string(transaction.process);
-    const bool isMain = transaction.thread == transaction.process;
-    return '[' + process + (isMain ? "" : ':' + std::to_string(transaction.thread)) + "] ";
-}
-
-std::string statusText(std::int32_t status) {
-    return status == android::DEAD_OBJECT ? "no reply: the link is dead" : "no reply: status " + std::to_string(status);
-}
-
-std::string lineOf(const TracedTransaction& transaction, const DecodedRequest& decoded) {
-    const wire::Operation& operation = operationFor(decoded.request);
-    char duration[32];
-    std::snprintf(duration, sizeof(duration), " <%.6f>", secondsOf(transaction.duration));
-    return callerOf(transaction) + wire::describe(decoded.request) +
-           (decoded.flaw ? " [" + textOf(*decoded.flaw) + ']' : "") + " -> " +
-           (transaction.status != android::NO_ERROR ? statusText(transaction.status)
-                                                    : textOf(operation, decodeReply(operation, transaction.reply))) +
-           duration;
-}
 
 Json traceDocument(const TracedTransaction& transaction, const DecodedRequest& decoded) {
     const wire::Operation& operation = operationFor(decoded.request);
@@ -58,19 +35,6 @@ Json traceDocument(const TracedTransaction& transaction, const DecodedRequest& d
     return document;
 }
 
-std::vector<wire::RequestPattern> patternsOf(const std::vector<std::string>& filters) {
-    std::vector<wire::RequestPattern> patterns;
-    for (const std::string& filter : filters) {
-        try {
-            patterns.emplace_back(filter);
-        } catch (const wire::UnknownName&) {
-            throw UsageError("--filter: no command or item is called " + wire::shown(filter) +
-                             wire::nearestHint(filter, wire::RequestPattern::names()));
-        }
-    }
-    return patterns;
-}
-
 int closeUnlessShared(std::FILE* file) { return file != ownError() ? std::fclose(file) : 0; }
 
 std::FILE* open(const std::string& path) {
@@ -85,7 +49,7 @@ std::FILE* open(const std::string& path) {
 } // namespace
 
 TraceLog::TraceLog(const Options& options)
-    : mFile(nullptr, closeUnlessShared), mPath(options.file), mFilters(patternsOf(options.filters)),
+    : mFile(nullptr, closeUnlessShared), mPath(options.file), mFilters(patternsOf("--filter", options.filters)),
       mLeft(options.count), mLimited(options.count != 0), mJson(options.json) {
     mFile.reset(open(options.file));
 }
@@ -96,7 +60,8 @@ void TraceLog::write(const TracedTransaction& transaction) {
         return;
     }
     mLeft -= mLimited ? 1 : 0;
-    writeLine(mJson ? traceDocument(transaction, decoded).dump() : lineOf(transaction, decoded));
+    writeLine(mJson ? traceDocument(transaction, decoded).dump()
+                    : callerText(transaction.process, transaction.thread) + lineOf(transaction, decoded));
 }
 
 void TraceLog::writeLeftOut(std::uint32_t count) {
@@ -119,9 +84,7 @@ void TraceLog::finish() {
 }
 
 bool TraceLog::isWanted(const wire::Request& request) const {
-    return mFilters.empty() ||
-           std::any_of(mFilters.begin(), mFilters.end(),
-                       [&request](const wire::RequestPattern& filter) { return filter.matches(request); });
+    return mFilters.empty() || matchesAny(mFilters, request);
 }
 
 } // namespace kelutv::tool

@@ -1,6 +1,7 @@
 #include "tools/kelutv/trace/TracePipe.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "tools/trace/MeetingPlace.h"
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -45,19 +46,26 @@ TracedTransaction transactionOf(const FrameHeader& frame, const Bytes& record) {
     std::memcpy(&header, record.data(), sizeof(header));
     const auto request = record.begin() + sizeof(header);
     const auto reply = request + header.requestSize;
-    return {frame.process,
+    return {header.kind,
+            frame.process,
             frame.thread,
             std::chrono::nanoseconds(header.startNanoseconds),
+            std::chrono::nanoseconds(header.beginNanoseconds),
             std::chrono::nanoseconds(header.durationNanoseconds),
-            header.status,
+            header.value,
             {request, reply},
             {reply, reply + header.replySize}};
 }
 
 } // namespace
 
-TracePipe::TracePipe() : mDirectory(makeDirectory()), mPath(mDirectory + "/pipe") {
-    if (!makePipe() || !makeCounter()) {
+TracePipe::TracePipe(const TraceWishes& wishes) : TracePipe(makeDirectory(), wishes) {}
+
+TracePipe::TracePipe(std::string folder, const TraceWishes& wishes)
+    : mDirectory(std::move(folder)), mPath(trace::pipeIn(mDirectory)) {
+    ::unlink(mPath.c_str());
+    ::unlink((mPath + trace::kNotesSuffix).c_str());
+    if (!makeNotes(wishes) || !makePipe()) {
         const int error = errno;
         remove();
         errno = error;
@@ -66,7 +74,8 @@ TracePipe::TracePipe() : mDirectory(makeDirectory()), mPath(mDirectory + "/pipe"
 }
 
 TracePipe::~TracePipe() {
-    ::munmap(mLeftOut, sizeof(trace::LeftOut));
+    close();
+    ::munmap(mNotes, sizeof(trace::Notes));
     remove();
 }
 
@@ -80,28 +89,39 @@ bool TracePipe::makePipe() {
     return true;
 }
 
-bool TracePipe::makeCounter() {
+bool TracePipe::makeNotes(const TraceWishes& wishes) {
     const int fd =
-        ::open((mPath + trace::kLeftOutSuffix).c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        ::open((mPath + trace::kNotesSuffix).c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (fd < 0) {
         return false;
     }
-    void* const memory = ::ftruncate(fd, sizeof(trace::LeftOut)) == 0
-                             ? ::mmap(nullptr, sizeof(trace::LeftOut), PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0)
+    void* const memory = ::ftruncate(fd, sizeof(trace::Notes)) == 0
+                             ? ::mmap(nullptr, sizeof(trace::Notes), PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0)
                              : MAP_FAILED;
     ::close(fd);
-    mLeftOut = memory != MAP_FAILED ? static_cast<trace::LeftOut*>(memory) : nullptr;
-    return mLeftOut != nullptr;
+    if (memory == MAP_FAILED) {
+        return false;
+    }
+    mNotes = static_cast<trace::Notes*>(memory);
+    mNotes->patience = static_cast<std::int32_t>(wishes.patience.count());
+    for (const trace::RecordKind kind : wishes.kinds) {
+        mNotes->wanted |= static_cast<std::uint32_t>(kind);
+    }
+    return true;
 }
 
 void TracePipe::remove() {
-    ::unlink((mPath + trace::kLeftOutSuffix).c_str());
+    ::unlink((mPath + trace::kNotesSuffix).c_str());
     ::unlink(mPath.c_str());
     ::rmdir(mDirectory.c_str());
-    ::close(mFd);
+    if (mFd >= 0) {
+        ::close(mFd);
+    }
 }
 
-std::uint32_t TracePipe::takeLeftOut() { return mLeftOut->exchange(0); }
+void TracePipe::close() { mNotes->wanted = 0; }
+
+std::uint32_t TracePipe::takeLeftOut() { return mNotes->leftOut.exchange(0); }
 
 std::vector<TracedTransaction> TracePipe::take() {
     std::vector<TracedTransaction> transactions;

@@ -13,22 +13,36 @@
 
 namespace kelutv::tool {
 
-/** One transaction of a traced program. */
+/** One transaction of a traced program, or what it was told. */
 struct TracedTransaction {
+    trace::RecordKind kind;
     std::int32_t process;
     std::int32_t thread;
     std::chrono::nanoseconds start;
+    /** The start by the clock that nobody sets. */
+    std::chrono::nanoseconds begin;
     std::chrono::nanoseconds duration;
-    /** The transport's status. */
+    /** The transport's status, or the identifier of an event. */
     std::int32_t status;
+    /** Or the payload of an event. */
     Bytes request;
     Bytes reply;
 };
 
-/** The named pipe through which traced programs send their transactions, in a private directory of its own. */
+/** What a tool wants of the programs. */
+struct TraceWishes {
+    std::vector<trace::RecordKind> kinds;
+    /** How long a program waits for room in the pipe. */
+    std::chrono::milliseconds patience;
+};
+
+/** The named pipe through which programs send what was seen, in a private folder. */
 class TracePipe {
 public:
-    TracePipe();
+    /** In a folder of its own, which is gone with it. */
+    explicit TracePipe(const TraceWishes& wishes);
+    /** In this folder, which this user alone may use; what was left there is replaced, the folder is gone with it. */
+    TracePipe(std::string folder, const TraceWishes& wishes);
     ~TracePipe();
     TracePipe(const TracePipe&) = delete;
     TracePipe& operator=(const TracePipe&) = delete;
@@ -39,13 +53,16 @@ public:
     /** Everything that is there now, in the order of the transactions' ends; does not wait. */
     std::vector<TracedTransaction> take();
 
-    /** How many transactions programs have left out since the last call, after all that could be taken before it. */
+    /** Lets programs send nothing more. */
+    void close();
+
+    /** How many records programs have left out since the last call, after all that could be taken before it. */
     std::uint32_t takeLeftOut();
 
 private:
     /** @name False when it cannot be made, with the reason in `errno`. @{ */
     bool makePipe();
-    bool makeCounter();
+    bool makeNotes(const TraceWishes& wishes);
     /** @} */
     void remove();
     void takeFrames(std::vector<TracedTransaction>& transactions);
@@ -55,7 +72,7 @@ private:
     std::string mDirectory;
     std::string mPath;
     int mFd = -1;
-    trace::LeftOut* mLeftOut = nullptr;
+    trace::Notes* mNotes = nullptr;
     Bytes mUnread;
     /** What has come of the record of each thread. */
     std::map<std::pair<std::int32_t, std::int32_t>, Bytes> mRecords;

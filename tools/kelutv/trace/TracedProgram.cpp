@@ -3,7 +3,6 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Streams.h"
 #include "tools/process/Spawn.h"
-#include "tools/trace/Frame.h"
 #include "wire/text/Shown.h"
 
 #include <sys/wait.h>
@@ -48,9 +47,8 @@ std::string preload() {
 
 } // namespace
 
-TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::string& pipe, const sigset_t& mask) {
-    const process::Program program{words,     {},  {trace::kPipeVariable + ('=' + pipe), preload()}, ownDescriptors(),
-                                   {SIGPIPE}, mask};
+TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::string& setting, const sigset_t& mask) {
+    const process::Program program{words, {}, {setting, preload()}, ownDescriptors(), {SIGPIPE, SIGXFSZ}, mask};
     try {
         mPid = process::spawn(program);
     } catch (const std::system_error& error) {

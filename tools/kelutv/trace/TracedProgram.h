@@ -15,10 +15,11 @@ public:
     /**
      * Starts it, looked for as a shell does.
      *
+     * @param setting `NAME=value`, for its environment
      * @param mask the signals that are blocked in it
      * @throws ToolError with 127 when there is no such program, 126 when it cannot be run
      */
-    TracedProgram(const std::vector<std::string>& words, const std::string& pipe, const sigset_t& mask);
+    TracedProgram(const std::vector<std::string>& words, const std::string& setting, const sigset_t& mask);
 
     /** What its end gives a shell: its exit code, or 128 and the signal; empty while it runs. */
     std::optional<int> exitCode();

@@ -1,0 +1,187 @@
+#include "tools/kelutv/recordings/BackgroundRecording.h"
+
+#include "tools/kelutv/output/Errors.h"
+#include "tools/process/SignalWatch.h"
+#include "tools/trace/MeetingPlace.h"
+#include "wire/text/Shown.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+namespace kelutv::tool {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::chrono::seconds kPatience{5};
+/** How soon the end of the last program is noticed. */
+constexpr milliseconds kInterval{200};
+
+[[noreturn]] void fail(const std::string& what) { throw ToolError(Exit::Failure, what + ": " + std::strerror(errno)); }
+
+/** Whether somebody reads from the pipe. */
+bool isServed(const std::string& pipe) {
+    const int fd = ::open(pipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd >= 0) {
+        ::close(fd);
+    }
+    return fd >= 0;
+}
+
+/** Waits for the lock that who records into the file holds. @return false when programs are served by somebody else */
+bool lock(int file, const std::string& pipe) {
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+        if (isServed(pipe)) {
+            return false;
+        }
+        if (std::chrono::steady_clock::now() >= deadline) {
+            throw ToolError(Exit::Failure, "another program records into the file");
+        }
+        ::poll(nullptr, 0, 5);
+    }
+    return true;
+}
+
+void makePlace(const std::string& place) {
+    if (::mkdir(place.c_str(), S_IRWXU) != 0 && (errno != EEXIST || !trace::isOwnFolder(place))) {
+        fail("cannot make the folder " + wire::shown(place, wire::kMostOfPath));
+    }
+}
+
+/** What the program that needs the recording had open would stay open with this process. */
+void closeInherited() {
+    DIR* const folder = ::opendir("/proc/self/fd");
+    if (folder == nullptr) {
+        return;
+    }
+    while (const dirent* const entry = ::readdir(folder)) {
+        const int fd = std::atoi(entry->d_name);
+        const int flags = fd > STDERR_FILENO ? ::fcntl(fd, F_GETFD) : -1;
+        if (flags >= 0 && (flags & FD_CLOEXEC) == 0) {
+            ::close(fd);
+        }
+    }
+    ::closedir(folder);
+}
+
+void leaveProgram() {
+    ::setsid();
+    const int nowhere = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+    for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        ::dup2(nowhere, fd);
+    }
+    ::close(nowhere);
+    closeInherited();
+}
+
+/** One that has ended and was not waited for does nothing any more. */
+bool isAtWork(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    std::string text;
+    std::getline(file, text);
+    const std::size_t state = text.rfind(") ") + 2;
+    return !text.empty() && state < text.size() && text[state] != 'Z' && text[state] != 'X';
+}
+
+bool isAnyAtWork(std::set<pid_t>& processes) {
+    for (auto process = processes.begin(); process != processes.end();) {
+        process = isAtWork(*process) ? std::next(process) : processes.erase(process);
+    }
+    return !processes.empty();
+}
+
+/**
+ * Takes the pipe out of the way of programs that begin, for whom another recorder is started then; puts it back when
+ * one has begun just before.
+ */
+bool isDone(RecordingSession& session, const std::string& pipe) {
+    if (isAnyAtWork(session.processes())) {
+        return false;
+    }
+    const std::string hidden = pipe + ".ending";
+    std::rename(pipe.c_str(), hidden.c_str());
+    session.wait(-1, milliseconds::zero());
+    if (isAnyAtWork(session.processes())) {
+        std::rename(hidden.c_str(), pipe.c_str());
+        return false;
+    }
+    ::unlink(hidden.c_str());
+    return true;
+}
+
+/** Until the last program has ended, or none has begun in time, or a signal comes. @return what was the reason */
+std::string serveAll(RecordingSession& session, process::SignalWatch& signals, const std::string& pipe) {
+    const auto firstBy = std::chrono::steady_clock::now() + kPatience;
+    bool hasBegun = false;
+    while (true) {
+        session.wait(signals.fd(), kInterval);
+        hasBegun = hasBegun || !session.processes().empty() || std::chrono::steady_clock::now() > firstBy;
+        if (signals.take()) {
+            return "signal";
+        }
+        if (hasBegun && isDone(session, pipe)) {
+            return "program";
+        }
+    }
+}
+
+/** In a process of its own. */
+Exit serve(TracePipe& pipe, RecordingFile& file, const RecordOptions& options) {
+    process::SignalWatch signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+    std::signal(SIGXFSZ, SIG_IGN); // What cannot be written is told of by the write.
+    try {
+        RecordingSession session(pipe, file, options);
+        session.finish(serveAll(session, signals, pipe.path()));
+        return Exit::Success;
+    } catch (const ToolError& error) {
+        return error.exit();
+    }
+}
+
+} // namespace
+
+void recordInBackground(const RecordOptions& options) {
+    RecordingFile file(options.file, options.most);
+    struct stat status {};
+    if (!file.isRegular() || ::fstat(file.fd(), &status) != 0) {
+        throw ToolError(Exit::Failure, "cannot record to " + wire::shown(options.file, wire::kMostOfPath) +
+                                           " in the background: it is no regular file");
+    }
+    const std::string place = trace::meetingPlaceOf(status);
+    if (!lock(file.fd(), trace::pipeIn(place))) {
+        return;
+    }
+    file.goOn();
+    makePlace(place);
+    auto pipe = std::make_unique<TracePipe>(place, wishesOf(options));
+    const pid_t recorder = ::fork();
+    if (recorder < 0) {
+        fail("cannot make another process");
+    }
+    if (recorder == 0) {
+        leaveProgram();
+        const Exit exit = serve(*pipe, file, options);
+        // Before the lock is given up with the file.
+        pipe.reset();
+        std::_Exit(static_cast<int>(exit));
+    }
+    // What stands in the folder is the other process's now.
+    std::_Exit(0);
+}
+
+} // namespace kelutv::tool

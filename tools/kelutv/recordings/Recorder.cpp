@@ -1,0 +1,123 @@
+#include "tools/kelutv/recordings/Recorder.h"
+
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/recordings/LiveLine.h"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace kelutv::tool {
+
+namespace {
+
+/** What may wait for a slow disk. */
+constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
+
+std::chrono::nanoseconds clockNow() { return std::chrono::steady_clock::now().time_since_epoch(); }
+
+} // namespace
+
+Recorder::Recorder(RecordingFile& file) : mFile(file) {
+    const recording::Header header = headerOfNow();
+    mBegin = clockNow();
+    switch (mFile.write({header})) {
+    case RecordingFile::Written::NoRoom:
+        throw UsageError("--max-size: the header of the recording alone needs more");
+    case RecordingFile::Written::Failed:
+        throw ToolError(Exit::Failure, std::string("cannot write the recording: ") + std::strerror(errno));
+    case RecordingFile::Written::Whole:
+        break;
+    }
+    mThread = std::thread(&Recorder::work, this);
+}
+
+Recorder::~Recorder() {
+    if (mThread.joinable()) {
+        finish("signal");
+    }
+}
+
+bool Recorder::isBehind() const {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    return mBytes > kMostBytes;
+}
+
+void Recorder::add(TracedTransaction traced) { put(std::move(traced)); }
+
+void Recorder::addGap(std::uint32_t count) { put(Missing{count}); }
+
+void Recorder::finish(const std::string& reason) {
+    put(Finish{reason});
+    mThread.join();
+}
+
+void Recorder::put(Task task) {
+    const auto* const traced = std::get_if<TracedTransaction>(&task);
+    const std::size_t size = sizeof(Task) + (traced != nullptr ? traced->request.size() + traced->reply.size() : 0);
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mTasks.push_back(std::move(task));
+    mBytes += size;
+    mChange.notify_one();
+}
+
+std::deque<Recorder::Task> Recorder::takeTasks() {
+    std::unique_lock<std::mutex> lock(mMutex);
+    mChange.wait(lock, [this] { return !mTasks.empty(); });
+    mBytes = 0;
+    return std::exchange(mTasks, {});
+}
+
+void Recorder::work() {
+    while (carryOut(takeTasks())) {
+    }
+}
+
+bool Recorder::carryOut(const std::deque<Task>& tasks) {
+    bool goesOn = true;
+    for (const Task& task : tasks) {
+        goesOn = std::visit([this](const auto& what) { return write(what); }, task) && goesOn;
+    }
+    return goesOn;
+}
+
+bool Recorder::write(const TracedTransaction& traced) {
+    if (!mIsOver && writeLine(lineOf(traced, mSequence + 1, mBegin))) {
+        mTransactions += traced.kind == trace::RecordKind::Transaction ? 1 : 0;
+        mEvents += traced.kind == trace::RecordKind::Event ? 1 : 0;
+    }
+    return true;
+}
+
+bool Recorder::write(const Missing& missing) {
+    if (!mIsOver && writeLine({recording::Gap{mSequence + 1, now(), missing.count}})) {
+        mLeftOut += missing.count;
+    }
+    return true;
+}
+
+bool Recorder::write(const Finish& finish) {
+    if (!mIsOver) {
+        end(finish.reason);
+    }
+    return false;
+}
+
+bool Recorder::writeLine(const recording::Line& line) {
+    const RecordingFile::Written written = mFile.write(line);
+    if (written == RecordingFile::Written::Whole) {
+        ++mSequence;
+        return true;
+    }
+    end(written == RecordingFile::Written::NoRoom ? "size" : "disk");
+    return false;
+}
+
+void Recorder::end(const std::string& reason) {
+    mReason = mFile.writeEnd({mSequence + 1, now(), reason}) == RecordingFile::Written::Whole ? reason : "disk";
+    mIsOver = true;
+}
+
+std::int64_t Recorder::now() const { return (clockNow() - mBegin).count(); }
+
+} // namespace kelutv::tool

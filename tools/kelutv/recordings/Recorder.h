@@ -1,0 +1,89 @@
+#pragma once
+
+#include "tools/kelutv/recordings/RecordingFile.h"
+#include "tools/kelutv/trace/TracePipe.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <variant>
+
+namespace kelutv::tool {
+
+/**
+ * Decodes and writes on a thread of its own, so that a slow disk delays neither the programs nor whoever takes what
+ * they send. To be made when all signals that are waited for are blocked.
+ */
+class Recorder {
+public:
+    /** Writes the header. The file must live longer. @throws ToolError when it cannot be written */
+    explicit Recorder(RecordingFile& file);
+    ~Recorder();
+    Recorder(const Recorder&) = delete;
+    Recorder& operator=(const Recorder&) = delete;
+
+    /** Whether it is so far behind that what comes had better stay where it is. */
+    bool isBehind() const;
+
+    /** What is added once it is over is dropped. */
+    void add(TracedTransaction traced);
+    void addGap(std::uint32_t count);
+
+    /** Whether the disk or the limit has ended the recording. */
+    bool isOver() const { return mIsOver; }
+
+    /** Writes what was added and the end, and waits for that; once. */
+    void finish(const std::string& reason);
+
+    /** @name To be asked behind `finish`. @{ */
+    /** Why it ended: the reason, or `size` or `disk`. */
+    const std::string& reason() const { return mReason; }
+    std::size_t transactions() const { return mTransactions; }
+    std::size_t events() const { return mEvents; }
+    std::size_t leftOut() const { return mLeftOut; }
+    /** @} */
+
+private:
+    struct Missing {
+        std::uint32_t count;
+    };
+    struct Finish {
+        std::string reason;
+    };
+    using Task = std::variant<TracedTransaction, Missing, Finish>;
+
+    void put(Task task);
+    std::deque<Task> takeTasks();
+    void work();
+    /** @return whether there is more to come */
+    bool carryOut(const std::deque<Task>& tasks);
+    bool write(const TracedTransaction& traced);
+    bool write(const Missing& missing);
+    bool write(const Finish& finish);
+    bool writeLine(const recording::Line& line);
+    void end(const std::string& reason);
+    std::int64_t now() const;
+
+    RecordingFile& mFile;
+    std::chrono::nanoseconds mBegin{};
+    std::int64_t mSequence = 0;
+    std::string mReason;
+    std::size_t mTransactions = 0;
+    std::size_t mEvents = 0;
+    std::size_t mLeftOut = 0;
+    std::atomic<bool> mIsOver{false};
+
+    mutable std::mutex mMutex;
+    std::condition_variable mChange;
+    std::deque<Task> mTasks;
+    std::size_t mBytes = 0;
+    std::thread mThread;
+};
+
+} // namespace kelutv::tool

@@ -1,0 +1,143 @@
+#include "tools/kelutv/recordings/RecordingCommand.h"
+
+#include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/recordings/LineText.h"
+#include "tools/kelutv/recordings/LiveLine.h"
+#include "tools/kelutv/recordings/RecordingCheck.h"
+#include "tools/kelutv/recordings/RecordingInput.h"
+#include "tools/kelutv/recordings/RecordingOutput.h"
+#include "tools/kelutv/recordings/Selection.h"
+#include "tools/kelutv/recordings/Statistics.h"
+
+#include <memory>
+
+namespace kelutv::tool {
+
+namespace {
+
+struct RecordingOptions {
+    std::string file;
+    std::string output;
+    SelectionOptions selection;
+};
+
+using Options = std::shared_ptr<RecordingOptions>;
+using Action = void (*)(const RecordingOptions&, Context&);
+
+void show(const RecordingOptions& options, Context& context) {
+    const Selection selection(options.selection);
+    RecordingInput input(options.file);
+    while (const auto line = input.next()) {
+        if (!selection.has(*line)) {
+            continue;
+        }
+        if (context.output.json) {
+            writeData(recording::textOf(*line) + '\n');
+        } else if (const std::string text = lineText(*line); !text.empty()) {
+            context.output.line(text);
+        }
+    }
+}
+
+void check(const RecordingOptions& options, Context& context) {
+    context.exit = checkRecording(options.file, context.output);
+}
+
+void cut(const RecordingOptions& options, Context& /*context*/) {
+    const Selection selection(options.selection);
+    RecordingInput input(options.file);
+    RecordingOutput output(options.output);
+    while (const auto line = input.next()) {
+        if (selection.has(*line)) {
+            output.write(recording::textOf(*line) + '\n');
+        }
+    }
+    output.finish();
+}
+
+void add(Statistics& statistics, const recording::Line& line) {
+    if (const auto* const transaction = std::get_if<recording::Transaction>(&line.content)) {
+        statistics.add(tracedOf(*transaction));
+    } else if (const auto* const event = std::get_if<recording::Event>(&line.content)) {
+        statistics.addEvent(std::chrono::nanoseconds(event->moment.time));
+    } else if (const auto* const gap = std::get_if<recording::Gap>(&line.content)) {
+        statistics.addLeftOut(static_cast<std::uint32_t>(gap->count));
+    } else if (std::holds_alternative<recording::Header>(line.content)) {
+        statistics.beginSection();
+    }
+}
+
+void report(const RecordingOptions& options, Context& context) {
+    const Selection selection(options.selection);
+    RecordingInput input(options.file);
+    Statistics statistics;
+    while (const auto line = input.next()) {
+        if (selection.has(*line)) {
+            add(statistics, *line);
+        }
+    }
+    for (const std::string& line : statistics.lines()) {
+        context.output.line(line);
+    }
+    context.output.document(statistics.document());
+}
+
+Subcommand addAction(const Subcommand& above, const char* name, const char* description, const Options& options,
+                     Action action, Context& context) {
+    Subcommand command(above, name, description);
+    command.required("FILE", options->file, "The recording, or - for standard input");
+    command.action([options, action, &context] { action(*options, context); });
+    return command;
+}
+
+void addShow(const Subcommand& above, const Options& options, Context& context) {
+    const Subcommand command = addAction(above, "show",
+                                         "Show a recording, a line for each call and event\n\n"
+                                         "Examples:\n"
+                                         "kelutv recording show field.jsonl\n"
+                                         "kelutv recording show field.jsonl --from 12.5 --command 'CMD_AUDIO_*'",
+                                         options, show, context);
+    addSelection(command, options->selection);
+}
+
+void addCut(const Subcommand& above, const Options& options, Context& context) {
+    const Subcommand command = addAction(above, "cut",
+                                         "Make a recording of a part of another\n\n"
+                                         "Examples:\n"
+                                         "kelutv recording cut field.jsonl --from 12.5 --to 20 -o part.jsonl",
+                                         options, cut, context);
+    addSelection(command, options->selection);
+    command.option("-o,--output", options->output, "FILE", "Write to this file, not to standard output");
+}
+
+void addReport(const Subcommand& above, const Options& options, Context& context) {
+    const Subcommand command = addAction(above, "report",
+                                         "Count the calls of a recording, and how long they took\n\n"
+                                         "Examples:\n"
+                                         "kelutv recording report field.jsonl",
+                                         options, report, context);
+    addSelection(command, options->selection);
+}
+
+} // namespace
+
+void addRecordingCommand(const Command& program, Context& context) {
+    const Options options = std::make_shared<RecordingOptions>();
+    const Subcommand recording(program, "recording",
+                               "Look at what 'kelutv record' has recorded\n\n"
+                               "Examples:\n"
+                               "kelutv recording show field.jsonl\n"
+                               "kelutv recording check field.jsonl\n"
+                               "kelutv recording report field.jsonl");
+    recording.requireSubcommand();
+    addShow(recording, options, context);
+    addAction(recording, "check",
+              "Say what a recording holds, and what is wrong with it\n\n"
+              "Examples:\n"
+              "kelutv recording check field.jsonl",
+              options, check, context);
+    addCut(recording, options, context);
+    addReport(recording, options, context);
+}
+
+} // namespace kelutv::tool

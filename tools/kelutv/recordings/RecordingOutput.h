@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace kelutv::tool {
+
+/** Where a command writes what it makes of a recording: a file that is replaced when all is written, or standard
+ * output.
+ */
+class RecordingOutput {
+public:
+    /** @param path empty for standard output @throws ToolError when the file cannot be made */
+    explicit RecordingOutput(std::string path);
+    /** Takes away what was not finished. */
+    ~RecordingOutput();
+    RecordingOutput(const RecordingOutput&) = delete;
+    RecordingOutput& operator=(const RecordingOutput&) = delete;
+
+    /** @throws ToolError when it cannot be written */
+    void write(const std::string& text);
+
+    /** Puts the file in its place. @throws ToolError */
+    void finish();
+
+private:
+    [[noreturn]] void fail() const;
+
+    std::string mPath;
+    /** Beside the file, so that whoever reads that sees the old one or all of the new one. */
+    std::string mTemporary;
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> mFile;
+};
+
+} // namespace kelutv::tool

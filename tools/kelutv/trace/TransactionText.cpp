@@ -1,0 +1,34 @@
+#include "tools/kelutv/trace/TransactionText.h"
+
+#include "wire/text/Describe.h"
+
+#include <binder/IBinder.h>
+
+#include <chrono>
+#include <cstdio>
+
+namespace kelutv::tool {
+
+namespace {
+
+std::string statusText(std::int32_t status) {
+    return status == android::DEAD_OBJECT ? "no reply: the link is dead" : "no reply: status " + std::to_string(status);
+}
+
+} // namespace
+
+std::string callerText(std::int32_t process, std::int32_t thread) {
+    return '[' + std::to_string(process) + (thread == process ? "" : ':' + std::to_string(thread)) + "] ";
+}
+
+std::string lineOf(const TracedTransaction& transaction, const DecodedRequest& decoded) {
+    const wire::Operation& operation = operationFor(decoded.request);
+    char duration[32];
+    std::snprintf(duration, sizeof(duration), " <%.6f>", std::chrono::duration<double>(transaction.duration).count());
+    return wire::describe(decoded.request) + (decoded.flaw ? " [" + textOf(*decoded.flaw) + ']' : "") + " -> " +
+           (transaction.status != android::NO_ERROR ? statusText(transaction.status)
+                                                    : textOf(operation, decodeReply(operation, transaction.reply))) +
+           duration;
+}
+
+} // namespace kelutv::tool

@@ -1,0 +1,27 @@
+#include "tools/trace/MeetingPlace.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace kelutv::trace {
+
+std::string meetingPlaceOf(const struct stat& file) {
+    const char* const folder = std::getenv("TMPDIR");
+    char name[96];
+    std::snprintf(name, sizeof(name), "/kelutv-record-%u-%llx-%llx", ::geteuid(),
+                  static_cast<unsigned long long>(file.st_dev), static_cast<unsigned long long>(file.st_ino));
+    return (folder != nullptr && *folder != '\0' ? folder : "/tmp") + std::string(name);
+}
+
+bool isOwnFolder(const std::string& path) {
+    struct stat folder {};
+    return ::lstat(path.c_str(), &folder) == 0 && S_ISDIR(folder.st_mode) && folder.st_uid == ::geteuid() &&
+           (folder.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+std::string pipeIn(const std::string& folder) { return folder + "/pipe"; }
+
+} // namespace kelutv::trace

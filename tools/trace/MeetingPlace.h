@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+struct stat;
+
+namespace kelutv::trace {
+
+/**
+ * The folder in which programs of one user meet who records them into this file: below TMPDIR, named after the user and
+ * the file.
+ */
+std::string meetingPlaceOf(const struct stat& file);
+
+/** Whether it is a folder that this user alone may use. */
+bool isOwnFolder(const std::string& path);
+
+/** The pipe in the folder. */
+std::string pipeIn(const std::string& folder);
+
+} // namespace kelutv::trace
