@@ -1,7 +1,6 @@
 #include "tools/trace/Channel.h"
 
 #include "tools/trace/FrameWriter.h"
-#include "tools/trace/SigpipeGuard.h"
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -37,17 +36,17 @@ bool Channel::wants(RecordKind kind) const {
     return mNotes != nullptr && (mNotes->wanted & static_cast<std::uint32_t>(kind)) != 0;
 }
 
-bool Channel::send(RecordHeader header, const RecordBytes& bytes) {
+void Channel::send(RecordHeader header, const RecordBytes& bytes) {
     if (!wants(header.kind)) {
-        return false;
+        return;
     }
     const int before = errno;
     header.requestSize = static_cast<std::uint32_t>(bytes.requestSize);
     header.replySize = static_cast<std::uint32_t>(bytes.replySize);
-    // Opened for each record, since programs close descriptors that are not theirs.
-    const int fd = ::open(mPath, O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    // Opened for each record, since programs close descriptors that are not theirs. A pipe that is open for reading
+    // here is never broken: a program whose tool has gone gets no SIGPIPE.
+    const int fd = ::open(mPath, O_RDWR | O_NONBLOCK | O_CLOEXEC);
     if (fd >= 0) {
-        const SigpipeGuard quiet;
         mIsStuck = !write(fd, header, bytes);
         if (mIsStuck) {
             ++mNotes->leftOut;
@@ -55,7 +54,6 @@ bool Channel::send(RecordHeader header, const RecordBytes& bytes) {
         ::close(fd);
     }
     errno = before;
-    return fd >= 0;
 }
 
 /** Mapped for as long as the program runs, in its children, too. */

@@ -32,12 +32,8 @@ public:
 
     bool wants(RecordKind kind) const;
 
-    /**
-     * Writes the record, or counts it where there is no room; `errno` stays as it is.
-     *
-     * @return false when nobody listens or wants such records
-     */
-    bool send(RecordHeader header, const RecordBytes& bytes);
+    /** Writes the record, or counts it where there is no room; `errno` stays as it is. */
+    void send(RecordHeader header, const RecordBytes& bytes);
 
 private:
     bool mapNotes();

@@ -1,5 +1,6 @@
 #include "tools/trace/MeetingPlace.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -23,5 +24,14 @@ bool isOwnFolder(const std::string& path) {
 }
 
 std::string pipeIn(const std::string& folder) { return folder + "/pipe"; }
+
+bool isServed(const std::string& pipe) {
+    const int fd = ::open(pipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
+        return false;
+    }
+    ::close(fd);
+    return true;
+}
 
 } // namespace kelutv::trace

@@ -18,4 +18,7 @@ bool isOwnFolder(const std::string& path);
 /** The pipe in the folder. */
 std::string pipeIn(const std::string& folder);
 
+/** Whether somebody reads from the pipe. */
+bool isServed(const std::string& pipe);
+
 } // namespace kelutv::trace

@@ -45,15 +45,7 @@ std::string placeFor(const char* file) {
     return meetingPlaceOf(status);
 }
 
-/** Whether somebody reads from the pipe there. */
-bool isServed(const std::string& place) {
-    const int fd = isOwnFolder(place) ? ::open(pipeIn(place).c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC) : -1;
-    if (fd < 0) {
-        return false;
-    }
-    ::close(fd);
-    return true;
-}
+bool isServedAt(const std::string& place) { return isOwnFolder(place) && isServed(pipeIn(place)); }
 
 /** The tool stands where it was installed or built together with this library. */
 std::string tool() {
@@ -140,8 +132,11 @@ bool openRecordingService(Channel& channel, const char* file) {
     bool isOpen = false;
     // Who records may be about to end, and then is not there any more when this program comes.
     for (int tries = 0; tries < kTries && !isOpen; ++tries) {
-        isOpen = !place.empty() && (isServed(place) || startRecorder(file)) && channel.open(pipeIn(place).c_str()) &&
-                 channel.send(recordOfNow(RecordKind::Process, 0), {});
+        isOpen = !place.empty() && (isServedAt(place) || startRecorder(file)) && channel.open(pipeIn(place).c_str());
+        if (isOpen) {
+            channel.send(recordOfNow(RecordKind::Process, 0), {});
+            isOpen = isServedAt(place);
+        }
     }
     errno = before;
     return isOpen;

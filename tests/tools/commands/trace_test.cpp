@@ -5,11 +5,6 @@
 #include "support/Pattern.h"
 #include "support/Sanitizers.h"
 #include "support/TestFolder.h"
-#include "tools/trace/FrameWriter.h"
-#include "tools/trace/SigpipeGuard.h"
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -257,23 +252,6 @@ TEST(Trace, aToolThatIsStoppedStopsNoProgram) {
     ASSERT_FALSE(leftOut.empty()) << end.substr(0, 200);
     EXPECT_EQ(shown + std::stoul(leftOut[1]), 200U);
     EXPECT_GT(shown, 1U);
-}
-
-TEST(TraceFrames, aBrokenPipeIsSilent) {
-    int ends[2];
-    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
-    ::close(ends[0]);
-    {
-        const kelutv::trace::SigpipeGuard quiet;
-        kelutv::trace::FrameWriter writer(ends[1], 1, 1, 5);
-        writer.append("hello", 5);
-        writer.finish();
-        EXPECT_EQ(errno, EPIPE);
-    }
-    sigset_t pending;
-    ::sigpending(&pending);
-    EXPECT_EQ(::sigismember(&pending, SIGPIPE), 0);
-    ::close(ends[1]);
 }
 
 } // namespace

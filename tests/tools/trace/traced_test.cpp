@@ -4,6 +4,7 @@
 #include "tools/Samples.h"
 #include "tools/Tool.h"
 
+#include "recording/Reader.h"
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/decoding/Decoding.h"
 
@@ -35,24 +36,45 @@ std::string lineFor(const wire::Function& function, const std::vector<std::strin
     return line + '\n';
 }
 
-/** One program calls every function; its trace holds what each of them sends, in order and with nothing between. */
+/** That no byte is another one. */
+void expectRecorded(const std::string& file, const std::vector<recording::Bytes>& requests) {
+    std::size_t index = 0;
+    for (const recording::Line& line : recording::linesOfFile(file)) {
+        EXPECT_FALSE(std::holds_alternative<recording::Gap>(line.content));
+        if (const auto* const call = std::get_if<recording::Transaction>(&line.content)) {
+            ASSERT_LT(index, requests.size());
+            EXPECT_EQ(call->request, requests[index]) << index;
+            ++index;
+        }
+    }
+    EXPECT_EQ(index, requests.size());
+    EXPECT_EQ(runTool({"recording", "check", file}).exit, 0);
+}
+
+/**
+ * One program calls every function; its trace and its recording hold what each of them sends, in order and with nothing
+ * between.
+ */
 TEST(Traced, isWhatEveryFunctionSends) {
     const std::string folder = std::getenv("KQDROID_RUNTIME_DIR");
     const std::string lines = folder + "/lines";
     const std::string trace = folder + "/trace";
+    const std::string recorded = folder + "/recorded";
     std::vector<tool::Json> expected;
+    std::vector<recording::Bytes> requests;
     std::ofstream script(lines);
     for (const wire::Function& function : wire::allFunctions()) {
         const std::vector<std::string> arguments = sampleArguments(function);
         script << lineFor(function, arguments);
         for (const auto& bytes : tool::requestsOf(function, arguments)) {
+            requests.push_back(bytes);
             expected.push_back(parsedJson(tool::documentOf(tool::decodeRequest(bytes)).dump()));
         }
     }
     script.close();
 
-    runTool({"trace", "--json", "--output", trace, "--", "/bin/sh", "-c",
-             std::string("exec " KELUTV_TOOL_PROGRAM " repl < ") + lines},
+    runTool({"record", "--output", recorded, "--", KELUTV_TOOL_PROGRAM, "trace", "--json", "--output", trace, "--",
+             "/bin/sh", "-c", std::string("exec " KELUTV_TOOL_PROGRAM " repl < ") + lines},
             {sanitizerOptions()});
 
     std::ifstream traced(trace);
@@ -66,6 +88,7 @@ TEST(Traced, isWhatEveryFunctionSends) {
     }
     EXPECT_EQ(index, expected.size());
     EXPECT_GE(expected.size(), 750U);
+    expectRecorded(recorded, requests);
 }
 
 } // namespace

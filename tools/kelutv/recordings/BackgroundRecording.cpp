@@ -33,20 +33,11 @@ constexpr milliseconds kInterval{200};
 
 [[noreturn]] void fail(const std::string& what) { throw ToolError(Exit::Failure, what + ": " + std::strerror(errno)); }
 
-/** Whether somebody reads from the pipe. */
-bool isServed(const std::string& pipe) {
-    const int fd = ::open(pipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd >= 0) {
-        ::close(fd);
-    }
-    return fd >= 0;
-}
-
 /** Waits for the lock that who records into the file holds. @return false when programs are served by somebody else */
 bool lock(int file, const std::string& pipe) {
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
     while (::flock(file, LOCK_EX | LOCK_NB) != 0) {
-        if (isServed(pipe)) {
+        if (trace::isServed(pipe)) {
             return false;
         }
         if (std::chrono::steady_clock::now() >= deadline) {

@@ -15,6 +15,9 @@ using std::chrono::milliseconds;
 
 /** How long programs may fill the pipe while the disk is behind. */
 constexpr milliseconds kRest{20};
+/** How long they may, so that not each of their calls wakes this process: the pipe has room for a thousand megabytes a
+ * second then. */
+constexpr milliseconds kPause{1};
 
 std::string counted(std::size_t count, const char* one, const char* several) {
     return std::to_string(count) + ' ' + (count == 1 ? one : several);
@@ -48,6 +51,7 @@ void RecordingSession::wait(int other, milliseconds most) {
     pollfd watched[] = {{isBehind ? -1 : mPipe.fd(), POLLIN, 0}, {other, POLLIN, 0}};
     ::poll(watched, 2, millisecondsLeft(isBehind ? kRest : most));
     if (!isBehind) {
+        ::poll(&watched[1], 1, static_cast<int>(kPause.count()));
         take();
     }
     if (!mIsFinished && mDeadline && std::chrono::steady_clock::now() >= *mDeadline) {
