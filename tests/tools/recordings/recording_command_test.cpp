@@ -1,0 +1,200 @@
+#include "tools/ParsedJson.h"
+#include "tools/recordings/Recorded.h"
+
+#include "recording/Reader.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace kelutv::test {
+namespace {
+
+using Words = std::vector<std::string>;
+
+constexpr char kHeader[] =
+    R"({"kind":"header","format":1,"library":"1.0.0","catalogue":"other","token":"","machine":"m",)"
+    R"("system":"s","byteOrder":"little","start":"2026-11-22T13:55:01.000000000Z"})";
+
+std::string wordDigits(std::uint32_t word) {
+    char text[9];
+    std::snprintf(text, sizeof(text), "%02x%02x%02x%02x", word & 0xff, word >> 8 & 0xff, word >> 16 & 0xff, word >> 24);
+    return text;
+}
+
+/** A call of two processes by turns, each a second behind the one before. */
+std::string callLine(int sequence, const std::string& words, const std::string& reply, int microseconds = 100) {
+    return R"({"kind":"transaction","sequence":)" + std::to_string(sequence) + R"(,"time":)" +
+           std::to_string(sequence) + R"(000000000,"process":)" + std::to_string(100 + sequence % 2) + R"(,"thread":)" +
+           std::to_string(100 + sequence % 2) + R"(,"duration":)" + std::to_string(microseconds) + R"(000,"status":)" +
+           (reply == "null" ? "-32" : "0") + R"(,"request":")" + tokenDigits() + words + R"(","reply":)" +
+           (reply == "null" ? reply : '"' + reply + '"') + "}\n";
+}
+
+std::string setLine(int sequence, std::uint32_t volume, const std::string& reply = "00000000", int microseconds = 100) {
+    return callLine(sequence, wordDigits(0x2008) + wordDigits(0) + wordDigits(volume), reply, microseconds);
+}
+
+std::string getLine(int sequence, std::uint32_t volume) {
+    return callLine(sequence, wordDigits(0x2009) + wordDigits(0), wordDigits(0) + wordDigits(volume));
+}
+
+/** Of two sets and a get, then an event and the end of the service. */
+std::string sample() {
+    return std::string(kHeader) + '\n' + setLine(1, 35, "00000000", 300) + getLine(2, 35) +
+           setLine(3, 101, "95ffffff") +
+           R"({"kind":"event","sequence":4,"time":4000000000,"process":100,"thread":7,"event":393217,)"
+           R"("payload":"0000000023000000","more":[1]})"
+           "\n"
+           R"({"kind":"loss","sequence":5,"time":5000000000,"process":100,"thread":8})"
+           "\n" +
+           setLine(6, 1, "null") + R"({"kind":"gap","sequence":7,"time":7000000000,"count":4})" + '\n' +
+           R"({"kind":"temperature","celsius":41.5})" + '\n' +
+           R"({"kind":"end","sequence":8,"time":8000000000,"reason":"program"})" + '\n';
+}
+
+/** A file with this text while the object lives. */
+class Sample {
+public:
+    explicit Sample(const std::string& text = sample()) { std::ofstream(path()) << text; }
+
+    std::string path() const { return mFolder.pathOf("sample.jsonl"); }
+    std::string pathOf(const std::string& entry) const { return mFolder.pathOf(entry); }
+
+    ToolRun run(const std::string& command, const Words& options = {}) const {
+        Words words{"recording", command, path()};
+        words.insert(words.end(), options.begin(), options.end());
+        return runTool(words);
+    }
+
+private:
+    TestFolder mFolder;
+};
+
+Words linesOf(const std::string& text) {
+    Words lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+TEST(RecordingShow, hasALineForEachThing) {
+    const ToolRun run = Sample().run("show");
+    EXPECT_EQ(run.exit, 0) << run.error;
+    EXPECT_EQ(
+        linesOf(run.output),
+        (Words{"recorded from 2026-11-22T13:55:01.000000000Z on, on m s, by version 1.0.0",
+               "    1.000000 [101] CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35) -> 0 "
+               "<0.000300>",
+               "    2.000000 [100] CMD_AUDIO_GETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER) -> 0: 35 "
+               "<0.000100>",
+               "    3.000000 [101] CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=101) -> -107, "
+               "value out of range <0.000100>",
+               "    4.000000 [100:7] event 0x60001 volumeChanged (8 bytes): channel=0 "
+               "KELU_TV_AUDIO_CHANNEL_SPEAKER, volume=35",
+               "    5.000000 [100:8] the service is gone",
+               "    6.000000 [100] CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=1) -> no "
+               "reply: the link is dead <0.000100>",
+               "    7.000000 ... 4 left out", "    8.000000 the end: program"}));
+}
+
+TEST(RecordingShow, hasTheLinesThemselvesAsJson) { EXPECT_EQ(Sample().run("show", {"--json"}).output, sample()); }
+
+TEST(RecordingShow, leavesOutWhatWasCutOff) {
+    const std::string text = sample();
+    const Sample cut(text.substr(0, text.size() - 5));
+    EXPECT_EQ(cut.run("show").exit, 0);
+    EXPECT_EQ(linesOf(cut.run("show").output).size(), 8U);
+}
+
+TEST(RecordingCut, takesWhatIsSelectedAsItStands) {
+    const Words all = linesOf(sample());
+    const auto cut = [](const Words& options) { return linesOf(Sample().run("cut", options).output); };
+    EXPECT_EQ(cut({}), all);
+    EXPECT_EQ(cut({"--from", "3", "--to", "5"}), (Words{all[0], all[3], all[4], all[5], all[8]}));
+    EXPECT_EQ(cut({"--process", "101"}), (Words{all[0], all[1], all[3], all[7], all[8], all[9]}));
+    EXPECT_EQ(cut({"--command", "CMD_AUDIO_GETVOLUME"}), (Words{all[0], all[2], all[7], all[8], all[9]}));
+    EXPECT_EQ(cut({"--command", "CMD_AUDIO_*", "--process", "100", "--to", "4"}), (Words{all[0], all[2], all[8]}));
+}
+
+TEST(RecordingCut, writesAFileWhenItIsWhole) {
+    const Sample whole;
+    const std::string part = whole.pathOf("part");
+    EXPECT_EQ(whole.run("cut", {"-o", part, "--to", "1"}).exit, 0);
+    EXPECT_EQ(recording::linesOfFile(part).size(), 3U);
+    const Sample wrong(sample() + "nonsense\n");
+    EXPECT_EQ(wrong.run("cut", {"-o", part}).exit, 1);
+    EXPECT_EQ(recording::linesOfFile(part).size(), 3U) << "what was there must stay";
+}
+
+TEST(RecordingReport, countsCallsFailuresAndTimes) {
+    const ToolRun run = Sample().run("report", {"--json"});
+    const auto report = parsedJson(run.output);
+    EXPECT_EQ(report.at("commands"),
+              parsedJson(R"([{"command":"CMD_AUDIO_SETVOLUME","calls":3,"failures":2,"p50":0.0001,"p99":0.0003,)"
+                         R"("max":0.0003},{"command":"CMD_AUDIO_GETVOLUME","calls":1,"failures":0,"p50":0.0001,)"
+                         R"("p99":0.0001,"max":0.0001}])"));
+    EXPECT_EQ(report.at("slowest").entries().front().at("duration"), 0.0003);
+    EXPECT_EQ(report.at("slowest").entries().size(), 4U);
+    EXPECT_EQ(report.at("failures").entries().size(), 2U);
+    EXPECT_EQ(report.at("failures").entries().front(),
+              parsedJson(R"({"call":"CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=1) -> no reply: )"
+                         R"(the link is dead","count":1})"));
+    EXPECT_EQ(report.at("events"), 1);
+    // One event in the five seconds between the first call and the last.
+    EXPECT_EQ(report.at("eventsPerSecond"), 0.2);
+    EXPECT_EQ(report.at("leftOut"), 4);
+    const Words lines = linesOf(Sample().run("report").output);
+    ASSERT_GE(lines.size(), 2U);
+    EXPECT_EQ(lines[1], "       3        2      100      300      300  CMD_AUDIO_SETVOLUME");
+    EXPECT_EQ(lines.back(), "left out: 4");
+}
+
+TEST(RecordingCheck, saysWhatARecordingHolds) {
+    const ToolRun run = Sample().run("check");
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.output, "1 section, 4 calls, 1 event, 1 loss, 4 left out; nothing is wrong\n");
+    const std::string text = sample();
+    const ToolRun cut = Sample(text.substr(0, text.size() - 5)).run("check");
+    EXPECT_EQ(cut.exit, 0);
+    EXPECT_EQ(cut.output, "1 section, 4 calls, 1 event, 1 loss, 4 left out; its end is missing; nothing is wrong\n");
+}
+
+TEST(RecordingCheck, findsWhatIsWrong) {
+    Words lines = linesOf(sample());
+    std::swap(lines[1], lines[2]);
+    lines.insert(lines.begin() + 5, "nonsense");
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    const Sample wrong(text);
+    const ToolRun run = wrong.run("check");
+    EXPECT_EQ(run.exit, 1);
+    const Words faults = linesOf(run.output);
+    ASSERT_EQ(faults.size(), 3U) << run.output;
+    EXPECT_EQ(faults[0], wrong.path() + ":3: \"sequence\" is 1 behind 2");
+    EXPECT_EQ(faults[1].substr(0, faults[1].rfind("this is not JSON")), wrong.path() + ":6: ");
+    EXPECT_EQ(faults[2].substr(faults[2].rfind(';')), "; 2 faults");
+    EXPECT_EQ(Sample("").run("check").exit, 1);
+}
+
+TEST(RecordingCommands, refuseBadInput) {
+    const Sample file;
+    EXPECT_EQ(file.run("cut", {"--from", "2", "--to", "1"}).exit, 2);
+    EXPECT_EQ(file.run("cut", {"--from", "soon"}).exit, 2);
+    EXPECT_EQ(file.run("show", {"--command", "CMD_AUDIO_SETVOLUMES"}).exit, 2);
+    EXPECT_EQ(runTool({"recording"}).exit, 2);
+    EXPECT_EQ(runTool({"recording", "show", file.pathOf("nothing")}).error,
+              "kelutv: cannot read " + file.pathOf("nothing") + ": No such file or directory\n");
+    EXPECT_EQ(runTool({"recording", "show", file.pathOf("")}).exit, 1);
+    const ToolRun other = Sample("{}\n").run("show");
+    EXPECT_EQ(other.exit, 1);
+    EXPECT_NE(other.error.find("sample.jsonl:1: \"kind\" is missing"), std::string::npos) << other.error;
+}
+
+} // namespace
+} // namespace kelutv::test
