@@ -2,6 +2,7 @@
 #include "tools/Tool.h"
 
 #include "simulator/Simulator.h"
+#include "support/Deadline.h"
 #include "support/Pattern.h"
 #include "support/Sanitizers.h"
 #include "support/TestFolder.h"
@@ -193,6 +194,34 @@ TEST(Trace, tellsOnlyOfWhatIsWanted) {
     EXPECT_EQ(volumes({"--filter", "any"}), 3U);
     EXPECT_EQ(volumes({"-f", "GETVOLUME", "-f", "SETVOLUME"}), 3U);
     EXPECT_EQ(volumes({"--count", "2"}), 2U);
+}
+
+TEST(Trace, sumsUp) {
+    const ToolRun run = trace({"--summary", "--", KELUTV_TRACED_CLIENT, "fork"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(traced(run.error), Lines{});
+    EXPECT_NE(run.error.find("\n       3        0 "), std::string::npos) << run.error;
+    EXPECT_NE(run.error.find(" us  command\n"), std::string::npos);
+    const ToolRun none = trace({"--summary", "--filter", "GETVOLUME", "--", KELUTV_TRACED_CLIENT, "print"});
+    EXPECT_EQ(none.error.find("CMD_AUDIO_SETVOLUME"), std::string::npos);
+}
+
+TEST(Top, showsTheSameAnew) {
+    const PipeFolder folder;
+    const auto tool =
+        startTool({"top", "--json", "--interval", "0.1", "--", KELUTV_TRACED_CLIENT, "wait"}, folder.environment());
+    // Twice, and the program runs still.
+    const std::string call = R"("calls":1,)";
+    ASSERT_TRUE(tool->output().waitFor(call));
+    ASSERT_TRUE(eventually([&] {
+        const std::string text = tool->output().text();
+        return text.find(call) != text.rfind(call);
+    }));
+    tool->kill(SIGTERM);
+    EXPECT_EQ(tool->exitCode(), 128 + SIGTERM);
+    const ToolRun run = runTool({"top", "--", KELUTV_TRACED_CLIENT, "fail"}, folder.environment());
+    EXPECT_EQ(run.exit, 7);
+    EXPECT_EQ(runTool({"top", "--", KELUTV_TRACED_CLIENT, "print"}, folder.environment()).error, "");
 }
 
 TEST(Trace, endsAsTheProgramEnds) {

@@ -181,6 +181,10 @@ class Documents(unittest.TestCase):
         with tempfile.NamedTemporaryFile("r") as trace:
             self.run_tool("trace", "--output", trace.name, "--", PROGRAM, "get", "volume")
             self.assertTrue(self.documents(trace.read(), "trace"))
+        run = self.run_tool("trace", "--summary", "--", PROGRAM, "get", "volume")
+        (summary,) = self.documents(run.stderr.splitlines()[-1], "trace-summary")
+        self.assertEqual([each["command"] for each in summary["commands"]], ["CMD_AUDIO_GETVOLUME"])
+        self.assertEqual(self.printed("top", "top", "--", PROGRAM, "get", "volume")[-1]["commands"][0]["calls"], 1)
 
     def test_recordings(self) -> None:
         with tempfile.TemporaryDirectory() as folder:

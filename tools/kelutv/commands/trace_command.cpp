@@ -1,11 +1,9 @@
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/parser/Amounts.h"
+#include "tools/kelutv/recordings/Statistics.h"
 #include "tools/kelutv/trace/TraceLog.h"
-#include "tools/kelutv/trace/TracePipe.h"
-#include "tools/kelutv/trace/TracedProgram.h"
-#include "tools/process/SignalWatch.h"
-
-#include <poll.h>
+#include "tools/kelutv/trace/TracedRun.h"
 
 #include <memory>
 
@@ -15,39 +13,34 @@ namespace {
 
 struct TraceOptions {
     TraceLog::Options log;
+    bool summary = false;
     std::vector<std::string> words;
 };
 
-void writeAll(TracePipe& pipe, TraceLog& log) {
-    for (const TracedTransaction& transaction : pipe.take()) {
-        log.write(transaction);
-    }
-    if (const std::uint32_t count = pipe.takeLeftOut(); count > 0) {
-        log.writeLeftOut(count);
-    }
+int writeEach(const TraceOptions& options, TraceLog& log) {
+    return runTraced(options.words, ownDescriptors(), false,
+                     {[&log](const TracedTransaction& transaction) { log.write(transaction); },
+                      [&log](std::uint32_t count) { log.writeLeftOut(count); }});
 }
 
-int waitForEnd(TracedProgram& program, process::SignalWatch& signals, TracePipe& pipe, TraceLog& log) {
-    pollfd watched[] = {{pipe.fd(), POLLIN, 0}, {signals.fd(), POLLIN, 0}};
-    std::optional<int> exit;
-    while (!(exit = program.exitCode())) {
-        ::poll(watched, 2, -1);
-        signals.handOn([&program](int signal) { program.kill(signal); });
-        writeAll(pipe, log);
-    }
-    writeAll(pipe, log);
-    return *exit;
+int writeSummary(const TraceOptions& options, TraceLog& log) {
+    Statistics statistics;
+    const auto take = [&](const TracedTransaction& traced) {
+        if (traced.kind == trace::RecordKind::Event) {
+            statistics.addEvent(traced.begin);
+        } else if (log.takes(traced)) {
+            statistics.add(traced);
+        }
+    };
+    const int exit = runTraced(options.words, ownDescriptors(), true,
+                               {take, [&](std::uint32_t count) { statistics.addLeftOut(count); }});
+    log.writeSummary(statistics.lines(), statistics.document());
+    return exit;
 }
-
-constexpr std::chrono::milliseconds kPatience{200};
 
 Exit trace(const TraceOptions& options) {
     TraceLog log(options.log);
-    TracePipe pipe({{trace::RecordKind::Transaction}, kPatience});
-    process::SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
-    std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.
-    TracedProgram program(options.words, trace::kTraceVariable + ('=' + pipe.path()), signals.maskBefore());
-    const int exit = waitForEnd(program, signals, pipe, log);
+    const int exit = options.summary ? writeSummary(options, log) : writeEach(options, log);
     log.finish();
     return static_cast<Exit>(exit);
 }
@@ -70,6 +63,7 @@ void addTraceCommand(const Command& program, Context& context) {
     command.option(
         "-n,--count", [options](const std::string& text) { options->log.count = countOf("--count", text); }, "N",
         "Show only this many; the program runs on");
+    command.flag("--summary", options->summary, "At the end, how often each command came and how long it took");
     command.requiredWords("PROGRAM", options->words, "The program and its arguments");
     command.action([options, &context] {
         options->log.json = context.output.json;

@@ -1,5 +1,6 @@
 #include "tools/kelutv/recordings/RecordCommand.h"
 
+#include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/recordings/BackgroundRecording.h"
 #include "tools/kelutv/recordings/RecordingSession.h"
 #include "tools/kelutv/recordings/Sizes.h"
@@ -35,7 +36,8 @@ Exit record(const CommandOptions& options, const Output& output) {
     std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.
     std::signal(SIGXFSZ, SIG_IGN); // What cannot be written is told of by the write.
     RecordingSession session(pipe, file, options.recording);
-    TracedProgram program(options.words, trace::kRecordVariable + ('=' + pipe.path()), signals.maskBefore());
+    TracedProgram program(options.words, trace::kRecordVariable + ('=' + pipe.path()), ownDescriptors(),
+                          signals.maskBefore());
     const int exit = waitForEnd(program, signals, session);
     session.finish("program");
     session.report(options.recording, output);

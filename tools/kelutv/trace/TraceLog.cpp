@@ -56,12 +56,29 @@ TraceLog::TraceLog(const Options& options)
 
 void TraceLog::write(const TracedTransaction& transaction) {
     const DecodedRequest decoded = decodeRequest(transaction.request);
-    if (!isWanted(decoded.request) || (mLimited && mLeft == 0)) {
+    if (!takes(decoded.request)) {
         return;
     }
-    mLeft -= mLimited ? 1 : 0;
     writeLine(mJson ? traceDocument(transaction, decoded).dump()
                     : callerText(transaction.process, transaction.thread) + lineOf(transaction, decoded));
+}
+
+bool TraceLog::takes(const TracedTransaction& transaction) { return takes(decodeRequest(transaction.request).request); }
+
+bool TraceLog::takes(const wire::Request& request) {
+    const bool isTaken = isWanted(request) && (!mLimited || mLeft > 0);
+    mLeft -= isTaken && mLimited ? 1 : 0;
+    return isTaken;
+}
+
+void TraceLog::writeSummary(const std::vector<std::string>& lines, const Json& document) {
+    if (mJson) {
+        writeLine(document.dump());
+        return;
+    }
+    for (const std::string& line : lines) {
+        writeLine(line);
+    }
 }
 
 void TraceLog::writeLeftOut(std::uint32_t count) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/kelutv/output/Json.h"
 #include "tools/kelutv/trace/TracePipe.h"
 
 #include "wire/text/RequestPattern.h"
@@ -29,6 +30,12 @@ public:
 
     void write(const TracedTransaction& transaction);
 
+    /** Whether it is among those that are written; counts it then. */
+    bool takes(const TracedTransaction& transaction);
+
+    /** The lines, or the document with JSON. */
+    void writeSummary(const std::vector<std::string>& lines, const Json& document);
+
     /** Says that programs have left out so many transactions, since nobody took them in time. */
     void writeLeftOut(std::uint32_t count);
 
@@ -37,6 +44,7 @@ public:
 
 private:
     void writeLine(const std::string& line);
+    bool takes(const wire::Request& request);
     bool isWanted(const wire::Request& request) const;
 
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> mFile;

@@ -1,7 +1,6 @@
 #include "tools/kelutv/trace/TracedProgram.h"
 
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/output/Streams.h"
 #include "tools/process/Spawn.h"
 #include "wire/text/Shown.h"
 
@@ -47,8 +46,9 @@ std::string preload() {
 
 } // namespace
 
-TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::string& setting, const sigset_t& mask) {
-    const process::Program program{words, {}, {setting, preload()}, ownDescriptors(), {SIGPIPE, SIGXFSZ}, mask};
+TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::string& setting,
+                             const std::vector<std::pair<int, int>>& descriptors, const sigset_t& mask) {
+    const process::Program program{words, {}, {setting, preload()}, descriptors, {SIGPIPE, SIGXFSZ}, mask};
     try {
         mPid = process::spawn(program);
     } catch (const std::system_error& error) {

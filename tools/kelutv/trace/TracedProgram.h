@@ -5,6 +5,7 @@
 #include <csignal>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kelutv::tool {
@@ -16,10 +17,12 @@ public:
      * Starts it, looked for as a shell does.
      *
      * @param setting `NAME=value`, for its environment
+     * @param descriptors of the program, and those of this process that they are copies of
      * @param mask the signals that are blocked in it
      * @throws ToolError with 127 when there is no such program, 126 when it cannot be run
      */
-    TracedProgram(const std::vector<std::string>& words, const std::string& setting, const sigset_t& mask);
+    TracedProgram(const std::vector<std::string>& words, const std::string& setting,
+                  const std::vector<std::pair<int, int>>& descriptors, const sigset_t& mask);
 
     /** What its end gives a shell: its exit code, or 128 and the signal; empty while it runs. */
     std::optional<int> exitCode();
