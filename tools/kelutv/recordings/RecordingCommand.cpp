@@ -1,6 +1,7 @@
 #include "tools/kelutv/recordings/RecordingCommand.h"
 
 #include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/recordings/Anonymiser.h"
 #include "tools/kelutv/recordings/LineText.h"
 #include "tools/kelutv/recordings/LiveLine.h"
 #include "tools/kelutv/recordings/RecordingCheck.h"
@@ -8,6 +9,7 @@
 #include "tools/kelutv/recordings/RecordingOutput.h"
 #include "tools/kelutv/recordings/Selection.h"
 #include "tools/kelutv/recordings/Statistics.h"
+#include "tools/kelutv/text/Patterns.h"
 
 #include <memory>
 
@@ -19,6 +21,8 @@ struct RecordingOptions {
     std::string file;
     std::string output;
     SelectionOptions selection;
+    std::string key;
+    std::vector<std::string> more;
 };
 
 using Options = std::shared_ptr<RecordingOptions>;
@@ -51,6 +55,18 @@ void cut(const RecordingOptions& options, Context& /*context*/) {
         if (selection.has(*line)) {
             output.write(recording::textOf(*line) + '\n');
         }
+    }
+    output.finish();
+}
+
+void anonymise(const RecordingOptions& options, Context& /*context*/) {
+    const Anonymiser anonymiser(options.key.empty() ? KeyedHash() : KeyedHash(options.key),
+                                patternsOf("--also", options.more));
+    RecordingInput input(options.file);
+    RecordingOutput output(options.output);
+    while (auto line = input.next()) {
+        anonymiser.mask(*line);
+        output.write(recording::textOf(*line) + '\n');
     }
     output.finish();
 }
@@ -90,6 +106,10 @@ Subcommand addAction(const Subcommand& above, const char* name, const char* desc
     return command;
 }
 
+void addOutput(const Subcommand& command, const Options& options) {
+    command.option("-o,--output", options->output, "FILE", "Write to this file, not to standard output");
+}
+
 void addShow(const Subcommand& above, const Options& options, Context& context) {
     const Subcommand command = addAction(above, "show",
                                          "Show a recording, a line for each call and event\n\n"
@@ -107,7 +127,23 @@ void addCut(const Subcommand& above, const Options& options, Context& context) {
                                          "kelutv recording cut field.jsonl --from 12.5 --to 20 -o part.jsonl",
                                          options, cut, context);
     addSelection(command, options->selection);
-    command.option("-o,--output", options->output, "FILE", "Write to this file, not to standard output");
+    addOutput(command, options);
+}
+
+void addAnonymise(const Subcommand& above, const Options& options, Context& context) {
+    const Subcommand command = addAction(above, "anonymise",
+                                         "Make a recording that does not tell whose television it was\n\n"
+                                         "Serial numbers, MAC, keys, names and the bytes of the EEPROM have others in\n"
+                                         "their places, the same ones for the same.\n\n"
+                                         "Examples:\n"
+                                         "kelutv recording anonymise field.jsonl -o public.jsonl\n"
+                                         "kelutv recording anonymise field.jsonl --also CMD_SYSTEM_DTV_CMD_TO_TV",
+                                         options, anonymise, context);
+    command.option("--key", options->key, "TEXT",
+                   "Give what has been given with this text before; else chance decides");
+    command.option("--also", options->more, "REQUEST",
+                   "Texts and blocks of these requests, too; may be given several times");
+    addOutput(command, options);
 }
 
 void addReport(const Subcommand& above, const Options& options, Context& context) {
@@ -137,6 +173,7 @@ void addRecordingCommand(const Command& program, Context& context) {
               "kelutv recording check field.jsonl",
               options, check, context);
     addCut(recording, options, context);
+    addAnonymise(recording, options, context);
     addReport(recording, options, context);
 }
 
