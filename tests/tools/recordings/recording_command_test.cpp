@@ -114,16 +114,16 @@ TEST(RecordingCut, takesWhatIsSelectedAsItStands) {
     const Words all = linesOf(sample());
     const auto cut = [](const Words& options) { return linesOf(Sample().run("cut", options).output); };
     EXPECT_EQ(cut({}), all);
-    EXPECT_EQ(cut({"--from", "3", "--to", "5"}), (Words{all[0], all[3], all[4], all[5], all[8]}));
+    EXPECT_EQ(cut({"--from", "3", "--until", "5"}), (Words{all[0], all[3], all[4], all[5], all[8]}));
     EXPECT_EQ(cut({"--process", "101"}), (Words{all[0], all[1], all[3], all[7], all[8], all[9]}));
     EXPECT_EQ(cut({"--command", "CMD_AUDIO_GETVOLUME"}), (Words{all[0], all[2], all[7], all[8], all[9]}));
-    EXPECT_EQ(cut({"--command", "CMD_AUDIO_*", "--process", "100", "--to", "4"}), (Words{all[0], all[2], all[8]}));
+    EXPECT_EQ(cut({"--command", "CMD_AUDIO_*", "--process", "100", "--until", "4"}), (Words{all[0], all[2], all[8]}));
 }
 
 TEST(RecordingCut, writesAFileWhenItIsWhole) {
     const Sample whole;
     const std::string part = whole.pathOf("part");
-    EXPECT_EQ(whole.run("cut", {"-o", part, "--to", "1"}).exit, 0);
+    EXPECT_EQ(whole.run("cut", {"-o", part, "--until", "1"}).exit, 0);
     EXPECT_EQ(recording::linesOfFile(part).size(), 3U);
     const Sample wrong(sample() + "nonsense\n");
     EXPECT_EQ(wrong.run("cut", {"-o", part}).exit, 1);
@@ -184,7 +184,7 @@ TEST(RecordingCheck, findsWhatIsWrong) {
 
 TEST(RecordingCommands, refuseBadInput) {
     const Sample file;
-    EXPECT_EQ(file.run("cut", {"--from", "2", "--to", "1"}).exit, 2);
+    EXPECT_EQ(file.run("cut", {"--from", "2", "--until", "1"}).exit, 2);
     EXPECT_EQ(file.run("cut", {"--from", "soon"}).exit, 2);
     EXPECT_EQ(file.run("show", {"--command", "CMD_AUDIO_SETVOLUMES"}).exit, 2);
     EXPECT_EQ(runTool({"recording"}).exit, 2);

@@ -1,5 +1,6 @@
 #include "tools/kelutv/recordings/RecordingCommand.h"
 
+#include "tools/kelutv/conversion/Converter.h"
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/recordings/Anonymiser.h"
 #include "tools/kelutv/recordings/LineText.h"
@@ -23,6 +24,7 @@ struct RecordingOptions {
     SelectionOptions selection;
     std::string key;
     std::vector<std::string> more;
+    std::string form;
 };
 
 using Options = std::shared_ptr<RecordingOptions>;
@@ -69,6 +71,22 @@ void anonymise(const RecordingOptions& options, Context& /*context*/) {
         output.write(recording::textOf(*line) + '\n');
     }
     output.finish();
+}
+
+void convert(const RecordingOptions& options, Context& /*context*/) {
+    const Selection selection(options.selection);
+    std::optional<RecordingOutput> output;
+    const auto converter = converterNamed(options.form, [&output](const std::string& text) { output->write(text); });
+    RecordingInput input(options.file);
+    output.emplace(options.output);
+    converter->begin();
+    while (const auto line = input.next()) {
+        if (selection.has(*line)) {
+            converter->add(*line);
+        }
+    }
+    converter->finish();
+    output->finish();
 }
 
 void add(Statistics& statistics, const recording::Line& line) {
@@ -124,7 +142,7 @@ void addCut(const Subcommand& above, const Options& options, Context& context) {
     const Subcommand command = addAction(above, "cut",
                                          "Make a recording of a part of another\n\n"
                                          "Examples:\n"
-                                         "kelutv recording cut field.jsonl --from 12.5 --to 20 -o part.jsonl",
+                                         "kelutv recording cut field.jsonl --from 12.5 --until 20 -o part.jsonl",
                                          options, cut, context);
     addSelection(command, options->selection);
     addOutput(command, options);
@@ -143,6 +161,21 @@ void addAnonymise(const Subcommand& above, const Options& options, Context& cont
                    "Give what has been given with this text before; else chance decides");
     command.option("--also", options->more, "REQUEST",
                    "Texts and blocks of these requests, too; may be given several times");
+    addOutput(command, options);
+}
+
+void addConvert(const Subcommand& above, const Options& options, Context& context) {
+    const Subcommand command =
+        addAction(above, "convert",
+                  "Make something else of a recording\n\n"
+                  "pcapng for packet viewers, trace-event for timeline viewers, and for the\n"
+                  "simulator the states at first (config) and what the television did (scenario).\n\n"
+                  "Examples:\n"
+                  "kelutv recording convert field.jsonl --to pcapng -o field.pcapng\n"
+                  "kelutv recording convert field.jsonl --to config -o field.json",
+                  options, convert, context);
+    command.option("--to", options->form, "FORM", "pcapng, trace-event, scenario or config");
+    addSelection(command, options->selection);
     addOutput(command, options);
 }
 
@@ -174,6 +207,7 @@ void addRecordingCommand(const Command& program, Context& context) {
               options, check, context);
     addCut(recording, options, context);
     addAnonymise(recording, options, context);
+    addConvert(recording, options, context);
     addReport(recording, options, context);
 }
 

@@ -33,7 +33,7 @@ void addSelection(const Subcommand& command, SelectionOptions& options) {
         "--from", [&options](const std::string& text) { options.from = timeOf("--from", text); }, "SECONDS",
         "Nothing from before this time, counted from the start");
     command.option(
-        "--to", [&options](const std::string& text) { options.to = timeOf("--to", text); }, "SECONDS",
+        "--until", [&options](const std::string& text) { options.until = timeOf("--until", text); }, "SECONDS",
         "Nothing from behind this time");
     command.option("--process", options.processes, std::numeric_limits<std::int32_t>::max(), "PID",
                    "Only what happened in this process; may be given several times");
@@ -43,8 +43,8 @@ void addSelection(const Subcommand& command, SelectionOptions& options) {
 
 Selection::Selection(const SelectionOptions& options)
     : mOptions(options), mPatterns(patternsOf("--command", options.commands)) {
-    if (options.from && options.to && *options.from > *options.to) {
-        throw UsageError("--from: nothing is both behind it and before --to");
+    if (options.from && options.until && *options.from > *options.until) {
+        throw UsageError("--from: nothing is both behind it and before --until");
     }
 }
 
@@ -54,7 +54,7 @@ bool Selection::has(const recording::Line& line) const {
 
 bool Selection::isInTime(const recording::Line& line) const {
     const double time = static_cast<double>(*recording::timeOf(line)) / kNanoseconds;
-    return (!mOptions.from || time >= *mOptions.from) && (!mOptions.to || time <= *mOptions.to);
+    return (!mOptions.from || time >= *mOptions.from) && (!mOptions.until || time <= *mOptions.until);
 }
 
 bool Selection::isOfProcess(const recording::Line& line) const {

@@ -14,12 +14,12 @@ namespace kelutv::tool {
 /** What options choose of a recording. */
 struct SelectionOptions {
     std::optional<double> from;
-    std::optional<double> to;
+    std::optional<double> until;
     std::vector<std::uint32_t> processes;
     std::vector<std::string> commands;
 };
 
-/** Adds `--from`, `--to`, `--process` and `--command`; the options must live as long as the command. */
+/** Adds `--from`, `--until`, `--process` and `--command`; the options must live as long as the command. */
 void addSelection(const Subcommand& command, SelectionOptions& options);
 
 /** The lines that are meant. */

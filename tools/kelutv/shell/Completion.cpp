@@ -1,6 +1,7 @@
 #include "tools/kelutv/shell/Completion.h"
 
 #include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/conversion/Converter.h"
 #include "tools/kelutv/names/Directory.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
@@ -199,6 +200,7 @@ std::map<std::string, Source>& sources() {
              return fieldNames(eventFileOf(spot), spot.arguments.front(), begun);
          }},
         {"FILE", pathNames},
+        {"FORM", [](const Spot&, const std::string&) { return converterNames(); }},
         {"FUNCTION", [](const Spot&, const std::string& begun) { return functionNames(begun); }},
         {"KIND",
          [](const Spot&, const std::string&) {

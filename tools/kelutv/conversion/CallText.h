@@ -1,0 +1,19 @@
+#pragma once
+
+#include "recording/Line.h"
+#include "wire/codec/Request.h"
+
+#include <string>
+
+namespace kelutv::tool {
+
+/** The item or command of a request, or its number. */
+std::string nameOf(const wire::Request& request);
+
+/** A reply in words, or why none came. */
+std::string replyText(const wire::Request& request, const recording::Transaction& transaction);
+
+/** Nanoseconds since 1970 at which a section starts; 0 when the header does not say. */
+std::int64_t startOf(const recording::Header& header);
+
+} // namespace kelutv::tool

@@ -1,0 +1,61 @@
+#include "tools/kelutv/conversion/ObservedState.h"
+
+#include "tools/kelutv/decoding/Decoding.h"
+#include "wire/StateForm.h"
+#include "wire/text/Describe.h"
+
+#include <cstddef>
+
+namespace kelutv::tool {
+
+namespace {
+
+bool isZero(const wire::Value& value) {
+    const auto* const number = std::get_if<std::int32_t>(&value);
+    return number != nullptr && *number == 0;
+}
+
+/** As many as the state has. */
+void fit(wire::Values& values, const wire::StateForm& form) {
+    const std::size_t least = form.values.empty() ? 1 : form.values.size();
+    while (values.size() > least && (!form.isOpen || isZero(values.back()))) {
+        values.pop_back();
+    }
+}
+
+wire::Values valuesOf(const wire::Operation& operation, const wire::Reply& reply) {
+    if (operation.shape == wire::Shape::Status) {
+        return {reply.result};
+    }
+    wire::Values values;
+    for (std::size_t i = 0; i < reply.fields.size(); ++i) {
+        if (wire::fieldAt(operation, i).count != wire::kCountOfRest) {
+            values.insert(values.end(), reply.fields[i].begin(), reply.fields[i].end());
+        }
+    }
+    return values;
+}
+
+} // namespace
+
+std::optional<ObservedState> observedState(const wire::Request& request, const recording::Transaction& transaction) {
+    using Access = wire::StateRule::Access;
+    if (request.operation == nullptr || request.refusal || !transaction.reply ||
+        request.operation->rule.access == Access::None) {
+        return std::nullopt;
+    }
+    const wire::Operation& operation = *request.operation;
+    const wire::ReplyReading reading = decodeReply(operation, *transaction.reply);
+    const bool isSet = operation.rule.access == Access::Set;
+    const bool isValue = !isSet && operation.shape == wire::Shape::Status;
+    if (!reading.hasResult || reading.flaw || (reading.reply.result != 0 && !isValue)) {
+        return std::nullopt;
+    }
+    ObservedState state{
+        operation.rule.key, wire::valuesOf(operation.rule.indexes, request.arguments),
+        isSet ? wire::valuesOf(operation.rule.values, request.arguments) : valuesOf(operation, reading.reply), isSet};
+    fit(state.values, wire::formOf(*operation.rule.key));
+    return state;
+}
+
+} // namespace kelutv::tool
