@@ -8,8 +8,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <deque>
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace kelutv::tool {
@@ -17,7 +17,7 @@ namespace kelutv::tool {
 namespace {
 
 constexpr double kNanoseconds = 1e9;
-/** How long behind a request the event that tells of it may come. */
+/** How long behind a change the event that tells of it may come. */
 constexpr std::int64_t kEcho = 1000000000;
 /** What takes longer than this is a delay of the service. */
 constexpr std::int64_t kDelay = 100000000;
@@ -49,34 +49,66 @@ public:
 
     void add(const recording::Line& line) override {
         if (std::holds_alternative<recording::Header>(line.content)) {
-            beginSection();
+            endSection();
         } else if (const auto* const transaction = std::get_if<recording::Transaction>(&line.content)) {
             add(*transaction);
         } else if (const auto* const event = std::get_if<recording::Event>(&line.content)) {
             add(*event);
         } else if (const auto* const loss = std::get_if<recording::Loss>(&line.content)) {
-            mSteps += "# " + when(loss->moment.time) + "the service was gone\n";
+            addStep(loss->moment.time, "# ", "the service was gone");
         }
     }
 
     void finish() override {
-        mSink("# What a television did that was recorded, with nobody asking for it.\n" + mFaults + mSteps);
+        endSection();
+        mSink("# What a television did that was recorded, with nobody asking for it.\n" + mFaults + mText);
     }
 
 private:
-    /** The times of each section begin anew; what one left stays. */
-    void beginSection() {
-        mBegin += mLast;
-        mLast = 0;
-        mEchoes.clear();
+    struct Step {
+        std::int64_t time;
+        std::string mark;
+        std::string line;
+        /** Of an event. */
+        std::optional<std::string> payload;
+    };
+    /** A change of which the television tells by itself, in this time. */
+    struct Change {
+        std::int64_t from;
+        std::int64_t until;
+        std::string payload;
+    };
+    struct Known {
+        wire::Values values;
+        std::int64_t time;
+    };
+
+    void addStep(std::int64_t time, const std::string& mark, const std::string& line,
+                 const std::optional<std::string>& payload = std::nullopt) {
+        mSteps.push_back({std::max<std::int64_t>(time, 0), mark, line, payload});
     }
 
-    std::string when(std::int64_t time) {
-        mLast = std::max(mLast, time);
-        char text[48];
-        std::snprintf(text, sizeof(text), "at %.3fs ",
-                      static_cast<double>(mBegin + std::max<std::int64_t>(time, 0)) / kNanoseconds);
-        return text;
+    bool isTold(const Step& step) const {
+        return step.payload && std::any_of(mChanges.begin(), mChanges.end(), [&step](const Change& change) {
+                   return change.from <= step.time && step.time <= change.until && change.payload == *step.payload;
+               });
+    }
+
+    /** The times of the next one begin behind this one's last; what the television is stays. */
+    void endSection() {
+        std::int64_t last = 0;
+        for (const Step& step : mSteps) {
+            char time[48];
+            std::snprintf(time, sizeof(time), "at %.3fs ", static_cast<double>(mBegin + step.time) / kNanoseconds);
+            mText += (isTold(step) ? "# told by itself: " : step.mark) + time + step.line + '\n';
+            last = std::max(last, step.time);
+        }
+        mBegin += last;
+        mSteps.clear();
+        mChanges.clear();
+        for (auto& [state, known] : mStates) {
+            known.time = 0;
+        }
     }
 
     void add(const recording::Transaction& transaction) {
@@ -86,16 +118,20 @@ private:
         if (!state) {
             return;
         }
-        if (state->isSet) {
-            mEchoes.push_back({transaction.moment.time + transaction.duration, wire::payloadOf(joined(*state))});
-        }
+        const std::int64_t begin = transaction.moment.time;
         const auto known = mStates.find({state->key, state->indexes});
-        if (known != mStates.end() && known->second != state->values && !state->isSet) {
-            mSteps += when(transaction.moment.time) + "set " + state->key->name +
-                      (state->indexes.empty() ? "" : '[' + textOf(state->indexes, ", ") + ']') + " = " +
-                      textOf(state->values, ", ") + '\n';
+        const bool isChanged = known != mStates.end() && known->second.values != state->values;
+        if (state->isSet || isChanged) {
+            const std::int64_t from = state->isSet ? begin : known->second.time;
+            mChanges.push_back({from, begin + transaction.duration + kEcho, wire::payloadOf(joined(*state))});
         }
-        mStates[{state->key, state->indexes}] = state->values;
+        if (isChanged && !state->isSet) {
+            addStep(begin, "",
+                    std::string("set ") + state->key->name +
+                        (state->indexes.empty() ? "" : '[' + textOf(state->indexes, ", ") + ']') + " = " +
+                        textOf(state->values, ", "));
+        }
+        mStates[{state->key, state->indexes}] = {state->values, begin};
     }
 
     static wire::Values joined(const ObservedState& state) {
@@ -123,32 +159,18 @@ private:
         const std::string payload(event.payload.begin(), event.payload.end());
         char identifier[16];
         std::snprintf(identifier, sizeof(identifier), "0x%X", event.event);
-        const std::string line = when(event.moment.time) + "event " + identifier +
-                                 (payload.empty() ? "" : ' ' + hexOf(event.payload)) + '\n';
-        mSteps += isEcho(event.moment.time, payload) ? "# The request before tells of itself: " + line : line;
-    }
-
-    bool isEcho(std::int64_t time, const std::string& payload) {
-        while (!mEchoes.empty() && mEchoes.front().first + kEcho < time) {
-            mEchoes.pop_front();
-        }
-        for (const auto& [set, echo] : mEchoes) {
-            if (echo == payload) {
-                return true;
-            }
-        }
-        return false;
+        addStep(event.moment.time, "",
+                std::string("event ") + identifier + (payload.empty() ? "" : ' ' + hexOf(event.payload)), payload);
     }
 
     Sink mSink;
     std::string mFaults;
-    std::string mSteps;
+    std::string mText;
+    std::vector<Step> mSteps;
+    std::vector<Change> mChanges;
     std::int64_t mBegin = 0;
-    std::int64_t mLast = 0;
     std::map<std::string, int> mCounts;
-    std::map<std::pair<const wire::StateKey*, wire::Values>, wire::Values> mStates;
-    /** When something was set, and the payload of an event of that. */
-    std::deque<std::pair<std::int64_t, std::string>> mEchoes;
+    std::map<std::pair<const wire::StateKey*, wire::Values>, Known> mStates;
 };
 
 } // namespace
