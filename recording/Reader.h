@@ -14,7 +14,7 @@ namespace kelutv::recording {
 class Reader {
 public:
     /** @param name what messages call the recording */
-    Reader(std::istream& input, std::string name);
+    Reader(std::istream& input, const std::string& name);
 
     /**
      * The next whole line; nothing at the end. What stands behind the last line end was cut off and is no line.

@@ -1,4 +1,5 @@
 #include "foreign/ForeignService.h"
+#include "support/TestFolder.h"
 #include "support/Wire.h"
 
 #include <gtest/gtest.h>
@@ -6,6 +7,8 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdint>
+#include <fstream>
+#include <iterator>
 
 namespace kelutv::test {
 namespace {
@@ -122,6 +125,42 @@ TEST(ForeignTool, showsEventsAndTheLossOfTheService) {
     service.process().kill(SIGKILL);
     EXPECT_EQ(monitor->exitCode(), 3);
     EXPECT_NE(monitor->error().text().find("the service is gone\n"), std::string::npos) << monitor->error().text();
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(ForeignTool, recordsRequestsEventsAndTheLossOfTheService) {
+    ForeignService service;
+    const TestFolder folder;
+    const std::string file = folder.pathOf("recording");
+    const auto recorder = startTool(
+        {"record", "--events", "-o", file, "--", toolProgram(), "monitor", "--exit-on-loss"}, service.environment());
+    ASSERT_TRUE(recorder->error().waitFor("kelutv: watching for events\n")) << recorder->error().text();
+    service.output({"set", "volume", "36"});
+    EXPECT_TRUE(recorder->output().waitFor("volume=36\n")) << recorder->output().text();
+    service.process().kill(SIGKILL);
+    EXPECT_EQ(recorder->exitCode(), 3);
+    const std::string recorded = contentOf(file);
+    EXPECT_NE(recorded.find("\"token\":\"" + tokenOf() + '"'), std::string::npos) << recorded;
+    EXPECT_NE(recorded.find("\"event\":393217,\"payload\":\"0000000024000000\""), std::string::npos) << recorded;
+    EXPECT_NE(recorded.find("\"kind\":\"loss\""), std::string::npos) << recorded;
+}
+
+TEST(ForeignTool, recordsTheBytesThatAreSent) {
+    ForeignService service;
+    const TestFolder folder;
+    const std::string file = folder.pathOf("recording");
+    EXPECT_EQ(
+        service.output({"-q", "record", "-o", file, "--", toolProgram(), "call", "audio.setVolume", "speaker", "35"}),
+        "result: 0\n");
+    EXPECT_NE(contentOf(file).find("\"request\":\"" + tokenOf() + kSetVolume + "\",\"reply\":\"00000000\""),
+              std::string::npos)
+        << contentOf(file);
+    const ToolRun check = runTool({"recording", "check", file});
+    EXPECT_EQ(check.output, "1 section, 1 call, 0 events, 0 losses, 0 left out; nothing is wrong\n");
 }
 
 TEST(ForeignTool, tellsFailuresApart) {

@@ -98,6 +98,20 @@ TEST(Record, hasTheBytesThatWereSentAndCameBack) {
                     .matches(all<recording::Header>(recorded.lines).front().start));
 }
 
+TEST(Record, aByteThatIsAnotherIsFound) {
+    const RecordingFolders folders;
+    record(folders, {}, {KELUTV_TRACED_CLIENT, "print"});
+    EXPECT_EQ(runTool({"recording", "check", folders.file()}).exit, 0);
+    std::ifstream input(folders.file());
+    std::string text{std::istreambuf_iterator<char>(input), {}};
+    // The volume at the end of the request: 5, and then 4.
+    text.replace(text.find("05000000\""), 2, "04");
+    std::ofstream(folders.file()) << text;
+    const ToolRun check = runTool({"recording", "check", folders.file()});
+    EXPECT_EQ(check.exit, 1);
+    EXPECT_NE(check.output.find(":2: the decoded form is not that of the bytes\n"), std::string::npos) << check.output;
+}
+
 TEST(Record, isWholeForEveryThread) {
     const auto calls = all<Transaction>(recordClient("threads").lines);
     ASSERT_EQ(calls.size(), 200U);
