@@ -9,7 +9,7 @@ namespace kelutv::interposition {
 
 namespace {
 
-NoticeObserver observer;
+NoticeObserver noticeObserver;
 
 /** Where a program opened the library for itself alone, the next definition is not found but in the library. */
 template <typename Function> Function ofLibrary(const char* symbol) {
@@ -23,7 +23,7 @@ template <typename Function> Function ofLibrary(const char* symbol) {
 
 } // namespace
 
-void setNoticeObserver(const NoticeObserver& next) { observer = next; }
+void setNoticeObserver(const NoticeObserver& next) { noticeObserver = next; }
 
 } // namespace kelutv::interposition
 
@@ -34,8 +34,8 @@ void setNoticeObserver(const NoticeObserver& next) { observer = next; }
 namespace android {
 
 KELUTV_API void TVBaseClient::eventNotify(unsigned int eventId, void* msg, unsigned int msgLength, void* prev) {
-    if (kelutv::interposition::observer.event != nullptr) {
-        kelutv::interposition::observer.event(eventId, msg, msgLength);
+    if (kelutv::interposition::noticeObserver.event != nullptr) {
+        kelutv::interposition::noticeObserver.event(eventId, msg, msgLength);
     }
     using Notify = void (*)(unsigned int, void*, unsigned int, void*);
     static const auto library =
@@ -48,8 +48,8 @@ KELUTV_API void TVBaseClient::eventNotify(unsigned int eventId, void* msg, unsig
 } // namespace android
 
 KELUTV_API void DeathNotifier::binderDied(const android::wp<android::IBinder>& who) {
-    if (kelutv::interposition::observer.loss != nullptr) {
-        kelutv::interposition::observer.loss();
+    if (kelutv::interposition::noticeObserver.loss != nullptr) {
+        kelutv::interposition::noticeObserver.loss();
     }
     using Died = void (*)(DeathNotifier*, const android::wp<android::IBinder>&);
     static const auto library =

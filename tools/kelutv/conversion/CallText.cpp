@@ -16,7 +16,11 @@ std::string nameOf(const wire::Request& request) {
     if (request.command != nullptr) {
         return request.command->name;
     }
-    return request.number ? std::to_string(*request.number) : "malformed";
+    char text[24] = "malformed";
+    if (request.number) {
+        std::snprintf(text, sizeof(text), "0x%X", static_cast<unsigned int>(*request.number));
+    }
+    return text;
 }
 
 std::string replyText(const wire::Request& request, const recording::Transaction& transaction) {

@@ -7,7 +7,9 @@
 
 namespace kelutv::tool {
 
-/** The item or command of a request, or its number. */
+constexpr double kNanosecondsOfSecond = 1e9;
+
+/** The item or command of a request, its number where it has no name, or `malformed`. */
 std::string nameOf(const wire::Request& request);
 
 /** A reply in words, or why none came. */

@@ -16,7 +16,6 @@ namespace kelutv::tool {
 
 namespace {
 
-constexpr double kNanoseconds = 1e9;
 /** How long behind a change the event that tells of it may come. */
 constexpr std::int64_t kEcho = 1000000000;
 /** What takes longer than this is a delay of the service. */
@@ -99,7 +98,8 @@ private:
         std::int64_t last = 0;
         for (const Step& step : mSteps) {
             char time[48];
-            std::snprintf(time, sizeof(time), "at %.3fs ", static_cast<double>(mBegin + step.time) / kNanoseconds);
+            std::snprintf(time, sizeof(time), "at %.3fs ",
+                          static_cast<double>(mBegin + step.time) / kNanosecondsOfSecond);
             mText += (isTold(step) ? "# told by itself: " : step.mark) + time + step.line + '\n';
             last = std::max(last, step.time);
         }

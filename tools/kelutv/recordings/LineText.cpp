@@ -1,5 +1,6 @@
 #include "tools/kelutv/recordings/LineText.h"
 
+#include "tools/kelutv/conversion/CallText.h"
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventText.h"
 #include "tools/kelutv/recordings/LiveLine.h"
@@ -12,11 +13,9 @@ namespace kelutv::tool {
 
 namespace {
 
-constexpr double kNanoseconds = 1e9;
-
 std::string timeText(std::int64_t time) {
     char text[48];
-    std::snprintf(text, sizeof(text), "%12.6f ", static_cast<double>(time) / kNanoseconds);
+    std::snprintf(text, sizeof(text), "%12.6f ", static_cast<double>(time) / kNanosecondsOfSecond);
     return text;
 }
 

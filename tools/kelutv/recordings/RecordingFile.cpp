@@ -18,7 +18,7 @@ namespace {
 constexpr std::uint64_t kRoomForEnd = 128;
 constexpr mode_t kMode = 0666;
 
-[[noreturn]] void fail(const std::string& path) {
+[[noreturn]] void failToWrite(const std::string& path) {
     throw ToolError(Exit::Failure,
                     "cannot write to " + wire::shown(path, wire::kMostOfPath) + ": " + std::strerror(errno));
 }
@@ -28,7 +28,7 @@ constexpr mode_t kMode = 0666;
 RecordingFile::RecordingFile(std::string path, std::uint64_t most)
     : mPath(std::move(path)), mFd(::open(mPath.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, kMode)), mMost(most) {
     if (mFd < 0) {
-        fail(mPath);
+        failToWrite(mPath);
     }
     struct stat status {};
     mIsRegular = ::fstat(mFd, &status) == 0 && S_ISREG(status.st_mode);
@@ -50,7 +50,7 @@ void RecordingFile::goOn() {
 
 void RecordingFile::cutBehind(std::uint64_t size) {
     if (mIsRegular && ::ftruncate(mFd, static_cast<off_t>(size)) != 0) {
-        fail(mPath);
+        failToWrite(mPath);
     }
     mSize = size;
 }

@@ -1,5 +1,6 @@
 #include "tools/kelutv/recordings/Selection.h"
 
+#include "tools/kelutv/conversion/CallText.h"
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/text/Patterns.h"
@@ -13,8 +14,6 @@
 namespace kelutv::tool {
 
 namespace {
-
-constexpr double kNanoseconds = 1e9;
 
 /** Since the start of a section; what is before it is negative. */
 double timeOf(const std::string& option, const std::string& text) {
@@ -53,7 +52,7 @@ bool Selection::has(const recording::Line& line) const {
 }
 
 bool Selection::isInTime(const recording::Line& line) const {
-    const double time = static_cast<double>(*recording::timeOf(line)) / kNanoseconds;
+    const double time = static_cast<double>(*recording::timeOf(line)) / kNanosecondsOfSecond;
     return (!mOptions.from || time >= *mOptions.from) && (!mOptions.until || time <= *mOptions.until);
 }
 

@@ -1,5 +1,6 @@
 #include "tools/kelutv/recordings/Statistics.h"
 
+#include "tools/kelutv/conversion/CallText.h"
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/trace/TransactionText.h"
 #include "wire/text/Describe.h"
@@ -13,24 +14,9 @@ namespace {
 
 constexpr std::size_t kMostSlow = 10;
 constexpr std::size_t kMostFailures = 1000;
-constexpr double kNanoseconds = 1e9;
 constexpr double kMicroseconds = 1e3;
 
 double microseconds(std::int64_t nanoseconds) { return static_cast<double>(nanoseconds) / kMicroseconds; }
-
-std::string nameOf(const wire::Request& request) {
-    if (const std::string item = wire::itemNameOf(request); !item.empty()) {
-        return item;
-    }
-    if (request.command != nullptr) {
-        return request.command->name;
-    }
-    char text[24] = "malformed";
-    if (request.number) {
-        std::snprintf(text, sizeof(text), "0x%X", static_cast<unsigned int>(*request.number));
-    }
-    return text;
-}
 
 /** Whether a value behind any result word is a value: then -1 is one, too. */
 bool isValue(const wire::Request& request) {
@@ -160,13 +146,13 @@ Json Statistics::document() const {
         commands.add({{"command", row.name},
                       {"calls", row.count},
                       {"failures", row.failures},
-                      {"p50", static_cast<double>(row.median) / kNanoseconds},
-                      {"p99", static_cast<double>(row.most99) / kNanoseconds},
-                      {"max", static_cast<double>(row.greatest) / kNanoseconds}});
+                      {"p50", static_cast<double>(row.median) / kNanosecondsOfSecond},
+                      {"p99", static_cast<double>(row.most99) / kNanosecondsOfSecond},
+                      {"max", static_cast<double>(row.greatest) / kNanosecondsOfSecond}});
     }
     Json slowest = Json::array();
     for (const Call& call : mSlowest) {
-        slowest.add({{"call", call.text}, {"duration", static_cast<double>(call.duration) / kNanoseconds}});
+        slowest.add({{"call", call.text}, {"duration", static_cast<double>(call.duration) / kNanosecondsOfSecond}});
     }
     Json failures = Json::array();
     for (const auto& [call, count] : mFailures) {
