@@ -11,15 +11,15 @@ namespace kelutv::recording {
 
 namespace {
 
-const std::string kHeader = R"({"kind":"header","format":1,"library":"1","catalogue":"","token":"","machine":"",)"
-                            R"("system":"","byteOrder":"big","start":""})"
-                            "\n";
-const std::string kLoss = R"({"kind":"loss","sequence":1,"time":3,"process":1,"thread":1})"
-                          "\n";
+const std::string kFirstLine = R"({"kind":"header","format":1,"library":"1","catalogue":"","token":"","machine":"",)"
+                               R"("system":"","byteOrder":"big","start":""})"
+                               "\n";
+const std::string kSecondLine = R"({"kind":"loss","sequence":1,"time":3,"process":1,"thread":1})"
+                                "\n";
 
 TEST(Reader, readsUpToTheLastWholeLine) {
     // Wherever a recorder was killed.
-    const std::string text = kHeader + kLoss;
+    const std::string text = kFirstLine + kSecondLine;
     for (std::size_t length = 0; length <= text.size(); ++length) {
         std::istringstream input(text.substr(0, length));
         Reader reader(input, "cut");
@@ -27,13 +27,13 @@ TEST(Reader, readsUpToTheLastWholeLine) {
         while (reader.next()) {
             ++lines;
         }
-        EXPECT_EQ(lines, length < kHeader.size() ? 0U : length < text.size() ? 1U : 2U) << length;
-        EXPECT_EQ(reader.isCutOff(), length != 0 && length != kHeader.size() && length != text.size()) << length;
+        EXPECT_EQ(lines, length < kFirstLine.size() ? 0U : length < text.size() ? 1U : 2U) << length;
+        EXPECT_EQ(reader.isCutOff(), length != 0 && length != kFirstLine.size() && length != text.size()) << length;
     }
 }
 
 TEST(Reader, namesTheLineThatIsWrongAndGoesOn) {
-    std::istringstream input(kHeader + "nonsense\n" + kLoss);
+    std::istringstream input(kFirstLine + "nonsense\n" + kSecondLine);
     Reader reader(input, "some.jsonl");
     EXPECT_TRUE(reader.next());
     try {
@@ -47,13 +47,13 @@ TEST(Reader, namesTheLineThatIsWrongAndGoesOn) {
 }
 
 TEST(Reader, beginsWithAHeader) {
-    std::istringstream input(kLoss);
+    std::istringstream input(kSecondLine);
     EXPECT_THROW(Reader(input, "headless").next(), LineError);
 }
 
 TEST(Reader, readsWholeFiles) {
     const test::TestFolder folder;
-    std::ofstream(folder.pathOf("file")) << kHeader << kLoss << "{\"kind\"";
+    std::ofstream(folder.pathOf("file")) << kFirstLine << kSecondLine << "{\"kind\"";
     EXPECT_EQ(linesOfFile(folder.pathOf("file")).size(), 2U);
     EXPECT_THROW(linesOfFile(folder.pathOf("nothing")), std::system_error);
 }
