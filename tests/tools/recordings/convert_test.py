@@ -24,7 +24,7 @@ set factory.panelID = "PANEL \\"7\\""
 set sourcemanager.curSource[0] = hdmi2
 set systemsetting.menuLanguage = german
 """
-# Read, refuse, change behind the program's back, tell of something, set.
+#Read, refuse, change behind the program's back, tell of something, set.
 SCRIPT = """\
 get volume
 sim fault CMD_AUDIO_GETVOLUME error -5 once
@@ -79,7 +79,7 @@ class Converted(unittest.TestCase):
         steps = [line.split(maxsplit=2)[2] for line in lines if line.startswith("at ")]
         self.assertIn("set audio.volume[0] = 77", steps)
         self.assertIn("event 0x6FF01 0a0b", steps)
-        # The events of these two changes would come twice.
+#The events of these two changes would come twice.
         self.assertNotIn("event 0x60001 000000004d000000", steps)
         self.assertNotIn("event 0x60001 000000000c000000", steps)
         played = subprocess.run([SIMULATOR, "--scenario", str(scenario), "--speed", "100", "--exit-at-end"],

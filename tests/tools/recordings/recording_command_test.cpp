@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iterator>
 #include <sstream>
 
 namespace kelutv::test {
@@ -84,21 +85,17 @@ Words linesOf(const std::string& text) {
 TEST(RecordingShow, hasALineForEachThing) {
     const ToolRun run = Sample().run("show");
     EXPECT_EQ(run.exit, 0) << run.error;
-    EXPECT_EQ(
-        linesOf(run.output),
-        (Words{"recorded from 2026-11-22T13:55:01.000000000Z on, on m s, by version 1.0.0",
-               "    1.000000 [101] CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35) -> 0 "
-               "<0.000300>",
-               "    2.000000 [100] CMD_AUDIO_GETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER) -> 0: 35 "
-               "<0.000100>",
-               "    3.000000 [101] CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=101) -> -107, "
-               "value out of range <0.000100>",
-               "    4.000000 [100:7] event 0x60001 volumeChanged (8 bytes): channel=0 "
-               "KELU_TV_AUDIO_CHANNEL_SPEAKER, volume=35",
-               "    5.000000 [100:8] the service is gone",
-               "    6.000000 [100] CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=1) -> no "
-               "reply: the link is dead <0.000100>",
-               "    7.000000 ... 4 left out", "    8.000000 the end: program"}));
+    const std::string speaker = "channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER";
+    const std::string set = "CMD_AUDIO_SETVOLUME(" + speaker + ", vol=";
+    EXPECT_EQ(linesOf(run.output),
+              (Words{"recorded from 2026-11-22T13:55:01.000000000Z on, on m s, by version 1.0.0",
+                     "    1.000000 [101] " + set + "35) -> 0 <0.000300>",
+                     "    2.000000 [100] CMD_AUDIO_GETVOLUME(" + speaker + ") -> 0: 35 <0.000100>",
+                     "    3.000000 [101] " + set + "101) -> -107, value out of range <0.000100>",
+                     "    4.000000 [100:7] event 0x60001 volumeChanged (8 bytes): " + speaker + ", volume=35",
+                     "    5.000000 [100:8] the service is gone",
+                     "    6.000000 [100] " + set + "1) -> no reply: the link is dead <0.000100>",
+                     "    7.000000 ... 4 left out", "    8.000000 the end: program"}));
 }
 
 TEST(RecordingShow, hasTheLinesThemselvesAsJson) { EXPECT_EQ(Sample().run("show", {"--json"}).output, sample()); }
@@ -161,6 +158,16 @@ TEST(RecordingCheck, saysWhatARecordingHolds) {
     const ToolRun cut = Sample(text.substr(0, text.size() - 5)).run("check");
     EXPECT_EQ(cut.exit, 0);
     EXPECT_EQ(cut.output, "1 section, 4 calls, 1 event, 1 loss, 4 left out; its end is missing; nothing is wrong\n");
+}
+
+/** What was recorded once can be read for good. */
+TEST(RecordingCheck, readsTheRecordingsThatAreKept) {
+    const ToolRun check = runTool({"recording", "check", KELUTV_RECORDINGS "/volume.jsonl"});
+    EXPECT_EQ(check.exit, 0) << check.output;
+    EXPECT_EQ(check.output, "1 section, 3 calls, 1 event, 0 losses, 0 left out; nothing is wrong\n");
+    const ToolRun cut = runTool({"recording", "cut", KELUTV_RECORDINGS "/volume.jsonl"});
+    std::ifstream file(KELUTV_RECORDINGS "/volume.jsonl");
+    EXPECT_EQ(cut.output, (std::string{std::istreambuf_iterator<char>(file), {}}));
 }
 
 TEST(RecordingCheck, findsWhatIsWrong) {
