@@ -9,7 +9,8 @@
 
 namespace kelutv::recording {
 
-Reader::Reader(std::istream& input, const std::string& name) : mInput(input), mName(wire::shown(name, wire::kMostOfPath)) {}
+Reader::Reader(std::istream& input, const std::string& name)
+    : mInput(input), mName(wire::shown(name, wire::kMostOfPath)) {}
 
 std::optional<Line> Reader::next() {
     std::string text;
