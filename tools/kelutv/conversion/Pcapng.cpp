@@ -3,6 +3,7 @@
 #include "tools/kelutv/decoding/Decoding.h"
 #include "wire/text/Describe.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -140,9 +141,9 @@ private:
 
     /** A packet is the identifier and then the payload. */
     void add(const recording::Event& event) {
-        recording::Bytes bytes(sizeof(event.event));
+        recording::Bytes bytes(sizeof(event.event) + event.payload.size());
         std::memcpy(bytes.data(), &event.event, sizeof(event.event));
-        bytes.insert(bytes.end(), event.payload.begin(), event.payload.end());
+        std::copy(event.payload.begin(), event.payload.end(), bytes.begin() + sizeof(event.event));
         mSink(textOf({1, mStart + event.moment.time, kInbound, bytes, callerOf(event.moment) + event.decoded}));
     }
 
