@@ -61,10 +61,11 @@ class JoinSources(unittest.TestCase):
                 "int Thing;",
                 "const std::map<int, int>& Thing{kNone};",
                 "class Thing : public Base {",
+                "[[maybe_unused]] Base& Thing = added();",
             )
         ):
             self.source(f"room/{number}.cpp", f"namespace {{\n\n{definition}\n\n}} // namespace\n")
-        self.assertEqual(len(self.joined()), 8)
+        self.assertEqual(len(self.joined()), 9)
 
     def test_aCallOfAnothersOwnFunctionStaysApart(self) -> None:
         self.source("room/a.cpp", "namespace {\nint timeOf(int x) { return x; }\n} // namespace\n")
@@ -86,6 +87,13 @@ class JoinSources(unittest.TestCase):
     def test_twoProgramsStayApart(self) -> None:
         self.source("room/a.cpp", "int main() {\n}\n")
         self.source("room/b.cpp", "int main(int, char**) {\n}\n")
+        self.source("room/c.cpp", 'extern "C" int LLVMFuzzerTestOneInput() {\n}\n')
+        self.source("room/d.cpp", 'extern "C" int LLVMFuzzerTestOneInput() {\n}\n')
+        self.assertEqual(self.joined(), [{"room/a.cpp", "room/c.cpp"}, {"room/b.cpp", "room/d.cpp"}])
+
+    def test_theSameMacroStaysApart(self) -> None:
+        self.source("room/a.cpp", "#define THING 1\n")
+        self.source("room/b.cpp", "#define THING 2\n")
         self.assertEqual(len(self.joined()), 2)
 
     def test_definitionsAreTakenTogetherUnlessTheyDiffer(self) -> None:
