@@ -9,7 +9,7 @@ include_guard(GLOBAL)
 
 function(kelutv_generate_from_catalogue variable)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "GENERATOR" "SOURCES;DEPENDS")
-    find_package(Python3 3.11 REQUIRED COMPONENTS Interpreter)
+    kelutv_find_python()
     set(folder "${PROJECT_SOURCE_DIR}/catalogue")
     file(GLOB tables CONFIGURE_DEPENDS "${folder}/*.md")
     file(GLOB other_inputs CONFIGURE_DEPENDS "${folder}/*.py" "${PROJECT_SOURCE_DIR}/wire/generator/*.py"

@@ -66,7 +66,7 @@ endfunction()
 # build, so that those with sanitizers and for other machines leave out what is labelled "sources".
 function(kelutv_add_source_test test script)
     cmake_parse_arguments(PARSE_ARGV 2 ARG "" "TIMEOUT" "")
-    find_package(Python3 3.11 REQUIRED COMPONENTS Interpreter)
+    kelutv_find_python()
     cmake_path(ABSOLUTE_PATH script)
     add_test(NAME ${test} COMMAND ${KELUTV_TEST_LAUNCHER} "${Python3_EXECUTABLE}" -B "${script}"
                                   ${ARG_UNPARSED_ARGUMENTS})

@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdint>
-#include <fstream>
-#include <iterator>
 
 namespace kelutv::test {
 namespace {
@@ -127,42 +125,6 @@ TEST(ForeignTool, showsEventsAndTheLossOfTheService) {
     EXPECT_NE(monitor->error().text().find("the service is gone\n"), std::string::npos) << monitor->error().text();
 }
 
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-TEST(ForeignTool, recordsRequestsEventsAndTheLossOfTheService) {
-    ForeignService service;
-    const TestFolder folder;
-    const std::string file = folder.pathOf("recording");
-    const auto recorder = startTool(
-        {"record", "--events", "-o", file, "--", toolProgram(), "monitor", "--exit-on-loss"}, service.environment());
-    ASSERT_TRUE(recorder->error().waitFor("kelutv: watching for events\n")) << recorder->error().text();
-    service.output({"set", "volume", "36"});
-    EXPECT_TRUE(recorder->output().waitFor("volume=36\n")) << recorder->output().text();
-    service.process().kill(SIGKILL);
-    EXPECT_EQ(recorder->exitCode(), 3);
-    const std::string recorded = contentOf(file);
-    EXPECT_NE(recorded.find("\"token\":\"" + tokenOf() + '"'), std::string::npos) << recorded;
-    EXPECT_NE(recorded.find("\"event\":393217,\"payload\":\"0000000024000000\""), std::string::npos) << recorded;
-    EXPECT_NE(recorded.find("\"kind\":\"loss\""), std::string::npos) << recorded;
-}
-
-TEST(ForeignTool, recordsTheBytesThatAreSent) {
-    ForeignService service;
-    const TestFolder folder;
-    const std::string file = folder.pathOf("recording");
-    EXPECT_EQ(
-        service.output({"-q", "record", "-o", file, "--", toolProgram(), "call", "audio.setVolume", "speaker", "35"}),
-        "result: 0\n");
-    EXPECT_NE(contentOf(file).find("\"request\":\"" + tokenOf() + kSetVolume + "\",\"reply\":\"00000000\""),
-              std::string::npos)
-        << contentOf(file);
-    const ToolRun check = runTool({"recording", "check", file});
-    EXPECT_EQ(check.output, "1 section, 1 call, 0 events, 0 losses, 0 left out; nothing is wrong\n");
-}
-
 TEST(ForeignTool, tellsFailuresApart) {
     struct Case {
         std::vector<std::string> options;
@@ -184,26 +146,6 @@ TEST(ForeignTool, tellsFailuresApart) {
         EXPECT_EQ(run.exit, test.exit) << run.output << run.error;
         EXPECT_NE(run.error.find(test.message), std::string::npos) << run.error;
     }
-}
-
-TEST(ForeignTool, keepsATelevisionInASnapshotAndPutsItBack) {
-    const ForeignService service;
-    const TestFolder folder;
-    const std::string golden = folder.pathOf("golden.json");
-    service.output({"set", "volume", "34"});
-    service.output({"set", "source", "hdmi1"});
-    service.output({"call", "audio.setPreScale", "speaker", "integer=3,decimal=500"});
-    const ToolRun taken = service.run({"snapshot", "-o", golden});
-    EXPECT_EQ(taken.exit, 0) << taken.error;
-    EXPECT_NE(taken.error.find(" of 3463 readable states in "), std::string::npos) << taken.error;
-    const ForeignService next;
-    EXPECT_EQ(next.output({"snapshot", "restore", golden, "--quiet"}),
-              "sourcemanager.curSource[main]: 11 (hdmi3) -> 9 (hdmi1)\n"
-              "audio.volume[speaker]: 33 -> 34\n"
-              "audio.preScale[speaker]: [0, 0] -> [3, 500]\n");
-    const std::string unit = folder.pathOf("unit.json");
-    next.output({"snapshot", "--quiet", "-o", unit});
-    EXPECT_EQ(next.output({"snapshot", "diff", golden, unit, "--quiet"}), "");
 }
 
 TEST(ForeignTool, saysWhereThePlatformLooked) {
