@@ -39,9 +39,9 @@ class Counts:
         return Counts(functions, self.system_calls - other.system_calls, self.allocations - other.allocations)
 
     def divided(self, calls: int) -> Counts:
-        """The same for one of several calls; what a few of them do only is lost."""
+        """The same for one of several calls: an allocation or system call of a few of them only counts as one of each."""
         functions = Counter({function: round(count / calls) for function, count in self.functions.items()})
-        return Counts(functions, round(self.system_calls / calls), round(self.allocations / calls))
+        return Counts(functions, -(-self.system_calls // calls), -(-self.allocations // calls))
 
     def without(self, place: str) -> Counts:
         functions = Counter({function: count for function, count in self.functions.items() if function.place != place})

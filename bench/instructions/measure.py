@@ -13,6 +13,7 @@ from dataclasses import dataclass
 from functools import reduce
 from pathlib import Path
 from statistics import median
+from threading import Timer
 
 import callgrind
 from callgrind import Counts, Dump
@@ -43,12 +44,22 @@ class MeasureError(Exception):
     pass
 
 
+def first_line(process: subprocess.Popen[str]) -> str:
+    """Ends the process when the line does not come in time."""
+    patience = Timer(PATIENCE, process.kill)
+    patience.start()
+    try:
+        return process.stdout.readline()
+    finally:
+        patience.cancel()
+
+
 @contextmanager
 def serving(command: list[str], environment: dict[str, str]) -> Iterator[None]:
     """A service that says that it is ready, until the end of the block."""
     with subprocess.Popen(command, env=environment, stdout=subprocess.PIPE, text=True) as process:
         try:
-            if "ready" not in process.stdout.readline():
+            if "ready" not in first_line(process):
                 raise MeasureError(f"{' '.join(command)} did not get ready")
             yield
         finally:

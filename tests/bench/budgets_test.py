@@ -2,11 +2,13 @@
 
 from __future__ import annotations
 
+import os
 import sys
 import tempfile
 import unittest
 from collections import Counter
 from pathlib import Path
+from unittest import mock
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "bench" / "instructions"))
@@ -107,12 +109,24 @@ class Calls(unittest.TestCase):
         many = Counts(Counter({SEND: 15070, MALLOC: 900}), 300, 150)
         self.assertEqual(many.minus(few).divided(100), Counts(Counter({SEND: 100, MALLOC: 0}), 2, 1))
 
+    def test_hide_nothing_that_only_a_few_of_them_do(self) -> None:
+        self.assertEqual(Counts(Counter(), 1, 1).divided(100), Counts(Counter(), 1, 1))
+        self.assertEqual(Counts(Counter(), 101, 200).divided(100), Counts(Counter(), 2, 2))
+        self.assertEqual(Counts(Counter(), 0, 0).divided(100), Counts(Counter(), 0, 0))
+
     def test_are_compared_with_a_finished_request(self) -> None:
         rows = measure.call_rows({"finished_request": Counts(Counter({SEND: 800}), 2, 0),
                                   "set_int": Counts(Counter({SEND: 810, MALLOC: 40}), 2, 1)})
         self.assertEqual(rows["set_int"].figures,
                          {"instructions": 850, "above_transact": 50, "allocations": 1, "system_calls": 2})
         self.assertEqual(rows["set_int"].functions, {"send": 810, "malloc": 40})
+
+
+class Services(unittest.TestCase):
+    def test_that_never_get_ready_are_given_up(self) -> None:
+        with mock.patch.object(measure, "PATIENCE", 0.01), self.assertRaisesRegex(measure.MeasureError, "did not get ready"):
+            with measure.serving(["tail", "-f", "/dev/null"], dict(os.environ)):
+                self.fail("it is not ready")
 
 
 class Budgets(unittest.TestCase):
