@@ -138,9 +138,9 @@ class Script(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = Path(folder.name)
 
-    def assert_refused(self, complaint: str, *arguments: str) -> None:
+    def assert_refused(self, complaint: str, *arguments: str, environment: dict[str, str] | None = None) -> None:
         command = [sys.executable, "-B", str(ROOT / "scripts" / "bench"), *arguments]
-        done = subprocess.run(command, capture_output=True, text=True, check=False)
+        done = subprocess.run(command, env=environment, capture_output=True, text=True, check=False)
         self.assertEqual(done.returncode, 2, done.stdout)
         self.assertIn(complaint, done.stderr)
 
@@ -160,6 +160,10 @@ class Script(unittest.TestCase):
         part.write_text(json.dumps(document), encoding="utf-8")
         complaint = "the pages take figures of a full run of all measurements alone"
         self.assert_refused(complaint, "--readme", "--from", str(part))
+        # Before anything is built.
+        for options in (["--quick"], ["calls"], ["--no-machine"]):
+            with tempfile.TemporaryDirectory() as nowhere:
+                self.assert_refused(complaint, "--readme", *options, environment={"PATH": nowhere})
 
 
 if __name__ == "__main__":
