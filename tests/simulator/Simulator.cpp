@@ -1,5 +1,6 @@
 #include "simulator/Simulator.h"
 
+#include "support/WorkingFolder.h"
 #include "tools/process/Redirection.h"
 
 #include <binder/IServiceManager.h>
@@ -69,6 +70,7 @@ SimulatorEnvironment& SimulatorEnvironment::install() {
 
 void SimulatorEnvironment::SetUp() {
     mRuntimeDir.emplace();
+    const WorkingFolder folder(mRuntimeDir->path());
     mSimulator.emplace();
 }
 

@@ -35,7 +35,10 @@ std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments)
 /** The same with its standard output on this descriptor. */
 std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments, int output);
 
-/** A runtime directory and a simulator in it, for all tests of the program. */
+/**
+ * A runtime directory and a simulator in it, for all tests of the program. What the simulator writes to a path that is
+ * not absolute goes away with the directory.
+ */
 class SimulatorEnvironment : public ::testing::Environment {
 public:
     /** Makes the environment part of the test program; call it from the initialiser of a global. */

@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <set>
 #include <string>
@@ -114,6 +116,12 @@ const std::set<std::string> kNothingWritten{
     "linux_tv_SourceManager_getTimingInfo",
     "linux_tv_Picture_getBrightnessHistogram",
 };
+
+/** Some have the television write to the path that they are given. */
+TEST(Functions, writeNothingWhereTheTestsAre) {
+    const std::string process = std::to_string(environment.simulator().process().pid());
+    EXPECT_TRUE(std::filesystem::equivalent("/proc/" + process + "/cwd", std::getenv("KQDROID_RUNTIME_DIR")));
+}
 
 TEST(Functions, areAnsweredByTheSimulator) {
     for (const wire::Function& function : wire::allFunctions()) {

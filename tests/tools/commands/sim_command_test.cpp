@@ -3,6 +3,7 @@
 #include "simulator/Simulator.h"
 #include "support/RuntimeDir.h"
 #include "support/TestFolder.h"
+#include "support/WorkingFolder.h"
 #include "tools/Tool.h"
 
 #include <gtest/gtest.h>
@@ -75,11 +76,10 @@ TEST_F(SimCommand, TakesNegativeNumbers) {
 
 TEST_F(SimCommand, FindsAPayloadFromWhereItWasStarted) {
     const std::string path = file("pay load", "12345");
-    const int before = ::open(".", O_PATH | O_DIRECTORY | O_CLOEXEC);
-    ASSERT_EQ(::chdir(mRuntimeDir.path().c_str()), 0);
-    expectData({"event", "0x60001", "@pay load"}, "");
-    ASSERT_EQ(::fchdir(before), 0);
-    ::close(before);
+    {
+        const WorkingFolder folder(mRuntimeDir.path());
+        expectData({"event", "0x60001", "@pay load"}, "");
+    }
     EXPECT_TRUE(happens("event 0x60001 volumeChanged: from the control channel, 5 bytes"));
 }
 
