@@ -10,6 +10,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -24,6 +25,8 @@ namespace {
 
 constexpr std::chrono::seconds kPatience{5};
 constexpr std::chrono::milliseconds kPause{20};
+// A service keeps a thread for 200 ms for the next call.
+constexpr std::chrono::milliseconds kCalm{500};
 
 /** What a process takes, as the kernel says. */
 struct Footprint {
@@ -56,13 +59,18 @@ Footprint footprintOf(pid_t process) {
     return footprint;
 }
 
-/** What is left when threads that have nothing to do any more have ended: as soon as there is the one that waits. */
-Footprint settled(pid_t process, double threads) {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+/** What is left when threads that have nothing to do any more have ended: as soon as their number stays the same. */
+Footprint settled(pid_t process) {
+    using Clock = std::chrono::steady_clock;
     Footprint footprint = footprintOf(process);
-    while (footprint.threads > threads && std::chrono::steady_clock::now() < deadline) {
+    const auto deadline = Clock::now() + kPatience;
+    for (auto calm = Clock::now() + kCalm; Clock::now() < std::min(calm, deadline);) {
         std::this_thread::sleep_for(kPause);
+        const double before = footprint.threads;
         footprint = footprintOf(process);
+        if (footprint.threads != before) {
+            calm = Clock::now() + kCalm;
+        }
     }
     return footprint;
 }
@@ -101,10 +109,9 @@ void measureIdleClients(Extent extent) {
     const size_t count = amount<size_t>(extent, 20, 200);
     // What the first calls take, whoever makes them, is no matter of the clients.
     const IdleClients before(1);
-    std::this_thread::sleep_for(kPause);
-    const Footprint few = settled(service.process(), footprintOf(service.process()).threads);
+    const Footprint few = settled(service.process());
     const IdleClients clients(count);
-    const Footprint many = settled(service.process(), few.threads);
+    const Footprint many = settled(service.process());
 
     const auto each = [count](double sum) { return sum / static_cast<double>(count); };
     printFigure("idle/clients", static_cast<double>(count));

@@ -82,6 +82,9 @@ public:
                 "sd_bus_call_method");
         int32_t status = -1;
         checked(sd_bus_message_read(reply, "i", &status), "sd_bus_message_read");
+        if (status != 0) {
+            giveUp("a call over sd-bus failed");
+        }
         sd_bus_message_unref(reply);
         sd_bus_error_free(&error);
     }
