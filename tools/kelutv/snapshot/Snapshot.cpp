@@ -5,7 +5,6 @@
 #include "tools/kelutv/text/InputFile.h"
 #include "wire/text/Shown.h"
 
-#include <map>
 #include <set>
 
 namespace kelutv::tool {
@@ -99,22 +98,12 @@ private:
     std::string mPlace;
 };
 
-std::map<std::string, const wire::Function*> readingFunctions() {
-    std::map<std::string, const wire::Function*> functions;
-    for (const wire::Function& function : wire::allFunctions()) {
-        if (function.effect.kind == wire::EffectKind::Read) {
-            functions.emplace(function.name, &function);
-        }
-    }
-    return functions;
-}
-
 const wire::Function& functionOf(const Members& members) {
-    static const auto functions = readingFunctions();
     const std::string name = members.text("function");
-    const auto found = functions.find(name);
-    members.require(found != functions.end(), "'" + wire::shown(name) + "' is no operation that reads");
-    return *found->second;
+    const std::vector<const wire::Function*> named = wire::functionsNamed(name);
+    members.require(named.size() == 1 && named.front()->effect.kind == wire::EffectKind::Read,
+                    "'" + wire::shown(name) + "' is no operation that reads");
+    return *named.front();
 }
 
 HeldState heldStateOf(const Json& entry, const std::string& place) {
