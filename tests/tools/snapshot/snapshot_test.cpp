@@ -25,6 +25,15 @@ TEST_F(Snapshots, giveUpWhenNothingIsAnswered) {
     EXPECT_EQ(run.error, "kelutv: nothing is answered any longer; --limit gives each answer more time\n");
 }
 
+/** The first has four keys, of which one is asked for. */
+TEST_F(Snapshots, giveUpWhenNothingIsAnsweredFromAnOperationWithKeysOn) {
+    for (const char* const request :
+         {"CMD_AUDIO_GETMUTE", "CMD_AUDIO_GETSPDIFOUTPUT", "CMD_AUDIO_GETSPDIFOUTPUTDELAY"}) {
+        sim(std::string("fault ") + request + " delay 3600s");
+    }
+    EXPECT_EQ(runTool({"snapshot", "--limit", "0.5", "-o", file("all.json")}).exit, 5);
+}
+
 TEST_F(Snapshots, changeNothingAndDifferWhereValuesDoOrOneLacksAState) {
     // Its members stand in another order than the tool's.
     write("first.json", fresh().dump());

@@ -8,6 +8,8 @@ namespace kelutv::tool {
 
 enum class Verdict : std::uint32_t {
     Good,
+    /** Was not asked, which says nothing of whether anything is answered. */
+    Unasked,
     /** Works, but somebody should look at it. */
     Warning,
     Bad,

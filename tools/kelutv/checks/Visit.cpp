@@ -137,7 +137,9 @@ std::size_t makeChecks(const std::vector<Check>& checks, const Listener& listene
         if (finding.verdict == Verdict::Unlinked) {
             break;
         }
-        inVain = finding.verdict == Verdict::TimeOver ? inVain + 1 : 0;
+        if (finding.verdict != Verdict::Unasked) {
+            inVain = finding.verdict == Verdict::TimeOver ? inVain + 1 : 0;
+        }
         if (!goesOn) {
             maker.reset();
         }

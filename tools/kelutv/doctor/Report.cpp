@@ -13,6 +13,7 @@ const char* wordOf(Verdict verdict) {
     switch (verdict) {
     case Verdict::Good:
         return "ok";
+    case Verdict::Unasked:
     case Verdict::Warning:
         return "warn";
     default:
@@ -24,6 +25,7 @@ Style styleOf(Verdict verdict) {
     switch (verdict) {
     case Verdict::Good:
         return Style::Good;
+    case Verdict::Unasked:
     case Verdict::Warning:
         return Style::Number;
     default:
@@ -42,7 +44,7 @@ Json documentOf(const Check& check, const Finding& finding) {
 
 void DoctorReport::add(const Check& check, const Finding& finding) {
     mGood += finding.verdict == Verdict::Good ? 1 : 0;
-    mWarnings += finding.verdict == Verdict::Warning ? 1 : 0;
+    mWarnings += finding.verdict == Verdict::Warning || finding.verdict == Verdict::Unasked ? 1 : 0;
     mFailures += finding.verdict > Verdict::Warning ? 1 : 0;
     mIsUnlinked = mIsUnlinked || finding.verdict == Verdict::Unlinked;
     mIsTimeOver = mIsTimeOver || finding.verdict == Verdict::TimeOver;

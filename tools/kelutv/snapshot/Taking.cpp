@@ -21,8 +21,8 @@ std::string textOfNow() {
     return {text, std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &parts)};
 }
 
-Finding findingOf(const StateRead& read) {
-    return {Verdict::Good,
+Finding findingOf(const StateRead& read, Verdict verdict = Verdict::Good) {
+    return {verdict,
             Json{{"state", read.state}, {"values", read.values}, {"refusal", read.refusal}, {"result", read.result}}
                 .dump()};
 }
@@ -36,7 +36,7 @@ public:
         if (finding.verdict == Verdict::Unlinked) {
             throw LinkError(finding.text);
         }
-        if (finding.verdict != Verdict::Good) {
+        if (finding.verdict != Verdict::Good && finding.verdict != Verdict::Unasked) {
             addMissing({readingText(reading), reading.function->name, finding.text, Json()});
             return;
         }
@@ -75,7 +75,7 @@ Finding look(const Reading& reading, const Silent& silent) {
     if (silent.count(reading.function) != 0) {
         const StateRead unasked{readingText(reading), Json(),
                                 "not asked: the operation was not answered under another key", Json()};
-        return findingOf(unasked);
+        return findingOf(unasked, Verdict::Unasked);
     }
     return askingFinds([&reading] { return findingOf(readState(reading)); });
 }
