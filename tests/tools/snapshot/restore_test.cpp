@@ -145,9 +145,13 @@ TEST_F(Snapshots, sayWhatDidNotTake) {
                                  "audio.soundMode: 0 (standard), not 1 (movie): refused: the service answered -5\n"
                                  "audio.hangMode: 0 (desktop), not \"no number\": cannot be put back: ";
     EXPECT_EQ(refused.output.substr(0, expected.size()), expected);
-    sim("fault clear");
-    sim("fault CMD_AUDIO_SETSOUNDMODE die before");
-    EXPECT_EQ(restore("golden.json").exit, 3);
+    sim("set audio.volume[speaker] = 20");
+    sim("fault CMD_AUDIO_SETVOLUME die before");
+    const ToolRun brokenOff = restore("golden.json");
+    EXPECT_EQ(brokenOff.exit, 3);
+    EXPECT_NE(brokenOff.output.find("audio.soundMode: 0 (standard), not 1 (movie): refused: the service answered -5\n"),
+              std::string::npos)
+        << brokenOff.output;
 }
 
 /** Each time it hangs in another call when it is killed, and what was done before stays. */

@@ -58,9 +58,6 @@ Finding findingOf(const Restored& restored) {
 }
 
 Restored restoredIn(const HeldState& held, const Finding& finding) {
-    if (finding.verdict == Verdict::Unlinked) {
-        throw LinkError(finding.text);
-    }
     if (finding.verdict != Verdict::Good) {
         return {held.state, held.values, Json(), Json(), "", finding.text};
     }
@@ -73,36 +70,48 @@ Restored restoredIn(const HeldState& held, const Finding& finding) {
             document.at("complaint").asText()};
 }
 
-/** Goes through all states once. */
-std::vector<Restored> goThrough(const RestoreOrder& order, const std::function<void(const Restored& restored)>& tell) {
+using Tell = std::function<void(const Restored& restored)>;
+
+bool isSet(const Restored& restored) { return restored.isAsWanted() && !restored.call.empty(); }
+
+/** What going through the states once gave. */
+struct Round {
+    /** Of each state, up to where it was broken off. */
+    std::vector<Restored> restored;
+    /** Why there is no service; empty when there is one. */
+    std::string unlinked;
+};
+
+Round goThrough(const RestoreOrder& order, const Tell& tell) {
     std::vector<Check> checks;
     for (const HeldState& held : order.states) {
         checks.push_back({held.state, held.reading.function->module, order.limit, [&held, &order] {
                               return askingFinds([&] { return findingOf(putBack(held, order.isRehearsal)); });
                           }});
     }
-    std::vector<Restored> all;
+    Round round;
     const Listener listener{nullptr, [&](const Check& /*check*/, const Finding& finding) {
-                                all.push_back(restoredIn(order.states[all.size()], finding));
-                                if (all.back().isAsWanted() && !all.back().call.empty()) {
-                                    tell(all.back());
+                                if (finding.verdict == Verdict::Unlinked) {
+                                    round.unlinked = finding.text;
+                                    return;
+                                }
+                                round.restored.push_back(restoredIn(order.states[round.restored.size()], finding));
+                                if (isSet(round.restored.back())) {
+                                    tell(round.restored.back());
                                 }
                             }};
-    if (makeChecks(checks, listener) != checks.size()) {
-        throw ToolError(Exit::TimeOver, "nothing is answered any longer; --limit gives each answer more time");
-    }
-    return all;
+    makeChecks(checks, listener);
+    return round;
 }
 
-bool hasSetAny(const std::vector<Restored>& all) {
-    return std::any_of(all.begin(), all.end(),
-                       [](const Restored& each) { return each.isAsWanted() && !each.call.empty(); });
-}
+bool hasSetAny(const std::vector<Restored>& all) { return std::any_of(all.begin(), all.end(), isSet); }
 
 /** What a further round found goes over what the rounds before it did. */
 void update(std::vector<Restored>& all, const std::vector<Restored>& round) {
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (!round[i].call.empty() || !round[i].isAsWanted()) {
+    for (std::size_t i = 0; i < round.size(); ++i) {
+        if (i == all.size()) {
+            all.push_back(round[i]);
+        } else if (!round[i].call.empty() || !round[i].isAsWanted()) {
             const Json before = all[i].call.empty() ? round[i].before : all[i].before;
             all[i] = round[i];
             all[i].before = before;
@@ -112,18 +121,58 @@ void update(std::vector<Restored>& all, const std::vector<Restored>& round) {
     }
 }
 
+/** @throws LinkError, ToolError when the round was broken off, having told what is not as wanted */
+void requireWhole(const Round& round, const RestoreOrder& order, const std::vector<Restored>& all, const Tell& tell) {
+    if (round.restored.size() == order.states.size()) {
+        return;
+    }
+    for (const Restored& each : all) {
+        if (!each.isAsWanted()) {
+            tell(each);
+        }
+    }
+    if (!round.unlinked.empty()) {
+        throw LinkError(round.unlinked);
+    }
+    throw ToolError(Exit::TimeOver, "nothing is answered any longer; --limit gives each answer more time");
+}
+
+/** Goes through the states and puts what became of them into the list. @return whether any was set, or would be */
+bool goOn(const RestoreOrder& order, std::vector<Restored>& all, const Tell& tell) {
+    const Round round = goThrough(order, tell);
+    update(all, round.restored);
+    requireWhole(round, order, all, tell);
+    return hasSetAny(round.restored);
+}
+
+/** Reads all once more: what was set last may have changed what was as wanted before. */
+void readAgain(RestoreOrder order, std::vector<Restored>& all, const Tell& tell) {
+    order.isRehearsal = true;
+    const Round round = goThrough(order, [](const Restored&) {});
+    for (std::size_t i = 0; i < round.restored.size(); ++i) {
+        const Restored& found = round.restored[i];
+        if (all[i].isAsWanted() && !(found.isAsWanted() && found.call.empty())) {
+            all[i].after = found.before;
+            all[i].complaint = found.isAsWanted() ? "changes when another state is set" : found.complaint;
+        }
+    }
+    requireWhole(round, order, all, tell);
+}
+
 } // namespace
 
-std::vector<Restored> restore(const RestoreOrder& order, const std::function<void(const Restored& restored)>& tell) {
+std::vector<Restored> restore(const RestoreOrder& order, const Tell& tell) {
     constexpr int kMostRounds = 4;
     RestoreOrder sorted = order;
     std::stable_sort(sorted.states.begin(), sorted.states.end(),
                      [](const HeldState& left, const HeldState& right) { return turnOf(left) < turnOf(right); });
-    std::vector<Restored> all = goThrough(sorted, tell);
-    std::vector<Restored> last = all;
-    for (int round = 1; round < kMostRounds && !order.isRehearsal && hasSetAny(last); ++round) {
-        last = goThrough(sorted, tell);
-        update(all, last);
+    std::vector<Restored> all;
+    bool isUnsettled = goOn(sorted, all, tell) && !order.isRehearsal;
+    for (int round = 1; round < kMostRounds && isUnsettled; ++round) {
+        isUnsettled = goOn(sorted, all, tell);
+    }
+    if (isUnsettled) {
+        readAgain(sorted, all, tell);
     }
     return all;
 }

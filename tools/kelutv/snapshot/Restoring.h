@@ -34,11 +34,11 @@ struct RestoreOrder {
 };
 
 /**
- * Sets what differs, what others depend on first, and reads it back; again as long as that helps, since setting one
- * state may change another. Reads everything itself, so that it can be broken off anywhere and made again. This process
- * must not have used the library yet.
+ * Sets what differs, what others depend on first, and reads it back; again as long as that helps, four times at most,
+ * since setting one state may change another. Reads everything itself, so that it can be broken off anywhere and made
+ * again. This process must not have used the library yet.
  *
- * @param tell hears of each state that is set, or would be, at once
+ * @param tell hears of each state that is set, or would be, at once, and before an error of each that is not as wanted
  * @return what became of each state, in the order in which they were set
  * @throws LinkError when there is no service or it is gone, ToolError when nothing is answered any longer
  */
