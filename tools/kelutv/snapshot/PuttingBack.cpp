@@ -33,7 +33,7 @@ bool readsAs(const Json& stored, const Json& read) {
 std::string complaintAbout(const SetCall& call, const HeldState& held) {
     const auto requests = requestsOf(*call.function, call.arguments);
     if (stateNamedIn(held.state) == nullptr) {
-        return "";
+        return requests.empty() ? nameOf(*call.function) + " sends no request for this value" : "";
     }
     if (requests.size() != 1) {
         return nameOf(*call.function) + " sends " + std::to_string(requests.size()) + " requests for this value";
@@ -65,7 +65,8 @@ std::string shellWord(const std::string& word) {
 
 } // namespace
 
-FoundCall callPuttingBack(const HeldState& held, bool mayBeDangerous) {
+FoundCall callPuttingBack(const HeldState& held) {
+    const bool mayBeDangerous = isDangerous(held);
     FoundCall found{{nullptr, {}}, "nothing sets it"};
     for (const wire::Function* const setter : settersOf(held)) {
         if (setter->effect.isDangerous && !mayBeDangerous) {

@@ -26,8 +26,10 @@ struct FoundCall {
  * The call that gives the state exactly the value that was held. Of a state that the catalogue has, the call is proved
  * before it is given: the library's own function makes its request, which is read by the catalogue's rule. This process
  * must be one that may use the library.
+ *
+ * A dangerous operation makes the call only where no other can put the state back, as `isDangerous` says.
  */
-FoundCall callPuttingBack(const HeldState& held, bool mayBeDangerous);
+FoundCall callPuttingBack(const HeldState& held);
 
 /** The command line that makes the call. */
 std::string commandLineOf(const SetCall& call);

@@ -37,7 +37,7 @@ Restored putBack(const HeldState& held, bool isRehearsal) {
     if (restored.before == restored.wanted) {
         return restored;
     }
-    const FoundCall found = callPuttingBack(held, true);
+    const FoundCall found = callPuttingBack(held);
     if (found.call.function == nullptr) {
         restored.complaint = "cannot be put back: " + found.complaint;
         return restored;

@@ -31,6 +31,11 @@ struct Table {
     std::map<std::string, Setters> byReader;
 };
 
+void putHarmlessFirst(Setters& setters) {
+    std::stable_partition(setters.begin(), setters.end(),
+                          [](const wire::Function* setter) { return !setter->effect.isDangerous; });
+}
+
 Table makeTable() {
     Table table;
     for (const wire::Function& function : wire::allFunctions()) {
@@ -41,8 +46,10 @@ Table makeTable() {
         }
     }
     for (auto& [key, setters] : table.byState) {
-        std::stable_partition(setters.begin(), setters.end(),
-                              [](const wire::Function* setter) { return !setter->effect.isDangerous; });
+        putHarmlessFirst(setters);
+    }
+    for (auto& [reader, setters] : table.byReader) {
+        putHarmlessFirst(setters);
     }
     return table;
 }
@@ -92,7 +99,8 @@ std::vector<const wire::Function*> settersOf(const HeldState& held) {
 
 bool isDangerous(const HeldState& held) {
     const auto setters = settersOf(held);
-    return !setters.empty() && setters.front()->effect.isDangerous;
+    return !setters.empty() && std::all_of(setters.begin(), setters.end(),
+                                           [](const wire::Function* setter) { return setter->effect.isDangerous; });
 }
 
 int turnOf(const HeldState& held) {
