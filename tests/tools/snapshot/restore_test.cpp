@@ -126,6 +126,13 @@ TEST_F(Snapshots, leaveDangerousAndOtherStatesAloneUnlessNamed) {
     const ToolRun harmless = restore("golden.json");
     EXPECT_EQ(harmless.output, "audio.soundMode: 0 (standard) -> 1 (movie)\n");
     EXPECT_EQ(harmless.error, "kelutv: 1 state set, 0 did not take, 1 as wanted, 2 dangerous left alone\n");
+    const ToolRun rehearsed = restore("golden.json", {"--dry-run"});
+    EXPECT_EQ(rehearsed.error.substr(0, rehearsed.error.find('\n')),
+              "kelutv: dangerous, left alone unless --allow-dangerous names them: factory.country, "
+              "factory.machineInfo");
+    const ToolRun alone = restore("golden.json", {"--only", "factory.country"});
+    EXPECT_EQ(alone.error, "kelutv: dangerous, left alone unless --allow-dangerous names them: factory.country\n"
+                           "kelutv: 0 states set, 0 did not take, 0 as wanted, 1 dangerous left alone\n");
     const ToolRun named = restore("golden.json", {"--allow-dangerous", "factory.country"});
     EXPECT_EQ(statesIn(named.output), std::vector<std::string>{"factory.country"}) << named.output;
     const ToolRun all = restore("golden.json", {"--allow-dangerous", "*"});

@@ -96,10 +96,39 @@ TEST_F(Snapshots, areRefusedWhenTheyAreNone) {
     write("none.json", std::string(100000, '['));
     EXPECT_EQ(restore("none.json").exit, 2);
     EXPECT_EQ(restore("missing.json").exit, 2);
+}
+
+TEST_F(Snapshots, areRestoredWithPatternsThatMeanWhatCanBePutBackAlone) {
+    writeSome("some.json", {{"audio.soundMode", Json::array({0})}, {"factory.panelID", Json::array({"only read"})}});
+    for (const char* const pattern : {"nothing.like.this", "factory.panelID"}) {
+        const ToolRun only = restore("some.json", {"--only", pattern});
+        EXPECT_EQ(only.exit, 2);
+        EXPECT_NE(only.error.find("--only: no state of the file that can be put back matches '" + std::string(pattern) +
+                                  '\''),
+                  std::string::npos)
+            << only.error;
+    }
+    const ToolRun dangerous = restore("some.json", {"--allow-dangerous", "audio.soundMode"});
+    EXPECT_EQ(dangerous.exit, 2);
+    EXPECT_NE(dangerous.error.find("--allow-dangerous: no dangerous state of the file that can be put back matches "
+                                   "'audio.soundMode'"),
+              std::string::npos)
+        << dangerous.error;
+}
+
+TEST_F(Snapshots, refuseOptionsOfTheCommandAboveThatWouldDoNothing) {
     writeSome("some.json", {{"audio.soundMode", Json::array({0})}});
-    const ToolRun pattern = restore("some.json", {"--only", "nothing.like.this"});
-    EXPECT_EQ(pattern.exit, 2);
-    EXPECT_NE(pattern.error.find("--only: no state of the file matches 'nothing.like.this'"), std::string::npos);
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"restore", file("some.json"), "-o", file("backup.json")},
+          {"-o", file("backup.json"), "restore", file("some.json")},
+          {"diff", file("some.json"), file("some.json"), "-o", file("backup.json")},
+          {"--limit", "1", "diff", file("some.json"), file("some.json")}}) {
+        std::vector<std::string> line{"snapshot"};
+        line.insert(line.end(), words.begin(), words.end());
+        const ToolRun run = runTool(line);
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_NE(run.error.find(" goes with 'kelutv snapshot' "), std::string::npos) << run.error;
+    }
 }
 
 TEST_F(Snapshots, tellThatThereIsNoService) {

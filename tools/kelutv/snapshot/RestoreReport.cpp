@@ -3,6 +3,8 @@
 #include "tools/kelutv/snapshot/StateText.h"
 #include "tools/kelutv/text/Lists.h"
 
+#include <algorithm>
+
 namespace kelutv::tool {
 
 namespace {
@@ -29,6 +31,19 @@ void tellRestored(const Restored& restored, bool isRehearsal, const Output& outp
     }
     output.line(line);
     output.document(restoredDocument(restored));
+}
+
+void tellLeftAlone(const std::vector<HeldState>& states, const Output& output) {
+    std::vector<std::string> names;
+    for (const HeldState& held : states) {
+        std::string name = nameWithoutKeys(held.state);
+        if (std::find(names.begin(), names.end(), name) == names.end()) {
+            names.push_back(std::move(name));
+        }
+    }
+    if (!names.empty()) {
+        output.message("kelutv: dangerous, left alone unless --allow-dangerous names them: " + joined(names, ", "));
+    }
 }
 
 Exit finishRestoring(const std::vector<Restored>& all, std::size_t leftAlone, bool isRehearsal, const Output& output) {

@@ -12,11 +12,11 @@
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Shown.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <memory>
+#include <optional>
 
 namespace kelutv::tool {
 
@@ -24,10 +24,12 @@ namespace {
 
 constexpr Seconds kShortest{0.01};
 constexpr Seconds kLongest{86400};
+constexpr double kLimit = 5;
 
 struct SnapshotOptions {
     std::string output;
-    double limit = 5;
+    /** How many seconds an answer may take; else `kLimit`. */
+    std::optional<double> limit;
     std::string first;
     std::string second;
     std::string file;
@@ -52,7 +54,7 @@ void writeFile(const std::string& path, const std::string& text) {
 }
 
 void take(const SnapshotOptions& options, const Output& output) {
-    const Snapshot snapshot = takeSnapshot(options.limit);
+    const Snapshot snapshot = takeSnapshot(options.limit.value_or(kLimit));
     if (options.output.empty() || options.output == "-") {
         writeData(output.json ? Json::parsed(textOf(snapshot)).dump() + '\n' : textOf(snapshot));
         return;
@@ -64,7 +66,18 @@ void take(const SnapshotOptions& options, const Output& output) {
     output.document({{"file", options.output}, {"readable", snapshot.readable()}, {"held", snapshot.held.size()}});
 }
 
+/** The parser takes options of the command above, too. */
+void refuseOutput(const SnapshotOptions& options, const std::string& command) {
+    if (!options.output.empty()) {
+        throw UsageError("-o goes with 'kelutv snapshot' alone, which takes one, not with '" + command + '\'');
+    }
+}
+
 Exit showDifference(const SnapshotOptions& options, const Output& output) {
+    refuseOutput(options, "diff");
+    if (options.limit) {
+        throw UsageError("--limit goes with 'kelutv snapshot' and its 'restore', not with 'diff', which asks nothing");
+    }
     const Snapshot first = snapshotIn(options.first);
     const Snapshot second = snapshotIn(options.second);
     const SnapshotComparison comparison = compare(first, second, [&options](const HeldState& held) {
@@ -81,47 +94,15 @@ Exit showDifference(const SnapshotOptions& options, const Output& output) {
     return comparison.differences.empty() ? Exit::Success : Exit::Failure;
 }
 
-/** @throws UsageError when one of the patterns means none of the states */
-void requireMatches(const char* option, const std::vector<std::string>& patterns,
-                    const std::vector<HeldState>& states) {
-    for (const std::string& pattern : patterns) {
-        const bool isUsed = std::any_of(states.begin(), states.end(),
-                                        [&](const HeldState& held) { return isMeant(held.state, {pattern}); });
-        if (!isUsed) {
-            throw UsageError(std::string(option) + ": no state of the file matches '" + wire::shown(pattern) + '\'');
-        }
-    }
-}
-
-/** What is to be put back, and what is left alone because it is not named. */
-struct Chosen {
-    std::vector<HeldState> states;
-    std::size_t leftAlone = 0;
-};
-
-Chosen chosenFrom(const Snapshot& snapshot, const SnapshotOptions& options) {
-    requireMatches("--only", options.only, snapshot.held);
-    requireMatches("--allow-dangerous", options.dangerous, snapshot.held);
-    Chosen chosen;
-    for (const HeldState& held : snapshot.held) {
-        const bool isWanted = options.only.empty() || isMeant(held.state, options.only);
-        if (!isWanted || settersOf(held).empty()) {
-            continue;
-        }
-        if (isDangerous(held) && !isMeant(held.state, options.dangerous)) {
-            ++chosen.leftAlone;
-        } else {
-            chosen.states.push_back(held);
-        }
-    }
-    return chosen;
-}
-
 Exit putBack(const SnapshotOptions& options, const Output& output) {
-    Chosen chosen = chosenFrom(snapshotIn(options.file), options);
-    const RestoreOrder order{std::move(chosen.states), options.dryRun, options.limit};
+    refuseOutput(options, "restore");
+    Chosen chosen = chosenFrom(snapshotIn(options.file), options.only, options.dangerous);
+    const RestoreOrder order{std::move(chosen.states), options.dryRun, options.limit.value_or(kLimit)};
     const auto all = restore(order, [&](const Restored& each) { tellRestored(each, options.dryRun, output); });
-    return finishRestoring(all, chosen.leftAlone, options.dryRun, output);
+    if (options.dryRun || !options.only.empty()) {
+        tellLeftAlone(chosen.leftAlone, output);
+    }
+    return finishRestoring(all, chosen.leftAlone.size(), options.dryRun, output);
 }
 
 void addLimit(const Subcommand& command, const Options& options) {

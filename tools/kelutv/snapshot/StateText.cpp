@@ -73,9 +73,9 @@ std::string stateText(const wire::StateKey& key, const wire::Values& indexes) {
     return std::string(key.name) + kIndexes + joined(texts, ",") + ']';
 }
 
-const wire::StateKey* stateNamedIn(const std::string& text) {
-    return wire::findState(text.substr(0, text.find(kIndexes)));
-}
+std::string nameWithoutKeys(const std::string& text) { return text.substr(0, text.find(kIndexes)); }
+
+const wire::StateKey* stateNamedIn(const std::string& text) { return wire::findState(nameWithoutKeys(text)); }
 
 Json documentOf(const wire::Value& value) {
     if (const auto* const number = std::get_if<std::int32_t>(&value)) {

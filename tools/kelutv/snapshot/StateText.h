@@ -10,6 +10,9 @@ namespace kelutv::tool {
 /** A state with the indexes under which it is kept: `audio.volume[speaker]`, `audio.soundMode`. */
 std::string stateText(const wire::StateKey& key, const wire::Values& indexes);
 
+/** The text without the indexes. */
+std::string nameWithoutKeys(const std::string& text);
+
 /** The state that such a text begins with; null when it is none of the catalogue's. */
 const wire::StateKey* stateNamedIn(const std::string& text);
 
