@@ -2,23 +2,17 @@
 
 #include "Descriptors.h"
 #include "EventRecorder.h"
+#include "FakePublisher.h"
 #include "FakeSubscriber.h"
 #include "support/Capture.h"
 #include "support/ChildProcess.h"
 #include "support/Deadline.h"
 
-#include "socket/SeqPacket.h"
-
-#include <keluem/emal.h>
 #include <keluem/publisher.h>
 #include <kqlog/capture.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstddef>
@@ -34,10 +28,10 @@ using kelutv::test::ChildProcess;
 using kelutv::test::countIn;
 using kelutv::test::EventRecorder;
 using kelutv::test::eventually;
+using kelutv::test::FakePublisher;
 using kelutv::test::FakeSubscriber;
 using kelutv::test::LogCapture;
-
-using Words = std::vector<unsigned int>;
+using kelutv::test::Words;
 
 constexpr unsigned int kModule = 0x140000;
 constexpr unsigned int kVersion = 1;
@@ -48,112 +42,6 @@ std::size_t linesWith(LogCapture& log, const std::string& part) {
     const auto entries = log.take();
     return static_cast<std::size_t>(std::count_if(
         entries.begin(), entries.end(), [&](const auto& entry) { return entry.text.find(part) != std::string::npos; }));
-}
-
-bool readable(int socket) {
-    pollfd waited{socket, POLLIN, 0};
-    return ::poll(&waited, 1, static_cast<int>(kelutv::test::kPatience.count())) == 1;
-}
-
-/** A connection of a publisher to this process that the test itself reads and writes. */
-class FakePublisher {
-public:
-    FakePublisher() : mSocket(kq::connectTo(kelutv::test::ownEntry())) {}
-
-    bool send(const std::vector<unsigned char>& packet) const {
-        return ::send(mSocket.get(), packet.data(), packet.size(), MSG_NOSIGNAL) >= 0;
-    }
-
-    /** The next packet, none of which is empty; empty at the end of the connection or when none comes in time. */
-    Words next() const {
-        Words words(kMostModules + 3);
-        const std::size_t size =
-            readable(mSocket.get()) ? kq::receivePacket(mSocket.get(), words.data(), words.size() * 4) : 0;
-        words.resize(size / 4);
-        return words;
-    }
-
-    /** A packet that is there already. */
-    Words received() const {
-        Words words(kMostModules + 3);
-        const ssize_t size = ::recv(mSocket.get(), words.data(), words.size() * 4, MSG_DONTWAIT);
-        words.resize(size < 0 ? 0 : static_cast<std::size_t>(size) / 4);
-        return words;
-    }
-
-private:
-    kq::UniqueFd mSocket;
-};
-
-void ignore(unsigned int /*id*/, void* /*payload*/, unsigned int /*length*/, void* /*previous*/) {}
-
-TEST(Subscriber, tellsEveryPublisherWhatItWants) {
-    EventRecorder recorder(kModule);
-    const FakePublisher publisher;
-    EXPECT_EQ(publisher.next(), (Words{kVersion, 1, kModule}));
-    ASSERT_EQ(EMAL_AddListener(0x10000, ignore), 0);
-    EXPECT_EQ(publisher.received(), (Words{kVersion, 2, 0x10000, kModule}));
-    ASSERT_EQ(EMAL_RemoveListener(0x10000), 0);
-    EXPECT_EQ(publisher.received(), (Words{kVersion, 1, kModule}));
-    EXPECT_EQ(publisher.received(), Words{});
-}
-
-TEST(Subscriber, tellsOfListenersThatComeTogetherAtOnce) {
-    const Words others{0x10000, 0x20000, 0x30000, 0x40000, 0x50000, 0x60000};
-    EventRecorder recorder(kModule);
-    // Again where this thread was held up between them.
-    EXPECT_TRUE(eventually([&] {
-        const FakePublisher publisher;
-        for (const unsigned int module : others) {
-            EXPECT_EQ(EMAL_AddListener(module, ignore), 0);
-        }
-        const Words told = publisher.next();
-        for (const unsigned int module : others) {
-            EXPECT_EQ(EMAL_RemoveListener(module), 0);
-        }
-        return told == Words{kVersion, 7, 0x10000, 0x20000, 0x30000, 0x40000, 0x50000, 0x60000, kModule};
-    }));
-}
-
-TEST(Subscriber, listensToNoMoreModulesThanAListHolds) {
-    EventRecorder recorder(kModule);
-    const FakePublisher publisher;
-    EXPECT_EQ(publisher.next(), (Words{kVersion, 1, kModule}));
-    unsigned int added = 0;
-    while (EMAL_AddListener(0x1000000 + added * 0x10000, ignore) == 0) {
-        publisher.received();
-        ++added;
-    }
-    EXPECT_EQ(added + 1, kMostModules);
-    EXPECT_EQ(EMAL_AddListener(0x10000, ignore), -ENOSPC);
-    EXPECT_EQ(EMAL_RemoveListener(0x10000), -ENOENT);
-    EXPECT_EQ(EMAL_AddListener(0x1000000, ignore), 0); // replaces one
-    for (unsigned int i = 0; i < added; ++i) {
-        EXPECT_EQ(EMAL_RemoveListener(0x1000000 + i * 0x10000), 0);
-    }
-}
-
-TEST(Subscriber, asksAPublisherThatStandsStillForEverything) {
-    EventRecorder recorder(kModule);
-    const FakePublisher publisher;
-    EXPECT_EQ(publisher.next(), (Words{kVersion, 1, kModule}));
-    for (int i = 0; i < 2000; ++i) {
-        ASSERT_EQ(EMAL_AddListener(0x10000, ignore), 0);
-        ASSERT_EQ(EMAL_RemoveListener(0x10000), 0);
-    }
-    ASSERT_EQ(EMAL_AddListener(0x20000, ignore), 0);
-    Words last;
-    bool askedForEverything = false;
-    for (Words words = publisher.received(); !words.empty(); words = publisher.received()) {
-        askedForEverything = askedForEverything || words == Words{kVersion, kEverything};
-        last = words;
-    }
-    EXPECT_TRUE(askedForEverything);
-    EXPECT_TRUE(last == (Words{kVersion, kEverything}) || last == (Words{kVersion, 2, 0x20000, kModule}));
-    if (last == Words{kVersion, kEverything}) {
-        EXPECT_EQ(publisher.next(), (Words{kVersion, 2, 0x20000, kModule})); // now that it has read
-    }
-    EXPECT_EQ(EMAL_RemoveListener(0x20000), 0);
 }
 
 TEST(Subscriber, shutsOutWhatSendsNoEvents) {
