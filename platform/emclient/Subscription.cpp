@@ -173,10 +173,15 @@ void Subscription::upkeep() {
     }
 }
 
+/** Later, where there is no memory for the list. */
 void Subscription::tellVague() {
-    mTell = kNever;
-    const std::lock_guard<std::mutex> lock(mMutex);
-    mConnections.tellVague(list());
+    try {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mConnections.tellVague(list());
+        mTell = kNever;
+    } catch (const std::bad_alloc&) {
+        mTell = Clock::now() + kTellPause;
+    }
 }
 
 void Subscription::serve() {
