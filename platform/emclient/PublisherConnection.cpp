@@ -36,6 +36,11 @@ bool PublisherConnection::hungUp() const {
     return ::poll(&state, 1, 0) == 1;
 }
 
+bool PublisherConnection::hasSpace() const {
+    pollfd state{mSocket.get(), POLLOUT, 0};
+    return ::poll(&state, 1, 0) == 1 && (state.revents & POLLOUT) != 0;
+}
+
 void PublisherConnection::startModule(std::uint32_t module) {
     mModuleStart[module] = mReceived + static_cast<std::uint64_t>(bytesThat(SIOCINQ, mSocket.get()));
 }

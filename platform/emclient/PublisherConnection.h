@@ -64,6 +64,10 @@ public:
     /** Tells it the list whatever is unread. For a publisher that sends everything, once it has read. */
     int tellExactly(const std::vector<std::uint32_t>& list);
 
+    /** True when the publisher has read so much that the system takes a list at any rate, which EPOLLOUT says as well.
+     */
+    bool hasSpace() const;
+
     /** True when the publisher sends everything, as it does until it is told a list. */
     bool vague() const { return mVague; }
 

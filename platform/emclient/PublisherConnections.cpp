@@ -114,7 +114,7 @@ void PublisherConnections::noteSpace(PublisherConnection& connection) {
 
 void PublisherConnections::tellVague(const std::vector<std::uint32_t>& list) {
     for (PublisherConnection& connection : mConnections) {
-        if (connection.vague() && connection.tellExactly(list) != 0) {
+        if (connection.vague() && (!connection.hasSpace() || connection.tellExactly(list) != 0)) {
             mPoller.change(connection.fd(), kWithSpace, &connection);
         }
     }

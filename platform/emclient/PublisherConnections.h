@@ -41,7 +41,7 @@ public:
     /** To be called when a connection is said to have space: it is not said again. */
     void noteSpace(PublisherConnection& connection);
 
-    /** Tells the list to those who send everything. Of one that has no space it is said when it has. */
+    /** Tells the list to those who send everything and have space. Of one that has none it is said when it has. */
     void tellVague(const std::vector<std::uint32_t>& list);
 
 private:

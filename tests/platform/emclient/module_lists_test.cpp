@@ -102,4 +102,22 @@ TEST(Subscriber, asksAPublisherThatStandsStillForEverything) {
     EXPECT_EQ(EMAL_RemoveListener(0x20000), 0);
 }
 
+TEST(Subscriber, tellsAPublisherThatStandsStillNoMoreListsThanItReads) {
+    constexpr std::size_t kMostUnread = 256;
+    EventRecorder recorder(kModule);
+    const FakePublisher still;
+    for (int round = 0; round < 300; ++round) {
+        const FakePublisher passing;
+        ASSERT_TRUE(passing.sendEvent(kModule)); // it is told before that is delivered
+        ASSERT_FALSE(passing.next().empty());
+        ASSERT_EQ(EMAL_AddListener(0x10000, ignore), 0) << round;
+        ASSERT_EQ(EMAL_RemoveListener(0x10000), 0);
+    }
+    const std::vector<Words> packets = takeAll(still);
+    ASSERT_FALSE(packets.empty());
+    EXPECT_LT(packets.size(), kMostUnread);
+    const bool isToldLater = packets.back() == Words{kVersion, kEverything}; // now that it has read
+    EXPECT_EQ(isToldLater ? still.next() : packets.back(), (Words{kVersion, 1, kModule}));
+}
+
 } // namespace
