@@ -203,12 +203,15 @@ void Subscription::acceptPublishers() {
         const std::lock_guard<std::mutex> lock(mMutex);
         all = acceptWaiting(log);
     }
+    planToTell();
     if (all) {
         listenAgain();
     } else {
         pauseAccepting();
     }
 }
+
+void Subscription::planToTell() { mTell = std::min(mTell, Clock::now() + kTellPause); }
 
 void Subscription::pauseAccepting() { mAcceptAgain = Clock::now() + kAcceptPause; }
 
@@ -225,7 +228,7 @@ void Subscription::receiveFrom(PublisherConnection& connection, std::uint32_t ev
         const std::lock_guard<std::mutex> lock(mMutex);
         if ((events & EPOLLOUT) != 0) {
             mConnections.noteSpace(connection);
-            mTell = std::min(mTell, Clock::now() + kTellPause);
+            planToTell();
         }
         wanted = mConnections.receive(connection, mPacket.get(), log) == PublisherConnection::Received::Event &&
                  mListeners.has(moduleOf(mPacket->id()));

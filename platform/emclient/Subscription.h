@@ -47,6 +47,7 @@ private:
     void tellVague();
     void serve();
     void acceptPublishers();
+    void planToTell();
     void pauseAccepting();
     void listenAgain();
     void receiveFrom(PublisherConnection& connection, std::uint32_t events);

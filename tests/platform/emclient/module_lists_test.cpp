@@ -7,6 +7,7 @@
 #include <keluem/emal.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstddef>
 #include <vector>
@@ -118,6 +119,42 @@ TEST(Subscriber, tellsAPublisherThatStandsStillNoMoreListsThanItReads) {
     EXPECT_LT(packets.size(), kMostUnread);
     const bool isToldLater = packets.back() == Words{kVersion, kEverything}; // now that it has read
     EXPECT_EQ(isToldLater ? still.next() : packets.back(), (Words{kVersion, 1, kModule}));
+}
+
+std::atomic<int> delivered{0};
+std::atomic<bool> released{false};
+std::atomic<const FakePublisher*> newcomer{nullptr};
+Words toldBefore;
+
+/** Waits with the second event, and notes with the third what the newcomer has been told. */
+void holdingListener(unsigned int /*id*/, void* /*payload*/, unsigned int /*length*/, void* /*previous*/) {
+    if (delivered == 2) {
+        toldBefore = newcomer.load()->received();
+    }
+    if (++delivered == 2) {
+        eventually([] { return released.load(); });
+    }
+}
+
+TEST(Subscriber, tellsAPublisherWhatItWantsBeforeItDeliversAnEventThatCameAtTheSameTime) {
+    kelutv::test::runtimeDir();
+    ASSERT_EQ(EMAL_AddListener(kModule, holdingListener), 0);
+    const FakePublisher first;
+    const FakePublisher second;
+    ASSERT_EQ(first.next(), (Words{kVersion, 1, kModule}));
+    ASSERT_EQ(second.next(), (Words{kVersion, 1, kModule}));
+    // Nothing of the second waits any more when the newcomer connects, who thus comes before its event.
+    ASSERT_TRUE(second.sendEvent(kModule));
+    ASSERT_TRUE(eventually([] { return delivered == 1; }));
+    ASSERT_TRUE(first.sendEvent(kModule));
+    ASSERT_TRUE(eventually([] { return delivered == 2; }));
+    const FakePublisher third;
+    newcomer = &third;
+    EXPECT_TRUE(second.sendEvent(kModule));
+    released = true;
+    EXPECT_TRUE(eventually([] { return delivered == 3; }));
+    EXPECT_EQ(EMAL_RemoveListener(kModule), 0);
+    EXPECT_EQ(toldBefore, (Words{kVersion, 1, kModule}));
 }
 
 } // namespace
