@@ -7,6 +7,7 @@
 #include <utils/String16.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace kelutv::internal {
@@ -33,7 +34,9 @@ Request& Request::word(int value) {
 
 Request& Request::block(const void* values, int count, size_t size) {
     if (values != nullptr && count > 0) {
-        mWritten |= mArguments.write(values, static_cast<size_t>(count) * size);
+        // More than a parcel holds may be more than a word counts.
+        const auto length = static_cast<std::uint64_t>(count) * size;
+        mWritten |= length <= INT32_MAX ? mArguments.write(values, static_cast<size_t>(length)) : android::BAD_VALUE;
     }
     return *this;
 }

@@ -212,6 +212,18 @@ TEST_F(FactoryValues, ofTheSoundCurveAreSentBehindTheirNumber) {
     }
 }
 
+TEST_F(FactoryValues, areNotSentWhereTheyAreMoreThanARequestHolds) {
+    double curve[] = {1};
+    int key[] = {1};
+    for (const int count : {0x20000000, 0x40000000, std::numeric_limits<int>::max()}) {
+        EXPECT_EQ(factory().setSoundCurve(curve, count), -1) << count;
+        EXPECT_EQ(logged(), kInvokeFailure) << count;
+        EXPECT_EQ(factory().setKeyData(1, key, count, 2, 3), -1) << count;
+        EXPECT_EQ(logged(), kInvokeFailure) << count;
+    }
+    EXPECT_EQ(sent(), kNothingSent);
+}
+
 TEST_F(FactoryValues, ofTheEthernetItemAreTheFirst) {
     answer({0, 7, 8});
     EXPECT_EQ(factory().getSupportEthConfig(), 7);
