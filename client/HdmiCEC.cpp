@@ -22,6 +22,16 @@ bool readDevice(const Parcel& reply, Device& device) {
            readText(reply, device.phyAddr) && readText(reply, device.hdmiListText);
 }
 
+/** Adds the device to the list, which takes its texts. Written out, since moving a record takes more code. */
+void take(std::vector<Device>& devices, Device& device) {
+    Device& added = devices.emplace_back();
+    added.logAddr = device.logAddr;
+    added.hdmiDevPort = device.hdmiDevPort;
+    added.deVName.swap(device.deVName);
+    added.phyAddr.swap(device.phyAddr);
+    added.hdmiListText.swap(device.hdmiListText);
+}
+
 void tell(const Device& device) {
     std::fprintf(stderr, "D/HdmiCEC %s() --> Device: logAddr = %d, port = %d, name = %s, phyAddr = %s, text = %s\n",
                  "getDeviceListInfo", static_cast<int>(device.logAddr), static_cast<int>(device.hdmiDevPort),
@@ -52,10 +62,10 @@ int HdmiCEC::getDeviceListInfo(std::vector<Device>* deviceList) {
         return -1;
     }
     allocating([&] {
-        while (readDevice(reply, deviceList->emplace_back())) {
-            tell(deviceList->back());
+        for (Device device; readDevice(reply, device);) {
+            tell(device);
+            take(*deviceList, device);
         }
-        deviceList->pop_back();
     });
     return 0;
 }

@@ -92,6 +92,19 @@ TEST_F(CecDeviceList, staysAsItIsForAnEmptyAnswer) {
     EXPECT_EQ(mTold.take(), "");
 }
 
+TEST_F(CecDeviceList, staysWhereItIsForAnAnswerWithoutADevice) {
+    Devices devices{kPlayer, kAmplifier};
+    devices.shrink_to_fit();
+    const Device* const place = devices.data();
+    const std::size_t capacity = devices.capacity();
+    for (const Wire& reply : {Wire::reply().i32(0), Wire::reply().i32(0).i32(5).i32(2).cstr("name")}) {
+        service().reply(reply.bytes());
+        EXPECT_EQ(HdmiCEC::instance()->getDeviceListInfo(&devices), 0);
+        EXPECT_EQ(devices.data(), place);
+        EXPECT_EQ(devices.capacity(), capacity);
+    }
+}
+
 TEST_F(CecDeviceList, staysAsItIsWhenTheServiceFails) {
     Devices devices{kPlayer};
     Bytes reply = devicesReply({kAmplifier}).bytes();
