@@ -48,9 +48,7 @@ int FakeDriver::control(unsigned long request, void* argument) {
         return mError;
     }
     const uint8_t* const written = pointerTo(exchange->write_buffer);
-    const bool leaves = exchange->write_size > 0 && mWritesLeft > 0;
-    mWritesLeft -= leaves ? 1 : 0;
-    exchange->write_consumed = leaves ? 0 : exchange->write_size;
+    exchange->write_consumed = take(*exchange);
     const bool serves = remember(Bytes(written, written + exchange->write_consumed));
     return exchange->read_size == 0 ? 0 : read(exchange, serves);
 }
@@ -68,6 +66,19 @@ void FakeDriver::failAfter(int exchanges, int error) {
 void FakeDriver::failNextReads(int error, int times) {
     mError = error;
     mReadFailures = times;
+}
+
+/** How much of what is written it takes. */
+binder_size_t FakeDriver::take(const binder_write_read& exchange) {
+    if (exchange.write_size == 0 || countsDown(&mWritesLeft)) {
+        return 0;
+    }
+    if (!mOneCommand.exchange(false)) {
+        return exchange.write_size;
+    }
+    uint32_t first = 0;
+    std::memcpy(&first, pointerTo(exchange.write_buffer), sizeof(first));
+    return sizeof(first) + _IOC_SIZE(first);
 }
 
 bool FakeDriver::remember(const Bytes& written) {

@@ -54,6 +54,8 @@ public:
     void keepSilent() { mSilent = true; }
     /** The next writes are left where they are. */
     void takeNothingNext(int writes = 1) { mWritesLeft = writes; }
+    /** Of the next write the first command is taken alone, as of one whose first command fails. */
+    void takeOneCommandNext() { mOneCommand = true; }
     /** The next exchanges of any thread fail with a negative errno value, and nothing of them is taken. */
     void failNext(int error, int times = 1);
     /** As failNext for one exchange, after so many that do not fail. */
@@ -87,6 +89,7 @@ public:
 
 private:
     static Bytes bytesOf(const std::vector<Command>& commands);
+    binder_size_t take(const binder_write_read& exchange);
     bool remember(const Bytes& written);
     int read(binder_write_read* exchange, bool serves);
 
@@ -101,6 +104,7 @@ private:
     bool mOverstate = false;
     bool mSilent = false;
     std::atomic<int> mWritesLeft{0};
+    std::atomic<bool> mOneCommand{false};
     std::atomic<int> mError{0};
     std::atomic<int> mBeforeFailures{0};
     std::atomic<int> mFailures{0};

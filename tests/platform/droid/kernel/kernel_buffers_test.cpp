@@ -119,6 +119,21 @@ TEST_F(KernelBuffers, goBackWhereTheirParcelsEnd) {
     EXPECT_EQ(takeFreed(), Buffers{buffer});
 }
 
+TEST_F(KernelBuffers, ofParcelsThatAreWrittenToOrEmptiedGoBackToo) {
+    onAThread([this] {
+        Parcel written;
+        Parcel emptied;
+        const Buffers buffers{answer(4), answer(4)};
+        ASSERT_EQ(call(1, {}, &written), NO_ERROR);
+        ASSERT_EQ(call(1, {}, &emptied), NO_ERROR);
+        EXPECT_EQ(written.writeInt32(9), NO_ERROR);
+        emptied.freeData();
+        driver.takeSent();
+        callTheDead();
+        EXPECT_EQ(takeFreed(), buffers);
+    });
+}
+
 TEST_F(KernelBuffers, ofOneThreadAreKeptUpToEight) {
     onAThread([this] {
         keepReplies(8, 4);
@@ -188,6 +203,24 @@ TEST_F(KernelBuffers, goBackThoughTheCallIsNotTaken) {
         driver.failNext(-ENOMEM);
         EXPECT_EQ(call(2, {}, nullptr), FAILED_TRANSACTION);
         EXPECT_EQ(driver.takeSentCodes(), Codes{BC_FREE_BUFFER}) << "the call is given up, what it carried is not";
+    });
+}
+
+TEST_F(KernelBuffers, goBackThoughTheDriverStopsAtTheCallThatTheyGoWith) {
+    onAThread([this] {
+        const Buffers buffers = keepReplies(2, 4);
+        const int before = driver.exchanges();
+        driver.takeOneCommandNext();
+        driver.say({command(BR_FAILED_REPLY)});
+        EXPECT_EQ(call(2, {}, nullptr), FAILED_TRANSACTION);
+        EXPECT_EQ(driver.exchanges() - before, 2);
+        const std::vector<Command> sent = driver.takeSent();
+        ASSERT_EQ(sent.size(), 3u);
+        EXPECT_EQ(sent[0].code, static_cast<uint32_t>(BC_TRANSACTION));
+        for (const size_t at : {1u, 2u}) {
+            EXPECT_EQ(sent[at].code, static_cast<uint32_t>(BC_FREE_BUFFER));
+            EXPECT_EQ(sent[at].as<binder_uintptr_t>(), buffers[at - 1]);
+        }
     });
 }
 
