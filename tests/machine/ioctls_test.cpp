@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <linux/android/binder.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -24,6 +25,8 @@
 namespace {
 
 thread_local int tIoctls = 0;
+/** Where this thread notes its ioctls; null when it does not. */
+thread_local std::vector<unsigned long>* tRequests = nullptr;
 
 } // namespace
 
@@ -34,6 +37,9 @@ extern "C" [[gnu::visibility("default")]] int ioctl(int descriptor, unsigned lon
     void* const argument = va_arg(arguments, void*);
     va_end(arguments);
     ++tIoctls;
+    if (tRequests != nullptr) {
+        tRequests->push_back(request);
+    }
     return static_cast<int>(::syscall(SYS_ioctl, descriptor, request, argument));
 }
 
@@ -55,6 +61,18 @@ TEST(IoctlsOfACaller, areOneACall) {
         ASSERT_EQ(call(binder, kEcho, replyOf({made})).bytes, replyOf({made}));
     }
     EXPECT_EQ(tIoctls - before, kCalls);
+}
+
+TEST(IoctlsOfACaller, areTwoWhenItsThreadEnds) {
+    const RuntimeDir directory;
+    const Peer peer;
+    const sp<android::IBinder> binder = peer.binder();
+    std::vector<unsigned long> requests;
+    std::thread([&] {
+        ASSERT_EQ(call(binder, kEcho, replyOf({7})).status, NO_ERROR);
+        tRequests = &requests;
+    }).join();
+    EXPECT_EQ(requests, (std::vector<unsigned long>{BINDER_WRITE_READ, BINDER_THREAD_EXIT}));
 }
 
 /** Notes at each call how many ioctls its thread has made. */

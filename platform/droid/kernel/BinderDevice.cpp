@@ -1,11 +1,11 @@
 #include "BinderDriver.h"
 
+#include "ThreadEnd.h"
 #include "socket/Descriptors.h"
 
 #include <linux/android/binder.h>
 
 #include <fcntl.h>
-#include <pthread.h>
 #include <sys/ioctl.h>
 #include <sys/mman.h>
 
@@ -39,44 +39,19 @@ const char* reasonOf(int error) {
     }
 }
 
-/** Tells the driver of the end of each thread that has used it. */
-class ThreadExits {
-public:
-    /** Has the driver told when this thread ends: 0 or a negative errno value. */
-    static int tellOfThis(int device) {
-        if (tTells) {
-            return 0;
-        }
-        static const ThreadExits exits;
-        if (exits.mError != 0) {
-            return -exits.mError;
-        }
-        // NOLINTNEXTLINE(performance-no-int-to-ptr): null says that there is nothing to tell.
-        const int error = ::pthread_setspecific(exits.mKey, reinterpret_cast<void*>(static_cast<intptr_t>(device) + 1));
-        tTells = error == 0;
-        return -error;
+/** Tells the driver of the end of this thread; `noted` is the device and 1. */
+void tellOfEnd(void* noted) {
+    if (!kq::inForkedChild()) {
+        interruptible(static_cast<int>(reinterpret_cast<intptr_t>(noted) - 1), BINDER_THREAD_EXIT, nullptr);
     }
+}
 
-private:
-    // A thread-local object with a destructor would end the process where the C library has no memory to note it.
-    ThreadExits() : mError(::pthread_key_create(&mKey, tell)) {}
-
-    static void tell(void* noted) {
-        // Other destructors of the thread may use the driver once more.
-        tTells = false;
-        if (!kq::inForkedChild()) {
-            interruptible(static_cast<int>(reinterpret_cast<intptr_t>(noted) - 1), BINDER_THREAD_EXIT, nullptr);
-        }
-    }
-
-    // The driver will be told of the end of this thread.
-    static thread_local bool tTells;
-
-    pthread_key_t mKey{};
-    int mError;
-};
-
-thread_local bool ThreadExits::tTells = false;
+/** Has the driver told when this thread ends: 0 or a negative errno value. */
+int noteEnd(int device) {
+    static const ThreadEnd end(tellOfEnd);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): null says that there is nothing to tell.
+    return end.tellOfThis(reinterpret_cast<const void*>(static_cast<intptr_t>(device) + 1));
+}
 
 } // namespace
 
@@ -121,7 +96,7 @@ int BinderDevice::map() {
 }
 
 int BinderDevice::control(unsigned long request, void* argument) {
-    const int error = ThreadExits::tellOfThis(mDevice.get());
+    const int error = noteEnd(mDevice.get());
     return error != 0 ? error : interruptible(mDevice.get(), request, argument);
 }
 

@@ -1,8 +1,8 @@
 #include "ReturnedBuffers.h"
 
-#include <linux/android/binder.h>
+#include "ThreadEnd.h"
 
-#include <pthread.h>
+#include <linux/android/binder.h>
 
 #include <array>
 
@@ -14,11 +14,9 @@ namespace {
 struct Kept {
     ReturnedBuffers* owner;
     size_t count;
-    bool endIsSeen;
     std::array<const uint8_t*, ReturnedBuffers::kMostOfThread> buffers;
 };
 
-// Has no destructor: the C library would end the process where it has no memory to note that.
 thread_local Kept tKept{};
 
 constexpr size_t kCommandSize = sizeof(uint32_t) + sizeof(binder_uintptr_t);
@@ -27,24 +25,16 @@ void appendFree(BinderCommands* commands, const uint8_t* data) {
     commands->append(BC_FREE_BUFFER, static_cast<binder_uintptr_t>(reinterpret_cast<uintptr_t>(data)));
 }
 
-/** Calls a function at the end of each thread that asked for it. */
-class ThreadEnds {
-public:
-    explicit ThreadEnds(void (*tell)(void*)) : mUsable(::pthread_key_create(&mKey, tell) == 0) {}
-
-    bool tellOfThis() const { return mUsable && ::pthread_setspecific(mKey, this) == 0; }
-
-private:
-    pthread_key_t mKey{};
-    const bool mUsable;
-};
-
 } // namespace
 
-void ReturnedBuffers::threadEnds(void*) {
-    // Other destructors of the thread may still bring buffers.
-    tKept.endIsSeen = false;
-    giveKeptBack();
+ReturnedBuffers::ReturnedBuffers(OwedCommands& owed) : mOwed(owed) {
+    // Before anything makes the driver hear of the ends of threads: what they keep must go back first.
+    threadEnd();
+}
+
+const ThreadEnd& ReturnedBuffers::threadEnd() {
+    static const ThreadEnd end([](void*) { giveKeptBack(); });
+    return end;
 }
 
 void ReturnedBuffers::giveKeptBack() {
@@ -61,11 +51,7 @@ bool ReturnedBuffers::mayKeep() {
         }
         kept.owner = this;
     }
-    if (!kept.endIsSeen) {
-        static const ThreadEnds ends(threadEnds);
-        kept.endIsSeen = ends.tellOfThis();
-    }
-    return kept.endIsSeen && kept.count < kMostOfThread && countOne();
+    return threadEnd().tellOfThis(this) == 0 && kept.count < kMostOfThread && countOne();
 }
 
 bool ReturnedBuffers::countOne() {

@@ -9,6 +9,8 @@
 
 namespace android {
 
+class ThreadEnd;
+
 /**
  * Received buffers that nobody needs any more, on their way back to the driver.
  *
@@ -24,7 +26,7 @@ public:
     /** The most buffers that all threads keep together. */
     static constexpr size_t kMostOfProcess = 128;
 
-    explicit ReturnedBuffers(OwedCommands& owed) : mOwed(owed) {}
+    explicit ReturnedBuffers(OwedCommands& owed);
 
     /** Keeps a buffer for this thread's next exchange; gives it back at once when that would be too many. */
     void keep(const uint8_t* data);
@@ -37,7 +39,7 @@ private:
     bool mayKeep();
     bool countOne();
     static void giveKeptBack();
-    static void threadEnds(void*);
+    static const ThreadEnd& threadEnd();
 
     OwedCommands& mOwed;
     std::atomic<size_t> mKept{0};
