@@ -4,6 +4,7 @@
 #include "Limits.h"
 #include "droid/CallerIdentity.h"
 #include "socket/QuietThread.h"
+#include "socket/Sanitizers.h"
 
 #include <cerrno>
 #include <utility>
@@ -14,11 +15,7 @@ namespace {
 
 constexpr const char* kThreadName = "kq:call";
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr size_t kStack = 4 * 1024 * 1024;
-#else
-constexpr size_t kStack = 256 * 1024;
-#endif
+constexpr size_t kStack = (kq::kSanitized ? 4096 : 256) * 1024;
 
 } // namespace
 
