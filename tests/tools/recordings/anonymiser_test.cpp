@@ -2,6 +2,7 @@
 #include "tools/kelutv/recordings/DecodedForm.h"
 
 #include "wire/Enumeration.h"
+#include "wire/text/Describe.h"
 
 #include <binder/Parcel.h>
 #include <kelutv/commands.h>
@@ -10,7 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <set>
 
 namespace kelutv::tool {
 
@@ -65,6 +68,131 @@ TEST(Anonymiser, knowsRequestsThatThereAre) {
     for (const std::string& name : identityRequests()) {
         EXPECT_NE(wire::findEnumerator(name), nullptr) << name;
     }
+}
+
+/** Texts and blocks of these tell neither which television it is nor whose: versions, paths, names of files and of
+ * sounds, settings, and what only the service knows, for which the documentation names `--also`. */
+const std::set<std::string>& requestsThatTellNothing() {
+    static const std::set<std::string> names{"CMD_PICTURE_GETVIDEOSCREENSHOT",
+                                             "CMD_PICTURE_GETMICRODIMMINGDATA",
+                                             "CMD_PICTURE_GET_COLOR_ADVANCED",
+                                             "CMD_PICTURE_SET_CAMERA_ENHANCE_PICTURE_MODE",
+                                             "CMD_AUDIO_COMMON_SET_ITEM_STRVALUE",
+                                             "CMD_AUDIO_COMMON_GET_ITEM_STRVALUE",
+                                             "CMDID_AUDIO_GET_OUTPUT_LIST",
+                                             "CMDID_AUDIO_GET_OUTPUT_ENABLE",
+                                             "CMD_SYSTEM_GETBOOTVERSION",
+                                             "CMD_SYSTEM_GET_BOX_OUTPUT_DISP_PARA",
+                                             "CMD_SYSTEM_SETBOOTPICPATH",
+                                             "CMD_SYSTEM_DTV_CHANGE_CHANNEL",
+                                             "CMD_SYSTEM_DTV_CMD_TO_TV",
+                                             "CMD_FACTORY_SET24GUPGRADEPATH",
+                                             "CMD_FACTORY_GETEEPROMDATE",
+                                             "CMD_FACTORY_GETSOUNDCURVE",
+                                             "CMD_FACTORY_SETSOUNDCURVE",
+                                             "CMD_FACTORY_GETPLATFORM",
+                                             "CMD_FACTORY_GET_INNER_TCON_VERSION",
+                                             "CMD_FACTORY_GET_EXTERNAL_MEMC_VERSION",
+                                             "CMD_FACTORY_GET_PANEL_PQ_VERSION",
+                                             "CMD_FACTORY_GETCOLORTEMPDEBUGINFO",
+                                             "CMD_FACTORY_STARTRECORDERTS",
+                                             "CMD_FACTORY_OPERATEEROM",
+                                             "CMD_FACTORY_GET_PANEL_DATA_VERSION",
+                                             "CMD_FACTORY_GETSYSUPTIME",
+                                             "CMD_FACTORY_SETINTERNETTIME",
+                                             "CMD_FACTORY_GETINTERNETTIME",
+                                             "CMD_FACTORY_GETBURNKEYSTATUS",
+                                             "CMD_FACTORY_GETLINEODLIST",
+                                             "CMD_FACTORY_GET_NTPQPLATFORMVER",
+                                             "CMD_FACOTRY_UPGRADENTPQIC",
+                                             "CMD_FACOTRY_GET_LASER_FW_VERSION",
+                                             "CMD_FACTORY_GET_EP9169FORMVER",
+                                             "CMD_FACOTRY_UPGRADEEP9169IC",
+                                             "CMD_FACOTRY_SET_LASER_ITEM_STRING_VALUE",
+                                             "CMD_FACTORY_GET_SUPPORT_BURN_KEY_TYPE",
+                                             "CMD_FACTORY_EXTERNAL_DEV_INSERT",
+                                             "CMD_FACTORY_GET_CTL_VOLUME",
+                                             "CMD_FACTORY_GET_CTL_HEADPHONE_VOLUME",
+                                             "CMD_FACOTRY_COMMON_GET_PQ_BINVERSION",
+                                             "CMD_PCMPLAYER_START_PLAY",
+                                             "CMDID_SYSTEM_GET_MODULAR_VERSION",
+                                             "CMDID_FACTORY_SAVE_ADJUST_PARAM",
+                                             "CMDID_FACTORY_COPY_PRESENTATION_DATA",
+                                             "CMDID_FACTORY_COPY_MWDB2USB",
+                                             "CMDID_FACTORY_COPY_USBDB2MW",
+                                             "CMDID_FACTORY_UPDATE_BOOTLOGO",
+                                             "CMDID_FACTORY_EXPORT_SEPARATED_DATA",
+                                             "CMDID_FACTORY_COPY_PRECHANNEL2USB",
+                                             "CMDID_FACTORY_COPY_PRECHANNEL2MW",
+                                             "CMDID_FACTORY_PRESETCHANNEL",
+                                             "CMDID_FACTORY_SET_OTA_UPDATE",
+                                             "CMDID_FACTORY_SET_IMPORT_SEPERAT_DATA",
+                                             "CMDID_FACTORY_UPDATE_FLASHEEP_CHECK",
+                                             "CMDID_FACTORY_GET_455_VERSION",
+                                             "CMDID_FACTORY_GET_457_VERSION",
+                                             "CMDID_FACTORY_GET_SEPERATE_DATA_VER",
+                                             "CMDID_FACTORY_GET_PANEL_SIZE",
+                                             "CMDID_FACTORY_GET_PANEL_INFO"};
+    return names;
+}
+
+/** Blocks of numbers among them only when asked: the reply for each item that is a number has one. */
+bool hasTextsOrBlocks(const wire::Operation& operation, bool areNumbersMeant) {
+    const auto isMeant = [areNumbersMeant](const auto& row) {
+        const bool isBlock = row.encoding == wire::Encoding::Ints || row.encoding == wire::Encoding::Doubles;
+        return isBlock ? areNumbersMeant : row.encoding != wire::Encoding::Int32 && row.encoding != wire::Encoding::Double;
+    };
+    return std::any_of(operation.request.begin(), operation.request.end(), isMeant) ||
+           std::any_of(operation.reply.begin(), operation.reply.end(), isMeant);
+}
+
+/** Those with a row whose values have to be judged. */
+std::set<std::string> requestsWithTextsOrBlocks() {
+    std::set<std::string> names;
+    for (const wire::Command& command : wire::allCommands()) {
+        if (!command.hasItems && hasTextsOrBlocks(command.operation, true)) {
+            names.insert(command.name);
+        }
+    }
+    for (const wire::Item& item : wire::allItems()) {
+        if (hasTextsOrBlocks(item.operation, false)) {
+            wire::Request request;
+            request.command = wire::findCommand(item.command);
+            request.operation = &item.operation;
+            request.arguments = {{item.value}};
+            names.insert(wire::itemNameOf(request));
+        }
+    }
+    return names;
+}
+
+TEST(Anonymiser, everyTextAndBlockIsJudged) {
+    const std::set<std::string> identities(identityRequests().begin(), identityRequests().end());
+    const std::set<std::string> all = requestsWithTextsOrBlocks();
+    EXPECT_GT(all.size(), 60U);
+    for (const std::string& name : all) {
+        EXPECT_EQ(identities.count(name) + requestsThatTellNothing().count(name), 1U) << name;
+    }
+    for (const std::string& name : requestsThatTellNothing()) {
+        EXPECT_EQ(all.count(name), 1U) << name << " has neither texts nor blocks";
+    }
+}
+
+TEST(Anonymiser, masksPasswordsKeysAndNumbersOfTheUnit) {
+    for (const int item : {CMDID_FACTORY_GET_PASSWORD, CMDID_FACTORY_GET_DEVELOPER_ID, CMDID_FACTORY_GET_PRODUCE_ID,
+                           CMDID_FACTORY_GET_PRODUCT_NUMBER, CMDID_FACTORY_GET_ORDER_NUMBER}) {
+        const Transaction before =
+            transactionOf(requestFor({CMD_FACOTRY_COMMON_GET_ITEM_STRVALUE, item, 0, 0}), "secret 4711");
+        EXPECT_EQ(masked(before).decoded.find("4711"), std::string::npos) << item;
+    }
+    android::Parcel burn;
+    burn.writeInterfaceToken(android::String16("android.ITVBaseService"));
+    for (const int word : {int{CMD_FACOTRY_COMMON_SET_ITEM_STRVALUE}, int{CMDID_FACTORY_SET_SEA_ALL_KEY_BURN}, 0}) {
+        burn.writeInt32(word);
+    }
+    burn.writeCString("secret 4711");
+    burn.writeInt32(0);
+    EXPECT_EQ(masked(transactionOf(bytesOf(burn))).decoded.find("4711"), std::string::npos);
 }
 
 TEST(Anonymiser, masksTextsInTheirForm) {

@@ -67,6 +67,8 @@ const std::vector<std::string>& identityRequests() {
                                                 "CMD_FACTORY_SETKEYDATA",
                                                 "CMD_FACTORY_NETPORTDATATRAN",
                                                 "CMD_FACTORY_GET_NETPORTDATATRAN",
+                                                "CMD_FACTORY_GETPANELID",
+                                                "CMD_EXTRA_SETUARTDATA",
                                                 "CMD_CEC_GETDEVICELISTALLINFO",
                                                 "CMD_SYSTEM_GETEEPBYTE",
                                                 "CMD_SYSTEM_GETEEPMULTI",
@@ -79,6 +81,12 @@ const std::vector<std::string>& identityRequests() {
                                                 "CMDID_FACTORY_GET_CUSTOMER_NAME",
                                                 "CMDID_FACTORY_GET_MACHINEINFO",
                                                 "CMDID_FACTORY_SET_MACHINEINFO",
+                                                "CMDID_FACTORY_GET_PASSWORD",
+                                                "CMDID_FACTORY_GET_DEVELOPER_ID",
+                                                "CMDID_FACTORY_GET_PRODUCE_ID",
+                                                "CMDID_FACTORY_GET_PRODUCT_NUMBER",
+                                                "CMDID_FACTORY_GET_ORDER_NUMBER",
+                                                "CMDID_FACTORY_SET_SEA_ALL_KEY_BURN",
                                                 "CMDID_FACTORY_SEND_SERIAL_SELF_CHECK_DATA"};
     return names;
 }

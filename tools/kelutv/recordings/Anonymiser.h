@@ -11,7 +11,8 @@
 
 namespace kelutv::tool {
 
-/** The commands and items whose values tell which television it is, or whose: serial numbers, MAC, keys, names. */
+/** The commands and items whose values tell which television it is, or whose: serial numbers, MAC, keys, passwords,
+ * names. */
 const std::vector<std::string>& identityRequests();
 
 /**
