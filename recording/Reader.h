@@ -24,6 +24,9 @@ public:
      */
     std::optional<Line> next();
 
+    /** What messages call the recording. */
+    const std::string& name() const { return mName; }
+
     /** The number of the line that came last, counted from 1. */
     std::size_t number() const { return mNumber; }
 

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kelutv::wire {
@@ -48,6 +49,18 @@ TEST(Payload, MayGoOnWithWords) {
     EXPECT_EQ(fieldsOf("a:int32", {1, 0, 0, 0, 2, 0, 0, 0, 3, 0, 0, 0}), "a=1, 2, 3");
     EXPECT_EQ(fieldsOf("a:int32", {1, 0, 0, 0, 2, 0, 0, 0, 3}), "a=1");
     EXPECT_EQ(fieldsOf("-", {5, 0, 0, 0}), "5");
+}
+
+TEST(Payload, SaysWhereEachValueStands) {
+    const EventTable table = readEvents("## Events\n| identifier | event | payload | when |\n|---|---|---|---|\n"
+                                        "| 0x60001 | test | a:uint8, b:int16, c:text | Always. |\n");
+    const auto values = readPayload(table.find(0x60001), {1, 2, 0, 'h', 'i', 0, 9, 0, 0, 0});
+    ASSERT_EQ(values.size(), 4U);
+    const std::pair<std::size_t, std::size_t> places[] = {{0, 1}, {1, 2}, {3, 3}, {6, 4}};
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        EXPECT_EQ(values[i].offset, places[i].first);
+        EXPECT_EQ(values[i].size, places[i].second);
+    }
 }
 
 TEST(Payload, OfAnUnknownEventIsARowOfWords) {

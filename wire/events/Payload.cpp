@@ -1,6 +1,7 @@
 #include "wire/events/Payload.h"
 
 #include <cstring>
+#include <utility>
 
 namespace kelutv::wire {
 
@@ -78,13 +79,23 @@ Encoding encodingOf(FieldType type) {
     return type == FieldType::Bytes ? Encoding::Bytes : Encoding::Int32;
 }
 
+/** Appends it with its place, when it is there. */
+bool append(PayloadReader& reader, FieldType type, PayloadValue value, std::vector<PayloadValue>& values) {
+    const std::size_t left = reader.left();
+    if (!readField(reader, type, value.value)) {
+        return false;
+    }
+    value.offset = values.empty() ? 0 : values.back().offset + values.back().size;
+    value.size = left - reader.left();
+    values.push_back(std::move(value));
+    return true;
+}
+
 void readFields(PayloadReader& reader, const Event& event, std::vector<PayloadValue>& values) {
     for (const EventField& field : event.fields) {
-        PayloadValue read{field.name, encodingOf(field.type), field.names, {}};
-        if (!readField(reader, field.type, read.value)) {
+        if (!append(reader, field.type, {field.name, encodingOf(field.type), field.names, {}}, values)) {
             return;
         }
-        values.push_back(read);
     }
 }
 
@@ -97,8 +108,7 @@ std::vector<PayloadValue> readPayload(const Event* event, const std::vector<std:
         readFields(reader, *event, values);
     }
     if (reader.left() % sizeof(std::int32_t) == 0) {
-        for (PayloadValue word{nullptr, Encoding::Int32, nullptr, {}}; reader.read<std::int32_t>(word.value);) {
-            values.push_back(word);
+        while (append(reader, FieldType::Int32, {nullptr, Encoding::Int32, nullptr, {}}, values)) {
         }
     }
     return values;

@@ -2,6 +2,7 @@
 
 #include "wire/events/Event.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -15,6 +16,9 @@ struct PayloadValue {
     Encoding encoding;
     const Enumeration* names;
     Value value;
+    /** Where it begins in the payload, and how much of that it takes, with the end of a text; in bytes. */
+    std::size_t offset = 0;
+    std::size_t size = 0;
 };
 
 /**

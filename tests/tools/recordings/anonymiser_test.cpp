@@ -6,6 +6,7 @@
 
 #include <binder/Parcel.h>
 #include <kelutv/commands.h>
+#include <kelutv/events.h>
 #include <kelutv/items.h>
 #include <utils/String16.h>
 
@@ -262,6 +263,94 @@ TEST(Anonymiser, masksWhatIsNamed) {
     const std::string end(after.request.end() - 12, after.request.end());
     EXPECT_EQ(end[7], ' ');
     EXPECT_EQ(end.substr(10), std::string(2, '\0'));
+}
+
+/** The request with the bytes of a text behind it, which nothing ends. */
+Bytes withSecret(Bytes bytes) {
+    const std::string secret = "secret47";
+    bytes.insert(bytes.end(), secret.begin(), secret.end());
+    return bytes;
+}
+
+bool hasSecret(const Bytes& bytes) {
+    const std::string secret = "secret47";
+    return std::search(bytes.begin(), bytes.end(), secret.begin(), secret.end()) != bytes.end();
+}
+
+TEST(Anonymiser, masksTheRestOfWhatCannotBeRead) {
+    const Bytes get = requestFor({CMD_FACTORY_GETBARCODE});
+    for (const Bytes& reply :
+         {withSecret({0, 0, 0, 0}), withSecret({1, 0, 0, 0}), withSecret({0, 0, 0, 0, 'S', 'N', 0, 0})}) {
+        Transaction before = transactionOf(get);
+        before.reply = reply;
+        before.decoded = decodedForm(before);
+        const Transaction after = masked(before);
+        EXPECT_EQ(after.reply->size(), reply.size());
+        EXPECT_FALSE(hasSecret(*after.reply));
+        EXPECT_EQ(after.decoded.find("secret47"), std::string::npos);
+    }
+    // A text without an end, a length that is more than there is, and more than there should be.
+    for (const Bytes& request : {requestFor({CMD_FACTORY_SETSTBOTPBURN, 1}),
+                                 requestFor({CMD_FACTORY_SETKEYDATA, 7, 1000, 99, 98}),
+                                 requestFor({CMD_FACTORY_GETBARCODE})}) {
+        const Transaction after = masked(transactionOf(withSecret(request)));
+        EXPECT_EQ(after.request.size(), request.size() + 8);
+        EXPECT_TRUE(std::equal(request.begin(), request.begin() + 60, after.request.begin())) << "the token";
+        EXPECT_FALSE(hasSecret(after.request));
+    }
+}
+
+TEST(Anonymiser, saysWhatNobodyKnows) {
+    const auto isKnown = [](recording::Line line) { return Anonymiser(KeyedHash("key"), {}).mask(line); };
+    EXPECT_TRUE(isKnown({transactionOf(requestFor({CMD_AUDIO_SETVOLUME, 0, 35}))}));
+    EXPECT_FALSE(isKnown({transactionOf(requestFor({0x7fffffff, 1}))}));
+    EXPECT_FALSE(isKnown({transactionOf(withSecret({}))}));
+    EXPECT_TRUE(isKnown({recording::Event{{1, 2, 3, 4}, 0x60001, {0, 0, 0, 0, 35, 0, 0, 0}, ""}}));
+    EXPECT_FALSE(isKnown({recording::Event{{1, 2, 3, 4}, 0x7fff0001, {1}, ""}}));
+    EXPECT_TRUE(isKnown({recording::Gap{1, 2, 3}}));
+}
+
+TEST(Anonymiser, masksEachLetterOfUtf16) {
+    android::Parcel parcel;
+    parcel.writeInterfaceToken(android::String16("android.ITVBaseService"));
+    parcel.writeInt32(CMD_EXTRA_SETUARTDATA);
+    // The low byte of the second is no letter, the high byte of all tells of what it was.
+    parcel.writeString16(android::String16(u"\u0416\u4e2d\u00e4a7"));
+    const Transaction after = masked(transactionOf(bytesOf(parcel)));
+    const std::size_t at = after.request.size() - 12;
+    EXPECT_EQ(Bytes(after.request.begin() + static_cast<std::ptrdiff_t>(at),
+                    after.request.begin() + static_cast<std::ptrdiff_t>(at) + 6),
+              (Bytes{'?', 0, '?', 0, '?', 0}));
+    EXPECT_GE(after.request[at + 6], 'a');
+    EXPECT_LE(after.request[at + 6], 'f');
+    EXPECT_EQ(after.request[at + 7], 0);
+    EXPECT_GE(after.request[at + 8], '0');
+    EXPECT_LE(after.request[at + 8], '9');
+}
+
+recording::Event maskedEvent(const recording::Event& event) {
+    recording::Line line{event};
+    Anonymiser(KeyedHash("key"), {}).mask(line);
+    return std::get<recording::Event>(line.content);
+}
+
+TEST(Anonymiser, masksTextsOfEventsWhereTheyStand) {
+    // The type looks as the text does.
+    const Bytes payload{'A', 0, 0, 0, 'A', 0};
+    const Bytes after = maskedEvent({{1, 2, 3, 4}, 0x30000 + 17, payload, ""}).payload;
+    EXPECT_EQ(after[0], 'A');
+    EXPECT_NE(after[4], 'A');
+    EXPECT_FALSE(hasSecret(maskedEvent({{1, 2, 3, 4}, 0x30000 + 17, withSecret({5, 0, 0, 0}), ""}).payload));
+    EXPECT_FALSE(hasSecret(maskedEvent({{1, 2, 3, 4}, 0x30000 + 18, withSecret({}), ""}).payload));
+}
+
+TEST(Anonymiser, leavesOtherEventsAlone) {
+    // A block of teletext: its length, and then bytes that may look like letters.
+    for (const recording::Event& event :
+         {recording::Event{{1, 2, 3, 4}, KELU_EM_MODE_TTX + 1, {4, 0, 0, 0, 'a', 'b', 'c', 'd'}, ""},
+          recording::Event{{1, 2, 3, 4}, 0x60001, {0, 0, 0, 0, 35, 0, 0, 0}, ""}}) {
+        EXPECT_EQ(maskedEvent(event).payload, event.payload);
+    }
 }
 
 TEST(Anonymiser, masksTextsOfEvents) {

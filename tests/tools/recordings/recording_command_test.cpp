@@ -189,6 +189,25 @@ TEST(RecordingCheck, findsWhatIsWrong) {
     EXPECT_EQ(Sample("").run("check").exit, 1);
 }
 
+TEST(RecordingAnonymise, saysWhatItLeft) {
+    EXPECT_EQ(Sample().run("anonymise").error, "");
+    const Sample unknown(sample() + callLine(9, wordDigits(0x7fffffff), "00000000"));
+    EXPECT_EQ(unknown.run("anonymise").error, "kelutv: what it holds is not known, and stays as it is: 1 line\n");
+}
+
+TEST(RecordingCommands, refuseBytesInAnotherOrder) {
+    std::string text = sample();
+    text.replace(text.find("little"), 6, "big");
+    const Sample other(text);
+    for (const char* const command : {"show", "cut", "anonymise", "report"}) {
+        const ToolRun run = other.run(command);
+        EXPECT_EQ(run.exit, 1) << command;
+        EXPECT_EQ(run.error, "kelutv: " + other.path() +
+                                 ":1: the bytes are in another order than those of this machine\n");
+    }
+    EXPECT_EQ(other.run("check").exit, 0);
+}
+
 TEST(RecordingCommands, refuseBadInput) {
     const Sample file;
     EXPECT_EQ(file.run("cut", {"--from", "2", "--until", "1"}).exit, 2);

@@ -1,6 +1,5 @@
 #include "tools/kelutv/recordings/Anonymiser.h"
 
-#include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/recordings/DecodedForm.h"
 #include "tools/kelutv/text/Patterns.h"
@@ -8,7 +7,6 @@
 #include "wire/events/Payload.h"
 #include "wire/text/Describe.h"
 
-#include <algorithm>
 #include <cstring>
 #include <string_view>
 #include <utility>
@@ -17,6 +15,9 @@ namespace kelutv::tool {
 
 namespace {
 
+/** As many as ASCII has. */
+constexpr unsigned int kPlainLetters = 0x80;
+constexpr char kNoPlainLetter = '\x80';
 constexpr std::size_t kWord = sizeof(std::int32_t);
 
 /** Numbers that stand by themselves and tell of what is masked beside them. */
@@ -51,7 +52,7 @@ char maskOf(char letter, std::uint64_t chance) {
     if (letter >= 'A' && letter <= 'Z') {
         return from('A', 26);
     }
-    return static_cast<std::uint8_t>(letter) < 0x80 ? letter : '?';
+    return static_cast<std::uint8_t>(letter) < kPlainLetters ? letter : '?';
 }
 
 } // namespace
@@ -102,40 +103,50 @@ bool Anonymiser::isMeant(const wire::Request& request) const {
     return request.command != nullptr && matchesAny(mPatterns, request);
 }
 
-void Anonymiser::mask(recording::Line& line) const {
+bool Anonymiser::mask(recording::Line& line) const {
     if (auto* const transaction = std::get_if<recording::Transaction>(&line.content)) {
-        mask(*transaction);
-    } else if (auto* const event = std::get_if<recording::Event>(&line.content)) {
-        mask(*event);
+        return mask(*transaction);
     }
+    auto* const event = std::get_if<recording::Event>(&line.content);
+    return event == nullptr || mask(*event);
 }
 
-void Anonymiser::mask(recording::Transaction& transaction) const {
-    const wire::Request request = decodeRequest(transaction.request).request;
-    if (!isMeant(request)) {
-        return;
+bool Anonymiser::mask(recording::Transaction& transaction) const {
+    const DecodedRequest decoded = decodeRequest(transaction.request);
+    if (!isMeant(decoded.request)) {
+        return decoded.request.command != nullptr;
     }
+    maskRequest(decoded, transaction.request);
+    if (transaction.reply) {
+        maskReply(decoded.request, *transaction.reply);
+    }
+    if (!transaction.decoded.empty()) {
+        transaction.decoded = decodedForm(transaction);
+    }
+    return true;
+}
+
+void Anonymiser::maskRequest(const DecodedRequest& decoded, recording::Bytes& bytes) const {
+    const wire::Request& request = decoded.request;
     std::size_t at = request.argumentsAt;
     for (std::size_t i = 0; i < request.arguments.size(); ++i) {
         const wire::RequestItem& item = wire::itemsOf(request)[i];
         const std::size_t begin = at;
-        maskValues(transaction.request, at, item.encoding, request.arguments[i]);
+        maskValues(bytes, at, item.encoding, request.arguments[i]);
         if (item.encoding == wire::Encoding::Int32 && isTelling(item)) {
-            maskNumbers(transaction.request.data() + begin, 1);
+            maskNumbers(bytes.data() + begin, 1);
         }
     }
-    if (transaction.reply) {
-        maskReply(request, *transaction.reply);
-    }
-    if (!transaction.decoded.empty()) {
-        transaction.decoded = decodedForm(transaction);
+    if (decoded.flaw) {
+        maskFrom(bytes, at);
     }
 }
 
 void Anonymiser::maskReply(const wire::Request& request, recording::Bytes& reply) const {
     const wire::Operation& operation = operationFor(request);
-    const wire::Reply read = decodeReply(operation, reply).reply;
-    std::size_t at = kWord;
+    const wire::ReplyReading reading = decodeReply(operation, reply);
+    const wire::Reply& read = reading.reply;
+    std::size_t at = reading.hasResult ? kWord : 0;
     for (std::size_t i = 0; i < read.fields.size(); ++i) {
         const std::size_t begin = at;
         const wire::ReplyField& field = wire::fieldAt(operation, i);
@@ -143,6 +154,9 @@ void Anonymiser::maskReply(const wire::Request& request, recording::Bytes& reply
         if (isNumber(operation) && field.encoding == wire::Encoding::Int32 && at - begin == kWord) {
             maskNumbers(reply.data() + begin, 1);
         }
+    }
+    if (reading.flaw) {
+        maskFrom(reply, at);
     }
 }
 
@@ -159,13 +173,13 @@ void Anonymiser::maskValues(recording::Bytes& bytes, std::size_t& at, wire::Enco
         const auto* const text = std::get_if<std::string>(&value);
         wire::readValues(reader, elementOf(encoding), text != nullptr ? text->size() : 1);
         if (encoding == wire::Encoding::CString) {
-            maskText(begin, text->size(), 1);
+            maskText(begin, text->size());
         } else if (encoding == wire::Encoding::Bytes) {
             maskBlock(begin, text->size());
         } else if (encoding == wire::Encoding::String16) {
             std::int32_t units = 0;
             std::memcpy(&units, begin, sizeof(units));
-            maskText(begin + sizeof(units), static_cast<std::size_t>(units), sizeof(char16_t));
+            maskText16(begin + sizeof(units), static_cast<std::size_t>(units));
         }
     }
     at = reader.position();
@@ -175,11 +189,21 @@ std::uint64_t Anonymiser::chanceFor(const std::string& whole, std::size_t place)
     return mHash.of(whole + '#' + std::to_string(place));
 }
 
-void Anonymiser::maskText(std::uint8_t* letters, std::size_t length, std::size_t step) const {
-    const std::string whole(letters, letters + length * step);
+void Anonymiser::maskText(std::uint8_t* letters, std::size_t length) const {
+    const std::string whole(letters, letters + length);
     for (std::size_t i = 0; i < length; ++i) {
-        letters[i * step] =
-            static_cast<std::uint8_t>(maskOf(static_cast<char>(letters[i * step]), chanceFor(whole, i)));
+        letters[i] = static_cast<std::uint8_t>(maskOf(static_cast<char>(letters[i]), chanceFor(whole, i)));
+    }
+}
+
+void Anonymiser::maskText16(std::uint8_t* units, std::size_t count) const {
+    const std::string whole(units, units + count * sizeof(char16_t));
+    for (std::size_t i = 0; i < count; ++i) {
+        char16_t unit = 0;
+        std::memcpy(&unit, units + i * sizeof(unit), sizeof(unit));
+        const char letter = maskOf(unit < kPlainLetters ? static_cast<char>(unit) : kNoPlainLetter, chanceFor(whole, i));
+        unit = static_cast<std::uint8_t>(letter);
+        std::memcpy(units + i * sizeof(unit), &unit, sizeof(unit));
     }
 }
 
@@ -188,6 +212,10 @@ void Anonymiser::maskBlock(std::uint8_t* bytes, std::size_t length) const {
     for (std::size_t i = 0; i < length; ++i) {
         bytes[i] = static_cast<std::uint8_t>(chanceFor(whole, i));
     }
+}
+
+void Anonymiser::maskFrom(recording::Bytes& bytes, std::size_t at) const {
+    maskBlock(bytes.data() + at, bytes.size() - at);
 }
 
 void Anonymiser::maskNumbers(std::uint8_t* bytes, std::size_t count) const {
@@ -199,21 +227,31 @@ void Anonymiser::maskNumbers(std::uint8_t* bytes, std::size_t count) const {
     }
 }
 
-void Anonymiser::mask(recording::Event& event) const {
+bool Anonymiser::mask(recording::Event& event) const {
     static const wire::EventTable events = eventsOf("");
-    for (const wire::PayloadValue& value : wire::readPayload(events.find(event.event), event.payload)) {
-        const auto* const text = std::get_if<std::string>(&value.value);
-        if (text == nullptr || text->empty()) {
-            continue;
+    const wire::Event* const known = events.find(event.event);
+    if (known == nullptr) {
+        return event.payload.empty();
+    }
+    std::size_t read = 0;
+    std::size_t at = 0;
+    for (const wire::PayloadValue& value : wire::readPayload(known, event.payload)) {
+        if (value.name == nullptr) {
+            break;
         }
-        const auto found = std::search(event.payload.begin(), event.payload.end(), text->begin(), text->end());
-        if (found != event.payload.end()) {
-            maskText(&*found, text->size(), 1);
+        if (value.encoding == wire::Encoding::CString) {
+            maskText(event.payload.data() + value.offset, std::get<std::string>(value.value).size());
         }
+        at = value.offset + value.size;
+        ++read;
+    }
+    if (read < known->fields.size() && known->fields[read].type == wire::FieldType::Text) {
+        maskFrom(event.payload, at);
     }
     if (!event.decoded.empty()) {
         event.decoded = decodedForm(event);
     }
+    return true;
 }
 
 } // namespace kelutv::tool

@@ -54,6 +54,8 @@ recording::Header headerOfNow() {
     return header;
 }
 
+bool isInOwnOrder(const recording::Header& header) { return header.isLittleEndian == isLittleEndian(); }
+
 recording::Line lineOf(const TracedTransaction& traced, std::int64_t sequence, std::chrono::nanoseconds begin) {
     const recording::Moment moment{sequence, (traced.begin - begin).count(), traced.process, traced.thread};
     if (traced.kind == trace::RecordKind::Event) {

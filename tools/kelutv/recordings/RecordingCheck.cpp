@@ -1,6 +1,7 @@
 #include "tools/kelutv/recordings/RecordingCheck.h"
 
 #include "tools/kelutv/recordings/DecodedForm.h"
+#include "tools/kelutv/recordings/LiveLine.h"
 #include "tools/kelutv/recordings/RecordingInput.h"
 #include "wire/Fingerprint.h"
 #include "wire/text/Shown.h"
@@ -69,7 +70,7 @@ private:
         ++mSections;
         mSequence = 0;
         mHasEnded = false;
-        mIsOurs = header.catalogue == wire::interfaceFingerprint();
+        mIsOurs = header.catalogue == wire::interfaceFingerprint() && isInOwnOrder(header);
     }
 
     void see(const recording::Transaction& transaction) {
@@ -95,7 +96,7 @@ private:
     std::int64_t mLeftOut = 0;
     std::int64_t mSequence = 0;
     bool mHasEnded = false;
-    /** Whether the decoded forms are by the catalogue of this program. */
+    /** Whether the decoded forms are by the catalogue of this program, and the bytes in the order of this machine. */
     bool mIsOurs = false;
     std::size_t mFaults = 0;
     Json mTexts = Json::array();

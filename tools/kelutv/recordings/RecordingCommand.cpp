@@ -10,6 +10,7 @@
 #include "tools/kelutv/recordings/RecordingOutput.h"
 #include "tools/kelutv/recordings/Selection.h"
 #include "tools/kelutv/recordings/Statistics.h"
+#include "tools/kelutv/text/Lists.h"
 #include "tools/kelutv/text/Patterns.h"
 
 #include <memory>
@@ -61,16 +62,20 @@ void cut(const RecordingOptions& options, Context& /*context*/) {
     output.finish();
 }
 
-void anonymise(const RecordingOptions& options, Context& /*context*/) {
+void anonymise(const RecordingOptions& options, Context& context) {
     const Anonymiser anonymiser(options.key.empty() ? KeyedHash() : KeyedHash(options.key),
                                 patternsOf("--also", options.more));
+    std::size_t unknown = 0;
     RecordingInput input(options.file);
     RecordingOutput output(options.output);
     while (auto line = input.next()) {
-        anonymiser.mask(*line);
+        unknown += anonymiser.mask(*line) ? 0 : 1;
         output.write(recording::textOf(*line) + '\n');
     }
     output.finish();
+    if (unknown > 0) {
+        context.output.message("kelutv: what it holds is not known, and stays as it is: " + counted(unknown, "line"));
+    }
 }
 
 void convert(const RecordingOptions& options, Context& /*context*/) {

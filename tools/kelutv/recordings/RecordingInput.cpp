@@ -1,6 +1,7 @@
 #include "tools/kelutv/recordings/RecordingInput.h"
 
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/recordings/LiveLine.h"
 #include "wire/text/Shown.h"
 
 #include <cerrno>
@@ -35,7 +36,13 @@ RecordingInput::RecordingInput(const std::string& path)
 
 std::optional<recording::Line> RecordingInput::next() {
     try {
-        return mReader.next();
+        auto line = mReader.next();
+        const auto* const header = line ? std::get_if<recording::Header>(&line->content) : nullptr;
+        if (header != nullptr && !isInOwnOrder(*header)) {
+            throw ToolError(Exit::Failure, mReader.name() + ':' + std::to_string(mReader.number()) +
+                                               ": the bytes are in another order than those of this machine");
+        }
+        return line;
     } catch (const recording::LineError& error) {
         throw ToolError(Exit::Failure, error.what());
     }

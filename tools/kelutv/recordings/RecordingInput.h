@@ -14,7 +14,8 @@ public:
     /** @throws ToolError when it cannot be read */
     explicit RecordingInput(const std::string& path);
 
-    /** As `recording::Reader::next`. @throws ToolError in place of LineError */
+    /** As `recording::Reader::next`. @throws ToolError in place of LineError, and for a section whose bytes are in
+     * another order than those of this machine */
     std::optional<recording::Line> next();
 
     recording::Reader& reader() { return mReader; }
