@@ -3,10 +3,15 @@
 
 #include "recording/Reader.h"
 
+#include <sys/stat.h>
+
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <sstream>
 
 namespace kelutv::test {
@@ -125,6 +130,35 @@ TEST(RecordingCut, writesAFileWhenItIsWhole) {
     const Sample wrong(sample() + "nonsense\n");
     EXPECT_EQ(wrong.run("cut", {"-o", part}).exit, 1);
     EXPECT_EQ(recording::linesOfFile(part).size(), 3U) << "what was there must stay";
+}
+
+TEST(RecordingCut, writesIntoAPipeAsItIs) {
+    const Sample whole;
+    const std::string pipe = whole.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    // Open for both, so that neither side waits for the other; what is written has room.
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> reader(std::fopen(pipe.c_str(), "r+e"), std::fclose);
+    ASSERT_NE(reader, nullptr);
+    EXPECT_EQ(whole.run("cut", {"-o", pipe}).exit, 0);
+    std::string text(sample().size(), '\0');
+    ASSERT_TRUE(std::filesystem::is_fifo(pipe));
+    EXPECT_EQ(std::fread(text.data(), 1, text.size(), reader.get()), text.size());
+    EXPECT_EQ(text, sample());
+}
+
+TEST(RecordingCut, replacesTheFileThatALinkLeadsTo) {
+    const Sample whole;
+    const std::string file = whole.pathOf("file");
+    const std::string link = whole.pathOf("link");
+    std::ofstream(file) << "before";
+    ASSERT_EQ(::chmod(file.c_str(), 0604), 0);
+    std::filesystem::create_symlink("file", link);
+    EXPECT_EQ(whole.run("cut", {"-o", link}).exit, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    std::ifstream input(file);
+    EXPECT_EQ((std::string{std::istreambuf_iterator<char>(input), {}}), sample());
+    EXPECT_EQ(static_cast<int>(std::filesystem::status(file).permissions()), 0604);
+    EXPECT_EQ(whole.run("cut", {"-o", whole.pathOf("")}).exit, 1);
 }
 
 TEST(RecordingReport, countsCallsFailuresAndTimes) {

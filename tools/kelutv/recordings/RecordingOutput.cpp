@@ -4,26 +4,47 @@
 #include "tools/kelutv/output/StandardOutput.h"
 #include "wire/text/Shown.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 
 namespace kelutv::tool {
+
+namespace {
+
+/** What the path leads to when all links are followed; the path when nobody can say. */
+std::string targetOf(const std::string& path) {
+    std::error_code error;
+    const std::string target = std::filesystem::canonical(path, error).string();
+    return error ? path : target;
+}
+
+} // namespace
 
 RecordingOutput::RecordingOutput(std::string path) : mPath(std::move(path)), mFile(nullptr, std::fclose) {
     if (mPath.empty()) {
         return;
     }
-    mTemporary = mPath + '.' + std::to_string(::getpid());
-    mFile.reset(std::fopen(mTemporary.c_str(), "wxe"));
-    if (mFile == nullptr) {
+    struct stat there {};
+    const bool isThere = ::stat(mPath.c_str(), &there) == 0;
+    if (isThere && !S_ISREG(there.st_mode)) {
+        mFile.reset(std::fopen(mPath.c_str(), "we"));
+    } else {
+        mTarget = isThere ? targetOf(mPath) : mPath;
+        mTemporary = mTarget + '.' + std::to_string(::getpid());
+        mFile.reset(std::fopen(mTemporary.c_str(), "wxe"));
+    }
+    if (mFile == nullptr || (isThere && !mTemporary.empty() && ::fchmod(::fileno(mFile.get()), there.st_mode) != 0)) {
         fail();
     }
 }
 
 RecordingOutput::~RecordingOutput() {
-    if (mFile != nullptr) {
+    if (mFile != nullptr && !mTemporary.empty()) {
         ::unlink(mTemporary.c_str());
     }
 }
@@ -40,7 +61,8 @@ void RecordingOutput::finish() {
     if (mFile == nullptr) {
         return;
     }
-    if (std::fflush(mFile.get()) != 0 || std::rename(mTemporary.c_str(), mPath.c_str()) != 0) {
+    if (std::fflush(mFile.get()) != 0 ||
+        (!mTemporary.empty() && std::rename(mTemporary.c_str(), mTarget.c_str()) != 0)) {
         fail();
     }
     mFile.reset();

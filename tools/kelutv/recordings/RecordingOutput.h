@@ -6,8 +6,8 @@
 
 namespace kelutv::tool {
 
-/** Where a command writes what it makes of a recording: a file that is replaced when all is written, or standard
- * output.
+/** Where a command writes what it makes of a recording: a file that is replaced when all is written, what is there and
+ * is no file, such as a pipe, or standard output.
  */
 class RecordingOutput {
 public:
@@ -28,7 +28,10 @@ private:
     [[noreturn]] void fail() const;
 
     std::string mPath;
-    /** Beside the file, so that whoever reads that sees the old one or all of the new one. */
+    /** The file itself, where links lead to it. */
+    std::string mTarget;
+    /** Beside the file, so that whoever reads that sees the old one or all of the new one; empty for what is no file.
+     */
     std::string mTemporary;
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> mFile;
 };
