@@ -1,9 +1,13 @@
 #include "tools/process/Spawn.h"
 
 #include <spawn.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <sstream>
 #include <system_error>
 
 namespace kelutv::process {
@@ -77,7 +81,36 @@ private:
     posix_spawnattr_t mAttributes{};
 };
 
+/** Where a shell looks without a PATH. */
+constexpr char kUsualFolders[] = "/bin:/usr/bin";
+
+std::error_code whyNotRunnableFile(const std::string& path) {
+    struct stat file {};
+    if (::stat(path.c_str(), &file) != 0) {
+        return {errno, std::generic_category()};
+    }
+    const bool isProgram = S_ISREG(file.st_mode) && ::access(path.c_str(), X_OK) == 0;
+    return {isProgram ? 0 : EACCES, std::generic_category()};
+}
+
 } // namespace
+
+std::error_code whyNotRunnable(const std::string& name) {
+    if (name.find('/') != std::string::npos) {
+        return whyNotRunnableFile(name);
+    }
+    const char* const folders = std::getenv("PATH");
+    std::istringstream stream(folders != nullptr ? folders : kUsualFolders);
+    std::error_code reason(ENOENT, std::generic_category());
+    for (std::string folder; std::getline(stream, folder, ':');) {
+        const std::error_code error = whyNotRunnableFile((folder.empty() ? "." : folder) + '/' + name);
+        if (!error) {
+            return error;
+        }
+        reason = error.value() == EACCES ? error : reason;
+    }
+    return reason;
+}
 
 pid_t spawn(const Program& program) {
     std::vector<std::string> words(program.words);

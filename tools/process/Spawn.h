@@ -5,6 +5,7 @@
 #include <csignal>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -28,5 +29,9 @@ struct Program {
 
 /** Starts a program. @throws std::system_error when it cannot be started; the error is that of posix_spawnp(3) */
 pid_t spawn(const Program& program);
+
+/** Why a program of this name, looked for as a shell does, cannot be started; no error when it can, as far as that is
+ * to be seen beforehand. */
+std::error_code whyNotRunnable(const std::string& name);
 
 } // namespace kelutv::process

@@ -365,6 +365,48 @@ TEST(Record, refusesBadInput) {
     std::filesystem::remove("recording.jsonl");
 }
 
+std::string contentOf(const std::string& file) {
+    std::ifstream input(file);
+    return {std::istreambuf_iterator<char>(input), {}};
+}
+
+TEST(Record, aRunThatCannotBeginLeavesTheFileAlone) {
+    const RecordingFolders folders;
+    std::ofstream(folders.file()) << "what was recorded before\n";
+    const std::string data = folders.pathOf("data");
+    std::ofstream(data) << "no program\n";
+    const struct {
+        Words arguments;
+        int exit;
+        std::string error;
+    } cases[] = {{{"--", "no-such-program"}, 127, "kelutv: cannot run no-such-program: No such file or directory\n"},
+                 {{"--", data}, 126, "kelutv: cannot run " + data + ": Permission denied\n"},
+                 {{"--", folders.pathOf("")}, 126, "Permission denied\n"},
+                 {{"--max-size", "10", "--", "true"}, 2, "kelutv: --max-size: the header"}};
+    for (const auto& each : cases) {
+        Words words{"record", "-o", folders.file()};
+        words.insert(words.end(), each.arguments.begin(), each.arguments.end());
+        const ToolRun run = runTool(words, folders.environment());
+        EXPECT_EQ(run.exit, each.exit);
+        EXPECT_NE(run.error.find(each.error), std::string::npos) << run.error;
+        EXPECT_EQ(contentOf(folders.file()), "what was recorded before\n");
+    }
+    EXPECT_TRUE(folders.areLeftEmpty());
+}
+
+TEST(Record, twoRunsShareNoFile) {
+    const RecordingFolders folders;
+    const auto first =
+        startTool({"record", "-o", folders.file(), "--", KELUTV_TRACED_CLIENT, "wait"}, folders.environment());
+    ASSERT_TRUE(eventually([&] { return contentOf(folders.file()).find("transaction") != std::string::npos; }));
+    const ToolRun second = runTool({"record", "-o", folders.file(), "--", "true"}, folders.environment());
+    EXPECT_EQ(second.exit, 1);
+    EXPECT_EQ(second.error, "kelutv: another program records into the file\n");
+    first->kill(SIGTERM);
+    EXPECT_EQ(first->exitCode(), 128 + SIGTERM);
+    EXPECT_EQ(all<Transaction>(recording::linesOfFile(folders.file())).size(), 1U);
+}
+
 /** The last one, since it ends the television. */
 TEST(RecordedLoss, isInTheRecording) {
     const RecordingFolders folders;

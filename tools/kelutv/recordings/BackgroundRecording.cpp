@@ -8,7 +8,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -34,9 +33,9 @@ constexpr milliseconds kInterval{200};
 [[noreturn]] void fail(const std::string& what) { throw ToolError(Exit::Failure, what + ": " + std::strerror(errno)); }
 
 /** Waits for the lock that who records into the file holds. @return false when programs are served by somebody else */
-bool lock(int file, const std::string& pipe) {
+bool lock(RecordingFile& file, const std::string& pipe) {
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    while (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+    while (!file.lock()) {
         if (trace::isServed(pipe)) {
             return false;
         }
@@ -154,7 +153,7 @@ void recordInBackground(const RecordOptions& options) {
                                            " in the background: it is no regular file");
     }
     const std::string place = trace::meetingPlaceOf(status);
-    if (!lock(file.fd(), trace::pipeIn(place))) {
+    if (!lock(file, trace::pipeIn(place))) {
         return;
     }
     file.goOn();

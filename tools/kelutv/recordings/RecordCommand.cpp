@@ -1,5 +1,6 @@
 #include "tools/kelutv/recordings/RecordCommand.h"
 
+#include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/recordings/BackgroundRecording.h"
 #include "tools/kelutv/recordings/RecordingSession.h"
@@ -29,8 +30,12 @@ int waitForEnd(TracedProgram& program, process::SignalWatch& signals, RecordingS
 }
 
 Exit record(const CommandOptions& options, const Output& output) {
+    TracedProgram::requireRunnable(options.words);
     RecordingFile file(options.recording.file, options.recording.most);
-    file.empty();
+    if (!file.lock()) {
+        throw ToolError(Exit::Failure, "another program records into the file");
+    }
+    file.replace();
     TracePipe pipe(wishesOf(options.recording));
     process::SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
     std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.

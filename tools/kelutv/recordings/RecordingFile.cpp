@@ -4,6 +4,7 @@
 #include "wire/text/Shown.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,7 +37,9 @@ RecordingFile::RecordingFile(std::string path, std::uint64_t most)
 
 RecordingFile::~RecordingFile() { ::close(mFd); }
 
-void RecordingFile::empty() { cutBehind(0); }
+bool RecordingFile::lock() { return !mIsRegular || ::flock(mFd, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK; }
+
+void RecordingFile::replace() { mIsReplaced = mIsRegular; }
 
 void RecordingFile::goOn() {
     const off_t end = ::lseek(mFd, 0, SEEK_END);
@@ -45,14 +48,14 @@ void RecordingFile::goOn() {
     while (size > 0 && ::pread(mFd, &last, 1, static_cast<off_t>(size - 1)) == 1 && last != '\n') {
         --size;
     }
-    cutBehind(size);
-}
-
-void RecordingFile::cutBehind(std::uint64_t size) {
-    if (mIsRegular && ::ftruncate(mFd, static_cast<off_t>(size)) != 0) {
+    if (!cutBehind(size)) {
         failToWrite(mPath);
     }
+}
+
+bool RecordingFile::cutBehind(std::uint64_t size) {
     mSize = size;
+    return !mIsRegular || ::ftruncate(mFd, static_cast<off_t>(size)) == 0;
 }
 
 RecordingFile::Written RecordingFile::write(const recording::Line& line) {
@@ -65,6 +68,10 @@ RecordingFile::Written RecordingFile::writeEnd(const recording::End& end) {
 }
 
 RecordingFile::Written RecordingFile::append(const std::string& text) {
+    if (mIsReplaced && !cutBehind(0)) {
+        return Written::Failed;
+    }
+    mIsReplaced = false;
     for (std::size_t written = 0; written < text.size();) {
         const ssize_t length = ::write(mFd, text.data() + written, text.size() - written);
         if (length < 0 && errno != EINTR) {

@@ -24,8 +24,11 @@ public:
     /** Open for as long as this lives. */
     int fd() const { return mFd; }
 
-    /** Takes away what is there. @throws ToolError */
-    void empty();
+    /** Whether nobody else records into the file from now on; always for a pipe or a device. */
+    bool lock();
+
+    /** The first line that is written takes away what is there. */
+    void replace();
 
     /** Goes on behind what is there, but for a last line that was cut off. @throws ToolError */
     void goOn();
@@ -40,12 +43,13 @@ public:
     Written writeEnd(const recording::End& end);
 
 private:
-    void cutBehind(std::uint64_t size);
+    bool cutBehind(std::uint64_t size);
     Written append(const std::string& text);
 
     std::string mPath;
     int mFd;
     bool mIsRegular = false;
+    bool mIsReplaced = false;
     std::uint64_t mMost;
     /** Of the whole lines in the file. */
     std::uint64_t mSize = 0;

@@ -44,6 +44,11 @@ std::string preload() {
     return "LD_PRELOAD=" + (before != nullptr ? before + std::string(":") : "") + traceLibrary();
 }
 
+[[noreturn]] void failToRun(const std::string& word, const std::error_code& error) {
+    throw ToolError(static_cast<Exit>(error.value() == ENOENT ? kNotFound : kCannotRun),
+                    "cannot run " + wire::shown(word, wire::kMostOfPath) + ": " + error.message());
+}
+
 } // namespace
 
 TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::string& setting,
@@ -52,8 +57,14 @@ TracedProgram::TracedProgram(const std::vector<std::string>& words, const std::s
     try {
         mPid = process::spawn(program);
     } catch (const std::system_error& error) {
-        throw ToolError(static_cast<Exit>(error.code().value() == ENOENT ? kNotFound : kCannotRun),
-                        "cannot run " + wire::shown(words.front(), wire::kMostOfPath) + ": " + error.code().message());
+        failToRun(words.front(), error.code());
+    }
+}
+
+void TracedProgram::requireRunnable(const std::vector<std::string>& words) {
+    traceLibrary();
+    if (const std::error_code error = process::whyNotRunnable(words.front())) {
+        failToRun(words.front(), error);
     }
 }
 
