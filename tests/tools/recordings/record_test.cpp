@@ -394,6 +394,21 @@ TEST(Record, aRunThatCannotBeginLeavesTheFileAlone) {
     EXPECT_TRUE(folders.areLeftEmpty());
 }
 
+TEST(Record, refusesEventsThatCannotBeRead) {
+    const RecordingFolders folders;
+    Words environment = folders.environment();
+    environment.push_back("KELUTV_EVENTS=" + folders.pathOf("nothing"));
+    for (const char* const way : {"--quiet", "--background"}) {
+        const ToolRun run = runTool(way == std::string("--quiet")
+                                        ? Words{"record", way, "--events", "-o", folders.file(), "--", "true"}
+                                        : Words{"record", way, "--events", "-o", folders.file()},
+                                    environment);
+        EXPECT_EQ(run.exit, 2) << run.error;
+        EXPECT_NE(run.error.find(folders.pathOf("nothing")), std::string::npos) << run.error;
+        EXPECT_FALSE(std::filesystem::exists(folders.file()));
+    }
+}
+
 TEST(Record, twoRunsShareNoFile) {
     const RecordingFolders folders;
     const auto first =

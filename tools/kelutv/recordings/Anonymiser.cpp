@@ -1,6 +1,5 @@
 #include "tools/kelutv/recordings/Anonymiser.h"
 
-#include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/recordings/DecodedForm.h"
 #include "tools/kelutv/text/Patterns.h"
 #include "wire/codec/ValueReader.h"
@@ -228,8 +227,7 @@ void Anonymiser::maskNumbers(std::uint8_t* bytes, std::size_t count) const {
 }
 
 bool Anonymiser::mask(recording::Event& event) const {
-    static const wire::EventTable events = eventsOf("");
-    const wire::Event* const known = events.find(event.event);
+    const wire::Event* const known = recordedEvents().find(event.event);
     if (known == nullptr) {
         return event.payload.empty();
     }

@@ -6,6 +6,11 @@
 
 namespace kelutv::tool {
 
+const wire::EventTable& recordedEvents() {
+    static const wire::EventTable events = eventsOf("");
+    return events;
+}
+
 std::string decodedForm(const recording::Transaction& transaction) {
     const DecodedRequest decoded = decodeRequest(transaction.request);
     const wire::Operation& operation = operationFor(decoded.request);
@@ -16,9 +21,8 @@ std::string decodedForm(const recording::Transaction& transaction) {
 }
 
 std::string decodedForm(const recording::Event& event) {
-    static const wire::EventTable events = eventsOf("");
     const ReceivedEvent received{{}, event.event, event.payload};
-    return meaningDocument(KnownEvent(received, events)).dump();
+    return meaningDocument(KnownEvent(received, recordedEvents())).dump();
 }
 
 } // namespace kelutv::tool

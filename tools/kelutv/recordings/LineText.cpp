@@ -1,8 +1,8 @@
 #include "tools/kelutv/recordings/LineText.h"
 
 #include "tools/kelutv/conversion/CallText.h"
-#include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventText.h"
+#include "tools/kelutv/recordings/DecodedForm.h"
 #include "tools/kelutv/recordings/LiveLine.h"
 #include "tools/kelutv/trace/TransactionText.h"
 #include "wire/text/Shown.h"
@@ -33,9 +33,8 @@ std::string textOf(const recording::Transaction& transaction) {
 }
 
 std::string textOf(const recording::Event& event) {
-    static const wire::EventTable events = eventsOf("");
     const ReceivedEvent received{{}, event.event, event.payload};
-    return placeText(event.moment) + "event " + meaningText(KnownEvent(received, events));
+    return placeText(event.moment) + "event " + meaningText(KnownEvent(received, recordedEvents()));
 }
 
 std::string textOf(const recording::Loss& loss) { return placeText(loss.moment) + "the service is gone"; }

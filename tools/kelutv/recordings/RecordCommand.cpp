@@ -3,6 +3,7 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Streams.h"
 #include "tools/kelutv/recordings/BackgroundRecording.h"
+#include "tools/kelutv/recordings/DecodedForm.h"
 #include "tools/kelutv/recordings/RecordingSession.h"
 #include "tools/kelutv/recordings/Sizes.h"
 #include "tools/kelutv/trace/TracedProgram.h"
@@ -50,6 +51,9 @@ Exit record(const CommandOptions& options, const Output& output) {
 }
 
 Exit run(const CommandOptions& options, const Output& output) {
+    if (options.recording.events) {
+        recordedEvents(); // While what is wrong with them can be told.
+    }
     if (options.inBackground) {
         if (!options.words.empty()) {
             throw UsageError("--background takes no PROGRAM: it records those that are started with KELUTV_RECORD");
