@@ -211,6 +211,24 @@ TEST(Record, aDiskThatTakesNothingDelaysNoCall) {
     EXPECT_EQ(tool->exitCode(), 0);
 }
 
+TEST(Record, aSignalEndsARecorderWhoseDiskTakesNothing) {
+    const RecordingFolders folders;
+    const std::string pipe = folders.pathOf("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const auto tool = startTool({"record", "-o", pipe, "--for", "0.2", "--", KELUTV_TRACED_CLIENT, "many"},
+                                folders.environment());
+    // The program ends while the pipe, which nobody reads, is full, and its traces are gone.
+    ASSERT_TRUE(tool->output().waitFor("done\n"));
+    ASSERT_TRUE(folders.areLeftEmpty());
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    std::optional<int> status;
+    while (!(status = tool->wait(std::chrono::milliseconds(20))) && std::chrono::steady_clock::now() < deadline) {
+        // The first may come before signals end the tool.
+        tool->kill(SIGTERM);
+    }
+    EXPECT_EQ(status, SIGTERM);
+}
+
 /** In nanoseconds, what a call that is recorded takes more than one that is not; both in one run, by turns. */
 int costOfRecording() {
     const Recorded recorded = recordClient("cost");

@@ -17,8 +17,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <initializer_list>
 #include <iterator>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace kelutv::tool {
 
@@ -131,12 +134,17 @@ std::string serveAll(RecordingSession& session, process::SignalWatch& signals, c
 }
 
 /** In a process of its own. */
-Exit serve(TracePipe& pipe, RecordingFile& file, const RecordOptions& options) {
-    process::SignalWatch signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+Exit serve(std::unique_ptr<TracePipe> pipe, RecordingFile& file, const RecordOptions& options) {
+    std::optional<process::SignalWatch> signals(std::in_place,
+                                                std::initializer_list<int>{SIGINT, SIGTERM, SIGHUP, SIGQUIT});
     std::signal(SIGXFSZ, SIG_IGN); // What cannot be written is told of by the write.
     try {
-        RecordingSession session(pipe, file, options);
-        session.finish(serveAll(session, signals, pipe.path()));
+        RecordingSession session(*pipe, file, options);
+        session.finish(serveAll(session, *signals, pipe->path()));
+        // Signals end this process from here on, and the lock is given up with the file, behind the folder.
+        pipe.reset();
+        signals.reset();
+        session.join();
         return Exit::Success;
     } catch (const ToolError& error) {
         return error.exit();
@@ -165,10 +173,7 @@ void recordInBackground(const RecordOptions& options) {
     }
     if (recorder == 0) {
         leaveProgram();
-        const Exit exit = serve(*pipe, file, options);
-        // Before the lock is given up with the file.
-        pipe.reset();
-        std::_Exit(static_cast<int>(exit));
+        std::_Exit(static_cast<int>(serve(std::move(pipe), file, options)));
     }
     // What stands in the folder is the other process's now.
     std::_Exit(0);

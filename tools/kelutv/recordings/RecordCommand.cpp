@@ -9,7 +9,10 @@
 #include "tools/kelutv/trace/TracedProgram.h"
 #include "tools/process/SignalWatch.h"
 
+#include <initializer_list>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace kelutv::tool {
 
@@ -37,15 +40,20 @@ Exit record(const CommandOptions& options, const Output& output) {
         throw ToolError(Exit::Failure, "another program records into the file");
     }
     file.replace();
-    TracePipe pipe(wishesOf(options.recording));
-    process::SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+    auto pipe = std::make_unique<TracePipe>(wishesOf(options.recording));
+    std::optional<process::SignalWatch> signals(std::in_place,
+                                                std::initializer_list<int>{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT});
     std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.
     std::signal(SIGXFSZ, SIG_IGN); // What cannot be written is told of by the write.
-    RecordingSession session(pipe, file, options.recording);
-    TracedProgram program(options.words, trace::kRecordVariable + ('=' + pipe.path()), ownDescriptors(),
-                          signals.maskBefore());
-    const int exit = waitForEnd(program, signals, session);
+    RecordingSession session(*pipe, file, options.recording);
+    TracedProgram program(options.words, trace::kRecordVariable + ('=' + pipe->path()), ownDescriptors(),
+                          signals->maskBefore());
+    const int exit = waitForEnd(program, *signals, session);
     session.finish("program");
+    // Signals end this process from here on, and nothing is left behind then.
+    pipe.reset();
+    signals.reset();
+    session.join();
     session.report(options.recording, output);
     return static_cast<Exit>(exit);
 }

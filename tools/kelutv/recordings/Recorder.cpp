@@ -35,6 +35,7 @@ Recorder::Recorder(RecordingFile& file) : mFile(file) {
 Recorder::~Recorder() {
     if (mThread.joinable()) {
         finish("signal");
+        join();
     }
 }
 
@@ -47,10 +48,9 @@ void Recorder::add(TracedTransaction traced) { put(std::move(traced)); }
 
 void Recorder::addGap(std::uint32_t count) { put(Missing{count}); }
 
-void Recorder::finish(const std::string& reason) {
-    put(Finish{reason});
-    mThread.join();
-}
+void Recorder::finish(const std::string& reason) { put(Finish{reason}); }
+
+void Recorder::join() { mThread.join(); }
 
 void Recorder::put(Task task) {
     const auto* const traced = std::get_if<TracedTransaction>(&task);

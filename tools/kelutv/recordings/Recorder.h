@@ -38,10 +38,13 @@ public:
     /** Whether the disk or the limit has ended the recording. */
     bool isOver() const { return mIsOver; }
 
-    /** Writes what was added and the end, and waits for that; once. */
+    /** What was added is written, and then the end; nothing is added behind that. Does not wait. */
     void finish(const std::string& reason);
 
-    /** @name To be asked behind `finish`. @{ */
+    /** Waits until all is written; once, behind `finish`. */
+    void join();
+
+    /** @name To be asked behind `join`. @{ */
     /** Why it ended: the reason, or `size` or `disk`. */
     const std::string& reason() const { return mReason; }
     std::size_t transactions() const { return mTransactions; }

@@ -34,13 +34,16 @@ public:
      */
     void wait(int other, std::chrono::milliseconds most);
 
-    /** Takes what is there still, writes the end and waits for that. */
+    /** Takes what is there still; that and the end are written. Does not wait, and needs the pipe no more. */
     void finish(const std::string& reason);
+
+    /** Waits until all is written, which takes as long as the disk does; behind `finish`. */
+    void join() { mRecorder.join(); }
 
     /** The processes that have sent something or have begun. */
     std::set<pid_t>& processes() { return mProcesses; }
 
-    /** Says what has become of it, behind `finish`. */
+    /** Says what has become of it, behind `join`. */
     void report(const RecordOptions& options, const Output& output) const;
 
 private:
