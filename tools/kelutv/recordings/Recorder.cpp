@@ -53,8 +53,7 @@ void Recorder::finish(const std::string& reason) { put(Finish{reason}); }
 void Recorder::join() { mThread.join(); }
 
 void Recorder::put(Task task) {
-    const auto* const traced = std::get_if<TracedTransaction>(&task);
-    const std::size_t size = sizeof(Task) + (traced != nullptr ? traced->request.size() + traced->reply.size() : 0);
+    const std::size_t size = sizeOf(task);
     const std::lock_guard<std::mutex> lock(mMutex);
     mTasks.push_back(std::move(task));
     mBytes += size;
@@ -64,7 +63,6 @@ void Recorder::put(Task task) {
 std::deque<Recorder::Task> Recorder::takeTasks() {
     std::unique_lock<std::mutex> lock(mMutex);
     mChange.wait(lock, [this] { return !mTasks.empty(); });
-    mBytes = 0;
     return std::exchange(mTasks, {});
 }
 
@@ -73,12 +71,23 @@ void Recorder::work() {
     }
 }
 
-bool Recorder::carryOut(const std::deque<Task>& tasks) {
+bool Recorder::carryOut(std::deque<Task> tasks) {
     bool goesOn = true;
-    for (const Task& task : tasks) {
-        goesOn = std::visit([this](const auto& what) { return write(what); }, task) && goesOn;
+    for (; !tasks.empty(); tasks.pop_front()) {
+        goesOn = std::visit([this](const auto& what) { return write(what); }, tasks.front()) && goesOn;
+        forget(sizeOf(tasks.front()));
     }
     return goesOn;
+}
+
+std::size_t Recorder::sizeOf(const Task& task) {
+    const auto* const traced = std::get_if<TracedTransaction>(&task);
+    return sizeof(Task) + (traced != nullptr ? traced->request.size() + traced->reply.size() : 0);
+}
+
+void Recorder::forget(std::size_t bytes) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mBytes -= bytes;
 }
 
 bool Recorder::write(const TracedTransaction& traced) {

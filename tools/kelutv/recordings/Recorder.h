@@ -61,11 +61,13 @@ private:
     };
     using Task = std::variant<TracedTransaction, Missing, Finish>;
 
+    static std::size_t sizeOf(const Task& task);
     void put(Task task);
     std::deque<Task> takeTasks();
     void work();
     /** @return whether there is more to come */
-    bool carryOut(const std::deque<Task>& tasks);
+    bool carryOut(std::deque<Task> tasks);
+    void forget(std::size_t bytes);
     bool write(const TracedTransaction& traced);
     bool write(const Missing& missing);
     bool write(const Finish& finish);
@@ -85,6 +87,7 @@ private:
     mutable std::mutex mMutex;
     std::condition_variable mChange;
     std::deque<Task> mTasks;
+    /** Of what is not written yet. */
     std::size_t mBytes = 0;
     std::thread mThread;
 };
