@@ -46,12 +46,14 @@ void Channel::send(RecordHeader header, const RecordBytes& bytes) {
     // Opened for each record, since programs close descriptors that are not theirs. A pipe that is open for reading
     // here is never broken: a program whose tool has gone gets no SIGPIPE.
     const int fd = ::open(mPath, O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    bool isSent = false;
     if (fd >= 0) {
-        mIsStuck = !write(fd, header, bytes);
-        if (mIsStuck) {
-            ++mNotes->leftOut;
-        }
+        isSent = write(fd, header, bytes);
+        mIsStuck = !isSent;
         ::close(fd);
+    }
+    if (!isSent && header.kind != RecordKind::Process) {
+        ++mNotes->leftOut;
     }
     errno = before;
 }

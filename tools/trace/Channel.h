@@ -32,7 +32,7 @@ public:
 
     bool wants(RecordKind kind) const;
 
-    /** Writes the record, or counts it where there is no room; `errno` stays as it is. */
+    /** Writes the record, or counts it where there is no room or no way to the pipe; `errno` stays as it is. */
     void send(RecordHeader header, const RecordBytes& bytes);
 
 private:

@@ -28,7 +28,7 @@ enum class RecordKind : std::uint32_t {
 constexpr const char* kNotesSuffix = ".notes";
 
 struct Notes {
-    /** The records that were left out since the pipe was full and the tool did not read. */
+    /** What was left out since the pipe was full and the tool did not read, or could not be opened. */
     std::atomic<std::uint32_t> leftOut;
     /** The kinds of records that the tool wants now. */
     std::atomic<std::uint32_t> wanted;

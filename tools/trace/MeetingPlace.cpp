@@ -6,15 +6,24 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 namespace kelutv::trace {
 
+std::string temporaryFolder() {
+    const char* const named = std::getenv("TMPDIR");
+    const std::string folder = named != nullptr && *named != '\0' ? named : "/tmp";
+    std::error_code error;
+    const std::string absolute = std::filesystem::absolute(folder, error).string();
+    return error ? folder : absolute;
+}
+
 std::string meetingPlaceOf(const struct stat& file) {
-    const char* const folder = std::getenv("TMPDIR");
     char name[96];
     std::snprintf(name, sizeof(name), "/kelutv-record-%u-%llx-%llx", ::geteuid(),
                   static_cast<unsigned long long>(file.st_dev), static_cast<unsigned long long>(file.st_ino));
-    return (folder != nullptr && *folder != '\0' ? folder : "/tmp") + std::string(name);
+    return temporaryFolder() + name;
 }
 
 bool isOwnFolder(const std::string& path) {

@@ -6,6 +6,10 @@ struct stat;
 
 namespace kelutv::trace {
 
+/** The folder for what lives as short as a program: TMPDIR or `/tmp`, as an absolute path, since programs change their
+ * folder. */
+std::string temporaryFolder();
+
 /**
  * The folder in which programs of one user meet who records them into this file: below TMPDIR, named after the user and
  * the file.

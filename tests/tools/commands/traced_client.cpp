@@ -8,6 +8,7 @@
 
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -151,6 +152,21 @@ int compareCosts() {
     return 0;
 }
 
+/** Between two calls that are seen one for which no descriptor is left to send it through; then one from elsewhere. */
+int sendWithoutDescriptor() {
+    linux_tv_Audio_setVolume(0, 1);
+    rlimit before{};
+    ::getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none{0, before.rlim_max};
+    ::setrlimit(RLIMIT_NOFILE, &none);
+    linux_tv_Audio_setVolume(0, 2);
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    linux_tv_Audio_setVolume(0, 3);
+    const int result = ::chdir("/");
+    linux_tv_Audio_setVolume(0, 4);
+    return result;
+}
+
 std::atomic<bool> hasEvent{false};
 
 void takeEvent(int /*event*/, void* /*payload*/, unsigned int /*length*/, void* /*more*/) { hasEvent = true; }
@@ -209,6 +225,8 @@ int run(const char* program, const std::string& action) {
         std::fflush(stdout);
     } else if (action == "busy") {
         sendWithoutEnd();
+    } else if (action == "unopened") {
+        return sendWithoutDescriptor();
     } else if (action == "exec") {
         linux_tv_Audio_setVolume(0, 4);
         ::execl(program, program, "print", nullptr);

@@ -191,6 +191,22 @@ TEST(Record, aRecorderThatIsStoppedDelaysNoCall) {
     EXPECT_EQ(static_cast<std::int64_t>(all<Transaction>(recorded.lines).size()) + leftOut(recorded.lines), 200);
 }
 
+TEST(Record, aCallThatCannotBeSentLeavesAGap) {
+    const RecordingFolders folders;
+    Words environment = folders.environment();
+    // As seen from the folder of the test, which the program leaves.
+    const std::string& meetings = environment.back();
+    const std::string folder = meetings.substr(meetings.find('=') + 1);
+    environment.push_back("TMPDIR=" + std::filesystem::relative(folder).string());
+    const ToolRun run =
+        runTool({"record", "-o", folders.file(), "--", KELUTV_TRACED_CLIENT, "unopened"}, environment);
+    EXPECT_EQ(run.exit, 0) << run.error;
+    const auto lines = recording::linesOfFile(folders.file());
+    EXPECT_EQ(lastWordsOf(all<Transaction>(lines)), (std::vector<int>{1, 3, 4}));
+    EXPECT_EQ(leftOut(lines), 1);
+    EXPECT_TRUE(folders.areLeftEmpty());
+}
+
 TEST(Record, aDiskThatTakesNothingDelaysNoCall) {
     const RecordingFolders folders;
     const std::string pipe = folders.pathOf("pipe");

@@ -24,8 +24,7 @@ constexpr int kPipeSize = 1024 * 1024;
 [[noreturn]] void fail(const std::string& what) { throw ToolError(Exit::Failure, what + ": " + std::strerror(errno)); }
 
 std::string makeDirectory() {
-    const char* const folder = std::getenv("TMPDIR");
-    std::string path = std::string(folder != nullptr && *folder != '\0' ? folder : "/tmp") + "/kelutv-trace-XXXXXX";
+    std::string path = trace::temporaryFolder() + "/kelutv-trace-XXXXXX";
     if (::mkdtemp(path.data()) == nullptr) {
         fail("cannot make the directory " + path);
     }
