@@ -157,7 +157,9 @@ int sendWithoutDescriptor() {
     linux_tv_Audio_setVolume(0, 1);
     rlimit before{};
     ::getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit none{0, before.rlim_max};
+    const int next = ::dup(STDIN_FILENO);
+    ::close(next);
+    const rlimit none{static_cast<rlim_t>(next), before.rlim_max};
     ::setrlimit(RLIMIT_NOFILE, &none);
     linux_tv_Audio_setVolume(0, 2);
     ::setrlimit(RLIMIT_NOFILE, &before);

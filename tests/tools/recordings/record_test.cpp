@@ -61,6 +61,11 @@ std::int64_t leftOut(const std::vector<Line>& lines) {
     return count;
 }
 
+std::string contentOf(const std::string& file) {
+    std::ifstream input(file);
+    return {std::istreambuf_iterator<char>(input), {}};
+}
+
 TEST(Record, leavesTheProgramAlone) {
     const Recorded recorded = recordClient("print");
     EXPECT_EQ(recorded.run.exit, 0);
@@ -102,8 +107,7 @@ TEST(Record, aByteThatIsAnotherIsFound) {
     const RecordingFolders folders;
     record(folders, {}, {KELUTV_TRACED_CLIENT, "print"});
     EXPECT_EQ(runTool({"recording", "check", folders.file()}).exit, 0);
-    std::ifstream input(folders.file());
-    std::string text{std::istreambuf_iterator<char>(input), {}};
+    std::string text = contentOf(folders.file());
     // The volume at the end of the request: 5, and then 4.
     text.replace(text.find("05000000\""), 2, "04");
     std::ofstream(folders.file()) << text;
@@ -195,9 +199,8 @@ TEST(Record, aCallThatCannotBeSentLeavesAGap) {
     const RecordingFolders folders;
     Words environment = folders.environment();
     // As seen from the folder of the test, which the program leaves.
-    const std::string& meetings = environment.back();
-    const std::string folder = meetings.substr(meetings.find('=') + 1);
-    environment.push_back("TMPDIR=" + std::filesystem::relative(folder).string());
+    std::string& meetings = environment.back();
+    meetings = "TMPDIR=" + std::filesystem::relative(meetings.substr(meetings.find('=') + 1)).string();
     const ToolRun run =
         runTool({"record", "-o", folders.file(), "--", KELUTV_TRACED_CLIENT, "unopened"}, environment);
     EXPECT_EQ(run.exit, 0) << run.error;
@@ -329,6 +332,19 @@ TEST(RecordByEnvironment, aFileThatCannotBeWrittenStopsNoProgram) {
               std::string::npos);
 }
 
+TEST(RecordByEnvironment, aFileThatIsNoRecordingStaysAsItIs) {
+    const RecordingFolders folders;
+    for (const std::string& text : {std::string("no line end"), std::string("a line\nand half of one"),
+                                    std::string("{\"kind\":\"end\"}\n"), std::string(200000, 'x')}) {
+        std::ofstream(folders.file()) << text;
+        const ToolRun run = runTool({"record", "--background", "-o", folders.file()}, folders.environment());
+        EXPECT_EQ(run.exit, 1);
+        EXPECT_EQ(run.error, "kelutv: cannot add to " + folders.file() + ": it does not begin as a recording does\n");
+        EXPECT_EQ(contentOf(folders.file()), text);
+    }
+    EXPECT_TRUE(folders.areLeftEmpty());
+}
+
 /** All that the file says once a recorder or its program was killed: whole lines up to the last. */
 void expectReadable(const std::string& file) {
     std::ifstream input(file);
@@ -397,11 +413,6 @@ TEST(Record, refusesBadInput) {
         EXPECT_NE(run.error.find(test.error), std::string::npos) << run.error;
     }
     std::filesystem::remove("recording.jsonl");
-}
-
-std::string contentOf(const std::string& file) {
-    std::ifstream input(file);
-    return {std::istreambuf_iterator<char>(input), {}};
 }
 
 TEST(Record, aRunThatCannotBeginLeavesTheFileAlone) {

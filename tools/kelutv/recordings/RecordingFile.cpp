@@ -8,8 +8,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <string_view>
 
 namespace kelutv::tool {
 
@@ -18,10 +20,25 @@ namespace {
 /** More than the line of an end has. */
 constexpr std::uint64_t kRoomForEnd = 128;
 constexpr mode_t kMode = 0666;
+constexpr std::size_t kBlock = 65536;
 
-[[noreturn]] void failToWrite(const std::string& path) {
+[[noreturn]] void failTo(const std::string& what, const std::string& path) {
     throw ToolError(Exit::Failure,
-                    "cannot write to " + wire::shown(path, wire::kMostOfPath) + ": " + std::strerror(errno));
+                    "cannot " + what + ' ' + wire::shown(path, wire::kMostOfPath) + ": " + std::strerror(errno));
+}
+
+bool isHeader(const std::string& line) {
+    try {
+        return std::holds_alternative<recording::Header>(recording::lineOf(line).content);
+    } catch (const recording::LineError&) {
+        return false;
+    }
+}
+
+/** Whether the text may be that of a header that was cut off. */
+bool isBeginning(const std::string& text) {
+    constexpr std::string_view kBeginning = R"({"kind":"header",)";
+    return text.substr(0, kBeginning.size()) == kBeginning.substr(0, text.size());
 }
 
 } // namespace
@@ -29,7 +46,7 @@ constexpr mode_t kMode = 0666;
 RecordingFile::RecordingFile(std::string path, std::uint64_t most)
     : mPath(std::move(path)), mFd(::open(mPath.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, kMode)), mMost(most) {
     if (mFd < 0) {
-        failToWrite(mPath);
+        failTo("write to", mPath);
     }
     struct stat status {};
     mIsRegular = ::fstat(mFd, &status) == 0 && S_ISREG(status.st_mode);
@@ -42,15 +59,42 @@ bool RecordingFile::lock() { return !mIsRegular || ::flock(mFd, LOCK_EX | LOCK_N
 void RecordingFile::replace() { mIsReplaced = mIsRegular; }
 
 void RecordingFile::goOn() {
+    requireRecording();
+    if (!cutBehind(sizeOfWholeLines())) {
+        failTo("write to", mPath);
+    }
+}
+
+void RecordingFile::requireRecording() const {
+    const std::string text = read(0, kBlock);
+    const std::size_t end = text.find('\n');
+    if (end == std::string::npos ? !isBeginning(text) : !isHeader(text.substr(0, end))) {
+        throw ToolError(Exit::Failure, "cannot add to " + wire::shown(mPath, wire::kMostOfPath) +
+                                           ": it does not begin as a recording does");
+    }
+}
+
+std::uint64_t RecordingFile::sizeOfWholeLines() const {
     const off_t end = ::lseek(mFd, 0, SEEK_END);
-    auto size = static_cast<std::uint64_t>(end > 0 ? end : 0);
-    char last = '\n';
-    while (size > 0 && ::pread(mFd, &last, 1, static_cast<off_t>(size - 1)) == 1 && last != '\n') {
-        --size;
+    for (auto to = static_cast<std::uint64_t>(std::max<off_t>(end, 0)); to > 0;) {
+        const std::uint64_t from = to - std::min<std::uint64_t>(to, kBlock);
+        const std::size_t last = read(from, static_cast<std::size_t>(to - from)).rfind('\n');
+        if (last != std::string::npos) {
+            return from + last + 1;
+        }
+        to = from;
     }
-    if (!cutBehind(size)) {
-        failToWrite(mPath);
+    return 0;
+}
+
+std::string RecordingFile::read(std::uint64_t from, std::size_t length) const {
+    std::string text(length, '\0');
+    const ssize_t got = ::pread(mFd, text.data(), length, static_cast<off_t>(from));
+    if (got < 0) {
+        failTo("read", mPath);
     }
+    text.resize(static_cast<std::size_t>(got));
+    return text;
 }
 
 bool RecordingFile::cutBehind(std::uint64_t size) {

@@ -30,7 +30,8 @@ public:
     /** The first line that is written takes away what is there. */
     void replace();
 
-    /** Goes on behind what is there, but for a last line that was cut off. @throws ToolError */
+    /** Goes on behind what is there, but for a last line that was cut off. @throws ToolError when that is no recording
+     */
     void goOn();
 
     enum class Written { Whole, NoRoom, Failed };
@@ -43,6 +44,9 @@ public:
     Written writeEnd(const recording::End& end);
 
 private:
+    void requireRecording() const;
+    std::string read(std::uint64_t from, std::size_t length) const;
+    std::uint64_t sizeOfWholeLines() const;
     bool cutBehind(std::uint64_t size);
     Written append(const std::string& text);
 
