@@ -103,17 +103,33 @@ TEST(Record, hasTheBytesThatWereSentAndCameBack) {
                     .matches(all<recording::Header>(recorded.lines).front().start));
 }
 
+/** Of a line that has this text, the one of the file with another byte at its place. */
+void expectFound(const std::string& file, const std::string& text, std::size_t place) {
+    const std::string before = contentOf(file);
+    EXPECT_EQ(runTool({"recording", "check", file}).exit, 0);
+    const std::size_t at = before.find(text);
+    ASSERT_NE(at, std::string::npos) << text;
+    std::string other = before;
+    other[at + place] = other[at + place] == '4' ? '5' : '4';
+    std::ofstream(file) << other;
+    const ToolRun check = runTool({"recording", "check", file});
+    EXPECT_EQ(check.exit, 1);
+    const auto line = std::count(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(at), '\n') + 1;
+    EXPECT_NE(
+        check.output.find(':' + std::to_string(line) + ": the decoded form is not that of the bytes\n"),
+        std::string::npos)
+        << check.output;
+    std::ofstream(file) << before;
+}
+
 TEST(Record, aByteThatIsAnotherIsFound) {
     const RecordingFolders folders;
-    record(folders, {}, {KELUTV_TRACED_CLIENT, "print"});
-    EXPECT_EQ(runTool({"recording", "check", folders.file()}).exit, 0);
-    std::string text = contentOf(folders.file());
-    // The volume at the end of the request: 5, and then 4.
-    text.replace(text.find("05000000\""), 2, "04");
-    std::ofstream(folders.file()) << text;
-    const ToolRun check = runTool({"recording", "check", folders.file()});
-    EXPECT_EQ(check.exit, 1);
-    EXPECT_NE(check.output.find(":2: the decoded form is not that of the bytes\n"), std::string::npos) << check.output;
+    record(folders, {"--events"}, {KELUTV_TRACED_CLIENT, "event"});
+    // The volume at the end of the first request, and that at the end of the first event.
+    expectFound(folders.file(), "01000000\",", 1);
+    expectFound(folders.file(), "\"payload\":\"00000000", 20);
+    // The number of the event: of another, and of none.
+    expectFound(folders.file(), "\"event\":393217", 13);
 }
 
 TEST(Record, isWholeForEveryThread) {

@@ -204,6 +204,25 @@ TEST(RecordingCheck, readsTheRecordingsThatAreKept) {
     EXPECT_EQ(cut.output, (std::string{std::istreambuf_iterator<char>(file), {}}));
 }
 
+TEST(RecordingCheck, findsLinesBehindAnEnd) {
+    const Sample more(sample() + setLine(9, 35) + R"({"kind":"temperature","celsius":40})" + '\n');
+    const ToolRun run = more.run("check");
+    EXPECT_EQ(run.exit, 1);
+    const Words faults = linesOf(run.output);
+    ASSERT_EQ(faults.size(), 2U) << run.output;
+    EXPECT_EQ(faults[0], more.path() + ":11: it stands behind the end of its section, and a section begins with a header");
+    EXPECT_EQ(Sample(sample() + sample()).run("check").exit, 0);
+}
+
+/** Those of a television whose events have other names cannot be compared. */
+TEST(RecordingCheck, leavesEventsOfOtherTelevisionsAlone) {
+    std::ifstream file(KELUTV_RECORDINGS "/volume.jsonl");
+    std::string text{std::istreambuf_iterator<char>(file), {}};
+    text.replace(text.find("volumeChanged"), 13, "soundIsLouder");
+    EXPECT_EQ(Sample(text).run("check").output,
+              "1 section, 3 calls, 1 event, 0 losses, 0 left out; nothing is wrong\n");
+}
+
 TEST(RecordingCheck, findsWhatIsWrong) {
     Words lines = linesOf(sample());
     std::swap(lines[1], lines[2]);
