@@ -117,11 +117,11 @@ Header headerOf(Members& members) {
     return header;
 }
 
-constexpr std::int64_t kAnyTime = std::numeric_limits<std::int64_t>::min();
+std::int64_t timeIn(Members& members) { return members.number("time", -kMostTime, kMostTime); }
 
 Moment readMoment(Members& members) {
     const std::int64_t sequence = members.number("sequence", 1);
-    const std::int64_t time = members.number("time", kAnyTime);
+    const std::int64_t time = timeIn(members);
     const std::int32_t process = members.word("process", 1);
     return {sequence, time, process, members.word("thread", 1)};
 }
@@ -129,7 +129,7 @@ Moment readMoment(Members& members) {
 Transaction transactionOf(Members& members) {
     Transaction transaction;
     transaction.moment = readMoment(members);
-    transaction.duration = members.number("duration");
+    transaction.duration = members.number("duration", 0, kMostTime);
     transaction.status = members.word("status");
     transaction.request = members.bytes("request");
     transaction.reply = members.bytesOrNull("reply");
@@ -151,13 +151,13 @@ Event eventOf(Members& members) {
 
 Gap gapOf(Members& members) {
     const std::int64_t sequence = members.number("sequence", 1);
-    const std::int64_t time = members.number("time", kAnyTime);
-    return {sequence, time, members.number("count", 1)};
+    const std::int64_t time = timeIn(members);
+    return {sequence, time, members.number("count", 1, std::numeric_limits<std::uint32_t>::max())};
 }
 
 End endOf(Members& members) {
     const std::int64_t sequence = members.number("sequence", 1);
-    const std::int64_t time = members.number("time", kAnyTime);
+    const std::int64_t time = timeIn(members);
     return {sequence, time, members.text("reason")};
 }
 

@@ -15,6 +15,9 @@ using Bytes = std::vector<std::uint8_t>;
 /** The format that is written; files of a later one are refused. */
 constexpr std::int64_t kFormat = 1;
 
+/** The most nanoseconds that a time or a duration has, some 36 years, so that several can be added up. */
+constexpr std::int64_t kMostTime = std::int64_t{1} << 60;
+
 /** Begins a section: what was recorded by one recorder, with a clock and a numbering of its own. */
 struct Header {
     std::int64_t format = kFormat;
@@ -37,7 +40,7 @@ struct Header {
 struct Moment {
     /** Ascends in a section. */
     std::int64_t sequence = 0;
-    /** Nanoseconds since the start of the section, by a clock that nobody sets. */
+    /** Nanoseconds since the start of the section, by a clock that nobody sets; negative before that. */
     std::int64_t time = 0;
     std::int32_t process = 0;
     std::int32_t thread = 0;
@@ -75,6 +78,7 @@ struct Loss {
 struct Gap {
     std::int64_t sequence = 0;
     std::int64_t time = 0;
+    /** From 1 to 2^32 - 1. */
     std::int64_t count = 0;
 };
 

@@ -98,6 +98,13 @@ TEST(Line, refusesWhatIsNone) {
               "\"event\" needs a whole number from 0 to 4294967295, not 4294967296");
     EXPECT_EQ(refusalOf(with(kEvent, "\"sequence\":8", "\"sequence\":1.5")),
               "\"sequence\" needs a whole number from 1 to 9223372036854775807, not 1.5");
+    for (const char* const number : {"1152921504606846977", "-1152921504606846977", "9223372036854775807"}) {
+        EXPECT_EQ(refusalOf(with(kEvent, "\"time\":-5", std::string("\"time\":") + number)),
+                  std::string("\"time\" needs a whole number from -1152921504606846976 to 1152921504606846976, not ") +
+                      number);
+    }
+    EXPECT_EQ(refusalOf(R"({"kind":"gap","sequence":10,"time":4,"count":4294967296})"),
+              "\"count\" needs a whole number from 1 to 4294967295, not 4294967296");
     EXPECT_EQ(refusalOf(with(kHeader, "little", "middle")),
               "\"byteOrder\" needs \"little\" or \"big\", not \"middle\"");
     EXPECT_EQ(refusalOf(std::string(40, '[')), "objects and lists are nested more than 32 deep");

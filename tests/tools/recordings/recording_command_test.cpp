@@ -248,6 +248,27 @@ TEST(RecordingAnonymise, saysWhatItLeft) {
     EXPECT_EQ(unknown.run("anonymise").error, "kelutv: what it holds is not known, and stays as it is: 1 line\n");
 }
 
+/** The longest times and the most that a recording can have, in several sections, of which some start never. */
+TEST(RecordingCommands, takeTheGreatestNumbers) {
+    const std::string most = "1152921504606846976";
+    std::string text;
+    for (const char* const start :
+         {"2150-12-31T23:59:59.999999999Z", "9999-99-99T99:99:99.999999999Z", "1969-01-01T00:00:00.000000000Z", "now"}) {
+        std::string section = std::string(kHeader) + '\n' + setLine(1, 35) + getLine(2, 36);
+        section.replace(section.find("2026-11-22T13:55:01.000000000Z"), 30, start);
+        section.replace(section.find("\"time\":1000000000"), 17, "\"time\":-" + most);
+        section.replace(section.find("\"time\":2000000000"), 17, "\"time\":" + most);
+        section.replace(section.rfind("\"duration\":100000"), 17, "\"duration\":" + most);
+        text += section + R"({"kind":"gap","sequence":3,"time":)" + most + R"(,"count":4294967295})" + '\n';
+    }
+    const Sample extreme(text);
+    EXPECT_EQ(parsedJson(extreme.run("report", {"--json"}).output).at("leftOut"), 17179869180.0);
+    EXPECT_EQ(extreme.run("show").exit, 0);
+    for (const char* const form : {"pcapng", "trace-event", "scenario", "config"}) {
+        EXPECT_EQ(extreme.run("convert", {"--to", form}).exit, 0) << form;
+    }
+}
+
 TEST(RecordingCommands, refuseBytesInAnotherOrder) {
     std::string text = sample();
     text.replace(text.find("little"), 6, "big");

@@ -9,6 +9,14 @@
 
 namespace kelutv::tool {
 
+namespace {
+
+constexpr int kFirstYear = 1970;
+/** With a time and a duration behind it, the nanoseconds since 1970 are no more than a number has room for. */
+constexpr int kLastYear = 2150;
+
+} // namespace
+
 std::string nameOf(const wire::Request& request) {
     if (const std::string item = wire::itemNameOf(request); !item.empty()) {
         return item;
@@ -32,8 +40,9 @@ std::string replyText(const wire::Request& request, const recording::Transaction
 std::int64_t startOf(const recording::Header& header) {
     std::tm parts{};
     int nanoseconds = 0;
-    if (std::sscanf(header.start.c_str(), "%d-%d-%dT%d:%d:%d.%9dZ", &parts.tm_year, &parts.tm_mon, &parts.tm_mday,
-                    &parts.tm_hour, &parts.tm_min, &parts.tm_sec, &nanoseconds) != 7) {
+    if (std::sscanf(header.start.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d.%9dZ", &parts.tm_year, &parts.tm_mon, &parts.tm_mday,
+                    &parts.tm_hour, &parts.tm_min, &parts.tm_sec, &nanoseconds) != 7 ||
+        parts.tm_year < kFirstYear || parts.tm_year > kLastYear || nanoseconds < 0) {
         return 0;
     }
     parts.tm_year -= 1900;

@@ -92,7 +92,7 @@ struct Packet {
 
 std::string textOf(const Packet& packet) {
     Block block;
-    const auto time = static_cast<std::uint64_t>(packet.time);
+    const auto time = static_cast<std::uint64_t>(std::max<std::int64_t>(packet.time, 0));
     const auto length = static_cast<std::uint32_t>(packet.bytes.size());
     block.add(packet.interface);
     block.add(static_cast<std::uint32_t>(time >> 32));

@@ -20,6 +20,8 @@ namespace {
 constexpr std::int64_t kEcho = 1000000000;
 /** What takes longer than this is a delay of the service. */
 constexpr std::int64_t kDelay = 100000000;
+/** Sections begin no later than this, however many there are. */
+constexpr std::int64_t kMostBegin = std::int64_t{1} << 61;
 constexpr std::int64_t kMillisecond = 1000000;
 
 std::string textOf(const wire::Value& value) {
@@ -103,7 +105,7 @@ private:
             mText += (isTold(step) ? "# told by itself: " : step.mark) + time + step.line + '\n';
             last = std::max(last, step.time);
         }
-        mBegin += last;
+        mBegin = std::min(mBegin + last, kMostBegin);
         mSteps.clear();
         mChanges.clear();
         for (auto& [state, known] : mStates) {

@@ -75,7 +75,7 @@ void Statistics::beginSection() {
     mLast = std::chrono::nanoseconds::min();
 }
 
-std::chrono::nanoseconds Statistics::time() const {
+std::chrono::duration<double> Statistics::time() const {
     return mTime + (mLast > mFirst ? mLast - mFirst : std::chrono::nanoseconds::zero());
 }
 
@@ -94,7 +94,7 @@ void Statistics::keepSlow(std::int64_t duration, const std::string& text) {
 }
 
 double Statistics::eventsPerSecond() const {
-    const double seconds = std::chrono::duration<double>(time()).count();
+    const double seconds = time().count();
     return seconds > 0 ? static_cast<double>(mEvents) / seconds : 0;
 }
 

@@ -52,7 +52,7 @@ private:
 
     std::vector<Row> rows() const;
     void keepSlow(std::int64_t duration, const std::string& text);
-    std::chrono::nanoseconds time() const;
+    std::chrono::duration<double> time() const;
     double eventsPerSecond() const;
     void noteTime(std::chrono::nanoseconds time);
 
@@ -62,9 +62,9 @@ private:
     /** How often each call failed, by its text. */
     std::map<std::string, std::size_t> mFailures;
     std::size_t mEvents = 0;
-    std::size_t mLeftOut = 0;
+    std::uint64_t mLeftOut = 0;
     /** Of the sections before. */
-    std::chrono::nanoseconds mTime{};
+    std::chrono::duration<double> mTime{};
     std::chrono::nanoseconds mFirst{std::chrono::nanoseconds::max()};
     std::chrono::nanoseconds mLast{std::chrono::nanoseconds::min()};
 };
