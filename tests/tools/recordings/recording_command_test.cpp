@@ -262,7 +262,7 @@ TEST(RecordingCommands, takeTheGreatestNumbers) {
         text += section + R"({"kind":"gap","sequence":3,"time":)" + most + R"(,"count":4294967295})" + '\n';
     }
     const Sample extreme(text);
-    EXPECT_EQ(parsedJson(extreme.run("report", {"--json"}).output).at("leftOut"), 17179869180.0);
+    EXPECT_EQ(parsedJson(extreme.run("report", {"--json"}).output).at("leftOut"), std::int64_t{17179869180});
     EXPECT_EQ(extreme.run("show").exit, 0);
     for (const char* const form : {"pcapng", "trace-event", "scenario", "config"}) {
         EXPECT_EQ(extreme.run("convert", {"--to", form}).exit, 0) << form;

@@ -2,7 +2,6 @@
 
 #include "tools/kelutv/decoding/Decoding.h"
 #include "wire/text/Describe.h"
-#include "wire/text/ResultNames.h"
 
 #include <cstdio>
 #include <ctime>
@@ -34,7 +33,7 @@ std::string nameOf(const wire::Request& request) {
 std::string replyText(const wire::Request& request, const recording::Transaction& transaction) {
     const wire::Operation& operation = operationFor(request);
     return transaction.reply ? textOf(operation, decodeReply(operation, *transaction.reply))
-                             : "no reply: status " + wire::statusText(transaction.status);
+                             : noReplyText(transaction.status);
 }
 
 std::int64_t startOf(const recording::Header& header) {

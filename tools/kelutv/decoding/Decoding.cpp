@@ -5,6 +5,8 @@
 #include "wire/text/Describe.h"
 #include "wire/text/ResultNames.h"
 
+#include <binder/IBinder.h>
+
 #include <algorithm>
 
 namespace kelutv::tool {
@@ -185,6 +187,10 @@ std::string textOf(const wire::Operation& operation, const wire::ReplyReading& r
         text += (text.empty() ? "" : " ") + ('[' + textOf(*reading.flaw) + ']');
     }
     return text;
+}
+
+std::string noReplyText(std::int32_t status) {
+    return status == android::DEAD_OBJECT ? "no reply: the link is dead" : "no reply: status " + std::to_string(status);
 }
 
 std::string textOf(const wire::ReplyFlaw& flaw) { return flaw.text + " (at byte " + std::to_string(flaw.offset) + ')'; }

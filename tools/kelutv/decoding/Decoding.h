@@ -7,6 +7,7 @@
 #include "wire/codec/Request.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -61,6 +62,9 @@ Json documentOf(const wire::Operation& operation, const wire::ReplyReading& read
 
 /** `0: 35`, with what is wrong in brackets. */
 std::string textOf(const wire::Operation& operation, const wire::ReplyReading& reading);
+
+/** Why there is no reply, by the status of the transport, which is not 0. */
+std::string noReplyText(std::int32_t status);
 
 /** `TEXT (at byte N)`. */
 std::string textOf(const wire::ReplyFlaw& flaw);

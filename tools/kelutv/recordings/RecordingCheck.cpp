@@ -3,6 +3,7 @@
 #include "tools/kelutv/recordings/DecodedForm.h"
 #include "tools/kelutv/recordings/LiveLine.h"
 #include "tools/kelutv/recordings/RecordingInput.h"
+#include "tools/kelutv/text/Lists.h"
 #include "wire/Fingerprint.h"
 #include "wire/text/Shown.h"
 
@@ -64,10 +65,6 @@ public:
     }
 
 private:
-    static std::string counted(std::size_t count, const std::string& one, const std::string& several = "") {
-        return std::to_string(count) + ' ' + (count == 1 ? one : several.empty() ? one + 's' : several);
-    }
-
     void fault(const std::string& text) {
         complain(wire::shown(mFile, wire::kMostOfPath) + ':' + std::to_string(mNumber) + ": " + text);
     }

@@ -1,5 +1,6 @@
 #include "tools/kelutv/recordings/RecordingSession.h"
 
+#include "tools/kelutv/text/Lists.h"
 #include "wire/text/Shown.h"
 
 #include <poll.h>
@@ -18,10 +19,6 @@ constexpr milliseconds kRest{20};
 /** How long they may, so that not each of their calls wakes this process: the pipe has room for a thousand megabytes a
  * second then. */
 constexpr milliseconds kPause{1};
-
-std::string counted(std::size_t count, const char* one, const char* several) {
-    return std::to_string(count) + ' ' + (count == 1 ? one : several);
-}
 
 /** Why it was over before the program; empty when it was not. */
 std::string limitText(const std::string& reason) {
@@ -96,8 +93,8 @@ void RecordingSession::report(const RecordOptions& options, const Output& output
     if (const std::string limit = limitText(mRecorder.reason()); !limit.empty()) {
         output.message("kelutv: " + limit);
     }
-    output.message("kelutv: " + counted(mRecorder.transactions(), "call", "calls") + " and " +
-                   counted(mRecorder.events(), "event", "events") + " recorded in " +
+    output.message("kelutv: " + counted(mRecorder.transactions(), "call") + " and " +
+                   counted(mRecorder.events(), "event") + " recorded in " +
                    wire::shown(options.file, wire::kMostOfPath) +
                    (mRecorder.leftOut() == 0 ? "" : ", " + std::to_string(mRecorder.leftOut()) + " left out"));
 }

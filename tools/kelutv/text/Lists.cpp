@@ -27,8 +27,8 @@ std::vector<std::string> split(const std::string& text, char separator) {
     return parts;
 }
 
-std::string counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+std::string counted(std::size_t count, const std::string& one, const std::string& several) {
+    return std::to_string(count) + ' ' + (count == 1 ? one : several.empty() ? one + 's' : several);
 }
 
 } // namespace kelutv::tool

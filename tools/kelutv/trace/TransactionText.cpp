@@ -9,14 +9,6 @@
 
 namespace kelutv::tool {
 
-namespace {
-
-std::string statusText(std::int32_t status) {
-    return status == android::DEAD_OBJECT ? "no reply: the link is dead" : "no reply: status " + std::to_string(status);
-}
-
-} // namespace
-
 std::string callerText(std::int32_t process, std::int32_t thread) {
     return '[' + std::to_string(process) + (thread == process ? "" : ':' + std::to_string(thread)) + "] ";
 }
@@ -26,7 +18,7 @@ std::string lineOf(const TracedTransaction& transaction, const DecodedRequest& d
     char duration[32];
     std::snprintf(duration, sizeof(duration), " <%.6f>", std::chrono::duration<double>(transaction.duration).count());
     return wire::describe(decoded.request) + (decoded.flaw ? " [" + textOf(*decoded.flaw) + ']' : "") + " -> " +
-           (transaction.status != android::NO_ERROR ? statusText(transaction.status)
+           (transaction.status != android::NO_ERROR ? noReplyText(transaction.status)
                                                     : textOf(operation, decodeReply(operation, transaction.reply))) +
            duration;
 }
