@@ -21,6 +21,8 @@ namespace kelutv::trace {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr std::chrono::seconds kPatience{10};
 constexpr int kTries = 3;
 constexpr timespec kNap{0, 1000000};
@@ -91,11 +93,10 @@ private:
 };
 
 /** Waits until the recorder has gone to the background. */
-bool waitFor(pid_t recorder) {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+bool waitFor(pid_t recorder, Clock::time_point deadline) {
     int status = 0;
     pid_t ended = 0;
-    while ((ended = ::waitpid(recorder, &status, WNOHANG)) == 0 && std::chrono::steady_clock::now() < deadline) {
+    while ((ended = ::waitpid(recorder, &status, WNOHANG)) == 0 && Clock::now() < deadline) {
         ::nanosleep(&kNap, nullptr);
     }
     if (ended == 0) {
@@ -106,7 +107,7 @@ bool waitFor(pid_t recorder) {
     return ended == recorder ? WIFEXITED(status) && WEXITSTATUS(status) == 0 : ended < 0;
 }
 
-bool startRecorder(const char* file) {
+bool startRecorder(const char* file, Clock::time_point deadline) {
     const std::string path = tool();
     std::string words[] = {"kelutv", "--quiet", "record", "--background", "--events", "--output", file};
     std::vector<char*> arguments;
@@ -121,7 +122,7 @@ bool startRecorder(const char* file) {
         complain(file, "cannot start " + path + ": " + std::strerror(error));
         return false;
     }
-    return waitFor(recorder);
+    return waitFor(recorder, deadline);
 }
 
 } // namespace
@@ -129,10 +130,14 @@ bool startRecorder(const char* file) {
 bool openRecordingService(Channel& channel, const char* file) {
     const int before = errno;
     const std::string place = placeFor(file);
+    const auto deadline = Clock::now() + kPatience;
     bool isOpen = false;
+    bool isStarted = !place.empty();
     // Who records may be about to end, and then is not there any more when this program comes.
-    for (int tries = 0; tries < kTries && !isOpen; ++tries) {
-        isOpen = !place.empty() && (isServedAt(place) || startRecorder(file)) && channel.open(pipeIn(place).c_str());
+    for (int tries = 0; tries < kTries && !isOpen && isStarted; ++tries) {
+        // A recorder that cannot start has said why, and would say it again.
+        isStarted = isServedAt(place) || startRecorder(file, deadline);
+        isOpen = isStarted && channel.open(pipeIn(place).c_str());
         if (isOpen) {
             channel.send(recordOfNow(RecordKind::Process, 0), {});
             isOpen = isServedAt(place);

@@ -6,15 +6,20 @@
 #include "support/Pattern.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <random>
 #include <set>
 
@@ -357,6 +362,58 @@ TEST(RecordByEnvironment, aFileThatIsNoRecordingStaysAsItIs) {
         EXPECT_EQ(run.exit, 1);
         EXPECT_EQ(run.error, "kelutv: cannot add to " + folders.file() + ": it does not begin as a recording does\n");
         EXPECT_EQ(contentOf(folders.file()), text);
+    }
+    EXPECT_TRUE(folders.areLeftEmpty());
+}
+
+TEST(RecordByEnvironment, aRecorderThatCannotBeginSaysSoOnce) {
+    const RecordingFolders folders;
+    EXPECT_EQ(runTool({"record", "--background", "--max-size", "10", "-o", folders.file()}, folders.environment()).exit,
+              2);
+    std::ofstream(folders.file()) << "no recording\n";
+    ChildProcess::Options options;
+    options.environment = ownRecording(folders);
+    options.captureError = true;
+    ChildProcess program({KELUTV_TRACED_CLIENT, "print"}, options);
+    EXPECT_EQ(program.exitCode(), 0);
+    const std::string error = program.error().text();
+    const std::size_t first = error.find("cannot add to ");
+    ASSERT_NE(first, std::string::npos) << error;
+    EXPECT_EQ(error.find("cannot add to ", first + 1), std::string::npos) << error;
+    EXPECT_TRUE(folders.areLeftEmpty());
+}
+
+TEST(RecordByEnvironment, aMeetingPlaceOfOthersIsRefused) {
+    const RecordingFolders folders;
+    std::ofstream(folders.file()).flush();
+    struct stat file {};
+    ASSERT_EQ(::stat(folders.file().c_str(), &file), 0);
+    char name[96];
+    std::snprintf(name, sizeof(name), "kelutv-record-%u-%llx-%llx", ::geteuid(),
+                  static_cast<unsigned long long>(file.st_dev), static_cast<unsigned long long>(file.st_ino));
+    const std::string meetings = folders.environment().back();
+    const std::filesystem::path place = std::filesystem::path(meetings.substr(meetings.find('=') + 1)) / name;
+    const std::function<void()> ways[] = {
+        [&] { std::filesystem::create_directory_symlink(folders.pathOf(""), place); },
+        [&] {
+            ::mkdir(place.c_str(), 0700);
+            ::chmod(place.c_str(), 0755);
+        },
+        [&] {
+            ::mkdir(place.c_str(), 0700);
+            if (::geteuid() == 0) {
+                ::chown(place.c_str(), 65534, 65534);
+            } else {
+                ::chmod(place.c_str(), 0770);
+            }
+        }};
+    for (const auto& make : ways) {
+        make();
+        const ToolRun run = runTool({"record", "--background", "-o", folders.file()}, folders.environment());
+        EXPECT_EQ(run.exit, 1);
+        EXPECT_NE(run.error.find("kelutv: cannot make the folder "), std::string::npos) << run.error;
+        EXPECT_EQ(std::filesystem::file_size(folders.file()), 0U);
+        std::filesystem::remove(place);
     }
     EXPECT_TRUE(folders.areLeftEmpty());
 }

@@ -134,12 +134,13 @@ std::string serveAll(RecordingSession& session, process::SignalWatch& signals, c
 }
 
 /** In a process of its own. */
-Exit serve(std::unique_ptr<TracePipe> pipe, RecordingFile& file, const RecordOptions& options) {
+Exit serve(std::unique_ptr<TracePipe> pipe, RecordingFile& file, std::chrono::nanoseconds begin,
+           const RecordOptions& options) {
     std::optional<process::SignalWatch> signals(std::in_place,
                                                 std::initializer_list<int>{SIGINT, SIGTERM, SIGHUP, SIGQUIT});
     std::signal(SIGXFSZ, SIG_IGN); // What cannot be written is told of by the write.
     try {
-        RecordingSession session(*pipe, file, options);
+        RecordingSession session(*pipe, file, begin, options);
         session.finish(serveAll(session, *signals, pipe->path()));
         // Signals end this process from here on, and the lock is given up with the file, behind the folder.
         pipe.reset();
@@ -167,13 +168,14 @@ void recordInBackground(const RecordOptions& options) {
     file.goOn();
     makePlace(place);
     auto pipe = std::make_unique<TracePipe>(place, wishesOf(options));
+    const std::chrono::nanoseconds begin = beginSection(file);
     const pid_t recorder = ::fork();
     if (recorder < 0) {
         fail("cannot make another process");
     }
     if (recorder == 0) {
         leaveProgram();
-        std::_Exit(static_cast<int>(serve(std::move(pipe), file, options)));
+        std::_Exit(static_cast<int>(serve(std::move(pipe), file, begin, options)));
     }
     // What stands in the folder is the other process's now.
     std::_Exit(0);

@@ -45,7 +45,7 @@ Exit record(const CommandOptions& options, const Output& output) {
                                                 std::initializer_list<int>{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT});
     std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.
     std::signal(SIGXFSZ, SIG_IGN); // What cannot be written is told of by the write.
-    RecordingSession session(*pipe, file, options.recording);
+    RecordingSession session(*pipe, file, beginSection(file), options.recording);
     TracedProgram program(options.words, trace::kRecordVariable + ('=' + pipe->path()), ownDescriptors(),
                           signals->maskBefore());
     const int exit = waitForEnd(program, *signals, session);

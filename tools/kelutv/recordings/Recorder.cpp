@@ -18,10 +18,10 @@ std::chrono::nanoseconds clockNow() { return std::chrono::steady_clock::now().ti
 
 } // namespace
 
-Recorder::Recorder(RecordingFile& file) : mFile(file) {
+std::chrono::nanoseconds beginSection(RecordingFile& file) {
     const recording::Header header = headerOfNow();
-    mBegin = clockNow();
-    switch (mFile.write({header})) {
+    const std::chrono::nanoseconds begin = clockNow();
+    switch (file.write({header})) {
     case RecordingFile::Written::NoRoom:
         throw UsageError("--max-size: the header of the recording alone needs more");
     case RecordingFile::Written::Failed:
@@ -29,8 +29,11 @@ Recorder::Recorder(RecordingFile& file) : mFile(file) {
     case RecordingFile::Written::Whole:
         break;
     }
-    mThread = std::thread(&Recorder::work, this);
+    return begin;
 }
+
+Recorder::Recorder(RecordingFile& file, std::chrono::nanoseconds begin)
+    : mFile(file), mBegin(begin), mThread(&Recorder::work, this) {}
 
 Recorder::~Recorder() {
     if (mThread.joinable()) {

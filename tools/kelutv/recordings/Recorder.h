@@ -17,13 +17,21 @@
 namespace kelutv::tool {
 
 /**
+ * Writes the header of a section that begins now.
+ *
+ * @return time 0 of the section, by the clock that nobody sets
+ * @throws ToolError when it cannot be written, UsageError when the limit is below it
+ */
+std::chrono::nanoseconds beginSection(RecordingFile& file);
+
+/**
  * Decodes and writes on a thread of its own, so that a slow disk delays neither the programs nor whoever takes what
  * they send. To be made when all signals that are waited for are blocked.
  */
 class Recorder {
 public:
-    /** Writes the header. The file must live longer. @throws ToolError when it cannot be written */
-    explicit Recorder(RecordingFile& file);
+    /** @param file which must live longer @param begin what `beginSection` gave */
+    Recorder(RecordingFile& file, std::chrono::nanoseconds begin);
     ~Recorder();
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
@@ -76,7 +84,7 @@ private:
     std::int64_t now() const;
 
     RecordingFile& mFile;
-    std::chrono::nanoseconds mBegin{};
+    std::chrono::nanoseconds mBegin;
     std::int64_t mSequence = 0;
     std::string mReason;
     std::size_t mTransactions = 0;

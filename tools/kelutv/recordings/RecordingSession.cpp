@@ -40,8 +40,9 @@ TraceWishes wishesOf(const RecordOptions& options) {
             milliseconds::zero()};
 }
 
-RecordingSession::RecordingSession(TracePipe& pipe, RecordingFile& file, const RecordOptions& options)
-    : mPipe(pipe), mRecorder(file), mDeadline(process::deadlineIn(options.time)) {}
+RecordingSession::RecordingSession(TracePipe& pipe, RecordingFile& file, std::chrono::nanoseconds begin,
+                                   const RecordOptions& options)
+    : mPipe(pipe), mRecorder(file, begin), mDeadline(process::deadlineIn(options.time)) {}
 
 void RecordingSession::wait(int other, milliseconds most) {
     const bool isBehind = !mIsFinished && mRecorder.isBehind();

@@ -24,7 +24,8 @@ struct RecordOptions {
 /** What comes out of a pipe, on its way into a file. To be made when the signals that are waited for are blocked. */
 class RecordingSession {
 public:
-    RecordingSession(TracePipe& pipe, RecordingFile& file, const RecordOptions& options);
+    /** @param begin what `beginSection` gave */
+    RecordingSession(TracePipe& pipe, RecordingFile& file, std::chrono::nanoseconds begin, const RecordOptions& options);
 
     /**
      * Waits until something is there to take, the descriptor can be read, or the time is over, and takes what is there.
