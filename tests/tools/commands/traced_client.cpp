@@ -7,6 +7,7 @@
 #include "tools/trace/Frame.h"
 
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -152,6 +153,24 @@ int compareCosts() {
     return 0;
 }
 
+/** Ends the first thread, and goes on in another once SIGUSR1 has come. */
+void sendBehindFirstThread() {
+    linux_tv_Audio_setVolume(0, 1);
+    static sigset_t awaited;
+    ::sigemptyset(&awaited);
+    ::sigaddset(&awaited, SIGUSR1);
+    ::pthread_sigmask(SIG_BLOCK, &awaited, nullptr);
+    std::thread([] {
+        std::puts("in another thread");
+        std::fflush(stdout);
+        int signal = 0;
+        ::sigwait(&awaited, &signal);
+        linux_tv_Audio_setVolume(0, 2);
+        std::_Exit(0);
+    }).detach();
+    ::pthread_exit(nullptr);
+}
+
 /** Between two calls that are seen one for which no descriptor is left to send it through; then one from elsewhere. */
 int sendWithoutDescriptor() {
     linux_tv_Audio_setVolume(0, 1);
@@ -227,6 +246,8 @@ int run(const char* program, const std::string& action) {
         std::fflush(stdout);
     } else if (action == "busy") {
         sendWithoutEnd();
+    } else if (action == "headless") {
+        sendBehindFirstThread();
     } else if (action == "unopened") {
         return sendWithoutDescriptor();
     } else if (action == "exec") {

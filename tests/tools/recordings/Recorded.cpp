@@ -1,6 +1,5 @@
 #include "tools/recordings/Recorded.h"
 
-#include "support/Deadline.h"
 #include "support/Sanitizers.h"
 
 #include <cstring>
@@ -12,8 +11,8 @@ std::vector<std::string> RecordingFolders::environment() const {
     return {sanitizerOptions(), "TMPDIR=" + mMeetings.path()};
 }
 
-bool RecordingFolders::areLeftEmpty() const {
-    return eventually([this] { return std::filesystem::is_empty(mMeetings.path()); });
+bool RecordingFolders::areLeftEmpty(std::chrono::milliseconds patience) const {
+    return eventually([this] { return std::filesystem::is_empty(mMeetings.path()); }, patience);
 }
 
 std::vector<int> lastWordsOf(const std::vector<recording::Transaction>& transactions) {

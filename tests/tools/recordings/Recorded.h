@@ -1,9 +1,11 @@
 #pragma once
 
 #include "recording/Line.h"
+#include "support/Deadline.h"
 #include "support/TestFolder.h"
 #include "tools/Tool.h"
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -20,7 +22,7 @@ public:
     std::vector<std::string> environment() const;
 
     /** Waits until nothing is in the folder in which programs and recorders meet. @return whether it came to that */
-    bool areLeftEmpty() const;
+    bool areLeftEmpty(std::chrono::milliseconds patience = kPatience) const;
 
 private:
     TestFolder mFiles;

@@ -141,7 +141,8 @@ const std::set<std::string>& requestsThatTellNothing() {
 bool hasTextsOrBlocks(const wire::Operation& operation, bool areNumbersMeant) {
     const auto isMeant = [areNumbersMeant](const auto& row) {
         const bool isBlock = row.encoding == wire::Encoding::Ints || row.encoding == wire::Encoding::Doubles;
-        return isBlock ? areNumbersMeant : row.encoding != wire::Encoding::Int32 && row.encoding != wire::Encoding::Double;
+        return isBlock ? areNumbersMeant
+                       : row.encoding != wire::Encoding::Int32 && row.encoding != wire::Encoding::Double;
     };
     return std::any_of(operation.request.begin(), operation.request.end(), isMeant) ||
            std::any_of(operation.reply.begin(), operation.reply.end(), isMeant);
@@ -290,9 +291,9 @@ TEST(Anonymiser, masksTheRestOfWhatCannotBeRead) {
         EXPECT_EQ(after.decoded.find("secret47"), std::string::npos);
     }
     // A text without an end, a length that is more than there is, and more than there should be.
-    for (const Bytes& request : {requestFor({CMD_FACTORY_SETSTBOTPBURN, 1}),
-                                 requestFor({CMD_FACTORY_SETKEYDATA, 7, 1000, 99, 98}),
-                                 requestFor({CMD_FACTORY_GETBARCODE})}) {
+    for (const Bytes& request :
+         {requestFor({CMD_FACTORY_SETSTBOTPBURN, 1}), requestFor({CMD_FACTORY_SETKEYDATA, 7, 1000, 99, 98}),
+          requestFor({CMD_FACTORY_GETBARCODE})}) {
         const Transaction after = masked(transactionOf(withSecret(request)));
         EXPECT_EQ(after.request.size(), request.size() + 8);
         EXPECT_TRUE(std::equal(request.begin(), request.begin() + 60, after.request.begin())) << "the token";

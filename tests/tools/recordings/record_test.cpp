@@ -120,9 +120,8 @@ void expectFound(const std::string& file, const std::string& text, std::size_t p
     const ToolRun check = runTool({"recording", "check", file});
     EXPECT_EQ(check.exit, 1);
     const auto line = std::count(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(at), '\n') + 1;
-    EXPECT_NE(
-        check.output.find(':' + std::to_string(line) + ": the decoded form is not that of the bytes\n"),
-        std::string::npos)
+    EXPECT_NE(check.output.find(':' + std::to_string(line) + ": the decoded form is not that of the bytes\n"),
+              std::string::npos)
         << check.output;
     std::ofstream(file) << before;
 }
@@ -222,8 +221,7 @@ TEST(Record, aCallThatCannotBeSentLeavesAGap) {
     // As seen from the folder of the test, which the program leaves.
     std::string& meetings = environment.back();
     meetings = "TMPDIR=" + std::filesystem::relative(meetings.substr(meetings.find('=') + 1)).string();
-    const ToolRun run =
-        runTool({"record", "-o", folders.file(), "--", KELUTV_TRACED_CLIENT, "unopened"}, environment);
+    const ToolRun run = runTool({"record", "-o", folders.file(), "--", KELUTV_TRACED_CLIENT, "unopened"}, environment);
     EXPECT_EQ(run.exit, 0) << run.error;
     const auto lines = recording::linesOfFile(folders.file());
     EXPECT_EQ(lastWordsOf(all<Transaction>(lines)), (std::vector<int>{1, 3, 4}));
@@ -255,8 +253,8 @@ TEST(Record, aSignalEndsARecorderWhoseDiskTakesNothing) {
     const RecordingFolders folders;
     const std::string pipe = folders.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    const auto tool = startTool({"record", "-o", pipe, "--for", "0.2", "--", KELUTV_TRACED_CLIENT, "many"},
-                                folders.environment());
+    const auto tool =
+        startTool({"record", "-o", pipe, "--for", "0.2", "--", KELUTV_TRACED_CLIENT, "many"}, folders.environment());
     // The program ends while the pipe, which nobody reads, is full, and its traces are gone.
     ASSERT_TRUE(tool->output().waitFor("done\n"));
     ASSERT_TRUE(folders.areLeftEmpty());
@@ -393,20 +391,19 @@ TEST(RecordByEnvironment, aMeetingPlaceOfOthersIsRefused) {
                   static_cast<unsigned long long>(file.st_dev), static_cast<unsigned long long>(file.st_ino));
     const std::string meetings = folders.environment().back();
     const std::filesystem::path place = std::filesystem::path(meetings.substr(meetings.find('=') + 1)) / name;
-    const std::function<void()> ways[] = {
-        [&] { std::filesystem::create_directory_symlink(folders.pathOf(""), place); },
-        [&] {
-            ::mkdir(place.c_str(), 0700);
-            ::chmod(place.c_str(), 0755);
-        },
-        [&] {
-            ::mkdir(place.c_str(), 0700);
-            if (::geteuid() == 0) {
-                ::chown(place.c_str(), 65534, 65534);
-            } else {
-                ::chmod(place.c_str(), 0770);
-            }
-        }};
+    const std::function<void()> ways[] = {[&] { std::filesystem::create_directory_symlink(folders.pathOf(""), place); },
+                                          [&] {
+                                              ::mkdir(place.c_str(), 0700);
+                                              ::chmod(place.c_str(), 0755);
+                                          },
+                                          [&] {
+                                              ::mkdir(place.c_str(), 0700);
+                                              if (::geteuid() == 0) {
+                                                  ::chown(place.c_str(), 65534, 65534);
+                                              } else {
+                                                  ::chmod(place.c_str(), 0770);
+                                              }
+                                          }};
     for (const auto& make : ways) {
         make();
         const ToolRun run = runTool({"record", "--background", "-o", folders.file()}, folders.environment());
@@ -416,6 +413,21 @@ TEST(RecordByEnvironment, aMeetingPlaceOfOthersIsRefused) {
         std::filesystem::remove(place);
     }
     EXPECT_TRUE(folders.areLeftEmpty());
+}
+
+TEST(RecordByEnvironment, goesOnBehindTheEndOfTheFirstThread) {
+    const RecordingFolders folders;
+    ChildProcess::Options options;
+    options.environment = ownRecording(folders);
+    options.captureOutput = true;
+    ChildProcess program({KELUTV_TRACED_CLIENT, "headless"}, options);
+    ASSERT_TRUE(program.output().waitFor("in another thread\n"));
+    // The recorder looks five times a second; one that takes the program for ended goes.
+    EXPECT_FALSE(folders.areLeftEmpty(std::chrono::milliseconds(500)));
+    program.kill(SIGUSR1);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_TRUE(folders.areLeftEmpty());
+    EXPECT_EQ(lastWordsOf(all<Transaction>(recording::linesOfFile(folders.file()))), (std::vector<int>{1, 2}));
 }
 
 /** All that the file says once a recorder or its program was killed: whole lines up to the last. */
@@ -517,10 +529,10 @@ TEST(Record, refusesEventsThatCannotBeRead) {
     Words environment = folders.environment();
     environment.push_back("KELUTV_EVENTS=" + folders.pathOf("nothing"));
     for (const char* const way : {"--quiet", "--background"}) {
-        const ToolRun run = runTool(way == std::string("--quiet")
-                                        ? Words{"record", way, "--events", "-o", folders.file(), "--", "true"}
-                                        : Words{"record", way, "--events", "-o", folders.file()},
-                                    environment);
+        const ToolRun run =
+            runTool(way == std::string("--quiet") ? Words{"record", way, "--events", "-o", folders.file(), "--", "true"}
+                                                  : Words{"record", way, "--events", "-o", folders.file()},
+                    environment);
         EXPECT_EQ(run.exit, 2) << run.error;
         EXPECT_NE(run.error.find(folders.pathOf("nothing")), std::string::npos) << run.error;
         EXPECT_FALSE(std::filesystem::exists(folders.file()));

@@ -3,7 +3,9 @@
 
 #include "recording/Reader.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -11,7 +13,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <sstream>
 
 namespace kelutv::test {
@@ -137,13 +138,14 @@ TEST(RecordingCut, writesIntoAPipeAsItIs) {
     const std::string pipe = whole.pathOf("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     // Open for both, so that neither side waits for the other; what is written has room.
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> reader(std::fopen(pipe.c_str(), "r+e"), std::fclose);
-    ASSERT_NE(reader, nullptr);
+    const int reader = ::open(pipe.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_GE(reader, 0);
     EXPECT_EQ(whole.run("cut", {"-o", pipe}).exit, 0);
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
     std::string text(sample().size(), '\0');
-    ASSERT_TRUE(std::filesystem::is_fifo(pipe));
-    EXPECT_EQ(std::fread(text.data(), 1, text.size(), reader.get()), text.size());
+    EXPECT_EQ(::read(reader, text.data(), text.size()), static_cast<ssize_t>(text.size()));
     EXPECT_EQ(text, sample());
+    ::close(reader);
 }
 
 TEST(RecordingCut, replacesTheFileThatALinkLeadsTo) {
@@ -210,7 +212,8 @@ TEST(RecordingCheck, findsLinesBehindAnEnd) {
     EXPECT_EQ(run.exit, 1);
     const Words faults = linesOf(run.output);
     ASSERT_EQ(faults.size(), 2U) << run.output;
-    EXPECT_EQ(faults[0], more.path() + ":11: it stands behind the end of its section, and a section begins with a header");
+    EXPECT_EQ(faults[0],
+              more.path() + ":11: it stands behind the end of its section, and a section begins with a header");
     EXPECT_EQ(Sample(sample() + sample()).run("check").exit, 0);
 }
 
@@ -252,8 +255,8 @@ TEST(RecordingAnonymise, saysWhatItLeft) {
 TEST(RecordingCommands, takeTheGreatestNumbers) {
     const std::string most = "1152921504606846976";
     std::string text;
-    for (const char* const start :
-         {"2150-12-31T23:59:59.999999999Z", "9999-99-99T99:99:99.999999999Z", "1969-01-01T00:00:00.000000000Z", "now"}) {
+    for (const char* const start : {"2150-12-31T23:59:59.999999999Z", "9999-99-99T99:99:99.999999999Z",
+                                    "1969-01-01T00:00:00.000000000Z", "now"}) {
         std::string section = std::string(kHeader) + '\n' + setLine(1, 35) + getLine(2, 36);
         section.replace(section.find("2026-11-22T13:55:01.000000000Z"), 30, start);
         section.replace(section.find("\"time\":1000000000"), 17, "\"time\":-" + most);
@@ -276,8 +279,8 @@ TEST(RecordingCommands, refuseBytesInAnotherOrder) {
     for (const char* const command : {"show", "cut", "anonymise", "report"}) {
         const ToolRun run = other.run(command);
         EXPECT_EQ(run.exit, 1) << command;
-        EXPECT_EQ(run.error, "kelutv: " + other.path() +
-                                 ":1: the bytes are in another order than those of this machine\n");
+        EXPECT_EQ(run.error,
+                  "kelutv: " + other.path() + ":1: the bytes are in another order than those of this machine\n");
     }
     EXPECT_EQ(other.run("check").exit, 0);
 }

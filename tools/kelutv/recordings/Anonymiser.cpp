@@ -200,7 +200,8 @@ void Anonymiser::maskText16(std::uint8_t* units, std::size_t count) const {
     for (std::size_t i = 0; i < count; ++i) {
         char16_t unit = 0;
         std::memcpy(&unit, units + i * sizeof(unit), sizeof(unit));
-        const char letter = maskOf(unit < kPlainLetters ? static_cast<char>(unit) : kNoPlainLetter, chanceFor(whole, i));
+        const char letter =
+            maskOf(unit < kPlainLetters ? static_cast<char>(unit) : kNoPlainLetter, chanceFor(whole, i));
         unit = static_cast<std::uint8_t>(letter);
         std::memcpy(units + i * sizeof(unit), &unit, sizeof(unit));
     }

@@ -13,14 +13,18 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <initializer_list>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
+#include <sstream>
 #include <utility>
 
 namespace kelutv::tool {
@@ -82,34 +86,72 @@ void leaveProgram() {
     closeInherited();
 }
 
-/** One that has ended and was not waited for does nothing any more. */
-bool isAtWork(pid_t process) {
+/** What /proc/PID/stat says behind the name; nothing for a process that is gone. */
+struct ProcessStatus {
+    char state = 'X';
+    int threads = 0;
+    /** Since the machine has started, in ticks: another process of the same number has another. */
+    std::uint64_t start = 0;
+};
+
+ProcessStatus statusOf(pid_t process) {
+    constexpr int kFieldsToThreads = 16;
     std::ifstream file("/proc/" + std::to_string(process) + "/stat");
     std::string text;
     std::getline(file, text);
-    const std::size_t state = text.rfind(") ") + 2;
-    return !text.empty() && state < text.size() && text[state] != 'Z' && text[state] != 'X';
+    std::istringstream fields(text.substr(text.find_last_of(')') + 1));
+    ProcessStatus status;
+    std::string other;
+    fields >> status.state;
+    for (int field = 0; field < kFieldsToThreads; ++field) {
+        fields >> other;
+    }
+    fields >> status.threads >> other >> status.start;
+    return status;
 }
 
-bool isAnyAtWork(std::set<pid_t>& processes) {
-    for (auto process = processes.begin(); process != processes.end();) {
-        process = isAtWork(*process) ? std::next(process) : processes.erase(process);
+/** The programs that are recorded, as long as they run. */
+class Programs {
+public:
+    /** Those that have sent something since the last call. */
+    void note(std::set<pid_t>& senders) {
+        for (const pid_t sender : senders) {
+            mStarts[sender] = statusOf(sender).start;
+        }
+        senders.clear();
     }
-    return !processes.empty();
-}
+
+    bool isAnyAtWork() {
+        for (auto program = mStarts.begin(); program != mStarts.end();) {
+            program = isAtWork(program->first, program->second) ? std::next(program) : mStarts.erase(program);
+        }
+        return !mStarts.empty();
+    }
+
+private:
+    /** One that has ended and was not waited for does nothing any more; its first thread alone may have. */
+    static bool isAtWork(pid_t process, std::uint64_t start) {
+        const ProcessStatus status = statusOf(process);
+        return status.start == start && status.state != 'X' && (status.state != 'Z' || status.threads > 1);
+    }
+
+    std::map<pid_t, std::uint64_t> mStarts;
+};
 
 /**
  * Takes the pipe out of the way of programs that begin, for whom another recorder is started then; puts it back when
  * one has begun just before.
  */
-bool isDone(RecordingSession& session, const std::string& pipe) {
-    if (isAnyAtWork(session.processes())) {
+bool isDone(RecordingSession& session, Programs& programs, const std::string& pipe) {
+    programs.note(session.processes());
+    if (programs.isAnyAtWork()) {
         return false;
     }
     const std::string hidden = pipe + ".ending";
     std::rename(pipe.c_str(), hidden.c_str());
     session.wait(-1, milliseconds::zero());
-    if (isAnyAtWork(session.processes())) {
+    programs.note(session.processes());
+    if (programs.isAnyAtWork()) {
         std::rename(hidden.c_str(), pipe.c_str());
         return false;
     }
@@ -121,30 +163,28 @@ bool isDone(RecordingSession& session, const std::string& pipe) {
 std::string serveAll(RecordingSession& session, process::SignalWatch& signals, const std::string& pipe) {
     const auto firstBy = std::chrono::steady_clock::now() + kPatience;
     bool hasBegun = false;
+    Programs programs;
     while (true) {
         session.wait(signals.fd(), kInterval);
         hasBegun = hasBegun || !session.processes().empty() || std::chrono::steady_clock::now() > firstBy;
         if (signals.take()) {
             return "signal";
         }
-        if (hasBegun && isDone(session, pipe)) {
+        if (hasBegun && isDone(session, programs, pipe)) {
             return "program";
         }
     }
 }
 
 /** In a process of its own. */
-Exit serve(std::unique_ptr<TracePipe> pipe, RecordingFile& file, std::chrono::nanoseconds begin,
-           const RecordOptions& options) {
+Exit serve(TracePipe& pipe, RecordingFile& file, std::chrono::nanoseconds begin, const RecordOptions& options) {
     std::optional<process::SignalWatch> signals(std::in_place,
                                                 std::initializer_list<int>{SIGINT, SIGTERM, SIGHUP, SIGQUIT});
     std::signal(SIGXFSZ, SIG_IGN); // What cannot be written is told of by the write.
     try {
-        RecordingSession session(*pipe, file, begin, options);
-        session.finish(serveAll(session, *signals, pipe->path()));
-        // Signals end this process from here on, and the lock is given up with the file, behind the folder.
-        pipe.reset();
-        signals.reset();
+        RecordingSession session(pipe, file, begin, options);
+        session.finish(serveAll(session, *signals, pipe.path()));
+        signals.reset(); // However long the disk takes, a signal ends this process.
         session.join();
         return Exit::Success;
     } catch (const ToolError& error) {
@@ -175,7 +215,10 @@ void recordInBackground(const RecordOptions& options) {
     }
     if (recorder == 0) {
         leaveProgram();
-        std::_Exit(static_cast<int>(serve(std::move(pipe), file, begin, options)));
+        const Exit exit = serve(*pipe, file, begin, options);
+        // When all is written, and before the lock is given up with the file.
+        pipe.reset();
+        std::_Exit(static_cast<int>(exit));
     }
     // What stands in the folder is the other process's now.
     std::_Exit(0);

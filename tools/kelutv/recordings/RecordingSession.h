@@ -25,7 +25,8 @@ struct RecordOptions {
 class RecordingSession {
 public:
     /** @param begin what `beginSection` gave */
-    RecordingSession(TracePipe& pipe, RecordingFile& file, std::chrono::nanoseconds begin, const RecordOptions& options);
+    RecordingSession(TracePipe& pipe, RecordingFile& file, std::chrono::nanoseconds begin,
+                     const RecordOptions& options);
 
     /**
      * Waits until something is there to take, the descriptor can be read, or the time is over, and takes what is there.
@@ -41,7 +42,7 @@ public:
     /** Waits until all is written, which takes as long as the disk does; behind `finish`. */
     void join() { mRecorder.join(); }
 
-    /** The processes that have sent something or have begun. */
+    /** The processes that have sent something or have begun, for the caller to take away. */
     std::set<pid_t>& processes() { return mProcesses; }
 
     /** Says what has become of it, behind `join`. */

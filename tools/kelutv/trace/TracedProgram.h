@@ -24,7 +24,8 @@ public:
     TracedProgram(const std::vector<std::string>& words, const std::string& setting,
                   const std::vector<std::pair<int, int>>& descriptors, const sigset_t& mask);
 
-    /** Looks whether it could be started. @throws ToolError as the constructor, and when the trace library is missing */
+    /** Looks whether it could be started. @throws ToolError as the constructor, and when the trace library is missing
+     */
     static void requireRunnable(const std::vector<std::string>& words);
 
     /** What its end gives a shell: its exit code, or 128 and the signal; empty while it runs. */
