@@ -8,9 +8,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace kelutv::tool {
 
@@ -77,7 +79,6 @@ private:
     struct Change {
         std::int64_t from;
         std::int64_t until;
-        std::string payload;
     };
     struct Known {
         wire::Values values;
@@ -89,14 +90,37 @@ private:
         mSteps.push_back({std::max<std::int64_t>(time, 0), mark, line, payload});
     }
 
+    /** Behind `joinChanges`. */
     bool isTold(const Step& step) const {
-        return step.payload && std::any_of(mChanges.begin(), mChanges.end(), [&step](const Change& change) {
-                   return change.from <= step.time && step.time <= change.until && change.payload == *step.payload;
-               });
+        const auto changes = step.payload ? mChanges.find(*step.payload) : mChanges.end();
+        if (changes == mChanges.end()) {
+            return false;
+        }
+        const auto next = std::upper_bound(changes->second.begin(), changes->second.end(), step.time,
+                                           [](std::int64_t time, const Change& change) { return time < change.from; });
+        return next != changes->second.begin() && step.time <= std::prev(next)->until;
+    }
+
+    /** Those of one payload that touch each other become one, so that they can be looked for by their beginning. */
+    void joinChanges() {
+        for (auto& [payload, changes] : mChanges) {
+            std::sort(changes.begin(), changes.end(),
+                      [](const Change& left, const Change& right) { return left.from < right.from; });
+            std::vector<Change> spans;
+            for (const Change& change : changes) {
+                if (spans.empty() || spans.back().until < change.from) {
+                    spans.push_back(change);
+                } else {
+                    spans.back().until = std::max(spans.back().until, change.until);
+                }
+            }
+            changes = std::move(spans);
+        }
     }
 
     /** The times of the next one begin behind this one's last; what the television is stays. */
     void endSection() {
+        joinChanges();
         std::int64_t last = 0;
         for (const Step& step : mSteps) {
             char time[48];
@@ -125,7 +149,7 @@ private:
         const bool isChanged = known != mStates.end() && known->second.values != state->values;
         if (state->isSet || isChanged) {
             const std::int64_t from = state->isSet ? begin : known->second.time;
-            mChanges.push_back({from, begin + transaction.duration + kEcho, wire::payloadOf(joined(*state))});
+            mChanges[wire::payloadOf(joined(*state))].push_back({from, begin + transaction.duration + kEcho});
         }
         if (isChanged && !state->isSet) {
             addStep(begin, "",
@@ -169,7 +193,8 @@ private:
     std::string mFaults;
     std::string mText;
     std::vector<Step> mSteps;
-    std::vector<Change> mChanges;
+    /** By the payload of the event. */
+    std::map<std::string, std::vector<Change>> mChanges;
     std::int64_t mBegin = 0;
     std::map<std::string, int> mCounts;
     std::map<std::pair<const wire::StateKey*, wire::Values>, Known> mStates;
