@@ -63,7 +63,8 @@ Exit top(const TopOptions& options, const Output& output) {
     const int exit =
         runTraced(options.words, {{STDIN_FILENO, fd}, {STDOUT_FILENO, fd}, {STDERR_FILENO, fd}}, true,
                   {take, [&](std::uint32_t count) { statistics.addLeftOut(count); }, [&] { print(statistics, output); },
-                   std::chrono::milliseconds(static_cast<std::int64_t>(options.interval * 1000))});
+                   std::chrono::milliseconds(static_cast<std::int64_t>(options.interval * 1000)),
+                   std::chrono::milliseconds::zero()});
     print(statistics, output);
     return static_cast<Exit>(exit);
 }

@@ -12,13 +12,11 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr milliseconds kPatience{200};
-
-TraceWishes wishes(bool events) {
+TraceWishes wishes(bool events, milliseconds patience) {
     using trace::RecordKind;
     return {events ? std::vector<RecordKind>{RecordKind::Transaction, RecordKind::Event}
                    : std::vector<RecordKind>{RecordKind::Transaction},
-            kPatience};
+            patience};
 }
 
 void takeAll(TracePipe& pipe, const TraceListener& listener) {
@@ -74,7 +72,7 @@ int waitForEnd(TracedProgram& program, process::SignalWatch& signals, TracePipe&
 
 int runTraced(const std::vector<std::string>& words, const std::vector<std::pair<int, int>>& descriptors, bool events,
               const TraceListener& listener) {
-    TracePipe pipe(wishes(events));
+    TracePipe pipe(wishes(events, listener.patience));
     process::SignalWatch signals{SIGCHLD, SIGINT, SIGTERM, SIGHUP, SIGQUIT};
     std::signal(SIGCHLD, SIG_DFL); // Else the program's end may not be reported.
     TracedProgram program(words, trace::kTraceVariable + ('=' + pipe.path()), descriptors, signals.maskBefore());

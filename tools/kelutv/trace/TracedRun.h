@@ -18,6 +18,8 @@ struct TraceListener {
     /** Called about every interval, while the program runs; null for never. */
     std::function<void()> tick = nullptr;
     std::chrono::milliseconds interval{-1};
+    /** How long a program waits for this tool when that is behind, once; then what it sends is left out. */
+    std::chrono::milliseconds patience{200};
 };
 
 /**
