@@ -186,6 +186,20 @@ TEST(RecordingReport, countsCallsFailuresAndTimes) {
     EXPECT_EQ(lines.back(), "left out: 4");
 }
 
+TEST(RecordingReport, roundsTimesAndKeepsTheGreatest) {
+    std::string text = std::string(kHeader) + '\n';
+    for (int call = 1; call <= 200; ++call) {
+        // 1000 to 1199 us, in any order.
+        text += setLine(call, 35, "00000000", 1000 + call * 7 % 200);
+    }
+    const auto report = parsedJson(Sample(text).run("report", {"--json"}).output);
+    const auto& command = report.at("commands").entries().front();
+    EXPECT_EQ(command.at("calls"), 200);
+    EXPECT_EQ(command.at("p50"), 0.00109);
+    EXPECT_EQ(command.at("p99"), 0.00119);
+    EXPECT_EQ(command.at("max"), 0.001199);
+}
+
 TEST(RecordingCheck, saysWhatARecordingHolds) {
     const ToolRun run = Sample().run("check");
     EXPECT_EQ(run.exit, 0);

@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kMostSlow = 10;
 constexpr std::size_t kMostFailures = 1000;
 constexpr double kMicroseconds = 1e3;
+constexpr std::int64_t kDecimal = 10;
+constexpr std::int64_t kThreeDigits = 1000;
 
 double microseconds(std::int64_t nanoseconds) { return static_cast<double>(nanoseconds) / kMicroseconds; }
 
@@ -37,9 +39,13 @@ bool hasFailed(const wire::Request& request, const TracedTransaction& transactio
     return reading.reply.result < 0 && !isValue(request);
 }
 
-/** Of ascending numbers, the one that so many of a hundred do not exceed. */
-std::int64_t percentile(const std::vector<std::int64_t>& ascending, std::size_t percent) {
-    return ascending[(ascending.size() * percent + 99) / 100 - 1];
+/** To three digits. */
+std::int64_t rounded(std::int64_t number) {
+    std::int64_t unit = 1;
+    while (number / unit >= kThreeDigits) {
+        unit *= kDecimal;
+    }
+    return number / unit * unit;
 }
 
 } // namespace
@@ -47,7 +53,9 @@ std::int64_t percentile(const std::vector<std::int64_t>& ascending, std::size_t 
 void Statistics::add(const TracedTransaction& transaction) {
     const DecodedRequest decoded = decodeRequest(transaction.request);
     Command& command = mCommands[nameOf(decoded.request)];
-    command.durations.push_back(transaction.duration.count());
+    ++command.count;
+    ++command.durations[rounded(transaction.duration.count())];
+    command.greatest = std::max<std::int64_t>(command.greatest, transaction.duration.count());
     const bool isSlow = mSlowest.size() < kMostSlow || mSlowest.back().duration < transaction.duration.count();
     const bool failed = hasFailed(decoded.request, transaction);
     if (isSlow) {
@@ -98,13 +106,24 @@ double Statistics::eventsPerSecond() const {
     return seconds > 0 ? static_cast<double>(mEvents) / seconds : 0;
 }
 
+/** What so many of a hundred calls do not exceed. */
+std::int64_t Statistics::percentile(const Command& command, std::size_t percent) {
+    const std::size_t wanted = (command.count * percent + 99) / 100;
+    std::size_t seen = 0;
+    for (const auto& [duration, count] : command.durations) {
+        seen += count;
+        if (seen >= wanted) {
+            return duration;
+        }
+    }
+    return command.greatest;
+}
+
 std::vector<Statistics::Row> Statistics::rows() const {
     std::vector<Row> rows;
     for (const auto& [name, command] : mCommands) {
-        std::vector<std::int64_t> ascending = command.durations;
-        std::sort(ascending.begin(), ascending.end());
-        rows.push_back({name, ascending.size(), command.failures, percentile(ascending, 50), percentile(ascending, 99),
-                        ascending.back()});
+        rows.push_back({name, command.count, command.failures, percentile(command, 50), percentile(command, 99),
+                        command.greatest});
     }
     std::stable_sort(rows.begin(), rows.end(),
                      [](const Row& left, const Row& right) { return left.count > right.count; });

@@ -11,7 +11,7 @@
 
 namespace kelutv::tool {
 
-/** What calls and events come to. */
+/** What calls and events come to. The median and the 99th of 100 are given to three digits. */
 class Statistics {
 public:
     void add(const TracedTransaction& transaction);
@@ -32,9 +32,12 @@ public:
 
 private:
     struct Command {
+        std::size_t count = 0;
         std::size_t failures = 0;
-        /** In nanoseconds, as they came. */
-        std::vector<std::int64_t> durations;
+        std::int64_t greatest = 0;
+        /** How many calls took how many nanoseconds, these to three digits: as many entries as there are such numbers,
+         * not as there are calls. */
+        std::map<std::int64_t, std::size_t> durations;
     };
     struct Call {
         std::int64_t duration;
@@ -50,6 +53,7 @@ private:
         std::int64_t greatest;
     };
 
+    static std::int64_t percentile(const Command& command, std::size_t percent);
     std::vector<Row> rows() const;
     void keepSlow(std::int64_t duration, const std::string& text);
     std::chrono::duration<double> time() const;
