@@ -7,6 +7,7 @@
 #include <utils/String16.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 
@@ -36,7 +37,7 @@ Request& Request::block(const void* values, int count, size_t size) {
     if (values != nullptr && count > 0) {
         // More than a parcel holds may be more than a word counts.
         const auto length = static_cast<std::uint64_t>(count) * size;
-        mWritten |= length <= INT32_MAX ? mArguments.write(values, static_cast<size_t>(length)) : android::BAD_VALUE;
+        mWritten |= length <= INT32_MAX ? mArguments.write(values, static_cast<size_t>(length)) : -EINVAL;
     }
     return *this;
 }
