@@ -1,3 +1,4 @@
+#include "tools/Terminal.h"
 #include "tools/recordings/Recorded.h"
 
 #include "recording/Reader.h"
@@ -22,6 +23,7 @@
 #include <optional>
 #include <random>
 #include <set>
+#include <sstream>
 
 namespace kelutv::test {
 namespace {
@@ -550,6 +552,20 @@ TEST(Record, twoRunsShareNoFile) {
     first->kill(SIGTERM);
     EXPECT_EQ(first->exitCode(), 128 + SIGTERM);
     EXPECT_EQ(all<Transaction>(recording::linesOfFile(folders.file())).size(), 1U);
+}
+
+TEST(Top, cutsItsLinesToTheTerminal) {
+    const RecordingFolders folders;
+    // A call with a text of 20000 letters, at a terminal of 200 columns.
+    Terminal terminal({KELUTV_TOOL_PROGRAM, "top", "--", KELUTV_TRACED_CLIENT, "large"}, folders.environment());
+    EXPECT_EQ(terminal.exitCode(), 0);
+    std::istringstream text(terminal.text());
+    std::size_t longest = 0;
+    for (std::string line; std::getline(text, line);) {
+        line = line.substr(line.rfind('\x1b') == std::string::npos ? 0 : line.rfind("[J") + 2);
+        longest = std::max(longest, line.size() - (!line.empty() && line.back() == '\r' ? 1 : 0));
+    }
+    EXPECT_EQ(longest, 200U);
 }
 
 /** The last one, since it ends the television. */

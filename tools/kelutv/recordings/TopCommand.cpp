@@ -8,6 +8,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace kelutv::tool {
@@ -24,15 +25,27 @@ struct TopOptions {
     std::vector<std::string> words;
 };
 
-/** The lines of the terminal at standard output; 0 where that is none. */
-std::size_t terminalLines() {
+/** Of the terminal at standard output; all 0 where that is none. */
+winsize terminalSize() {
     winsize size{};
     const int fd = ::fileno(ownOutput());
-    return ::isatty(fd) == 1 && ::ioctl(fd, TIOCGWINSZ, &size) == 0 ? size.ws_row : 0;
+    return ::isatty(fd) == 1 && ::ioctl(fd, TIOCGWINSZ, &size) == 0 ? size : winsize{};
+}
+
+/** As many letters of it as one line of the terminal has room for. */
+std::string cutTo(std::size_t columns, const std::string& text) {
+    std::size_t letters = 0;
+    const auto isBeyond = [&](char byte) {
+        const bool continues = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+        letters += continues ? 0 : 1;
+        return letters > columns;
+    };
+    return {text.begin(), std::find_if(text.begin(), text.end(), isBeyond)};
 }
 
 void print(const Statistics& statistics, const Output& output) {
-    const std::size_t most = terminalLines();
+    const winsize size = terminalSize();
+    const std::size_t most = size.ws_row;
     std::vector<std::string> lines = statistics.lines(most / 2);
     if (most > 1 && lines.size() >= most) {
         lines.resize(most - 1);
@@ -41,7 +54,7 @@ void print(const Statistics& statistics, const Output& output) {
         writeData(kClear);
     }
     for (const std::string& line : lines) {
-        output.line(line);
+        output.line(size.ws_col != 0 ? cutTo(size.ws_col, line) : line);
     }
     if (most == 0) {
         output.line("");
