@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kMostSlow = 10;
 constexpr std::size_t kMostFailures = 1000;
 constexpr double kMicroseconds = 1e3;
-constexpr std::int64_t kDecimal = 10;
+constexpr std::int64_t kRadix = 10;
 constexpr std::int64_t kThreeDigits = 1000;
 
 double microseconds(std::int64_t nanoseconds) { return static_cast<double>(nanoseconds) / kMicroseconds; }
@@ -43,7 +43,7 @@ bool hasFailed(const wire::Request& request, const TracedTransaction& transactio
 std::int64_t rounded(std::int64_t number) {
     std::int64_t unit = 1;
     while (number / unit >= kThreeDigits) {
-        unit *= kDecimal;
+        unit *= kRadix;
     }
     return number / unit * unit;
 }
