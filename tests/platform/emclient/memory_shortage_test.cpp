@@ -65,6 +65,8 @@ void starvingListener(unsigned int /*id*/, void* /*payload*/, unsigned int /*len
 
 TEST(SubscriberWithoutMemory, deliversAndTellsItsPublishersLater) {
     kelutv::test::runtimeDir();
+    delivered = refusals = 0;
+    connected = false;
     ASSERT_EQ(EMAL_AddListener(kModule, starvingListener), 0);
     const FakePublisher first;
     ASSERT_TRUE(first.sendEvent(kModule));

@@ -138,6 +138,8 @@ void holdingListener(unsigned int /*id*/, void* /*payload*/, unsigned int /*leng
 
 TEST(Subscriber, tellsAPublisherWhatItWantsBeforeItDeliversAnEventThatCameAtTheSameTime) {
     kelutv::test::runtimeDir();
+    delivered = 0;
+    released = false;
     ASSERT_EQ(EMAL_AddListener(kModule, holdingListener), 0);
     const FakePublisher first;
     const FakePublisher second;
