@@ -1,11 +1,19 @@
 #include "tools/snapshot/Snapshots.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 
 namespace kelutv::test {
 namespace {
 
 using tool::Json;
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 TEST_F(Snapshots, sayWhatIsNotAnsweredOnceAndGoOn) {
     sim("fault CMD_AUDIO_GETMUTE delay 3600s");
@@ -20,9 +28,17 @@ TEST_F(Snapshots, sayWhatIsNotAnsweredOnceAndGoOn) {
 
 TEST_F(Snapshots, giveUpWhenNothingIsAnswered) {
     sim("fault any delay 3600s");
-    const ToolRun run = runTool({"snapshot", "--limit", "0.1", "-o", file("all.json")});
+    const TestFolder folder;
+    const std::string golden = folder.pathOf("golden.json");
+    std::ofstream(golden) << "before";
+    const ToolRun run = runTool({"snapshot", "--limit", "0.1", "-o", golden});
     EXPECT_EQ(run.exit, 5);
     EXPECT_EQ(run.error, "kelutv: nothing is answered any longer; --limit gives each answer more time\n");
+    EXPECT_EQ(contentOf(golden), "before");
+    std::filesystem::remove(golden);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+    const ToolRun nowhere = runTool({"snapshot", "--limit", "0.1", "-o", folder.pathOf("missing/golden.json")});
+    EXPECT_EQ(nowhere.exit, 1) << "the path is tried before anything is read";
 }
 
 /** The first has four keys, of which one is asked for. */
@@ -42,7 +58,10 @@ TEST_F(Snapshots, changeNothingAndDifferWhereValuesDoOrOneLacksAState) {
     sim("signal hdmi2 none");
     sim("fault CMD_AUDIO_GETSOUNDMODE error -5");
     const std::string before = runTool({"sim", "show"}).output;
+    write("second.json", "before");
+    std::filesystem::create_hard_link(file("second.json"), file("kept.json"));
     take("second.json");
+    EXPECT_EQ(contentOf(file("kept.json")), "before") << "a file is replaced when the new one is whole";
     EXPECT_EQ(runTool({"sim", "show"}).output, before);
     const ToolRun all = diff("first.json", "second.json");
     EXPECT_EQ(all.exit, 1);

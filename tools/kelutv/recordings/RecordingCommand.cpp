@@ -1,13 +1,13 @@
 #include "tools/kelutv/recordings/RecordingCommand.h"
 
 #include "tools/kelutv/conversion/Converter.h"
+#include "tools/kelutv/output/DataOutput.h"
 #include "tools/kelutv/output/StandardOutput.h"
 #include "tools/kelutv/recordings/Anonymiser.h"
 #include "tools/kelutv/recordings/LineText.h"
 #include "tools/kelutv/recordings/LiveLine.h"
 #include "tools/kelutv/recordings/RecordingCheck.h"
 #include "tools/kelutv/recordings/RecordingInput.h"
-#include "tools/kelutv/recordings/RecordingOutput.h"
 #include "tools/kelutv/recordings/Selection.h"
 #include "tools/kelutv/recordings/Statistics.h"
 #include "tools/kelutv/text/Lists.h"
@@ -53,7 +53,7 @@ void check(const RecordingOptions& options, Context& context) {
 void cut(const RecordingOptions& options, Context& /*context*/) {
     const Selection selection(options.selection);
     RecordingInput input(options.file);
-    RecordingOutput output(options.output);
+    DataOutput output(options.output);
     while (const auto line = input.next()) {
         if (selection.has(*line)) {
             output.write(recording::textOf(*line) + '\n');
@@ -67,7 +67,7 @@ void anonymise(const RecordingOptions& options, Context& context) {
                                 patternsOf("--also", options.more));
     std::size_t unknown = 0;
     RecordingInput input(options.file);
-    RecordingOutput output(options.output);
+    DataOutput output(options.output);
     while (auto line = input.next()) {
         unknown += anonymiser.mask(*line) ? 0 : 1;
         output.write(recording::textOf(*line) + '\n');
@@ -80,7 +80,7 @@ void anonymise(const RecordingOptions& options, Context& context) {
 
 void convert(const RecordingOptions& options, Context& /*context*/) {
     const Selection selection(options.selection);
-    std::optional<RecordingOutput> output;
+    std::optional<DataOutput> output;
     const auto converter = converterNamed(options.form, [&output](const std::string& text) { output->write(text); });
     RecordingInput input(options.file);
     output.emplace(options.output);

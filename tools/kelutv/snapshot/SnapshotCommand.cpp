@@ -1,6 +1,6 @@
 #include "tools/kelutv/snapshot/SnapshotCommand.h"
 
-#include "tools/kelutv/output/StandardOutput.h"
+#include "tools/kelutv/output/DataOutput.h"
 #include "tools/kelutv/parser/Amounts.h"
 #include "tools/kelutv/snapshot/Choice.h"
 #include "tools/kelutv/snapshot/Difference.h"
@@ -12,9 +12,6 @@
 #include "tools/kelutv/text/Lists.h"
 #include "wire/text/Shown.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <memory>
 #include <optional>
 
@@ -44,22 +41,17 @@ struct SnapshotOptions {
 
 using Options = std::shared_ptr<SnapshotOptions>;
 
-void writeFile(const std::string& path, const std::string& text) {
-    std::ofstream file(path, std::ios::binary);
-    file << text << std::flush;
-    if (!file) {
-        throw ToolError(Exit::Failure,
-                        "cannot write '" + wire::shown(path, wire::kMostOfPath) + "': " + std::strerror(errno));
-    }
-}
-
 void take(const SnapshotOptions& options, const Output& output) {
+    const bool isFile = !options.output.empty() && options.output != "-";
+    // A path that cannot be written is told before anything is read.
+    DataOutput data(isFile ? options.output : "");
     const Snapshot snapshot = takeSnapshot(options.limit.value_or(kLimit));
-    if (options.output.empty() || options.output == "-") {
-        writeData(output.json ? Json::parsed(textOf(snapshot)).dump() + '\n' : textOf(snapshot));
+    const std::string text = textOf(snapshot);
+    data.write(output.json && !isFile ? Json::parsed(text).dump() + '\n' : text);
+    data.finish();
+    if (!isFile) {
         return;
     }
-    writeFile(options.output, textOf(snapshot));
     output.message("kelutv: " + std::to_string(snapshot.held.size()) + " of " +
                    counted(snapshot.readable(), "readable state") + " in " +
                    wire::shown(options.output, wire::kMostOfPath) + "; it says why each other one is missing");

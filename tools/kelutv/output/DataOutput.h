@@ -6,17 +6,18 @@
 
 namespace kelutv::tool {
 
-/** Where a command writes what it makes of a recording: a file that is replaced when all is written, what is there and
- * is no file, such as a pipe, or standard output.
+/**
+ * Where a command writes what it makes: a file that is replaced when all is written, what is there and is no file, such
+ * as a pipe, or standard output.
  */
-class RecordingOutput {
+class DataOutput {
 public:
     /** @param path empty for standard output @throws ToolError when the file cannot be made */
-    explicit RecordingOutput(std::string path);
+    explicit DataOutput(std::string path);
     /** Takes away what was not finished. */
-    ~RecordingOutput();
-    RecordingOutput(const RecordingOutput&) = delete;
-    RecordingOutput& operator=(const RecordingOutput&) = delete;
+    ~DataOutput();
+    DataOutput(const DataOutput&) = delete;
+    DataOutput& operator=(const DataOutput&) = delete;
 
     /** @throws ToolError when it cannot be written */
     void write(const std::string& text);

@@ -1,4 +1,4 @@
-#include "tools/kelutv/recordings/RecordingOutput.h"
+#include "tools/kelutv/output/DataOutput.h"
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/StandardOutput.h"
@@ -25,7 +25,7 @@ std::string targetOf(const std::string& path) {
 
 } // namespace
 
-RecordingOutput::RecordingOutput(std::string path) : mPath(std::move(path)), mFile(nullptr, std::fclose) {
+DataOutput::DataOutput(std::string path) : mPath(std::move(path)), mFile(nullptr, std::fclose) {
     if (mPath.empty()) {
         return;
     }
@@ -47,13 +47,13 @@ RecordingOutput::RecordingOutput(std::string path) : mPath(std::move(path)), mFi
     }
 }
 
-RecordingOutput::~RecordingOutput() {
+DataOutput::~DataOutput() {
     if (mFile != nullptr && !mTemporary.empty()) {
         ::unlink(mTemporary.c_str());
     }
 }
 
-void RecordingOutput::write(const std::string& text) {
+void DataOutput::write(const std::string& text) {
     if (mFile == nullptr) {
         writeData(text);
     } else if (std::fwrite(text.data(), 1, text.size(), mFile.get()) != text.size()) {
@@ -61,7 +61,7 @@ void RecordingOutput::write(const std::string& text) {
     }
 }
 
-void RecordingOutput::finish() {
+void DataOutput::finish() {
     if (mFile == nullptr) {
         return;
     }
@@ -72,7 +72,7 @@ void RecordingOutput::finish() {
     mFile.reset();
 }
 
-void RecordingOutput::fail() const {
+void DataOutput::fail() const {
     throw ToolError(Exit::Failure,
                     "cannot write to " + wire::shown(mPath, wire::kMostOfPath) + ": " + std::strerror(errno));
 }
