@@ -48,7 +48,11 @@ private:
     void live() {
         keluem::Publisher publisher;
         for (;;) {
-            eventually([this] { return mOrders->upTo > mOrders->published; }, 1h);
+            const auto hasMore = [&] {
+                mOrders->dropped = static_cast<long>(publisher.droppedEvents());
+                return mOrders->upTo > mOrders->published;
+            };
+            eventually(hasMore, 1h);
             for (long number = mOrders->published + 1; number <= mOrders->upTo; ++number) {
                 mOrders->failures += publisher.publish(kSoakModule + 1, &number, sizeof number) != 0 ? 1 : 0;
                 mOrders->dropped = static_cast<long>(publisher.droppedEvents());
