@@ -115,4 +115,17 @@ const ReplyField& fieldAt(const Operation& operation, std::size_t index) {
     return operation.reply.size() > 0 ? operation.reply[index % operation.reply.size()] : kPlain;
 }
 
+Values handedOutIn(const Operation& operation, const Reply& reply) {
+    if (operation.shape == Shape::Status) {
+        return {reply.result};
+    }
+    Values values;
+    for (std::size_t i = 0; i < reply.fields.size(); ++i) {
+        if (fieldAt(operation, i).count != kCountOfRest) {
+            values.insert(values.end(), reply.fields[i].begin(), reply.fields[i].end());
+        }
+    }
+    return values;
+}
+
 } // namespace kelutv::wire

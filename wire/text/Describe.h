@@ -28,4 +28,7 @@ const Rows<RequestItem>& itemsOf(const Request& request);
 /** A list of records repeats the fields of one; what an answer holds may be beyond the catalogue, too. */
 const ReplyField& fieldAt(const Operation& operation, std::size_t index);
 
+/** What the answer hands out: its values but for counts of what follows, or the result word where it is the answer. */
+Values handedOutIn(const Operation& operation, const Reply& reply);
+
 } // namespace kelutv::wire

@@ -23,19 +23,6 @@ void fit(wire::Values& values, const wire::StateForm& form) {
     }
 }
 
-wire::Values valuesOf(const wire::Operation& operation, const wire::Reply& reply) {
-    if (operation.shape == wire::Shape::Status) {
-        return {reply.result};
-    }
-    wire::Values values;
-    for (std::size_t i = 0; i < reply.fields.size(); ++i) {
-        if (wire::fieldAt(operation, i).count != wire::kCountOfRest) {
-            values.insert(values.end(), reply.fields[i].begin(), reply.fields[i].end());
-        }
-    }
-    return values;
-}
-
 } // namespace
 
 std::optional<ObservedState> observedState(const wire::Request& request, const recording::Transaction& transaction) {
@@ -51,9 +38,10 @@ std::optional<ObservedState> observedState(const wire::Request& request, const r
     if (!reading.hasResult || reading.flaw || (reading.reply.result != 0 && !isValue)) {
         return std::nullopt;
     }
-    ObservedState state{
-        operation.rule.key, wire::valuesOf(operation.rule.indexes, request.arguments),
-        isSet ? wire::valuesOf(operation.rule.values, request.arguments) : valuesOf(operation, reading.reply), isSet};
+    ObservedState state{operation.rule.key, wire::valuesOf(operation.rule.indexes, request.arguments),
+                        isSet ? wire::valuesOf(operation.rule.values, request.arguments)
+                              : wire::handedOutIn(operation, reading.reply),
+                        isSet};
     fit(state.values, wire::formOf(*operation.rule.key));
     return state;
 }

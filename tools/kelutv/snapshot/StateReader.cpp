@@ -28,17 +28,8 @@ void cutFill(const wire::Operation& operation, wire::Values& values) {
     }
 }
 
-/** The values behind the result word, without those that only count others. */
 wire::Values keptIn(const wire::Operation& operation, const wire::Reply& reply) {
-    if (operation.shape == wire::Shape::Status) {
-        return {reply.result};
-    }
-    wire::Values values;
-    for (std::size_t i = 0; i < reply.fields.size(); ++i) {
-        if (wire::fieldAt(operation, i).count != wire::kCountOfRest) {
-            values.insert(values.end(), reply.fields[i].begin(), reply.fields[i].end());
-        }
-    }
+    wire::Values values = wire::handedOutIn(operation, reply);
     cutFill(operation, values);
     return values;
 }
