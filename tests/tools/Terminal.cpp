@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -65,6 +66,13 @@ bool Terminal::waitFor(const std::string& part) {
         const std::size_t found = mText.find(part, mSeen);
         mSeen = found == std::string::npos ? mSeen : found + part.size();
         return found != std::string::npos;
+    });
+}
+
+bool Terminal::waitForEditing() const {
+    return eventually([this] {
+        termios mode{};
+        return ::tcgetattr(mMaster, &mode) == 0 && (mode.c_lflag & ICANON) == 0;
     });
 }
 

@@ -22,6 +22,10 @@ public:
     /** Waits until this stands on the terminal, behind what was waited for before. */
     bool waitFor(const std::string& part);
 
+    /** Waits until the program takes key by key: until then the terminal would make the end of a file of a control-D.
+     */
+    bool waitForEditing() const;
+
     /** Everything that was written to the terminal so far. */
     const std::string& text() const { return mText; }
 

@@ -284,11 +284,11 @@ TEST(Trace, aToolThatIsStoppedStopsNoProgram) {
 }
 
 TEST(Trace, noCallWaitsForASummary) {
-    const ToolRun run = runTool({"trace", "--summary", "--", KELUTV_TRACED_CLIENT, "slow"});
+    const ToolRun run = trace({"--summary", "--", KELUTV_TRACED_CLIENT, "slow"});
     EXPECT_EQ(run.exit, 0);
     const auto slowest = Pattern("slowest (\\d+) ms\n").match(run.output);
     ASSERT_FALSE(slowest.empty()) << run.output;
-    EXPECT_LT(std::stoi(slowest[1]), 100);
+    EXPECT_LT(std::stoi(slowest[1]), 200); // what a call waits for a trace
     EXPECT_NE(run.error.find("left out: "), std::string::npos) << run.error;
 }
 

@@ -42,6 +42,7 @@ TEST_F(ReplAtTerminal, editsCompletesAndRemembers) {
         terminal.type("get nothing\n");
         ASSERT_TRUE(terminal.waitFor("there is no 'nothing' to get or set"));
         ASSERT_TRUE(terminal.waitFor("kelutv> "));
+        ASSERT_TRUE(terminal.waitForEditing());
         terminal.type("\x04");
         EXPECT_EQ(terminal.exitCode(), 0);
     }
@@ -74,6 +75,7 @@ TEST_F(ReplAtTerminal, anInterruptDiscardsTheLine) {
     ASSERT_TRUE(terminal.waitFor("kelutv> "));
     terminal.type("\x03");
     ASSERT_TRUE(terminal.waitFor("kelutv> ")) << terminal.text();
+    ASSERT_TRUE(terminal.waitForEditing());
     terminal.type("\x04");
     EXPECT_EQ(terminal.exitCode(), 0);
     EXPECT_EQ(history(), "help get\n");
