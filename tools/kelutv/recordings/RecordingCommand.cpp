@@ -154,14 +154,15 @@ void addCut(const Subcommand& above, const Options& options, Context& context) {
 }
 
 void addAnonymise(const Subcommand& above, const Options& options, Context& context) {
-    const Subcommand command = addAction(above, "anonymise",
-                                         "Make a recording that does not tell whose television it was\n\n"
-                                         "Serial numbers, MAC, keys, names and the bytes of the EEPROM have others in\n"
-                                         "their places, the same ones for the same.\n\n"
-                                         "Examples:\n"
-                                         "kelutv recording anonymise field.jsonl -o public.jsonl\n"
-                                         "kelutv recording anonymise field.jsonl --also CMD_SYSTEM_DTV_CMD_TO_TV",
-                                         options, anonymise, context);
+    const Subcommand command =
+        addAction(above, "anonymise",
+                  "Make a recording that does not tell whose television it was\n\n"
+                  "Serial numbers, MAC, keys, passwords, names and the bytes of the EEPROM have\n"
+                  "others in their places, the same ones for the same.\n\n"
+                  "Examples:\n"
+                  "kelutv recording anonymise field.jsonl -o public.jsonl\n"
+                  "kelutv recording anonymise field.jsonl --also CMD_SYSTEM_DTV_CMD_TO_TV",
+                  options, anonymise, context);
     command.option("--key", options->key, "TEXT",
                    "Give what has been given with this text before; else chance decides");
     command.option("--also", options->more, "REQUEST",
