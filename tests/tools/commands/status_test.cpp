@@ -100,6 +100,16 @@ TEST_F(Status, showsTheRestWhenTheInputsCannotBeRead) {
         << run.output;
 }
 
+TEST_F(Status, failsWhenNothingCanBeRead) {
+    ASSERT_EQ(runTool({"sim", "fault", "*", "error", "-22"}).exit, 0);
+    for (const std::string command : {"status", "power"}) {
+        const ToolRun run = runTool({command});
+        EXPECT_EQ(run.exit, 4) << command;
+        EXPECT_NE(run.output.find("screen              unreadable: "), std::string::npos) << run.output;
+        EXPECT_EQ(run.error, "kelutv: nothing of this could be read\n");
+    }
+}
+
 TEST_F(Status, hasColourWhenAsked) {
     const ToolRun run = runTool({"status", "--color", "always"});
     EXPECT_NE(run.output.find("volume              \033[33m20\033[0m\n"), std::string::npos);

@@ -24,6 +24,7 @@ void Screen::add(const std::string& name, const Read& read) {
     try {
         std::vector<ScreenRow> rows;
         mDocument[name] = read(rows);
+        mHasRead = true;
         for (const ScreenRow& row : rows) {
             show(row);
         }
@@ -63,6 +64,9 @@ void showScreen(const Output& output, const std::function<void(Screen& screen)>&
         throw;
     }
     screen.end();
+    if (!screen.hasRead()) {
+        throw ServiceError("nothing of this could be read");
+    }
 }
 
 } // namespace kelutv::tool

@@ -31,14 +31,23 @@ public:
     /** Prints the document of what was added. */
     void end() const;
 
+    /** False when not one part could be read. */
+    bool hasRead() const { return mHasRead; }
+
 private:
     void show(const ScreenRow& row) const;
 
     const Output& mOutput;
     Json mDocument;
+    bool mHasRead = false;
 };
 
-/** Adds these parts and prints the document; of a service that goes away meanwhile, too. @throws LinkError */
+/**
+ * Adds these parts and prints the document; of a service that goes away meanwhile, too.
+ *
+ * @throws LinkError
+ * @throws ServiceError behind it all when not one part could be read
+ */
 void showScreen(const Output& output, const std::function<void(Screen& screen)>& addParts);
 
 } // namespace kelutv::tool
