@@ -1,5 +1,6 @@
 #include "simulator/Program.h"
 
+#include "service/Registration.h"
 #include "simulator/control/Control.h"
 #include "simulator/control/ControlReader.h"
 #include "simulator/control/ControlServer.h"
@@ -7,7 +8,6 @@
 #include "simulator/output/Shortage.h"
 #include "simulator/trace/TracePrinter.h"
 
-#include <binder/IServiceManager.h>
 #include <binder/ProcessState.h>
 
 #include <pthread.h>
@@ -16,14 +16,12 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <optional>
 
 namespace kelutv::simulator {
 
 namespace {
 
-constexpr char kServiceName[] = "TVBaseService";
 constexpr int kBadUsage = 2;
 constexpr int kScenarioFailed = 4;
 constexpr std::chrono::seconds kBetweenAttempts{1};
@@ -80,7 +78,7 @@ std::shared_ptr<ScenarioPlayer> playerOf(const Options& options) {
 } // namespace
 
 Program::Program(const Options& options)
-    : mOptions(options), mProbe(std::in_place, kServiceName), mUi(screenOf(options)),
+    : mOptions(options), mProbe(std::in_place, service::kServiceName), mUi(screenOf(options)),
       mSignals(blockSignals(mUi != nullptr)), mPlayer(playerOf(options)),
       mService(new Service(watchers(), configurationOf(options), eepOf(options), options.state)) {}
 
@@ -132,14 +130,11 @@ bool Program::addFaults() {
 }
 
 bool Program::serve() {
-    const android::status_t status =
-        android::defaultServiceManager()->addService(android::String16(kServiceName), mService);
-    if (status == android::ALREADY_EXISTS) {
-        std::fprintf(stderr, "kelutv-simulator: another process already serves %s\n", kServiceName);
-    } else if (status != android::NO_ERROR) {
-        std::fprintf(stderr, "kelutv-simulator: cannot serve %s: %s\n", kServiceName, std::strerror(-status));
+    const std::string complaint = service::registerService(mService);
+    if (!complaint.empty()) {
+        std::fprintf(stderr, "kelutv-simulator: %s\n", complaint.c_str());
     }
-    return status == android::NO_ERROR;
+    return complaint.empty();
 }
 
 /** It is said to be ready, which applications wait for, when a call of another process has been answered. */
@@ -148,7 +143,7 @@ bool Program::isAnswering() {
     mProbe.reset();
     if (!answering) {
         std::fprintf(stderr, "kelutv-simulator: %s does not answer; are there enough threads and descriptors?\n",
-                     kServiceName);
+                     service::kServiceName);
     }
     return answering;
 }
@@ -181,7 +176,7 @@ void Program::begin() {
         mUi->start({[this](const std::string& line) { obeyKey(line); }, [] { ::kill(::getpid(), SIGTERM); }});
         mService->show();
     } else {
-        print(std::string("kelutv-simulator: ready (") + kServiceName + ')');
+        print(std::string("kelutv-simulator: ready (") + service::kServiceName + ')');
     }
     if (mPlayer != nullptr) {
         mPlayer->start([this](const std::string& line) { return obey(line); },

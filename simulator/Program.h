@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/Probe.h"
+#include "service/Probe.h"
 #include "simulator/Service.h"
 #include "simulator/output/LineWriter.h"
 #include "simulator/scenarios/ScenarioPlayer.h"
@@ -57,7 +57,7 @@ private:
     void end();
 
     const Options& mOptions;
-    std::optional<Probe> mProbe;
+    std::optional<service::Probe> mProbe;
     const std::shared_ptr<Ui> mUi;
     const sigset_t mSignals;
     /** Shared with the watchers of the service, which serves until the process has ended. */

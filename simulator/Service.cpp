@@ -5,19 +5,14 @@
 #include "simulator/faults/ReplyCorruption.h"
 #include "simulator/output/Complaints.h"
 #include "simulator/trace/Trace.h"
-#include "wire/codec/Request.h"
 #include "wire/events/Payload.h"
 
-#include <binder/IPCThreadState.h>
 #include <binder/Parcel.h>
 
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
-#include <cstring>
-#include <new>
 #include <thread>
 
 namespace kelutv::simulator {
@@ -37,22 +32,6 @@ const Effect* effectOf(const std::vector<FaultRule>& faults, Effect::Kind kind) 
     return found != faults.end() ? &found->effect : nullptr;
 }
 
-std::string identifierOf(const PublishedEvent& event) {
-    char text[32];
-    std::snprintf(text, sizeof(text), "event 0x%X", event.identifier);
-    return text;
-}
-
-pid_t caller() { return android::IPCThreadState::self()->getCallingPid(); }
-
-/** Which tokens are taken is the platform's to say. */
-wire::Request requestIn(const Parcel& data, const android::String16& interface) {
-    const bool isMeant = data.enforceInterface(interface);
-    wire::ByteReader bytes(data.data(), data.dataSize());
-    bytes.moveTo(data.dataPosition());
-    return isMeant ? wire::readRequestBehindToken(bytes) : wire::requestWithWrongToken(bytes);
-}
-
 [[noreturn]] void waitForTheEnd() {
     for (;;) {
         ::pause();
@@ -61,28 +40,10 @@ wire::Request requestIn(const Parcel& data, const android::String16& interface) 
 
 } // namespace
 
-const android::String16& Service::getInterfaceDescriptor() const {
-    static const auto* const descriptor = new android::String16("android.ITVBaseService");
-    return *descriptor;
-}
-
-status_t Service::onTransact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
-    if (code != FIRST_CALL_TRANSACTION) {
-        return BBinder::onTransact(code, data, reply, flags);
-    }
+status_t Service::serve(const wire::Request& request, Parcel* reply) {
     if (mExiting) {
         waitForTheEnd();
     }
-    try {
-        return serve(data, reply);
-    } catch (const std::bad_alloc&) {
-        // The next request may find memory again.
-        return android::NO_MEMORY;
-    }
-}
-
-status_t Service::serve(const Parcel& data, Parcel* reply) {
-    const wire::Request request = requestIn(data, getInterfaceDescriptor());
     FaultRules faults;
     const wire::Reply answered = answer(request, faults);
     if (reply != nullptr) {
@@ -107,13 +68,13 @@ status_t Service::serve(const Parcel& data, Parcel* reply) {
 
 wire::Reply Service::answer(const wire::Request& request, FaultRules& faults) {
     const std::lock_guard<std::mutex> lock(mMutex);
-    faults = mTelevision.meetFaults(request, caller());
+    faults = mTelevision.meetFaults(request, service::caller());
     for (const FaultRule& fault : faults) {
-        notify([&](Watcher& watcher) { watcher.faulted(caller(), request, fault); });
+        notify([&](Watcher& watcher) { watcher.faulted(service::caller(), request, fault); });
     }
     exitIfToldTo(faults);
     const wire::Reply reply = carryOut(request, faults);
-    notify([&](Watcher& watcher) { watcher.served({caller(), request, reply}); });
+    notify([&](Watcher& watcher) { watcher.served({service::caller(), request, reply}); });
     settle();
     return reply;
 }
@@ -167,9 +128,8 @@ void Service::settle() {
 
 void Service::publish(const PublishedEvent& event) {
     notify([&event](Watcher& watcher) { watcher.published(event); });
-    const int status = mPublisher.publish(event.identifier, event.payload.data(), event.payload.size());
-    if (status != 0) {
-        complain(identifierOf(event) + " was not published: " + std::strerror(-status));
+    if (const std::string complaint = mEvents.publish(event.identifier, event.payload); !complaint.empty()) {
+        complain(complaint);
     }
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "service/EventPublisher.h"
+#include "service/RequestServer.h"
 #include "simulator/control/Answer.h"
 #include "simulator/television/Television.h"
 #include "simulator/trace/Watcher.h"
-
-#include <binder/Binder.h>
-#include <keluem/publisher.h>
 
 #include <atomic>
 #include <functional>
@@ -18,15 +17,13 @@
 namespace kelutv::simulator {
 
 /** The binder object behind "TVBaseService". */
-class Service : public android::BBinder {
+class Service : public service::RequestServer {
 public:
     using Watchers = std::vector<std::shared_ptr<Watcher>>;
 
     /** @param watchers are notified in this order; see `Television` for the others */
     Service(Watchers watchers, Configuration configuration, EepStore eep, const std::string& stateFile)
         : mWatchers(std::move(watchers)), mTelevision(std::move(configuration), std::move(eep), stateFile) {}
-
-    const android::String16& getInterfaceDescriptor() const override;
 
     /** Carries out a line of the control channel. */
     Answer control(const std::string& line);
@@ -38,13 +35,11 @@ public:
     void show();
 
 protected:
-    android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
-                                 uint32_t flags) override;
+    android::status_t serve(const wire::Request& request, android::Parcel* reply) override;
 
 private:
     using FaultRules = std::vector<FaultRule>;
 
-    android::status_t serve(const android::Parcel& data, android::Parcel* reply);
     wire::Reply answer(const wire::Request& request, FaultRules& faults);
     void exitIfToldTo(const FaultRules& faults);
     wire::Reply carryOut(const wire::Request& request, const FaultRules& faults);
@@ -57,7 +52,7 @@ private:
     /** Held while a request is carried out, so that state, events and notifications of the watchers have one order. */
     std::mutex mMutex;
     Television mTelevision;
-    keluem::Publisher mPublisher;
+    service::EventPublisher mEvents;
     std::atomic<bool> mExiting{false};
 };
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace kelutv::simulator {
+namespace kelutv::service {
 
 /**
  * A child of this process that, when asked to, calls a service as any client would.
@@ -27,4 +27,4 @@ private:
     int mSocket = -1;
 };
 
-} // namespace kelutv::simulator
+} // namespace kelutv::service

@@ -1,4 +1,4 @@
-#include "simulator/Probe.h"
+#include "service/Probe.h"
 
 #include <binder/IServiceManager.h>
 
@@ -13,7 +13,7 @@
 #include <cstdlib>
 #include <system_error>
 
-namespace kelutv::simulator {
+namespace kelutv::service {
 
 namespace {
 
@@ -68,4 +68,4 @@ bool Probe::isAnswered() const {
            ::recv(mSocket, &byte, 1, 0) == 1;
 }
 
-} // namespace kelutv::simulator
+} // namespace kelutv::service
