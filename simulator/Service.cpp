@@ -1,5 +1,6 @@
 #include "simulator/Service.h"
 
+#include "service/ReplyForm.h"
 #include "simulator/control/Control.h"
 #include "simulator/faults/ProcessExit.h"
 #include "simulator/faults/ReplyCorruption.h"
@@ -94,7 +95,16 @@ wire::Reply Service::carryOut(const wire::Request& request, const FaultRules& fa
     if (const Effect* const error = effectOf(faults, Effect::Kind::Error)) {
         return {error->amount, "a fault", {}};
     }
-    return request.refusal ? replyTo(*request.refusal) : mTelevision.perform(request);
+    if (request.refusal) {
+        return replyTo(*request.refusal);
+    }
+    wire::Reply reply = mTelevision.perform(request);
+    const std::string flaw = service::flawOf(request, reply);
+    if (flaw.empty()) {
+        return reply;
+    }
+    complain(std::string(request.command->name) + " was not answered: " + flaw);
+    return wire::replyTo({wire::Result::Failed, flaw});
 }
 
 Answer Service::control(const std::string& line) {

@@ -19,6 +19,8 @@ enum class Result : std::int32_t {
     UnknownDevice = -109,
     NotStored = -110,
     NotRestored = -111,
+    NotProvided = -112,
+    Failed = -113,
 };
 
 /** Why a request was refused, in a number and in words. */

@@ -30,9 +30,6 @@ Value fitted(Encoding kind, const Value* value) {
     return as<std::int32_t>(value);
 }
 
-/** More than any reply has room for is not made up. */
-constexpr std::size_t kMostValues = std::size_t{1} << 17;
-
 /** Deals the kept values out to the fields, in order. */
 class Dealer {
 public:
@@ -56,7 +53,7 @@ public:
 private:
     std::size_t wantedOf(const ReplyField& field, std::size_t rest) const {
         const std::size_t wanted = lengthOf(field, mArguments).value_or(rest);
-        return wanted <= kMostValues ? wanted : rest;
+        return wanted <= kMostReplyValues ? wanted : rest;
     }
 
     const Arguments& mArguments;

@@ -20,6 +20,9 @@ struct Reply {
     std::vector<Values> fields;
 };
 
+/** More values than any reply has room for; a request that asks for more gets what there is. */
+constexpr std::size_t kMostReplyValues = std::size_t{1} << 17;
+
 /** The answer to a refused request. */
 Reply replyTo(const Refusal& refusal);
 

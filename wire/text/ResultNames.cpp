@@ -19,12 +19,13 @@ struct NamedNumber {
 constexpr NamedNumber refusal(Result result, const char* name) { return {static_cast<std::int32_t>(result), name}; }
 
 constexpr NamedNumber kRefusals[] = {
-    refusal(Result::WrongToken, "wrong interface token"), refusal(Result::UnknownCommand, "no such command"),
-    refusal(Result::MissingData, "request too short"),    refusal(Result::UnterminatedText, "text without an end"),
-    refusal(Result::TooMuchData, "request too long"),     refusal(Result::UnknownItem, "no such item"),
-    refusal(Result::OutOfRange, "value out of range"),    refusal(Result::UnknownSource, "no such source"),
-    refusal(Result::UnknownDevice, "no such CEC device"), refusal(Result::NotStored, "not stored"),
-    refusal(Result::NotRestored, "not restored"),
+    refusal(Result::WrongToken, "wrong interface token"),  refusal(Result::UnknownCommand, "no such command"),
+    refusal(Result::MissingData, "request too short"),     refusal(Result::UnterminatedText, "text without an end"),
+    refusal(Result::TooMuchData, "request too long"),      refusal(Result::UnknownItem, "no such item"),
+    refusal(Result::OutOfRange, "value out of range"),     refusal(Result::UnknownSource, "no such source"),
+    refusal(Result::UnknownDevice, "no such CEC device"),  refusal(Result::NotStored, "not stored"),
+    refusal(Result::NotRestored, "not restored"),          refusal(Result::NotProvided, "not provided"),
+    refusal(Result::Failed, "failure inside the service"),
 };
 
 // A platform need not name those that the library does not use.
