@@ -84,6 +84,7 @@ struct Command {
     std::int32_t value;
     /** The first request item picks one of the module's items. */
     bool hasItems;
+    const char* module = "";
 };
 
 /** One item behind a module's item command. */

@@ -81,6 +81,16 @@ Value zeroOf(Encoding kind) {
     return std::int32_t{0};
 }
 
+std::size_t sizeOf(const Values& values) {
+    constexpr std::size_t kOfValue = 16;
+    std::size_t size = 0;
+    for (const Value& value : values) {
+        const auto* const text = std::get_if<std::string>(&value);
+        size += kOfValue + (text != nullptr ? text->size() : 0);
+    }
+    return size;
+}
+
 } // namespace
 
 StateForm formOf(const StateKey& key) {
@@ -89,6 +99,15 @@ StateForm formOf(const StateKey& key) {
     }
     const Operation* const get = operationOn(key, StateRule::Access::Get);
     return get != nullptr ? formForGet(*get) : StateForm{};
+}
+
+bool isReadAlike(const StateKey& key, const Values& before, const Values& after) {
+    return before == after || (before.size() < after.size() && completed(formOf(key), before) == after);
+}
+
+std::size_t keptSize(const Values& indexes, const Values& values) {
+    constexpr std::size_t kOfEntry = 128;
+    return kOfEntry + sizeOf(indexes) + sizeOf(values);
 }
 
 Values completed(const StateForm& form, Values values) {

@@ -2,6 +2,7 @@
 
 #include "wire/Interface.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace kelutv::wire {
@@ -22,6 +23,12 @@ struct StateForm {
 };
 
 StateForm formOf(const StateKey& key);
+
+/** Whether clients read the same: what was never set has fewer values than what is set to zero. */
+bool isReadAlike(const StateKey& key, const Values& before, const Values& after);
+
+/** How much a television keeps with these: the bytes of texts, 16 for each number and text, and 128 in all. */
+std::size_t keptSize(const Values& indexes, const Values& values);
 
 /** The values with zeros and empty texts for those that are missing, as a client reads them. */
 Values completed(const StateForm& form, Values values);

@@ -41,8 +41,10 @@ class Generate(TorchTest):
         self.assertEqual(self.generate(), (0, ""))
         table = (self.written / "interface.cpp").read_text(encoding="utf-8")
         rows = table[table.index("kCommands[]") : table.index("kItems[]")]
-        values = [int(value, 16) for value in re.findall(r", (0x[0-9A-F]+), (?:true|false)}", rows)]
-        self.assertEqual(values, [*range(0x1000, 0x1007), *range(0x2001, 0x200C), 0x3000])
+        commands = re.findall(r', (0x[0-9A-F]+), (?:true|false), "(\w+)"}', rows)
+        lamp = [(value, "lamp") for value in range(0x1000, 0x1007)]
+        torch = [(value, "torch") for value in [*range(0x2001, 0x200C), 0x3000]]
+        self.assertEqual([(int(value, 16), module) for value, module in commands], lamp + torch)
 
     def test_tells_of_a_catalogue_that_is_wrong(self) -> None:
         line = self.change_torch("CMD_TORCH_SETTEXT | 0x2000", "CMD_TORCH_SETTEXT | 2000")

@@ -125,7 +125,8 @@ class InterfaceTables:
     def _commands(self) -> list[str]:
         rows: dict[int, tuple[str, Method]] = {}
         for method in self.catalogue.methods:
-            cells = row([text(method.command), self._operation(method), f"0x{method.value:X}", boolean(method.items)])
+            number, module = f"0x{method.value:X}", text(method.module)
+            cells = row([text(method.command), self._operation(method), number, boolean(method.items), module])
             known = rows.setdefault(method.value, (cells, method))
             if known[0] != cells:
                 raise GenerationError(method.place, f"{method.command} differs from its row at {known[1].place}")
