@@ -111,6 +111,15 @@ if(TARGET kelutv)
         DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder}"
         COMPONENT tools)
 endif()
+if(TARGET kelutv_service_archive)
+    install(TARGETS kelutv_service_archive ARCHIVE COMPONENT platform_development)
+    install(
+        DIRECTORY "${PROJECT_SOURCE_DIR}/service/include/kelutv-service"
+        TYPE INCLUDE
+        COMPONENT platform_development
+        FILES_MATCHING
+        PATTERN "*.h")
+endif()
 if(TARGET kelutv-simulator)
     install(
         FILES "${KELUTV_SIMULATOR_EVENTS_HEADER}"

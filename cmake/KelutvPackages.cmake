@@ -83,7 +83,8 @@ they have on the television, for computers that have none of them."
 kelutv_package(
     platform_development libkelutv-platform-dev libdevel "stand-ins of the television's platform libraries - development"
     "Headers of the stand-ins, for programs that use the television's binder
-runtime, events, log or port tables themselves."
+runtime, events, log or port tables themselves, and what a service of a
+television is built on."
     MULTI_ARCH same
     DEPENDS platform development)
 kelutv_package(
@@ -132,6 +133,6 @@ set(CPACK_KELUTV_SETTINGS "${control_dir}/settings.cmake")
 
 # What has to be built before CPack can pack.
 get_property(package_programs GLOBAL PROPERTY kelutv_package_programs)
-add_custom_target(package-programs DEPENDS ${package_programs})
+add_custom_target(package-programs DEPENDS ${package_programs} kelutv_service_archive)
 
 include(CPack)

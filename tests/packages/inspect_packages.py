@@ -73,6 +73,8 @@ PACKAGES: dict[str, tuple[list[str], list[str], list[str]]] = {
         [
             *tree("platform/include", "*.h", "include/kelutv-platform"),
             "include/kelutv-simulator/events.h",
+            *tree("service/include/kelutv-service", "*.h", "include/kelutv-service"),
+            "lib/{triplet}/libkelutvservice.a",
             "lib/{triplet}/libkqdroid.so",
             "lib/{triplet}/pkgconfig/kelutv-platform.pc",
         ],
