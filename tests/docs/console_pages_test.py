@@ -22,7 +22,7 @@ sys.path.insert(0, str(ROOT / "tests"))
 from docs.console import Shell, Step, steps_of  # noqa: E402
 from support.television import Television, own_environment  # noqa: E402
 
-PAGES = [ROOT / "docs" / name for name in ("tool.md", "tool-daily.md", "recording.md")]
+PAGES = [ROOT / "docs" / name for name in ("tool.md", "tool-daily.md", "recording.md", "service.md")]
 KELUTV, SIMULATOR = os.environ["KELUTV_TOOL"], os.environ["KELUTV_SIMULATOR"]
 PROGRAMS = [str(Path(KELUTV).parent), str(Path(SIMULATOR).parent), os.environ["KELUTV_EXAMPLES"]]
 NAMED_COMMAND = re.compile(r"\bkelutv (?:-\S+ )*([a-z][a-z-]*)")
@@ -71,7 +71,7 @@ class ConsoleBlocks(unittest.TestCase):
     def test_show_every_command(self) -> None:
         at_work = {name for page in PAGES for step in steps_on(page) for name in NAMED_COMMAND.findall(step.command)}
         help_text = subprocess.run([KELUTV, "help"], env=own_environment(), check=True, capture_output=True, text=True).stdout
-        commands = re.findall(r"^  ([a-z]+) ", help_text.partition("Subcommands:\n")[2].partition("Exit codes:")[0], re.M)
+        commands = re.findall(r"^  ([a-z-]+) ", help_text.partition("Subcommands:\n")[2].partition("Exit codes:")[0], re.M)
         self.assertIn("get", commands)
         self.assertEqual([name for name in commands if name not in at_work], [], "commands that no page shows at work")
 

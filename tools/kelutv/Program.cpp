@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/doctor/DoctorCommand.h"
+#include "tools/kelutv/newservice/NewServiceCommand.h"
 #include "tools/kelutv/recordings/RecordCommand.h"
 #include "tools/kelutv/recordings/RecordingCommand.h"
 #include "tools/kelutv/recordings/TopCommand.h"
@@ -57,14 +58,31 @@ struct NamedCommand {
 
 /** In the order of the help. */
 constexpr NamedCommand kCommands[] = {
-    {"status", addStatusCommand},     {"sources", addSourcesCommand},   {"cec", addCecCommand},
-    {"power", addPowerCommand},       {"get", addGetCommand},           {"set", addSetCommand},
-    {"list", addListCommand},         {"describe", addDescribeCommand}, {"call", addCallCommand},
-    {"encode", addEncodeCommand},     {"decode", addDecodeCommand},     {"trace", addTraceCommand},
-    {"top", addTopCommand},           {"record", addRecordCommand},     {"recording", addRecordingCommand},
-    {"monitor", addMonitorCommand},   {"wait", addWaitCommand},         {"doctor", addDoctorCommand},
-    {"snapshot", addSnapshotCommand}, {"eep", addEepCommand},           {"sim", addSimCommand},
-    {"repl", addReplCommand, true},   {"help", addHelpCommand, true},   {"complete", addCompleteCommand},
+    {"status", addStatusCommand},
+    {"sources", addSourcesCommand},
+    {"cec", addCecCommand},
+    {"power", addPowerCommand},
+    {"get", addGetCommand},
+    {"set", addSetCommand},
+    {"list", addListCommand},
+    {"describe", addDescribeCommand},
+    {"call", addCallCommand},
+    {"encode", addEncodeCommand},
+    {"decode", addDecodeCommand},
+    {"trace", addTraceCommand},
+    {"top", addTopCommand},
+    {"record", addRecordCommand},
+    {"recording", addRecordingCommand},
+    {"monitor", addMonitorCommand},
+    {"wait", addWaitCommand},
+    {"doctor", addDoctorCommand},
+    {"snapshot", addSnapshotCommand},
+    {"eep", addEepCommand},
+    {"sim", addSimCommand},
+    {"new-service", addNewServiceCommand},
+    {"repl", addReplCommand, true},
+    {"help", addHelpCommand, true},
+    {"complete", addCompleteCommand},
 };
 
 /** Adds the one that the first word names, since to describe them takes time, or all. */

@@ -131,6 +131,11 @@ class Documents(unittest.TestCase):
             described = self.documents(lines, f"describe-{kind}")
             self.assertEqual([each["name"] for each in described], names[::STEP])
 
+    def test_new_services(self) -> None:
+        folder = Path(self.enterContext(tempfile.TemporaryDirectory())) / "my-tv"
+        (written,) = self.printed("new-service", "new-service", str(folder), "--module", "audio")
+        self.assertEqual({Path(file) for file in written["files"]}, set(folder.iterdir()))
+
     def test_snapshots(self) -> None:
         file = str(Path(self.enterContext(tempfile.TemporaryDirectory())) / "snapshot.json")
         (written,) = self.printed("snapshot-written", "snapshot", "-o", file)

@@ -166,6 +166,8 @@ TEST_F(Completion, knowsWhatMayStandInALine) {
         {"kelutv monitor -e vol", "volumeChanged"},
         {"kelutv monitor -e volumeChanged -e bootV", "bootVolumeChanged"},
         {"kelutv monitor --events oth", "other"},
+        {"kelutv new-service oth", "other"},
+        {"kelutv new-service other --module pc", "pcmplayer|pcsetting"},
         {"kelutv snapshot ", "diff|restore"},
         {"kelutv snapshot diff oth", "other"},
         {"kelutv snapshot diff other oth", "other"},

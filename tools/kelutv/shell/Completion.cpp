@@ -3,6 +3,7 @@
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/conversion/Converter.h"
 #include "tools/kelutv/names/Directory.h"
+#include "tools/kelutv/newservice/Project.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/service/EepArea.h"
 #include "tools/kelutv/settings/Settings.h"
@@ -194,6 +195,7 @@ std::map<std::string, Source>& sources() {
         {"AREA", [](const Spot&, const std::string&) { return areaNames(); }},
         {"B", pathNames},
         {"COMMAND", [](const Spot& spot, const std::string&) { return commandsBelow(spot); }},
+        {"DIR", pathNames},
         {"EVENT", [](const Spot& spot, const std::string&) { return eventNames(eventFileOf(spot)); }},
         {"FIELD",
          [](const Spot& spot, const std::string& begun) {
@@ -208,7 +210,10 @@ std::map<std::string, Source>& sources() {
              names.emplace_back("function");
              return names;
          }},
-        {"MODULE", [](const Spot&, const std::string& begun) { return namesOf("KELU_EM_MODE_E", begun); }},
+        {"MODULE",
+         [](const Spot& spot, const std::string& begun) {
+             return spot.command.name() == "new-service" ? modulesWithCommands() : namesOf("KELU_EM_MODE_E", begun);
+         }},
         {"NAME|NUMBER", [](const Spot&, const std::string& begun) { return namesOf("ATV_CMD_ID_E", begun); }},
         {"NAME",
          [](const Spot&, const std::string& begun) {
