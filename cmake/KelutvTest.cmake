@@ -5,14 +5,16 @@
 #                 [LINKS up|absent|dead...]    one test <name>.<link> each, KELUTV_TEST_LINK set
 #                 [TIMEOUT <seconds>]          120 unless given
 #                 [NO_EMULATOR <reason>]       cannot run under user-mode emulation
-#                 [SEPARATE]                   its sources have names of their own that are the same
+#                 [SEPARATE]                   never joined with others: it takes the place of functions, or counts its memory
 #                 [THREADS])                   makes threads meet, its own or those of programs that it starts
 #
-# Builds one GoogleTest program and registers it with ctest; where KELUTV_ONLY_TESTS_OF_THREADS is on, only with THREADS or
+# Builds one GoogleTest program, perhaps joined with others, and registers it with ctest; where KELUTV_ONLY_TESTS_OF_THREADS is on, only with THREADS or
 # in a room that sets KELUTV_TESTS_OF_THREADS, since all of its tests are such. Builds for another machine leave out what
 # KELUTV_TESTS_OF_ANY_MACHINE lists.
 
 include_guard(GLOBAL)
+
+include(KelutvJoinedTests)
 
 option(KELUTV_ONLY_TESTS_OF_THREADS "Leave out the tests that make no threads meet, for ThreadSanitizer" OFF)
 
@@ -111,18 +113,14 @@ function(kelutv_add_test name)
     target_link_libraries(
         ${name} PRIVATE ${ARG_LIBRARIES} $<TARGET_NAME_IF_EXISTS:kelutv_test_support> GTest::gtest GTest::gtest_main
                         kelutv_warnings)
-    kelutv_reuse_precompiled_headers(${name})
-    if(NOT ARG_SEPARATE AND NOT KELUTV_JOINED_SOURCES STREQUAL "OFF")
-        set_target_properties(
-            ${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0
-                               UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
-    endif()
     if(KELUTV_ONLY_TESTS_OF_THREADS AND NOT ARG_THREADS AND NOT KELUTV_TESTS_OF_THREADS)
         set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
     elseif(CMAKE_CROSSCOMPILING AND name IN_LIST KELUTV_TESTS_OF_ANY_MACHINE)
         set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
         set_property(GLOBAL APPEND_STRING PROPERTY KELUTV_NO_EMULATOR_LIST "${name}: says the same on any machine\n")
     endif()
+
+    kelutv_join_test(${name} ${ARG_SEPARATE})
 
     set(properties TIMEOUT "${ARG_TIMEOUT}" NO_EMULATOR "${ARG_NO_EMULATOR}")
     if(NOT ARG_LINKS)

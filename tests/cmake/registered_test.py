@@ -20,7 +20,7 @@ INCLUDED = re.compile(r'^#include "(.+)"$', re.M)
 
 def sources_of(path: Path) -> set[Path]:
     """The source itself, or those that it joins."""
-    if path.parent.name != "Unity":
+    if path.parent.name not in ("Unity", "joined"):
         return {path}
     return {Path(each).resolve() for each in INCLUDED.findall(path.read_text(encoding="utf-8"))}
 

@@ -60,12 +60,18 @@ class Packer:
         self.machine = machine
         self.work = work
         self.files = {}
+        self.programs = {}
 
     def add(self, path, content, mode=0o100755):
         self.files[path] = (mode, content)
 
     def add_program(self, path):
         if path in self.files:
+            return
+        status = os.stat(path)
+        first = self.programs.setdefault((status.st_dev, status.st_ino), path)
+        if first != path:
+            self.add(path, first.encode(), 0o120777)
             return
         self.add(path, self.stripped(path))
         dynamic = self.tool("readelf", "-d", "-l", path)

@@ -1,5 +1,6 @@
 #include "simulator/Simulator.h"
 
+#include "support/JoinedTests.h"
 #include "support/WorkingFolder.h"
 #include "tools/process/Redirection.h"
 
@@ -62,10 +63,8 @@ std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments,
     return std::make_unique<ChildProcess>(std::move(arguments), options);
 }
 
-SimulatorEnvironment& SimulatorEnvironment::install() {
-    auto* const environment = new SimulatorEnvironment;
-    ::testing::AddGlobalTestEnvironment(environment);
-    return *environment;
+SimulatorEnvironment& SimulatorEnvironment::install(const char* source) {
+    return addEnvironment(std::make_unique<SimulatorEnvironment>(), source);
 }
 
 void SimulatorEnvironment::SetUp() {

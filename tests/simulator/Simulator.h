@@ -41,8 +41,8 @@ std::unique_ptr<ChildProcess> startSimulator(std::vector<std::string> arguments,
  */
 class SimulatorEnvironment : public ::testing::Environment {
 public:
-    /** Makes the environment part of the test program; call it from the initialiser of a global. */
-    static SimulatorEnvironment& install();
+    /** Makes the environment part of the test program of a source; call it from the initialiser of a global. */
+    static SimulatorEnvironment& install(const char* source = __builtin_FILE());
 
     void SetUp() override;
     void TearDown() override;

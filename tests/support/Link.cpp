@@ -1,10 +1,13 @@
 #include "support/Link.h"
 
+#include "support/JoinedTests.h"
+
 #include <kelutv/link/TVBaseClient.h>
 
 #include <unistd.h>
 
 #include <cstdlib>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -31,10 +34,8 @@ Link linkUnderTest() {
     throw std::invalid_argument("KELUTV_TEST_LINK is \"" + name + "\", not up, absent or dead");
 }
 
-LinkEnvironment& LinkEnvironment::install(Link link) {
-    auto* const environment = new LinkEnvironment(link);
-    ::testing::AddGlobalTestEnvironment(environment);
-    return *environment;
+LinkEnvironment& LinkEnvironment::install(Link link, const char* source) {
+    return addEnvironment(std::unique_ptr<LinkEnvironment>(new LinkEnvironment(link)), source);
 }
 
 void LinkEnvironment::SetUp() {

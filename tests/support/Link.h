@@ -23,8 +23,8 @@ Link linkUnderTest();
  */
 class LinkEnvironment : public ::testing::Environment {
 public:
-    /** Makes the environment part of the test program; call it from the initialiser of a global. */
-    static LinkEnvironment& install(Link link = linkUnderTest());
+    /** Makes the environment part of the test program of a source; call it from the initialiser of a global. */
+    static LinkEnvironment& install(Link link = linkUnderTest(), const char* source = __builtin_FILE());
 
     void SetUp() override;
     void TearDown() override;

@@ -3,6 +3,7 @@
 #include "simulator/ControlPipe.h"
 #include "simulator/Simulator.h"
 #include "simulator/VolumeClient.h"
+#include "support/JoinedTests.h"
 #include "support/RuntimeDir.h"
 
 #include <kelutv/HdmiCEC.h>
@@ -52,7 +53,7 @@ private:
     std::unique_ptr<Simulator> mSimulator;
 };
 
-World& world = *static_cast<World*>(::testing::AddGlobalTestEnvironment(new World));
+World& world = addEnvironment(std::make_unique<World>());
 
 constexpr int kGuard = 0x77777777;
 constexpr int kRoom = 300;
