@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/output/JsonMembers.h"
 #include "tools/kelutv/text/InputFile.h"
 #include "wire/text/Shown.h"
 
@@ -50,55 +51,13 @@ template <typename State> std::string listOf(const std::vector<State>& states) {
     return text + (states.empty() ? "]" : "\n  ]");
 }
 
-/** Reads the members of one object of the file. */
-class Members {
-public:
-    Members(const Json& object, std::string place) : mObject(object), mPlace(std::move(place)) {
-        require(object.isObject(), "is no object");
-    }
+const Json& resultOf(const JsonMembers& members) {
+    const Json& value = members.member("result");
+    members.require(value.isInteger() || value.isNull(), "'result' is neither an integer nor null");
+    return value;
+}
 
-    const Json& member(const char* name) const {
-        const Json* const found = mObject.find(name);
-        require(found != nullptr, std::string("lacks '") + name + '\'');
-        return *found;
-    }
-
-    std::string text(const char* name) const {
-        const Json& value = member(name);
-        require(value.isText(), std::string("'") + name + "' is no text");
-        return value.asText();
-    }
-
-    const Json& list(const char* name) const {
-        const Json& value = member(name);
-        require(value.isArray(), std::string("'") + name + "' is no list");
-        return value;
-    }
-
-    const Json& result() const {
-        const Json& value = member("result");
-        require(value.isInteger() || value.isNull(), "'result' is neither an integer nor null");
-        return value;
-    }
-
-    double number(const char* name) const {
-        const Json& value = member(name);
-        require(value.isNumber(), std::string("'") + name + "' is no number");
-        return value.asReal();
-    }
-
-    void require(bool holds, const std::string& complaint) const {
-        if (!holds) {
-            throw UsageError(mPlace + ": " + complaint);
-        }
-    }
-
-private:
-    const Json& mObject;
-    std::string mPlace;
-};
-
-const wire::Function& functionOf(const Members& members) {
+const wire::Function& functionOf(const JsonMembers& members) {
     const std::string name = members.text("function");
     const std::vector<const wire::Function*> named = wire::functionsNamed(name);
     members.require(named.size() == 1 && named.front()->effect.kind == wire::EffectKind::Read,
@@ -107,13 +66,13 @@ const wire::Function& functionOf(const Members& members) {
 }
 
 HeldState heldStateOf(const Json& entry, const std::string& place) {
-    const Members members(entry, place);
+    const JsonMembers members(entry, place);
     HeldState held{members.text("state"),
                    members.list("values"),
                    {&functionOf(members), {}},
-                   members.result(),
+                   resultOf(members),
                    members.number("seconds")};
-    const Members arguments(members.member("arguments"), place + ", arguments");
+    const JsonMembers arguments(members.member("arguments"), place + ", arguments");
     for (const wire::Parameter* const parameter : givenParameters(*held.reading.function)) {
         held.reading.arguments.push_back(arguments.text(parameter->name));
     }
@@ -121,12 +80,12 @@ HeldState heldStateOf(const Json& entry, const std::string& place) {
 }
 
 MissingState missingStateOf(const Json& entry, const std::string& place) {
-    const Members members(entry, place);
-    return {members.text("state"), members.text("function"), members.text("reason"), members.result()};
+    const JsonMembers members(entry, place);
+    return {members.text("state"), members.text("function"), members.text("reason"), resultOf(members)};
 }
 
 template <typename State>
-std::vector<State> statesOf(const Members& document, const char* list, const std::string& file,
+std::vector<State> statesOf(const JsonMembers& document, const char* list, const std::string& file,
                             State (*read)(const Json& entry, const std::string& place)) {
     std::vector<State> states;
     std::set<std::string> names;
@@ -150,13 +109,8 @@ std::string textOf(const Snapshot& snapshot) {
 }
 
 Snapshot snapshotOf(const std::string& text, const std::string& file) {
-    Json document;
-    try {
-        document = Json::parsed(text);
-    } catch (const JsonError& error) {
-        throw UsageError(file + ": " + error.what());
-    }
-    const Members members(document, file);
+    const Json document = jsonOfFile(text, file);
+    const JsonMembers members(document, file);
     const std::string format = members.text("format");
     members.require(format == kFormat, "the format is '" + wire::shown(format) + "', not '" + kFormat + "'");
     Snapshot snapshot{members.text("taken"), statesOf(members, "states", file, heldStateOf),
