@@ -27,7 +27,7 @@ public:
 
     void requireEnd() {
         if (!mReading.flaw && mData.available() != 0) {
-            complain(std::to_string(mData.available()) + " bytes too many");
+            complain(std::to_string(mData.available()) + " bytes too many", ReplyFlaw::Kind::TooMuch);
         }
     }
 
@@ -74,21 +74,27 @@ private:
         }
         mReading.reply.fields.push_back(std::move(texts));
         if (mData.available() != 0) {
-            complain("a text has no end");
+            complainOfText();
         }
         return !mReading.flaw;
     }
 
     void complain(const ReplyField& field, std::size_t there, std::size_t wanted) {
         const std::string name = field.name != nullptr ? field.name : "the answer";
-        if (isText(field.encoding)) {
-            complain(mData.available() == 0 ? name + " lacks its text" : "a text has no end");
+        if (isText(field.encoding) && mData.available() != 0) {
+            complainOfText();
+        } else if (isText(field.encoding)) {
+            complain(name + " lacks its text");
         } else {
             complain(name + " has " + std::to_string(there) + " of " + std::to_string(wanted) + " numbers");
         }
     }
 
-    void complain(const std::string& text) { mReading.flaw = {mData.position(), text}; }
+    void complainOfText() { complain("a text has no end", ReplyFlaw::Kind::Unterminated); }
+
+    void complain(const std::string& text, ReplyFlaw::Kind kind = ReplyFlaw::Kind::Missing) {
+        mReading.flaw = {mData.position(), text, kind};
+    }
 
     const Operation& mOperation;
     ByteReader& mData;

@@ -11,8 +11,18 @@ namespace kelutv::wire {
 
 /** What is wrong with a reply, and at which byte. */
 struct ReplyFlaw {
+    enum class Kind {
+        /** Something is not there. */
+        Missing,
+        /** A text has no end. */
+        Unterminated,
+        /** Something stands behind the last field. */
+        TooMuch,
+    };
+
     std::size_t offset;
     std::string text;
+    Kind kind = Kind::Missing;
 };
 
 /** A reply as far as it could be read. */
