@@ -1,6 +1,7 @@
 #include "tools/kelutv/Program.h"
 
 #include "tools/kelutv/commands/Commands.h"
+#include "tools/kelutv/compliance/ComplianceCommand.h"
 #include "tools/kelutv/doctor/DoctorCommand.h"
 #include "tools/kelutv/newservice/NewServiceCommand.h"
 #include "tools/kelutv/recordings/RecordCommand.h"
@@ -80,6 +81,9 @@ constexpr NamedCommand kCommands[] = {
     {"eep", addEepCommand},
     {"sim", addSimCommand},
     {"new-service", addNewServiceCommand},
+    {"compliance", addComplianceCommand},
+    {"eep", addEepCommand},
+    {"sim", addSimCommand},
     {"repl", addReplCommand, true},
     {"help", addHelpCommand, true},
     {"complete", addCompleteCommand},

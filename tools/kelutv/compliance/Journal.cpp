@@ -1,0 +1,103 @@
+#include "tools/kelutv/compliance/Journal.h"
+
+#include "tools/kelutv/compliance/framework/Terms.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/snapshot/Setters.h"
+#include "wire/text/Shown.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <utility>
+
+namespace kelutv::tool::compliance {
+
+namespace {
+
+[[noreturn]] void fail(const std::string& path) {
+    throw ToolError(Exit::Failure,
+                    "cannot write to " + wire::shown(path, wire::kMostOfPath) + ": " + std::strerror(errno));
+}
+
+bool isWritten(int file, const std::string& text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const ssize_t count = ::write(file, text.data() + at, text.size() - at);
+        if (count < 0 && errno != EINTR) {
+            return false;
+        }
+        at += count > 0 ? static_cast<std::size_t>(count) : 0;
+    }
+    return true;
+}
+
+/** A new file stands in its folder for good when the folder is written, too. */
+void syncFolderOf(const std::string& path) {
+    const std::string folder = std::filesystem::path(path).parent_path().string();
+    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        // Some file systems cannot, and keep the file all the same.
+        ::fsync(descriptor);
+        ::close(descriptor);
+    }
+}
+
+/** @throws UsageError when it is there already, ToolError */
+void writeForGood(const std::string& path, const std::string& text) {
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file < 0 && errno == EEXIST) {
+        const std::string name = wire::shown(path, wire::kMostOfPath);
+        throw UsageError(name +
+                         " is there, so that an earlier run has not put everything back; 'kelutv compliance "
+                         "--put-back " +
+                         name + "' does, and takes the file away");
+    }
+    if (file < 0) {
+        fail(path);
+    }
+    const bool isSafe = isWritten(file, text) && ::fsync(file) == 0;
+    const int reason = errno;
+    ::close(file);
+    if (!isSafe) {
+        ::unlink(path.c_str());
+        errno = reason;
+        fail(path);
+    }
+    syncFolderOf(path);
+}
+
+bool mayBeSet(const HeldState& held, const Terms& terms) {
+    const auto setters = settersOf(held);
+    return std::any_of(setters.begin(), setters.end(),
+                       [&terms](const wire::Function* setter) { return mayCall(*setter, terms); });
+}
+
+} // namespace
+
+Snapshot changeable(Snapshot snapshot, const Terms& terms) {
+    auto& held = snapshot.held;
+    held.erase(
+        std::remove_if(held.begin(), held.end(), [&terms](const HeldState& each) { return !mayBeSet(each, terms); }),
+        held.end());
+    snapshot.missing.clear();
+    return snapshot;
+}
+
+Journal::Journal(std::string path, Snapshot snapshot) : mPath(std::move(path)), mSnapshot(std::move(snapshot)) {
+    writeForGood(mPath, textOf(mSnapshot));
+}
+
+std::vector<Restored> Journal::putBack(double limit) const {
+    std::vector<Restored> restored = restore({mSnapshot.held, false, limit}, [](const Restored&) {});
+    restored.erase(std::remove_if(restored.begin(), restored.end(),
+                                  [](const Restored& each) { return each.isAsWanted() && each.call.empty(); }),
+                   restored.end());
+    return restored;
+}
+
+void Journal::remove() const { ::unlink(mPath.c_str()); }
+
+} // namespace kelutv::tool::compliance

@@ -1,0 +1,159 @@
+#include "tools/kelutv/compliance/Runner.h"
+
+#include "tools/kelutv/checks/Asking.h"
+#include "tools/kelutv/checks/Visit.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/output/Json.h"
+#include "tools/kelutv/service/ServiceLink.h"
+
+#include <utility>
+
+namespace kelutv::tool::compliance {
+
+namespace {
+
+using tool::Finding;
+
+CheckResult resultOf(const Check& check) {
+    const Subject& subject = check.subject();
+    CheckResult result;
+    result.id = subject.id;
+    result.family = subject.family;
+    result.module = subject.module;
+    result.function = subject.function;
+    result.sentence = subject.sentence;
+    return result;
+}
+
+/** What the process that makes the checks says of one. */
+std::string messageOf(const Outcome& outcome, const std::vector<std::chrono::nanoseconds>& latencies) {
+    Json times = Json::array();
+    for (const std::chrono::nanoseconds time : latencies) {
+        times.add(time.count());
+    }
+    Json message{{"verdict", nameOf(outcome.verdict)}, {"reason", outcome.reason}, {"latencies", times}};
+    if (outcome.exchange && outcome.verdict != Verdict::passed) {
+        message["code"] = outcome.exchange->command;
+        message["request"] = hexOf(outcome.exchange->request);
+        message["status"] = outcome.exchange->status;
+        message["reply"] = hexOf(outcome.exchange->reply);
+    }
+    return message.dump();
+}
+
+Exchange exchangeIn(const Json& message) {
+    return {static_cast<std::uint32_t>(message.at("code").asInteger()), bytesOfHex(message.at("request").asText()),
+            static_cast<std::int32_t>(message.at("status").asInteger()), bytesOfHex(message.at("reply").asText())};
+}
+
+void read(const std::string& text, CheckResult& result) {
+    const Json message = Json::parsed(text);
+    result.verdict = verdictNamed(message.at("verdict").asText()).value_or(Verdict::inconclusive);
+    result.reason = message.at("reason").asText();
+    for (const Json& time : message.at("latencies").entries()) {
+        result.latencies.emplace_back(time.asInteger());
+    }
+    if (message.find("code") != nullptr) {
+        result.exchange = exchangeIn(message);
+    }
+}
+
+Outcome outcomeOf(const Check& check, Television& television) {
+    try {
+        return check.run(television);
+    } catch (const ToolError& error) {
+        return {Verdict::failed, error.what(), std::nullopt};
+    }
+}
+
+/** Makes a check; one that leaves no service behind ends all. */
+Finding make(const Check& check) {
+    static Television television;
+    Outcome outcome = outcomeOf(check, television);
+    const auto latencies = television.takeLatencies();
+    if (television.takeLoss() && !television.isAlive()) {
+        outcome.verdict = Verdict::failed;
+        outcome.reason = "the service is gone" + (outcome.reason.empty() ? "" : "; " + outcome.reason);
+        return {tool::Verdict::Unlinked, messageOf(outcome, latencies)};
+    }
+    return {tool::Verdict::Good, messageOf(outcome, latencies)};
+}
+
+CheckResult resultOf(const Check& check, const Finding& finding) {
+    CheckResult result = resultOf(check);
+    if (finding.verdict == tool::Verdict::Good || finding.verdict == tool::Verdict::Unlinked) {
+        read(finding.text, result);
+    } else {
+        result.verdict = Verdict::failed;
+        result.reason = finding.text;
+    }
+    return result;
+}
+
+/** The checks that are made, and what the process for them is told. */
+struct Visit {
+    std::vector<const Check*> made;
+    std::vector<tool::Check> looks;
+};
+
+Visit visitOf(const Checks& checks, double limit) {
+    Visit visit;
+    for (const auto& check : checks) {
+        if (check->whyLeftOut().empty()) {
+            visit.made.push_back(check.get());
+            visit.looks.push_back({check->subject().id, check->subject().module, limit * check->patience(),
+                                   [made = check.get()] { return make(*made); }});
+        }
+    }
+    return visit;
+}
+
+/** @throws LinkError when there is no service */
+void requireServiceElsewhere(double limit) {
+    std::string complaint;
+    const std::vector<tool::Check> look{{"service", "service", limit, [] {
+                                             return askingFinds([] {
+                                                 requireService();
+                                                 return Finding{};
+                                             });
+                                         }}};
+    makeChecks(look, {nullptr, [&complaint](const tool::Check& /*check*/, const Finding& finding) {
+                          complaint = finding.verdict == tool::Verdict::Good ? "" : finding.text;
+                      }});
+    if (!complaint.empty()) {
+        throw LinkError(complaint);
+    }
+}
+
+/** In the order of the checks, with what was not made between what was. */
+std::vector<CheckResult> putTogether(const Checks& checks, std::vector<CheckResult> made, const Tell& tell) {
+    std::vector<CheckResult> results;
+    auto next = made.begin();
+    for (const auto& check : checks) {
+        const std::string reason = check->whyLeftOut();
+        if (reason.empty() && next != made.end()) {
+            results.push_back(std::move(*next++));
+            continue;
+        }
+        results.push_back(resultOf(*check));
+        results.back().verdict = reason.empty() ? Verdict::inconclusive : Verdict::leftOut;
+        results.back().reason = reason.empty() ? "not made: the service is gone or answers nothing any longer" : reason;
+        tell(results.back());
+    }
+    return results;
+}
+
+} // namespace
+
+std::vector<CheckResult> runChecks(const Checks& checks, double limit, const Tell& tell) {
+    requireServiceElsewhere(limit);
+    const Visit visit = visitOf(checks, limit);
+    std::vector<CheckResult> made;
+    makeChecks(visit.looks, {nullptr, [&](const tool::Check& /*check*/, const Finding& finding) {
+                                 made.push_back(resultOf(*visit.made[made.size()], finding));
+                                 tell(made.back());
+                             }});
+    return putTogether(checks, std::move(made), tell);
+}
+
+} // namespace kelutv::tool::compliance

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "tools/kelutv/compliance/framework/Television.h"
+#include "tools/kelutv/compliance/results/CheckResult.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::tool::compliance {
+
+/** What a check is about; `CheckResult` says what each of them is. */
+struct Subject {
+    std::string id;
+    std::string family;
+    std::string module;
+    std::string function;
+    std::string sentence;
+};
+
+/** What making a check came to. */
+struct Outcome {
+    Verdict verdict = Verdict::passed;
+    /** Why; empty when it passed. */
+    std::string reason;
+    /** The exchange that decided. */
+    std::optional<Exchange> exchange;
+};
+
+/** One thing that is demanded of a service. */
+class Check {
+public:
+    explicit Check(Subject subject) : mSubject(std::move(subject)) {}
+    virtual ~Check() = default;
+    Check(const Check&) = delete;
+    Check& operator=(const Check&) = delete;
+
+    const Subject& subject() const { return mSubject; }
+
+    /** Whether it may change what the television keeps, which is put back. */
+    virtual bool changesState() const { return false; }
+
+    /** Why it is not made; empty when it is. */
+    virtual std::string whyLeftOut() const { return ""; }
+
+    /** How many times the limit of one answer it may take. */
+    virtual double patience() const { return 1; }
+
+    /**
+     * Runs in a process that is given up when it takes too long; the library may be used there.
+     *
+     * @throws ToolError what makes it fail
+     */
+    virtual Outcome run(Television& television) const = 0;
+
+private:
+    Subject mSubject;
+};
+
+using Checks = std::vector<std::unique_ptr<const Check>>;
+
+/** A check that is not made, and says why. */
+class LeftOutCheck : public Check {
+public:
+    LeftOutCheck(Subject subject, std::string reason) : Check(std::move(subject)), mReason(std::move(reason)) {}
+
+    std::string whyLeftOut() const override { return mReason; }
+    Outcome run(Television& /*television*/) const override { return {Verdict::leftOut, mReason, std::nullopt}; }
+
+private:
+    std::string mReason;
+};
+
+} // namespace kelutv::tool::compliance

@@ -1,0 +1,41 @@
+#include "tools/kelutv/compliance/framework/Television.h"
+
+#include "tools/kelutv/checks/Asking.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/ServiceLink.h"
+
+#include <binder/IBinder.h>
+#include <binder/Parcel.h>
+
+#include <utility>
+
+namespace kelutv::tool::compliance {
+
+Exchange Television::ask(const Bytes& request, std::uint32_t code) {
+    const android::sp<android::IBinder> service = requireService();
+    android::Parcel data;
+    if (data.setData(request.data(), request.size()) != android::NO_ERROR) {
+        throw ToolError(Exit::Failure, "there is no memory for a request");
+    }
+    android::Parcel reply;
+    Exchange exchange{code, request, 0, {}};
+    mLatencies.push_back(timeOf([&] { exchange.status = service->transact(code, data, &reply, 0); }));
+    exchange.reply.assign(reply.data(), reply.data() + reply.dataSize());
+    mHasLost = mHasLost || exchange.status != android::NO_ERROR;
+    return exchange;
+}
+
+bool Television::isAlive() const {
+    try {
+        android::Parcel reply;
+        return requireService()->transact(kAskForInterface, android::Parcel(), &reply, 0) != android::DEAD_OBJECT;
+    } catch (const LinkError&) {
+        return false;
+    }
+}
+
+std::vector<std::chrono::nanoseconds> Television::takeLatencies() { return std::exchange(mLatencies, {}); }
+
+bool Television::takeLoss() { return std::exchange(mHasLost, false); }
+
+} // namespace kelutv::tool::compliance
