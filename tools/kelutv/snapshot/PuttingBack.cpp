@@ -18,17 +18,6 @@ bool isZero(const Json& value) {
     return (value.isNumber() && value.asReal() == 0) || (value.isText() && value.asText().empty());
 }
 
-/** Whether a client reads the one when the other is stored: an answer fills up with zeros. */
-bool readsAs(const Json& stored, const Json& read) {
-    const Json::Entries& left = stored.entries();
-    const Json::Entries& right = read.entries();
-    const std::size_t common = std::min(left.size(), right.size());
-    const auto begin = static_cast<Json::Entries::difference_type>(common);
-    return std::equal(left.begin(), left.begin() + begin, right.begin()) &&
-           std::all_of(left.begin() + begin, left.end(), isZero) &&
-           std::all_of(right.begin() + begin, right.end(), isZero);
-}
-
 /** What is wrong with a call that is to put the state back; empty when it does exactly that. */
 std::string complaintAbout(const SetCall& call, const HeldState& held) {
     const auto requests = requestsOf(*call.function, call.arguments);
@@ -72,17 +61,32 @@ FoundCall callPuttingBack(const HeldState& held) {
         if (setter->effect.isDangerous && !mayBeDangerous) {
             continue;
         }
-        const SetCall call{setter, argumentsFor(*setter, held)};
-        try {
-            found.complaint = complaintAbout(call, held);
-        } catch (const UsageError& error) {
-            found.complaint = error.what();
-        }
+        found = callOf(*setter, held);
         if (found.complaint.empty()) {
-            return {call, ""};
+            break;
         }
     }
     return found;
+}
+
+FoundCall callOf(const wire::Function& setter, const HeldState& held) {
+    const SetCall call{&setter, argumentsFor(setter, held)};
+    try {
+        const std::string complaint = complaintAbout(call, held);
+        return complaint.empty() ? FoundCall{call, ""} : FoundCall{{nullptr, {}}, complaint};
+    } catch (const UsageError& error) {
+        return {{nullptr, {}}, error.what()};
+    }
+}
+
+bool readsAs(const Json& stored, const Json& read) {
+    const Json::Entries& left = stored.entries();
+    const Json::Entries& right = read.entries();
+    const std::size_t common = std::min(left.size(), right.size());
+    const auto begin = static_cast<Json::Entries::difference_type>(common);
+    return std::equal(left.begin(), left.begin() + begin, right.begin()) &&
+           std::all_of(left.begin() + begin, left.end(), isZero) &&
+           std::all_of(right.begin() + begin, right.end(), isZero);
 }
 
 std::string commandLineOf(const SetCall& call) {

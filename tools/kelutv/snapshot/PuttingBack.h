@@ -31,6 +31,12 @@ struct FoundCall {
  */
 FoundCall callPuttingBack(const HeldState& held);
 
+/** The call of this function that gives the state exactly the value that was held, proved in the same way. */
+FoundCall callOf(const wire::Function& setter, const HeldState& held);
+
+/** Whether a client reads the one list of values when the other is stored: an answer fills up with zeros. */
+bool readsAs(const Json& stored, const Json& read);
+
 /** The command line that makes the call. */
 std::string commandLineOf(const SetCall& call);
 
