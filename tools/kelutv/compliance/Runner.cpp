@@ -58,10 +58,11 @@ void read(const std::string& text, CheckResult& result) {
     }
 }
 
-Outcome outcomeOf(const Check& check, Television& television) {
+Outcome outcomeOf(const Check& check, Television& television, bool& isLost) {
     try {
         return check.run(television);
     } catch (const ToolError& error) {
+        isLost = isLost || error.exit() == Exit::Link;
         return {Verdict::failed, error.what(), std::nullopt};
     }
 }
@@ -69,9 +70,10 @@ Outcome outcomeOf(const Check& check, Television& television) {
 /** Makes a check; one that leaves no service behind ends all. */
 Finding make(const Check& check) {
     static Television television;
-    Outcome outcome = outcomeOf(check, television);
+    bool isLost = false;
+    Outcome outcome = outcomeOf(check, television, isLost);
     const auto latencies = television.takeLatencies();
-    if (television.takeLoss() && !television.isAlive()) {
+    if ((television.takeLoss() || isLost) && !television.isAlive()) {
         outcome.verdict = Verdict::failed;
         outcome.reason = "the service is gone" + (outcome.reason.empty() ? "" : "; " + outcome.reason);
         return {tool::Verdict::Unlinked, messageOf(outcome, latencies)};

@@ -1,0 +1,119 @@
+#include "tools/kelutv/compliance/state/Setting.h"
+
+#include "tools/kelutv/calls/Call.h"
+#include "tools/kelutv/compliance/framework/Answer.h"
+#include "tools/kelutv/compliance/state/OtherValues.h"
+#include "tools/kelutv/decoding/Decoding.h"
+#include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/snapshot/StateReader.h"
+#include "tools/kelutv/snapshot/StateText.h"
+#include "wire/text/ResultNames.h"
+
+namespace kelutv::tool::compliance {
+
+namespace {
+
+[[noreturn]] void end(Verdict verdict, const std::string& reason) { throw Ended{{verdict, reason, std::nullopt}}; }
+
+HeldState heldBy(const Reading& reading) {
+    const StateRead read = readState(reading);
+    if (!read.refusal.empty()) {
+        end(read.refusal.rfind("refused", 0) == 0 ? Verdict::refused : Verdict::failed, read.refusal);
+    }
+    return {read.state, read.values, reading, read.result};
+}
+
+std::string refusalIn(const Answer& answer) {
+    if (answer.exchange.status != 0) {
+        return noReplyText(answer.exchange.status);
+    }
+    return answer.reading.hasResult ? "the service answered " + wire::resultText(answer.reading.reply.result)
+                                    : "the reply has no result word";
+}
+
+} // namespace
+
+Setting::Setting(Television& television, const wire::Function& setter, const Reading& reading)
+    : mTelevision(television), mSetter(setter), mBefore(heldBy(reading)) {
+    const FoundCall back = callOf(setter, mBefore);
+    if (back.call.function == nullptr) {
+        end(Verdict::inconclusive, "what it holds cannot be put back: " + back.complaint);
+    }
+    mBack = back.call;
+}
+
+Setting::~Setting() {
+    if (mIsSet) {
+        try {
+            send(mBack);
+        } catch (const ToolError&) {
+            // The values to put back are in the file.
+        }
+    }
+}
+
+void Setting::setOther() {
+    std::optional<Outcome> refusal;
+    std::string complaint = "the catalogue gives it no other value";
+    for (const Json& values : otherValues(mSetter, mBefore)) {
+        HeldState wanted = mBefore;
+        wanted.values = values;
+        const FoundCall found = callOf(mSetter, wanted);
+        complaint = found.complaint;
+        if (found.call.function == nullptr) {
+            continue;
+        }
+        mCall = found.call;
+        mWanted = values;
+        mIsSet = true;
+        refusal = send(mCall);
+        if (!refusal) {
+            return;
+        }
+    }
+    throw Ended{refusal.value_or(Outcome{Verdict::inconclusive, complaint, std::nullopt})};
+}
+
+void Setting::setAgain() {
+    if (auto refusal = send(mCall)) {
+        refusal->verdict = Verdict::failed;
+        refusal->reason = "not taken again: " + refusal->reason;
+        throw Ended{*refusal};
+    }
+}
+
+void Setting::requireSet() const { requireRead(mWanted, "set to "); }
+
+void Setting::putBack() {
+    if (auto refusal = send(mBack)) {
+        refusal->verdict = Verdict::failed;
+        refusal->reason = "cannot be put back to " + valuesText(mBefore.state, mBefore.values) + ": " + refusal->reason;
+        throw Ended{*refusal};
+    }
+    mIsSet = false;
+    requireRead(mBefore.values, "put back to ");
+}
+
+/** What the service has against the call; nothing when it took it. */
+std::optional<Outcome> Setting::send(const SetCall& call) const {
+    for (const Bytes& request : requestsOf(*call.function, call.arguments)) {
+        const Answer answer = answerTo(mTelevision, request);
+        if (!answer.isSuccess()) {
+            return Outcome{Verdict::refused, refusalIn(answer), answer.exchange};
+        }
+    }
+    return std::nullopt;
+}
+
+void Setting::requireRead(const Json& wanted, const std::string& when) const {
+    const StateRead read = readState(mBefore.reading);
+    if (!read.refusal.empty()) {
+        end(Verdict::failed, when + valuesText(mBefore.state, wanted) + ", and then " + read.refusal);
+    }
+    if (!readsAs(wanted, read.values)) {
+        end(Verdict::failed,
+            when + valuesText(mBefore.state, wanted) + ", it reads " + valuesText(mBefore.state, read.values));
+    }
+}
+
+} // namespace kelutv::tool::compliance

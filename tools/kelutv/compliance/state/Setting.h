@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tools/kelutv/compliance/framework/Check.h"
+#include "tools/kelutv/snapshot/PuttingBack.h"
+#include "tools/kelutv/snapshot/Snapshot.h"
+
+#include <optional>
+#include <string>
+
+namespace kelutv::tool::compliance {
+
+/** Ends a check with what it came to. */
+struct Ended {
+    Outcome outcome;
+};
+
+/** A state as a check holds it while it sets it: what it was is put back by `putBack`, or at the end. */
+class Setting {
+public:
+    /** Reads what it is. @throws Ended when it cannot be read */
+    Setting(Television& television, const wire::Function& setter, const Reading& reading);
+    /** Puts it back where nobody has, as far as that goes. */
+    ~Setting();
+    Setting(const Setting&) = delete;
+    Setting& operator=(const Setting&) = delete;
+
+    /** Gives it another value that the service takes. @throws Ended when it takes none */
+    void setOther();
+
+    /** Sets the same once more. @throws Ended when it is not taken again */
+    void setAgain();
+
+    /** @throws Ended unless it reads as what was set */
+    void requireSet() const;
+
+    /** Gives it the value that it had, and reads that. @throws Ended when one of the two fails */
+    void putBack();
+
+private:
+    std::optional<Outcome> send(const SetCall& call) const;
+    void requireRead(const Json& wanted, const std::string& when) const;
+
+    Television& mTelevision;
+    const wire::Function& mSetter;
+    HeldState mBefore;
+    SetCall mBack;
+    SetCall mCall{nullptr, {}};
+    Json mWanted;
+    bool mIsSet = false;
+};
+
+} // namespace kelutv::tool::compliance
