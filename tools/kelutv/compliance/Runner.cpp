@@ -2,10 +2,13 @@
 
 #include "tools/kelutv/checks/Asking.h"
 #include "tools/kelutv/checks/Visit.h"
+#include "tools/kelutv/compliance/results/RunFile.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/output/Json.h"
 #include "tools/kelutv/service/ServiceLink.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace kelutv::tool::compliance {
@@ -25,6 +28,11 @@ CheckResult resultOf(const Check& check) {
     return result;
 }
 
+/** As much of the bytes as reports show. */
+Bytes beginning(const Bytes& bytes) {
+    return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(std::min(bytes.size(), kMostBytesKept))};
+}
+
 /** What the process that makes the checks says of one. */
 std::string messageOf(const Outcome& outcome, const std::vector<std::chrono::nanoseconds>& latencies) {
     Json times = Json::array();
@@ -34,9 +42,9 @@ std::string messageOf(const Outcome& outcome, const std::vector<std::chrono::nan
     Json message{{"verdict", nameOf(outcome.verdict)}, {"reason", outcome.reason}, {"latencies", times}};
     if (outcome.exchange && outcome.verdict != Verdict::passed) {
         message["code"] = outcome.exchange->command;
-        message["request"] = hexOf(outcome.exchange->request);
+        message["request"] = hexOf(beginning(outcome.exchange->request));
         message["status"] = outcome.exchange->status;
-        message["reply"] = hexOf(outcome.exchange->reply);
+        message["reply"] = hexOf(beginning(outcome.exchange->reply));
     }
     return message.dump();
 }

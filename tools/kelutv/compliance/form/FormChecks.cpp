@@ -1,10 +1,10 @@
 #include "tools/kelutv/compliance/form/FormChecks.h"
 
-#include "tools/kelutv/calls/PlainArguments.h"
 #include "tools/kelutv/checks/Reads.h"
 #include "tools/kelutv/compliance/form/Aspects.h"
 #include "tools/kelutv/compliance/framework/Answer.h"
 #include "tools/kelutv/compliance/framework/Identifiers.h"
+#include "tools/kelutv/compliance/framework/Samples.h"
 #include "tools/kelutv/snapshot/StateRules.h"
 
 namespace kelutv::tool::compliance {
@@ -57,7 +57,7 @@ void addFormChecks(Checks& checks, const Terms& /*terms*/) {
             checks.push_back(std::make_unique<LeftOutCheck>(
                 subjectOf(kFamily, function, "payload", "Reads any item of the module."), unasked.reason));
         } else if (function.requests.size() > 0) {
-            add(checks, {&function, plainArguments(function)});
+            add(checks, sampleOf(function));
         }
     }
 }

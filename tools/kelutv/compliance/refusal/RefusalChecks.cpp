@@ -1,7 +1,166 @@
 #include "tools/kelutv/compliance/refusal/RefusalChecks.h"
 
+#include "tools/kelutv/checks/Reads.h"
+#include "tools/kelutv/compliance/framework/Answer.h"
+#include "tools/kelutv/compliance/framework/Identifiers.h"
+#include "tools/kelutv/compliance/framework/Samples.h"
+#include "tools/kelutv/compliance/framework/Setting.h"
+#include "tools/kelutv/compliance/refusal/Malformed.h"
+#include "tools/kelutv/compliance/refusal/ServiceChecks.h"
+#include "tools/kelutv/output/Errors.h"
+
+#include <functional>
+
 namespace kelutv::tool::compliance {
 
-void addRefusalChecks(Checks& /*checks*/, const Terms& /*terms*/) {}
+namespace {
+
+constexpr char kFamily[] = "refusal";
+
+using Make = std::function<MalformedRequests(const Bytes& request)>;
+
+/** One way to send what no client sends. */
+struct Way {
+    std::string name;
+    std::string sentence;
+    /** What a service that answers all the same is judged as. */
+    Verdict whenTaken;
+    double patience;
+    Make make;
+};
+
+class RefusalCheck : public Check {
+public:
+    RefusalCheck(const wire::Function& function, Way way)
+        : Check(subjectOf(kFamily, function, way.name, way.sentence)), mFunction(function), mWay(std::move(way)) {}
+
+    bool changesState() const override { return mFunction.effect.kind != wire::EffectKind::Read; }
+    double patience() const override { return mWay.patience; }
+
+    Outcome run(Television& television) const override {
+        try {
+            return changesState() ? judgeSet(television) : judgeRead(television);
+        } catch (const Ended& ended) {
+            return ended.outcome;
+        }
+    }
+
+private:
+    Outcome judgeRead(Television& television) const {
+        return judge(television, requestsFor(sampleOf(mFunction)).front());
+    }
+
+    /** What is refused would have given the state another value. */
+    Outcome judgeSet(Television& television) const {
+        Setting setting(television, mFunction, sampleOf(*wire::functionsNamed(mFunction.effect.back).front()));
+        Outcome outcome = judge(television, setting.requestForOther());
+        if (outcome.verdict == Verdict::passed) {
+            setting.requireUnchanged();
+        }
+        return outcome;
+    }
+
+    Outcome judge(Television& television, const Bytes& request) const {
+        for (const Malformed& malformed : mWay.make(request)) {
+            const Exchange exchange = television.ask(malformed.request);
+            Outcome outcome = outcomeOf(exchange, mFunction.statusIsValue, mWay.whenTaken);
+            if (outcome.verdict != Verdict::passed) {
+                outcome.reason = "a request that " + malformed.what + ' ' + outcome.reason;
+                outcome.exchange = exchange;
+                return outcome;
+            }
+        }
+        return {};
+    }
+
+    const wire::Function& mFunction;
+    Way mWay;
+};
+
+const std::vector<Way>& commonWays() {
+    static const std::vector<Way> ways{
+        {"token", "A request with the token of another interface, or without one, is refused: it is meant for another.",
+         Verdict::failed, 1, withWrongTokens},
+        {"truncated",
+         "A request that is cut off at any byte is refused: what is missing must be neither guessed nor read beyond "
+         "the end.",
+         Verdict::failed, 4, truncated},
+        {"trailing",
+         "A request with more behind it than it has is refused, since it was meant to be another one; a service that "
+         "does not look there leaves the check open.",
+         Verdict::inconclusive, 1, withMore},
+        {"huge",
+         "A request of 1 MiB is refused by the service or on its way, and the service goes on; one that does not look "
+         "behind what it needs leaves the check open.",
+         Verdict::inconclusive, 1, madeHuge},
+    };
+    return ways;
+}
+
+/** The ways that need a parameter of a kind. */
+std::vector<Way> waysFor(const wire::Function& function) {
+    std::vector<Way> ways = commonWays();
+    bool hasText = false;
+    for (const wire::Parameter& parameter : function.parameters) {
+        const bool isGiven = parameter.direction != wire::Direction::Out;
+        const wire::Range* const range = parameter.values.range;
+        hasText = hasText || (isGiven && parameter.values.kind == wire::ValueKind::Text);
+        if (isGiven && parameter.values.kind == wire::ValueKind::Single &&
+            (parameter.values.names != nullptr || (range != nullptr && range->isBounded()))) {
+            ways.push_back(
+                {std::string("range.") + parameter.name,
+                 "A value that the catalogue does not know is refused: it would be kept as what it cannot be.",
+                 Verdict::failed, 1, [&parameter](const Bytes& request) { return outOfRange(parameter, request); }});
+        }
+    }
+    if (hasText) {
+        ways.push_back({"nullText", "A request without its text, which is what a null one leaves, is refused.",
+                        Verdict::failed, 1, withoutTexts});
+    }
+    return ways;
+}
+
+void add(Checks& checks, const wire::Function& function) {
+    for (Way& way : waysFor(function)) {
+        checks.push_back(std::make_unique<RefusalCheck>(function, std::move(way)));
+    }
+}
+
+Way unknownItems() {
+    return {"unknownItem", "An item that the module does not have is refused: there is nothing to answer.",
+            Verdict::failed, 1, withUnknownItems};
+}
+
+/** Why the function gets no requests that might do what they must not; empty when it does. */
+std::string whyLeftOut(const wire::Function& function, const Terms& terms) {
+    if (function.effect.kind == wire::EffectKind::Read) {
+        return "";
+    }
+    if (function.effect.kind != wire::EffectKind::Set || function.effect.back == nullptr) {
+        return "nothing puts back what it would do if it were not refused";
+    }
+    return mayCall(function, terms) ? "" : whyNotCalled(function);
+}
+
+} // namespace
+
+void addRefusalChecks(Checks& checks, const Terms& terms) {
+    addServiceChecks(checks);
+    for (const wire::Function& function : wire::allFunctions()) {
+        if (function.requests.size() == 0) {
+            continue;
+        }
+        const std::string reason = whyLeftOut(function, terms);
+        if (!reason.empty()) {
+            const Way& way = commonWays().front();
+            checks.push_back(
+                std::make_unique<LeftOutCheck>(subjectOf(kFamily, function, way.name, way.sentence), reason));
+        } else if (takesAnyItem(function)) {
+            checks.push_back(std::make_unique<RefusalCheck>(function, unknownItems()));
+        } else {
+            add(checks, function);
+        }
+    }
+}
 
 } // namespace kelutv::tool::compliance

@@ -1,8 +1,8 @@
 #include "tools/kelutv/compliance/state/StateChecks.h"
 
-#include "tools/kelutv/calls/PlainArguments.h"
 #include "tools/kelutv/compliance/framework/Identifiers.h"
-#include "tools/kelutv/compliance/state/Setting.h"
+#include "tools/kelutv/compliance/framework/Samples.h"
+#include "tools/kelutv/compliance/framework/Setting.h"
 #include "tools/kelutv/snapshot/StateReader.h"
 #include "tools/kelutv/snapshot/StateText.h"
 
@@ -129,7 +129,7 @@ ReadingsByName readingsByName() {
     }
     for (const Unasked& unasked : readings.unasked) {
         if (unasked.function->requests.size() > 0) {
-            byName[unasked.function->name].push_back({unasked.function, plainArguments(*unasked.function)});
+            byName[unasked.function->name].push_back(sampleOf(*unasked.function));
         }
     }
     return byName;

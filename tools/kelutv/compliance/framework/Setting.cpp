@@ -1,8 +1,8 @@
-#include "tools/kelutv/compliance/state/Setting.h"
+#include "tools/kelutv/compliance/framework/Setting.h"
 
 #include "tools/kelutv/calls/Call.h"
 #include "tools/kelutv/compliance/framework/Answer.h"
-#include "tools/kelutv/compliance/state/OtherValues.h"
+#include "tools/kelutv/compliance/framework/OtherValues.h"
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/snapshot/StateReader.h"
@@ -52,26 +52,54 @@ Setting::~Setting() {
     }
 }
 
-void Setting::setOther() {
-    std::optional<Outcome> refusal;
+/** Goes through the calls that would give it another value, until one is taken. */
+template <typename Try> void Setting::tryOthers(Try isTaken) {
     std::string complaint = "the catalogue gives it no other value";
     for (const Json& values : otherValues(mSetter, mBefore)) {
         HeldState wanted = mBefore;
         wanted.values = values;
         const FoundCall found = callOf(mSetter, wanted);
         complaint = found.complaint;
-        if (found.call.function == nullptr) {
-            continue;
-        }
-        mCall = found.call;
-        mWanted = values;
-        mIsSet = true;
-        refusal = send(mCall);
-        if (!refusal) {
-            return;
+        if (found.call.function != nullptr) {
+            mCall = found.call;
+            mWanted = values;
+            mIsSet = true;
+            if (isTaken()) {
+                return;
+            }
         }
     }
-    throw Ended{refusal.value_or(Outcome{Verdict::inconclusive, complaint, std::nullopt})};
+    end(Verdict::inconclusive, complaint);
+}
+
+void Setting::setOther() {
+    std::optional<Outcome> refusal;
+    try {
+        tryOthers([&] {
+            refusal = send(mCall);
+            return !refusal;
+        });
+    } catch (const Ended&) {
+        if (refusal) {
+            throw Ended{*refusal};
+        }
+        throw;
+    }
+}
+
+Bytes Setting::requestForOther() {
+    Bytes request;
+    tryOthers([&] {
+        const std::vector<Bytes> requests = requestsOf(*mCall.function, mCall.arguments);
+        request = requests.size() == 1 ? requests.front() : Bytes();
+        return !request.empty();
+    });
+    return request;
+}
+
+void Setting::requireUnchanged() {
+    requireRead(mBefore.values, "it was not to change from ");
+    mIsSet = false;
 }
 
 void Setting::setAgain() {

@@ -1,4 +1,4 @@
-#include "tools/kelutv/compliance/state/OtherValues.h"
+#include "tools/kelutv/compliance/framework/OtherValues.h"
 
 #include "tools/kelutv/calls/Call.h"
 

@@ -27,6 +27,17 @@ public:
     /** Gives it another value that the service takes. @throws Ended when it takes none */
     void setOther();
 
+    /**
+     * The only request that would give it another value. What was sent since is taken for it, so that the value is put
+     * back at the end.
+     *
+     * @throws Ended when there is no such request
+     */
+    Bytes requestForOther();
+
+    /** @throws Ended unless it reads as it did at first */
+    void requireUnchanged();
+
     /** Sets the same once more. @throws Ended when it is not taken again */
     void setAgain();
 
@@ -37,6 +48,7 @@ public:
     void putBack();
 
 private:
+    template <typename Try> void tryOthers(Try isTaken);
     std::optional<Outcome> send(const SetCall& call) const;
     void requireRead(const Json& wanted, const std::string& when) const;
 
@@ -46,6 +58,7 @@ private:
     SetCall mBack;
     SetCall mCall{nullptr, {}};
     Json mWanted;
+    /** Whether it may hold another value than it did. */
     bool mIsSet = false;
 };
 
