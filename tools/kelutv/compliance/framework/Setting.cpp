@@ -5,6 +5,7 @@
 #include "tools/kelutv/compliance/framework/OtherValues.h"
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/ReplyCheck.h"
 #include "tools/kelutv/snapshot/StateReader.h"
 #include "tools/kelutv/snapshot/StateText.h"
 #include "wire/text/ResultNames.h"
@@ -124,6 +125,12 @@ void Setting::putBack() {
 
 /** What the service has against the call; nothing when it took it. */
 std::optional<Outcome> Setting::send(const SetCall& call) const {
+    if (call.function->requests.size() != 1) {
+        // What a later request says may depend on the answer to an earlier one.
+        const CallResult result = tryFunction(*call.function, call.arguments);
+        const auto failure = failureIn(result.transactions, false);
+        return failure ? std::optional(Outcome{Verdict::refused, failure->text, std::nullopt}) : std::nullopt;
+    }
     for (const Bytes& request : requestsOf(*call.function, call.arguments)) {
         const Answer answer = answerTo(mTelevision, request);
         if (!answer.isSuccess()) {

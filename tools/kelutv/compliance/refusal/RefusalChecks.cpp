@@ -9,6 +9,7 @@
 #include "tools/kelutv/compliance/refusal/ServiceChecks.h"
 #include "tools/kelutv/output/Errors.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace kelutv::tool::compliance {
@@ -97,20 +98,45 @@ const std::vector<Way>& commonWays() {
     return ways;
 }
 
+/**
+ * What lies outside a range of numbers that is set must be refused. Of an enumeration, and of what only picks what is
+ * read, a television may know more than the catalogue.
+ */
+Way outsideOf(const wire::Parameter& parameter, const wire::Function& function) {
+    const bool isKnown = parameter.values.names == nullptr && function.effect.kind == wire::EffectKind::Set;
+    return {std::string("range.") + parameter.name,
+            isKnown ? "A number outside its range is refused: it would be kept as what it cannot be."
+                    : "A value that the catalogue does not know is refused; a service that takes it may know it, and "
+                      "leaves the check open.",
+            isKnown ? Verdict::failed : Verdict::inconclusive, 1,
+            [&parameter](const Bytes& request) { return outOfRange(parameter, request); }};
+}
+
+/** Whether it picks what a set changes: what is kept under a key that does not exist could not be put back. */
+bool isKeyOfSet(const wire::Parameter& parameter, const wire::Function& function) {
+    if (function.effect.kind == wire::EffectKind::Read) {
+        return false;
+    }
+    const auto& keys = wire::functionsNamed(function.effect.back).front()->parameters;
+    return std::any_of(keys.begin(), keys.end(),
+                       [&parameter](const wire::Parameter& key) { return std::string(key.name) == parameter.name; });
+}
+
+bool hasKnownValues(const wire::Parameter& parameter) {
+    const wire::ValueType& type = parameter.values;
+    return type.kind == wire::ValueKind::Single &&
+           (type.names != nullptr || (type.range != nullptr && type.range->isBounded()));
+}
+
 /** The ways that need a parameter of a kind. */
 std::vector<Way> waysFor(const wire::Function& function) {
     std::vector<Way> ways = commonWays();
     bool hasText = false;
     for (const wire::Parameter& parameter : function.parameters) {
         const bool isGiven = parameter.direction != wire::Direction::Out;
-        const wire::Range* const range = parameter.values.range;
         hasText = hasText || (isGiven && parameter.values.kind == wire::ValueKind::Text);
-        if (isGiven && parameter.values.kind == wire::ValueKind::Single &&
-            (parameter.values.names != nullptr || (range != nullptr && range->isBounded()))) {
-            ways.push_back(
-                {std::string("range.") + parameter.name,
-                 "A value that the catalogue does not know is refused: it would be kept as what it cannot be.",
-                 Verdict::failed, 1, [&parameter](const Bytes& request) { return outOfRange(parameter, request); }});
+        if (isGiven && hasKnownValues(parameter) && !isKeyOfSet(parameter, function)) {
+            ways.push_back(outsideOf(parameter, function));
         }
     }
     if (hasText) {
@@ -138,6 +164,9 @@ std::string whyLeftOut(const wire::Function& function, const Terms& terms) {
     }
     if (function.effect.kind != wire::EffectKind::Set || function.effect.back == nullptr) {
         return "nothing puts back what it would do if it were not refused";
+    }
+    if (function.requests.size() > 1) {
+        return "makes several requests, of which each is that of another function, too";
     }
     return mayCall(function, terms) ? "" : whyNotCalled(function);
 }
