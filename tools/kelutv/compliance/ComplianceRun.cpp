@@ -77,6 +77,7 @@ std::vector<CheckResult> makeRun(const Checks& checks, const RunOrder& order, co
     if (!changesAny(checks)) {
         return runChecks(checks, order.limit, progress.tell);
     }
+    requireNoJournal(order.journal);
     Snapshot before = changeable(takeSnapshot(order.limit), order.terms);
     const std::size_t values = before.held.size();
     const Journal journal(order.journal, std::move(before));

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <utility>
@@ -45,24 +46,18 @@ void syncFolderOf(const std::string& path) {
     }
 }
 
-/** @throws UsageError when it is there already, ToolError */
+/** Puts the text into the file as a whole, for good. @throws ToolError */
 void writeForGood(const std::string& path, const std::string& text) {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file < 0 && errno == EEXIST) {
-        const std::string name = wire::shown(path, wire::kMostOfPath);
-        throw UsageError(name +
-                         " is there, so that an earlier run has not put everything back; 'kelutv compliance "
-                         "--put-back " +
-                         name + "' does, and takes the file away");
-    }
+    const std::string unfinished = path + ".new";
+    const int file = ::open(unfinished.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (file < 0) {
         fail(path);
     }
     const bool isSafe = isWritten(file, text) && ::fsync(file) == 0;
-    const int reason = errno;
     ::close(file);
-    if (!isSafe) {
-        ::unlink(path.c_str());
+    if (!isSafe || ::rename(unfinished.c_str(), path.c_str()) != 0) {
+        const int reason = errno;
+        ::unlink(unfinished.c_str());
         errno = reason;
         fail(path);
     }
@@ -84,6 +79,16 @@ Snapshot changeable(Snapshot snapshot, const Terms& terms) {
         held.end());
     snapshot.missing.clear();
     return snapshot;
+}
+
+void requireNoJournal(const std::string& path) {
+    if (::access(path.c_str(), F_OK) == 0) {
+        const std::string name = wire::shown(path, wire::kMostOfPath);
+        throw UsageError(name +
+                         " is there, so that an earlier run has not put everything back; 'kelutv compliance "
+                         "--put-back " +
+                         name + "' does, and takes the file away");
+    }
 }
 
 Journal::Journal(std::string path, Snapshot snapshot) : mPath(std::move(path)), mSnapshot(std::move(snapshot)) {

@@ -18,7 +18,7 @@ public:
     /**
      * Writes the file and waits until the disk has it.
      *
-     * @throws UsageError when there is a file of this name, ToolError when it cannot be written
+     * @throws ToolError when it cannot be written
      */
     Journal(std::string path, Snapshot snapshot);
 
@@ -37,6 +37,9 @@ private:
     std::string mPath;
     Snapshot mSnapshot;
 };
+
+/** @throws UsageError when there is such a file, which an earlier run has left */
+void requireNoJournal(const std::string& path);
 
 /** Of a snapshot what checks may change: what can be put back, by a dangerous function only where that may be called.
  */

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
+#include <string>
 #include <utility>
 
 namespace kelutv::tool::compliance {
@@ -75,9 +77,17 @@ Outcome outcomeOf(const Check& check, Television& television, bool& isLost) {
     }
 }
 
+/** Functions that were not answered in time; they are not asked again. */
+using Silent = std::set<std::string>;
+
 /** Makes a check; one that leaves no service behind ends all. */
-Finding make(const Check& check) {
+Finding make(const Check& check, const Silent& silent) {
     static Television television;
+    if (silent.count(check.subject().function) != 0) {
+        const Outcome unasked{Verdict::inconclusive, "not made: another check of the function had no answer in time",
+                              std::nullopt};
+        return {tool::Verdict::Unasked, messageOf(unasked, {})};
+    }
     bool isLost = false;
     Outcome outcome = outcomeOf(check, television, isLost);
     const auto latencies = television.takeLatencies();
@@ -91,11 +101,11 @@ Finding make(const Check& check) {
 
 CheckResult resultOf(const Check& check, const Finding& finding) {
     CheckResult result = resultOf(check);
-    if (finding.verdict == tool::Verdict::Good || finding.verdict == tool::Verdict::Unlinked) {
-        read(finding.text, result);
-    } else {
+    if (finding.verdict == tool::Verdict::Bad || finding.verdict == tool::Verdict::TimeOver) {
         result.verdict = Verdict::failed;
         result.reason = finding.text;
+    } else {
+        read(finding.text, result);
     }
     return result;
 }
@@ -106,13 +116,13 @@ struct Visit {
     std::vector<tool::Check> looks;
 };
 
-Visit visitOf(const Checks& checks, double limit) {
+Visit visitOf(const Checks& checks, double limit, const Silent& silent) {
     Visit visit;
     for (const auto& check : checks) {
         if (check->whyLeftOut().empty()) {
             visit.made.push_back(check.get());
             visit.looks.push_back({check->subject().id, check->subject().module, limit * check->patience(),
-                                   [made = check.get()] { return make(*made); }});
+                                   [made = check.get(), &silent] { return make(*made, silent); }});
         }
     }
     return visit;
@@ -157,10 +167,14 @@ std::vector<CheckResult> putTogether(const Checks& checks, std::vector<CheckResu
 
 std::vector<CheckResult> runChecks(const Checks& checks, double limit, const Tell& tell) {
     requireServiceElsewhere(limit);
-    const Visit visit = visitOf(checks, limit);
+    Silent silent;
+    const Visit visit = visitOf(checks, limit, silent);
     std::vector<CheckResult> made;
     makeChecks(visit.looks, {nullptr, [&](const tool::Check& /*check*/, const Finding& finding) {
                                  made.push_back(resultOf(*visit.made[made.size()], finding));
+                                 if (finding.verdict == tool::Verdict::TimeOver && !made.back().function.empty()) {
+                                     silent.insert(made.back().function);
+                                 }
                                  tell(made.back());
                              }});
     return putTogether(checks, std::move(made), tell);
