@@ -22,7 +22,9 @@ sys.path.insert(0, str(ROOT / "tests"))
 from docs.console import Shell, Step, steps_of  # noqa: E402
 from support.television import Television, own_environment  # noqa: E402
 
-PAGES = [ROOT / "docs" / name for name in ("tool.md", "tool-daily.md", "recording.md", "service.md")]
+PAGES = [
+    ROOT / "docs" / name for name in ("tool.md", "tool-daily.md", "recording.md", "compliance.md", "service.md")
+]
 KELUTV, SIMULATOR = os.environ["KELUTV_TOOL"], os.environ["KELUTV_SIMULATOR"]
 PROGRAMS = [str(Path(KELUTV).parent), str(Path(SIMULATOR).parent), os.environ["KELUTV_EXAMPLES"]]
 NAMED_COMMAND = re.compile(r"\bkelutv (?:-\S+ )*([a-z][a-z-]*)")

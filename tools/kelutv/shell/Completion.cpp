@@ -214,6 +214,13 @@ std::map<std::string, Source>& sources() {
          [](const Spot& spot, const std::string& begun) {
              return spot.command.name() == "new-service" ? modulesWithCommands() : namesOf("KELU_EM_MODE_E", begun);
          }},
+        {"MODULE|PATTERN",
+         [](const Spot&, const std::string& begun) {
+             Names names = moduleNames();
+             const Names functions = functionNames(begun);
+             names.insert(names.end(), functions.begin(), functions.end());
+             return names;
+         }},
         {"NAME|NUMBER", [](const Spot&, const std::string& begun) { return namesOf("ATV_CMD_ID_E", begun); }},
         {"NAME",
          [](const Spot&, const std::string& begun) {

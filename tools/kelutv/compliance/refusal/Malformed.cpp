@@ -80,6 +80,19 @@ std::size_t endOfContent(const Bytes& request, const std::vector<Place>& places)
     return isFilled ? std::max(places.back().begin, request.size() - kWord) + 1 : request.size();
 }
 
+/** Cut off at these sizes, as far as what is left is no request: what fills the rest of one may be shorter, too. */
+MalformedRequests cutOff(const Bytes& request, std::size_t least, std::size_t end) {
+    MalformedRequests requests;
+    for (std::size_t size = least; size < end; ++size) {
+        const Bytes shorter(request.begin(), request.begin() + static_cast<std::ptrdiff_t>(size));
+        if (decodeRequest(shorter).request.refusal) {
+            requests.push_back(
+                {"ends at byte " + std::to_string(size) + " of " + std::to_string(request.size()), shorter});
+        }
+    }
+    return requests;
+}
+
 /** Numbers that the parameter cannot have. */
 std::vector<std::int32_t> numbersOutOf(const wire::ValueType& type) {
     constexpr std::int32_t kFar = 1000;
@@ -116,18 +129,10 @@ MalformedRequests withWrongTokens(const Bytes& request) {
             {"has no token", behindToken({}, request)}};
 }
 
+MalformedRequests truncatedInToken(const Bytes& request) { return cutOff(request, 0, commandAt(request)); }
+
 MalformedRequests truncated(const Bytes& request) {
-    MalformedRequests requests;
-    const std::size_t end = endOfContent(request, placesOf(request));
-    for (std::size_t size = 0; size < end; ++size) {
-        const Bytes shorter(request.begin(), request.begin() + static_cast<std::ptrdiff_t>(size));
-        // What fills the rest of a request may be shorter, too.
-        if (decodeRequest(shorter).request.refusal) {
-            requests.push_back(
-                {"ends at byte " + std::to_string(size) + " of " + std::to_string(request.size()), shorter});
-        }
-    }
-    return requests;
+    return cutOff(request, commandAt(request), endOfContent(request, placesOf(request)));
 }
 
 MalformedRequests withMore(const Bytes& request) {
@@ -169,7 +174,23 @@ MalformedRequests outOfRange(const wire::Parameter& parameter, const Bytes& requ
     return requests;
 }
 
-Bytes withCommand(const Bytes& request, std::int32_t number) { return withNumber(request, commandAt(request), number); }
+MalformedRequests withUnknownCommands(const Bytes& request) {
+    constexpr std::int32_t kGreatest = std::numeric_limits<std::int32_t>::max();
+    MalformedRequests requests;
+    for (const std::int32_t number : {-1, std::numeric_limits<std::int32_t>::min(), kGreatest, kGreatest - 0xFFFF}) {
+        requests.push_back(
+            {"has the command " + std::to_string(number), withNumber(request, commandAt(request), number)});
+    }
+    return requests;
+}
+
+MalformedRequests withUnknownCodes(const Bytes& request) {
+    MalformedRequests requests;
+    for (const std::uint32_t code : {kRequestCode + 1, 0xFFFFFFU}) {
+        requests.push_back({"has the code " + std::to_string(code), request, code});
+    }
+    return requests;
+}
 
 MalformedRequests withUnknownItems(const Bytes& request) {
     MalformedRequests requests;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/kelutv/compliance/framework/Television.h"
 #include "tools/kelutv/text/Hex.h"
 #include "wire/Function.h"
 
@@ -14,6 +15,8 @@ struct Malformed {
     /** What is wrong with it: `ends at byte 70 of 88`. */
     std::string what;
     Bytes request;
+    /** The code of its transaction. */
+    std::uint32_t code = kRequestCode;
 };
 
 using MalformedRequests = std::vector<Malformed>;
@@ -21,7 +24,10 @@ using MalformedRequests = std::vector<Malformed>;
 /** The token of another interface, and no token. */
 MalformedRequests withWrongTokens(const Bytes& request);
 
-/** Cut off at every byte of what it says; what only fills a text up to a whole word is not cut. */
+/** Cut off at every byte of its token. */
+MalformedRequests truncatedInToken(const Bytes& request);
+
+/** Cut off at every byte behind its token; what only fills a text up to a whole word is not cut. */
 MalformedRequests truncated(const Bytes& request);
 
 /** With some bytes, a word and many words behind it. */
@@ -39,8 +45,11 @@ MalformedRequests withoutTexts(const Bytes& request);
  */
 MalformedRequests outOfRange(const wire::Parameter& parameter, const Bytes& request);
 
-/** With this number as its command. */
-Bytes withCommand(const Bytes& request, std::int32_t number);
+/** With commands far from all that a television might have and the catalogue lacks. */
+MalformedRequests withUnknownCommands(const Bytes& request);
+
+/** As transactions of other codes. */
+MalformedRequests withUnknownCodes(const Bytes& request);
 
 /** With items that no module has, in the place of the first number behind the command. */
 MalformedRequests withUnknownItems(const Bytes& request);

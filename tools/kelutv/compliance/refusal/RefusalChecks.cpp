@@ -83,8 +83,8 @@ const std::vector<Way>& commonWays() {
         {"token", "A request with the token of another interface, or without one, is refused: it is meant for another.",
          Verdict::failed, 1, withWrongTokens},
         {"truncated",
-         "A request that is cut off at any byte is refused: what is missing must be neither guessed nor read beyond "
-         "the end.",
+         "A request that is cut off at any byte behind its token is refused: what is missing must be neither guessed "
+         "nor read beyond the end.",
          Verdict::failed, 4, truncated},
         {"trailing",
          "A request with more behind it than it has is refused, since it was meant to be another one; a service that "

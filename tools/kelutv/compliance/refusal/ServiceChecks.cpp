@@ -4,11 +4,9 @@
 #include "tools/kelutv/compliance/framework/Samples.h"
 #include "tools/kelutv/compliance/refusal/Malformed.h"
 #include "tools/kelutv/text/FunctionNamed.h"
-#include "wire/Interface.h"
 #include "wire/codec/ByteReader.h"
 
-#include <functional>
-#include <limits>
+#include <utility>
 
 namespace kelutv::tool::compliance {
 
@@ -26,42 +24,32 @@ Subject subjectOf(const std::string& name, const std::string& sentence) {
 
 class ServiceCheck : public Check {
 public:
-    using Ask = std::function<Exchange(Television& television)>;
+    using Make = MalformedRequests (*)(const Bytes& request);
 
-    ServiceCheck(Subject subject, Ask ask) : Check(std::move(subject)), mAsk(std::move(ask)) {}
+    ServiceCheck(Subject subject, Make make) : Check(std::move(subject)), mMake(std::move(make)) {}
+
+    double patience() const override { return 2; }
 
     Outcome run(Television& television) const override {
-        const Exchange exchange = mAsk(television);
-        Outcome outcome = outcomeOf(exchange, false, Verdict::failed);
-        if (outcome.verdict != Verdict::passed) {
-            outcome.reason = "it " + outcome.reason;
-            outcome.exchange = exchange;
+        for (const Malformed& malformed : mMake(anyRequest())) {
+            const Exchange exchange = television.ask(malformed.request, malformed.code);
+            Outcome outcome = outcomeOf(exchange, false, Verdict::failed);
+            if (outcome.verdict != Verdict::passed) {
+                outcome.reason = "a request that " + malformed.what + ' ' + outcome.reason;
+                outcome.exchange = exchange;
+                return outcome;
+            }
         }
-        return outcome;
+        return {};
     }
 
 private:
-    Ask mAsk;
+    Make mMake;
 };
 
-void addUnknownCommands(Checks& checks) {
-    constexpr std::int32_t kGreatest = std::numeric_limits<std::int32_t>::max();
-    // Far from all that a television might have and the catalogue lacks.
-    for (const std::int32_t number : {-1, std::numeric_limits<std::int32_t>::min(), kGreatest, kGreatest - 0xFFFF}) {
-        checks.push_back(std::make_unique<ServiceCheck>(
-            subjectOf("unknownCommand[" + std::to_string(number) + ']',
-                      "A command that does not exist is refused: there is nothing to answer."),
-            [number](Television& television) { return television.ask(withCommand(anyRequest(), number)); }));
-    }
-}
-
-void addUnknownCodes(Checks& checks) {
-    for (const std::uint32_t code : {kRequestCode + 1, 0xFFFFFFU}) {
-        checks.push_back(std::make_unique<ServiceCheck>(
-            subjectOf("unknownCode[" + std::to_string(code) + ']',
-                      "A transaction of another code than that of requests is refused."),
-            [code](Television& television) { return television.ask(anyRequest(), code); }));
-    }
+void add(Checks& checks, const std::string& name, const std::string& sentence,
+         MalformedRequests (*make)(const Bytes&)) {
+    checks.push_back(std::make_unique<ServiceCheck>(subjectOf(name, sentence), make));
 }
 
 } // namespace
@@ -85,8 +73,10 @@ Outcome outcomeOf(const Exchange& exchange, bool isValue, Verdict whenTaken) {
 }
 
 void addServiceChecks(Checks& checks) {
-    addUnknownCommands(checks);
-    addUnknownCodes(checks);
+    add(checks, "truncatedToken", "A request that is cut off at any byte of its token is refused.", truncatedInToken);
+    add(checks, "unknownCommand", "A command that does not exist is refused: there is nothing to answer.",
+        withUnknownCommands);
+    add(checks, "unknownCode", "A transaction of another code than that of requests is refused.", withUnknownCodes);
 }
 
 } // namespace kelutv::tool::compliance
