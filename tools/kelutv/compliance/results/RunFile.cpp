@@ -143,8 +143,9 @@ Json documentOf(const CheckResult& result) {
 }
 
 std::string textOf(const Run& run) {
+    const Json head = headOf(run);
     std::string text = "{";
-    for (const auto& [name, value] : headOf(run).members()) {
+    for (const auto& [name, value] : head.members()) {
         text += "\n  " + Json(name).dump() + ": " + value.dump() + ',';
     }
     text += "\n  \"results\": [";
