@@ -2,6 +2,10 @@
 
 #include "tools/kelutv/compliance/ComplianceRun.h"
 #include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/Surroundings.h"
+#include "tools/kelutv/compliance/reports/ReportCommands.h"
+#include "tools/kelutv/compliance/reports/ReportFiles.h"
+#include "tools/kelutv/compliance/reports/TextReport.h"
 #include "tools/kelutv/compliance/results/Run.h"
 #include "tools/kelutv/parser/Amounts.h"
 #include "tools/kelutv/snapshot/RestoreReport.h"
@@ -10,6 +14,7 @@
 
 #include <unistd.h>
 
+#include <chrono>
 #include <memory>
 
 namespace kelutv::tool {
@@ -27,7 +32,12 @@ struct ComplianceOptions {
     std::vector<std::string> words;
     compliance::RunOrder order{{}, kJournal};
     std::string putBack;
+    compliance::ReportPaths reports;
     bool dryRun = false;
+    /** Lines for checks that passed, too. */
+    bool tellsAll = false;
+    /** A command below this one was carried out, and this one is not meant. */
+    bool isDone = false;
 };
 
 using Options = std::shared_ptr<ComplianceOptions>;
@@ -65,23 +75,13 @@ Exit putBack(const ComplianceOptions& options, const Output& output) {
     return exit;
 }
 
-void tell(const CheckResult& result, const Output& output) {
-    if (result.verdict == compliance::Verdict::passed) {
-        return;
+/** The words of the command line that choose what is checked. */
+std::vector<std::string> choiceIn(const ComplianceOptions& options) {
+    std::vector<std::string> words = options.words;
+    for (const std::string& name : options.order.terms.allowed) {
+        words.insert(words.end(), {"--allow", name});
     }
-    output.line(wordsOf(result.verdict) + ": " + output.styled(Style::Name, result.id) + ": " +
-                wire::shown(result.reason, wire::kMostOfPath));
-}
-
-Exit summarise(const std::vector<CheckResult>& results, const Output& output) {
-    std::string text;
-    for (const compliance::Verdict verdict : compliance::allVerdicts()) {
-        if (const std::size_t count = compliance::countOf(results, verdict); count != 0) {
-            text += (text.empty() ? "" : ", ") + std::to_string(count) + ' ' + wordsOf(verdict);
-        }
-    }
-    output.line(counted(results.size(), "check") + ": " + text);
-    return compliance::countOf(results, compliance::Verdict::failed) == 0 ? Exit::Success : Exit::Failure;
+    return words;
 }
 
 Exit judge(const ComplianceOptions& options, const Output& output) {
@@ -89,13 +89,22 @@ Exit judge(const ComplianceOptions& options, const Output& output) {
     if (options.dryRun) {
         return rehearse(checks, output);
     }
+    compliance::ReportFiles files(options.reports);
+    compliance::Run run;
+    run.circumstances = compliance::circumstancesNow(choiceIn(options), options.order.limit);
+    const auto start = std::chrono::steady_clock::now();
+    compliance::TextReport report(output, checks.size(), options.tellsAll);
     const compliance::Progress progress{[&](std::size_t values) {
                                             output.message("kelutv: " + counted(values, "value") + " to put back in " +
                                                            wire::shown(options.order.journal, wire::kMostOfPath) +
                                                            " until the end");
                                         },
-                                        [&output](const CheckResult& result) { tell(result, output); }};
-    return summarise(compliance::makeRun(checks, options.order, progress), output);
+                                        [&report](const CheckResult& result) { report.add(result); }};
+    run.results = compliance::makeRun(checks, options.order, progress);
+    run.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    report.finish(run);
+    files.write(run);
+    return countOf(run.results, compliance::Verdict::failed) == 0 ? Exit::Success : Exit::Failure;
 }
 
 void addOptions(const Subcommand& command, const Options& options) {
@@ -104,6 +113,8 @@ void addOptions(const Subcommand& command, const Options& options) {
     command.flag("--dry-run", options->dryRun, "Ask nothing, and print which checks would be made");
     command.option("--allow", options->order.terms.allowed, "FUNCTION",
                    "A dangerous function that may be called; may be given again");
+    command.flag("--all", options->tellsAll, "A line for each check, not only for those that failed");
+    addReportOptions(command, options->reports);
     const auto readLimit = [options](const std::string& text) {
         options->order.limit = secondsOf("--limit", text, kShortest, kLongest).count();
     };
@@ -128,7 +139,11 @@ void addComplianceCommand(const Command& program, Context& context) {
         "kelutv compliance form 'state.picture.*'\n"
         "kelutv compliance --put-back kelutv-put-back.json");
     addOptions(command, options);
+    compliance::addReportCommands(command, context, [options] { options->isDone = true; });
     command.action([options, &context] {
+        if (options->isDone) {
+            return;
+        }
         context.exit = options->putBack.empty() ? judge(*options, context.output) : putBack(*options, context.output);
     });
 }

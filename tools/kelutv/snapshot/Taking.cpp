@@ -4,22 +4,14 @@
 #include "tools/kelutv/checks/Visit.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/snapshot/StateReader.h"
+#include "tools/kelutv/text/Clock.h"
 
 #include <chrono>
-#include <ctime>
 #include <set>
 
 namespace kelutv::tool {
 
 namespace {
-
-std::string textOfNow() {
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    ::gmtime_r(&now, &parts);
-    char text[32];
-    return {text, std::strftime(text, sizeof(text), "%Y-%m-%dT%H:%M:%SZ", &parts)};
-}
 
 Finding findingOf(const StateRead& read, Verdict verdict = Verdict::Good) {
     return {verdict,

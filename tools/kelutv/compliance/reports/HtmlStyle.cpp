@@ -30,6 +30,7 @@ ul.counts b { display: block; font-size: 1.5rem; line-height: 1.2; font-variant-
 table { width: 100%; border-collapse: collapse; font-size: .9rem; }
 th, td { padding: .35rem .5rem; border-bottom: 1px solid var(--line); text-align: left; vertical-align: middle; }
 th { color: var(--dim); font-weight: normal; }
+th, td { overflow-wrap: normal; }
 td.number, th.number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
 td.picture { width: 40%; }
 svg { display: block; width: 100%; }
@@ -48,9 +49,9 @@ rect.bar { fill: var(--bar); }
 line { stroke: var(--ink); stroke-width: 2; vector-effect: non-scaling-stroke; }
 line.p99 { stroke-dasharray: 3 3; }
 @media (max-width: 40rem) {
-  .wide { display: none; }
-  table.times tr { display: grid; grid-template-columns: 1fr repeat(3, max-content); border-bottom: 1px solid var(--line); }
-  table.times th, table.times td { border: 0; }
+  th.wide, td.wide { display: none; }
+  tr { display: grid; grid-template-columns: 1fr repeat(3, 5rem); border-bottom: 1px solid var(--line); }
+  th, td { border: 0; }
   td.picture, th.picture { width: auto; grid-column: 1 / -1; } }
 @media print { details > *, details::details-content { display: block; content-visibility: visible; } }
 )";
