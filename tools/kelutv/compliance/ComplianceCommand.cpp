@@ -1,41 +1,29 @@
 #include "tools/kelutv/compliance/ComplianceCommand.h"
 
-#include "tools/kelutv/compliance/ComplianceRun.h"
 #include "tools/kelutv/compliance/Families.h"
-#include "tools/kelutv/compliance/Surroundings.h"
+#include "tools/kelutv/compliance/Judging.h"
 #include "tools/kelutv/compliance/reports/ReportCommands.h"
-#include "tools/kelutv/compliance/reports/ReportFiles.h"
-#include "tools/kelutv/compliance/reports/TextReport.h"
-#include "tools/kelutv/compliance/results/Run.h"
 #include "tools/kelutv/parser/Amounts.h"
 #include "tools/kelutv/snapshot/RestoreReport.h"
 #include "tools/kelutv/text/Lists.h"
-#include "wire/text/Shown.h"
 
 #include <unistd.h>
 
-#include <chrono>
 #include <memory>
 
 namespace kelutv::tool {
 
 namespace {
 
-using compliance::CheckResult;
 using compliance::Checks;
 
 constexpr Seconds kShortest{0.01};
 constexpr Seconds kLongest{86400};
-constexpr char kJournal[] = "kelutv-put-back.json";
 
 struct ComplianceOptions {
-    std::vector<std::string> words;
-    compliance::RunOrder order{{}, kJournal};
+    compliance::JudgingOrder judging;
     std::string putBack;
-    compliance::ReportPaths reports;
     bool dryRun = false;
-    /** Lines for checks that passed, too. */
-    bool tellsAll = false;
     /** A command below this one was carried out, and this one is not meant. */
     bool isDone = false;
 };
@@ -66,7 +54,7 @@ Exit rehearse(const Checks& checks, const Output& output) {
 }
 
 Exit putBack(const ComplianceOptions& options, const Output& output) {
-    const auto all = restore({snapshotIn(options.putBack).held, false, options.order.limit},
+    const auto all = restore({snapshotIn(options.putBack).held, false, options.judging.order.limit},
                              [&output](const Restored& each) { tellRestored(each, false, output); });
     const Exit exit = finishRestoring(all, 0, false, output);
     if (exit == Exit::Success && options.putBack != "-") {
@@ -75,51 +63,26 @@ Exit putBack(const ComplianceOptions& options, const Output& output) {
     return exit;
 }
 
-/** The words of the command line that choose what is checked. */
-std::vector<std::string> choiceIn(const ComplianceOptions& options) {
-    std::vector<std::string> words = options.words;
-    for (const std::string& name : options.order.terms.allowed) {
-        words.insert(words.end(), {"--allow", name});
-    }
-    return words;
-}
-
 Exit judge(const ComplianceOptions& options, const Output& output) {
-    const Checks checks = compliance::chosenChecks(options.words, options.order.terms);
-    if (options.dryRun) {
-        return rehearse(checks, output);
-    }
-    compliance::ReportFiles files(options.reports);
-    compliance::Run run;
-    run.circumstances = compliance::circumstancesNow(choiceIn(options), options.order.limit);
-    const auto start = std::chrono::steady_clock::now();
-    compliance::TextReport report(output, checks.size(), options.tellsAll);
-    const compliance::Progress progress{[&](std::size_t values) {
-                                            output.message("kelutv: " + counted(values, "value") + " to put back in " +
-                                                           wire::shown(options.order.journal, wire::kMostOfPath) +
-                                                           " until the end");
-                                        },
-                                        [&report](const CheckResult& result) { report.add(result); }};
-    run.results = compliance::makeRun(checks, options.order, progress);
-    run.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    report.finish(run);
-    files.write(run);
-    return countOf(run.results, compliance::Verdict::failed) == 0 ? Exit::Success : Exit::Failure;
+    const Checks checks = compliance::chosenChecks(options.judging.words, options.judging.order.terms);
+    return options.dryRun ? rehearse(checks, output) : compliance::judge(checks, options.judging, output);
 }
 
 void addOptions(const Subcommand& command, const Options& options) {
-    command.words("MODULE|PATTERN", options->words,
+    command.words("MODULE|PATTERN", options->judging.words,
                   "Modules, families, functions, patterns of identifiers; else everything");
     command.flag("--dry-run", options->dryRun, "Ask nothing, and print which checks would be made");
-    command.option("--allow", options->order.terms.allowed, "FUNCTION",
+    command.option("--allow", options->judging.order.terms.allowed, "FUNCTION",
                    "A dangerous function that may be called; may be given again");
-    command.flag("--all", options->tellsAll, "A line for each check, not only for those that failed");
-    addReportOptions(command, options->reports);
+    command.flag("--all", options->judging.tellsAll, "A line for each check, not only for those that failed");
+    addReportOptions(command, options->judging.reports);
+    command.option("--expect", options->judging.known, "FILE",
+                   "Checks that are known to fail, which are expected failures then");
     const auto readLimit = [options](const std::string& text) {
-        options->order.limit = secondsOf("--limit", text, kShortest, kLongest).count();
+        options->judging.order.limit = secondsOf("--limit", text, kShortest, kLongest).count();
     };
     command.option("--limit", readLimit, "SECONDS", "How long an answer may take; else 5");
-    command.option("--keep", options->order.journal, "FILE",
+    command.option("--keep", options->judging.order.journal, "FILE",
                    "Where the values to put back are until the end; else kelutv-put-back.json");
     command.option("--put-back", options->putBack, "FILE", "Put back what such a file has, after an interruption");
 }
