@@ -1,7 +1,7 @@
 #include "tools/kelutv/compliance/state/StateChecks.h"
 
 #include "tools/kelutv/compliance/framework/Identifiers.h"
-#include "tools/kelutv/compliance/framework/Samples.h"
+#include "tools/kelutv/compliance/framework/SetPlans.h"
 #include "tools/kelutv/compliance/framework/Setting.h"
 #include "tools/kelutv/snapshot/StateReader.h"
 #include "tools/kelutv/snapshot/StateText.h"
@@ -16,25 +16,14 @@ namespace {
 
 constexpr char kFamily[] = "state";
 
-using ReadingList = std::vector<Reading>;
-/** By the names of the functions that read. */
-using ReadingsByName = std::map<std::string, ReadingList>;
-
-/** What is to be set, and what else is read beside it. */
-struct Plan {
-    const wire::Function* setter;
-    Reading reading;
-    const ReadingList* all;
-};
-
-void keep(Television& television, const Plan& plan) {
+void keep(Television& television, const SetPlan& plan) {
     Setting setting(television, *plan.setter, plan.reading);
     setting.setOther();
     setting.requireSet();
     setting.putBack();
 }
 
-void setTwice(Television& television, const Plan& plan) {
+void setTwice(Television& television, const SetPlan& plan) {
     Setting setting(television, *plan.setter, plan.reading);
     setting.setOther();
     setting.setAgain();
@@ -43,7 +32,7 @@ void setTwice(Television& television, const Plan& plan) {
 }
 
 /** What the state holds under other keys; what is refused is left out. */
-std::map<std::string, Json> othersOf(const Plan& plan) {
+std::map<std::string, Json> othersOf(const SetPlan& plan) {
     const std::string own = readState(plan.reading).state;
     std::map<std::string, Json> others;
     for (const Reading& reading : *plan.all) {
@@ -55,7 +44,7 @@ std::map<std::string, Json> othersOf(const Plan& plan) {
     return others;
 }
 
-void leaveOthers(Television& television, const Plan& plan) {
+void leaveOthers(Television& television, const SetPlan& plan) {
     const auto before = othersOf(plan);
     Setting setting(television, *plan.setter, plan.reading);
     setting.setOther();
@@ -75,7 +64,7 @@ struct Aspect {
     const char* name;
     const char* sentence;
     bool needsOthers;
-    void (*make)(Television& television, const Plan& plan);
+    void (*make)(Television& television, const SetPlan& plan);
 };
 
 constexpr Aspect kAspects[] = {
@@ -88,7 +77,7 @@ constexpr Aspect kAspects[] = {
 
 class StateCheck : public Check {
 public:
-    StateCheck(Subject subject, Plan plan, const Aspect& aspect)
+    StateCheck(Subject subject, SetPlan plan, const Aspect& aspect)
         : Check(std::move(subject)), mPlan(std::move(plan)), mMake(aspect.make),
           mPatience(aspect.needsOthers ? 2 + static_cast<double>(mPlan.all->size()) / 10 : 2) {}
 
@@ -105,58 +94,17 @@ public:
     }
 
 private:
-    Plan mPlan;
-    void (*mMake)(Television& television, const Plan& plan);
+    SetPlan mPlan;
+    void (*mMake)(Television& television, const SetPlan& plan);
     double mPatience;
 };
 
-/** The identifier has the name of the function that sets, with the keys of the one that reads. */
-Subject subjectOf(const Plan& plan, const Aspect& aspect) {
-    const Reading named{plan.setter, {}};
-    const std::string read = identifierOf(plan.reading);
-    const std::size_t keys = read.find('[');
-    Subject subject = compliance::subjectOf(kFamily, named, aspect.name, aspect.sentence);
-    subject.id = std::string(kFamily) + '.' + identifierOf(named) +
-                 (keys == std::string::npos ? "" : read.substr(keys)) + '.' + aspect.name;
-    return subject;
-}
-
-ReadingsByName readingsByName() {
-    ReadingsByName byName;
-    const Readings readings = allReadings();
-    for (const Reading& reading : readings.asked) {
-        byName[reading.function->name].push_back(reading);
-    }
-    for (const Unasked& unasked : readings.unasked) {
-        if (unasked.function->requests.size() > 0) {
-            byName[unasked.function->name].push_back(sampleOf(*unasked.function));
-        }
-    }
-    return byName;
-}
-
-/** Checks live as long as the program's end may need them, and so do the readings that they share. */
-const ReadingsByName& sharedReadings() {
-    static const ReadingsByName readings = readingsByName();
-    return readings;
-}
-
-std::string whyLeftOut(const wire::Function& setter, const Terms& terms) {
-    if (setter.effect.back == nullptr) {
-        return "nothing reads what it sets, so that it could not be put back";
-    }
-    if (!mayCall(setter, terms)) {
-        return whyNotCalled(setter);
-    }
-    return sharedReadings().count(setter.effect.back) == 0 ? "what reads it asks no television" : "";
-}
-
-void add(Checks& checks, const wire::Function& setter, const ReadingList& readings) {
-    for (const Reading& reading : readings) {
+void add(Checks& checks, const SettableFunction& function) {
+    for (const SetPlan& plan : function.plans) {
         for (const Aspect& aspect : kAspects) {
-            if (!aspect.needsOthers || readings.size() > 1) {
-                const Plan plan{&setter, reading, &readings};
-                checks.push_back(std::make_unique<StateCheck>(subjectOf(plan, aspect), plan, aspect));
+            if (!aspect.needsOthers || function.plans.size() > 1) {
+                checks.push_back(
+                    std::make_unique<StateCheck>(subjectOf(kFamily, plan, aspect.name, aspect.sentence), plan, aspect));
             }
         }
     }
@@ -165,16 +113,11 @@ void add(Checks& checks, const wire::Function& setter, const ReadingList& readin
 } // namespace
 
 void addStateChecks(Checks& checks, const Terms& terms) {
-    for (const wire::Function& function : wire::allFunctions()) {
-        if (function.effect.kind != wire::EffectKind::Set || function.requests.size() == 0) {
-            continue;
-        }
-        const std::string reason = whyLeftOut(function, terms);
-        if (reason.empty()) {
-            add(checks, function, sharedReadings().at(function.effect.back));
-        } else {
+    for (const SettableFunction& function : settableFunctions(terms)) {
+        add(checks, function);
+        if (!function.whyLeftOut.empty()) {
             checks.push_back(std::make_unique<LeftOutCheck>(
-                compliance::subjectOf(kFamily, function, kAspects[0].name, kAspects[0].sentence), reason));
+                subjectOf(kFamily, *function.setter, kAspects[0].name, kAspects[0].sentence), function.whyLeftOut));
         }
     }
 }
