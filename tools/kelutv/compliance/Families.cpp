@@ -1,5 +1,6 @@
 #include "tools/kelutv/compliance/Families.h"
 
+#include "tools/kelutv/compliance/events/EventChecks.h"
 #include "tools/kelutv/compliance/form/FormChecks.h"
 #include "tools/kelutv/compliance/refusal/RefusalChecks.h"
 #include "tools/kelutv/compliance/state/StateChecks.h"
@@ -18,7 +19,7 @@ namespace {
 using AddChecks = void (*)(Checks& checks, const Terms& terms);
 
 /** In the order in which they are made. */
-constexpr AddChecks kFamilies[] = {addFormChecks, addStateChecks, addRefusalChecks};
+constexpr AddChecks kFamilies[] = {addFormChecks, addStateChecks, addRefusalChecks, addEventChecks};
 
 bool isMeant(const Subject& subject, const std::string& word) {
     const std::string lowered = wire::lowered(word);

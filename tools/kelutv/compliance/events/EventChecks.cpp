@@ -1,0 +1,180 @@
+#include "tools/kelutv/compliance/events/EventChecks.h"
+
+#include "tools/kelutv/compliance/events/EventOfState.h"
+#include "tools/kelutv/compliance/events/Hearing.h"
+#include "tools/kelutv/compliance/framework/Answer.h"
+#include "tools/kelutv/compliance/framework/SetPlans.h"
+#include "tools/kelutv/compliance/framework/Setting.h"
+#include "tools/kelutv/events/EventNames.h"
+#include "tools/kelutv/snapshot/StateReader.h"
+#include "tools/kelutv/snapshot/StateRules.h"
+#include "wire/events/Payload.h"
+
+#include <algorithm>
+#include <set>
+
+namespace kelutv::tool::compliance {
+
+namespace {
+
+constexpr char kEventFamily[] = "events";
+/** An event that has not come by then does not come. */
+constexpr std::chrono::milliseconds kTimeOfEvent{500};
+
+/** What is set, and the event that tells of it. */
+struct EventPlan {
+    SetPlan set;
+    const wire::Event* event;
+};
+
+[[noreturn]] void endWith(Verdict verdict, const std::string& reason) { throw Ended{{verdict, reason, std::nullopt}}; }
+
+/** The events that did not come once; they are not waited for again. */
+std::set<std::string>& missedEvents() {
+    static std::set<std::string> missed;
+    return missed;
+}
+
+/** @throws Ended when the event does not come */
+Bytes require(const EventPlan& plan, const std::string& when) {
+    const std::string name = plan.event->name;
+    if (const auto payload = Hearing::instance().next(*plan.event, kTimeOfEvent)) {
+        return *payload;
+    }
+    missedEvents().insert(name);
+    endWith(Verdict::failed, "no " + name + " came when it was " + when);
+}
+
+void requireHeard(const EventPlan& plan) {
+    if (missedEvents().count(plan.event->name) != 0) {
+        endWith(Verdict::inconclusive, std::string("not waited for: no ") + plan.event->name + " came another time");
+    }
+    Hearing::instance().clear();
+}
+
+/** The keys and what the state holds, as an event has them. */
+Bytes payloadNow(Television& television, const EventPlan& plan) {
+    const Answer answer = answerTo(television, requestsFor(plan.set.reading).front());
+    wire::Values values = wire::valuesOf(answer.operation->rule.indexes, answer.request.arguments);
+    const StateRead read = readState(plan.set.reading);
+    for (const Json& value : read.values.entries()) {
+        if (value.isText()) {
+            values.emplace_back(value.asText());
+        } else if (value.isInteger()) {
+            values.emplace_back(static_cast<std::int32_t>(value.asInteger()));
+        } else {
+            endWith(Verdict::inconclusive, "it holds what is neither a number nor a text");
+        }
+    }
+    const std::string payload = wire::payloadOf(values);
+    return {payload.begin(), payload.end()};
+}
+
+/** Events come in their order, so that what comes before the last one is all that there was. */
+void tellOnce(Television& television, const EventPlan& plan) {
+    Setting setting(television, *plan.set.setter, plan.set.reading);
+    setting.setOther();
+    const Bytes changed = require(plan, "changed");
+    setting.putBack();
+    if (require(plan, "put back") == changed) {
+        endWith(Verdict::failed, std::string(plan.event->name) + " came twice for one change");
+    }
+}
+
+void tellNothing(Television& television, const EventPlan& plan) {
+    Setting setting(television, *plan.set.setter, plan.set.reading);
+    setting.setOther();
+    const Bytes changed = require(plan, "changed");
+    setting.setAgain();
+    setting.putBack();
+    if (require(plan, "put back") == changed) {
+        endWith(Verdict::failed, std::string(plan.event->name) + " came although the same value was set");
+    }
+}
+
+void requirePayload(const Bytes& payload, const Bytes& wanted, const EventPlan& plan) {
+    if (payload != wanted) {
+        endWith(Verdict::failed, std::string(plan.event->name) + " has the payload " + spacedHexOf(payload) + ", not " +
+                                     spacedHexOf(wanted));
+    }
+}
+
+void tellWhatIsSo(Television& television, const EventPlan& plan) {
+    Setting setting(television, *plan.set.setter, plan.set.reading);
+    const Bytes before = payloadNow(television, plan);
+    setting.setOther();
+    const Bytes changed = payloadNow(television, plan);
+    requirePayload(require(plan, "changed"), changed, plan);
+    setting.putBack();
+    requirePayload(require(plan, "put back"), before, plan);
+}
+
+struct EventAspect {
+    const char* name;
+    const char* sentence;
+    void (*make)(Television& television, const EventPlan& plan);
+};
+
+constexpr EventAspect kEventAspects[] = {
+    {"once", "A change is told by its event once, and so is putting it back: who shows the state follows it by that.",
+     tellOnce},
+    {"same", "Setting what is there already tells nothing, since nothing has changed.", tellNothing},
+    {"payload", "The event has the keys of the state and then what it holds now.", tellWhatIsSo},
+};
+
+class EventCheck : public Check {
+public:
+    EventCheck(Subject subject, EventPlan plan, const EventAspect& aspect)
+        : Check(std::move(subject)), mPlan(std::move(plan)), mMake(aspect.make) {}
+
+    bool changesState() const override { return true; }
+    double patience() const override { return 2; }
+
+    Outcome run(Television& television) const override {
+        try {
+            requireHeard(mPlan);
+            mMake(television, mPlan);
+            return {};
+        } catch (const Ended& ended) {
+            return ended.outcome;
+        }
+    }
+
+private:
+    EventPlan mPlan;
+    void (*mMake)(Television& television, const EventPlan& plan);
+};
+
+/** Whether a payload of it can be made of numbers and texts. */
+bool isOfWordsAndTexts(const wire::Event& event) {
+    return std::all_of(event.fields.begin(), event.fields.end(), [](const wire::EventField& field) {
+        return field.type == wire::FieldType::Int32 || field.type == wire::FieldType::Text;
+    });
+}
+
+/** The event that tells of what the plan sets; null when the table has none. */
+const wire::Event* eventOf(const SetPlan& plan, const wire::EventTable& table) {
+    const wire::StateRule* const rule = ruleOf(*plan.reading.function);
+    const bool isKept = rule != nullptr && rule->access == wire::StateRule::Access::Get;
+    return isKept ? table.named(eventNameOf(rule->key->name)) : nullptr;
+}
+
+} // namespace
+
+void addEventChecks(Checks& checks, const Terms& terms) {
+    // Its rows are held by the checks.
+    static const wire::EventTable table = eventsOf("");
+    for (const SettableFunction& function : settableFunctions(terms)) {
+        for (const SetPlan& plan : function.plans) {
+            const wire::Event* const event = eventOf(plan, table);
+            for (const EventAspect& aspect : kEventAspects) {
+                if (event != nullptr && (aspect.make != tellWhatIsSo || isOfWordsAndTexts(*event))) {
+                    checks.push_back(std::make_unique<EventCheck>(
+                        subjectOf(kEventFamily, plan, aspect.name, aspect.sentence), EventPlan{plan, event}, aspect));
+                }
+            }
+        }
+    }
+}
+
+} // namespace kelutv::tool::compliance
