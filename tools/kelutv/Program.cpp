@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/commands/Commands.h"
 #include "tools/kelutv/compliance/ComplianceCommand.h"
+#include "tools/kelutv/comparison/DiffCommand.h"
 #include "tools/kelutv/doctor/DoctorCommand.h"
 #include "tools/kelutv/newservice/NewServiceCommand.h"
 #include "tools/kelutv/recordings/RecordCommand.h"
@@ -50,6 +51,10 @@ void addGeneralOptions(const Subcommand& program, Context& context) {
         "Give up when it takes longer; without it, as long as KELUTV_TIMEOUT says");
 }
 
+void addWholeRecordingCommand(const Command& program, Context& context) {
+    addRecordingCommand(program, context, {addRecordingDiff});
+}
+
 struct NamedCommand {
     const char* name;
     void (*add)(const Command& program, Context& context);
@@ -87,6 +92,14 @@ constexpr NamedCommand kCommands[] = {
     {"repl", addReplCommand, true},
     {"help", addHelpCommand, true},
     {"complete", addCompleteCommand},
+    {"status", addStatusCommand},     {"sources", addSourcesCommand},   {"cec", addCecCommand},
+    {"power", addPowerCommand},       {"get", addGetCommand},           {"set", addSetCommand},
+    {"list", addListCommand},         {"describe", addDescribeCommand}, {"call", addCallCommand},
+    {"encode", addEncodeCommand},     {"decode", addDecodeCommand},     {"trace", addTraceCommand},
+    {"top", addTopCommand},           {"record", addRecordCommand},     {"recording", addWholeRecordingCommand},
+    {"monitor", addMonitorCommand},   {"wait", addWaitCommand},         {"doctor", addDoctorCommand},
+    {"snapshot", addSnapshotCommand}, {"eep", addEepCommand},           {"sim", addSimCommand},
+    {"repl", addReplCommand, true},   {"help", addHelpCommand, true},   {"complete", addCompleteCommand},
 };
 
 /** Adds the one that the first word names, since to describe them takes time, or all. */

@@ -1,5 +1,6 @@
 #include "tools/ParsedJson.h"
 #include "tools/recordings/Recorded.h"
+#include "tools/recordings/RecordingText.h"
 
 #include "recording/Reader.h"
 
@@ -20,37 +21,23 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr char kHeader[] =
-    R"({"kind":"header","format":1,"library":"1.0.0","catalogue":"other","token":"","machine":"m",)"
-    R"("system":"s","byteOrder":"little","start":"2026-11-22T13:55:01.000000000Z"})";
-
-std::string wordDigits(std::uint32_t word) {
-    char text[9];
-    std::snprintf(text, sizeof(text), "%02x%02x%02x%02x", word & 0xff, word >> 8 & 0xff, word >> 16 & 0xff, word >> 24);
-    return text;
-}
-
 /** A call of two processes by turns, each a second behind the one before. */
 std::string callLine(int sequence, const std::string& words, const std::string& reply, int microseconds = 100) {
-    return R"({"kind":"transaction","sequence":)" + std::to_string(sequence) + R"(,"time":)" +
-           std::to_string(sequence) + R"(000000000,"process":)" + std::to_string(100 + sequence % 2) + R"(,"thread":)" +
-           std::to_string(100 + sequence % 2) + R"(,"duration":)" + std::to_string(microseconds) + R"(000,"status":)" +
-           (reply == "null" ? "-32" : "0") + R"(,"request":")" + tokenDigits() + words + R"(","reply":)" +
-           (reply == "null" ? reply : '"' + reply + '"') + "}\n";
+    const int process = 100 + sequence % 2;
+    return lineOf({sequence, words, reply, microseconds, process, process});
 }
 
 std::string setLine(int sequence, std::uint32_t volume, const std::string& reply = "00000000", int microseconds = 100) {
-    return callLine(sequence, wordDigits(0x2008) + wordDigits(0) + wordDigits(volume), reply, microseconds);
+    return callLine(sequence, setVolumeWords(volume), reply, microseconds);
 }
 
 std::string getLine(int sequence, std::uint32_t volume) {
-    return callLine(sequence, wordDigits(0x2009) + wordDigits(0), wordDigits(0) + wordDigits(volume));
+    return callLine(sequence, getVolumeWords(), wordDigits(0) + wordDigits(volume));
 }
 
 /** Of two sets and a get, then an event and the end of the service. */
 std::string sample() {
-    return std::string(kHeader) + '\n' + setLine(1, 35, "00000000", 300) + getLine(2, 35) +
-           setLine(3, 101, "95ffffff") +
+    return headerLine() + setLine(1, 35, "00000000", 300) + getLine(2, 35) + setLine(3, 101, "95ffffff") +
            R"({"kind":"event","sequence":4,"time":4000000000,"process":100,"thread":7,"event":393217,)"
            R"("payload":"0000000023000000","more":[1]})"
            "\n"
@@ -187,7 +174,7 @@ TEST(RecordingReport, countsCallsFailuresAndTimes) {
 }
 
 TEST(RecordingReport, roundsTimesAndKeepsTheGreatest) {
-    std::string text = std::string(kHeader) + '\n';
+    std::string text = headerLine();
     for (int call = 1; call <= 200; ++call) {
         // 1000 to 1199 us, in any order.
         text += setLine(call, 35, "00000000", 1000 + call * 7 % 200);
@@ -271,7 +258,7 @@ TEST(RecordingCommands, takeTheGreatestNumbers) {
     std::string text;
     for (const char* const start : {"2150-12-31T23:59:59.999999999Z", "9999-99-99T99:99:99.999999999Z",
                                     "1969-01-01T00:00:00.000000000Z", "now"}) {
-        std::string section = std::string(kHeader) + '\n' + setLine(1, 35) + getLine(2, 36);
+        std::string section = headerLine() + setLine(1, 35) + getLine(2, 36);
         section.replace(section.find("2026-11-22T13:55:01.000000000Z"), 30, start);
         section.replace(section.find("\"time\":1000000000"), 17, "\"time\":-" + most);
         section.replace(section.find("\"time\":2000000000"), 17, "\"time\":" + most);

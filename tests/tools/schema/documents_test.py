@@ -200,6 +200,12 @@ class Documents(unittest.TestCase):
             self.assertEqual((checked["faults"], checked["ended"], checked["sections"]), (0, True, 1))
             (report,) = self.printed("recording-report", "recording", "report", file)
             self.assertEqual(sum(each["calls"] for each in report["commands"]), checked["calls"])
+            other = str(Path(folder, "other"))
+            text = Path(file).read_text(encoding="utf-8").splitlines(keepends=True)
+            Path(other).write_text("".join(text[:1] + text[2:]), encoding="utf-8")
+            missing, last = self.run_tool("recording", "diff", file, other).stdout.splitlines()
+            self.assertIsNone(self.documents(missing, "recording-diff")[0]["second"])
+            self.assertEqual(self.documents(last, "recording-diff-sum")[0]["differences"], 1)
             lines = [json.loads(line) for line in Path(file).read_text(encoding="utf-8").splitlines()]
             shown = self.run_tool("recording", "show", file).stdout
             self.assertEqual([json.loads(line) for line in shown.splitlines()], lines)

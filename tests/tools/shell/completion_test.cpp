@@ -170,6 +170,8 @@ TEST_F(Completion, knowsWhatMayStandInALine) {
         {"kelutv new-service other --module pc", "pcmplayer|pcsetting"},
         {"kelutv snapshot ", "diff|restore"},
         {"kelutv snapshot diff oth", "other"},
+        {"kelutv recording diff other oth", "other"},
+        {"kelutv recording diff other other --ignore volumeC", "volumeChanged"},
         {"kelutv snapshot diff other oth", "other"},
         {"kelutv snapshot restore other --only audio.soundM", "audio.soundMode"},
         {"kelutv wait ser", "service"},

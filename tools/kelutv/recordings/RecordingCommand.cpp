@@ -196,14 +196,14 @@ void addReport(const Subcommand& above, const Options& options, Context& context
 
 } // namespace
 
-void addRecordingCommand(const Command& program, Context& context) {
+void addRecordingCommand(const Command& program, Context& context, const std::vector<AddBelowRecording>& more) {
     const Options options = std::make_shared<RecordingOptions>();
     const Subcommand recording(program, "recording",
                                "Look at what 'kelutv record' has recorded\n\n"
                                "Examples:\n"
                                "kelutv recording show field.jsonl\n"
                                "kelutv recording check field.jsonl\n"
-                               "kelutv recording report field.jsonl");
+                               "kelutv recording diff before.jsonl after.jsonl");
     recording.requireSubcommand();
     addShow(recording, options, context);
     addAction(recording, "check",
@@ -215,6 +215,9 @@ void addRecordingCommand(const Command& program, Context& context) {
     addAnonymise(recording, options, context);
     addConvert(recording, options, context);
     addReport(recording, options, context);
+    for (const AddBelowRecording add : more) {
+        add(recording, context);
+    }
 }
 
 } // namespace kelutv::tool

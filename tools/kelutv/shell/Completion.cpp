@@ -240,6 +240,13 @@ std::map<std::string, Source>& sources() {
          }},
         {"PROGRAM", pathNames},
         {"REQUEST", [](const Spot&, const std::string&) { return wire::RequestPattern::names(); }},
+        {"REQUEST|EVENT",
+         [](const Spot& spot, const std::string&) {
+             Names names = wire::RequestPattern::names();
+             const Names events = eventNames(eventFileOf(spot));
+             names.insert(names.end(), events.begin(), events.end());
+             return names;
+         }},
         {"SETTING", [](const Spot& spot, const std::string&) { return settingNames(spot.command.name() == "set"); }},
         {"STATE", [](const Spot&, const std::string&) { return wire::stateNames(); }},
         {"VALUE", [](const Spot& spot, const std::string&) { return settingValues(spot); }},
