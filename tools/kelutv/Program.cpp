@@ -8,6 +8,7 @@
 #include "tools/kelutv/recordings/RecordCommand.h"
 #include "tools/kelutv/recordings/RecordingCommand.h"
 #include "tools/kelutv/recordings/TopCommand.h"
+#include "tools/kelutv/replay/ReplayCommand.h"
 #include "tools/kelutv/shell/LineEditor.h"
 #include "tools/kelutv/snapshot/SnapshotCommand.h"
 #include "wire/text/Shown.h"
@@ -52,7 +53,7 @@ void addGeneralOptions(const Subcommand& program, Context& context) {
 }
 
 void addWholeRecordingCommand(const Command& program, Context& context) {
-    addRecordingCommand(program, context, {addRecordingDiff});
+    addRecordingCommand(program, context, {addRecordingDiff, addRecordingReplay});
 }
 
 struct NamedCommand {

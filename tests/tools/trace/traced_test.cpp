@@ -1,4 +1,5 @@
 #include "simulator/Simulator.h"
+#include "support/RuntimeDir.h"
 #include "support/Sanitizers.h"
 #include "tools/ParsedJson.h"
 #include "tools/Samples.h"
@@ -51,6 +52,15 @@ void expectRecorded(const std::string& file, const std::vector<recording::Bytes>
     EXPECT_EQ(runTool({"recording", "check", file}).exit, 0);
 }
 
+/** Another television that has just been switched on answers all of it alike. */
+void expectAnsweredAlike(const std::string& file, std::size_t calls) {
+    const RuntimeDir another;
+    const Simulator fresh;
+    const ToolRun replayed = runTool({"recording", "replay", file, "--allow-dangerous", "any"});
+    EXPECT_EQ(replayed.exit, 0) << replayed.output;
+    EXPECT_EQ(replayed.error, "kelutv: 0 differences in " + std::to_string(calls) + " calls\n");
+}
+
 /**
  * One program calls every function; its trace and its recording hold what each of them sends, in order and with nothing
  * between.
@@ -89,6 +99,7 @@ TEST(Traced, isWhatEveryFunctionSends) {
     EXPECT_EQ(index, expected.size());
     EXPECT_GE(expected.size(), 750U);
     expectRecorded(recorded, requests);
+    expectAnsweredAlike(recorded, requests.size());
 }
 
 } // namespace

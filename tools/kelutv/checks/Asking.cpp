@@ -11,15 +11,6 @@ namespace kelutv::tool {
 
 namespace {
 
-bool isServiceAlive() {
-    try {
-        android::Parcel reply;
-        return requireService()->transact(kAskForInterface, android::Parcel(), &reply, 0) != android::DEAD_OBJECT;
-    } catch (const LinkError&) {
-        return false;
-    }
-}
-
 /** A verdict has one line: what stands in lines of its own goes into parentheses. */
 std::string inOneLine(std::string text) {
     const std::string breakOfLines = "\n  ";
@@ -35,6 +26,15 @@ std::string inOneLine(std::string text) {
 }
 
 } // namespace
+
+bool isServiceAlive() {
+    try {
+        android::Parcel reply;
+        return requireService()->transact(kAskForInterface, android::Parcel(), &reply, 0) != android::DEAD_OBJECT;
+    } catch (const LinkError&) {
+        return false;
+    }
+}
 
 Finding askingFinds(const std::function<Finding()>& look) {
     try {

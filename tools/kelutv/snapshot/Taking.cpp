@@ -83,8 +83,9 @@ std::vector<Check> checksOf(const std::vector<Reading>& readings, double limit, 
 
 } // namespace
 
-Snapshot takeSnapshot(double limit) {
-    const Readings readings = allReadings();
+Snapshot takeSnapshot(double limit) { return takeSnapshot(allReadings(), limit); }
+
+Snapshot takeSnapshot(const Readings& readings, double limit) {
     Silent silent;
     const std::vector<Check> checks = checksOf(readings.asked, limit, silent);
     Collection collection;

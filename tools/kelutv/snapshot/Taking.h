@@ -12,4 +12,7 @@ namespace kelutv::tool {
  */
 Snapshot takeSnapshot(double limit);
 
+/** The same of what these readings give. */
+Snapshot takeSnapshot(const Readings& readings, double limit);
+
 } // namespace kelutv::tool
