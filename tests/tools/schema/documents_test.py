@@ -206,6 +206,13 @@ class Documents(unittest.TestCase):
             missing, last = self.run_tool("recording", "diff", file, other).stdout.splitlines()
             self.assertIsNone(self.documents(missing, "recording-diff")[0]["second"])
             self.assertEqual(self.documents(last, "recording-diff-sum")[0]["differences"], 1)
+            self.run_tool("set", "mute", "on")
+            replayed = self.run_tool("recording", "replay", file, "--restore").stdout.splitlines()
+            self.documents(replayed[0], "recording-replay")
+            sums = [json.loads(line) for line in replayed if "sent" in json.loads(line)]
+            self.documents(json.dumps(sums[0]), "recording-replay-sum")
+            self.documents(replayed[-1], "snapshot-restore-sum")
+            self.run_tool("set", "mute", "off")
             lines = [json.loads(line) for line in Path(file).read_text(encoding="utf-8").splitlines()]
             shown = self.run_tool("recording", "show", file).stdout
             self.assertEqual([json.loads(line) for line in shown.splitlines()], lines)

@@ -171,6 +171,7 @@ TEST_F(Completion, knowsWhatMayStandInALine) {
         {"kelutv snapshot ", "diff|restore"},
         {"kelutv snapshot diff oth", "other"},
         {"kelutv recording diff other oth", "other"},
+        {"kelutv recording replay oth", "other"},
         {"kelutv recording diff other other --ignore volumeC", "volumeChanged"},
         {"kelutv snapshot diff other oth", "other"},
         {"kelutv snapshot restore other --only audio.soundM", "audio.soundMode"},

@@ -31,7 +31,7 @@ void pairMoved(const std::vector<Token>& first, const std::vector<Token>& second
         }
         const auto found = added.find(first[*each.first].request);
         if (found != added.end() && !found->second.empty()) {
-            each.second = std::move(aligned[found->second.back()].second);
+            each.second = aligned[found->second.back()].second;
             aligned[found->second.back()].second.reset();
             found->second.pop_back();
         }

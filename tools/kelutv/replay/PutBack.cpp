@@ -17,9 +17,9 @@ namespace {
 using States = std::map<std::string, const wire::StateKey*>;
 
 bool changes(const wire::Request& request) {
-    const auto senders = sendersOf(request);
-    return std::any_of(senders.begin(), senders.end(), [](const wire::Function* sender) {
-        return sender->effect.kind == wire::EffectKind::Set || sender->effect.kind == wire::EffectKind::Action;
+    const std::vector<wire::Effect> effects = effectsOf(request);
+    return std::any_of(effects.begin(), effects.end(), [](const wire::Effect& effect) {
+        return effect.kind == wire::EffectKind::Set || effect.kind == wire::EffectKind::Action;
     });
 }
 

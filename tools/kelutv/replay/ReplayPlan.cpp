@@ -1,5 +1,6 @@
 #include "tools/kelutv/replay/ReplayPlan.h"
 
+#include "tools/kelutv/checks/Reads.h"
 #include "tools/kelutv/comparison/HappeningReader.h"
 #include "tools/kelutv/text/Patterns.h"
 #include "wire/text/Describe.h"
@@ -13,9 +14,9 @@ namespace {
 
 /** Whether it may lose what nothing puts back, as far as the catalogue knows. */
 bool mayDoHarm(const wire::Request& request) {
-    const auto senders = sendersOf(request);
-    return senders.empty() || std::any_of(senders.begin(), senders.end(),
-                                          [](const wire::Function* sender) { return sender->effect.isDangerous; });
+    const std::vector<wire::Effect> effects = effectsOf(request);
+    return effects.empty() ||
+           std::any_of(effects.begin(), effects.end(), [](const wire::Effect& effect) { return effect.isDangerous; });
 }
 
 std::string nameOf(const wire::Request& request) {
@@ -49,6 +50,16 @@ private:
 };
 
 } // namespace
+
+std::vector<wire::Effect> effectsOf(const wire::Request& request) {
+    std::vector<wire::Effect> effects;
+    for (const wire::Function* const sender : sendersOf(request)) {
+        if (!takesAnyItem(*sender)) {
+            effects.push_back(sender->effect);
+        }
+    }
+    return effects;
+}
 
 ReplayPlan planOf(const std::string& path, const ReplayChoice& choice) {
     Planner planner(choice);

@@ -19,6 +19,9 @@ struct RecordedCall {
     Happening happening;
 };
 
+/** What the functions that send such a request do, but for those that hand on any item; empty when there is none. */
+std::vector<wire::Effect> effectsOf(const wire::Request& request);
+
 /** What is to be sent of a recording. */
 struct ReplayChoice {
     /** Patterns of requests; all without one. */

@@ -54,7 +54,7 @@ void tellDifference(const RecordedCall& call, const std::vector<ValueDifference>
 void tellLost(const StatesToSet& states, const Output& output) {
     std::vector<std::string> texts;
     for (const auto& [name, reason] : states.lost) {
-        texts.push_back(name + " (" + reason + ')');
+        texts.emplace_back(name).append(" (").append(reason).append(")");
     }
     if (!texts.empty()) {
         output.message("kelutv: cannot be put back: " + joined(texts));

@@ -4,8 +4,8 @@
 #include "tools/kelutv/recordings/LiveLine.h"
 #include "tools/kelutv/service/ServiceLink.h"
 
-#include <binder/IBinder.h>
 #include <binder/Parcel.h>
+#include <kelutv/link/TVBaseClient.h>
 
 namespace kelutv::tool {
 
@@ -20,13 +20,13 @@ Bytes requestHere(const Happening& call, const Bytes& token) {
     return request;
 }
 
-/** The same call with what is answered now. */
+/** The same call with what is answered now. It goes the way of the library's own, so that it can be recorded, too. */
 Happening answered(const Happening& call, const Bytes& request) {
     android::Parcel data;
     android::Parcel reply;
     data.setData(request.data(), request.size());
     Happening live = call;
-    live.number = requireService()->transact(android::IBinder::FIRST_CALL_TRANSACTION, data, &reply, 0);
+    live.number = android::TVBaseClient::self()->getBpTvbaseService()->invoke(data, &reply);
     live.reply.clear();
     if (live.number == 0) {
         live.reply.assign(reply.data(), reply.data() + reply.dataSize());
