@@ -5,9 +5,9 @@ from __future__ import annotations
 from docs import Doc
 from model import Catalogue, ValueSet
 from parameters import ParameterInfo
-from plan import Plan, base_type, element_code, safe, snake
+from plan import Plan, base_type, element_code, safe
 from ranges import range_text
-from texts_of import doc_lines, one_line
+from texts_of import doc_lines
 from vocabulary_files import DEVICES, HEAD
 
 _NUMBERS = {"?": "bool", "d": "float"}
@@ -122,24 +122,27 @@ class ModuleFiles:
         imports = ["from collections.abc import Sequence\n\n"] if "Sequence[" in text else []
         names = [name for name in ("enums", "records") if f"{name}." in text.replace("One of enums.", "")]
         imports += [f"from .. import {', '.join(names)}\n"] if names else []
-        imports += ["from .._module import Module\n\n\n"]
+        imports += ["from .._module import Module\n\n"]
         name = self.class_name(module)
+        imports += [f'__all__ = ["{name}"]\n\n\n']
         doc = f'class {name}(Module):\n    """The functions of the module {module}."""\n\n'
         return HEAD.format(title=f"The functions of the module {module}.") + "".join(imports) + doc + text.rstrip("\n") + "\n"
 
     def television_modules(self, modules: list[str]) -> str:
+        names = {module: self.class_name(module) for module in modules}
         lines = [HEAD.format(title="The modules of a television.")]
-        lines[0] += "from collections.abc import Callable\nfrom functools import cached_property\n"
+        lines[0] += "from collections.abc import Callable\nfrom importlib import import_module\n"
         lines[0] += "from typing import TYPE_CHECKING, Any\n\nif TYPE_CHECKING:\n"
-        lines += [f"    from .modules.{module} import {self.class_name(module)}" for module in modules]
-        lines += ["", "", "class Modules:", '    """What has the modules as attributes, each loaded on its first use."""', ""]
-        lines += ["    _call: Callable[..., Any]", ""]
-        for module in modules:
-            name = self.class_name(module)
-            lines += ["    @cached_property", f"    def {module}(self) -> {name}:"]
-            lines += [f'        """The functions of the module {module}."""']
-            lines += [f"        from .modules.{module} import {name}", "", f"        return {name}(self._call)", ""]
-        return "\n".join(lines).rstrip("\n") + "\n"
-
-
-__all__ = ["ModuleFiles", "one_line", "snake"]
+        lines += [f"    from .modules.{module} import {name}" for module, name in names.items()]
+        lines += ["", "_CLASSES = {"]
+        lines += [f'    "{module}": "{name}",' for module, name in names.items()]
+        lines += ["}", "", "", "class Modules:"]
+        lines += ['    """What has the modules as attributes, each loaded on its first use."""', ""]
+        lines += ["    _call: Callable[..., Any]"]
+        lines += [f"    {module}: {name}" for module, name in names.items()]
+        lines += ["", "    if not TYPE_CHECKING:", "", "        def __getattr__(self, name: str) -> Any:"]
+        lines += ["            if name not in _CLASSES:"]
+        lines += ["                raise AttributeError(f\"{type(self).__name__} has no attribute '{name}'\")"]
+        lines += ['            kind = getattr(import_module(f".modules.{name}", __package__), _CLASSES[name])']
+        lines += ["            setattr(self, name, kind(self._call))", "            return getattr(self, name)"]
+        return "\n".join(lines) + "\n"

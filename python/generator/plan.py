@@ -21,6 +21,7 @@ _WORDS = {
     "UDisk": "Udisk",
     "IChip": "Ichip",
 }
+_TYPES = ("bool", "bytes", "float", "int", "list", "str", "tuple")
 _STATUSES = ("status", "zero", "zero-or-fail", "fallback", "characters")
 _OUTPUTS = ("out", "inout")
 
@@ -33,7 +34,8 @@ def snake(name: str) -> str:
 
 
 def safe(name: str) -> str:
-    return f"{name}_" if keyword.iskeyword(name) else name
+    """A name that is neither a keyword nor that of a type in annotations."""
+    return f"{name}_" if keyword.iskeyword(name) or name in _TYPES else name
 
 
 @dataclass(frozen=True)

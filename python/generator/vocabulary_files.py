@@ -4,7 +4,6 @@ from __future__ import annotations
 
 import re
 
-from cells import pointee
 from headers import Enumeration, Field
 from model import Catalogue
 from plan import element_code, safe
@@ -13,7 +12,6 @@ from vocabulary import field_values
 from wrappers import all_records
 
 HEAD = '"""{title}"""\n\n# Generated from the catalogue and the public headers.\n\nfrom __future__ import annotations\n\n'
-_CODES = {"int": "i", "unsigned int": "I", "bool": "?", "double": "d", "char": "s", "unsigned char": "B"}
 _TYPES = {"i": "int", "I": "int", "?": "bool", "d": "float", "B": "int"}
 DEVICES = "KELU_TV_CEC_DEVICE_INFO_SORTED_S"
 
@@ -55,10 +53,15 @@ def enumeration_class(name: str, enumeration: Enumeration, meanings: dict[str, s
     return [*lines, "", ""]
 
 
+def public(names: list[str]) -> list[str]:
+    """What a module offers."""
+    return ["__all__ = [", *(f'    "{name}",' for name in sorted(names)), "]"]
+
+
 def enums_file(catalogue: Catalogue, meanings: dict[str, str]) -> str:
     head = HEAD.format(title="The enumerations of the interface. Each takes numbers that it has no name for, too.")
-    lines = [head + "from ._open_enum import OpenEnum\n\n"]
     known = {name: each for name, each in sorted(catalogue.headers.enumerations.items()) if each.values}
+    lines = [head + "from ._open_enum import OpenEnum\n", *public([*known, *catalogue.events.enumerations]), "", ""]
     for name, enumeration in known.items():
         lines += enumeration_class(name, enumeration, meanings)
     said = catalogue.events.meanings
@@ -104,7 +107,7 @@ class RecordFiles:
         enumeration = self._enumeration(record, field)
         if enumeration:
             return f"enums.{enumeration} | int"
-        return _TYPES[element_code(field.type, self.catalogue)] if field.type in _CODES or True else "int"
+        return _TYPES[element_code(field.type, self.catalogue)]
 
     def layout(self, record: str, field: Field) -> str:
         """A row: name in C, name in Python, kind, count, enumeration or record, count of the text."""
@@ -153,7 +156,8 @@ class RecordFiles:
 
     def source(self) -> str:
         head = HEAD.format(title="The records of the interface.")
-        lines = [head + "from dataclasses import dataclass, field\n\nfrom . import enums\n\n"]
+        lines = [head + "from dataclasses import dataclass, field\n\nfrom . import enums\n"]
+        lines += [*public([*self.records, DEVICES]), "", ""]
         for name in self._ordered():
             lines += self._class(name)
         lines += [
@@ -190,6 +194,3 @@ def events_file(catalogue: Catalogue) -> str:
         )
         lines.append(f'    (0x{event.first:X}, 0x{event.last:X}, "{event.name}", ({fields.strip()})),')
     return head + "\n".join([*lines, ")"]) + "\n"
-
-
-__all__ = ["RecordFiles", "enums_file", "events_file", "pointee"]

@@ -11,6 +11,7 @@ from typing import Any
 
 from ._channel import Channel
 from ._local import LocalLink, dropped_notices, take_notice
+from ._notices import Notice
 
 _MOST_AT_ONCE = 64
 
@@ -65,7 +66,7 @@ class Worker:
                 self._send_notices()
 
     def _send_notices(self) -> None:
-        notices = []
+        notices: list[Notice] = []
         while len(notices) < _MOST_AT_ONCE and (notice := take_notice()) is not None:
             notices.append(notice)
         try:

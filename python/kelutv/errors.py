@@ -2,6 +2,18 @@
 
 from __future__ import annotations
 
+__all__ = [
+    "LibraryRefused",
+    "LinkLost",
+    "MalformedReply",
+    "NoService",
+    "ServiceRefused",
+    "SimulatorError",
+    "TelevisionError",
+    "Timeout",
+    "ToolError",
+]
+
 
 class TelevisionError(Exception):
     """A call that failed.

@@ -13,9 +13,16 @@ from typing import Any, Generic, TypeVar
 
 from ._event_table import EVENTS
 from ._memory import decoded, to_named
-from ._notices import EVENT, VBI_DATA, Hub, Listener, Notice
+from ._notices import EVENT, Hub, Listener, Notice
 from .enums import KELU_EM_MODE_E
 from .errors import LinkLost
+
+__all__ = [
+    "AsyncStream",
+    "Event",
+    "Stream",
+    "VbiData",
+]
 
 _MODULE = 0xFFFF0000
 
@@ -199,6 +206,3 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
         self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
     ) -> None:
         self.close()
-
-
-__all__ = ["EVENT", "VBI_DATA", "AsyncStream", "Event", "Stream", "VbiData"]

@@ -19,6 +19,10 @@ from .errors import SimulatorError
 from .television import Television
 from .tool import program
 
+__all__ = [
+    "Simulator",
+]
+
 _READY = b"kelutv-simulator: ready (TVBaseService)\n"
 _START_SECONDS = 20.0
 _ANSWER_SECONDS = 15.0

@@ -15,6 +15,12 @@ from ._notices import EVENT, VBI_DATA, Hub, Notice
 from ._remote import Messages, RemoteLink
 from .events import AsyncStream, Event, Stream, VbiData
 
+__all__ = [
+    "LEVELS",
+    "Limited",
+    "Television",
+]
+
 LEVELS = (28, 29, 30)
 _MOST_EVENTS = 1024
 

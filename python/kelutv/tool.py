@@ -12,6 +12,12 @@ from typing import Any
 
 from .errors import ToolError
 
+__all__ = [
+    "PROGRAMS",
+    "Tool",
+    "program",
+]
+
 PROGRAMS = {"kelutv": "KELUTV_TOOL", "kelutv-simulator": "KELUTV_SIMULATOR"}
 
 
