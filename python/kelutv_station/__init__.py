@@ -1,0 +1,1 @@
+"""A station that tests televisions side by side, by a plan: `kelutv-station PLAN`."""

@@ -1,0 +1,39 @@
+"""Snapshots of units, taken and compared by the tool."""
+
+from __future__ import annotations
+
+import re
+from pathlib import Path
+from typing import Any
+
+from kelutv_station.plan.plan import Snapshot, Unit
+from kelutv_station.tool import Tool, ToolError
+
+MANY_ANSWERS = 60
+
+
+def compare_with_golden(tool: Tool, unit: Unit, step: Snapshot, folder: Path, limit: float) -> list[str]:
+    """Takes a snapshot into the folder and says in what it differs from the golden one, a text a state.
+
+    `limit` is how long one answer may take, in seconds. Raises ToolError.
+    """
+    folder.mkdir(exist_ok=True)
+    taken = folder / f"{_file_name(unit.serial)}.{_file_name(step.name)}.json"
+    taken.unlink(missing_ok=True)
+    environment = {"KQDROID_RUNTIME_DIR": unit.runtime_dir}
+    tool.run(
+        "snapshot", "-o", str(taken), "--limit", f"{limit:g}", environment=environment, patience=limit * MANY_ANSWERS)
+    if not taken.exists():
+        raise ToolError(f"no snapshot of {unit.serial} could be taken")
+    ignore = [word for state in step.ignore for word in ("--ignore", state)]
+    settings = ["--settings"] if step.settings else []
+    answer = tool.run("snapshot", "diff", *settings, *ignore, str(step.golden), str(taken))
+    return [_text(document) for document in answer.documents if "state" in document]
+
+
+def _file_name(text: str) -> str:
+    return re.sub(r"[^A-Za-z0-9_-]", "_", text)
+
+
+def _text(difference: dict[str, Any]) -> str:
+    return f"{difference['state']}: {difference['first']} -> {difference['second']}"

@@ -1,0 +1,63 @@
+"""The command-line tool, which knows the interface and compares snapshots."""
+
+from __future__ import annotations
+
+import json
+import os
+import subprocess
+from collections.abc import Mapping, Sequence
+from dataclasses import dataclass
+from typing import Any
+
+PATIENCE = 60.0
+
+
+class ToolError(Exception):
+    """What the tool complains of."""
+
+
+@dataclass(frozen=True)
+class Answer:
+    """The documents that the tool printed, and its exit code."""
+
+    documents: list[Any]
+    code: int
+
+
+class Tool:
+    """Runs `kelutv`, or the program that KELUTV_TOOL names."""
+
+    def __init__(self, program: str | None = None) -> None:
+        self._program = program or os.environ.get("KELUTV_TOOL") or "kelutv"
+
+    def run(self, *words: str, environment: Mapping[str, str] | None = None, patience: float = PATIENCE) -> Answer:
+        """Runs a command with --json. Raises ToolError when there is no tool, it complains, or it does not end in time."""
+        command = [self._program, "--json", *words]
+        try:
+            ended = subprocess.run(
+                command, env={**os.environ, **(environment or {})}, stdin=subprocess.DEVNULL, capture_output=True,
+                text=True, errors="replace", timeout=patience, check=False)
+        except OSError as error:
+            raise ToolError(f"cannot run {self._program}: {error.strerror}") from error
+        except subprocess.TimeoutExpired as error:
+            raise ToolError(f"{self._program} {words[0]} has not ended after {patience:g} s") from error
+        complaint = _complaint(ended.stderr)
+        if complaint is not None:
+            raise ToolError(complaint)
+        if ended.returncode < 0:
+            raise ToolError(f"{self._program} {words[0]} was ended by signal {-ended.returncode}")
+        return Answer(_documents(ended.stdout.splitlines()), ended.returncode)
+
+
+def _documents(lines: Sequence[str]) -> list[Any]:
+    try:
+        return [json.loads(line) for line in lines if line.strip()]
+    except ValueError as error:
+        raise ToolError(f"the tool's answer cannot be read: {error}") from error
+
+
+def _complaint(errors: str) -> str | None:
+    for line in errors.splitlines():
+        if line.startswith('{"error":'):
+            return str(json.loads(line)["error"]["message"])
+    return None
