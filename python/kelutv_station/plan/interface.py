@@ -45,12 +45,13 @@ class Field:
 
 @dataclass(frozen=True)
 class Function:
-    """A function of the interface with what goes in, without parameters that only count a list."""
+    """A function of the interface with what goes in, the names of what comes out, and its result."""
 
     name: str
     short: str
     dangerous: bool
     inputs: tuple[Field, ...]
+    outputs: tuple[str, ...]
     result: Field
 
 
@@ -87,10 +88,11 @@ class Interface:
     def _function(self, name: str) -> Function:
         document = self._describe(name, "function")
         inputs = [parameter for parameter in document["parameters"] if parameter["direction"].startswith("in")]
+        outputs = tuple(each["name"] for each in document["parameters"] if each["direction"].endswith("out"))
         result = {"name": "result", "type": "int", "enumeration": document.get("resultEnumeration")}
         return Function(
             document["function"], document["short"], bool(document["effect"].get("dangerous")),
-            tuple(self._field(each) for each in inputs), self._field(result))
+            tuple(self._field(each) for each in inputs), outputs, self._field(result))
 
     def _event(self, name: str) -> Event:
         document = self._describe(name, "event")

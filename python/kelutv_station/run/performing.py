@@ -141,7 +141,7 @@ def outcome_of(error: Exception) -> Outcome:
 
 def measured(call: ReadyCall, result: Any, limits: Mapping[str, Limit]) -> tuple[Measurement, ...]:
     """The values of a result by name, each with its limit."""
-    values = values_of(result)
+    values = values_of(named(result, call.function.outputs))
     return tuple(
         Measurement(name, value, limits.get(name, Limit()), enumerator or (call.function.result.name_of(value)))
         for name, (value, enumerator) in values.items()
@@ -154,6 +154,13 @@ def judged(measurements: tuple[Measurement, ...], limits: Mapping[str, Limit]) -
     beyond = [f"{each.name} is {each.text()}, not {each.limit.text()}" for each in measurements if not each.is_within]
     reasons = missing + beyond
     return Outcome(Verdict.FAIL if reasons else Verdict.PASS, "; ".join(reasons), measurements)
+
+
+def named(result: Any, outputs: tuple[str, ...]) -> Any:
+    """Several values by their names: what the function gives itself, where it gives something, and its outputs."""
+    if type(result) is not tuple:
+        return result
+    return dict(zip(("result", *outputs)[-len(result):], result, strict=True))
 
 
 def values_of(result: Any, name: str = "") -> dict[str, tuple[Any, str | None]]:

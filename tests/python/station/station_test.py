@@ -1,0 +1,194 @@
+"""The station at work with simulated televisions, faulty ones among them, and killed at any moment."""
+
+from __future__ import annotations
+
+import os
+import random
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+from contextlib import ExitStack
+from pathlib import Path
+from typing import Any
+from xml.etree import ElementTree
+
+from televisions import PATIENCE, Run, TracedTelevision
+
+KILLS = 50 if os.environ.get("KELUTV_TORTURE") == "long" else 6
+LINE = """
+PLAN = {
+    "title": "Line", "allow": ["factory.setMacAddress"],
+    "step": [
+        {"name": "volume", "call": "audio.setVolume", "arguments": ["speaker", 35]},
+        {"name": "volume changed", "wait": "volumeChanged", "fields": {"channel": "speaker", "volume": 35}},
+        {"name": "read volume", "call": "audio.getVolume", "arguments": ["speaker"], "low": 30, "high": 40, "unit": "%"},
+        {"name": "language", "call": "systemsetting.getLanguage", "equals": "english"},
+        {"name": "picture size", "call": "sourcemanager.getTimingInfo", "limits": {"width": {"equals": 720}}},
+        {"name": "burn", "call": "factory.setMacAddress", "arguments": [[2, 0, 0, 1, 2, 3]]},
+        {"name": "burned", "call": "factory.getMacAddress", "matches": "02:00:00:01:02:03"},
+    ],
+}
+"""
+# Numbers of the round tell its requests from those of all others.
+ROUND = """
+PLAN = {{
+    "title": "Round", "allow": ["factory.setMacAddress", "factory.setKeyData"], "timeout": 1,
+    "step": [
+        {{"name": "prepare", "call": "audio.setVolume", "arguments": ["headphone", {number}]}},
+        {{"name": "burn", "call": "factory.setMacAddress", "arguments": [[2, 0, 0, 0, 0, {number}]]}},
+        {{"name": "burned", "call": "factory.getMacAddress", "matches": "02:00:00:00:00:{number:02X}"}},
+        {{"name": "once", "call": "audio.setVolume", "arguments": ["speaker", {number}], "repeat": False}},
+        {{"name": "changed", "wait": "volumeChanged", "fields": {{"channel": "speaker", "volume": {number}}}, "timeout": 0.3}},
+        {{"name": "read", "call": "audio.getVolume", "arguments": ["headphone"], "equals": {number}}},
+        {{"name": "key", "call": "factory.setKeyData", "arguments": ["netflix", [{number}, {number}], 0, 0]}},
+        {{"name": "end", "call": "audio.getVolume", "arguments": ["headphone"], "equals": {number}}},
+    ],
+}}
+"""
+ROUND_STEPS = ["prepare", "burn", "burned", "once", "changed", "read", "key", "end"]
+ONCE = {
+    "burn": "CMD_FACTORY_SETMACADDRESS(length=6, pMacAddr=[2, 0, 0, 0, 0, {number}])",
+    "once": "CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol={number})",
+    "key": "pData=[{number}, {number}]",
+}
+
+
+class Fixture(unittest.TestCase):
+    def setUp(self) -> None:
+        self.stack = self.enterContext(ExitStack())
+        self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+
+    def television(self, *options: str) -> TracedTelevision:
+        return self.stack.enter_context(TracedTelevision(*options))
+
+    def run_of(self, plan: str, televisions: dict[str, TracedTelevision], name: str = "line") -> Run:
+        folder = self.folder / name
+        folder.mkdir()
+        return Run(folder, plan, televisions)
+
+
+class Lines(Fixture):
+    def test_fail_faulty_units_alone(self) -> None:
+        faults = {"U03": ("--fault", "CMD_AUDIO_GETVOLUME error -5"), "U11": ("--fault", "CMD_SOURCE_GETTIMMINGINFO die before")}
+        units = {f"U{number:02}": self.television(*faults.get(f"U{number:02}", ())) for number in range(1, 17)}
+        run = self.run_of(LINE, units)
+        code, output = run.go("--html", "page.html")
+        self.assertEqual(code, 1, output)
+        self.assertIn("Line: 14 of 16 units passed (87.5 %)", output)
+        verdicts = {(each["unit"], each["step"]): each["verdict"] for each in run.results()}
+        self.assertEqual(len(verdicts), 16 * 7)
+        self.assertEqual({key: verdict for key, verdict in verdicts.items() if verdict != "pass"}, {
+            ("U03", "read volume"): "fail", ("U11", "picture size"): "fail", ("U11", "burn"): "left out", ("U11", "burned"): "left out"})
+        suites = ElementTree.parse(run.folder / "line.run" / "junit.xml").getroot()
+        self.assertEqual([suite.get("name") for suite in suites if suite.get("failures") != "0"], ["U03", "U11"])
+        self.assert_measured(run.results())
+        self.assertIn("87.5 %", (run.folder / "page.html").read_text(encoding="utf-8"))
+
+    def assert_measured(self, results: list[dict[str, Any]]) -> None:
+        measured = {each["step"]: each["measurements"] for each in results if each["unit"] == "U01"}
+        self.assertEqual(measured["read volume"], [
+            {"name": "result", "value": 35, "enumerator": None, "limit": {"low": 30, "high": 40, "unit": "%"}, "verdict": "pass"}])
+        self.assertEqual((measured["language"][0]["value"], measured["language"][0]["enumerator"]), (1, "KQ_LANG_ENGLISH"))
+        self.assertEqual({each["name"]: each["value"] for each in measured["picture size"]}["height"], 576)
+
+    def test_hold_back_what_is_wrong_before_a_unit_is_touched(self) -> None:
+        television = self.television()
+        run = self.run_of(LINE.replace('"allow": ["factory.setMacAddress"],', ""), {"A1": television})
+        code, output = run.go()
+        self.assertEqual((code, run.journal.exists()), (2, False))
+        self.assertIn("line.py: step 6 'burn': factory.setMacAddress is dangerous", output)
+        television.end()
+        self.assertEqual(television.count("CMD_"), 0)
+
+    def test_keep_a_unit_within_its_time(self) -> None:
+        steps = [
+            {"name": "slow", "call": "audio.getVolume", "arguments": ["speaker"], "timeout": 0.2},
+            {"name": "quick", "call": "audio.getVolume", "arguments": ["headphone"]},
+        ]
+        slow = self.television("--fault", "CMD_AUDIO_GETVOLUME delay 3600s once")
+        run = self.run_of(f"PLAN = {{'step': {steps!r}}}\n", {"A1": slow})
+        code, output = run.go()
+        self.assertEqual((code, [each["verdict"] for each in run.results()]), (1, ["fail", "pass"]), output)
+        units = [{"serial": "A1", "runtime_dir": slow.runtime_dir, "limit": 0.000001}]
+        run = self.run_of(f"PLAN = {{'step': {steps!r}, 'unit': {units!r}}}\n", {}, "limited")
+        run.go()
+        self.assertEqual([each["reason"] for each in run.results()], ["", "the 1e-06 s of the unit are over"])
+
+    def test_tell_units_without_a_television(self) -> None:
+        television = self.television()
+        run = self.run_of(LINE, {"A1": television})
+        run.units += ["--unit", "A2=nowhere"]
+        code, output = run.go()
+        self.assertEqual(code, 1, output)
+        self.assertEqual({each["verdict"] for each in run.results() if each["unit"] == "A1"}, {"pass"})
+        self.assertEqual([each["verdict"] for each in run.results() if each["unit"] == "A2"], ["error", *["left out"] * 6])
+
+    def test_compare_with_a_golden_unit(self) -> None:
+        golden, other = self.television(), self.television()
+        tool = os.environ["KELUTV_TOOL"]
+        subprocess.run([tool, "snapshot", "--quiet", "-o", str(self.folder / "golden.json")], env=golden.environment, check=True)
+        subprocess.run([tool, "set", "volume", "77"], env=other.environment, check=True, capture_output=True)
+        plan = "PLAN = {'step': [{'name': 'golden', 'snapshot': '../golden.json', 'settings': True}]}"
+        run = self.run_of(plan, {"A1": golden, "A2": other})
+        code, output = run.go()
+        self.assertEqual((code, [each["verdict"] for each in run.results()]), (1, ["pass", "fail"]), output)
+        self.assertIn("audio.volume", run.results()[1]["reason"])
+
+
+class Crashes(Fixture):
+    """Each request takes 20 ms to be answered, so that a kill meets steps under way."""
+
+    def test_lose_nothing_and_repeat_nothing(self) -> None:
+        units = {serial: self.television("--fault", "any delay 20ms") for serial in ("A1", "A2", "A3")}
+        begun, ended = self.measure(self.run_of(ROUND.format(number=99), units, "whole"))
+        seed = random.randrange(2**32)
+        chance, runs = random.Random(seed), {}
+        for number in range(1, KILLS + 1):
+            runs[number] = self.run_of(ROUND.format(number=number), units, f"round{number}")
+            self.kill(runs[number], chance.uniform(begun * 0.8, ended))
+            code, output = runs[number].go("--resume")
+            self.assertIn(code, (0, 1), f"seed {seed}, round {number}: {output}")
+        for television in units.values():
+            television.end()
+        for number, run in runs.items():
+            with self.subTest(seed=seed, round=number):
+                self.assert_whole(run, number, units)
+
+    def measure(self, run: Run) -> tuple[float, float]:
+        """After how long a run writes its journal, and ends."""
+        start, before = time.monotonic(), time.time()
+        code, output = run.go()
+        self.assertEqual(code, 0, output)
+        whole, last = time.monotonic() - start, run.journal.stat().st_mtime - before
+        took = sum(each["seconds"] for each in run.results() if each["unit"] == "A1")
+        return max(last - took, 0.0), min(whole, last)
+
+    def kill(self, run: Run, moment: float) -> None:
+        process = run.start()
+        try:
+            process.wait(moment)
+        except subprocess.TimeoutExpired:
+            process.send_signal(signal.SIGKILL)
+        process.communicate(timeout=PATIENCE)
+
+    def assert_whole(self, run: Run, number: int, units: dict[str, TracedTelevision]) -> None:
+        results = run.results()
+        self.assertEqual([(each["unit"], each["step"]) for each in results], [(unit, step) for unit in units for step in ROUND_STEPS])
+        for result in results:
+            unit, step, verdict = result["unit"], result["step"], result["verdict"]
+            if step in ONCE:
+                count = units[unit].count(ONCE[step].format(number=number))
+                self.assertIn((verdict, count), [("pass", 1), ("unknown", 0), ("unknown", 1)], result)
+            elif step == "changed":
+                self.assertIn(verdict, ("pass", "unknown"), result)
+            elif step == "burned":
+                count = units[unit].count(ONCE["burn"].format(number=number))
+                self.assertEqual(verdict, "pass" if count else "fail", result)
+            else:
+                self.assertEqual(verdict, "pass", result)
+
+
+if __name__ == "__main__":
+    unittest.main()

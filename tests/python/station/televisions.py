@@ -1,0 +1,82 @@
+"""Simulated televisions whose requests are counted, and the station as a program."""
+
+from __future__ import annotations
+
+import json
+import os
+import subprocess
+import sys
+import threading
+from pathlib import Path
+from typing import Any
+
+ROOT = Path(__file__).resolve().parents[3]
+sys.path.insert(0, str(ROOT / "tests"))
+
+from support.television import PATIENCE, Television  # noqa: E402
+
+STATION = [sys.executable, "-B", "-m", "kelutv_station"]
+
+
+class TracedTelevision(Television):
+    """A simulated television that remembers the requests it was sent."""
+
+    def __init__(self, *options: str) -> None:
+        super().__init__(os.environ["KELUTV_SIMULATOR"], "--trace", *options)
+        self._lines: list[str] = []
+
+    def __enter__(self) -> TracedTelevision:
+        super().__enter__()
+        self._reader = threading.Thread(target=self._read)
+        self._reader.start()
+        return self
+
+    def _read(self) -> None:
+        self._lines.extend(self._process.stdout)
+
+    def end(self) -> None:
+        self._process.terminate()
+        self._process.wait(PATIENCE)
+        if hasattr(self, "_reader"):
+            self._reader.join(PATIENCE)
+        self._process.stdout.close()
+
+    @property
+    def runtime_dir(self) -> str:
+        """Where its service is found."""
+        return self.environment["KQDROID_RUNTIME_DIR"]
+
+    def count(self, request: str) -> int:
+        """How often it was sent a request with this in its line; once it has ended."""
+        return sum(request in line and " meets fault " not in line for line in self._lines)
+
+
+class Run:
+    """A run of the station in a folder: its plan, its program and what came of it."""
+
+    def __init__(self, folder: Path, plan: str, televisions: dict[str, TracedTelevision]) -> None:
+        self.folder = folder
+        (folder / "line.py").write_text(plan, encoding="utf-8")
+        self.units = [word for serial, each in televisions.items() for word in ("--unit", f"{serial}={each.runtime_dir}")]
+
+    def start(self, *options: str) -> subprocess.Popen[str]:
+        """The program, under way."""
+        return subprocess.Popen(
+            [*STATION, "line.py", *self.units, *options], cwd=self.folder, stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+
+    def go(self, *options: str) -> tuple[int, str]:
+        """Runs the program to its end; its exit code and what it printed."""
+        process = self.start(*options)
+        output, _ = process.communicate(timeout=PATIENCE)
+        return process.returncode, output
+
+    @property
+    def journal(self) -> Path:
+        """Where its journal is."""
+        return self.folder / "line.run" / "journal.jsonl"
+
+    def results(self) -> list[dict[str, Any]]:
+        """What results.jsonl has of steps."""
+        lines = (self.folder / "line.run" / "results.jsonl").read_text(encoding="utf-8").splitlines()
+        return [document for line in lines if "step" in (document := json.loads(line))]
