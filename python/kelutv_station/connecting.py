@@ -2,12 +2,16 @@
 
 from __future__ import annotations
 
+import subprocess
+
 import kelutv
 
 from kelutv_station.plan.plan import Unit
 from kelutv_station.run.television import Television
 
+CONNECTING = 20.0
 
-def connect(unit: Unit, timeout: float) -> Television:
-    """Connects to a unit; no call lasts longer than the timeout, in seconds. Raises kelutv.TelevisionError."""
-    return kelutv.Television(runtime_dir=unit.runtime_dir, timeout=timeout)
+
+def connect(unit: Unit) -> Television:
+    """A television that connects when it is told to; messages of the library do not reach the operator's screen."""
+    return kelutv.Television(runtime_dir=unit.runtime_dir, timeout=CONNECTING, messages=subprocess.DEVNULL)

@@ -10,13 +10,15 @@ from enum import Enum
 from pathlib import Path
 from typing import Any
 
+from kelutv import LinkLost, NoService, TelevisionError
+
 from kelutv_station.plan.checking import ReadyCall, ReadyPlan, needs_events
 from kelutv_station.plan.limits import Limit, is_named
 from kelutv_station.plan.plan import Call, Picture, Prompt, Snapshot, Step, Unit, Wait
 from kelutv_station.run.questions import Question, Questions, Stopped
 from kelutv_station.run.results import Measurement, Verdict
 from kelutv_station.run.snapshots import compare_with_golden
-from kelutv_station.run.television import Connect, Event, EventsBehind, Television
+from kelutv_station.run.television import Connect, Event, EventLog, Television
 from kelutv_station.tool import Tool, ToolError
 
 YES, NO = "y", "n"
@@ -49,6 +51,7 @@ class Performer:
     def __init__(self, ready: ReadyPlan, unit: Unit, equipment: Equipment) -> None:
         self._ready, self._unit, self._equipment = ready, unit, equipment
         self._television: Television | None = None
+        self._events: EventLog | None = None
 
     def close(self) -> None:
         """Ends the connection."""
@@ -62,23 +65,31 @@ class Performer:
             Call: self._call, Wait: self._wait, Prompt: self._prompt, Picture: self._picture, Snapshot: self._snapshot}
         try:
             if needs_events(self._ready.plan) and not isinstance(step, Wait):
-                EventsBehind(self._connection(step)).mark()
+                self._event_log().mark()
             return kinds[type(step)](step)
         except Stopped:
             raise
         except Exception as error:
             return outcome_of(error)
 
-    def _connection(self, step: Step) -> Television:
+    def _connection(self) -> Television:
         if self._television is None:
-            self._television = self._equipment.connect(self._unit, self._timeout(step))
+            self._television = self._equipment.connect(self._unit)
+        self._television.connect()
         return self._television
+
+    def _event_log(self) -> EventLog:
+        connection = self._connection()
+        if self._events is None:
+            self._events = EventLog(connection)
+            self._events.mark()
+        return self._events
 
     def _timeout(self, step: Step) -> float:
         return step.timeout or self._unit.timeout or self._ready.plan.timeout
 
     def _make(self, call: ReadyCall, step: Step) -> Any:
-        return self._connection(step).call(call.function.name, *call.arguments)
+        return self._connection().call(call.function.name, *call.arguments, timeout=self._timeout(step))
 
     def _call(self, step: Call) -> Outcome:
         call = self._ready.call(self._unit, step)
@@ -88,7 +99,7 @@ class Performer:
     def _wait(self, step: Wait) -> Outcome:
         wanted, timeout, seen = self._ready.waits[step.name], self._timeout(step), 0
         begun = time.monotonic()
-        for event in EventsBehind(self._connection(step)).until(begun + timeout):
+        for event in self._event_log().until(begun + timeout):
             if wanted.event.first <= event.id <= wanted.event.last:
                 if fits(event, wanted.fields):
                     return Outcome(Verdict.PASS, measurements=_fields_of(event, time.monotonic() - begun))
@@ -128,15 +139,11 @@ class Performer:
 
 def outcome_of(error: Exception) -> Outcome:
     """What an exception says of a unit: the television's own are failures, any other is the station's error."""
-    for name, outcome in (
-        ("NoService", Outcome(Verdict.ERROR, ends_unit=True)),
-        ("LinkLost", Outcome(Verdict.FAIL, ends_unit=True)),
-        ("TelevisionError", Outcome(Verdict.FAIL)),
-    ):
-        if any(kind.__name__ == name for kind in type(error).__mro__):
-            return dataclasses.replace(outcome, reason=str(error))
-    kind = "" if isinstance(error, ToolError) else f"{type(error).__name__}: "
-    return Outcome(Verdict.ERROR, f"{kind}{error}")
+    if isinstance(error, NoService):
+        return Outcome(Verdict.ERROR, str(error), ends_unit=True)
+    if isinstance(error, TelevisionError):
+        return Outcome(Verdict.FAIL, str(error), ends_unit=isinstance(error, LinkLost))
+    return Outcome(Verdict.ERROR, str(error) if isinstance(error, ToolError) else f"{type(error).__name__}: {error}")
 
 
 def measured(call: ReadyCall, result: Any, limits: Mapping[str, Limit]) -> tuple[Measurement, ...]:

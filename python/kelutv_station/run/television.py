@@ -2,11 +2,15 @@
 
 from __future__ import annotations
 
+import threading
 import time
-from collections.abc import Callable, Iterator
+from collections import deque
+from collections.abc import Callable, Iterator, Mapping
 from typing import Any, Protocol
 
 from kelutv_station.plan.plan import Unit
+
+MOST_EVENTS = 4096
 
 
 class Event(Protocol):
@@ -17,38 +21,65 @@ class Event(Protocol):
         """Its number."""
 
     @property
-    def fields(self) -> dict[str, Any]:
+    def fields(self) -> Mapping[str, Any]:
         """Its fields by name."""
 
 
 class Television(Protocol):
     """A connection that calls functions and receives events."""
 
-    def call(self, function: str, *arguments: Any) -> Any:
-        """Calls a function by the name that it has in C."""
+    def connect(self) -> None:
+        """Connects, unless it is connected."""
 
-    def events(self, timeout: float) -> Iterator[Event]:
-        """The events that come within this time, in seconds."""
+    def call(self, function: str, *arguments: Any, timeout: float | None = None) -> Any:
+        """Calls a function by the name that it has in C, within so many seconds."""
+
+    def events(self) -> Iterator[Event]:
+        """The events that come from now on."""
 
     def close(self) -> None:
-        """Ends the connection."""
+        """Ends the connection, and with it the events."""
 
 
-Connect = Callable[[Unit, float], Television]
+Connect = Callable[[Unit], Television]
 
 
-class EventsBehind:
-    """The events of a television behind a mark; each is handed out once."""
+class EventLog:
+    """The events of a television behind a mark, each handed out once; beyond MOST_EVENTS the oldest are lost."""
 
     def __init__(self, television: Television) -> None:
         self._television = television
+        self._condition = threading.Condition()
+        self._waiting: deque[Event] = deque(maxlen=MOST_EVENTS)
+        self._is_listening = False
 
     def mark(self) -> None:
-        """Forgets what has come so far."""
-        for _ in self._television.events(0):
-            pass
+        """Forgets what has come so far. Listens anew where the connection was lost."""
+        if not self._is_listening:
+            events = self._television.events()
+            self._is_listening = True
+            threading.Thread(target=self._collect, args=(events,), daemon=True).start()
+        with self._condition:
+            self._waiting.clear()
 
     def until(self, deadline: float) -> Iterator[Event]:
-        """Events as they come, until the deadline of time.monotonic()."""
-        while (left := deadline - time.monotonic()) > 0:
-            yield from self._television.events(left)
+        """Events as they come, until the deadline of time.monotonic() or the end of the connection."""
+        while (event := self._next(deadline)) is not None:
+            yield event
+
+    def _next(self, deadline: float) -> Event | None:
+        with self._condition:
+            self._condition.wait_for(lambda: self._waiting or not self._is_listening, deadline - time.monotonic())
+            return self._waiting.popleft() if self._waiting else None
+
+    def _collect(self, events: Iterator[Event]) -> None:
+        try:
+            for event in events:
+                with self._condition:
+                    self._waiting.append(event)
+                    self._condition.notify()
+        except Exception:  # The connection has ended; the next call says how.
+            pass
+        with self._condition:
+            self._is_listening = False
+            self._condition.notify()

@@ -12,7 +12,7 @@ from kelutv_station.run.station import Status
 BOLD, QUIET, GREEN, RED, YELLOW, INVERSE, PLAIN = (f"\x1b[{code}m" for code in ("1", "2", "32", "31", "33", "7", "0"))
 COLOURS = {
     Verdict.PASS: GREEN, Verdict.FAIL: RED, Verdict.ERROR: RED, Verdict.UNKNOWN: YELLOW, Verdict.LEFT_OUT: YELLOW}
-ROWS_OF_QUESTION = 8
+ROWS_OF_QUESTION = 9
 
 
 @dataclass(frozen=True)
@@ -70,24 +70,26 @@ def _question(view: View, width: int) -> list[str]:
         return [cut(" Stopping: each unit ends the step under way.", width)]
     if view.selected is None:
         latest = f" {view.latest.unit}: {view.latest.step}: {view.latest.verdict.value}" if view.latest else ""
-        return [_coloured(cut(latest, width), QUIET), "", _keys([("q", "stop")], width)]
+        return [_coloured(cut(latest, width), QUIET), "", *_keys([("q", "stop")], width)]
     others = [("Tab", f"next of {len(view.questions)}")] if len(view.questions) > 1 else []
     return [
         _coloured(cut(f" {view.selected.unit}: {view.selected.step}", width), BOLD),
-        *(f" {line}" for line in wrapped(view.selected.text, width - 2)[: ROWS_OF_QUESTION - 4]), "",
-        _keys([*view.selected.answers, *others, ("q", "stop")], width),
+        *(f" {line}" for line in wrapped(view.selected.text, width - 2)[: ROWS_OF_QUESTION - 5]), "",
+        *_keys([*view.selected.answers, *others, ("q", "stop")], width),
     ]
 
 
-def _keys(keys: Sequence[tuple[str, str]], width: int) -> str:
-    """The keys with what each does, as many as there is room for."""
-    row, length = "", 0
+def _keys(keys: Sequence[tuple[str, str]], width: int) -> list[str]:
+    """The keys with what each does, in as many rows as they take."""
+    rows, length = [""], 0
     for key, meaning in keys:
+        meaning = cut(meaning, width - len(key) - 5)
         length += len(key) + len(meaning) + 5
         if length > width:
-            break
-        row += f" {INVERSE} {key} {PLAIN} {meaning}"
-    return row
+            rows.append("")
+            length = len(key) + len(meaning) + 5
+        rows[-1] += f" {INVERSE} {key} {PLAIN} {meaning} "
+    return rows
 
 
 def wrapped(text: str, width: int) -> list[str]:

@@ -15,7 +15,7 @@ sys.path.insert(0, str(ROOT / "tests"))
 
 from support.television import PATIENCE, Television  # noqa: E402
 
-STATION = [sys.executable, "-B", "-m", "kelutv_station"]
+STATION = [sys.executable, "-m", "kelutv_station"]
 
 
 class TracedTelevision(Television):
