@@ -1,8 +1,8 @@
 #include "tools/kelutv/Program.h"
 
 #include "tools/kelutv/commands/Commands.h"
-#include "tools/kelutv/compliance/ComplianceCommand.h"
 #include "tools/kelutv/comparison/DiffCommand.h"
+#include "tools/kelutv/compliance/ComplianceCommand.h"
 #include "tools/kelutv/doctor/DoctorCommand.h"
 #include "tools/kelutv/newservice/NewServiceCommand.h"
 #include "tools/kelutv/recordings/RecordCommand.h"
@@ -79,28 +79,18 @@ constexpr NamedCommand kCommands[] = {
     {"trace", addTraceCommand},
     {"top", addTopCommand},
     {"record", addRecordCommand},
-    {"recording", addRecordingCommand},
+    {"recording", addWholeRecordingCommand},
     {"monitor", addMonitorCommand},
     {"wait", addWaitCommand},
     {"doctor", addDoctorCommand},
+    {"compliance", addComplianceCommand},
     {"snapshot", addSnapshotCommand},
     {"eep", addEepCommand},
     {"sim", addSimCommand},
     {"new-service", addNewServiceCommand},
-    {"compliance", addComplianceCommand},
-    {"eep", addEepCommand},
-    {"sim", addSimCommand},
     {"repl", addReplCommand, true},
     {"help", addHelpCommand, true},
     {"complete", addCompleteCommand},
-    {"status", addStatusCommand},     {"sources", addSourcesCommand},   {"cec", addCecCommand},
-    {"power", addPowerCommand},       {"get", addGetCommand},           {"set", addSetCommand},
-    {"list", addListCommand},         {"describe", addDescribeCommand}, {"call", addCallCommand},
-    {"encode", addEncodeCommand},     {"decode", addDecodeCommand},     {"trace", addTraceCommand},
-    {"top", addTopCommand},           {"record", addRecordCommand},     {"recording", addWholeRecordingCommand},
-    {"monitor", addMonitorCommand},   {"wait", addWaitCommand},         {"doctor", addDoctorCommand},
-    {"snapshot", addSnapshotCommand}, {"eep", addEepCommand},           {"sim", addSimCommand},
-    {"repl", addReplCommand, true},   {"help", addHelpCommand, true},   {"complete", addCompleteCommand},
 };
 
 /** Adds the one that the first word names, since to describe them takes time, or all. */
