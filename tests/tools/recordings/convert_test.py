@@ -8,6 +8,7 @@ import struct
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from pathlib import Path
 
@@ -50,6 +51,24 @@ class Converted(unittest.TestCase):
         self.assertIn(" recorded in ", run.stderr)
         return [json.loads(line) for line in file.read_text(encoding="utf-8").splitlines()]
 
+    def record_with_events(self, television: Television, count: int, given: str) -> None:
+        """Records the interactive tool, which is told what is given and ends when as many events are recorded."""
+        file = self.folder / "recording.jsonl"
+        command = [TOOL, "record", "--events", "-o", str(file), "--", TOOL, "repl"]
+        with subprocess.Popen(command, env=television.environment, stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.PIPE, text=True) as recorder:
+            self.addCleanup(recorder.kill)
+            recorder.stdin.write(given)
+            recorder.stdin.flush()
+            self.wait_for_events(file, count)
+            self.assertIn(" recorded in ", recorder.communicate(timeout=PATIENCE)[1])
+
+    def wait_for_events(self, file: Path, count: int) -> None:
+        deadline = time.monotonic() + PATIENCE
+        while not file.exists() or file.read_text(encoding="utf-8").count('"kind":"event"') < count:
+            self.assertLess(time.monotonic(), deadline, f"{count} events are not in {file}")
+            time.sleep(0.01)
+
     def converted(self, form: str) -> Path:
         file = self.folder / form
         subprocess.run([TOOL, "recording", "convert", str(self.folder / "recording.jsonl"), "--to", form, "-o", str(file)],
@@ -72,7 +91,7 @@ class Converted(unittest.TestCase):
 
     def test_a_scenario_does_what_nobody_asked_for(self) -> None:
         with Television(SIMULATOR) as television:
-            self.record(television, TOOL, "repl", given=SCRIPT)
+            self.record_with_events(television, 3, SCRIPT)
         scenario = self.converted("scenario")
         lines = scenario.read_text(encoding="utf-8").splitlines()
         self.assertIn("fault CMD_AUDIO_GETVOLUME nth 2 error -5", lines)
