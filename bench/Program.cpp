@@ -25,13 +25,14 @@ struct Measurement {
     void (*run)(Extent);
 };
 
-constexpr std::array<Measurement, 7> kMeasurements{{{"calls", measureCalls},
+constexpr std::array<Measurement, 8> kMeasurements{{{"calls", measureCalls},
                                                     {"threads", measureThreads},
                                                     {"clients", measureClients},
                                                     {"replies", measureReplies},
                                                     {"events", measureEvents},
                                                     {"idle", measureIdleClients},
-                                                    {"first_answer", measureFirstAnswer}}};
+                                                    {"first_answer", measureFirstAnswer},
+                                                    {"recorded_calls", measureRecordedCalls}}};
 
 /** A folder in which processes meet, removed with all that is in it. */
 class Folder {

@@ -18,5 +18,7 @@ void measureEvents(Extent extent);
 void measureIdleClients(Extent extent);
 /** How long a process takes to its first answer. */
 void measureFirstAnswer(Extent extent);
+/** What a call takes that is recorded, and one that is not. */
+void measureRecordedCalls(Extent extent);
 
 } // namespace kelutv::bench

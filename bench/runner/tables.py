@@ -146,6 +146,13 @@ def idle_words(idle: Figures) -> str:
     )
 
 
+def recorded_words(recorded: Figures) -> str:
+    return (
+        f"A call that is recorded takes {number(recorded['recorded_call_us'])} us where one that is not takes "
+        f"{number(recorded['call_us'])} us, both by turns in one run.\n"
+    )
+
+
 PARTS: dict[str, Callable[[Figures], str]] = {
     "calls": calls_table,
     "instructions": instructions_table,
@@ -155,6 +162,7 @@ PARTS: dict[str, Callable[[Figures], str]] = {
     "events": events_table,
     "first_answer": first_answer_part,
     "idle": idle_words,
+    "recorded_calls": recorded_words,
 }
 # The pages that show figures, and of which measurements.
 PAGES = {"README.md": ("calls", "instructions", "threads", "first_answer", "idle"), "docs/speed.md": tuple(PARTS)}

@@ -4,11 +4,7 @@
 #include <kelutv/linux_kelutv_factory.h>
 #include <kelutv/linux_kelutv_notify.h>
 
-#include "tools/trace/Frame.h"
-
-#include <fcntl.h>
 #include <pthread.h>
-#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -113,46 +109,6 @@ void sendWithoutEnd() {
     }
 }
 
-/** What lies beside the pipe of the recorder. */
-kelutv::trace::Notes* mappedNotes() {
-    const char* const pipe = std::getenv(kelutv::trace::kRecordVariable);
-    const int fd = ::open((std::string(pipe != nullptr ? pipe : "") + kelutv::trace::kNotesSuffix).c_str(), O_RDWR);
-    void* const memory = ::mmap(nullptr, sizeof(kelutv::trace::Notes), PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0);
-    ::close(fd);
-    return memory != MAP_FAILED ? static_cast<kelutv::trace::Notes*>(memory) : nullptr;
-}
-
-long nanosecondsOfCall() {
-    const auto begin = std::chrono::steady_clock::now();
-    linux_tv_Audio_setVolume(0, 7);
-    return static_cast<long>(
-        std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now() - begin).count());
-}
-
-long medianOf(std::vector<long>& times) {
-    std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2), times.end());
-    return times[times.size() / 2];
-}
-
-/** Prints how many nanoseconds a call takes that is recorded and one that is not, one after the other. */
-int compareCosts() {
-    kelutv::trace::Notes* const notes = mappedNotes();
-    if (notes == nullptr) {
-        return 1;
-    }
-    const std::uint32_t wanted = notes->wanted;
-    std::vector<long> recorded;
-    std::vector<long> unrecorded;
-    for (int i = 0; i < 2000; ++i) {
-        notes->wanted = wanted;
-        recorded.push_back(nanosecondsOfCall());
-        notes->wanted = 0;
-        unrecorded.push_back(nanosecondsOfCall());
-    }
-    std::printf("recorded %ld unrecorded %ld\n", medianOf(recorded), medianOf(unrecorded));
-    return 0;
-}
-
 /** Ends the first thread, and goes on in another once SIGUSR1 has come. */
 void sendBehindFirstThread() {
     linux_tv_Audio_setVolume(0, 1);
@@ -254,8 +210,6 @@ int run(const char* program, const std::string& action) {
         linux_tv_Audio_setVolume(0, 4);
         ::execl(program, program, "print", nullptr);
         return 99;
-    } else if (action == "cost") {
-        return compareCosts();
     } else if (action == "event") {
         return awaitEvent();
     } else if (action == "wait") {

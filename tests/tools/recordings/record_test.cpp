@@ -269,24 +269,6 @@ TEST(Record, aSignalEndsARecorderWhoseDiskTakesNothing) {
     EXPECT_EQ(status, SIGTERM);
 }
 
-/** In nanoseconds, what a call that is recorded takes more than one that is not; both in one run, by turns. */
-int costOfRecording() {
-    const Recorded recorded = recordClient("cost");
-    const auto times = Pattern("recorded (\\d+) unrecorded (\\d+)\n").match(recorded.run.output);
-    EXPECT_FALSE(times.empty()) << recorded.run.error;
-    return times.empty() ? 0 : std::stoi(times[1]) - std::stoi(times[2]);
-}
-
-TEST(Record, costsACallTenMicrosecondsAtMost) {
-    // The medians of one of three runs: others may want the processors, too.
-    constexpr int kMost = 10000;
-    int least = costOfRecording();
-    for (int runs = 1; runs < 3 && least > kMost; ++runs) {
-        least = std::min(least, costOfRecording());
-    }
-    EXPECT_LE(least, kMost);
-}
-
 /** The environment in which programs record themselves. */
 Words ownRecording(const RecordingFolders& folders) {
     Words environment = folders.environment();
