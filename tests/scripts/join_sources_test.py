@@ -121,6 +121,19 @@ class JoinSources(unittest.TestCase):
         self.joined()
         self.assertEqual((self.build / "joined/room/.clang-tidy").read_text(), "Checks: x\n")
 
+    def test_groupsOfSourcesArePrinted(self) -> None:
+        for name, text in {
+            "a": "namespace {\nint thing;\n} // namespace\n",
+            "b": "namespace {\nint thing;\n} // namespace\n",
+            "other/c": "namespace {\nint another;\n} // namespace\n",
+        }.items():
+            self.source(f"{name}.cpp", text)
+        done = subprocess.run(
+            [self.root / "scripts/join-sources", "--groups", "a.cpp", "b.cpp", "other/c.cpp"],
+            cwd=self.root, check=True, capture_output=True, text=True,
+        )  # fmt: skip
+        self.assertEqual(done.stdout, "a.cpp;other/c.cpp\nb.cpp\n")
+
     def test_whatIsGeneratedIsLeftOut(self) -> None:
         self.source("build/tidy/wire/made.cpp", "")
         self.source("room/a.cpp", "")
