@@ -40,14 +40,10 @@ bool isNamed(const wire::Enumeration& names, const Value& value) {
 }
 
 /** What of the request has a number that its names do not have; null for nothing. */
-const char* unnamedIn(const wire::Request& request, const wire::Rows<wire::Operand>& operands) {
-    for (const wire::Operand& operand : operands) {
-        if (operand.index < 0) {
-            continue;
-        }
-        const auto index = static_cast<std::size_t>(operand.index);
-        const wire::RequestItem& item = request.operation->request[index];
-        const Values& values = request.arguments[index];
+const char* unnamedIn(const wire::Request& request) {
+    for (std::size_t i = 0; i < request.arguments.size(); ++i) {
+        const wire::RequestItem& item = request.operation->request[i];
+        const Values& values = request.arguments[i];
         if (item.names != nullptr && !std::all_of(values.begin(), values.end(), [&item](const Value& value) {
                 return isNamed(*item.names, value);
             })) {
@@ -86,7 +82,7 @@ Reply Settings::answer(const Request& request, Events& events) {
     if (mSettings.count(request.state()) == 0) {
         return Reply::refused();
     }
-    if (const char* const unnamed = unnamedIn(request.wire(), request.wire().operation->rule.indexes)) {
+    if (const char* const unnamed = unnamedIn(request.wire())) {
         return Reply::outOfRange(std::string(unnamed) + " has no such value");
     }
     return request.access() == Request::Access::Set ? set(request, events) : get(request);
@@ -128,9 +124,6 @@ const Setting& Settings::settingOf(const std::string& state) const {
 Reply Settings::set(const Request& request, Events& events) {
     const Setting& setting = settingOf(request.state());
     const Values values = request.given();
-    if (const char* const unnamed = unnamedIn(request.wire(), request.wire().operation->rule.values)) {
-        return Reply::outOfRange(std::string(unnamed) + " has no such value");
-    }
     if (!std::all_of(values.begin(), values.end(), [&](const Value& value) { return isWithin(setting, value); })) {
         return Reply::outOfRange(request.state() + " goes from " + std::to_string(setting.least) + " to " +
                                  std::to_string(setting.greatest));

@@ -75,6 +75,7 @@ TEST_F(SettingsTest, refuseNumbersWithoutAName) {
     EXPECT_EQ(setVolume(12345, 35).result(), kOutOfRange);
     EXPECT_EQ(answer(requestOf(CMD_AUDIO_GETVOLUME, {12345})).result(), kOutOfRange);
     EXPECT_EQ(answer(requestOf(CMD_AUDIO_SETSOUNDMODE, {12345})).result(), kOutOfRange);
+    EXPECT_EQ(answer(requestOf(CMD_AUDIO_SETMUTE, {kSpeaker, 1, 12345})).result(), kOutOfRange);
 }
 
 TEST_F(SettingsTest, refuseWhatIsNoStateOfTheirs) {

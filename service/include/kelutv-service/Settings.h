@@ -29,7 +29,7 @@ struct Setting {
 /**
  * Keeps states of the catalogue: what is set under some keys is what is read under the same. Not synchronised.
  *
- * A number that the catalogue has names for must be one of these, as key and as value.
+ * A number of a request that the catalogue has names for must be one of these.
  */
 class Settings {
 public:
