@@ -1,4 +1,4 @@
-"""A simulated television for tests in Python, in a runtime directory of its own."""
+"""A simulated television, or a service of another name, for tests in Python, in a runtime directory of its own."""
 
 from __future__ import annotations
 
@@ -9,7 +9,6 @@ import tempfile
 from pathlib import Path
 
 PATIENCE = 20
-READY = "kelutv-simulator: ready (TVBaseService)\n"
 # What a shell may have set for the tool, the client library and the platform.
 SETTINGS = ("KELUTV_", "KQDROID_", "KQLOG_")
 
@@ -24,26 +23,28 @@ def own_environment() -> dict[str, str]:
 
 
 class Television:
-    """Runs the simulator while the context lasts."""
+    """Runs the simulator, or another service, while the context lasts."""
 
     def __init__(self, simulator: str, *options: str) -> None:
+        self._ready = f"{Path(simulator).name}: ready (TVBaseService)\n"
         self._command = [*os.environ.get("KELUTV_EMULATOR", "").split(), simulator, *options]
 
     def __enter__(self) -> Television:
         self._folder = tempfile.TemporaryDirectory()
         self.environment = {**own_environment(), "KQDROID_RUNTIME_DIR": str(Path(self._folder.name) / "runtime")}
         self._process = subprocess.Popen(self._command, env=self.environment, stdout=subprocess.PIPE, text=True)
-        if self._process.stdout.readline() != READY:
+        if self._process.stdout.readline() != self._ready:
             self.__exit__()
-            raise RuntimeError("the simulator did not get ready")
+            raise RuntimeError(f"{self._command[-1]} did not get ready")
         return self
 
     def __exit__(self, *_: object) -> None:
         self.end()
         self._folder.cleanup()
 
-    def end(self) -> None:
-        """Switches it off; does nothing when it is off."""
+    def end(self) -> int:
+        """Switches it off; does nothing when it is off. Returns its exit code."""
         self._process.send_signal(signal.SIGTERM)
         self._process.wait(PATIENCE)
         self._process.stdout.close()
+        return self._process.returncode
