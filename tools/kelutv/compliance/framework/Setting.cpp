@@ -136,6 +136,9 @@ std::optional<Outcome> Setting::send(const SetCall& call) const {
         if (!answer.isSuccess()) {
             return Outcome{Verdict::refused, refusalIn(answer), answer.exchange};
         }
+        if (answer.reading.flaw) {
+            return Outcome{Verdict::failed, "the answer to the set: " + textOf(*answer.reading.flaw), answer.exchange};
+        }
     }
     return std::nullopt;
 }
