@@ -22,6 +22,7 @@ BUILD, PACKAGE = os.environ.get("KELUTV_BUILD"), os.environ.get("KELUTV_CMAKE_PA
 COMPONENTS = ("runtime", "development", "platform", "platform_development")
 REFUSED = 4
 BUILD_PATIENCE = 120
+RUN_PATIENCE = 100
 
 
 class OwnService(unittest.TestCase):
@@ -42,6 +43,22 @@ class OwnService(unittest.TestCase):
         run = self.ask(television, *words)
         self.assertEqual(run.returncode, REFUSED, words)
         self.assertIn(f"the service answered {result}\n", run.stderr)
+
+
+    def assert_complies(self, television: Television, *choice: str) -> str:
+        """No check of the compliance run fails. Gives the line with the numbers of verdicts."""
+        folder = self.enterContext(tempfile.TemporaryDirectory())
+        run = subprocess.run(
+            [TOOL, "compliance", *choice],
+            cwd=folder,
+            env=television.environment,
+            capture_output=True,
+            text=True,
+            timeout=RUN_PATIENCE,
+            check=False,
+        )
+        self.assertEqual(run.returncode, 0, run.stdout[-10_000:] + run.stderr)
+        return run.stdout.splitlines()[-1]
 
 
 class Example(OwnService):
@@ -85,6 +102,10 @@ class Example(OwnService):
             event = json.loads(monitor.stdout.readline())
         self.assertEqual(event["name"], "volumeChanged")
 
+    def test_complies(self) -> None:
+        verdicts = self.assert_complies(self.television, "audio")
+        self.assertNotRegex(verdicts, "[1-9][0-9]* failed|refused|inconclusive")
+
     def test_is_the_only_one(self) -> None:
         second = subprocess.run(
             [EXAMPLE], env=self.television.environment, capture_output=True, text=True, timeout=PATIENCE, check=False
@@ -123,6 +144,7 @@ class Project(OwnService):
         television = self.serve(program)
         self.assert_refused(television, "-112, not provided", "call", "audio.setVolume", "speaker", "35")
         self.assert_refused(television, "-112, not provided", "call", "picture.getBrightness")
+        self.assertIn(" refused", self.assert_complies(television))
         self.assertEqual(television.end(), 0)
 
 
