@@ -21,26 +21,21 @@ using AddChecks = void (*)(Checks& checks, const Terms& terms);
 /** In the order in which they are made. */
 constexpr AddChecks kFamilies[] = {addFormChecks, addStateChecks, addRefusalChecks, addEventChecks};
 
-bool isMeant(const Subject& subject, const std::string& word) {
-    const std::string lowered = wire::lowered(word);
-    return lowered == subject.module || lowered == subject.family || lowered == wire::lowered(subject.function) ||
-           lowered == wire::lowered(subject.id) || wire::Pattern(word).matches(subject.id);
+using Meaning = std::function<bool(const Subject& subject)>;
+
+/** Of a module's or a family's name: what belongs to it, whatever else has such a piece in its identifier. */
+Meaning belongsTo(const std::string& name) {
+    return [name](const Subject& subject) { return name == subject.module || name == subject.family; };
 }
 
-/** A word that is a module's or a family's name means that, and no piece of an identifier. */
-bool isName(const Checks& checks, const std::string& word) {
-    const std::string lowered = wire::lowered(word);
-    return std::any_of(checks.begin(), checks.end(), [&lowered](const auto& check) {
-        return lowered == check->subject().module || lowered == check->subject().family;
-    });
-}
-
-std::function<bool(const Subject&)> meaningOf(const Checks& checks, const std::string& word) {
-    if (!isName(checks, word)) {
-        return [word](const Subject& subject) { return isMeant(subject, word); };
+Meaning meaningOf(const Checks& checks, const std::string& word) {
+    const Meaning belongs = belongsTo(wire::lowered(word));
+    if (std::any_of(checks.begin(), checks.end(), [&](const auto& check) { return belongs(check->subject()); })) {
+        return belongs;
     }
-    return [lowered = wire::lowered(word)](const Subject& subject) {
-        return lowered == subject.module || lowered == subject.family;
+    return [word, pattern = wire::Pattern(word)](const Subject& subject) {
+        // The brackets around keys are not those of a pattern when the whole identifier is given.
+        return word == subject.function || word == subject.id || pattern.matches(subject.id);
     };
 }
 
@@ -70,7 +65,7 @@ Checks chosenChecks(const std::vector<std::string>& words, const Terms& terms) {
     }
     std::vector<bool> isChosen(all.size());
     for (const std::string& word : words) {
-        const auto means = meaningOf(all, word);
+        const Meaning means = meaningOf(all, word);
         bool isUsed = false;
         for (std::size_t i = 0; i < all.size(); ++i) {
             if (means(all[i]->subject())) {

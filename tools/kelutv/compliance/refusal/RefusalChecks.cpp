@@ -64,7 +64,9 @@ private:
     Outcome judge(Television& television, const Bytes& request) const {
         for (const Malformed& malformed : mWay.make(request)) {
             const Exchange exchange = television.ask(malformed.request);
-            Outcome outcome = outcomeOf(exchange, mFunction.statusIsValue, mWay.whenTaken);
+            Outcome outcome = exchange.status != 0 && !television.isAlive()
+                                  ? Outcome{Verdict::failed, "ends the service", std::nullopt}
+                                  : outcomeOf(exchange, mFunction.statusIsValue, mWay.whenTaken);
             if (outcome.verdict != Verdict::passed) {
                 outcome.reason = "a request that " + malformed.what + ' ' + outcome.reason;
                 outcome.exchange = exchange;

@@ -1,0 +1,56 @@
+#include "tools/compliance/Judged.h"
+
+#include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/Runner.h"
+
+namespace kelutv::test {
+
+using tool::compliance::CheckResult;
+using tool::compliance::Verdict;
+
+namespace {
+
+/** `refusal.range` of `refusal.audio.setVolume.range.vol`. */
+std::string aspectOf(const CheckResult& result) {
+    const std::string ranges = ".range.";
+    const std::size_t range = result.id.find(ranges);
+    return result.family + (range != std::string::npos ? ".range" : result.id.substr(result.id.rfind('.')));
+}
+
+} // namespace
+
+Judged judged(const std::vector<std::string>& words, double limit) {
+    return tool::compliance::runChecks(tool::compliance::chosenChecks(words, {}), limit, [](const CheckResult&) {});
+}
+
+Names identifiers(const Judged& results, Verdict verdict) {
+    Names names;
+    for (const CheckResult& result : results) {
+        if (result.verdict == verdict) {
+            names.insert(result.id);
+        }
+    }
+    return names;
+}
+
+Names aspectsNotPassed(const Judged& results) {
+    Names aspects;
+    for (const CheckResult& result : results) {
+        if (result.verdict != Verdict::passed && result.verdict != Verdict::leftOut) {
+            aspects.insert(aspectOf(result) + ' ' + tool::compliance::nameOf(result.verdict));
+        }
+    }
+    return aspects;
+}
+
+std::map<std::string, int> failuresByAspect(const Judged& results) {
+    std::map<std::string, int> failures;
+    for (const CheckResult& result : results) {
+        if (result.verdict == Verdict::failed) {
+            ++failures[aspectOf(result)];
+        }
+    }
+    return failures;
+}
+
+} // namespace kelutv::test

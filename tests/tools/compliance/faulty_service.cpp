@@ -1,0 +1,119 @@
+// A television that keeps what it is told, but for the one fault that its argument names.
+
+#include "wire/codec/Refusal.h"
+#include "wire/codec/Reply.h"
+#include "wire/codec/Request.h"
+#include "wire/codec/Token.h"
+
+#include <binder/Binder.h>
+#include <binder/IPCThreadState.h>
+#include <binder/IServiceManager.h>
+#include <binder/Parcel.h>
+#include <binder/ProcessState.h>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <map>
+#include <mutex>
+#include <string>
+#include <utility>
+
+namespace kelutv::test {
+namespace {
+
+using wire::Result;
+
+class FaultyBinder : public android::BBinder {
+public:
+    explicit FaultyBinder(std::string fault) : mFault(std::move(fault)) {}
+
+protected:
+    android::status_t onTransact(uint32_t code, const android::Parcel& data, android::Parcel* reply,
+                                 uint32_t flags) override {
+        if (code != FIRST_CALL_TRANSACTION) {
+            return has("takes any code") ? reply->writeInt32(0) : BBinder::onTransact(code, data, reply, flags);
+        }
+        const std::lock_guard<std::mutex> lock(mMutex);
+        wire::ByteReader bytes(data.data(), data.dataSize());
+        const wire::Request request =
+            wire::readToken(bytes) ? wire::readRequestBehindToken(bytes) : wire::requestWithWrongToken(bytes);
+        return wire::writeReply(request.refusal ? refuse(request) : perform(request), *reply);
+    }
+
+private:
+    bool has(const char* fault) const { return mFault == fault; }
+
+    wire::Reply refuse(const wire::Request& request) {
+        static const std::map<std::string, Result> overlooked{{"takes any token", Result::WrongToken},
+                                                              {"takes less", Result::MissingData},
+                                                              {"takes more", Result::TooMuchData},
+                                                              {"takes any item", Result::UnknownItem},
+                                                              {"takes any command", Result::UnknownCommand}};
+        const auto found = overlooked.find(mFault);
+        if (found != overlooked.end() && found->second == request.refusal->result) {
+            return {};
+        }
+        if (has("dies of less") && request.refusal->result == Result::MissingData) {
+            ::_exit(1);
+        }
+        if (has("sets what it refuses") && request.refusal->result == Result::TooMuchData) {
+            wire::Request whole = request;
+            whole.operation = wire::operationOf(*request.command, request.arguments);
+            perform(whole);
+        }
+        return wire::replyTo(*request.refusal);
+    }
+
+    wire::Reply perform(const wire::Request& request) {
+        const wire::Operation& operation = *request.operation;
+        const wire::StateRule& rule = operation.rule;
+        if (rule.access == wire::StateRule::Access::None) {
+            return wire::replyWith(operation, request.arguments, {});
+        }
+        auto& kept = mStates[rule.key];
+        const wire::Values indexes = wire::valuesOf(rule.indexes, request.arguments);
+        if (rule.access == wire::StateRule::Access::Get) {
+            return wire::replyWith(operation, request.arguments, kept[indexes]);
+        }
+        return set(kept, indexes, wire::valuesOf(rule.values, request.arguments));
+    }
+
+    wire::Reply set(std::map<wire::Values, wire::Values>& kept, const wire::Values& indexes,
+                    const wire::Values& values) const {
+        if (has("refuses what is set") && kept[indexes] == values) {
+            return wire::replyTo({Result::NotStored, ""});
+        }
+        if (has("forgets")) {
+            return {};
+        }
+        kept[indexes] = values;
+        for (auto& [others, theirs] : kept) {
+            theirs = has("sets all keys") ? values : theirs;
+        }
+        return {};
+    }
+
+    std::string mFault;
+    std::mutex mMutex;
+    std::map<const wire::StateKey*, std::map<wire::Values, wire::Values>> mStates;
+};
+
+} // namespace
+} // namespace kelutv::test
+
+int main(int /*count*/, char** arguments) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    android::ProcessState::self()->startThreadPool();
+    const android::sp<android::IBinder> service = new kelutv::test::FaultyBinder(arguments[1]);
+    if (android::defaultServiceManager()->addService(android::String16("TVBaseService"), service) !=
+        android::NO_ERROR) {
+        return 1;
+    }
+    std::puts("ready");
+    std::fflush(stdout);
+    android::IPCThreadState::self()->joinThreadPool();
+    return 0;
+}

@@ -1,0 +1,83 @@
+#include "tools/compliance/Judged.h"
+
+#include "support/ChildProcess.h"
+#include "support/RuntimeDir.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace kelutv::test {
+namespace {
+
+using tool::compliance::CheckResult;
+using tool::compliance::Verdict;
+
+class FaultyServices : public ::testing::Test {
+protected:
+    void turnOn(const std::string& fault) {
+        mService.reset();
+        ChildProcess::Options options;
+        options.captureOutput = true;
+        mService = std::make_unique<ChildProcess>(std::vector<std::string>{KELUTV_FAULTY_SERVICE, fault}, options);
+        ASSERT_TRUE(mService->output().waitFor("ready\n"));
+    }
+
+private:
+    RuntimeDir mRuntimeDir;
+    std::unique_ptr<ChildProcess> mService;
+};
+
+/** What each fault is to be found by, and what is found of it besides. */
+TEST_F(FaultyServices, failWhatConcernsTheirFaultAndNothingElse) {
+    struct Case {
+        const char* fault;
+        Names failed;
+    };
+    const Case cases[] = {
+        {"none", {}},
+        {"forgets", {"state.kept", "state.twice"}},
+        {"refuses what is set", {"state.twice"}},
+        {"sets all keys", {"state.others"}},
+        {"takes any token", {"refusal.token", "refusal.truncatedToken"}},
+        {"takes any code", {"refusal.unknownCode"}},
+        {"takes any command", {"refusal.unknownCommand"}},
+        {"takes any item", {"refusal.unknownItem"}},
+        {"takes less", {"refusal.truncated", "refusal.nullText"}},
+        {"takes more", {}},
+        {"sets what it refuses", {"refusal.trailing"}},
+    };
+    for (const Case& test : cases) {
+        turnOn(test.fault);
+        Names failed;
+        for (const auto& [aspect, count] :
+             failuresByAspect(judged({"state.audio.*", "refusal.audio.*", "refusal.hotel.*", "refusal.service.*"}))) {
+            EXPECT_GT(count, 0);
+            failed.insert(aspect);
+        }
+        EXPECT_EQ(failed, test.failed) << test.fault;
+    }
+}
+
+TEST_F(FaultyServices, areLeftOpenWhereTheyDoNotLookBehindARequest) {
+    turnOn("takes more");
+    EXPECT_EQ(aspectsNotPassed(judged({"refusal.audio.setInputVolume.*"})), (Names{"refusal.trailing inconclusive"}));
+}
+
+TEST_F(FaultyServices, endTheRunWhenTheyDie) {
+    turnOn("dies of less");
+    const Judged results = judged({"refusal.audio.setInputVolume.*"});
+    ASSERT_EQ(results.size(), 4U);
+    EXPECT_EQ(results[0].verdict, Verdict::passed);
+    EXPECT_EQ(results[1].id, "refusal.audio.setInputVolume.truncated");
+    EXPECT_EQ(results[1].verdict, Verdict::failed);
+    EXPECT_EQ(results[1].reason.rfind("the service is gone; a request that ends at byte ", 0), 0U) << results[1].reason;
+    EXPECT_TRUE(results[1].exchange);
+    for (const CheckResult& result : {results[2], results[3]}) {
+        EXPECT_EQ(result.verdict, Verdict::inconclusive);
+        EXPECT_EQ(result.reason, "not made: the service is gone or answers nothing any longer");
+    }
+}
+
+} // namespace
+} // namespace kelutv::test

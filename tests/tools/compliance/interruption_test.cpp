@@ -1,0 +1,114 @@
+#include "simulator/Simulator.h"
+#include "support/TestFolder.h"
+#include "tools/Tool.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+namespace kelutv::test {
+namespace {
+
+/** How often a run is broken off: 200 times with `KELUTV_TORTURE=long`. */
+int interruptions() {
+    const char* const size = std::getenv("KELUTV_TORTURE");
+    return size != nullptr && std::string(size) == "long" ? 200 : 4;
+}
+
+class InterruptedRuns : public ::testing::Test {
+protected:
+    void SetUp() override { turnOn(); }
+
+    void turnOn() {
+        const std::string trace = file("trace");
+        mOutput = ::open(trace.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        mTelevision = startSimulator({"--trace", "--state", file("state.json")}, mOutput);
+        ::close(mOutput);
+        ASSERT_TRUE(eventually([&] { return bytesTraced() > 0; }));
+    }
+
+    void turnOff() { mTelevision.reset(); }
+
+    std::string file(const std::string& name) const { return mFolder.pathOf(name); }
+    std::string journal() const { return file("put-back.json"); }
+
+    std::uintmax_t bytesTraced() const {
+        std::error_code none;
+        const std::uintmax_t size = std::filesystem::file_size(file("trace"), none);
+        return none ? 0 : size;
+    }
+
+    void run(std::vector<std::string> words) const {
+        const ToolRun run = runTool(std::move(words));
+        EXPECT_EQ(run.exit, 0) << run.output << run.error;
+    }
+
+    /** Begins a run, and waits until the television has told so much of what it is asked. */
+    std::unique_ptr<ChildProcess> begin(std::uintmax_t bytes) {
+        const std::uintmax_t until = bytesTraced() + bytes;
+        auto tool = startTool({"--quiet", "compliance", "state", "--keep", journal()});
+        EXPECT_TRUE(eventually([&] { return bytesTraced() >= until || tool->exitCode(std::chrono::milliseconds(0)); }));
+        return tool;
+    }
+
+    void putBack() const {
+        if (std::filesystem::exists(journal())) {
+            run({"--quiet", "compliance", "--put-back", journal()});
+            EXPECT_FALSE(std::filesystem::exists(journal()));
+        }
+    }
+
+private:
+    TestFolder mFolder;
+    RuntimeDir mRuntimeDir;
+    int mOutput = -1;
+    std::unique_ptr<ChildProcess> mTelevision;
+};
+
+TEST_F(InterruptedRuns, areFinishedByPuttingBack) {
+    run({"sim", "set audio.volume[speaker] = 35"});
+    run({"sim", "set audio.soundMode = 2"});
+    run({"sim", "set sourcemanager.windowRect[0] = 1, 2, 3, 4"});
+    run({"--quiet", "snapshot", "-o", file("before.json")});
+    std::mt19937 random(20261122);
+    int journals = 0;
+    for (int i = 0; i < interruptions(); ++i) {
+        const auto tool = begin(random() % 1000000);
+        if (i % 4 == 3) {
+            turnOff();
+            EXPECT_TRUE(tool->exitCode());
+            turnOn();
+        } else {
+            tool->kill(i % 4 == 0 ? SIGKILL : i % 4 == 1 ? SIGTERM : SIGINT);
+            EXPECT_TRUE(tool->wait());
+        }
+        journals += std::filesystem::exists(journal()) ? 1 : 0;
+        putBack();
+        run({"--quiet", "snapshot", "-o", file("after.json")});
+        // The source that was selected before the current one cannot be set.
+        run({"snapshot", "diff", file("before.json"), file("after.json"), "--ignore", "sourcemanager.lastMainSource"});
+    }
+    EXPECT_GT(journals, 0) << "no run was broken off while it had something to put back";
+}
+
+TEST_F(InterruptedRuns, leaveAFileThatTheNextRunDoesNotReplace) {
+    auto tool = begin(600000);
+    tool->kill(SIGKILL);
+    tool->wait();
+    ASSERT_TRUE(std::filesystem::exists(journal()));
+    const ToolRun next = runTool({"compliance", "state.audio.setInputVolume.*", "--keep", journal()});
+    EXPECT_EQ(next.exit, 2);
+    EXPECT_NE(next.error.find("is there, so that an earlier run has not put everything back"), std::string::npos)
+        << next.error;
+    EXPECT_TRUE(std::filesystem::exists(journal()));
+    putBack();
+}
+
+} // namespace
+} // namespace kelutv::test
