@@ -19,8 +19,11 @@ std::string aspectOf(const CheckResult& result) {
 
 } // namespace
 
-Judged judged(const std::vector<std::string>& words, double limit) {
-    return tool::compliance::runChecks(tool::compliance::chosenChecks(words, {}), limit, [](const CheckResult&) {});
+Judged judged(const std::vector<std::string>& words) { return judged(tool::compliance::chosenChecks(words, {})); }
+
+Judged judged(const tool::compliance::Checks& checks) {
+    constexpr double kLimit = 5;
+    return tool::compliance::runChecks(checks, kLimit, [](const CheckResult&) {});
 }
 
 Names identifiers(const Judged& results, Verdict verdict) {
@@ -33,10 +36,11 @@ Names identifiers(const Judged& results, Verdict verdict) {
     return names;
 }
 
-Names aspectsNotPassed(const Judged& results) {
+Names aspectsNotPassed(const Judged& results, const std::string& function) {
     Names aspects;
     for (const CheckResult& result : results) {
-        if (result.verdict != Verdict::passed && result.verdict != Verdict::leftOut) {
+        const bool isMeant = function.empty() || result.id.find('.' + function + '.') != std::string::npos;
+        if (isMeant && result.verdict != Verdict::passed && result.verdict != Verdict::leftOut) {
             aspects.insert(aspectOf(result) + ' ' + tool::compliance::nameOf(result.verdict));
         }
     }

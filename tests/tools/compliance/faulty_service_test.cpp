@@ -1,4 +1,5 @@
 #include "tools/compliance/Judged.h"
+#include "tools/kelutv/compliance/Families.h"
 
 #include "support/ChildProcess.h"
 #include "support/RuntimeDir.h"

@@ -5,6 +5,8 @@
 #include "wire/Enumeration.h"
 #include "wire/text/Names.h"
 
+#include <map>
+
 namespace kelutv::tool::compliance {
 
 namespace {
@@ -27,9 +29,16 @@ std::string keysOf(const Reading& reading) {
     return keys.empty() ? "" : keys + ']';
 }
 
+/** The name, which takes looking at all functions, and is asked for by every check. */
+const std::string& knownName(const wire::Function& function) {
+    static std::map<const wire::Function*, std::string> names;
+    const auto found = names.find(&function);
+    return found != names.end() ? found->second : names.emplace(&function, tool::nameOf(function)).first->second;
+}
+
 } // namespace
 
-std::string identifierOf(const Reading& reading) { return tool::nameOf(*reading.function) + keysOf(reading); }
+std::string identifierOf(const Reading& reading) { return knownName(*reading.function) + keysOf(reading); }
 
 Subject subjectOf(const std::string& family, const Reading& reading, const std::string& aspect,
                   const std::string& sentence) {
