@@ -3,6 +3,8 @@
 #include "tools/kelutv/compliance/Families.h"
 #include "tools/kelutv/compliance/Runner.h"
 
+#include <cstdlib>
+
 namespace kelutv::test {
 
 using tool::compliance::CheckResult;
@@ -18,6 +20,8 @@ std::string aspectOf(const CheckResult& result) {
 }
 
 } // namespace
+
+void hushLog() { ::setenv("KQLOG_LEVEL", "s", 1); }
 
 Judged judged(const std::vector<std::string>& words) { return judged(tool::compliance::chosenChecks(words, {})); }
 

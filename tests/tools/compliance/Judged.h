@@ -13,6 +13,9 @@ namespace kelutv::test {
 using Judged = std::vector<tool::compliance::CheckResult>;
 using Names = std::set<std::string>;
 
+/** Keeps to itself what libraries and services log, of which wrong requests make very much. */
+void hushLog();
+
 /** What came of the checks that the words choose. */
 Judged judged(const std::vector<std::string>& words);
 

@@ -16,6 +16,8 @@ using tool::compliance::Verdict;
 
 class FaultyServices : public ::testing::Test {
 protected:
+    void SetUp() override { hushLog(); }
+
     void turnOn(const std::string& fault) {
         mService.reset();
         ChildProcess::Options options;

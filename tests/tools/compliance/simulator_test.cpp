@@ -20,6 +20,7 @@ using tool::compliance::Verdict;
 class SimulatedServices : public ::testing::Test {
 protected:
     void SetUp() override {
+        hushLog();
         mTelevision = startSimulator({});
         ASSERT_TRUE(mTelevision->output().waitFor("ready (TVBaseService)\n")) << mTelevision->error().text();
     }
