@@ -16,8 +16,6 @@ namespace kelutv::tool::compliance {
 
 namespace {
 
-constexpr char kFamily[] = "refusal";
-
 using Make = std::function<MalformedRequests(const Bytes& request)>;
 
 /** One way to send what no client sends. */
@@ -33,7 +31,8 @@ struct Way {
 class RefusalCheck : public Check {
 public:
     RefusalCheck(const wire::Function& function, Way way)
-        : Check(subjectOf(kFamily, function, way.name, way.sentence)), mFunction(function), mWay(std::move(way)) {}
+        : Check(subjectOf(kRefusalFamily, function, way.name, way.sentence)), mFunction(function),
+          mWay(std::move(way)) {}
 
     bool changesState() const override { return mFunction.effect.kind != wire::EffectKind::Read; }
     double patience() const override { return mWay.patience; }
@@ -185,7 +184,7 @@ void addRefusalChecks(Checks& checks, const Terms& terms) {
         if (!reason.empty()) {
             const Way& way = commonWays().front();
             checks.push_back(
-                std::make_unique<LeftOutCheck>(subjectOf(kFamily, function, way.name, way.sentence), reason));
+                std::make_unique<LeftOutCheck>(subjectOf(kRefusalFamily, function, way.name, way.sentence), reason));
         } else if (takesAnyItem(function)) {
             checks.push_back(std::make_unique<RefusalCheck>(function, unknownItems()));
         } else {

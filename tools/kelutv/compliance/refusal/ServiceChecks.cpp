@@ -12,21 +12,20 @@ namespace kelutv::tool::compliance {
 
 namespace {
 
-constexpr char kFamily[] = "refusal";
 constexpr char kModule[] = "service";
 
 /** Any request that only reads. */
 Bytes anyRequest() { return requestsFor(sampleOf(functionNamed("linux_tv_Audio_getVolume"))).front(); }
 
 Subject subjectOf(const std::string& name, const std::string& sentence) {
-    return {std::string(kFamily) + '.' + kModule + '.' + name, kFamily, kModule, "", sentence};
+    return {std::string(kRefusalFamily) + '.' + kModule + '.' + name, kRefusalFamily, kModule, "", sentence};
 }
 
 class ServiceCheck : public Check {
 public:
     using Make = MalformedRequests (*)(const Bytes& request);
 
-    ServiceCheck(Subject subject, Make make) : Check(std::move(subject)), mMake(std::move(make)) {}
+    ServiceCheck(Subject subject, Make make) : Check(std::move(subject)), mMake(make) {}
 
     double patience() const override { return 2; }
 

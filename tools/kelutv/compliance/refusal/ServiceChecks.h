@@ -4,6 +4,9 @@
 
 namespace kelutv::tool::compliance {
 
+/** The family of all checks of this room. */
+constexpr char kRefusalFamily[] = "refusal";
+
 /**
  * Judges the reply to a request that is to be refused.
  *
