@@ -301,6 +301,44 @@ TEST(RecordByEnvironment, takesSeveralProgramsIntoOneFile) {
     EXPECT_EQ(leftOut(lines), 0);
 }
 
+/** How often something is tried whose moment is left to chance: in full with `KELUTV_TORTURE=long`. */
+int tries(int few, int many) {
+    const char* const size = std::getenv("KELUTV_TORTURE");
+    return size != nullptr && std::string(size) == "long" ? many : few;
+}
+
+/**
+ * Each of them finds that nobody records, or that who did is about to end, which takes as long as the call: what one
+ * sends must be in the file, whoever came first.
+ */
+TEST(RecordByEnvironment, programsThatBeginAtOnceLoseNothing) {
+    constexpr int kPrograms = 4;
+    const RecordingFolders folders;
+    ChildProcess::Options options;
+    options.environment = ownRecording(folders);
+    options.captureOutput = true;
+    const int rounds = tries(3, 100);
+    for (int round = 0; round < rounds; ++round) {
+        std::vector<std::unique_ptr<ChildProcess>> programs;
+        for (int i = 0; i < kPrograms; ++i) {
+            programs.push_back(std::make_unique<ChildProcess>(Words{KELUTV_TRACED_CLIENT, "print"}, options));
+        }
+        for (const auto& program : programs) {
+            EXPECT_EQ(program->exitCode(), 0);
+        }
+        if (round % 2 == 0) {
+            EXPECT_TRUE(folders.areLeftEmpty());
+        }
+    }
+    EXPECT_TRUE(folders.areLeftEmpty());
+    const auto lines = recording::linesOfFile(folders.file());
+    EXPECT_EQ(all<Transaction>(lines).size(), static_cast<std::size_t>(rounds * kPrograms));
+    EXPECT_EQ(leftOut(lines), 0);
+    EXPECT_EQ(all<recording::Header>(lines).size(), all<recording::End>(lines).size());
+    const ToolRun check = runTool({"recording", "check", folders.file()});
+    EXPECT_EQ(check.exit, 0) << check.output;
+}
+
 TEST(RecordByEnvironment, addsASectionToWhatWasCutOff) {
     const RecordingFolders folders;
     ChildProcess::Options options;
@@ -427,15 +465,11 @@ void expectReadable(const std::string& file) {
     EXPECT_GT(sequence, 0);
 }
 
-/** How often each is killed: 500 in all with `KELUTV_TORTURE=long`. */
-int kills() {
-    const char* const size = std::getenv("KELUTV_TORTURE");
-    return size != nullptr && std::string(size) == "long" ? 250 : 4;
-}
-
+/** Of recorder and program by turns: 500 in full. */
 TEST(Record, aKillAtAnyMomentLeavesWholeLines) {
     std::mt19937 random(20261122);
-    for (int i = 0; i < 2 * kills(); ++i) {
+    const int kills = tries(8, 500);
+    for (int i = 0; i < kills; ++i) {
         const RecordingFolders folders;
         // The shell's process is the program's; its number stands in the file.
         const std::string pid = folders.pathOf("pid");
