@@ -51,6 +51,29 @@ TEST(ForeignFiles, recordsTheBytesThatAreSent) {
     EXPECT_EQ(check.output, "1 section, 1 call, 0 events, 0 losses, 0 left out; nothing is wrong\n");
 }
 
+/** A recording of another platform is sent with the token of this one, and compared without it. */
+TEST(ForeignFiles, comparesAndSendsRecordingsOfOtherPlatforms) {
+    ForeignService service;
+    const TestFolder folder;
+    const std::string file = folder.pathOf("recording");
+    service.output({"set", "volume", "20"});
+    service.output({"-q", "record", "-o", file, "--", toolProgram(), "call", "audio.setVolume", "speaker", "35"});
+    const ToolRun diff = runTool({"recording", "diff", KELUTV_RECORDINGS "/volume.jsonl", file});
+    EXPECT_EQ(diff.exit, 1);
+    EXPECT_EQ(diff.output.find("token"), std::string::npos) << diff.output;
+    EXPECT_EQ(diff.error, "kelutv: 3 differences in 4 calls and events\n") << diff.output;
+    service.output({"set", "volume", "20"});
+    const std::size_t before = service.requests().size();
+    const ToolRun replayed = service.run({"recording", "replay", KELUTV_RECORDINGS "/volume.jsonl", "--restore"});
+    EXPECT_EQ(replayed.exit, 0) << replayed.output << replayed.error;
+    EXPECT_EQ(replayed.output, "audio.volume[speaker]: 35 -> 20\n");
+    const std::vector<std::string> requests = service.requests();
+    EXPECT_GT(requests.size(), before + 3);
+    for (const std::string& request : requests) {
+        EXPECT_EQ(request.substr(0, token().size()), token());
+    }
+}
+
 TEST(ForeignFiles, keepsATelevisionInASnapshotAndPutsItBack) {
     const ForeignService service;
     const TestFolder folder;

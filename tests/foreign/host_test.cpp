@@ -13,8 +13,8 @@
 namespace kelutv::test {
 namespace {
 
-/** `kelutv repl` with these lines. */
-ToolRun runLines(const std::string& lines, const ForeignService& service) {
+/** `kelutv repl` with these lines, and a tool before it that sees what it sends. */
+ToolRun runLines(const std::string& lines, const ForeignService& service, const std::string& before = "") {
     const TestFolder folder;
     std::ofstream(folder.pathOf("lines")) << lines;
     ChildProcess::Options options;
@@ -23,7 +23,7 @@ ToolRun runLines(const std::string& lines, const ForeignService& service) {
     options.environment.push_back("TOOL_OF_TEST=" + toolProgram());
     options.captureOutput = true;
     options.captureError = true;
-    ChildProcess repl({"/bin/sh", "-c", R"(exec "$TOOL_OF_TEST" repl < "$LINES_OF_TEST")"}, options);
+    ChildProcess repl({"/bin/sh", "-c", "exec " + before + R"( "$TOOL_OF_TEST" repl < "$LINES_OF_TEST")"}, options);
     return {repl.exitCode(3 * kPatience).value_or(-1), repl.output().text(), repl.error().text()};
 }
 
@@ -37,6 +37,15 @@ std::vector<std::string> expectedOf(const wire::Function& function, const std::v
         requests.push_back(tokenDigits() + tool::hexOf({request.begin() + kStandInsToken, request.end()}));
     }
     return requests;
+}
+
+/** Another television gets the very same requests when the recording is sent to it, and answers alike. */
+void expectAnsweredAlike(const std::string& file, const std::vector<std::string>& requests) {
+    ForeignService another;
+    const ToolRun replayed = another.run({"recording", "replay", file, "--allow-dangerous", "any"});
+    EXPECT_EQ(replayed.exit, 0) << replayed.output;
+    EXPECT_EQ(replayed.error, "kelutv: 0 differences in " + std::to_string(requests.size()) + " calls\n");
+    EXPECT_EQ(another.requests(), requests);
 }
 
 TEST(ForeignRepl, everyFunctionSendsWhatItSendsElsewhere) {
@@ -57,8 +66,11 @@ TEST(ForeignRepl, everyFunctionSendsWhatItSendsElsewhere) {
         }
     }
     ASSERT_GT(expected.size(), 700U);
-    runLines(calls, service);
+    const TestFolder folder;
+    const std::string recorded = folder.pathOf("recorded");
+    runLines(calls, service, R"("$TOOL_OF_TEST" -q record -o )" + recorded + " --");
     EXPECT_EQ(service.requests(), expected);
+    expectAnsweredAlike(recorded, expected);
     const ToolRun decoded = runLines(decodings, service);
     EXPECT_EQ(decoded.exit, 0) << decoded.error;
     EXPECT_EQ(decoded.error, "");
