@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 
@@ -30,7 +31,11 @@ std::string sample() { return headerLine() + getLine(1, 20) + setLine(2, 35) + g
 /** A television, and recordings that are sent to it. */
 class RecordingReplay : public ::testing::Test {
 protected:
-    void SetUp() override {
+    void SetUp() override { turnOn(); }
+
+    /** One that has just been switched on, in place of any before. */
+    void turnOn() {
+        mTelevision.reset();
         mTelevision = startSimulator({});
         ASSERT_TRUE(mTelevision->output().waitFor("ready (TVBaseService)\n")) << mTelevision->error().text();
     }
@@ -68,6 +73,22 @@ TEST_F(RecordingReplay, agreesWithATelevisionThatAnswersAlike) {
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.error, "kelutv: 0 differences in 3 calls\n");
     EXPECT_EQ(volume(), "35\n");
+}
+
+/** What the examples were answered when they were recorded is what they are answered today. */
+TEST_F(RecordingReplay, agreesWithTheRecordingsThatAreKept) {
+    std::size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(KELUTV_RECORDINGS)) {
+        if (entry.path().extension() != ".jsonl") {
+            continue;
+        }
+        turnOn();
+        const ToolRun run = runTool({"recording", "replay", entry.path()});
+        EXPECT_EQ(run.exit, 0) << entry.path() << '\n' << run.output << run.error;
+        EXPECT_EQ(runTool({"recording", "diff", entry.path(), entry.path()}).exit, 0) << entry.path();
+        ++count;
+    }
+    EXPECT_GT(count, 0U);
 }
 
 TEST_F(RecordingReplay, namesWhatIsAnsweredOtherwise) {
