@@ -61,7 +61,8 @@ void Dispatcher::end() {
     mHandlers.clear();
 }
 
-android::status_t Dispatcher::serve(const wire::Request& request, android::Parcel* reply) {
+android::status_t Dispatcher::serve(const wire::Request& request, const android::Parcel& /*data*/,
+                                    android::Parcel* reply) {
     const wire::Reply answered = answer(request);
     if (mHasEnded) {
         return android::DEAD_OBJECT;

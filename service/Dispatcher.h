@@ -32,7 +32,7 @@ public:
     void end();
 
 protected:
-    android::status_t serve(const wire::Request& request, android::Parcel* reply) override;
+    android::status_t serve(const wire::Request& request, const android::Parcel& data, android::Parcel* reply) override;
 
 private:
     wire::Reply carryOut(const wire::Request& request);

@@ -29,7 +29,7 @@ android::status_t RequestServer::onTransact(uint32_t code, const android::Parcel
         return BBinder::onTransact(code, data, reply, flags);
     }
     try {
-        return serve(requestIn(data, getInterfaceDescriptor()), reply);
+        return serve(requestIn(data, getInterfaceDescriptor()), data, reply);
     } catch (const std::bad_alloc&) {
         // The next request may find memory again.
         return android::NO_MEMORY;

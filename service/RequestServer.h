@@ -23,10 +23,12 @@ protected:
     /**
      * Carries out a request, which may have been refused while it was read.
      *
+     * @param data its bytes, from the interface token on
      * @param reply where the answer is written; null when nobody waits for one
      * @return the status of the transaction; a std::bad_alloc that leaves it is one, too
      */
-    virtual android::status_t serve(const wire::Request& request, android::Parcel* reply) = 0;
+    virtual android::status_t serve(const wire::Request& request, const android::Parcel& data,
+                                    android::Parcel* reply) = 0;
 };
 
 /** The process whose request this thread carries out. */

@@ -23,6 +23,8 @@ namespace kelutv::simulator {
 namespace {
 
 constexpr int kBadUsage = 2;
+constexpr int kDifference = 1;
+constexpr int kNoService = 3;
 constexpr int kScenarioFailed = 4;
 constexpr std::chrono::seconds kBetweenAttempts{1};
 
@@ -70,9 +72,10 @@ std::shared_ptr<Ui> screenOf(const Options& options) {
 }
 
 std::shared_ptr<ScenarioPlayer> playerOf(const Options& options) {
-    return options.scenario.empty() ? nullptr
-                                    : std::make_shared<ScenarioPlayer>(
-                                          readScenario(findScenario(options.scenario), objectionToLine), options.speed);
+    return options.scenario.empty()
+               ? nullptr
+               : std::make_shared<ScenarioPlayer>(readScenario(findScenario(options.scenario), objectionToLine),
+                                                  options.speed.value_or(1));
 }
 
 } // namespace
@@ -84,13 +87,16 @@ Program::Program(const Options& options)
 
 int Program::run() {
     startComplaints();
+    if (!mOptions.replay.empty()) {
+        mService->setReplay(readReplayScript(mOptions.replay), mOptions.replayOptions);
+    }
     if (!addFaults()) {
         return kBadUsage;
     }
     // First, so that without threads nothing is served.
     android::ProcessState::self()->startThreadPool();
     if (!serve()) {
-        return EXIT_FAILURE;
+        return exitCodeWithoutService();
     }
     const ControlServer channel([this](const std::string& line) { return mService->control(line); });
     std::optional<ControlReader> control;
@@ -98,13 +104,19 @@ int Program::run() {
         control.emplace(mOptions.control, [this](const std::string& line) { obeyFile(line); });
     }
     if (!isAnswering()) {
-        return EXIT_FAILURE;
+        return exitCodeWithoutService();
     }
     begin();
     waitForTheEnd();
-    end();
-    return mFailedSteps > 0 && mOptions.exitAtEnd ? kScenarioFailed : EXIT_SUCCESS;
+    const bool isAsRecorded = end();
+    if (mFailedSteps > 0 && mOptions.exitAtEnd) {
+        return kScenarioFailed;
+    }
+    return isAsRecorded ? EXIT_SUCCESS : kDifference;
 }
+
+/** Where a recording is played, 1 is a difference. */
+int Program::exitCodeWithoutService() const { return mOptions.replay.empty() ? EXIT_FAILURE : kNoService; }
 
 Service::Watchers Program::watchers() {
     Service::Watchers watchers;
@@ -182,6 +194,13 @@ void Program::begin() {
         mPlayer->start([this](const std::string& line) { return obey(line); },
                        [this](int failedSteps) { endScenario(failedSteps); });
     }
+    mService->startReplay([this] { endReplay(); });
+}
+
+void Program::endReplay() {
+    if (mOptions.exitAtEnd) {
+        ::kill(::getpid(), SIGTERM);
+    }
 }
 
 void Program::endScenario(int failedSteps) {
@@ -229,15 +248,20 @@ bool Program::isForScreen(int signal) {
     }
 }
 
-void Program::end() {
+bool Program::end() {
     if (mPlayer != nullptr) {
         mPlayer->stop();
     }
     if (mUi != nullptr) {
         mUi->stop();
     }
+    const bool isAsRecorded = mService->endReplay();
+    for (const std::string& line : mService->replayReport()) {
+        mOutput->add(line);
+    }
     mOutput->finish();
     flushComplaints();
+    return isAsRecorded;
 }
 
 } // namespace kelutv::simulator

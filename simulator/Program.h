@@ -27,7 +27,9 @@ struct Options {
     std::string control;
     std::vector<std::string> faults;
     std::string scenario;
-    double speed = 1;
+    std::optional<double> speed;
+    std::string replay;
+    ReplayOptions replayOptions;
     bool exitAtEnd = false;
 };
 
@@ -51,10 +53,13 @@ private:
     bool isAnswering();
     void begin();
     void endScenario(int failedSteps);
+    void endReplay();
     void print(const std::string& text);
     void waitForTheEnd();
     bool isForScreen(int signal);
-    void end();
+    /** @return whether all was as in the recording that is played, if one is */
+    bool end();
+    int exitCodeWithoutService() const;
 
     const Options& mOptions;
     std::optional<service::Probe> mProbe;

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <thread>
 
 namespace kelutv::simulator {
@@ -41,18 +42,23 @@ const Effect* effectOf(const std::vector<FaultRule>& faults, Effect::Kind kind) 
 
 } // namespace
 
-status_t Service::serve(const wire::Request& request, Parcel* reply) {
+status_t Service::serve(const wire::Request& request, const Parcel& data, Parcel* reply) {
     if (mExiting) {
         waitForTheEnd();
     }
     FaultRules faults;
-    const wire::Reply answered = answer(request, faults);
+    const Outcome outcome = answer(request, data, faults);
+    if (outcome.isSilent) {
+        flushComplaints();
+        waitForTheEnd();
+    }
+    std::this_thread::sleep_for(outcome.delay);
     if (reply != nullptr) {
-        if (const status_t status = wire::writeReply(answered, *reply); status != android::NO_ERROR) {
+        if (const status_t status = write(outcome, *reply); status != android::NO_ERROR) {
             return status;
         }
         for (const FaultRule& fault : faults) {
-            corrupt(fault.effect, request, answered, *reply);
+            corrupt(fault.effect, request, outcome.reply, *reply);
         }
     }
     if (const Effect* const delay = effectOf(faults, Effect::Kind::Delay)) {
@@ -67,17 +73,29 @@ status_t Service::serve(const wire::Request& request, Parcel* reply) {
     return android::NO_ERROR;
 }
 
-wire::Reply Service::answer(const wire::Request& request, FaultRules& faults) {
+status_t Service::write(const Outcome& outcome, Parcel& reply) {
+    if (outcome.recorded == nullptr) {
+        return wire::writeReply(outcome.reply, reply);
+    }
+    const std::string& bytes = outcome.recorded->reply;
+    return outcome.recorded->status != 0
+               ? outcome.recorded->status
+               : reply.setData(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+}
+
+Service::Outcome Service::answer(const wire::Request& request, const Parcel& data, FaultRules& faults) {
     const std::lock_guard<std::mutex> lock(mMutex);
     faults = mTelevision.meetFaults(request, service::caller());
     for (const FaultRule& fault : faults) {
         notify([&](Watcher& watcher) { watcher.faulted(service::caller(), request, fault); });
     }
     exitIfToldTo(faults);
-    const wire::Reply reply = carryOut(request, faults);
-    notify([&](Watcher& watcher) { watcher.served({service::caller(), request, reply}); });
+    Outcome outcome = carryOut(request, data, faults);
+    if (!outcome.isSilent) {
+        notify([&](Watcher& watcher) { watcher.served({service::caller(), request, outcome.reply}); });
+    }
     settle();
-    return reply;
+    return outcome;
 }
 
 void Service::exitIfToldTo(const FaultRules& faults) {
@@ -91,10 +109,14 @@ void Service::exitIfToldTo(const FaultRules& faults) {
     }
 }
 
-wire::Reply Service::carryOut(const wire::Request& request, const FaultRules& faults) {
+Service::Outcome Service::carryOut(const wire::Request& request, const Parcel& data, const FaultRules& faults) {
     if (const Effect* const error = effectOf(faults, Effect::Kind::Error)) {
-        return {error->amount, "a fault", {}};
+        return {{error->amount, "a fault", {}}};
     }
+    return mReplay != nullptr ? replayed(request, data) : Outcome{performed(request)};
+}
+
+wire::Reply Service::performed(const wire::Request& request) {
     if (request.refusal) {
         return replyTo(*request.refusal);
     }

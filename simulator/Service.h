@@ -3,13 +3,17 @@
 #include "service/EventPublisher.h"
 #include "service/RequestServer.h"
 #include "simulator/control/Answer.h"
+#include "simulator/replay/Replay.h"
+#include "simulator/replay/ReplayClock.h"
 #include "simulator/television/Television.h"
 #include "simulator/trace/Watcher.h"
 
 #include <atomic>
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,15 +38,43 @@ public:
     /** Notifies the watchers of the present state of the television. */
     void show();
 
+    /** @name A recording that is played; each does nothing without one. @{ */
+    /** To be called before anything is served; what comes before all requests has its time from then on. */
+    void setReplay(ReplayScript script, const ReplayOptions& options);
+    /** @param ended called, in another thread, when all has been asked for and published, and answered */
+    void startReplay(std::function<void()> ended);
+    /** Publishes what is left. @return whether all was as in the recording, or there is none */
+    bool endReplay();
+    /** What has come of it, in lines; behind its end. */
+    std::vector<std::string> replayReport() const;
+    /** @} */
+
 protected:
-    android::status_t serve(const wire::Request& request, android::Parcel* reply) override;
+    android::status_t serve(const wire::Request& request, const android::Parcel& data, android::Parcel* reply) override;
 
 private:
     using FaultRules = std::vector<FaultRule>;
 
-    wire::Reply answer(const wire::Request& request, FaultRules& faults);
+    struct Outcome {
+        wire::Reply reply = {};
+        /** What was recorded, in the place of the reply; null for what the television itself answers. */
+        const RecordedCall* recorded = nullptr;
+        /** The answer comes so much later. */
+        Replay::Clock::duration delay = {};
+        bool isSilent = false;
+    };
+
+    Outcome answer(const wire::Request& request, const android::Parcel& data, FaultRules& faults);
     void exitIfToldTo(const FaultRules& faults);
-    wire::Reply carryOut(const wire::Request& request, const FaultRules& faults);
+    Outcome carryOut(const wire::Request& request, const android::Parcel& data, const FaultRules& faults);
+    wire::Reply performed(const wire::Request& request);
+    static android::status_t write(const Outcome& outcome, android::Parcel& reply);
+    Outcome replayed(const wire::Request& request, const android::Parcel& data);
+    Outcome unrecorded(const wire::Request& request);
+    /** Lets the television have done what the recording says it did, and nobody hear of it. */
+    void follow(const RecordedCall& call);
+    std::optional<Replay::Clock::time_point> playDue(const std::function<void()>& ended);
+    [[noreturn]] void die(std::size_t death);
     /** Publishes what is new, then notifies the watchers. */
     void settle();
     void publish(const PublishedEvent& event);
@@ -54,6 +86,10 @@ private:
     Television mTelevision;
     service::EventPublisher mEvents;
     std::atomic<bool> mExiting{false};
+    std::unique_ptr<Replay> mReplay;
+    ReplayClock mReplayClock;
+    /** Which has taken the last request. */
+    pid_t mThread = 0;
 };
 
 } // namespace kelutv::simulator

@@ -18,7 +18,7 @@ constexpr double kFastest = 1000;
 
 std::string shown(const std::string& complaint) { return kelutv::wire::shown(complaint, kelutv::wire::kMostOfPath); }
 
-void describe(const kelutv::cli::Subcommand& program, kelutv::simulator::Options& options) {
+void describe(const kelutv::cli::Subcommand& program, kelutv::simulator::Options& options, double& speed) {
     program.flag("--trace", options.trace, "Print every request with its answer, and every event, to standard output");
     program.flag("--ui", options.ui,
                  "Draw the television in the terminal; prints lines as --trace when standard output is not a terminal");
@@ -41,13 +41,31 @@ void describe(const kelutv::cli::Subcommand& program, kelutv::simulator::Options
                    "may be given again");
     program.option("--scenario", options.scenario, "FILE|NAME",
                    "Play a test: a file of timed steps, or the name of one that comes with the simulator");
-    program.option("--speed", options.speed, kSlowest, kFastest, "N",
-                   "Play the scenario this many times faster, 0.01 to 1000");
-    program.needs("--speed", "--scenario");
+    program.option("--replay", options.replay, "FILE",
+                   "Answer as in this recording of kelutv record, request by request, and tell of what is asked "
+                   "otherwise; at the end with exit code 0 when nothing was, else 1");
+    program.excludes("--replay", "--scenario");
+    program.option("--match", options.replayOptions.match, "HOW",
+                   "How a recorded request is found: strictly, in the order of its thread, or loosely, by command and "
+                   "arguments alone");
+    program.needs("--match", "--replay");
+    program.option("--unrecorded", options.replayOptions.unrecorded, "BY",
+                   "What answers a request that was not recorded: the simulated television, an error or silence");
+    program.needs("--unrecorded", "--replay");
+    program.option("--speed", speed, kSlowest, kFastest, "N",
+                   "Play the scenario, or what was recorded with its delays, this many times faster, 0.01 to 1000");
     program.flag("--exit-at-end", options.exitAtEnd,
-                 "End with the scenario: with exit code 0, or 4 when one of its steps failed");
-    program.needs("--exit-at-end", "--scenario");
+                 "End with the scenario, with exit code 4 when one of its steps failed, or when all that was recorded "
+                 "has been asked for");
     program.footer("Scenarios: " + kelutv::simulator::joinedWords(kelutv::simulator::scenarioNames()));
+}
+
+/** An option that says how something is played where nothing is; null for none. */
+const char* optionWithoutPlay(const kelutv::cli::Subcommand& program, const kelutv::simulator::Options& options) {
+    if (!options.scenario.empty() || !options.replay.empty()) {
+        return nullptr;
+    }
+    return program.isGiven("--speed") ? "--speed" : options.exitAtEnd ? "--exit-at-end" : nullptr;
 }
 
 /** Says what is wrong, where paths may have in them what a terminal would act on. */
@@ -63,9 +81,18 @@ int start(int argc, char** argv) {
                                            "Simulated television: serves TVBaseService, keeps settings and publishes "
                                            "events.\nEnds on SIGINT or SIGTERM.\n\nExample: kelutv-simulator --trace",
                                            "kelutv-simulator " KELUTV_VERSION);
-    describe(parser.program(), options);
+    double speed = 1;
+    describe(parser.program(), options, speed);
     if (const auto ended = parser.parse(argc, argv, shown)) {
         return *ended;
+    }
+    if (const char* const option = optionWithoutPlay(parser.program(), options)) {
+        std::fprintf(stderr, "kelutv-simulator: %s requires --scenario or --replay\nTry 'kelutv-simulator --help'.\n",
+                     option);
+        return kelutv::cli::kBadUsage;
+    }
+    if (parser.program().isGiven("--speed")) {
+        options.speed = options.replayOptions.speed = speed;
     }
     std::signal(SIGPIPE, SIG_IGN); // The television outlives a reader of its trace.
     return kelutv::simulator::Program(options).run();
@@ -80,6 +107,8 @@ int main(int argc, char** argv) {
     } catch (const kelutv::simulator::ConfigurationError& error) {
         return complain(error, kelutv::cli::kBadUsage);
     } catch (const kelutv::simulator::ScenarioError& error) {
+        return complain(error, kelutv::cli::kBadUsage);
+    } catch (const kelutv::simulator::ReplayError& error) {
         return complain(error, kelutv::cli::kBadUsage);
     } catch (const std::exception& error) {
         return complain(error, EXIT_FAILURE);

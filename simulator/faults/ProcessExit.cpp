@@ -7,6 +7,7 @@
 #include <iterator>
 #include <string>
 #include <thread>
+#include <utility>
 
 namespace kelutv::simulator {
 
@@ -25,7 +26,7 @@ std::string statusOf(pid_t thread) {
 bool isIdle(const std::string& status) { return status.empty() || status.find("State:\tS") != std::string::npos; }
 
 /** Nothing reports that a reply is out; that the thread has not run since the last look shows it. */
-[[noreturn]] void exitWhenIdle(pid_t thread) {
+void waitUntilIdle(pid_t thread) {
     std::string before;
     for (int look = 0; look < kMostLooks; ++look) {
         const std::string now = statusOf(thread);
@@ -35,11 +36,19 @@ bool isIdle(const std::string& status) { return status.empty() || status.find("S
         before = now;
         std::this_thread::sleep_for(kBetweenLooks);
     }
-    ::_exit(kFaultExitCode);
 }
 
 } // namespace
 
-void exitWhenAnswered() { std::thread(exitWhenIdle, ::gettid()).detach(); }
+void whenAnswered(pid_t thread, std::function<void()> act) {
+    std::thread([thread, act = std::move(act)] {
+        waitUntilIdle(thread);
+        act();
+    }).detach();
+}
+
+void exitWhenAnswered() {
+    whenAnswered(::gettid(), [] { ::_exit(kFaultExitCode); });
+}
 
 } // namespace kelutv::simulator

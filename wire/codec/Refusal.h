@@ -21,6 +21,7 @@ enum class Result : std::int32_t {
     NotRestored = -111,
     NotProvided = -112,
     Failed = -113,
+    NotRecorded = -114,
 };
 
 /** Why a request was refused, in a number and in words. */

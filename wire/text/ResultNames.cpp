@@ -25,7 +25,7 @@ constexpr NamedNumber kRefusals[] = {
     refusal(Result::OutOfRange, "value out of range"),     refusal(Result::UnknownSource, "no such source"),
     refusal(Result::UnknownDevice, "no such CEC device"),  refusal(Result::NotStored, "not stored"),
     refusal(Result::NotRestored, "not restored"),          refusal(Result::NotProvided, "not provided"),
-    refusal(Result::Failed, "failure inside the service"),
+    refusal(Result::Failed, "failure inside the service"), refusal(Result::NotRecorded, "not recorded"),
 };
 
 // A platform need not name those that the library does not use.

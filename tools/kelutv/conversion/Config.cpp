@@ -1,7 +1,8 @@
 #include "tools/kelutv/conversion/Converter.h"
-#include "tools/kelutv/conversion/ObservedState.h"
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Json.h"
+
+#include "recording/ObservedState.h"
 
 #include <set>
 #include <utility>
@@ -35,7 +36,7 @@ public:
         if (transaction == nullptr) {
             return;
         }
-        const auto state = observedState(decodeRequest(transaction->request).request, *transaction);
+        const auto state = recording::observedState(decodeRequest(transaction->request).request, transaction->reply);
         if (state && isConfigurable(*state) && mKnown.emplace(state->key, state->indexes).second && !state->isSet) {
             keep(*state);
         }
@@ -45,12 +46,12 @@ public:
 
 private:
     /** A configuration gives a value for each of several numbers, and for nothing else. */
-    static bool isConfigurable(const ObservedState& state) {
+    static bool isConfigurable(const recording::ObservedState& state) {
         return state.indexes.empty() ||
                (state.indexes.size() == 1 && std::holds_alternative<std::int32_t>(state.indexes.front()));
     }
 
-    void keep(const ObservedState& state) {
+    void keep(const recording::ObservedState& state) {
         const std::string name = state.key->name;
         const std::size_t point = name.find('.');
         Json& initial = mModules[name.substr(0, point)][name.substr(point + 1)]["initial"];

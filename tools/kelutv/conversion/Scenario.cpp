@@ -1,8 +1,9 @@
 #include "tools/kelutv/conversion/CallText.h"
 #include "tools/kelutv/conversion/Converter.h"
-#include "tools/kelutv/conversion/ObservedState.h"
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/text/Hex.h"
+
+#include "recording/ObservedState.h"
 #include "wire/events/Payload.h"
 #include "wire/text/Quote.h"
 
@@ -140,7 +141,7 @@ private:
     void add(const recording::Transaction& transaction) {
         const wire::Request request = decodeRequest(transaction.request).request;
         addFault(request, transaction);
-        const auto state = observedState(request, transaction);
+        const auto state = recording::observedState(request, transaction.reply);
         if (!state) {
             return;
         }
@@ -160,7 +161,7 @@ private:
         mStates[{state->key, state->indexes}] = {state->values, begin};
     }
 
-    static wire::Values joined(const ObservedState& state) {
+    static wire::Values joined(const recording::ObservedState& state) {
         wire::Values all = state.indexes;
         all.insert(all.end(), state.values.begin(), state.values.end());
         return all;

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace kelutv::tool {
+namespace kelutv::recording {
 
 /** What a call tells of one thing that the television keeps. */
 struct ObservedState {
@@ -18,7 +18,8 @@ struct ObservedState {
     bool isSet;
 };
 
-/** Nothing for a call that failed, or that has to do with nothing that is kept. */
-std::optional<ObservedState> observedState(const wire::Request& request, const recording::Transaction& transaction);
+/** Nothing for a call that failed, or that has to do with nothing that is kept. @param reply its bytes; nothing when
+ * none came */
+std::optional<ObservedState> observedState(const wire::Request& request, const std::optional<Bytes>& reply);
 
-} // namespace kelutv::tool
+} // namespace kelutv::recording

@@ -1,12 +1,12 @@
-#include "tools/kelutv/conversion/ObservedState.h"
+#include "recording/ObservedState.h"
 
-#include "tools/kelutv/decoding/Decoding.h"
 #include "wire/StateForm.h"
+#include "wire/codec/ReplyReader.h"
 #include "wire/text/Describe.h"
 
 #include <cstddef>
 
-namespace kelutv::tool {
+namespace kelutv::recording {
 
 namespace {
 
@@ -25,14 +25,14 @@ void fit(wire::Values& values, const wire::StateForm& form) {
 
 } // namespace
 
-std::optional<ObservedState> observedState(const wire::Request& request, const recording::Transaction& transaction) {
+std::optional<ObservedState> observedState(const wire::Request& request, const std::optional<Bytes>& reply) {
     using Access = wire::StateRule::Access;
-    if (request.operation == nullptr || request.refusal || !transaction.reply ||
-        request.operation->rule.access == Access::None) {
+    if (request.operation == nullptr || request.refusal || !reply || request.operation->rule.access == Access::None) {
         return std::nullopt;
     }
     const wire::Operation& operation = *request.operation;
-    const wire::ReplyReading reading = decodeReply(operation, *transaction.reply);
+    wire::ByteReader bytes(reply->data(), reply->size());
+    const wire::ReplyReading reading = wire::readReply(operation, bytes);
     const bool isSet = operation.rule.access == Access::Set;
     const bool isValue = !isSet && operation.shape == wire::Shape::Status;
     if (!reading.hasResult || reading.flaw || (reading.reply.result != 0 && !isValue)) {
@@ -46,4 +46,4 @@ std::optional<ObservedState> observedState(const wire::Request& request, const r
     return state;
 }
 
-} // namespace kelutv::tool
+} // namespace kelutv::recording

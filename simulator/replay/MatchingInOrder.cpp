@@ -1,0 +1,207 @@
+#include "simulator/replay/Matching.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace kelutv::simulator {
+
+namespace {
+
+using Calls = std::vector<std::size_t>;
+
+class MatchingInOrder : public Matching {
+public:
+    explicit MatchingInOrder(const ReplayScript& script)
+        : mScript(script), mThreads(script.threads), mClients(script.clients) {
+        for (std::size_t call = 0; call < script.calls.size(); ++call) {
+            const RecordedCall& recorded = script.calls[call];
+            if (mThreads[recorded.thread].empty()) {
+                mClients[recorded.client].push_back(recorded.thread);
+            }
+            mThreads[recorded.thread].push_back(call);
+        }
+    }
+
+    std::optional<Match> find(Progress& progress, pid_t caller, const std::string& key) override {
+        const std::optional<Match> match = matchOf(progress, caller, key);
+        if (match) {
+            progress.calls[match->call] = match->before ? Progress::Call::Early : Progress::Call::Asked;
+            progress.last[mScript.calls[match->call].thread] = match->call;
+        }
+        return match;
+    }
+
+private:
+    std::optional<Match> matchOf(Progress& progress, pid_t caller, const std::string& key) {
+        const auto known = progress.clients.find(caller);
+        if (known != progress.clients.end()) {
+            const std::size_t client = known->second;
+            if (const auto call = nextIn(progress, client, key)) {
+                return Match{*call};
+            }
+            if (const auto call = asAnother(progress, caller, key)) {
+                return Match{*call};
+            }
+            return aheadIn(progress, client, key);
+        }
+        if (const auto match = ofNewcomer(progress, caller, key)) {
+            return match;
+        }
+        return asFurtherThread(progress, key);
+    }
+
+    /** The next request of a recorded thread of the process, of several the one that was recorded first. */
+    std::optional<std::size_t> nextIn(const Progress& progress, std::size_t client, const std::string& key) const {
+        std::optional<std::size_t> first;
+        for (const std::size_t thread : mClients[client]) {
+            const auto next = nextOf(progress, thread);
+            if (next && mScript.calls[*next].key == key && (!first || *next < *first)) {
+                first = next;
+            }
+        }
+        return first;
+    }
+
+    /** Behind the one that was asked for last. */
+    std::optional<std::size_t> nextOf(const Progress& progress, std::size_t thread) const {
+        const Calls& calls = mThreads[thread];
+        const auto begin = progress.last[thread] ? std::upper_bound(calls.begin(), calls.end(), *progress.last[thread])
+                                                 : calls.begin();
+        const auto next = std::find_if(begin, calls.end(), [&progress](std::size_t call) {
+            return progress.calls[call] == Progress::Call::Waiting;
+        });
+        return next != calls.end() ? std::optional(*next) : std::nullopt;
+    }
+
+    /** What was passed over before, else what the fewest requests are passed over for. */
+    std::optional<Match> aheadIn(const Progress& progress, std::size_t client, const std::string& key) const {
+        std::optional<Match> nearest;
+        std::size_t fewest = SIZE_MAX;
+        for (const std::size_t thread : mClients[client]) {
+            std::size_t passed = 0;
+            const auto next = nextOf(progress, thread);
+            for (const std::size_t call : mThreads[thread]) {
+                if (progress.calls[call] != Progress::Call::Waiting) {
+                    continue;
+                }
+                const bool isPassedOver = !next || call < *next;
+                if (mScript.calls[call].key == key) {
+                    if (isPassedOver) {
+                        return Match{call};
+                    }
+                    if (passed < fewest) {
+                        nearest = Match{call, next};
+                        fewest = passed;
+                    }
+                    break;
+                }
+                passed += isPassedOver ? 0 : 1;
+            }
+        }
+        return nearest;
+    }
+
+    std::optional<Match> ofNewcomer(Progress& progress, pid_t caller, const std::string& key) {
+        std::optional<Match> ahead;
+        for (std::size_t client = 0; client < mClients.size(); ++client) {
+            if (isTaken(progress, client)) {
+                continue;
+            }
+            if (const auto call = nextIn(progress, client, key)) {
+                progress.clients[caller] = client;
+                return Match{*call};
+            }
+            ahead = ahead ? ahead : aheadIn(progress, client, key);
+        }
+        if (ahead) {
+            progress.clients[caller] = mScript.calls[ahead->call].client;
+        }
+        return ahead;
+    }
+
+    std::optional<Match> asFurtherThread(const Progress& progress, const std::string& key) const {
+        for (std::size_t client = 0; client < mClients.size(); ++client) {
+            if (const auto call = nextIn(progress, client, key)) {
+                return Match{*call};
+            }
+        }
+        return std::nullopt;
+    }
+
+    static bool isTaken(const Progress& progress, std::size_t client) {
+        return std::any_of(progress.clients.begin(), progress.clients.end(),
+                           [client](const auto& each) { return each.second == client; });
+    }
+
+    /**
+     * Takes the process for another recorded one that begins with all it has asked for, and goes on with this request;
+     * whoever was taken for that one must have begun like the recorded one that becomes free.
+     */
+    std::optional<std::size_t> asAnother(Progress& progress, pid_t caller, const std::string& key) const {
+        const std::size_t present = progress.clients.at(caller);
+        for (std::size_t other = 0; other < mClients.size(); ++other) {
+            if (other == present) {
+                continue;
+            }
+            Progress exchanged = progress;
+            if (!exchange(exchanged, present, other)) {
+                continue;
+            }
+            if (const auto call = nextIn(exchanged, other, key)) {
+                for (auto& [process, client] : exchanged.clients) {
+                    client = client == present ? other : client == other ? present : client;
+                }
+                progress = std::move(exchanged);
+                return call;
+            }
+        }
+        return std::nullopt;
+    }
+
+    /** Lets two recorded processes have been asked for what the other one was; false when they did not begin alike. */
+    bool exchange(Progress& progress, std::size_t one, std::size_t other) const {
+        const Calls askedOfOne = takeBack(progress, one);
+        const Calls askedOfOther = takeBack(progress, other);
+        return askAll(progress, other, askedOfOne) && askAll(progress, one, askedOfOther);
+    }
+
+    Calls takeBack(Progress& progress, std::size_t client) const {
+        Calls asked;
+        for (const std::size_t thread : mClients[client]) {
+            progress.last[thread].reset();
+            for (const std::size_t call : mThreads[thread]) {
+                if (progress.calls[call] == Progress::Call::Asked || progress.calls[call] == Progress::Call::Early) {
+                    progress.calls[call] = Progress::Call::Waiting;
+                    asked.push_back(call);
+                }
+            }
+        }
+        std::sort(asked.begin(), asked.end());
+        return asked;
+    }
+
+    bool askAll(Progress& progress, std::size_t client, const Calls& calls) const {
+        return std::all_of(calls.begin(), calls.end(), [&](std::size_t call) {
+            const auto next = nextIn(progress, client, mScript.calls[call].key);
+            if (next) {
+                progress.calls[*next] = Progress::Call::Asked;
+                progress.last[mScript.calls[*next].thread] = *next;
+            }
+            return next.has_value();
+        });
+    }
+
+    const ReplayScript& mScript;
+    /** The requests of each thread, and the threads of each process, in the order in which they appeared. */
+    std::vector<Calls> mThreads;
+    std::vector<Calls> mClients;
+};
+
+} // namespace
+
+std::unique_ptr<Matching> matchingInOrder(const ReplayScript& script) {
+    return std::make_unique<MatchingInOrder>(script);
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,227 @@
+#include "simulator/replay/Replay.h"
+
+#include "simulator/replay/Words.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kelutv::simulator {
+
+namespace {
+
+using std::chrono::nanoseconds;
+
+/** So long after an answer comes what followed it in the recording, for a client to get ready for it. */
+constexpr std::chrono::milliseconds kPause{100};
+
+[[noreturn]] void refuse(const char* option, const std::string& allowed, const std::string& given) {
+    throw ReplayError(std::string(option) + " takes " + allowed + ", not '" + given + "'");
+}
+
+std::unique_ptr<Matching> matchingOf(const ReplayScript& script, const std::string& name) {
+    if (name == "strictly") {
+        return matchingInOrder(script);
+    }
+    if (name == "loosely") {
+        return matchingLoosely(script);
+    }
+    refuse("--match", "strictly or loosely", name);
+}
+
+Unrecorded unrecordedOf(const std::string& name) {
+    if (name == "television") {
+        return Unrecorded::Television;
+    }
+    if (name == "error") {
+        return Unrecorded::Error;
+    }
+    if (name == "silence") {
+        return Unrecorded::Silence;
+    }
+    refuse("--unrecorded", "television, error or silence", name);
+}
+
+} // namespace
+
+Replay::Replay(ReplayScript script, const ReplayOptions& options)
+    : mScript(std::move(script)), mSpeed(options.speed), mUnrecorded(unrecordedOf(options.unrecorded)),
+      mMatching(matchingOf(mScript, options.match)), mHappenings(mScript.calls.size()), mProgress(mScript),
+      mLastRequest(Clock::now()) {
+    for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
+        if (const auto call = mScript.happenings[index].call) {
+            mHappenings[*call].push_back(index);
+        }
+    }
+    countWaiting();
+}
+
+void Replay::resume(const std::string& progress) {
+    mProgress = progressOf(mScript, progress);
+    countWaiting();
+}
+
+void Replay::countWaiting() {
+    mWaiting =
+        static_cast<std::size_t>(std::count(mProgress.calls.begin(), mProgress.calls.end(), Progress::Call::Waiting));
+}
+
+void Replay::start() {
+    mLastRequest = Clock::now();
+    for (const std::size_t happening : mProgress.pending) {
+        mPending.push_back({mLastRequest + kPause, happening});
+    }
+    for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
+        const Happening& happening = mScript.happenings[index];
+        if (!happening.call && !mProgress.published[index]) {
+            mPending.push_back({mSpeed ? mLastRequest + played(happening.delay) : Clock::time_point::max(), index});
+        }
+    }
+}
+
+Replay::Step Replay::take(pid_t caller, const std::string& key, const wire::Request& request) {
+    mLastRequest = Clock::now();
+    const std::optional<Match> match = mMatching->find(mProgress, caller, key);
+    if (!match) {
+        Step step;
+        step.complaint = unrecordedText(mScript, mProgress, caller, request);
+        ++mProgress.unrecorded[commandNameOf(request)];
+        return step;
+    }
+    Step step = stepFor(*match);
+    if (match->before) {
+        step.complaint = earlyText(mScript, caller, match->call, *match->before);
+    }
+    return step;
+}
+
+Replay::Step Replay::stepFor(const Match& match) {
+    Step step;
+    step.call = &mScript.calls[match.call];
+    step.delay = mSpeed ? played(step.call->duration) : Clock::duration::zero();
+    if (match.isAgain) {
+        ++mProgress.again[commandNameOf(step.call->request)];
+        return step;
+    }
+    --mWaiting;
+    if (!mSpeed) {
+        step.events = takePendingBefore(step.call->line);
+    }
+    step.death = step.call->death;
+    schedule(match.call, mLastRequest + step.delay, step);
+    return step;
+}
+
+void Replay::schedule(std::size_t call, Clock::time_point answer, Step& step) {
+    for (const std::size_t index : mHappenings[call]) {
+        const Happening& happening = mScript.happenings[index];
+        if (mSpeed) {
+            mPending.push_back({(happening.isDuring ? mLastRequest : answer) + played(happening.delay), index});
+        } else if (happening.isDuring && !happening.death) {
+            publish(index, step.events);
+        } else {
+            mPending.push_back({answer + kPause, index});
+        }
+    }
+}
+
+Replay::Clock::duration Replay::played(nanoseconds time) const {
+    return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double, std::nano>(time) / *mSpeed);
+}
+
+/** Deaths have their time: whoever asks now is to have its answer. */
+PublishedEvents Replay::takePendingBefore(std::size_t line) {
+    PublishedEvents events;
+    const auto isBefore = [this, line](const Pending& each) {
+        const Happening& happening = mScript.happenings[each.happening];
+        return !happening.death && happening.line < line;
+    };
+    for (const Pending& each : mPending) {
+        if (isBefore(each)) {
+            publish(each.happening, events);
+        }
+    }
+    mPending.erase(std::remove_if(mPending.begin(), mPending.end(), isBefore), mPending.end());
+    return events;
+}
+
+void Replay::publish(std::size_t happening, PublishedEvents& events) {
+    mProgress.published[happening] = true;
+    events.push_back(mScript.happenings[happening].event);
+}
+
+Replay::Due Replay::takeDue() {
+    Due due;
+    const Clock::time_point now = Clock::now();
+    std::stable_sort(mPending.begin(), mPending.end(),
+                     [](const Pending& one, const Pending& other) { return one.due < other.due; });
+    std::vector<Pending> left;
+    for (const Pending& each : mPending) {
+        const Happening& happening = mScript.happenings[each.happening];
+        if (each.due > now || due.death) {
+            left.push_back(each);
+        } else if (happening.death) {
+            due.death = happening.death;
+            mProgress.published[each.happening] = true;
+        } else {
+            publish(each.happening, due.events);
+        }
+    }
+    mPending = std::move(left);
+    due.isOver = isDone() && now >= mLastRequest + kPause;
+    if (isDone() && !due.isOver) {
+        due.next = mLastRequest + kPause;
+    }
+    for (const Pending& each : mPending) {
+        due.next = due.next ? std::min(*due.next, each.due) : each.due;
+    }
+    return due;
+}
+
+std::string Replay::die(std::size_t death) {
+    for (std::size_t call = 0; call < mScript.calls.size(); ++call) {
+        if (mScript.calls[call].death == death && mProgress.calls[call] == Progress::Call::Waiting) {
+            mProgress.calls[call] = Progress::Call::Gone;
+        }
+    }
+    countWaiting();
+    mProgress.pending.clear();
+    for (const Pending& each : mPending) {
+        if (mScript.happenings[each.happening].call) {
+            mProgress.pending.push_back(each.happening);
+        }
+    }
+    return textOf(mProgress);
+}
+
+PublishedEvents Replay::takeRest() {
+    PublishedEvents events;
+    for (const Pending& each : mPending) {
+        const Happening& happening = mScript.happenings[each.happening];
+        if (happening.call && !happening.death) {
+            publish(each.happening, events);
+        }
+    }
+    mPending.clear();
+    return events;
+}
+
+bool Replay::hasDifference() const {
+    const bool isInOrder = std::none_of(mProgress.calls.begin(), mProgress.calls.end(), [](Progress::Call call) {
+        return call == Progress::Call::Waiting || call == Progress::Call::Early;
+    });
+    for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
+        if (!mScript.happenings[index].death && !mProgress.published[index]) {
+            return true;
+        }
+    }
+    return !isInOrder || !mProgress.unrecorded.empty();
+}
+
+std::vector<std::string> Replay::report() const {
+    std::vector<std::string> lines = reportOn(mScript, mProgress);
+    lines.front() = "kelutv-simulator: replay of " + mScript.name + ": " + lines.front() +
+                    (hasDifference() ? "" : "; no difference");
+    return lines;
+}
+
+} // namespace kelutv::simulator

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "simulator/replay/Matching.h"
+#include "simulator/replay/Progress.h"
+#include "simulator/replay/ReplayScript.h"
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelutv::simulator {
+
+/** What becomes of a request that was not recorded: the simulated television, a result, or nothing answers it. */
+enum class Unrecorded { Television, Error, Silence };
+
+struct ReplayOptions {
+    /** `strictly` or `loosely`. */
+    std::string match = "strictly";
+    /** `television`, `error` or `silence`. */
+    std::string unrecorded = "television";
+    /** How many times faster than recorded answers and events come; without it answers come at once, and events at
+     * their place in the order. */
+    std::optional<double> speed;
+};
+
+/** Plays a recording as the service. Not synchronised. */
+class Replay {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /** What is to be done with a request. */
+    struct Step {
+        /** Null for one that was not recorded. */
+        const RecordedCall* call = nullptr;
+        /** To be published before its answer. */
+        PublishedEvents events;
+        /** What is to be told of it; empty for what comes as it was recorded. */
+        std::string complaint;
+        /** The service dies instead of answering. */
+        std::optional<std::size_t> death;
+        /** The answer comes so much later. */
+        Clock::duration delay{};
+    };
+
+    /** What is due without a request. */
+    struct Due {
+        PublishedEvents events;
+        /** The service dies. */
+        std::optional<std::size_t> death;
+        /** All has been asked for and published. */
+        bool isOver = false;
+        /** When something may be due again; nothing as long as nothing is asked for. */
+        std::optional<Clock::time_point> next;
+    };
+
+    /** @throws ReplayError for options that there are not */
+    Replay(ReplayScript script, const ReplayOptions& options);
+
+    /** Goes on from what a service that died has handed over. @throws ReplayError when that does not fit the script */
+    void resume(const std::string& progress);
+
+    Unrecorded unrecorded() const { return mUnrecorded; }
+    const ReplayScript& script() const { return mScript; }
+
+    /** Time 0 for what comes before all requests. */
+    void start();
+
+    Step take(pid_t caller, const std::string& key, const wire::Request& request);
+    Due takeDue();
+
+    /** Notes that the service dies. @return what is to be handed over to the one that comes after it */
+    std::string die(std::size_t death);
+
+    /** The events that are still to come after what has been asked for, in order. */
+    PublishedEvents takeRest();
+
+    bool hasDifference() const;
+    /** What has come of it, in lines; behind `takeRest`. */
+    std::vector<std::string> report() const;
+
+private:
+    struct Pending {
+        Clock::time_point due;
+        std::size_t happening;
+    };
+
+    Step stepFor(const Match& match);
+    void schedule(std::size_t call, Clock::time_point answer, Step& step);
+    Clock::duration played(std::chrono::nanoseconds time) const;
+    PublishedEvents takePendingBefore(std::size_t line);
+    void publish(std::size_t happening, PublishedEvents& events);
+    void countWaiting();
+    bool isDone() const { return mWaiting == 0 && mPending.empty(); }
+
+    const ReplayScript mScript;
+    const std::optional<double> mSpeed;
+    const Unrecorded mUnrecorded;
+    const std::unique_ptr<Matching> mMatching;
+    /** The happenings of each request. */
+    std::vector<std::vector<std::size_t>> mHappenings;
+    Progress mProgress;
+    /** How many requests have not been asked for. */
+    std::size_t mWaiting = 0;
+    std::vector<Pending> mPending;
+    Clock::time_point mLastRequest;
+};
+
+} // namespace kelutv::simulator

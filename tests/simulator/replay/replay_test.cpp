@@ -1,0 +1,409 @@
+// What a client of a simulator that plays a recording is given, and what the simulator says of it.
+
+#include "simulator/Simulator.h"
+#include "simulator/VolumeClient.h"
+#include "simulator/replay/RecordingFile.h"
+#include "support/Deadline.h"
+#include "support/RuntimeDir.h"
+
+#include <binder/IServiceManager.h>
+#include <keluem/emal.h>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <mutex>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace kelutv::test {
+
+namespace {
+
+using std::chrono::milliseconds;
+using Words = std::vector<std::string>;
+
+const Bytes kGetVolume = requestOf(0x2009, {0});
+const Bytes kGetMute = requestOf(0x200B, {0});
+constexpr char kVolume[] = "CMD_AUDIO_GETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER)";
+
+Bytes setVolume(std::int32_t volume) { return requestOf(0x2008, {0, volume}); }
+
+std::string own(const std::string& text) {
+    return "kelutv-simulator: [" + std::to_string(::getpid()) + "] " + text + '\n';
+}
+
+class Replayed : public ::testing::Test {
+protected:
+    void play(const Words& options = {}) {
+        Words words{"--replay", mFile.path()};
+        words.insert(words.end(), options.begin(), options.end());
+        mSimulator.emplace(words);
+    }
+
+    static Bytes ask(const Bytes& request) { return SimulatorEnvironment::transact(request); }
+
+    /** Ends the simulator. @return its exit code */
+    int end() {
+        mSimulator->process().kill(SIGTERM);
+        return mSimulator->process().exitCode().value_or(-1);
+    }
+
+    std::string complaints() { return mSimulator->process().error().text(); }
+    std::string output() { return mSimulator->process().output().text(); }
+    /** Whether it is there again after its death. */
+    bool comesBack() {
+        const std::string ready = "kelutv-simulator: ready (TVBaseService)\n";
+        return eventually([&] { return output().find(ready, output().find(ready) + 1) != std::string::npos; });
+    }
+
+    bool says(const std::string& text) { return output().find(text) != std::string::npos; }
+
+    const RuntimeDir mRuntimeDir;
+    RecordingFile mFile;
+    std::optional<Simulator> mSimulator;
+};
+
+TEST_F(Replayed, GivesTheBytesThatWereRecorded) {
+    // Neither a volume that there is, nor all of a reply, nor a reply that has an end.
+    const std::vector<Bytes> replies{replyOf({0, 4711}), {1, 2}, {}, replyOf({-5, 1, 2, 3, 4, 5, 6, 7})};
+    for (const Bytes& reply : replies) {
+        mFile.call(kGetVolume, reply);
+    }
+    play();
+    for (const Bytes& reply : replies) {
+        EXPECT_EQ(ask(kGetVolume), reply);
+    }
+    EXPECT_EQ(end(), 0);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_TRUE(says(": 4 of 4 recorded requests asked for, 0 early, 0 that were not recorded; "
+                     "0 of 0 events published; no difference\n"))
+        << output();
+}
+
+TEST_F(Replayed, TellsAtOnceOfAnArgumentThatIsAnother) {
+    mFile.call(kGetVolume, replyOf({0, 20})).call(setVolume(35), replyOf({0}));
+    play();
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 20}));
+    EXPECT_EQ(ask(setVolume(36)), replyOf({0}));
+    EXPECT_EQ(complaints(), own("CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=36) was not "
+                                "recorded; nearest: CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, "
+                                "vol=35) of line 3, which differs in vol"));
+    EXPECT_EQ(end(), 1);
+    EXPECT_TRUE(says("1 of 2 recorded requests asked for, 0 early, 1 that were not recorded")) << output();
+    EXPECT_TRUE(says("       1         0         1       0       0            1  CMD_AUDIO_SETVOLUME\n")) << output();
+    EXPECT_TRUE(says("\nnot asked for: CMD_AUDIO_SETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35) of "
+                     "line 3\n"))
+        << output();
+}
+
+TEST_F(Replayed, NamesTwoRequestsThatHaveChangedPlaces) {
+    mFile.call(kGetMute, replyOf({0, 1})).call(setVolume(35), replyOf({0})).call(kGetVolume, replyOf({0, 35}));
+    mFile.call(kGetMute, replyOf({0, 0}));
+    play();
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 35}));
+    EXPECT_EQ(ask(setVolume(35)), replyOf({0}));
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 0}));
+    EXPECT_EQ(complaints(), own(std::string(kVolume) + " of line 4 is asked for before CMD_AUDIO_SETVOLUME(channel=0 "
+                                                       "KELU_TV_AUDIO_CHANNEL_SPEAKER, vol=35) of line 3"));
+    EXPECT_EQ(end(), 1);
+    EXPECT_TRUE(says("4 of 4 recorded requests asked for, 1 early, 0 that were not recorded")) << output();
+}
+
+TEST_F(Replayed, FindsRequestsInAnyOrderWhereThatIsAskedFor) {
+    mFile.call(kGetVolume, replyOf({0, 20})).call(setVolume(35), replyOf({0})).call(kGetVolume, replyOf({0, 35}));
+    play({"--match", "loosely"});
+    EXPECT_EQ(ask(setVolume(35)), replyOf({0}));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 20}));
+    for (int times = 0; times < 3; ++times) {
+        EXPECT_EQ(ask(kGetVolume), replyOf({0, 35}));
+    }
+    EXPECT_EQ(end(), 0);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_TRUE(says("       2         2         0       0       2            0  CMD_AUDIO_GETVOLUME\n")) << output();
+}
+
+TEST_F(Replayed, GoesOnBehindARequestThatIsLeftOut) {
+    mFile.call(setVolume(1), replyOf({0})).call(setVolume(2), replyOf({0}));
+    mFile.call(setVolume(3), replyOf({0})).call(setVolume(4), replyOf({0}));
+    play();
+    for (const int volume : {1, 3, 4}) {
+        EXPECT_EQ(ask(setVolume(volume)), replyOf({0}));
+    }
+    EXPECT_EQ(end(), 1);
+    EXPECT_TRUE(says("3 of 4 recorded requests asked for, 1 early")) << output();
+    EXPECT_TRUE(says("vol=2) of line 3\n")) << output();
+}
+
+TEST_F(Replayed, LetsTheTelevisionAnswerWhatWasNotRecorded) {
+    // The volume was 44 at first, and is what was set since.
+    mFile.call(kGetVolume, replyOf({0, 44})).call(kGetMute, replyOf({0, 1})).call(setVolume(35), replyOf({0}));
+    play();
+    EXPECT_EQ(ask(requestOf(0x2009, {1})), replyOf({0, 20}));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 44}));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 44}));
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_EQ(ask(setVolume(35)), replyOf({0}));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 35}));
+    EXPECT_EQ(end(), 1);
+    EXPECT_NE(complaints().find(own(std::string(kVolume) + " was not recorded; nearest: " + kVolume +
+                                    " of line 2, which has been asked for")),
+              std::string::npos)
+        << complaints();
+}
+
+TEST_F(Replayed, AnswersWhatWasNotRecordedWithAnError) {
+    mFile.call(kGetVolume, replyOf({0, 20}));
+    play({"--unrecorded", "error"});
+    EXPECT_EQ(ask(kGetMute), replyOf({-114}));
+    EXPECT_EQ(complaints(), own("CMD_AUDIO_GETMUTE(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER) was not recorded; nearest: "
+                                "CMD_AUDIO_GETVOLUME"));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 20}));
+    EXPECT_EQ(end(), 1);
+}
+
+TEST_F(Replayed, LeavesWhatWasNotRecordedWithoutAnAnswer) {
+    mFile.call(kGetMute, replyOf({0, 1}));
+    play({"--unrecorded", "silence"});
+    VolumeClient client(1);
+    ASSERT_TRUE(mSimulator->process().error().waitFor("was not recorded"));
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_TRUE(client.isRunning());
+    EXPECT_EQ(end(), 1);
+    EXPECT_EQ(client.answers(), "-1\n");
+}
+
+TEST_F(Replayed, IsEachRecordedThreadsOwnOrder) {
+    mFile.in(7, 7).call(setVolume(1), replyOf({0})).in(7, 8).call(kGetMute, replyOf({0, 0}));
+    mFile.in(7, 7).call(setVolume(2), replyOf({0})).in(7, 8).call(kGetMute, replyOf({0, 1}));
+    play();
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 0}));
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_EQ(ask(setVolume(1)), replyOf({0}));
+    EXPECT_EQ(ask(setVolume(2)), replyOf({0}));
+    EXPECT_EQ(end(), 0) << complaints();
+}
+
+TEST_F(Replayed, HasAPlaceForEachProcess) {
+    for (int i = 1; i <= 2; ++i) {
+        mFile.in(1).call(kGetVolume, replyOf({0, i})).in(2).call(kGetVolume, replyOf({0, 10 * i}));
+    }
+    play({"--exit-at-end"});
+    VolumeClient first(2);
+    EXPECT_EQ(first.answers(), "1\n2\n");
+    VolumeClient second(2);
+    EXPECT_EQ(second.answers(), "10\n20\n");
+    EXPECT_EQ(mSimulator->process().exitCode(), 0) << complaints();
+}
+
+TEST_F(Replayed, FailsAtTheLinkAsRecorded) {
+    mFile.failed(kGetVolume, -110).call(kGetVolume, replyOf({0, 9}));
+    play();
+    EXPECT_THROW(ask(kGetVolume), std::runtime_error);
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 9}));
+    EXPECT_EQ(end(), 0) << complaints();
+}
+
+TEST_F(Replayed, DiesInACallAsRecordedAndComesBack) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).failed(kGetVolume).loss().failed(kGetVolume).failed(kGetMute);
+    mFile.in(2).call(kGetVolume, replyOf({0, 8}));
+    play();
+    VolumeClient first(3);
+    EXPECT_EQ(first.answers(), "7\n-1\n-1\n");
+    ASSERT_TRUE(comesBack());
+    VolumeClient second(1);
+    EXPECT_EQ(second.answers(), "8\n");
+    EXPECT_EQ(end(), 0);
+    EXPECT_EQ(complaints(), "kelutv-simulator: the service dies, as recorded, and comes back\n");
+    EXPECT_TRUE(says(": 3 of 3 recorded requests asked for")) << output();
+}
+
+TEST_F(Replayed, DiesBehindAnAnswerAsRecorded) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).pause(milliseconds(20)).loss().in(2).loss();
+    mFile.in(3).call(kGetVolume, replyOf({0, 8}));
+    play();
+    VolumeClient first(1);
+    EXPECT_EQ(first.answers(), "7\n");
+    ASSERT_TRUE(comesBack());
+    VolumeClient second(1);
+    EXPECT_EQ(second.answers(), "8\n");
+    EXPECT_EQ(end(), 0) << complaints();
+}
+
+/** The events that this process was given, in text form, with the requests that it made. */
+class Log {
+public:
+    void add(const std::string& text) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        mEntries.push_back(text);
+    }
+
+    bool waitFor(std::size_t count) {
+        return eventually([this, count] { return entries().size() >= count; });
+    }
+
+    Words entries() {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        return mEntries;
+    }
+
+private:
+    std::mutex mMutex;
+    Words mEntries;
+};
+
+Log& eventLog() {
+    static Log* const log = new Log;
+    return *log;
+}
+
+void onEvent(unsigned int event, void* /*payload*/, unsigned int length, void* /*unused*/) {
+    eventLog().add(std::to_string(event & 0xFFFFU) + '/' + std::to_string(length));
+}
+
+TEST_F(Replayed, PublishesEventsAtTheirPlace) {
+    constexpr std::uint32_t kVolumeModule = 0x60000;
+    mFile.in(1).event(kVolumeModule + 1, {});
+    mFile.call(kGetVolume, replyOf({0, 1})).event(kVolumeModule + 2, {1});
+    // Both processes are given the same one.
+    mFile.in(2).event(kVolumeModule + 2, {1}).in(1).event(kVolumeModule + 2, {1});
+    mFile.call(kGetVolume, replyOf({0, 2})).event(kVolumeModule + 3, {1, 2, 3});
+    ASSERT_EQ(EMAL_AddListener(kVolumeModule, onEvent), 0);
+    play();
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 1}));
+    EXPECT_TRUE(eventLog().waitFor(1));
+    EXPECT_EQ(eventLog().entries().front(), "1/0");
+    EXPECT_TRUE(eventLog().waitFor(3));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 2}));
+    EXPECT_EQ(eventLog().entries(), (Words{"1/0", "2/1", "2/1"}));
+    EXPECT_TRUE(eventLog().waitFor(4));
+    EXPECT_EQ(eventLog().entries().back(), "3/3");
+    EMAL_RemoveListener(kVolumeModule);
+    EXPECT_EQ(end(), 0) << complaints();
+    EXPECT_TRUE(says("; 4 of 4 events published; no difference\n")) << output();
+}
+
+TEST_F(Replayed, SaysThatEventsWereNotPublished) {
+    mFile.call(kGetMute, replyOf({0, 1})).event(0x60001, {}).call(kGetVolume, replyOf({0, 1})).event(0x60001, {});
+    play();
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_EQ(end(), 1);
+    EXPECT_TRUE(says("; 1 of 2 events published\n")) << output();
+}
+
+TEST_F(Replayed, TakesTheTimeThatWasRecordedWhenToldTo) {
+    mFile.call(kGetVolume, replyOf({0, 1}), std::chrono::seconds(5));
+    play({"--speed", "100"});
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 1}));
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, milliseconds(50));
+    EXPECT_EQ(end(), 0);
+}
+
+TEST_F(Replayed, ComparesRequestsBehindATokenOfAnyForm) {
+    std::get<recording::Header>(mFile.lines().front().content).token =
+        Wire::token(30, u"android.ITVBaseService").bytes();
+    mFile.call(Wire::token(30, u"android.ITVBaseService").i32(0x2009).i32(0).bytes(), replyOf({0, 3}));
+    play();
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 3}));
+    EXPECT_EQ(end(), 0);
+    EXPECT_NE(complaints().find("its interface token has another form than here"), std::string::npos) << complaints();
+}
+
+/** What is said of recordings that are no good. */
+class Unplayable : public ::testing::Test {
+protected:
+    struct Run {
+        int exit;
+        std::string error;
+    };
+
+    Run play(const std::string& content, const Words& options = {}) {
+        std::ofstream(mPath) << content;
+        Words words{"--replay", mPath};
+        words.insert(words.end(), options.begin(), options.end());
+        const auto simulator = startSimulator(words);
+        const int exit = simulator->exitCode().value_or(-1);
+        return {exit, simulator->error().text()};
+    }
+
+    void expectRefused(const std::string& content, const std::string& complaint) {
+        const Run run = play(content);
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_EQ(run.error, "kelutv-simulator: " + mPath + complaint + '\n');
+    }
+
+    const RuntimeDir mRuntimeDir;
+    const std::string mPath = mRuntimeDir.path() + "/recording.jsonl";
+    RecordingFile mFile;
+};
+
+TEST_F(Unplayable, IsRefusedWithAReason) {
+    expectRefused("", ": it has no line, and a recording begins with a header");
+    expectRefused(mFile.text().substr(0, 40), ": it has no line, and a recording begins with a header");
+    expectRefused("{\"kind\":\"end\",\"sequence\":1,\"time\":1,\"reason\":\"\"}\n",
+                  ":1: a recording begins with its header");
+    expectRefused(mFile.text(), ": it holds no request and no event");
+    const std::string complaint = play("volume 35\n").error;
+    EXPECT_NE(complaint.find(mPath + ":1: this is not JSON: "), std::string::npos) << complaint;
+    std::get<recording::Header>(mFile.lines().front().content).isLittleEndian = false;
+    expectRefused(mFile.call(kGetVolume, replyOf({0, 1})).text(),
+                  ":1: the bytes are in another order than those of this machine");
+}
+
+TEST_F(Unplayable, IsNoFileOrNoneThatCanBeReadTwice) {
+    const auto missing = startSimulator({"--replay", mRuntimeDir.path() + "/nothing"});
+    EXPECT_EQ(missing->exitCode(), 2);
+    EXPECT_NE(missing->error().text().find("No such file"), std::string::npos) << missing->error().text();
+    const auto folder = startSimulator({"--replay", mRuntimeDir.path()});
+    EXPECT_EQ(folder->exitCode(), 2);
+    EXPECT_NE(folder->error().text().find("it is not a regular file"), std::string::npos) << folder->error().text();
+}
+
+TEST_F(Unplayable, IsPlayedAsFarAsItCanBeRead) {
+    mFile.call(kGetVolume, replyOf({0, 1})).call(kGetMute, replyOf({0, 1}));
+    mFile.add({recording::Gap{3, 4000000, 5}}).call(kGetVolume, replyOf({0, 2}));
+    std::string text = mFile.text();
+    text.replace(text.find("\"duration\"", text.find("\"sequence\":2")), 10, "\"curation\"");
+    std::ofstream(mPath) << text.substr(0, text.size() - 20);
+    Simulator simulator({"--replay", mPath});
+    EXPECT_EQ(SimulatorEnvironment::transact(kGetVolume), replyOf({0, 1}));
+    EXPECT_EQ(SimulatorEnvironment::transact(kGetVolume), replyOf({0, 2}));
+    simulator.process().kill(SIGTERM);
+    EXPECT_EQ(simulator.process().exitCode(), 0);
+    const std::string own = "kelutv-simulator: " + mPath;
+    EXPECT_EQ(simulator.process().error().text(), own + ":3: \"duration\" is missing; the line is left out\n" + own +
+                                                      ": the recorder left out 5 calls and events\n" + own +
+                                                      ": its end is missing; what stands before is replayed\n");
+}
+
+TEST_F(Unplayable, HasNoOtherOptions) {
+    const std::string text = mFile.call(kGetVolume, replyOf({0, 1})).text();
+    Run run = play(text, {"--match", "nearly"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error, "kelutv-simulator: --match takes strictly or loosely, not 'nearly'\n");
+    run = play(text, {"--unrecorded", "guess"});
+    EXPECT_EQ(run.exit, 2);
+    EXPECT_EQ(run.error, "kelutv-simulator: --unrecorded takes television, error or silence, not 'guess'\n");
+    run = play(text, {"--scenario", "hotel"});
+    EXPECT_EQ(run.exit, 2);
+    const auto alone = startSimulator({"--match", "loosely"});
+    EXPECT_EQ(alone->exitCode(), 2);
+}
+
+TEST_F(Unplayable, CannotBeServedTwice) {
+    const std::string text = mFile.call(kGetVolume, replyOf({0, 1})).text();
+    const Simulator first;
+    EXPECT_EQ(play(text).exit, 3);
+}
+
+} // namespace
+
+} // namespace kelutv::test
