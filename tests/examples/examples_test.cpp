@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -201,6 +202,53 @@ TEST_F(TeletextExample, ShowsThePageOfTheSimulator) {
 TEST_F(TeletextExample, SaysThatTheServiceIsMissing) {
     expectServiceMissed(KELUTV_EXAMPLE_TELETEXT, "teletext: no answer from the TV base service; is it running?");
 }
+
+/** A program, and the recording of it that is kept. */
+struct KeptRecording {
+    const char* program;
+    const char* file;
+};
+
+void PrintTo(const KeptRecording& recording, std::ostream* out) { *out << recording.file; }
+
+/** Each example meets the television of its recording. */
+class RecordedExample : public ::testing::TestWithParam<KeptRecording> {
+protected:
+    static std::string play(const std::vector<std::string>& options) {
+        std::vector<std::string> words{"--replay", std::string(KELUTV_RECORDINGS "/") + GetParam().file,
+                                       "--exit-at-end"};
+        words.insert(words.end(), options.begin(), options.end());
+        Simulator simulator(words);
+        const std::string output = outputOf(GetParam().program);
+        EXPECT_EQ(simulator.process().exitCode(), 0);
+        EXPECT_EQ(simulator.process().error().text(), "");
+        EXPECT_NE(simulator.process().output().text().find("; no difference\n"), std::string::npos);
+        return output;
+    }
+
+private:
+    const RuntimeDir mRuntimeDir;
+};
+
+TEST_P(RecordedExample, SeesNoDifference) {
+    std::string expected;
+    {
+        const Simulator television;
+        expected = outputOf(GetParam().program);
+    }
+    EXPECT_NE(expected.find("exit code 0\n"), std::string::npos);
+    EXPECT_EQ(play({}), expected);
+    EXPECT_EQ(play({"--match", "loosely"}), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(InTheOrderOfTheFolder, RecordedExample,
+                         ::testing::Values(KeptRecording{KELUTV_EXAMPLE_SOURCES, "sources.jsonl"},
+                                           KeptRecording{KELUTV_EXAMPLE_C, "volume.jsonl"},
+                                           KeptRecording{KELUTV_EXAMPLE_CPP, "volume_cpp.jsonl"}),
+                         [](const auto& instance) {
+                             const std::string file = instance.param.file;
+                             return file.substr(0, file.find('.'));
+                         });
 
 } // namespace
 
