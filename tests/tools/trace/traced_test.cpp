@@ -1,9 +1,11 @@
 #include "simulator/Simulator.h"
 #include "support/RuntimeDir.h"
 #include "support/Sanitizers.h"
+#include "support/TestFolder.h"
 #include "tools/ParsedJson.h"
 #include "tools/Samples.h"
 #include "tools/Tool.h"
+#include "tools/recordings/Conversation.h"
 
 #include "recording/Reader.h"
 #include "tools/kelutv/calls/Call.h"
@@ -61,6 +63,20 @@ void expectAnsweredAlike(const std::string& file, std::size_t calls) {
     EXPECT_EQ(replayed.error, "kelutv: 0 differences in " + std::to_string(calls) + " calls\n");
 }
 
+/** That the program meets its recording without a difference, and is told the same. */
+void expectReplayed(const std::string& file, const std::string& lines, const std::string& match) {
+    const TestFolder folder;
+    const RuntimeDir place;
+    Simulator simulator({"--replay", file, "--match", match, "--exit-at-end"});
+    runTool({"record", "--output", folder.pathOf("again"), "--", "/bin/sh", "-c",
+             std::string("exec " KELUTV_TOOL_PROGRAM " repl < ") + lines},
+            {sanitizerOptions()});
+    EXPECT_EQ(simulator.process().exitCode(), 0);
+    EXPECT_EQ(simulator.process().error().text(), "");
+    EXPECT_EQ(conversationsOf(recording::linesOfFile(folder.pathOf("again"))),
+              conversationsOf(recording::linesOfFile(file)));
+}
+
 /**
  * One program calls every function; its trace and its recording hold what each of them sends, in order and with nothing
  * between.
@@ -100,6 +116,8 @@ TEST(Traced, isWhatEveryFunctionSends) {
     EXPECT_GE(expected.size(), 750U);
     expectRecorded(recorded, requests);
     expectAnsweredAlike(recorded, requests.size());
+    expectReplayed(recorded, lines, "strictly");
+    expectReplayed(recorded, lines, "loosely");
 }
 
 } // namespace
