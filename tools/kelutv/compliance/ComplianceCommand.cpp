@@ -19,6 +19,7 @@ using compliance::Checks;
 
 constexpr Seconds kShortest{0.01};
 constexpr Seconds kLongest{86400};
+constexpr Seconds kLeastLatency{0.000001};
 
 struct ComplianceOptions {
     compliance::JudgingOrder judging;
@@ -76,6 +77,16 @@ void addOptions(const Subcommand& command, const Options& options) {
                    "A dangerous function that may be called; may be given again");
     command.flag("--all", options->judging.tellsAll, "A line for each check, not only for those that failed");
     addReportOptions(command, options->judging.reports);
+    const auto addTime = [&command](const char* name, std::optional<std::chrono::nanoseconds>& time, const char* help) {
+        const auto read = [name, &time](const std::string& text) {
+            time = std::chrono::duration_cast<std::chrono::nanoseconds>(secondsOf(name, text, kLeastLatency, kLongest));
+        };
+        command.option(name, read, "SECONDS", help);
+    };
+    addTime("--p50", options->judging.order.terms.p50, "What half of the answers under load may take; else no limit");
+    addTime("--p99", options->judging.order.terms.p99, "What 99 of a hundred of them may take; else no limit");
+    command.option("--restart", options->judging.order.terms.restart, "COMMAND",
+                   "A line of the shell that restarts the service, to see it found again");
     command.option("--expect", options->judging.known, "FILE",
                    "Checks that are known to fail, which are expected failures then");
     const auto readLimit = [options](const std::string& text) {

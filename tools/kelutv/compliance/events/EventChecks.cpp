@@ -161,6 +161,17 @@ const wire::Event* eventOf(const SetPlan& plan, const wire::EventTable& table) {
 
 } // namespace
 
+std::unique_ptr<const Check> checkOfOneEvent(const Terms& terms) {
+    Checks checks;
+    addEventChecks(checks, terms);
+    const auto ofVolume = std::find_if(checks.begin(), checks.end(), [](const auto& check) {
+        return check->subject().id.rfind("events.audio.setVolume[", 0) == 0;
+    });
+    return std::move(ofVolume != checks.end() ? *ofVolume : checks.front());
+}
+
+void listenToEvents() { Hearing::instance(); }
+
 void addEventChecks(Checks& checks, const Terms& terms) {
     // Its rows are held by the checks.
     static const wire::EventTable table = eventsOf("");

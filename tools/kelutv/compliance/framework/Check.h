@@ -44,6 +44,12 @@ public:
     /** Why it is not made; empty when it is. */
     virtual std::string whyLeftOut() const { return ""; }
 
+    /**
+     * Whether it starts processes of its own, and does not ask in the one that makes it: it is made in the process that
+     * makes the run, which has not used the library, and bounds its waits itself. Such checks come behind all others.
+     */
+    virtual bool startsProcesses() const { return false; }
+
     /** How many times the limit of one answer it may take. */
     virtual double patience() const { return 1; }
 

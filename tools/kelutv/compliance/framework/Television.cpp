@@ -34,6 +34,10 @@ bool Television::isAlive() const {
     }
 }
 
+void Television::add(const std::vector<std::chrono::nanoseconds>& latencies) {
+    mLatencies.insert(mLatencies.end(), latencies.begin(), latencies.end());
+}
+
 std::vector<std::chrono::nanoseconds> Television::takeLatencies() { return std::exchange(mLatencies, {}); }
 
 bool Television::takeLoss() { return std::exchange(mHasLost, false); }

@@ -2,6 +2,8 @@
 
 #include "wire/Function.h"
 
+#include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +13,11 @@ namespace kelutv::tool::compliance {
 struct Terms {
     /** Names of dangerous functions that may be called all the same. */
     std::vector<std::string> allowed;
+    /** What half of the answers under load may take, and 99 of a hundred; nothing without a limit. */
+    std::optional<std::chrono::nanoseconds> p50 = {};
+    std::optional<std::chrono::nanoseconds> p99 = {};
+    /** A command line of the shell that restarts the service; empty when none is known. */
+    std::string restart = {};
 };
 
 /** Whether a function may be called: it is not dangerous, or was named. */
