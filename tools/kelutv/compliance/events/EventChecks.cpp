@@ -8,6 +8,7 @@
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/snapshot/StateReader.h"
 #include "tools/kelutv/snapshot/StateRules.h"
+#include "tools/process/Deadline.h"
 #include "wire/events/Payload.h"
 
 #include <algorithm>
@@ -171,6 +172,15 @@ std::unique_ptr<const Check> checkOfOneEvent(const Terms& terms) {
 }
 
 void listenToEvents() { Hearing::instance(); }
+
+bool hearsOfTheEnd(std::chrono::seconds time) {
+    const process::Deadline deadline = process::deadlineIn(time);
+    EventQueue& queue = EventQueue::instance();
+    while (!queue.isLost() && process::waitToRead({queue.fd()}, deadline)) {
+        queue.take();
+    }
+    return queue.isLost();
+}
 
 void addEventChecks(Checks& checks, const Terms& terms) {
     // Its rows are held by the checks.

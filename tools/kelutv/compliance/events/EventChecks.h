@@ -14,4 +14,7 @@ std::unique_ptr<const Check> checkOfOneEvent(const Terms& terms);
 /** Events come to this process from now on. @throws ToolError, LinkError when they cannot */
 void listenToEvents();
 
+/** Whether a process that listens is told of the end of the service within this time. */
+bool hearsOfTheEnd(std::chrono::seconds time);
+
 } // namespace kelutv::tool::compliance

@@ -17,7 +17,7 @@ namespace {
 constexpr int kClients = 20;
 constexpr int kCallsBeside = 50;
 constexpr process::Seconds kTimeOfListener{10};
-constexpr process::Seconds kTimeOfRestart{30};
+constexpr std::chrono::seconds kTimeOfRestart{30};
 
 /** Lets something happen to clients; the service must go on. */
 class LifeCheck : public Check {
@@ -59,6 +59,14 @@ void stopCallers() {
     }
 }
 
+/** @throws ToolError when the client does not say that it listens */
+void requireListening(Client& client) {
+    if (const auto message = client.hear(process::deadlineIn(kTimeOfListener));
+        !message || message->find("ready") == nullptr) {
+        throw ToolError(Exit::Service, "a client cannot listen to events");
+    }
+}
+
 /** Listeners that nothing happens to until they are killed. */
 class Listeners {
 public:
@@ -72,10 +80,7 @@ public:
             });
         }
         for (Client& client : mClients) {
-            if (const auto message = client.hear(process::deadlineIn(kTimeOfListener));
-                !message || message->find("ready") == nullptr) {
-                throw ToolError(Exit::Service, "a client cannot listen to events");
-            }
+            requireListening(client);
         }
     }
 
@@ -175,12 +180,18 @@ public:
     }
 
     Outcome run(Television& /*television*/) const override {
-        Witness witness;
+        Client client([](const ClientLine& line) {
+            listenToEvents();
+            line.say({{"ready", true}});
+            line.say({{"ended", hearsOfTheEnd(kTimeOfRestart)}});
+        });
+        requireListening(client);
         runShell(mCommand);
-        awaitService();
-        if (witness.complaint().empty()) {
-            return {Verdict::inconclusive, "the command left the service as it was", std::nullopt};
+        const std::optional<Json> message = client.hear(process::deadlineIn(kTimeOfRestart));
+        if (!message || !message->at("ended").asBoolean()) {
+            return {Verdict::inconclusive, "clients are not told that the service has ended", std::nullopt};
         }
+        awaitService();
         return {};
     }
 
