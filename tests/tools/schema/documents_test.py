@@ -156,6 +156,32 @@ class Documents(unittest.TestCase):
                          [False, False])
         self.assertEqual(self.documents(last, "snapshot-restore-sum")[0]["failed"], 1)
 
+    def test_judging(self) -> None:
+        folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+        before, after, known = (str(folder / name) for name in ("before.json", "after.json", "known.json"))
+        self.printed("compliance-plan", "compliance", "--dry-run", "audio.getVolume")
+        *checks, last = self.run_tool("compliance", "form.audio.getV*", "-o", before).stdout.splitlines()
+        self.assertGreater(len(self.documents("\n".join(checks), "compliance")), 10)
+        self.assertEqual(self.documents(last, "compliance-sum")[0]["verdicts"]["failed"], 0)
+        self.run_tool("sim", "fault CMD_AUDIO_GETVOLUME short 2")
+        failures = [{"check": "form.audio.getVolume[channel=speaker].*", "reason": "no amplifier"}]
+        document = json.dumps({"format": "kelutv known failures 1", "failures": failures})
+        self.documents(document, "known-failures")
+        Path(known).write_text(document, encoding="utf-8")
+        checks = self.run_tool("compliance", "form.audio.getV*", "-o", after, "--expect", known).stdout.splitlines()
+        verdicts = {check["id"]: check["verdict"] for check in self.documents("\n".join(checks[:-1]), "compliance")}
+        self.assertEqual(verdicts["form.audio.getVolume[channel=speaker].status"], "expected-failure")
+        self.assertEqual(verdicts["form.audio.getVolume[channel=headphone].status"], "failed")
+        for file in (before, after):
+            self.documents(json.dumps(json.loads(Path(file).read_text(encoding="utf-8"))), "compliance-report")
+        run = self.run_tool("compliance", "diff", before, after, "--factor", "1")
+        self.assertEqual(run.returncode, 1)
+        *changes, last = run.stdout.splitlines()
+        latencies = [line for line in changes if '"family"' in line]
+        self.documents("\n".join(latencies), "compliance-diff-latency")
+        self.documents("\n".join(line for line in changes if line not in latencies), "compliance-diff")
+        self.assertGreater(self.documents(last, "compliance-diff-sum")[0]["changes"]["newly-failed"], 0)
+
     def test_functions(self) -> None:
         names = [document["function"] for document in self.printed("list", "list")]
         self.assertGreater(len(names), 500)

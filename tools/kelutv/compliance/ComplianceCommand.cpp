@@ -83,8 +83,9 @@ void addOptions(const Subcommand& command, const Options& options) {
         };
         command.option(name, read, "SECONDS", help);
     };
-    addTime("--p50", options->judging.order.terms.p50, "What half of the answers under load may take; else no limit");
-    addTime("--p99", options->judging.order.terms.p99, "What 99 of a hundred of them may take; else no limit");
+    addTime("--median", options->judging.order.terms.p50,
+            "What half of the answers under load may take; else no limit");
+    addTime("--tail", options->judging.order.terms.p99, "What 99 of a hundred of them may take; else no limit");
     command.option("--restart", options->judging.order.terms.restart, "COMMAND",
                    "A line of the shell that restarts the service, to see it found again");
     command.option("--expect", options->judging.known, "FILE",

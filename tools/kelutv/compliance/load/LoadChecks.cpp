@@ -74,7 +74,7 @@ public:
                  std::chrono::nanoseconds LatencySummary::*measure, std::optional<std::chrono::nanoseconds> limit)
         : LoadCheck(size, aspect, sentence), mMeasure(measure), mLimit(limit) {}
 
-    std::string whyLeftOut() const override { return mLimit ? "" : "no limit was given"; }
+    std::string whyLeftOut() const override { return mLimit ? "" : "no limit was given; --median and --tail do"; }
 
 private:
     Outcome judge(const CrowdReport& report, Television& /*television*/) const override {
@@ -91,10 +91,10 @@ private:
 
 void add(Checks& checks, const CrowdSize& size, const Terms& terms) {
     checks.push_back(std::make_unique<AnswersCheck>(size));
-    checks.push_back(std::make_unique<LatencyCheck>(size, "p50", "Half of the answers come within the limit of --p50.",
-                                                    &LatencySummary::p50, terms.p50));
     checks.push_back(std::make_unique<LatencyCheck>(
-        size, "p99", "99 of a hundred answers come within the limit of --p99.", &LatencySummary::p99, terms.p99));
+        size, "p50", "Half of the answers come within the limit of --median.", &LatencySummary::p50, terms.p50));
+    checks.push_back(std::make_unique<LatencyCheck>(
+        size, "p99", "99 of a hundred answers come within the limit of --tail.", &LatencySummary::p99, terms.p99));
 }
 
 } // namespace

@@ -29,10 +29,17 @@ struct ReportOptions {
 
 std::string textOf(const std::optional<Verdict>& verdict) { return verdict ? wordsOf(*verdict) : "none"; }
 
-Json documentOf(const std::optional<Verdict>& verdict) { return verdict ? Json(nameOf(*verdict)) : Json(); }
+Json documentOf(const std::optional<Verdict>& verdict) { return verdict ? Json(compliance::nameOf(*verdict)) : Json(); }
 
 Style styleOf(Change change) {
     return change == Change::newlyFailed ? Style::Bad : change == Change::newlyPassed ? Style::Good : Style::Number;
+}
+
+/** `newly-failed`. */
+std::string nameOf(Change change) {
+    std::string name = wordsOf(change);
+    std::replace(name.begin(), name.end(), ' ', '-');
+    return name;
 }
 
 void tellChange(const ChangedCheck& check, const Output& output) {
@@ -40,7 +47,7 @@ void tellChange(const ChangedCheck& check, const Output& output) {
                 output.styled(Style::Name, check.id) + ": " + textOf(check.before) + " -> " + textOf(check.after) +
                 (check.reason.empty() ? "" : ": " + wire::shown(check.reason, wire::kMostOfPath)));
     output.document({{"id", check.id},
-                     {"change", wordsOf(check.change)},
+                     {"change", nameOf(check.change)},
                      {"before", documentOf(check.before)},
                      {"after", documentOf(check.after)},
                      {"reason", check.reason}});
@@ -78,7 +85,7 @@ void tellSums(const RunComparison& comparison, const Output& output) {
          {Change::newlyFailed, Change::newlyPassed, Change::changed, Change::added, Change::gone}) {
         const std::size_t count = countOf(comparison, change);
         parts.push_back(std::to_string(count) + ' ' + wordsOf(change));
-        sums[wordsOf(change)] = count;
+        sums[nameOf(change)] = count;
     }
     output.message("kelutv: " + joined(parts, ", "));
     output.document({{"changes", sums}, {"latencies", comparison.latencies.size()}});

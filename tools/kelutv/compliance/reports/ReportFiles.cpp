@@ -3,6 +3,7 @@
 #include "tools/kelutv/compliance/reports/HtmlReport.h"
 #include "tools/kelutv/compliance/reports/JunitReport.h"
 #include "tools/kelutv/compliance/results/RunFile.h"
+#include "tools/kelutv/output/Errors.h"
 
 namespace kelutv::tool::compliance {
 
@@ -19,8 +20,11 @@ ReportFiles::ReportFiles(const ReportPaths& paths) {
 }
 
 void ReportFiles::add(const std::string& path, std::string (*textOf)(const Run& run)) {
+    if (path == "-") {
+        throw UsageError("reports go into files; with --json standard output has a document for each check");
+    }
     if (!path.empty()) {
-        mFiles.push_back({textOf, std::make_unique<DataOutput>(path == "-" ? "" : path)});
+        mFiles.push_back({textOf, std::make_unique<DataOutput>(path)});
     }
 }
 

@@ -23,7 +23,7 @@ void addReportOptions(const Subcommand& command, ReportPaths& paths);
 /** The reports of a run in their forms, written as files. */
 class ReportFiles {
 public:
-    /** @throws ToolError when one of the files cannot be made, before anything else is done */
+    /** @throws ToolError when one of the files cannot be made, before anything else is done, UsageError for `-` */
     explicit ReportFiles(const ReportPaths& paths);
 
     /** @throws ToolError when one of them cannot be written */
