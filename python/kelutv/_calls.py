@@ -64,11 +64,10 @@ def check(row: Row, result: Any) -> None:
         raise ServiceRefused(name, "the function gave -1")
 
 
-def _bounded(name: str, parameter: Parameter, value: Any) -> Any:
+def _check_bounds(parameter: Parameter, value: Any) -> None:
     label, _, _, _, _, _, low, high = parameter
     if low is not None and high is not None and not low <= value <= high:
-        raise ValueError(f"{name}: {label} is {value}, {low} to {high} are allowed")
-    return value
+        raise ValueError(f"{label} is {value}, {low} to {high} are allowed")
 
 
 def _plain(row: Row) -> Call:
@@ -78,13 +77,13 @@ def _plain(row: Row) -> Call:
     bounded = [(i, each) for i, each in enumerate(parameters) if each[6] is not None]
 
     def call(*arguments: Any) -> Any:
-        for index, parameter in bounded:
-            _bounded(name, parameter, arguments[index])
         summary = thread.summary
         summary[0] = 0
         try:
+            for index, parameter in bounded:
+                _check_bounds(parameter, arguments[index])
             result = function(*arguments)
-        except (TypeError, OverflowError) as error:
+        except (TypeError, OverflowError, ValueError) as error:
             raise type(error)(f"{name}: {error}") from None
         if summary[0] != reply_size or not reply_size or (minus_one_fails and result == -1):
             check(row, result)
@@ -243,7 +242,7 @@ def _general(row: Row) -> Call:
         try:
             for parameter in given:
                 if parameter[6] is not None:
-                    _bounded(name, parameter, frame.given[parameter[0]])
+                    _check_bounds(parameter, frame.given[parameter[0]])
             for parameter in parameters:
                 _prepare(frame, parameter, lengths)
             thread.summary[0] = 0

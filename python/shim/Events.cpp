@@ -47,8 +47,8 @@ void put(unsigned int kind, unsigned int id, const void* payload, unsigned int l
         return;
     }
     if (all.notices.size() >= all.most) {
+        all.notices.pop_front();
         ++all.dropped;
-        return;
     }
     all.notices.push_back(
         {{kind, id, count}, count == 0 ? std::vector<char>() : std::vector<char>(bytes, bytes + count)});

@@ -48,7 +48,11 @@ bool connect() {
     if (service == nullptr) {
         return false;
     }
-    service = new ObservedService(android::IInterface::asBinder(service));
+    // Threads of the interpreter may still be in a call when the client is destroyed at the end of the process.
+    static const auto* const own = new android::sp<android::ITVBaseService>(service);
+    static const auto* const observed =
+        new android::sp<android::ITVBaseService>(new ObservedService(android::IInterface::asBinder(*own)));
+    service = *observed;
     return true;
 }
 

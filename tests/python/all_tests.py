@@ -1,0 +1,14 @@
+"""All tests of the package for Python, in one process, so that the interpreter starts once."""
+
+from __future__ import annotations
+
+import sys
+import unittest
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+sys.path[:0] = [str(HERE)]
+
+if __name__ == "__main__":
+    suite = unittest.defaultTestLoader.discover(str(HERE), pattern="*_test.py", top_level_dir=str(HERE))
+    sys.exit(not unittest.TextTestRunner(verbosity=1).run(suite).wasSuccessful())

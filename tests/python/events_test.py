@@ -1,0 +1,157 @@
+"""Events and how they are handed on."""
+
+from __future__ import annotations
+
+import asyncio
+import threading
+import time
+import unittest
+
+from package import PATIENCE, QUIET, SPEAKER, WithTelevision, kelutv, run_python
+from kelutv import enums
+
+# The first event of KELU_EM_MODE_COMMON that the simulated television does not publish by itself.
+OWN = 0x80000 + 0x4000
+
+
+class EventsTest(WithTelevision):
+    def test_a_change_is_told_with_its_fields(self) -> None:
+        self.simulator.set("audio.volume[speaker]", 1)
+        with self.tv.events(timeout=PATIENCE) as events:
+            self.tv.audio.set_volume(SPEAKER, 27)
+            event = next(events)
+        self.assertEqual((event.name, event.module), ("volumeChanged", enums.KELU_EM_MODE_E.KELU_EM_MODE_VOLUME))
+        self.assertEqual(event.fields, {"channel": SPEAKER, "volume": 27})
+        self.assertIsInstance(event.fields["channel"], enums.KELU_TV_AUDIO_CHANNEL_E)
+        self.assertIn("volume=27", str(event))
+
+    def test_they_come_in_order_with_every_byte(self) -> None:
+        with self.tv.events(timeout=PATIENCE) as events:
+            sent = [bytes([i]) * i for i in range(50)]
+            for payload in sent:
+                self.simulator.event(OWN, payload)
+            self.assertEqual([next(events) for _ in sent], [kelutv.Event(OWN, payload) for payload in sent])
+            self.assertEqual(events.dropped, 0)
+
+    def test_a_long_payload(self) -> None:
+        payload = bytes(range(256)) * 200
+        with self.tv.events(timeout=PATIENCE) as events:
+            self.simulator.event(OWN, payload)
+            self.assertEqual(next(events).payload, payload)
+
+    def test_payloads_of_another_form_have_no_fields(self) -> None:
+        self.assertEqual(kelutv.Event(0x60001, b"\x01").fields, {})
+        self.assertIsNone(kelutv.Event(OWN, b"").name)
+
+    def test_the_time_ends_the_stream(self) -> None:
+        begin = time.monotonic()
+        self.assertEqual(list(self.tv.events(timeout=0.1)), [])
+        self.assertLess(time.monotonic() - begin, 5)
+
+    def test_each_stream_has_all_events(self) -> None:
+        with self.tv.events(timeout=PATIENCE) as one, self.tv.events(timeout=PATIENCE) as other:
+            self.simulator.event(OWN, b"a")
+            self.simulator.event(OWN, b"b")
+            for stream in (one, other):
+                self.assertEqual([next(stream).payload, next(stream).payload], [b"a", b"b"])
+
+    def test_threads_wait_side_by_side(self) -> None:
+        found: list[bytes] = []
+
+        def take() -> None:
+            with self.tv.events(timeout=PATIENCE) as events:
+                ready.wait()
+                found.append(next(events).payload)
+
+        ready = threading.Barrier(4)
+        threads = [threading.Thread(target=take) for _ in range(3)]
+        for thread in threads:
+            thread.start()
+        ready.wait()
+        self.simulator.event(OWN, b"x")
+        for thread in threads:
+            thread.join(PATIENCE)
+        self.assertEqual(found, [b"x"] * 3)
+
+    def test_what_does_not_fit_is_dropped_and_counted(self) -> None:
+        with kelutv.Television(self.simulator.runtime_dir, messages=QUIET, most_events=4) as tv:
+            with tv.events(timeout=PATIENCE) as events, self.tv.events(timeout=PATIENCE) as all_events:
+                for i in range(10):
+                    self.simulator.event(OWN, bytes([i]))
+                self.assertEqual([next(all_events).payload[0] for _ in range(10)], list(range(10)))
+                while not (last := next(events)).payload == b"\x09":
+                    self.assertGreaterEqual(last.payload[0], 0)
+                self.assertLessEqual(events.dropped, 9)
+
+    def test_a_loss_ends_the_stream(self) -> None:
+        with self.simulator.television(PATIENCE, QUIET) as tv:
+            events = tv.events(timeout=PATIENCE)
+            tv._remote._worker.process.kill()  # type: ignore[union-attr]
+            with self.assertRaises(kelutv.LinkLost):
+                next(events)
+
+
+class AsyncEventsTest(WithTelevision):
+    def test_async_for(self) -> None:
+        async def take() -> list[int]:
+            found = []
+            stream = self.tv.events_async(timeout=PATIENCE)
+            self.simulator.event(OWN, b"\x01")
+            self.simulator.event(OWN, b"\x02")
+            async for event in stream:
+                found.append(event.payload[0])
+                if len(found) == 2:
+                    break
+            stream.close()
+            return found
+
+        self.assertEqual(asyncio.run(take()), [1, 2])
+
+    def test_two_tasks_and_the_end_of_the_time(self) -> None:
+        async def count(seconds: float) -> int:
+            async with self.tv.events_async(timeout=seconds) as stream:
+                return len([event async for event in stream])
+
+        async def both() -> list[int]:
+            tasks = [asyncio.create_task(count(0.4)) for _ in range(2)]
+            await asyncio.sleep(0)
+            await asyncio.to_thread(self.simulator.event, OWN, b"")
+            return await asyncio.gather(*tasks)
+
+        self.assertEqual(asyncio.run(both()), [1, 1])
+
+
+IN_PROCESS = """
+import sys, kelutv
+simulator = kelutv.Simulator(runtime_dir=None, messages=-3)
+tv = kelutv.Television(simulator.runtime_dir, in_process=True, most_events=4)
+with tv.events(timeout=20) as events:
+    simulator.event(0x84000, b"first")
+    print(next(events).payload)
+    for i in range(10):
+        simulator.event(0x84000, bytes([i]))
+    simulator.set("audio.volume[speaker]", 3)
+    tv.audio.get_volume(0)
+    while (event := next(events)).id == 0x84000:
+        pass
+    print(event.name, events.dropped)
+tv.factory.get_edid_type()
+simulator.close()
+"""
+
+
+class InProcessTest(unittest.TestCase):
+    def test_events_and_prints_of_this_process(self) -> None:
+        done = run_python(IN_PROCESS, options=("-X", "dev"))
+        lines = done.stdout.splitlines()
+        self.assertEqual((done.returncode, lines[0]), (0, "b'first'"), done.stderr)
+        # The oldest of more than four were dropped; how many came before the first was taken is the runtime's matter.
+        name, dropped = lines[1].split()
+        self.assertEqual(name, "volumeChanged")
+        self.assertLessEqual(int(dropped), 7)
+        self.assertEqual(len(lines), 2, "what the library prints reached standard output")
+        self.assertNotIn("Warning", done.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
