@@ -82,6 +82,10 @@ class Hub:
     def fileno(self) -> int:
         return self._source.fileno()
 
+    def is_free(self) -> bool:
+        """Whether nobody waits."""
+        return not self._reading.locked()
+
     def close(self) -> None:
         """Hands on what is left of a source that has ended."""
         with self._reading:

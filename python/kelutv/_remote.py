@@ -45,6 +45,15 @@ class Worker:
         self.notices = Channel(notices)
         self.hub: Hub | None = None
 
+    def forget(self, lock: threading.Lock) -> None:
+        """Ends the process unless a thread uses it, which then stays in its call to the end of this one.
+
+        The worker ends by itself when nobody is at the other end any more.
+        """
+        is_free = lock.acquire(blocking=False)
+        if is_free and (self.hub is None or self.hub.is_free()):
+            self.end()
+
     def end(self) -> int:
         """Ends the process, whatever it does; its exit code."""
         self.process.kill()
@@ -95,7 +104,7 @@ class RemoteLink:
         self._finalizer = weakref.finalize(self, lambda: None)
         self._is_closed = False
 
-    def call(self, limit: float | None, index: int, arguments: tuple[Any, ...]) -> Any:
+    def call(self, limit: float | None, index: int, *arguments: Any) -> Any:
         """Makes the call of a row; raises TelevisionError."""
         return self._ask(FUNCTIONS[index][1], limit, ("call", index, arguments))
 
@@ -160,7 +169,7 @@ class RemoteLink:
             raise ValueError("the television is closed")
         if self._worker is None:
             self._worker = Worker(self._environment, self._messages)
-            self._finalizer = weakref.finalize(self, self._worker.end)
+            self._finalizer = weakref.finalize(self, self._worker.forget, self._lock)
         return self._worker
 
     def _drop(self) -> int:

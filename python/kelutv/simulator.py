@@ -26,6 +26,7 @@ __all__ = [
 _READY = b"kelutv-simulator: ready (TVBaseService)\n"
 _START_SECONDS = 20.0
 _ANSWER_SECONDS = 15.0
+_END_SECONDS = 5.0
 
 
 class Simulator:
@@ -193,10 +194,8 @@ class _Running:
         self._process = subprocess.Popen(
             command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=messages, env=environment
         )
-        line = _line_of(self._process, _START_SECONDS)
-        if line != _READY:
-            code = self._process.poll()
-            raise SimulatorError(f"the simulator did not start{'' if code is None else f', exit code {code}'}")
+        if _line_of(self._process, _START_SECONDS) != _READY:
+            raise SimulatorError(f"the simulator did not start, exit code {_end(self._process, _END_SECONDS)}")
 
     def ask(self, line: str, environment: dict[str, str]) -> dict[str, Any]:
         if self._control is None:
@@ -246,14 +245,16 @@ def _line_of(process: subprocess.Popen[bytes], seconds: float) -> bytes:
     return bytes(line)
 
 
-def _end(process: subprocess.Popen[bytes]) -> None:
-    if process.poll() is None:
-        process.terminate()
+def _end(process: subprocess.Popen[bytes], patience: float = 0.0) -> int:
+    """Ends a process that does not end by itself in time; its exit code."""
+    for ask in (process.terminate, process.kill):
         try:
-            process.wait(5)
+            process.wait(patience)
         except subprocess.TimeoutExpired:
-            process.kill()
-            process.wait()
+            ask()
+            patience = _END_SECONDS
+    code = process.wait()
     for stream in (process.stdin, process.stdout):
         if stream is not None:
             stream.close()
+    return code

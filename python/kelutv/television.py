@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import os
 from collections.abc import Callable
+from functools import partial
 from pathlib import Path
 from types import TracebackType
 from typing import Any
@@ -58,16 +59,13 @@ def _hub_of(link: LocalLink, most: int) -> Hub:
 class Limited(Modules):
     """The functions of a television, each within a time of its own."""
 
-    def __init__(self, television: Television, seconds: float):
-        self._television = television
+    def __init__(self, name: str, seconds: float, call: Callable[..., Any]):
+        self._name = name
         self._seconds = seconds
-        self._call: Callable[..., Any] = self._within
-
-    def _within(self, index: int, *arguments: Any) -> Any:
-        return self._television.call_row(self._seconds, index, arguments)
+        self._call = call
 
     def __repr__(self) -> str:
-        return f"<{self._television!r} within {self._seconds:g} s>"
+        return f"<{self._name} within {self._seconds:g} s>"
 
 
 class Television(Modules):
@@ -100,8 +98,7 @@ class Television(Modules):
         if timeout is not None and timeout <= 0:
             raise ValueError(f"timeout is {timeout}, more than 0 is allowed")
         if in_process and (timeout is not None or messages is not None):
-            raise ValueError("a call of this process cannot be given up nor its messages sent elsewhere: "
-                             "in_process goes without timeout and messages")
+            raise ValueError("in_process goes without timeout and messages: a call of this process cannot be given up")
         if most_events < 1:
             raise ValueError(f"most_events is {most_events}, at least 1 is allowed")
         self.runtime_dir = Path(runtime_dir) if runtime_dir is not None else None
@@ -111,16 +108,10 @@ class Television(Modules):
         environment = _environment(self.runtime_dir, level)
         self._local = local_link(environment) if in_process else None
         self._remote = None if in_process else RemoteLink(environment, messages, most_events)
-        self._call: Callable[..., Any] = self._local.call if self._local else self._by_worker
-
-    def _by_worker(self, index: int, *arguments: Any) -> Any:
-        return self.call_row(self.timeout, index, arguments)
-
-    def call_row(self, limit: float | None, index: int, arguments: tuple[Any, ...]) -> Any:
-        """Makes the call of a row of the table within a time."""
-        if self._remote is None:
-            return self._call(index, *arguments)
-        return self._remote.call(limit, index, arguments)
+        if self._remote is not None:
+            self._call = partial(self._remote.call, timeout)
+        elif self._local is not None:
+            self._call = self._local.call
 
     def call(self, function: str, *arguments: Any, timeout: float | None = None) -> Any:
         """Calls a function by its name: `linux_tv_Audio_setVolume`, `Audio::setInputVolume`, `audio.set_volume`.
@@ -136,7 +127,7 @@ class Television(Modules):
             raise ValueError("a call of this process cannot be given up: leave in_process out")
         if seconds <= 0:
             raise ValueError(f"seconds is {seconds}, more than 0 is allowed")
-        return Limited(self, seconds)
+        return Limited(repr(self), seconds, partial(self._remote.call, seconds))
 
     def connect(self) -> None:
         """Connects now instead of with the first call; raises NoService."""
