@@ -9,6 +9,8 @@ from pathlib import Path
 HERE = Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE)]
 
+TESTS = ("bytes_test", "events_test", "failures_test", "life_test", "results_test", "simulator_test")
+
 if __name__ == "__main__":
-    suite = unittest.defaultTestLoader.discover(str(HERE), pattern="*_test.py", top_level_dir=str(HERE))
+    suite = unittest.defaultTestLoader.loadTestsFromNames(TESTS)
     sys.exit(not unittest.TextTestRunner(verbosity=1).run(suite).wasSuccessful())
