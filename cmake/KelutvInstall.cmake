@@ -1,4 +1,4 @@
-# What is installed, in the components runtime, development and tools, and platform and platform_development of the
+# What is installed, in the components runtime, development, tools and python, and platform and platform_development of the
 # stand-ins.
 
 include(CMakePackageConfigHelpers)
@@ -130,4 +130,7 @@ if(TARGET kelutv-simulator)
               "${PROJECT_SOURCE_DIR}/simulator/configuration/config.schema.json"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"
         COMPONENT tools)
+endif()
+if(TARGET kelutv_python)
+    include(KelutvPythonInstall)
 endif()

@@ -29,19 +29,21 @@ set(CPACK_DEBIAN_PACKAGE_SOURCE kelutvbaseclient)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 
 # kelutv_package(<component> <package> <section> "<summary>" "<description>"
-#                MULTI_ARCH <same|foreign>
+#                MULTI_ARCH <same|foreign|no>
 #                [DEPENDS <component>...]   packages of the same version
+#                [NEEDS <package>]          packages of others that no binary tells of
 #                [SUGGESTS <package>]
 #                [BINARIES <target>...])    what other libraries are depended on
 function(kelutv_package component package section summary description)
-    cmake_parse_arguments(PARSE_ARGV 5 ARG "" "MULTI_ARCH;SUGGESTS" "DEPENDS;BINARIES")
+    cmake_parse_arguments(PARSE_ARGV 5 ARG "" "MULTI_ARCH;SUGGESTS;NEEDS" "DEPENDS;BINARIES")
     string(TOUPPER "${component}" key)
     set(binaries "")
     foreach(target IN LISTS ARG_BINARIES)
         list(APPEND binaries "$<TARGET_FILE:${target}>")
     endforeach()
     set_property(GLOBAL APPEND_STRING PROPERTY kelutv_package_binaries
-                                               "set(${component}_binaries \"${binaries}\")\n")
+                                               "set(${component}_binaries \"${binaries}\")
+set(${component}_needs \"${ARG_NEEDS}\")\n")
 
     set_property(GLOBAL APPEND PROPERTY kelutv_package_programs ${ARG_BINARIES})
 
@@ -95,6 +97,19 @@ binder's name service where the system has none."
     MULTI_ARCH foreign
     DEPENDS runtime platform
     BINARIES kelutv kelutv-simulator kqservicemanager kelutvtrace)
+if(TARGET kelutv_python)
+    kelutv_package(
+        python python3-kelutv python "television's functions and events for Python"
+        "Every function of the client library, the events, the simulated
+television and the tool for programs in Python; a plugin of pytest; and
+kelutv-station, which tests televisions side by side."
+        MULTI_ARCH no
+        DEPENDS runtime platform
+        NEEDS "python3 (>= 3.11), python3-cffi-backend (>= 1.15)"
+        SUGGESTS "kelutv-tools, python3-pytest"
+        BINARIES kelutv_python)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA "${packaging}/python/postinst" "${packaging}/python/prerm")
+endif()
 
 file(GLOB examples CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/examples/*.c" "${PROJECT_SOURCE_DIR}/examples/*.cpp")
 install(

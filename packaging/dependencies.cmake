@@ -49,7 +49,11 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
         # theirs.
         string(REGEX REPLACE ":${architecture}|-${architecture}-cross" "" depends "${depends}")
         string(REGEX REPLACE "(libstdc\\+\\+6)(,|$)" "\\1 (>= ${compiler_version})\\2" depends "${depends}")
-        string(REGEX REPLACE "^shlibs:Depends=" "" CPACK_DEBIAN_${key}_PACKAGE_DEPENDS "${depends}")
+        string(REGEX REPLACE "^shlibs:Depends=" "" depends "${depends}")
+        if(${component}_needs)
+            string(APPEND depends ", ${${component}_needs}")
+        endif()
+        set(CPACK_DEBIAN_${key}_PACKAGE_DEPENDS "${depends}")
     endif()
 endforeach()
 

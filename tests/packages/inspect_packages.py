@@ -7,6 +7,8 @@
 
 from __future__ import annotations
 
+import base64
+import calendar
 import gzip
 import hashlib
 import io
@@ -15,6 +17,7 @@ import subprocess
 import sys
 import tarfile
 import tempfile
+import zipfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -102,6 +105,30 @@ PACKAGES: dict[str, tuple[list[str], list[str], list[str]]] = {
         ],
     ),
 }
+MODULES = ("audio", "config", "eep", "factory", "hdmicec", "hotel", "notify", "pcmplayer", "pcsetting", "picture",
+           "sourcemanager", "systemsetting", "vbictrl", "vbimanager", "video")
+GENERATED = ("_event_table", "_foreign", "_modules", "_table", "enums", "records", "modules/__init__")
+PYTHON = "lib/python3/dist-packages"
+PACKAGES["python3-kelutv"] = (
+    ["libkelutvbaseclient1", "libkelutv-platform1"],
+    [*C_PLUS_PLUS, "python3", "python3-cffi-backend"],
+    [
+        "bin/kelutv-station",
+        f"{PYTHON}/kelutv/_shim.so",
+        f"{PYTHON}/kelutv-{VERSION.split('-')[0]}.dist-info/METADATA",
+        f"{PYTHON}/kelutv-{VERSION.split('-')[0]}.dist-info/entry_points.txt",
+        f"{PYTHON}/pytest_kelutv-{VERSION.split('-')[0]}.dist-info/METADATA",
+        f"{PYTHON}/pytest_kelutv-{VERSION.split('-')[0]}.dist-info/entry_points.txt",
+        *(f"{PYTHON}/kelutv/{name}.py" for name in GENERATED),
+        *(f"{PYTHON}/kelutv/modules/{name}.py" for name in MODULES),
+        *(
+            name
+            for part in ("kelutv", "kelutv_station", "pytest_kelutv")
+            for pattern in ("*.py", "*.pyi", "py.typed")
+            for name in tree(f"python/{part}", pattern, f"{PYTHON}/{part}")
+        ),
+    ],
+)
 DOCUMENTS = ("copyright", "changelog.gz", "changelog.Debian.gz")
 # The cross builds have no libedit.
 MORE_DEPENDS = {("kelutv-tools", "amd64"): ["libedit2"]}
@@ -162,7 +189,7 @@ def inspect_control(package: Package) -> None:
     complain_unless(fields["Package"] == name, f"{name}: calls itself {fields['Package']}")
     complain_unless(fields["Version"] == VERSION, f"{name}: version {fields['Version']} instead of {VERSION}")
     complain_unless(fields["Architecture"] == package.architecture, f"{name}: architecture {fields['Architecture']}")
-    multi_arch = "foreign" if name == "kelutv-tools" else "same"
+    multi_arch = {"kelutv-tools": "foreign", "python3-kelutv": "no"}.get(name, "same")
     complain_unless(fields.get("Multi-Arch") == multi_arch, f"{name}: Multi-Arch is {fields.get('Multi-Arch')}")
     kilobytes = sum(len(content) for content in package.files.values()) // 1024
     complain_unless(int(fields["Installed-Size"]) >= kilobytes, f"{name}: Installed-Size is less than {kilobytes}")
@@ -190,7 +217,7 @@ def inspect_members(name: str, archive: tarfile.TarFile, time: int) -> None:
     for member in archive.getmembers():
         where = f"{name}: {member.name}"
         complain_unless((member.uid, member.gid) == (0, 0), f"{where} is not root's")
-        executable = re.search(r"usr/bin/[^/]+$", member.name)
+        executable = re.search(r"usr/bin/[^/]+$|^\./(postinst|prerm)$", member.name)
         mode = 0o777 if member.issym() else 0o755 if member.isdir() or executable else 0o644
         complain_unless(member.mode == mode, f"{where} has mode {member.mode:o} instead of {mode:o}")
         complain_unless(member.mtime == time, f"{where} is of {member.mtime} instead of {time}")
@@ -257,6 +284,8 @@ def inspect_files(package: Package, wanted: list[str]) -> None:
         complain_unless("ldconfig" in package.text("./triggers"), f"{package.name}: ldconfig is not run")
     if package.name == "libkelutvbaseclient1":
         members.add("./symbols")
+    if package.name == "python3-kelutv":
+        members |= {"./postinst", "./prerm"}
     found = {member.name for member in package.control.getmembers() if member.isfile()}
     complain_unless(found == members, f"{package.name}: control files {sorted(found)}")
 
@@ -327,6 +356,32 @@ def inspect_sdk(path: Path, time: int, forbidden: list[str]) -> None:
                 inspect_elf(name, content, architecture, ["$ORIGIN"])
 
 
+WHEEL_TAGS = {"amd64": "linux_x86_64", "armhf": "linux_armv7l"}
+LOADED = ["libkelutvbaseclient.so.1", "libkqdroid.so.1", "libkeluemclient.so", "libkqcommon.so", "liblog.so"]
+
+
+def inspect_wheel(path: Path, architecture: str, time: int, forbidden: list[str]) -> None:
+    """The wheel holds what the Debian package does, the libraries, and a record of all."""
+    metadata = f"kelutv-{VERSION.split('-')[0]}.dist-info"
+    listed = [name.removeprefix(f"{PYTHON}/") for name in PACKAGES["python3-kelutv"][2] if name.startswith(PYTHON)]
+    expected = {name for name in listed if not name.startswith("pytest_kelutv-")}
+    expected |= {f"kelutv/lib/{name}" for name in LOADED} | {f"{metadata}/WHEEL", f"{metadata}/RECORD"}
+    with zipfile.ZipFile(path) as archive:
+        complain_unless(set(archive.namelist()) == expected, f"{path.name}: {sorted(set(archive.namelist()) ^ expected)}")
+        record = dict(line.split(",")[:2] for line in archive.read(f"{metadata}/RECORD").decode().splitlines())
+        for member in archive.infolist():
+            where, content = f"{path.name}: {member.filename}", archive.read(member)
+            complain_unless(calendar.timegm((*member.date_time, 0, 0, 0)) == time - time % 2, f"{where} has another time")
+            digest = base64.urlsafe_b64encode(hashlib.sha256(content).digest()).rstrip(b"=").decode()
+            own = member.filename.endswith("/RECORD")
+            complain_unless(record.get(member.filename) == ("" if own else f"sha256={digest}"), f"{where}: other hash")
+            inspect_content(where, content, forbidden)
+            if content.startswith(b"\x7fELF") and not where.endswith("_shim.so"):
+                machine = (content[4], int.from_bytes(content[18:20], "little"))
+                complain_unless(machine == MACHINES[architecture], f"{where} is for another machine")
+                complain_unless(dynamic_section(content).get("RUNPATH") == ["$ORIGIN"], f"{where} does not find the others")
+
+
 def inspect(folder: Path, time: int, forbidden: list[str]) -> None:
     packages = [Package(path) for path in sorted(folder.glob("*.deb"))]
     found = sorted((package.name, package.architecture) for package in packages)
@@ -338,7 +393,12 @@ def inspect(folder: Path, time: int, forbidden: list[str]) -> None:
     complain_unless(len(archives) == len(TRIPLETS), f"the archives are {archives}")
     for path in archives:
         inspect_sdk(path, time, forbidden)
-    print(f"{len(packages)} packages and {len(archives)} archives inspected")
+    wheels = {tag: list(folder.glob(f"*-py3-none-{tag}.whl")) for tag in WHEEL_TAGS.values()}
+    complain_unless(all(len(found) == 1 for found in wheels.values()), f"the wheels are {wheels}")
+    for architecture, tag in WHEEL_TAGS.items():
+        for path in wheels[tag]:
+            inspect_wheel(path, architecture, time, forbidden)
+    print(f"{len(packages)} packages, {len(archives)} archives and {len(wheels)} wheels inspected")
 
 
 def main(folder: str, time: str, *forbidden: str) -> int:
