@@ -1,0 +1,1 @@
+"""Fixtures for tests of programs that use a television, simulated or real."""
