@@ -19,7 +19,6 @@ MARKERS = (
     "fault(line, ...): lets the simulated television go wrong from the start, as `CMD_AUDIO_GETVOLUME error -5`",
     "scenario(name, speed=None): plays a scenario, by name or by a file beside the test, so many times faster",
 )
-FAILED = pytest.StashKey[bool]()
 KEPT = pytest.StashKey[list[str]]()
 
 
@@ -41,7 +40,8 @@ def pytest_configure(config: pytest.Config) -> None:
     """Registers the markers."""
     for marker in MARKERS:
         config.addinivalue_line("markers", marker)
-    config.stash[KEPT] = []
+    kept: list[str] = []
+    config.stash[KEPT] = kept
     if config.getoption("--television-timeout") <= 0:
         raise pytest.UsageError("--television-timeout must be above 0")
 
@@ -53,14 +53,6 @@ def pytest_collection_modifyitems(config: pytest.Config, items: list[pytest.Item
     for item in items:
         if "simulator" in getattr(item, "fixturenames", ()) or any(item.iter_markers("fault")) or any(item.iter_markers("scenario")):
             item.add_marker(pytest.mark.skip(reason=f"drives the simulated television, and {OPTION} is given"))
-
-
-@pytest.hookimpl(hookwrapper=True)
-def pytest_runtest_makereport(item: pytest.Item) -> Iterator[None]:
-    """Remembers whether a test has failed, for the fixtures that end behind it."""
-    outcome: Any = yield
-    if outcome.get_result().failed:
-        item.stash[FAILED] = True
 
 
 def pytest_terminal_summary(terminalreporter: Any, config: pytest.Config) -> None:
@@ -112,11 +104,11 @@ def recording(request: pytest.FixtureRequest, tmp_path: Path) -> Iterator[Path]:
     """The file that all programs of the test record into, `television` included; it is kept when the test fails."""
     if request.config.getoption(OPTION) is None and "television" in request.fixturenames:
         request.getfixturevalue("simulator")
-    recorded = Recording(tmp_path / "recording.jsonl")
+    recorded, failed_before = Recording(tmp_path / "recording.jsonl"), request.session.testsfailed
     with recorded.environment(os.environ):
         yield recorded.path
     recorded.wait()
-    if request.node.stash.get(FAILED, False) and recorded.path.exists():
+    if request.session.testsfailed > failed_before and recorded.path.exists():
         kept = keep_path(request.config.getoption("--recordings"), request.node.nodeid)
         recorded.keep(kept)
         request.config.stash[KEPT].append(str(kept))
