@@ -15,6 +15,7 @@ if TYPE_CHECKING:
     import kelutv
 
 OPTION, DEFAULT = "--television", "default"
+CONNECTING = 20.0
 MARKERS = (
     "fault(line, ...): lets the simulated television go wrong from the start, as `CMD_AUDIO_GETVOLUME error -5`",
     "scenario(name, speed=None): plays a scenario, by name or by a file beside the test, so many times faster",
@@ -95,7 +96,9 @@ def television(request: pytest.FixtureRequest) -> Iterator[kelutv.Television]:
         directory = None if place == DEFAULT else place
     if "recording" in request.fixturenames:
         request.getfixturevalue("recording")
-    with kelutv.Television(runtime_dir=directory, timeout=request.config.getoption("--television-timeout")) as connected:
+    with kelutv.Television(runtime_dir=directory, timeout=CONNECTING) as connected:
+        connected.connect()
+        connected.timeout = request.config.getoption("--television-timeout")
         yield connected
 
 
