@@ -16,7 +16,7 @@ from kelutv_station.plan.plan import Plan, PlanError, Unit, asks_operator
 from kelutv_station.plan.reading import read_plan
 from kelutv_station.report.files import replace_file
 from kelutv_station.report.junit import junit
-from kelutv_station.report.lines import json_lines, summary
+from kelutv_station.report.lines import counted, json_lines, summary
 from kelutv_station.report.outline import Outline, outline_of
 from kelutv_station.report.page import page
 from kelutv_station.run.journal import Journal, JournalError
@@ -76,7 +76,7 @@ def _run(options: argparse.Namespace) -> int:
     tool = Tool()
     ready = ready_plan(plan, Interface(tool))
     if options.check:
-        print(f"{plan.place}: {len(plan.steps)} steps, {len(plan.units)} units; nothing is wrong")
+        print(f"{plan.place}: {counted(len(plan.steps), 'step')}, {counted(len(plan.units), 'unit')}; nothing is wrong")
         return PASSED
     with_screen = has_terminal() and not options.lines
     _require_operator(ready.plan, with_screen)

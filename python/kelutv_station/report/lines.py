@@ -38,7 +38,7 @@ def summary(outline: Outline) -> str:
 def _unit_line(unit: UnitOutline) -> str:
     named = _reasons(unit.failures)
     rest = sum(result.verdict is Verdict.LEFT_OUT for result in unit.results)
-    left_out = f"; {rest} steps left out" if rest > 1 else "; 1 step left out" if rest else ""
+    left_out = f"; {counted(rest, 'step')} left out" if rest else ""
     incomplete = "" if unit.is_complete else "; has not ended"
     return f"{unit.serial}: {unit.verdict.value}{f': {named}' if named else ''}{left_out}{incomplete}"
 
@@ -50,3 +50,8 @@ def _reasons(failures: Iterable[Result]) -> str:
 def percent(part: int, whole: int) -> str:
     """A share for a reader."""
     return f"{100 * part / whole:.1f} %" if whole else "-"
+
+
+def counted(number: int, noun: str) -> str:
+    """A number of things: `1 unit`, `2 units`."""
+    return f"{number} {noun}{'' if number == 1 else 's'}"

@@ -4,7 +4,7 @@ from __future__ import annotations
 
 from html import escape
 
-from kelutv_station.report.lines import percent
+from kelutv_station.report.lines import counted, percent
 from kelutv_station.report.outline import Distribution, Outline, UnitOutline
 from kelutv_station.report.svg import picture
 from kelutv_station.run.results import Measurement, Result, Verdict
@@ -98,7 +98,7 @@ def _distributions(outline: Outline) -> str:
 def _distribution(distribution: Distribution) -> str:
     values, capability, unit = distribution.values, distribution.capability, escape(distribution.limit.unit)
     numbers = [
-        f"{len(values)} value{'s' if len(values) > 1 else ''}", f"{min(values):g} to {max(values):g} {unit}".strip(),
+        counted(len(values), "value"), f"{min(values):g} to {max(values):g} {unit}".strip(),
         f"mean {distribution.mean:.4g}", f"σ {distribution.deviation:.3g}",
         *([f"Cpk {capability:.2f}"] if capability is not None else []),
     ]

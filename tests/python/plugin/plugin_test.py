@@ -16,7 +16,7 @@ pytest_plugins = ["pytester"]
 def run(tester: pytest.Pytester, *options: str) -> pytest.RunResult:
     """Runs the tests of a folder with the plugin."""
     folder = f"--basetemp={tester.path / 'temporary'}"
-    return tester.runpytest_inprocess("-p", "pytest_kelutv.plugin", "-p", "no:cacheprovider", folder, *options)
+    return tester.runpytest_inprocess("-p", "no:cacheprovider", folder, *options)
 
 
 def test_gives_each_test_a_television_of_its_own(pytester: pytest.Pytester) -> None:
