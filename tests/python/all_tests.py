@@ -9,7 +9,7 @@ from pathlib import Path
 HERE = Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE)]
 
-TESTS = ("bytes_test", "events_test", "failures_test", "life_test", "results_test", "simulator_test")
+TESTS = ("bytes_test", "docs_test", "events_test", "failures_test", "life_test", "results_test", "simulator_test")
 
 if __name__ == "__main__":
     suite = unittest.defaultTestLoader.loadTestsFromNames(TESTS)
