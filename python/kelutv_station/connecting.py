@@ -14,4 +14,4 @@ CONNECTING = 20.0
 
 def connect(unit: Unit) -> Television:
     """A television that connects when it is told to; messages of the library do not reach the operator's screen."""
-    return kelutv.Television(runtime_dir=unit.runtime_dir, timeout=CONNECTING, messages=subprocess.DEVNULL)
+    return kelutv.Television(unit.runtime_dir, unit.level, CONNECTING, messages=subprocess.DEVNULL)

@@ -45,7 +45,8 @@ def parser() -> argparse.ArgumentParser:
         "--unit", action="append", default=[], metavar="SERIAL=DIRECTORY",
         help="a unit by its serial number, and the runtime directory in which its service is found; may be given again, and "
         "takes the place of the plan's unit of this serial number")
-    result.add_argument("-o", "--output", type=Path, metavar="DIRECTORY", help="journal and results; else the plan's name with .run")
+    result.add_argument(
+        "-o", "--output", type=Path, metavar="DIRECTORY", help="journal and results; else the plan's name with .run")
     result.add_argument("--resume", action="store_true", help="go on with the run that is in the output directory")
     result.add_argument("--html", type=Path, metavar="FILE", help="write one page with yield, failures and measured values")
     result.add_argument("--lines", action="store_true", help="print a line a result, and no screen")
@@ -103,7 +104,8 @@ def with_units(plan: Plan, words: Sequence[str]) -> Plan:
 def _require_operator(plan: Plan, with_screen: bool) -> None:
     for step in plan.steps:
         if asks_operator(step) and not with_screen:
-            raise PlanError(f"{plan.place_of(step)}: asks the operator; standard input and output must be a terminal, without --lines")
+            raise PlanError(
+                f"{plan.place_of(step)}: asks the operator; standard input and output must be a terminal, without --lines")
 
 
 def _carry_out(ready: ReadyPlan, journal: Journal, tool: Tool, output: Path, attendant: Lines | Screen) -> None:

@@ -31,7 +31,8 @@ def pytest_addoption(parser: pytest.Parser) -> None:
         help=f"test the television of this runtime directory, or the one that any program would find ('{DEFAULT}'), and no "
         "simulated one; tests that drive the simulated television are skipped")
     group.addoption(
-        "--television-timeout", metavar="SECONDS", type=float, default=10.0, help="give a call up after this time (%(default)s)")
+        "--television-timeout", metavar="SECONDS", type=float, default=10.0,
+        help="give a call up after this time (%(default)s)")
     group.addoption(
         "--recordings", metavar="DIRECTORY", type=Path, default=Path("recordings"),
         help="keep the recordings of tests that fail in this directory (%(default)s)")
@@ -52,7 +53,8 @@ def pytest_collection_modifyitems(config: pytest.Config, items: list[pytest.Item
     if config.getoption(OPTION) is None:
         return
     for item in items:
-        if "simulator" in getattr(item, "fixturenames", ()) or any(item.iter_markers("fault")) or any(item.iter_markers("scenario")):
+        markers = [*item.iter_markers("fault"), *item.iter_markers("scenario")]
+        if markers or "simulator" in getattr(item, "fixturenames", ()):
             item.add_marker(pytest.mark.skip(reason=f"drives the simulated television, and {OPTION} is given"))
 
 

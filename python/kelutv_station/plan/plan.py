@@ -77,10 +77,15 @@ class Snapshot(Step):
 
 @dataclass(frozen=True)
 class Unit:
-    """One television. `timeout` bounds a call, `limit` all steps together without the operator's time, in seconds."""
+    """One television.
+
+    `timeout` bounds a call, `limit` all steps together without the operator's time, in seconds. `level` is the form of
+    requests, None that of the environment.
+    """
 
     serial: str
     runtime_dir: str
+    level: int | None = None
     timeout: float | None = None
     limit: float | None = None
     values: Mapping[str, int | str] = field(default_factory=dict)

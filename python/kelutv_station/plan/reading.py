@@ -26,6 +26,7 @@ from kelutv_station.plan.plan import (
 from kelutv_station.plan.tables import Table, join, shown
 
 MOST_DEFECTS = 9
+LEVELS = (28, 29, 30)
 PLACEHOLDER = re.compile(r"\{([^{}]*)\}")
 
 
@@ -100,7 +101,10 @@ def _unit(document: object, place: str) -> Unit:
     for name, value in values.items():
         if name == "serial" or isinstance(value, bool) or not isinstance(value, (int, str)):
             raise PlanError(f"{place}: values has texts and whole numbers, of any name but serial; not {name} = {value!r}")
-    unit = Unit(serial, runtime_dir, table.take_seconds("timeout"), table.take_seconds("limit"), values)
+    level = table.take_or("level", int, None)
+    if level is not None and level not in LEVELS:
+        raise PlanError(f"{place}: level must be one of {join(map(str, LEVELS))}, not {level}")
+    unit = Unit(serial, runtime_dir, level, table.take_seconds("timeout"), table.take_seconds("limit"), values)
     table.end()
     return unit
 

@@ -24,7 +24,7 @@ def json_lines(outline: Outline) -> str:
 
 def result_line(result: Result) -> str:
     """One result for a reader."""
-    values = ", ".join(f"{each.name} {each.text()}" for each in result.measurements[:4])
+    values = ", ".join(f"{each.name} {cut(each.text())}" for each in result.measurements[:4])
     return f"{result.unit}: {result.step}: {': '.join(filter(None, (result.verdict.value, values, result.reason)))}"
 
 
@@ -50,6 +50,11 @@ def _reasons(failures: Iterable[Result]) -> str:
 def percent(part: int, whole: int) -> str:
     """A share for a reader."""
     return f"{100 * part / whole:.1f} %" if whole else "-"
+
+
+def cut(text: str) -> str:
+    """A text of at most 80 characters."""
+    return text if len(text) <= 80 else f"{text[:77]}..."
 
 
 def counted(number: int, noun: str) -> str:

@@ -4,10 +4,10 @@ from __future__ import annotations
 
 from html import escape
 
-from kelutv_station.report.lines import counted, percent
+from kelutv_station.report.lines import counted, cut, percent
 from kelutv_station.report.outline import Distribution, Outline, UnitOutline
 from kelutv_station.report.svg import picture
-from kelutv_station.run.results import Measurement, Result, Verdict
+from kelutv_station.run.results import Result, Verdict
 
 STYLE = """
 :root { color-scheme: light dark; --text: #1c2733; --quiet: #5b6977; --line: #d5dce3; --back: #fff; --panel: #f4f6f8;
@@ -18,7 +18,7 @@ STYLE = """
 body { margin: 0 auto; max-width: 72rem; padding: 1.5rem 1rem 3rem; font: 16px/1.5 system-ui, sans-serif;
   color: var(--text); background: var(--back); }
 h1 { font-size: 1.5rem; margin: 0 0 1rem; } h2 { font-size: 1.15rem; margin: 2.2rem 0 .8rem; }
-.figures { display: flex; flex-wrap: wrap; gap: 1rem; }
+.figures { display: flex; flex-wrap: wrap; gap: 1rem; margin-bottom: 1rem; }
 .figure { flex: 1 1 9rem; padding: .8rem 1rem; border-radius: .5rem; background: var(--panel); }
 .figure b { display: block; font-size: 1.8rem; line-height: 1.2; } .figure span, .note { color: var(--quiet); }
 .scroll { overflow-x: auto; } table { width: 100%; border-collapse: collapse; }
@@ -26,7 +26,8 @@ th, td { padding: .4rem .7rem .4rem 0; text-align: left; vertical-align: top; bo
 th { font-weight: 600; color: var(--quiet); } td.number, th.number { text-align: right; font-variant-numeric: tabular-nums; }
 .pass { color: var(--good); } .fail, .error { color: var(--bad); } .unknown, .left-out { color: var(--odd); }
 .verdict { font-weight: 600; white-space: nowrap; }
-.share { height: .7rem; min-width: 6rem; border-radius: .35rem; background: var(--panel); overflow: hidden; }
+td a { white-space: nowrap; }
+.share { height: .7rem; margin-top: .4rem; min-width: 6rem; border-radius: .35rem; background: var(--panel); overflow: hidden; }
 .share i { display: block; height: 100%; background: var(--bad); } .share.good i { background: var(--good); }
 .pictures { display: grid; gap: 1rem; grid-template-columns: repeat(auto-fill, minmax(min(100%, 21rem), 1fr)); }
 figure { margin: 0; padding: .8rem 1rem; border-radius: .5rem; background: var(--panel); } svg { width: 100%; height: auto; }
@@ -52,7 +53,7 @@ def _figures(outline: Outline) -> str:
     figures = [
         (percent(outline.passed, total), "yield"),
         (f"{outline.passed} of {total}", "units passed"),
-        (str(failed), "failed steps"),
+        (str(failed), "steps not passed"),
         (f"{max((unit.seconds for unit in outline.units), default=0):.1f} s", "slowest unit"),
     ]
     boxes = "".join(f'<div class="figure"><b>{value}</b><span>{name}</span></div>' for value, name in figures)
@@ -98,7 +99,7 @@ def _distributions(outline: Outline) -> str:
 def _distribution(distribution: Distribution) -> str:
     values, capability, unit = distribution.values, distribution.capability, escape(distribution.limit.unit)
     numbers = [
-        counted(len(values), "value"), f"{min(values):g} to {max(values):g} {unit}".strip(),
+        counted(len(values), "value"), f"{min(values):.4g} to {max(values):.4g} {unit}".strip(),
         f"mean {distribution.mean:.4g}", f"σ {distribution.deviation:.3g}",
         *([f"Cpk {capability:.2f}"] if capability is not None else []),
     ]
@@ -114,23 +115,20 @@ def _details(outline: Outline) -> str:
     for unit in outline.units:
         rows = "".join(_result_row(result) for result in unit.results)
         table = _table(("step", "verdict", "measured", "limit", "reason", "# seconds"), rows)
-        parts.append(f'<details id="{_anchor(unit)}"><summary>{escape(unit.serial)} {_verdict(unit.verdict)}</summary>{table}</details>')
+        shown = "" if unit.verdict is Verdict.PASS else " open"
+        head = f"<summary>{escape(unit.serial)} {_verdict(unit.verdict)}</summary>"
+        parts.append(f'<details id="{_anchor(unit)}"{shown}>{head}{table}</details>')
     return _section("Every step", "".join(parts))
 
 
 def _result_row(result: Result) -> str:
-    values = "<br>".join(f"{escape(each.name)} {escape(_cut(each))}" for each in result.measurements)
+    values = "<br>".join(f"{escape(each.name)} {escape(cut(each.text()))}" for each in result.measurements)
     limits = "<br>".join(escape(each.limit.text()) or "–" for each in result.measurements)
     again = f' <span class="note">attempt {result.attempt}</span>' if result.attempt > 1 else ""
     return (
         f"<tr><td>{escape(result.step)}{again}</td><td>{_verdict(result.verdict)}</td><td>{values}</td><td>{limits}</td>"
         f'<td>{escape(result.reason)}</td><td class="number">{result.seconds:.3f}</td></tr>'
     )
-
-
-def _cut(measurement: Measurement) -> str:
-    text = measurement.text()
-    return text if len(text) <= 80 else f"{text[:77]}..."
 
 
 def _verdict(verdict: Verdict) -> str:

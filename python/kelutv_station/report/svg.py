@@ -22,7 +22,8 @@ def picture(distribution: Distribution) -> str:
     bounds = "".join(
         _bound(LEFT + (bound - low) * scale, f"{sign} {bound:g}", anchor)
         for bound, sign, anchor in (
-            (distribution.limit.low, "≥", "start"), (distribution.limit.high, "≤", "end"), (_wanted(distribution), "=", "middle"))
+            (distribution.limit.low, "≥", "start"), (distribution.limit.high, "≤", "end"),
+            (_wanted(distribution), "=", "middle"))
         if bound is not None
     )
     label = escape(f"{distribution.step}, {distribution.name}: {len(distribution.values)} values")
@@ -30,7 +31,7 @@ def picture(distribution: Distribution) -> str:
         f'<svg viewBox="0 0 {WIDTH} {HEIGHT}" role="img" aria-label="{label}">'
         f'<line class="axis" x1="{LEFT}" y1="{BASE}" x2="{WIDTH - RIGHT}" y2="{BASE}"/>{bars}{bounds}'
         f"{_text(LEFT - 6, TOP + 4, str(most), 'end')}{_text(LEFT - 6, BASE, '0', 'end')}"
-        f"{_text(LEFT, BASE + 16, f'{low:g}', 'start')}{_text(WIDTH - RIGHT, BASE + 16, f'{high:g}', 'end')}</svg>"
+        f"{_text(LEFT, BASE + 16, f'{low:.4g}', 'start')}{_text(WIDTH - RIGHT, BASE + 16, f'{high:.4g}', 'end')}</svg>"
     )
 
 

@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import os
 import re
 from pathlib import Path
 from typing import Any
@@ -20,7 +21,9 @@ def compare_with_golden(tool: Tool, unit: Unit, step: Snapshot, folder: Path, li
     folder.mkdir(exist_ok=True)
     taken = folder / f"{_file_name(unit.serial)}.{_file_name(step.name)}.json"
     taken.unlink(missing_ok=True)
-    environment = {"KQDROID_RUNTIME_DIR": unit.runtime_dir}
+    environment = {"KQDROID_RUNTIME_DIR": os.path.abspath(unit.runtime_dir)}
+    if unit.level is not None:
+        environment["KQDROID_BINDER_LEVEL"] = str(unit.level)
     tool.run(
         "snapshot", "-o", str(taken), "--limit", f"{limit:g}", environment=environment, patience=limit * MANY_ANSWERS)
     if not taken.exists():

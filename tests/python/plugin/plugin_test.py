@@ -47,7 +47,7 @@ def test_lets_televisions_go_wrong(pytester: pytest.Pytester) -> None:
             with pytest.raises(kelutv.Timeout):
                 television.audio.get_volume(0)
     """)
-    run(pytester, "--television-timeout", "0.5", "--strict-markers").assert_outcomes(passed=2)
+    run(pytester, "--television-timeout", "2", "--strict-markers").assert_outcomes(passed=2)
 
 
 def test_plays_scenarios(pytester: pytest.Pytester) -> None:
@@ -57,7 +57,9 @@ def test_plays_scenarios(pytester: pytest.Pytester) -> None:
 
         @pytest.mark.scenario("louder.scenario", speed=10)
         def test_louder(television):
-            television.audio.get_volume(0)
+            with television.events(timeout=20) as events:
+                television.audio.get_volume(0)
+                assert next(events).name == "volumeChanged"
             assert television.audio.get_volume(0) == 77
 
         @pytest.mark.scenario()

@@ -18,7 +18,8 @@ from kelutv_station.run.results import Measurement, Verdict
 from plans import READ, UNIT, VOLUME, ended, plan_with
 
 BOUNDS = Limit(low=30, high=40, unit="%")
-PLAN = plan_with(VOLUME, READ, title="Line <1>", unit=[UNIT, {"serial": "B&2", "runtime_dir": "two"}, {"serial": "C", "runtime_dir": "c"}])
+UNITS = [UNIT, {"serial": "B&2", "runtime_dir": "two"}, {"serial": "C", "runtime_dir": "three"}]
+PLAN = plan_with(VOLUME, READ, title="Line <1>", unit=UNITS)
 RUN = outline_of(PLAN, [
     ended("read", Verdict.PASS, Measurement("result", 36, BOUNDS)),
     ended("volume"),
@@ -55,24 +56,30 @@ class Checker(HTMLParser):
 class Reports(unittest.TestCase):
     def test_have_every_value_with_its_limit_and_verdict(self) -> None:
         documents = [json.loads(line) for line in json_lines(RUN).splitlines()]
-        self.assertEqual([(each["unit"], each.get("step"), each["verdict"]) for each in documents], [
+        verdicts = [(each["unit"], each.get("step"), each["verdict"]) for each in documents]
+        self.assertEqual(verdicts, [
             ("A1", "volume", "pass"), ("A1", "read", "pass"), ("B&2", "volume", "pass"), ("B&2", "read", "fail"),
             ("C", "volume", "error"), ("C", "read", "left out"), ("A1", None, "pass"), ("B&2", None, "fail"), ("C", None, "error")])
         self.assertEqual(documents[3]["measurements"], [
-            {"name": "result", "value": 50, "enumerator": None, "limit": {"low": 30, "high": 40, "unit": "%"}, "verdict": "fail"}])
+            {"name": "result", "value": 50, "enumerator": None, "limit": {"low": 30, "high": 40, "unit": "%"},
+             "verdict": "fail"}])
         self.assertEqual(documents[7]["failed"], ["read"])
 
     def test_are_read_by_readers_of_junit(self) -> None:
         suites = ElementTree.fromstring(junit(RUN))
-        self.assertEqual([(suite.get("name"), suite.get("tests"), suite.get("failures"), suite.get("errors"), suite.get("skipped"))
-                          for suite in suites], [("A1", "2", "0", "0", "0"), ("B&2", "2", "1", "0", "0"), ("C", "2", "0", "1", "1")])
-        self.assertEqual(suites[1][1].find("failure").get("message"), "result is 50 %, not >= 30 and <= 40")
-        self.assertEqual(suites[1][1].find("properties/property").attrib, {"name": "result", "value": "50 % (>= 30 and <= 40): fail"})
+        counts = ("name", "tests", "failures", "errors", "skipped")
+        self.assertEqual([[suite.get(count) for count in counts] for suite in suites], [
+            ["A1", "2", "0", "0", "0"], ["B&2", "2", "1", "0", "0"], ["C", "2", "0", "1", "1"]])
+        case = suites[1][1]
+        self.assertEqual(case.find("failure").get("message"), "result is 50 %, not >= 30 and <= 40")
+        self.assertEqual(
+            case.find("properties/property").attrib, {"name": "result", "value": "50 % (>= 30 and <= 40): fail"})
         self.assertEqual(suites[2][0].find("error").get("message"), "no <service>\ufffd")
 
     def test_sum_up_by_unit(self) -> None:
         self.assertEqual(summary(RUN).splitlines(), [
-            "A1: pass", "B&2: fail: read (result is 50 %, not >= 30 and <= 40)", "C: error: volume (no <service>\x07); 1 step left out",
+            "A1: pass", "B&2: fail: read (result is 50 %, not >= 30 and <= 40)",
+            "C: error: volume (no <service>\x07); 1 step left out",
             "Line <1>: 1 of 3 units passed (33.3 %)"])
         self.assertEqual(result_line(RUN.units[0].results[1]), "A1: read: pass: result 36 %")
 
@@ -94,7 +101,10 @@ class Pages(unittest.TestCase):
 
     def test_show_yield_failures_and_pictures(self) -> None:
         text = page(RUN)
-        for part in ("<h1>Line &lt;1&gt;</h1>", "<b>33.3 %</b>", "<b>1 of 3</b>", "<b>read</b>: result is 50 %, not &gt;= 30", "no &lt;service&gt;"):
+        for part in (
+            "<h1>Line &lt;1&gt;</h1>", "<b>33.3 %</b>", "<b>1 of 3</b>", "<b>read</b>: result is 50 %, not &gt;= 30",
+            "no &lt;service&gt;",
+        ):
             self.assertIn(part, text)
         self.assertEqual(text.count("<svg"), 1)
         self.assertIn("2 values · 36 to 50 % · mean 43", text)

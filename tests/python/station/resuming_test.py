@@ -136,8 +136,8 @@ class Journals(unittest.TestCase):
 class Results(unittest.TestCase):
     def test_come_back_from_documents(self) -> None:
         result = Result(
-            "A1", "read", Verdict.FAIL, "too loud", (Measurement("result", 50, Limit(high=40)), Measurement("mode", 1, Limit(), "X")),
-            1.5, 2, 0.5, True)
+            "A1", "read", Verdict.FAIL, "too loud",
+            (Measurement("result", 50, Limit(high=40)), Measurement("mode", 1, Limit(), "X")), 1.5, 2, 0.5, True)
         self.assertEqual(result_of(json.loads(json.dumps(result.document()))), result)
 
     def test_are_as_grave_as_the_gravest(self) -> None:

@@ -34,13 +34,13 @@ PLAN = {
 # Numbers of the round tell its requests from those of all others.
 ROUND = """
 PLAN = {{
-    "title": "Round", "allow": ["factory.setMacAddress", "factory.setKeyData"], "timeout": 1,
+    "title": "Round", "allow": ["factory.setMacAddress", "factory.setKeyData"],
     "step": [
         {{"name": "prepare", "call": "audio.setVolume", "arguments": ["headphone", {number}]}},
         {{"name": "burn", "call": "factory.setMacAddress", "arguments": [[2, 0, 0, 0, 0, {number}]]}},
         {{"name": "burned", "call": "factory.getMacAddress", "matches": "02:00:00:00:00:{number:02X}"}},
         {{"name": "once", "call": "audio.setVolume", "arguments": ["speaker", {number}], "repeat": False}},
-        {{"name": "changed", "wait": "volumeChanged", "fields": {{"channel": "speaker", "volume": {number}}}, "timeout": 0.3}},
+        {{"name": "changed", "wait": "volumeChanged", "fields": {{"channel": "speaker", "volume": {number}}}, "timeout": 5}},
         {{"name": "read", "call": "audio.getVolume", "arguments": ["headphone"], "equals": {number}}},
         {{"name": "key", "call": "factory.setKeyData", "arguments": ["netflix", [{number}, {number}], 0, 0]}},
         {{"name": "end", "call": "audio.getVolume", "arguments": ["headphone"], "equals": {number}}},
@@ -71,7 +71,10 @@ class Fixture(unittest.TestCase):
 
 class Lines(Fixture):
     def test_fail_faulty_units_alone(self) -> None:
-        faults = {"U03": ("--fault", "CMD_AUDIO_GETVOLUME error -5"), "U11": ("--fault", "CMD_SOURCE_GETTIMMINGINFO die before")}
+        faults = {
+            "U03": ("--fault", "CMD_AUDIO_GETVOLUME error -5"),
+            "U11": ("--fault", "CMD_SOURCE_GETTIMMINGINFO die before"),
+        }
         units = {f"U{number:02}": self.television(*faults.get(f"U{number:02}", ())) for number in range(1, 17)}
         run = self.run_of(LINE, units)
         code, output = run.go("--html", "page.html")
@@ -90,8 +93,10 @@ class Lines(Fixture):
     def assert_measured(self, results: list[dict[str, Any]]) -> None:
         measured = {each["step"]: each["measurements"] for each in results if each["unit"] == "U01"}
         self.assertEqual(measured["read volume"], [
-            {"name": "result", "value": 35, "enumerator": None, "limit": {"low": 30, "high": 40, "unit": "%"}, "verdict": "pass"}])
-        self.assertEqual((measured["language"][0]["value"], measured["language"][0]["enumerator"]), (1, "KQ_LANG_ENGLISH"))
+            {"name": "result", "value": 35, "enumerator": None, "limit": {"low": 30, "high": 40, "unit": "%"},
+             "verdict": "pass"}])
+        language = measured["language"][0]
+        self.assertEqual((language["value"], language["enumerator"]), (1, "KQ_LANG_ENGLISH"))
         self.assertEqual({each["name"]: each["value"] for each in measured["picture size"]}["height"], 576)
 
     def test_hold_back_what_is_wrong_before_a_unit_is_touched(self) -> None:
@@ -121,7 +126,8 @@ class Lines(Fixture):
         """A third unit has no television."""
         golden, other = self.television(), self.television()
         tool = os.environ["KELUTV_TOOL"]
-        subprocess.run([tool, "snapshot", "--quiet", "-o", str(self.folder / "golden.json")], env=golden.environment, check=True)
+        take = [tool, "snapshot", "--quiet", "-o", str(self.folder / "golden.json")]
+        subprocess.run(take, env=golden.environment, check=True)
         subprocess.run([tool, "set", "volume", "77"], env=other.environment, check=True, capture_output=True)
         plan = """PLAN = {'step': [{'name': 'golden', 'snapshot': '../golden.json', 'settings': True}]}"""
         run = self.run_of(plan, {"A1": golden, "A2": other})
@@ -170,7 +176,8 @@ class Crashes(Fixture):
 
     def assert_whole(self, run: Run, number: int, units: dict[str, TracedTelevision]) -> None:
         results = run.results()
-        self.assertEqual([(each["unit"], each["step"]) for each in results], [(unit, step) for unit in units for step in ROUND_STEPS])
+        expected = [(unit, step) for unit in units for step in ROUND_STEPS]
+        self.assertEqual([(each["unit"], each["step"]) for each in results], expected)
         for result in results:
             unit, step, verdict = result["unit"], result["step"], result["verdict"]
             if step in ONCE:
