@@ -40,8 +40,6 @@ protected:
         new Dispatcher(mEvents, [this](const std::string& text) { mComplaints.push_back(text); });
 };
 
-} // namespace
-
 TEST_F(DispatcherTest, refusesWhatNothingHandles) {
     EXPECT_EQ(ask(requestOf(CMD_AUDIO_GETVOLUME, {0})).result, kNotProvided);
     EXPECT_EQ(ask(requestOf(CMD_PICTURE_GETBRIGHTNESS)).result, kNotProvided);
@@ -161,5 +159,7 @@ TEST_F(DispatcherTest, knowsTheModulesOfTheCatalogue) {
         EXPECT_NO_THROW(mDispatcher->handle(module, [](const Request&, Events&) { return Reply::done(); })) << module;
     }
 }
+
+} // namespace
 
 } // namespace kelutv::service

@@ -16,8 +16,6 @@ constexpr wire::EventField kBytes[] = {{"frame", wire::FieldType::Bytes, nullptr
 constexpr wire::Event kEvent{1, 1, "happened", kFields, ""};
 constexpr wire::Event kFrame{2, 2, "framed", kBytes, ""};
 
-} // namespace
-
 TEST(EventPayload, holdsEachFieldInItsSize) {
     EXPECT_EQ(payloadOf(kEvent, {-2, 254, -3, 65533, 7, "arc"}),
               std::string("\xfe\xfe\xfd\xff\xfd\xff\x07\0\0\0arc\0", 14));
@@ -42,5 +40,7 @@ TEST(EventPayload, takesNoValueOfAnotherKind) {
     EXPECT_THROW(payloadOf(kEvent, {0, 0, 0, 0, 0, 0}), std::invalid_argument);
     EXPECT_THROW(payloadOf(kEvent, {0, 0, 0, 0, 0, std::string("a\0b", 3)}), std::invalid_argument);
 }
+
+} // namespace
 
 } // namespace kelutv::service

@@ -45,8 +45,6 @@ std::string flawOfHolding(const Operation& operation, const wire::Values& values
     return flawIn(operation, replyHolding(operation, values), arguments);
 }
 
-} // namespace
-
 TEST(ReplyForm, takesWhatHasTheFormOfTheCatalogue) {
     EXPECT_EQ(flawOfHolding(kSet, {}), "");
     EXPECT_EQ(flawOfHolding(kGetNumber, {7}), "");
@@ -100,5 +98,7 @@ TEST(ReplyForm, leavesRefusalsAlone) {
 TEST(ReplyForm, allowsLessThanARequestForMoreThanAReplyHolds) {
     EXPECT_EQ(flawOfHolding(kGetBlock, {1, 2}, {{static_cast<std::int32_t>(wire::kMostReplyValues) + 1}}), "");
 }
+
+} // namespace
 
 } // namespace kelutv::service

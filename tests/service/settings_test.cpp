@@ -40,8 +40,6 @@ protected:
     Settings mSettings{"audio", {{"audio.volume", {20}, "volumeChanged", 0, 100}}};
 };
 
-} // namespace
-
 TEST_F(SettingsTest, readWhatWasSetUnderTheSameKeys) {
     EXPECT_EQ(setVolume(kSpeaker, 35).result(), 0);
     EXPECT_EQ(volume(kSpeaker), Values{35});
@@ -114,5 +112,7 @@ TEST(Settings, nameNothingThatTheCatalogueDoesNotHave) {
     EXPECT_THROW(Settings("audio", {{"audio.volume", {}, "louder"}}), std::invalid_argument);
     EXPECT_THROW(Settings("audio", {{"audio.volume", {}, "soundModeChanged"}}), std::invalid_argument);
 }
+
+} // namespace
 
 } // namespace kelutv::service

@@ -102,8 +102,6 @@ bool isLong() {
 /** The token is the same everywhere: it is changed in the first request, and in all where there is time. */
 MutantChoice choiceFor(std::size_t index) { return {isLong() || index == 0, isLong()}; }
 
-} // namespace
-
 TEST(WireMutants, areNoticedUnlessTheyAreTheSameRequest) {
     const std::vector<const WireOperation*> operations = everyOperation();
     ASSERT_GT(operations.size(), 500U);
@@ -125,5 +123,7 @@ TEST(WireMutants, areNoticedUnlessTheyAreTheSameRequest) {
         EXPECT_GT(scores.all().at(kind).noticed, 100) << kind;
     }
 }
+
+} // namespace
 
 } // namespace kelutv::test

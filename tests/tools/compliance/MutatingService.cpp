@@ -37,7 +37,8 @@ bool MutatingService::takeChange() {
     return std::exchange(mHasChanged, false);
 }
 
-android::status_t MutatingService::serve(const wire::Request& request, android::Parcel* reply) {
+android::status_t MutatingService::serve(const wire::Request& request, const android::Parcel& /*data*/,
+                                         android::Parcel* reply) {
     const std::lock_guard<std::mutex> lock(mMutex);
     const wire::Reply answered = request.refusal ? wire::replyTo(*request.refusal) : mTelevision.perform(request);
     if (const android::status_t status = wire::writeReply(answered, *reply); status != android::NO_ERROR) {

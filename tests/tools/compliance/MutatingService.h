@@ -37,7 +37,7 @@ public:
     bool takeChange();
 
 protected:
-    android::status_t serve(const wire::Request& request, android::Parcel* reply) override;
+    android::status_t serve(const wire::Request& request, const android::Parcel& data, android::Parcel* reply) override;
 
 private:
     std::mutex mMutex;

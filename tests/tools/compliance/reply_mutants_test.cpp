@@ -234,8 +234,6 @@ protected:
     std::map<std::string, Score> mScores;
 };
 
-} // namespace
-
 TEST_F(ReplyMutants, areNoticedUnlessNothingSaysWhatIsRight) {
     ASSERT_GT(mReplies.size(), 200U);
     for (const auto& [asked, reply] : mReplies) {
@@ -252,5 +250,7 @@ TEST_F(ReplyMutants, areNoticedUnlessNothingSaysWhatIsRight) {
         EXPECT_EQ(score.missed, std::vector<std::string>{}) << kind;
     }
 }
+
+} // namespace
 
 } // namespace kelutv::test
