@@ -5,6 +5,12 @@
 #include <kelutv/link/DeathNotifier.h>
 #include <kelutv/link/TVBaseClient.h>
 
+#include <keluem/emal.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+
 namespace kelutv::interposition {
 
 namespace {
@@ -21,11 +27,48 @@ template <typename Function> Function ofLibrary(const char* symbol) {
     return library != nullptr ? reinterpret_cast<Function>(::dlsym(library, symbol)) : nullptr;
 }
 
+using Listener = void (*)(unsigned int, void*, unsigned int, void*);
+
+/** What the program itself has each module listened to by; a module has one listener. */
+std::array<std::atomic<Listener>, 0x10000> programListeners;
+
+std::atomic<Listener>& programListener(unsigned int event) { return programListeners[event >> 16]; }
+
+void notifyProgram(unsigned int eventId, void* msg, unsigned int msgLength, void* prev) {
+    noticeObserver.event(eventId, msg, msgLength);
+    if (const Listener listener = programListener(eventId)) {
+        listener(eventId, msg, msgLength, prev);
+    }
+}
+
+/** The library's own listener tells of its events itself. */
+bool isProgramListener(Listener listener) {
+    return noticeObserver.event != nullptr && listener != nullptr && listener != android::TVBaseClient::eventNotify;
+}
+
 } // namespace
 
 void setNoticeObserver(const NoticeObserver& next) { noticeObserver = next; }
 
 } // namespace kelutv::interposition
+
+KELUTV_API int EMAL_AddListener(unsigned int module, void (*listener)(unsigned int, void*, unsigned int, void*)) {
+    namespace interposition = kelutv::interposition;
+    using Add = int (*)(unsigned int, interposition::Listener);
+    static const auto platform = interposition::ofLibrary<Add>("EMAL_AddListener");
+    if (platform == nullptr) {
+        return -ENOSYS;
+    }
+    if (!interposition::isProgramListener(listener)) {
+        return platform(module, listener);
+    }
+    const interposition::Listener before = interposition::programListener(module).exchange(listener);
+    const int result = platform(module, interposition::notifyProgram);
+    if (result != 0) {
+        interposition::programListener(module) = before;
+    }
+    return result;
+}
 
 /*
  * Both go before the client library's own, which are called behind the observer. The library hands both on by their

@@ -1,8 +1,11 @@
 #include <kelutv/commands.h>
+#include <kelutv/events.h>
 #include <kelutv/link/TVBaseClient.h>
 #include <kelutv/linux_kelutv_audio.h>
 #include <kelutv/linux_kelutv_factory.h>
 #include <kelutv/linux_kelutv_notify.h>
+
+#include <keluem/emal.h>
 
 #include <pthread.h>
 #include <sys/resource.h>
@@ -148,9 +151,12 @@ std::atomic<bool> hasEvent{false};
 
 void takeEvent(int /*event*/, void* /*payload*/, unsigned int /*length*/, void* /*more*/) { hasEvent = true; }
 
+void takeOwnEvent(unsigned int /*event*/, void* /*payload*/, unsigned int /*length*/, void* /*more*/) {
+    hasEvent = true;
+}
+
 /** Changes the volume until an event tells of that. */
 int awaitEvent() {
-    linux_tv_registerCallbackFunc(takeEvent);
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     for (int volume = 1; !hasEvent && std::chrono::steady_clock::now() < deadline; volume = volume % 100 + 1) {
         linux_tv_Audio_setVolume(0, volume);
@@ -211,7 +217,12 @@ int run(const char* program, const std::string& action) {
         ::execl(program, program, "print", nullptr);
         return 99;
     } else if (action == "event") {
+        linux_tv_registerCallbackFunc(takeEvent);
         return awaitEvent();
+    } else if (action == "listener") {
+        // The library's own listener would take its place if it came later.
+        linux_tv_Audio_setVolume(0, 0);
+        return EMAL_AddListener(KELU_EM_MODE_VOLUME, takeOwnEvent) != 0 ? 1 : awaitEvent();
     } else if (action == "wait") {
         linux_tv_Audio_setVolume(0, 6);
         ::pause();

@@ -176,6 +176,19 @@ TEST(Record, hasEventsWhenAsked) {
     EXPECT_TRUE(all<recording::Event>(recordClient("event").lines).empty());
 }
 
+TEST(Record, hasEventsThatTheProgramListensToByItself) {
+    const Recorded recorded = recordClient("listener", {"--events"});
+    EXPECT_EQ(recorded.run.exit, 0);
+    const auto events = all<recording::Event>(recorded.lines);
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.back().event, 0x60001U);
+    EXPECT_EQ(events.back().payload.size(), 8U);
+    // One for each change, though two have listened.
+    const auto twice = std::adjacent_find(
+        events.begin(), events.end(), [](const auto& one, const auto& other) { return one.payload == other.payload; });
+    EXPECT_EQ(twice, events.end());
+}
+
 TEST(Record, endsAtALimitAndLetsTheProgramRun) {
     const Recorded small = recordClient("threads", {"--max-size", "2K"});
     EXPECT_EQ(small.run.exit, 0);
