@@ -243,6 +243,7 @@ TEST_P(RecordedExample, SeesNoDifference) {
 
 INSTANTIATE_TEST_SUITE_P(InTheOrderOfTheFolder, RecordedExample,
                          ::testing::Values(KeptRecording{KELUTV_EXAMPLE_SOURCES, "sources.jsonl"},
+                                           KeptRecording{KELUTV_EXAMPLE_TELETEXT, "teletext.jsonl"},
                                            KeptRecording{KELUTV_EXAMPLE_C, "volume.jsonl"},
                                            KeptRecording{KELUTV_EXAMPLE_CPP, "volume_cpp.jsonl"}),
                          [](const auto& instance) {
