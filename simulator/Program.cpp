@@ -255,13 +255,13 @@ bool Program::end() {
     if (mUi != nullptr) {
         mUi->stop();
     }
-    const bool isAsRecorded = mService->endReplay();
-    for (const std::string& line : mService->replayReport()) {
+    const ReplayReport report = mService->endReplay();
+    for (const std::string& line : report.lines) {
         mOutput->add(line);
     }
     mOutput->finish();
     flushComplaints();
-    return isAsRecorded;
+    return report.isAsRecorded;
 }
 
 } // namespace kelutv::simulator

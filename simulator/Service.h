@@ -43,10 +43,8 @@ public:
     void setReplay(ReplayScript script, const ReplayOptions& options);
     /** @param ended called, in another thread, when all has been asked for and published, and answered */
     void startReplay(std::function<void()> ended);
-    /** Publishes what is left. @return whether all was as in the recording, or there is none */
-    bool endReplay();
-    /** What has come of it, in lines; behind its end. */
-    std::vector<std::string> replayReport() const;
+    /** Publishes what is left, and says what has come of it. */
+    ReplayReport endReplay();
     /** @} */
 
 protected:

@@ -54,20 +54,16 @@ void Service::startReplay(std::function<void()> ended) {
     }
 }
 
-bool Service::endReplay() {
+ReplayReport Service::endReplay() {
     if (mReplay == nullptr) {
-        return true;
+        return {};
     }
     mReplayClock.stop();
     const std::lock_guard<std::mutex> lock(mMutex);
     for (const PublishedEvent& event : mReplay->takeRest()) {
         publish(event);
     }
-    return !mReplay->hasDifference();
-}
-
-std::vector<std::string> Service::replayReport() const {
-    return mReplay != nullptr ? mReplay->report() : std::vector<std::string>();
+    return mReplay->report();
 }
 
 Service::Outcome Service::replayed(const wire::Request& request, const android::Parcel& data) {

@@ -206,22 +206,16 @@ PublishedEvents Replay::takeRest() {
 }
 
 bool Replay::hasDifference() const {
-    const bool isInOrder = std::none_of(mProgress.calls.begin(), mProgress.calls.end(), [](Progress::Call call) {
-        return call == Progress::Call::Waiting || call == Progress::Call::Early;
-    });
-    for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
-        if (!mScript.happenings[index].death && !mProgress.published[index]) {
-            return true;
-        }
-    }
-    return !isInOrder || !mProgress.unrecorded.empty();
+    const auto isEarly = [](Progress::Call call) { return call == Progress::Call::Early; };
+    return mWaiting > 0 || !mProgress.unrecorded.empty() || !unpublishedOf(mScript, mProgress).empty() ||
+           std::any_of(mProgress.calls.begin(), mProgress.calls.end(), isEarly);
 }
 
-std::vector<std::string> Replay::report() const {
-    std::vector<std::string> lines = reportOn(mScript, mProgress);
-    lines.front() = "kelutv-simulator: replay of " + mScript.name + ": " + lines.front() +
-                    (hasDifference() ? "" : "; no difference");
-    return lines;
+ReplayReport Replay::report() const {
+    ReplayReport report{!hasDifference(), reportOn(mScript, mProgress)};
+    report.lines.front() = "kelutv-simulator: replay of " + mScript.name + ": " + report.lines.front() +
+                           (report.isAsRecorded ? "; no difference" : "");
+    return report;
 }
 
 } // namespace kelutv::simulator

@@ -28,6 +28,13 @@ struct ReplayOptions {
     std::optional<double> speed;
 };
 
+/** What has come of a replay. */
+struct ReplayReport {
+    /** Every request was asked for, none early and none besides, and every event was published. */
+    bool isAsRecorded = true;
+    std::vector<std::string> lines = {};
+};
+
 /** Plays a recording as the service. Not synchronised. */
 class Replay {
 public:
@@ -79,9 +86,8 @@ public:
     /** The events that are still to come after what has been asked for, in order. */
     PublishedEvents takeRest();
 
-    bool hasDifference() const;
-    /** What has come of it, in lines; behind `takeRest`. */
-    std::vector<std::string> report() const;
+    /** Behind `takeRest`. */
+    ReplayReport report() const;
 
 private:
     struct Pending {
@@ -94,6 +100,7 @@ private:
     Clock::duration played(std::chrono::nanoseconds time) const;
     PublishedEvents takePendingBefore(std::size_t line);
     void publish(std::size_t happening, PublishedEvents& events);
+    bool hasDifference() const;
     void countWaiting();
     bool isDone() const { return mWaiting == 0 && mPending.empty(); }
 

@@ -1,6 +1,8 @@
 #include "simulator/replay/Words.h"
 
+#include "wire/events/EventTable.h"
 #include "wire/text/Describe.h"
+#include "wire/text/Join.h"
 #include "wire/text/Nearest.h"
 #include "wire/text/Shown.h"
 
@@ -13,7 +15,7 @@ namespace kelutv::simulator {
 namespace {
 
 constexpr std::size_t kMostOfRequest = 400;
-constexpr std::size_t kMostUnasked = 20;
+constexpr std::size_t kMostMissing = 20;
 
 struct Counts {
     std::size_t recorded = 0;
@@ -43,14 +45,6 @@ std::vector<std::string> differencesOf(const wire::Request& one, const wire::Req
         }
     }
     return names;
-}
-
-std::string joined(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "" : ", ") + name;
-    }
-    return text;
 }
 
 /** Of the same command: the one with the fewest other arguments, of several one that has not been asked for. */
@@ -91,7 +85,7 @@ std::string hintFor(const ReplayScript& script, const Progress& progress, const 
     }
     const std::vector<std::string> names = differencesOf(nearest->request, request);
     return "; nearest: " + wordsOf(*nearest) +
-           (names.empty() ? ", which has been asked for" : ", which differs in " + joined(names));
+           (names.empty() ? ", which has been asked for" : ", which differs in " + wire::joined(names));
 }
 
 std::map<std::string, Counts> countsOf(const ReplayScript& script, const Progress& progress) {
@@ -134,28 +128,53 @@ std::string rowOf(const std::string& name, const Counts& counts) {
 }
 
 std::string eventsText(const ReplayScript& script, const Progress& progress) {
-    std::size_t events = 0;
-    std::size_t published = 0;
-    for (std::size_t index = 0; index < script.happenings.size(); ++index) {
-        events += script.happenings[index].death ? 0 : 1;
-        published += !script.happenings[index].death && progress.published[index] ? 1 : 0;
-    }
-    return std::to_string(published) + " of " + std::to_string(events) + " events published";
+    const auto events = static_cast<std::size_t>(
+        std::count_if(script.happenings.begin(), script.happenings.end(),
+                      [](const Happening& happening) { return !happening.death.has_value(); }));
+    return std::to_string(events - unpublishedOf(script, progress).size()) + " of " + std::to_string(events) +
+           " events published";
 }
 
-void addUnasked(const ReplayScript& script, const Progress& progress, std::vector<std::string>& lines) {
-    std::size_t unasked = 0;
+std::string wordsOf(const Happening& happening) {
+    const wire::EventTable events(wire::simulatedEvents());
+    const wire::Event* const known = events.find(happening.event.identifier);
+    char identifier[32];
+    std::snprintf(identifier, sizeof(identifier), "event 0x%X", happening.event.identifier);
+    return identifier + (known != nullptr ? std::string(" ") + known->name : "") + " of line " +
+           std::to_string(happening.line);
+}
+
+/** The first of what is missing, and how much more there is. */
+void addMissing(const std::string& how, const std::vector<std::string>& missing, std::vector<std::string>& lines) {
+    for (std::size_t index = 0; index < missing.size() && index < kMostMissing; ++index) {
+        lines.push_back(how + ": " + missing[index]);
+    }
+    if (missing.size() > kMostMissing) {
+        lines.push_back(how + ": " + std::to_string(missing.size() - kMostMissing) + " more");
+    }
+}
+
+std::vector<std::string> unaskedOf(const ReplayScript& script, const Progress& progress) {
+    std::vector<std::string> unasked;
     for (std::size_t index = 0; index < script.calls.size(); ++index) {
-        if (progress.calls[index] == Progress::Call::Waiting && ++unasked <= kMostUnasked) {
-            lines.push_back("not asked for: " + wordsOf(script.calls[index]));
+        if (progress.calls[index] == Progress::Call::Waiting) {
+            unasked.push_back(wordsOf(script.calls[index]));
         }
     }
-    if (unasked > kMostUnasked) {
-        lines.push_back("... and " + std::to_string(unasked - kMostUnasked) + " more");
-    }
+    return unasked;
 }
 
 } // namespace
+
+std::vector<const Happening*> unpublishedOf(const ReplayScript& script, const Progress& progress) {
+    std::vector<const Happening*> unpublished;
+    for (std::size_t index = 0; index < script.happenings.size(); ++index) {
+        if (!script.happenings[index].death && !progress.published[index]) {
+            unpublished.push_back(&script.happenings[index]);
+        }
+    }
+    return unpublished;
+}
 
 std::string commandNameOf(const wire::Request& request) {
     const std::string item = wire::itemNameOf(request);
@@ -185,7 +204,12 @@ std::vector<std::string> reportOn(const ReplayScript& script, const Progress& pr
     for (const auto& [name, counts] : all) {
         lines.push_back(rowOf(name, counts));
     }
-    addUnasked(script, progress, lines);
+    addMissing("not asked for", unaskedOf(script, progress), lines);
+    std::vector<std::string> unpublished;
+    for (const Happening* const happening : unpublishedOf(script, progress)) {
+        unpublished.push_back(wordsOf(*happening));
+    }
+    addMissing("not published", unpublished, lines);
     return lines;
 }
 

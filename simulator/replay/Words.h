@@ -19,7 +19,11 @@ std::string earlyText(const ReplayScript& script, pid_t caller, std::size_t call
 std::string unrecordedText(const ReplayScript& script, const Progress& progress, pid_t caller,
                            const wire::Request& request);
 
-/** What has come of a replay: a line on the whole, one for each command, and those for requests not asked for. */
+/** The events that have not been published. */
+std::vector<const Happening*> unpublishedOf(const ReplayScript& script, const Progress& progress);
+
+/** What has come of a replay: a line on the whole, one for each command, and those for requests that were not asked for
+ * and events that were not published. */
 std::vector<std::string> reportOn(const ReplayScript& script, const Progress& progress);
 
 } // namespace kelutv::simulator

@@ -296,6 +296,7 @@ TEST_F(Replayed, SaysThatEventsWereNotPublished) {
     EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
     EXPECT_EQ(end(), 1);
     EXPECT_TRUE(says("; 1 of 2 events published\n")) << output();
+    EXPECT_TRUE(says("\nnot published: event 0x60001 volumeChanged of line 5\n")) << output();
 }
 
 TEST_F(Replayed, TakesTheTimeThatWasRecordedWhenToldTo) {
