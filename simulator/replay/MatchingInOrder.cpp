@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
+#include <utility>
 #include <vector>
 
 namespace kelutv::simulator {
@@ -103,9 +105,13 @@ private:
     }
 
     std::optional<Match> ofNewcomer(Progress& progress, pid_t caller, const std::string& key) {
+        std::vector<bool> isTaken(mClients.size(), false);
+        for (const auto& [process, client] : progress.clients) {
+            isTaken[client] = true;
+        }
         std::optional<Match> ahead;
         for (std::size_t client = 0; client < mClients.size(); ++client) {
-            if (isTaken(progress, client)) {
+            if (isTaken[client]) {
                 continue;
             }
             if (const auto call = nextIn(progress, client, key)) {
@@ -129,19 +135,15 @@ private:
         return std::nullopt;
     }
 
-    static bool isTaken(const Progress& progress, std::size_t client) {
-        return std::any_of(progress.clients.begin(), progress.clients.end(),
-                           [client](const auto& each) { return each.second == client; });
-    }
-
     /**
      * Takes the process for another recorded one that begins with all it has asked for, and goes on with this request;
      * whoever was taken for that one must have begun like the recorded one that becomes free.
      */
     std::optional<std::size_t> asAnother(Progress& progress, pid_t caller, const std::string& key) const {
         const std::size_t present = progress.clients.at(caller);
+        const Calls asked = askedOf(progress, present);
         for (std::size_t other = 0; other < mClients.size(); ++other) {
-            if (other == present) {
+            if (other == present || !beginsWith(other, asked, key)) {
                 continue;
             }
             Progress exchanged = progress;
@@ -159,6 +161,38 @@ private:
         return std::nullopt;
     }
 
+    /** The requests of a recorded process that have been asked for, in the order of the recording. */
+    Calls askedOf(const Progress& progress, std::size_t client) const {
+        Calls asked;
+        for (const std::size_t thread : mClients[client]) {
+            std::copy_if(mThreads[thread].begin(), mThreads[thread].end(), std::back_inserter(asked),
+                         [&progress](std::size_t call) {
+                             return progress.calls[call] == Progress::Call::Asked ||
+                                    progress.calls[call] == Progress::Call::Early;
+                         });
+        }
+        std::sort(asked.begin(), asked.end());
+        return asked;
+    }
+
+    /** Whether a recorded process begins with such requests and goes on with this one; looks at nothing else. */
+    bool beginsWith(std::size_t client, const Calls& asked, const std::string& key) const {
+        std::vector<std::size_t> places(mClients[client].size(), 0);
+        const auto goesOnWith = [&](const std::string& wanted) {
+            for (std::size_t i = 0; i < places.size(); ++i) {
+                const Calls& calls = mThreads[mClients[client][i]];
+                if (places[i] < calls.size() && mScript.calls[calls[places[i]]].key == wanted) {
+                    ++places[i];
+                    return true;
+                }
+            }
+            return false;
+        };
+        return std::all_of(asked.begin(), asked.end(),
+                           [&](std::size_t call) { return goesOnWith(mScript.calls[call].key); }) &&
+               goesOnWith(key);
+    }
+
     /** Lets two recorded processes have been asked for what the other one was; false when they did not begin alike. */
     bool exchange(Progress& progress, std::size_t one, std::size_t other) const {
         const Calls askedOfOne = takeBack(progress, one);
@@ -167,17 +201,11 @@ private:
     }
 
     Calls takeBack(Progress& progress, std::size_t client) const {
-        Calls asked;
-        for (const std::size_t thread : mClients[client]) {
-            progress.last[thread].reset();
-            for (const std::size_t call : mThreads[thread]) {
-                if (progress.calls[call] == Progress::Call::Asked || progress.calls[call] == Progress::Call::Early) {
-                    progress.calls[call] = Progress::Call::Waiting;
-                    asked.push_back(call);
-                }
-            }
+        const Calls asked = askedOf(progress, client);
+        for (const std::size_t call : asked) {
+            progress.calls[call] = Progress::Call::Waiting;
+            progress.last[mScript.calls[call].thread].reset();
         }
-        std::sort(asked.begin(), asked.end());
         return asked;
     }
 

@@ -74,6 +74,18 @@ TEST(Matching, FindsOutWhichProcessItIsWhenTheyPart) {
     EXPECT_FALSE(played.isEarly());
 }
 
+/** Whoever was taken for the other one must have begun like this one. */
+TEST(Matching, ExchangesNoProcessesThatBeganOtherwise) {
+    Played played({"1aX", "2aX", "2aV", "1aY", "2aZ"});
+    EXPECT_EQ(played.ask(50, "X"), 0);
+    EXPECT_EQ(played.ask(60, "X"), 1);
+    EXPECT_EQ(played.ask(60, "V"), 2);
+    EXPECT_EQ(played.ask(50, "V"), kMissing);
+    EXPECT_EQ(played.ask(50, "Y"), 3);
+    EXPECT_EQ(played.ask(60, "Z"), 4);
+    EXPECT_FALSE(played.isEarly());
+}
+
 TEST(Matching, KeepsTheOrderOfEachThread) {
     Played played({"1aX", "1bX", "1aY", "1bZ", "1aV"});
     EXPECT_EQ(played.ask(50, "X"), 0);
