@@ -23,9 +23,9 @@ std::string aspectOf(const CheckResult& result) {
 
 void hushLog() { ::setenv("KQLOG_LEVEL", "s", 1); }
 
-Judged judged(const std::vector<std::string>& words) { return judged(tool::compliance::chosenChecks(words, {})); }
+Judged judged(const std::vector<std::string>& words) { return resultsOf(tool::compliance::chosenChecks(words, {})); }
 
-Judged judged(const tool::compliance::Checks& checks) {
+Judged resultsOf(const tool::compliance::Checks& checks) {
     constexpr double kLimit = 5;
     return tool::compliance::runChecks(checks, kLimit, [](const CheckResult&) {});
 }

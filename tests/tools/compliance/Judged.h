@@ -20,7 +20,7 @@ void hushLog();
 Judged judged(const std::vector<std::string>& words);
 
 /** What came of these checks. */
-Judged judged(const tool::compliance::Checks& checks);
+Judged resultsOf(const tool::compliance::Checks& checks);
 
 /** The identifiers of those with this verdict. */
 Names identifiers(const Judged& results, tool::compliance::Verdict verdict);

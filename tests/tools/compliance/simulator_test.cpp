@@ -1,6 +1,8 @@
 #include "tools/compliance/Judged.h"
 #include "tools/kelutv/compliance/ComplianceRun.h"
 #include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/Runner.h"
+#include "tools/kelutv/output/Errors.h"
 
 #include "simulator/Simulator.h"
 #include "support/TestFolder.h"
@@ -8,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 
@@ -122,6 +125,34 @@ TEST_F(SimulatedServices, failTheChecksThatConcernAnInjectedFault) {
           more,
           {"form.terminated failed"},
           {}}},
+        {"a list behind its count",
+         "CMD_FACTORY_GET_CTL_VOLUME",
+         "factory.getSoundCurveCtlData",
+         {with(all, {"form.count refused"}),
+          with(empty, {"form.count inconclusive"}),
+          {"form.payload failed", "form.count failed"},
+          more,
+          {},
+          {"form.payload failed", "form.count failed"}}},
+        // An empty list is a right answer.
+        {"a list to the end",
+         "CMD_PICTURE_GETAVAILASPECT",
+         "picture.getAvailAspectList",
+         {with(all, {"form.enumeration refused", "form.count refused"}),
+          with(empty, {"form.enumeration inconclusive", "form.count inconclusive"}),
+          {},
+          more,
+          {},
+          {}}},
+        {"texts to the end",
+         "CMDID_AUDIO_GET_OUTPUT_LIST",
+         "audio.getOutputList",
+         {with(all, {"form.terminated refused"}),
+          with(empty, {"form.terminated inconclusive"}),
+          {},
+          {"form.terminated failed"},
+          {"form.terminated failed"},
+          {}}},
     };
     const char* const faults[] = {"error -5", "short 0", "short 4", "long 2", "unterminated", "count 1000"};
     std::vector<std::string> words;
@@ -135,13 +166,68 @@ TEST_F(SimulatedServices, failTheChecksThatConcernAnInjectedFault) {
         for (const Case& test : cases) {
             sim(std::string("fault ") + test.command + ' ' + faults[i]);
         }
-        const Judged results = judged(checks);
+        const Judged results = resultsOf(checks);
         for (const Case& test : cases) {
             EXPECT_EQ(aspectsNotPassed(results, test.function), test.notPassed[i]) << test.what << ": " << faults[i];
             found += test.notPassed[i].size();
         }
     }
     EXPECT_GT(found, 30);
+}
+
+/** What is not answered is not asked again, and nothing else is concerned. */
+TEST_F(SimulatedServices, goOnBehindAFunctionThatIsNotAnswered) {
+    sim("fault CMD_AUDIO_GETINPUTVOLUME delay 3600s");
+    const auto checks =
+        tool::compliance::chosenChecks({"form.audio.getInputVolume.*", "form.audio.getStereoMode.*"}, {});
+    const Judged results = tool::compliance::runChecks(checks, 0.2, [](const CheckResult&) {});
+    EXPECT_EQ(aspectsNotPassed(results),
+              (Names{"form.status failed", "form.payload inconclusive", "form.end inconclusive"}));
+    EXPECT_EQ(identifiers(results, Verdict::failed), Names{"form.audio.getInputVolume.status"});
+}
+
+TEST_F(SimulatedServices, endTheRunWhenTheyEnd) {
+    sim("fault CMD_AUDIO_GETINPUTVOLUME die after once");
+    const Judged results = judged({"form.audio.getInputVolume.*"});
+    ASSERT_EQ(results.size(), 3U);
+    EXPECT_EQ(results[0].verdict, Verdict::passed) << results[0].reason;
+    EXPECT_EQ(results[1].verdict, Verdict::failed);
+    EXPECT_EQ(results[1].reason.rfind("the service is gone", 0), 0U) << results[1].reason;
+    EXPECT_EQ(results[2].verdict, Verdict::inconclusive);
+}
+
+/** The replies to sets are looked at, too. */
+TEST_F(SimulatedServices, failWhenASetIsAnsweredWrongly) {
+    struct Case {
+        const char* fault;
+        const char* verdict;
+    };
+    const Case cases[] = {{"error -5", "refused"}, {"short 0", "failed"}, {"short 2", "failed"}, {"long 2", "failed"}};
+    for (const Case& test : cases) {
+        sim("fault clear");
+        sim(std::string("fault CMD_AUDIO_SETINPUTVOLUME ") + test.fault);
+        EXPECT_EQ(aspectsNotPassed(judged({"state.audio.setInputVolume.*"})),
+                  (Names{std::string("state.kept ") + test.verdict, std::string("state.twice ") + test.verdict}))
+            << test.fault;
+    }
+}
+
+TEST(Choice, saysWhatIsWrong) {
+    EXPECT_THROW(tool::compliance::chosenChecks({"nothing.of.the.kind"}, {}), tool::UsageError);
+    const auto allowing = [](const std::string& name) {
+        tool::compliance::Terms terms;
+        terms.allowed = {name};
+        return tool::compliance::chosenChecks({"refusal"}, terms);
+    };
+    EXPECT_THROW(allowing("audio.setVolume"), tool::UsageError) << "it needs no leave";
+    EXPECT_THROW(allowing("audio.setNothing"), tool::UsageError);
+    const auto truncated = [](const tool::compliance::Checks& checks) {
+        return std::count_if(checks.begin(), checks.end(), [](const auto& check) {
+            return check->subject().id == "refusal.factory.setMacAddress.truncated";
+        });
+    };
+    EXPECT_EQ(truncated(allowing("factory.setMacAddress")), 1);
+    EXPECT_EQ(truncated(allowing("factory.setMachineInfo")), 0);
 }
 
 } // namespace

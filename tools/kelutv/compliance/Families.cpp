@@ -42,15 +42,21 @@ Meaning meaningOf(const Checks& checks, const std::string& word) {
     };
 }
 
-void requireDangerous(const Terms& terms) {
+/** Whether its checks are left out unless it is named. */
+bool needsLeave(const wire::Function* function) {
+    return function->effect.isDangerous || (function->requests.size() > 0 && function->effect.back == nullptr &&
+                                            function->effect.kind != wire::EffectKind::Read);
+}
+
+void requireLeaveNeeded(const Terms& terms) {
     for (const std::string& name : terms.allowed) {
         const auto functions = wire::functionsNamed(name);
         if (functions.empty()) {
             throw UsageError("--allow: there is no function '" + wire::shown(name) + '\'');
         }
-        if (std::none_of(functions.begin(), functions.end(),
-                         [](const wire::Function* function) { return function->effect.isDangerous; })) {
-            throw UsageError("--allow: '" + wire::shown(name) + "' is not dangerous and needs no leave");
+        if (std::none_of(functions.begin(), functions.end(), needsLeave)) {
+            throw UsageError("--allow: '" + wire::shown(name) +
+                             "' needs no leave: it is not dangerous, and changes nothing that is not put back");
         }
     }
 }
@@ -58,7 +64,7 @@ void requireDangerous(const Terms& terms) {
 } // namespace
 
 Checks chosenChecks(const std::vector<std::string>& words, const Terms& terms) {
-    requireDangerous(terms);
+    requireLeaveNeeded(terms);
     Checks all;
     for (const AddChecks add : kFamilies) {
         add(all, terms);

@@ -77,6 +77,11 @@ Outcome outcomeOf(const Check& check, Television& television, bool& isLost) {
     }
 }
 
+void fail(Outcome& outcome, const std::string& why) {
+    outcome.verdict = Verdict::failed;
+    outcome.reason = why + (outcome.reason.empty() ? "" : "; " + outcome.reason);
+}
+
 /** Functions that were not answered in time; they are not asked again. */
 using Silent = std::set<std::string>;
 
@@ -91,10 +96,13 @@ Finding make(const Check& check, const Silent& silent) {
     bool isLost = false;
     Outcome outcome = outcomeOf(check, television, isLost);
     const auto latencies = television.takeLatencies();
+    const bool hasDied = television.takeDeath();
     if ((television.takeLoss() || isLost) && !television.isAlive()) {
-        outcome.verdict = Verdict::failed;
-        outcome.reason = "the service is gone" + (outcome.reason.empty() ? "" : "; " + outcome.reason);
+        fail(outcome, "the service is gone");
         return {tool::Verdict::Unlinked, messageOf(outcome, latencies)};
+    }
+    if (hasDied) {
+        fail(outcome, "the service ended and is there again");
     }
     return {tool::Verdict::Good, messageOf(outcome, latencies)};
 }

@@ -24,12 +24,19 @@ HeldState heldBy(const Reading& reading) {
     return {read.state, read.values, reading, read.result};
 }
 
-std::string refusalIn(const Answer& answer) {
+/** What is wrong with the answer to a set, or what it has against it; nothing when it took it. */
+std::optional<Outcome> objectionIn(const Answer& answer) {
     if (answer.exchange.status != 0) {
-        return noReplyText(answer.exchange.status);
+        return Outcome{Verdict::failed, noReplyText(answer.exchange.status), answer.exchange};
     }
-    return answer.reading.hasResult ? "the service answered " + wire::resultText(answer.reading.reply.result)
-                                    : "the reply has no result word";
+    if (answer.reading.flaw) {
+        return Outcome{Verdict::failed, "the answer to the set: " + textOf(*answer.reading.flaw), answer.exchange};
+    }
+    return answer.isSuccess()
+               ? std::nullopt
+               : std::optional(Outcome{Verdict::refused,
+                                       "the service answered " + wire::resultText(answer.reading.reply.result),
+                                       answer.exchange});
 }
 
 } // namespace
@@ -132,12 +139,8 @@ std::optional<Outcome> Setting::send(const SetCall& call) const {
         return failure ? std::optional(Outcome{Verdict::refused, failure->text, std::nullopt}) : std::nullopt;
     }
     for (const Bytes& request : requestsOf(*call.function, call.arguments)) {
-        const Answer answer = answerTo(mTelevision, request);
-        if (!answer.isSuccess()) {
-            return Outcome{Verdict::refused, refusalIn(answer), answer.exchange};
-        }
-        if (answer.reading.flaw) {
-            return Outcome{Verdict::failed, "the answer to the set: " + textOf(*answer.reading.flaw), answer.exchange};
+        if (auto objection = objectionIn(answerTo(mTelevision, request))) {
+            return objection;
         }
     }
     return std::nullopt;

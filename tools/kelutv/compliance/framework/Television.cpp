@@ -22,6 +22,7 @@ Exchange Television::ask(const Bytes& request, std::uint32_t code) {
     mLatencies.push_back(timeOf([&] { exchange.status = service->transact(code, data, &reply, 0); }));
     exchange.reply.assign(reply.data(), reply.data() + reply.dataSize());
     mHasLost = mHasLost || exchange.status != android::NO_ERROR;
+    mHasDied = mHasDied || exchange.status == android::DEAD_OBJECT;
     return exchange;
 }
 
@@ -41,5 +42,7 @@ void Television::add(const std::vector<std::chrono::nanoseconds>& latencies) {
 std::vector<std::chrono::nanoseconds> Television::takeLatencies() { return std::exchange(mLatencies, {}); }
 
 bool Television::takeLoss() { return std::exchange(mHasLost, false); }
+
+bool Television::takeDeath() { return std::exchange(mHasDied, false); }
 
 } // namespace kelutv::tool::compliance

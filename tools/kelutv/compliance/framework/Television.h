@@ -22,7 +22,7 @@ public:
      */
     Exchange ask(const Bytes& request, std::uint32_t code = kRequestCode);
 
-    /** Whether the service is still the one that was asked first, and answers. */
+    /** Whether there is a service that takes transactions. */
     bool isAlive() const;
 
     /** Adds what answers to other processes took. */
@@ -34,9 +34,13 @@ public:
     /** Whether a request did not get through since this was asked last. */
     bool takeLoss();
 
+    /** Whether the service ended in a request since this was asked last, even where there is one again. */
+    bool takeDeath();
+
 private:
     std::vector<std::chrono::nanoseconds> mLatencies;
     bool mHasLost = false;
+    bool mHasDied = false;
 };
 
 } // namespace kelutv::tool::compliance

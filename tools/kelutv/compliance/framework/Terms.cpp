@@ -6,11 +6,14 @@
 
 namespace kelutv::tool::compliance {
 
+bool isNamed(const wire::Function& function, const Terms& terms) {
+    return std::any_of(terms.allowed.begin(), terms.allowed.end(), [&function](const std::string& name) {
+        return name == function.name || name == function.shortName;
+    });
+}
+
 bool mayCall(const wire::Function& function, const Terms& terms) {
-    return !function.effect.isDangerous ||
-           std::any_of(terms.allowed.begin(), terms.allowed.end(), [&function](const std::string& name) {
-               return name == function.name || name == function.shortName;
-           });
+    return !function.effect.isDangerous || isNamed(function, terms);
 }
 
 std::string whyNotCalled(const wire::Function& function) {

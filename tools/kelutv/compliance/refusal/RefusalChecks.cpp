@@ -8,6 +8,7 @@
 #include "tools/kelutv/compliance/refusal/Malformed.h"
 #include "tools/kelutv/compliance/refusal/ServiceChecks.h"
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/snapshot/StateRules.h"
 
 #include <algorithm>
 #include <functional>
@@ -28,6 +29,11 @@ struct Way {
     Make make;
 };
 
+/** Whether it sets something that is read back and can be put back. */
+bool isPutBack(const wire::Function& function) {
+    return function.effect.kind == wire::EffectKind::Set && function.effect.back != nullptr;
+}
+
 class RefusalCheck : public Check {
 public:
     RefusalCheck(const wire::Function& function, Way way)
@@ -39,15 +45,17 @@ public:
 
     Outcome run(Television& television) const override {
         try {
-            return changesState() ? judgeSet(television) : judgeRead(television);
+            return isPutBack(mFunction) ? judgeSet(television) : judgeOther(television);
         } catch (const Ended& ended) {
             return ended.outcome;
         }
     }
 
 private:
-    Outcome judgeRead(Television& television) const {
-        return judge(television, requestsFor(sampleOf(mFunction)).front());
+    Outcome judgeOther(Television& television) const {
+        const std::vector<Bytes> requests = requestsFor(sampleOf(mFunction));
+        return requests.empty() ? Outcome{Verdict::inconclusive, "a plain call of it sends nothing", std::nullopt}
+                                : judge(television, requests.front());
     }
 
     /** What is refused would have given the state another value. */
@@ -115,7 +123,7 @@ Way outsideOf(const wire::Parameter& parameter, const wire::Function& function) 
 
 /** Whether it picks what a set changes: what is kept under a key that does not exist could not be put back. */
 bool isKeyOfSet(const wire::Parameter& parameter, const wire::Function& function) {
-    if (function.effect.kind == wire::EffectKind::Read) {
+    if (!isPutBack(function)) {
         return false;
     }
     const auto& keys = wire::functionsNamed(function.effect.back).front()->parameters;
@@ -163,8 +171,9 @@ std::string whyLeftOut(const wire::Function& function, const Terms& terms) {
     if (function.effect.kind == wire::EffectKind::Read) {
         return "";
     }
-    if (function.effect.kind != wire::EffectKind::Set || function.effect.back == nullptr) {
-        return "nothing puts back what it would do if it were not refused";
+    if (!isPutBack(function) && !isNamed(function, terms)) {
+        return "nothing puts back what it would do if it were not refused; --allow " + tool::nameOf(function) +
+               " makes it";
     }
     if (function.requests.size() > 1) {
         return "makes several requests, of which each is that of another function, too";
