@@ -1,0 +1,161 @@
+// What a service tells, how it bears load, and whether it outlives its clients.
+
+#include "tools/compliance/Judged.h"
+#include "tools/kelutv/compliance/Families.h"
+
+#include "simulator/Simulator.h"
+#include "support/TestFolder.h"
+#include "tools/Tool.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+namespace kelutv::test {
+namespace {
+
+using tool::compliance::CheckResult;
+using tool::compliance::Terms;
+using tool::compliance::Verdict;
+
+/** What came of the checks that the words choose, under these terms. */
+Judged judgedBy(const Terms& terms, const std::vector<std::string>& words) {
+    return judged(tool::compliance::chosenChecks(words, terms));
+}
+
+/** Each check that did not pass, `ID verdict`. */
+Names notPassed(const Judged& results) {
+    Names names;
+    for (const CheckResult& result : results) {
+        if (result.verdict != Verdict::passed) {
+            names.insert(result.id + ' ' + nameOf(result.verdict));
+        }
+    }
+    return names;
+}
+
+const CheckResult& resultOf(const Judged& results, const std::string& id) {
+    return *std::find_if(results.begin(), results.end(), [&id](const CheckResult& each) { return each.id == id; });
+}
+
+class Families : public ::testing::Test {
+protected:
+    void turnOn(const std::vector<std::string>& options = {}) {
+        hushLog();
+        mTelevision = startSimulator(options);
+        ASSERT_TRUE(mTelevision->output().waitFor("ready (TVBaseService)\n")) << mTelevision->error().text();
+    }
+
+    /** A television whose settings are others. */
+    void turnOnWith(const std::string& settings) {
+        std::ofstream(mFolder.pathOf("settings.json")) << settings;
+        turnOn({"--config", mFolder.pathOf("settings.json")});
+    }
+
+    const TestFolder& folder() const { return mFolder; }
+
+private:
+    TestFolder mFolder;
+    RuntimeDir mRuntimeDir;
+    std::unique_ptr<ChildProcess> mTelevision;
+};
+
+TEST_F(Families, theSimulatorTellsOfEachChangeOnce) {
+    turnOn();
+    const Judged results = judgedBy({}, {"events"});
+    EXPECT_EQ(notPassed(results), Names());
+    EXPECT_GT(results.size(), 600U);
+    EXPECT_EQ(identifiers(results, Verdict::passed).count("events.audio.setVolume[channel=speaker].once"), 1U);
+}
+
+TEST_F(Families, anEventThatDoesNotComeFailsOnceAndIsNotWaitedForAgain) {
+    turnOnWith(R"({"audio": {"inputVolume": {"event": null}}})");
+    EXPECT_EQ(notPassed(judgedBy({}, {"events.audio.setInputVolume", "events.audio.setSoundMode"})),
+              (Names{"events.audio.setInputVolume.once failed", "events.audio.setInputVolume.same inconclusive",
+                     "events.audio.setInputVolume.payload inconclusive"}));
+}
+
+TEST_F(Families, anotherEventInItsPlaceIsNone) {
+    turnOnWith(R"({"audio": {"inputVolume": {"event": "subwooferVolumeChanged"}}})");
+    const Judged results = judgedBy({}, {"events.audio.setInputVolume.once"});
+    ASSERT_EQ(results.size(), 1U);
+    EXPECT_EQ(results[0].verdict, Verdict::failed);
+    EXPECT_EQ(results[0].reason, "no inputVolumeChanged came when it was changed");
+}
+
+TEST_F(Families, answersUnderLoadAreThoseToWhatWasAsked) {
+    turnOn();
+    Terms terms;
+    terms.p50 = std::chrono::seconds(20);
+    terms.p99 = std::chrono::nanoseconds(1);
+    const Judged results = judgedBy(terms, {"load.threads.64.*", "load.processes.8.*"});
+    EXPECT_EQ(notPassed(results), (Names{"load.threads.64.p99 failed", "load.processes.8.p99 failed"}));
+    EXPECT_GE(resultOf(results, "load.threads.64.answers").latencies.size(), 1000U);
+    EXPECT_GE(resultOf(results, "load.processes.8.answers").latencies.size(), 1000U);
+}
+
+TEST_F(Families, oneWrongAnswerUnderLoadIsFound) {
+    turnOn();
+    ASSERT_EQ(runTool({"sim", "fault any nth 900 error -5"}).exit, 0);
+    const Judged results = judgedBy({}, {"load.threads.4.answers"});
+    ASSERT_EQ(results.size(), 1U);
+    EXPECT_EQ(results[0].verdict, Verdict::failed);
+    EXPECT_EQ(results[0].reason.substr(0, 5), "1 of ");
+    ASSERT_TRUE(results[0].exchange);
+    EXPECT_EQ(results[0].exchange->reply.size(), 4U) << "an error is all that was answered";
+}
+
+TEST_F(Families, theSimulatorOutlivesItsClients) {
+    turnOn();
+    EXPECT_EQ(notPassed(judgedBy({}, {"life"})), Names{"life.service.restarted left-out"});
+}
+
+TEST_F(Families, theEndOfTheServiceIsFound) {
+    turnOn();
+    EXPECT_EQ(notPassed(judgedBy({}, {"life.service.killedCallers"})), Names());
+    ASSERT_EQ(runTool({"sim", "fault any nth 15 die after"}).exit, 0);
+    const Judged results = judgedBy({}, {"life.service.killedCallers", "life.service.unreadReplies"});
+    EXPECT_EQ(identifiers(results, Verdict::failed),
+              (Names{"life.service.killedCallers", "life.service.unreadReplies"}));
+}
+
+/** Starts the simulator anew whenever it ends, and keeps its number in a file. */
+class KeptTelevision {
+public:
+    explicit KeptTelevision(std::string file)
+        : mFile(std::move(file)), mKeeper({"sh", "-c", R"(while :; do "$1" & echo $! >"$2"; wait; done)", "sh",
+                                           KELUTV_SIMULATOR_PROGRAM, mFile},
+                                          {{}, true}) {
+        EXPECT_TRUE(mKeeper.output().waitFor("ready (TVBaseService)\n"));
+    }
+
+    ~KeptTelevision() {
+        mKeeper.kill(SIGKILL);
+        mKeeper.wait();
+        std::system(("kill -9 $(cat " + mFile + ')').c_str());
+    }
+
+    std::string restart() const { return "kill $(cat " + mFile + ')'; }
+
+private:
+    std::string mFile;
+    ChildProcess mKeeper;
+};
+
+TEST_F(Families, aRestartedServiceIsFoundAgain) {
+    if (std::getenv("KELUTV_EMULATOR") != nullptr) {
+        GTEST_SKIP() << "a shell starts the simulator";
+    }
+    const KeptTelevision television(folder().pathOf("simulator"));
+    Terms terms;
+    terms.restart = television.restart();
+    EXPECT_EQ(notPassed(judgedBy(terms, {"life.service.restarted"})), Names());
+    terms.restart = "false";
+    const Judged results = judgedBy(terms, {"life.service.restarted"});
+    EXPECT_EQ(results.front().reason, "the command that restarts the service failed");
+}
+
+} // namespace
+} // namespace kelutv::test
