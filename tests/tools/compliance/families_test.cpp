@@ -2,6 +2,7 @@
 
 #include "tools/compliance/Judged.h"
 #include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/knowledge/Capabilities.h"
 
 #include "simulator/Simulator.h"
 #include "support/TestFolder.h"
@@ -155,6 +156,35 @@ TEST_F(Families, aRestartedServiceIsFoundAgain) {
     terms.restart = "false";
     const Judged results = judgedBy(terms, {"life.service.restarted"});
     EXPECT_EQ(results.front().reason, "the command that restarts the service failed");
+}
+
+TEST_F(Families, whatATelevisionLacksIsDiscoveredAndLeftOut) {
+    turnOnWith(R"({"audio": {"inputVolume": {"event": null}}})");
+    ASSERT_EQ(runTool({"sim", "fault CMD_AUDIO_GETSOUNDMODE error -5"}).exit, 0);
+    const auto checks = tool::compliance::chosenChecks(
+        {"form.audio.getSoundMode.*", "form.video.getSignalStatusSync*", "events.audio.setInputVolume.*"}, {});
+    const auto capabilities = tool::compliance::capabilitiesFrom(checks, judged(checks));
+    EXPECT_EQ(capabilities.modules, (std::map<std::string, bool>{{"audio", false}, {"video", true}}));
+    EXPECT_FALSE(capabilities.commands.at("CMD_AUDIO_GETSOUNDMODE"));
+    EXPECT_FALSE(capabilities.keys.at("video.getSignalStatusSync[source=cvbs3]"));
+    EXPECT_TRUE(capabilities.keys.at("video.getSignalStatusSync[source=hdmi1]"));
+    EXPECT_FALSE(capabilities.events.at("inputVolumeChanged"));
+    const auto again = tool::compliance::capabilitiesOf(textOf(capabilities), "FILE");
+    EXPECT_EQ(textOf(again), textOf(capabilities));
+    const auto without = [&](const std::string& module) {
+        auto partial = again;
+        partial.modules.erase(module);
+        return notPassed(judged(withoutLacking(
+            partial, tool::compliance::chosenChecks({"form.audio.getSoundMode.status", "state.audio.setSoundMode.kept",
+                                                     "events.audio.setInputVolume.once",
+                                                     "form.video.getSignalStatusSync[source=cvbs3].end",
+                                                     "form.video.getSignalStatusSync[source=hdmi1].end"},
+                                                    {}))));
+    };
+    EXPECT_EQ(without("audio"),
+              (Names{"form.audio.getSoundMode.status left-out", "state.audio.setSoundMode.kept left-out",
+                     "events.audio.setInputVolume.once left-out",
+                     "form.video.getSignalStatusSync[source=cvbs3].end left-out"}));
 }
 
 } // namespace

@@ -174,6 +174,9 @@ class Documents(unittest.TestCase):
         self.assertEqual(verdicts["form.audio.getVolume[channel=headphone].status"], "failed")
         for file in (before, after):
             self.documents(json.dumps(json.loads(Path(file).read_text(encoding="utf-8"))), "compliance-report")
+        has = str(folder / "has.json")
+        self.assertEqual(self.run_tool("compliance", "--discover", has).returncode, 0)
+        self.documents(json.dumps(json.loads(Path(has).read_text(encoding="utf-8"))), "capabilities")
         run = self.run_tool("compliance", "diff", before, after, "--factor", "1")
         self.assertEqual(run.returncode, 1)
         *changes, last = run.stdout.splitlines()

@@ -1,7 +1,9 @@
 #include "tools/kelutv/compliance/ComplianceCommand.h"
 
+#include "tools/kelutv/compliance/Discovering.h"
 #include "tools/kelutv/compliance/Families.h"
 #include "tools/kelutv/compliance/Judging.h"
+#include "tools/kelutv/compliance/knowledge/Capabilities.h"
 #include "tools/kelutv/compliance/reports/ReportCommands.h"
 #include "tools/kelutv/parser/Amounts.h"
 #include "tools/kelutv/snapshot/RestoreReport.h"
@@ -24,6 +26,7 @@ constexpr Seconds kLeastLatency{0.000001};
 struct ComplianceOptions {
     compliance::JudgingOrder judging;
     std::string putBack;
+    std::string discovered;
     bool dryRun = false;
     /** A command below this one was carried out, and this one is not meant. */
     bool isDone = false;
@@ -65,7 +68,8 @@ Exit putBack(const ComplianceOptions& options, const Output& output) {
 }
 
 Exit judge(const ComplianceOptions& options, const Output& output) {
-    const Checks checks = compliance::chosenChecks(options.judging.words, options.judging.order.terms);
+    const Checks checks = withoutLacking(compliance::capabilitiesIn(options.judging.capabilities),
+                                         compliance::chosenChecks(options.judging.words, options.judging.order.terms));
     return options.dryRun ? rehearse(checks, output) : compliance::judge(checks, options.judging, output);
 }
 
@@ -88,6 +92,9 @@ void addOptions(const Subcommand& command, const Options& options) {
     addTime("--tail", options->judging.order.terms.p99, "What 99 of a hundred of them may take; else no limit");
     command.option("--restart", options->judging.order.terms.restart, "COMMAND",
                    "A line of the shell that restarts the service, to see it found again");
+    command.option("--capabilities", options->judging.capabilities, "FILE",
+                   "What the television has; checks of what it lacks are left out");
+    command.option("--discover", options->discovered, "FILE", "Find out what the television has, and write that");
     command.option("--expect", options->judging.known, "FILE",
                    "Checks that are known to fail, which are expected failures then");
     const auto readLimit = [options](const std::string& text) {
@@ -119,7 +126,9 @@ void addComplianceCommand(const Command& program, Context& context) {
         if (options->isDone) {
             return;
         }
-        context.exit = options->putBack.empty() ? judge(*options, context.output) : putBack(*options, context.output);
+        context.exit = !options->putBack.empty()      ? putBack(*options, context.output)
+                       : !options->discovered.empty() ? discover(options->discovered, options->judging, context.output)
+                                                      : judge(*options, context.output);
     });
 }
 

@@ -18,6 +18,8 @@ struct JudgingOrder {
     ReportPaths reports;
     /** The file of known failures; empty without one. */
     std::string known;
+    /** The file of what the television has; empty without one. */
+    std::string capabilities;
     /** Lines for checks that passed, too. */
     bool tellsAll = false;
 };

@@ -129,6 +129,7 @@ public:
         : Check(std::move(subject)), mPlan(std::move(plan)), mMake(aspect.make) {}
 
     bool changesState() const override { return true; }
+    std::string event() const override { return mPlan.event->name; }
     double patience() const override { return 2; }
 
     Outcome run(Television& television) const override {

@@ -50,6 +50,9 @@ public:
      */
     virtual bool startsProcesses() const { return false; }
 
+    /** The event that it waits for; empty for one that waits for none. */
+    virtual std::string event() const { return ""; }
+
     /** How many times the limit of one answer it may take. */
     virtual double patience() const { return 1; }
 

@@ -1,0 +1,35 @@
+#include "tools/kelutv/compliance/Discovering.h"
+
+#include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/knowledge/Capabilities.h"
+#include "tools/kelutv/output/DataOutput.h"
+#include "tools/kelutv/text/Lists.h"
+
+#include <algorithm>
+
+namespace kelutv::tool::compliance {
+
+namespace {
+
+/** `11 of 12 modules`. */
+std::string partText(const Capabilities::Names& names, const std::string& word) {
+    const auto count = std::count_if(names.begin(), names.end(), [](const auto& each) { return each.second; });
+    return std::to_string(count) + " of " + counted(names.size(), word);
+}
+
+} // namespace
+
+Exit discover(const std::string& path, const JudgingOrder& order, const Output& output) {
+    DataOutput data(path == "-" ? "" : path);
+    const Checks checks = chosenChecks({"form", "events"}, order.order.terms);
+    const Capabilities capabilities =
+        capabilitiesFrom(checks, makeRun(checks, order.order, {[](std::size_t) {}, [](const CheckResult&) {}}));
+    data.write(textOf(capabilities));
+    data.finish();
+    output.message("kelutv: the television has " + partText(capabilities.modules, "module") + ", " +
+                   partText(capabilities.commands, "command") + ", " + partText(capabilities.keys, "key") + ", " +
+                   partText(capabilities.events, "event"));
+    return Exit::Success;
+}
+
+} // namespace kelutv::tool::compliance
