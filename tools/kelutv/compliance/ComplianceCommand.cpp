@@ -28,6 +28,8 @@ struct ComplianceOptions {
     std::string putBack;
     std::string discovered;
     bool dryRun = false;
+    /** Answers of a person need not come from a terminal. */
+    bool isPiped = false;
     /** A command below this one was carried out, and this one is not meant. */
     bool isDone = false;
 };
@@ -67,10 +69,22 @@ Exit putBack(const ComplianceOptions& options, const Output& output) {
     return exit;
 }
 
+/** @throws UsageError where nobody could answer */
+void requirePerson(const ComplianceOptions& options) {
+    if (options.judging.order.terms.isInteractive && !options.isPiped && ::isatty(STDIN_FILENO) != 1) {
+        throw UsageError(
+            "--interactive asks a person, and standard input is no terminal; --piped takes answers from it");
+    }
+}
+
 Exit judge(const ComplianceOptions& options, const Output& output) {
     const Checks checks = withoutLacking(compliance::capabilitiesIn(options.judging.capabilities),
                                          compliance::chosenChecks(options.judging.words, options.judging.order.terms));
-    return options.dryRun ? rehearse(checks, output) : compliance::judge(checks, options.judging, output);
+    if (options.dryRun) {
+        return rehearse(checks, output);
+    }
+    requirePerson(options);
+    return compliance::judge(checks, options.judging, output);
 }
 
 void addOptions(const Subcommand& command, const Options& options) {
@@ -92,6 +106,10 @@ void addOptions(const Subcommand& command, const Options& options) {
     addTime("--tail", options->judging.order.terms.p99, "What 99 of a hundred of them may take; else no limit");
     command.option("--restart", options->judging.order.terms.restart, "COMMAND",
                    "A line of the shell that restarts the service, to see it found again");
+    command.flag("--interactive", options->judging.order.terms.isInteractive,
+                 "Ask a person at the terminal what is to be seen and done, too");
+    command.flag("--piped", options->isPiped, "With --interactive, take the answers from a pipe");
+    command.needs("--piped", "--interactive");
     command.option("--capabilities", options->judging.capabilities, "FILE",
                    "What the television has; checks of what it lacks are left out");
     command.option("--discover", options->discovered, "FILE", "Find out what the television has, and write that");

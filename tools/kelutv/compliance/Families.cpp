@@ -4,6 +4,7 @@
 #include "tools/kelutv/compliance/form/FormChecks.h"
 #include "tools/kelutv/compliance/life/LifeChecks.h"
 #include "tools/kelutv/compliance/load/LoadChecks.h"
+#include "tools/kelutv/compliance/person/PersonChecks.h"
 #include "tools/kelutv/compliance/refusal/RefusalChecks.h"
 #include "tools/kelutv/compliance/state/StateChecks.h"
 #include "tools/kelutv/output/Errors.h"
@@ -21,8 +22,8 @@ namespace {
 using AddChecks = void (*)(Checks& checks, const Terms& terms);
 
 /** In the order in which they are made. */
-constexpr AddChecks kFamilies[] = {addFormChecks,  addStateChecks, addRefusalChecks,
-                                   addEventChecks, addLoadChecks,  addLifeChecks};
+constexpr AddChecks kFamilies[] = {addFormChecks, addStateChecks, addRefusalChecks, addEventChecks,
+                                   addLoadChecks, addLifeChecks,  addPersonChecks};
 
 using Meaning = std::function<bool(const Subject& subject)>;
 

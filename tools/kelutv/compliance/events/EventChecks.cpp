@@ -147,6 +147,12 @@ private:
     void (*mMake)(Television& television, const EventPlan& plan);
 };
 
+/** Lives as long as the program, since checks hold its rows. */
+const wire::EventTable& tableOfEvents() {
+    static const wire::EventTable table = eventsOf("");
+    return table;
+}
+
 /** Whether a payload of it can be made of numbers and texts. */
 bool isOfWordsAndTexts(const wire::Event& event) {
     return std::all_of(event.fields.begin(), event.fields.end(), [](const wire::EventField& field) {
@@ -174,6 +180,33 @@ std::unique_ptr<const Check> checkOfOneEvent(const Terms& terms) {
 
 void listenToEvents() { Hearing::instance(); }
 
+std::vector<Bytes> payloadsHeard(const std::string& event, std::size_t count) {
+    const wire::Event* const row = tableOfEvents().named(event);
+    std::vector<Bytes> payloads;
+    while (row != nullptr && payloads.size() < count) {
+        std::optional<Bytes> payload = Hearing::instance().next(*row, kTimeOfEvent);
+        if (!payload) {
+            break;
+        }
+        payloads.push_back(std::move(*payload));
+    }
+    return payloads;
+}
+
+bool hasHeard(const std::string& event, const std::vector<std::int32_t>& words) {
+    const std::string beginning = wire::payloadOf({words.begin(), words.end()});
+    for (;;) {
+        const std::vector<Bytes> payloads = payloadsHeard(event, 1);
+        if (payloads.empty()) {
+            return false;
+        }
+        const std::string payload(payloads.front().begin(), payloads.front().end());
+        if (payload.compare(0, beginning.size(), beginning) == 0) {
+            return true;
+        }
+    }
+}
+
 bool hearsOfTheEnd(std::chrono::seconds time) {
     const process::Deadline deadline = process::deadlineIn(time);
     EventQueue& queue = EventQueue::instance();
@@ -184,11 +217,9 @@ bool hearsOfTheEnd(std::chrono::seconds time) {
 }
 
 void addEventChecks(Checks& checks, const Terms& terms) {
-    // Its rows are held by the checks.
-    static const wire::EventTable table = eventsOf("");
     for (const SettableFunction& function : settableFunctions(terms)) {
         for (const SetPlan& plan : function.plans) {
-            const wire::Event* const event = eventOf(plan, table);
+            const wire::Event* const event = eventOf(plan, tableOfEvents());
             for (const EventAspect& aspect : kEventAspects) {
                 if (event != nullptr && (aspect.make != tellWhatIsSo || isOfWordsAndTexts(*event))) {
                     checks.push_back(std::make_unique<EventCheck>(

@@ -14,6 +14,15 @@ std::unique_ptr<const Check> checkOfOneEvent(const Terms& terms);
 /** Events come to this process from now on. @throws ToolError, LinkError when they cannot */
 void listenToEvents();
 
+/**
+ * Whether, since this process listens, an event of this name has come whose payload begins with these words. Waits half
+ * a second for it.
+ */
+bool hasHeard(const std::string& event, const std::vector<std::int32_t>& words);
+
+/** The payloads of so many events of this name, as far as they come. */
+std::vector<Bytes> payloadsHeard(const std::string& event, std::size_t count);
+
 /** Whether a process that listens is told of the end of the service within this time. */
 bool hearsOfTheEnd(std::chrono::seconds time);
 

@@ -95,6 +95,21 @@ void Setting::setOther() {
     }
 }
 
+void Setting::set(const Json& values) {
+    HeldState wanted = mBefore;
+    wanted.values = values;
+    const FoundCall found = callOf(mSetter, wanted);
+    if (found.call.function == nullptr) {
+        end(Verdict::inconclusive, found.complaint);
+    }
+    mCall = found.call;
+    mWanted = values;
+    mIsSet = true;
+    if (const auto refusal = send(mCall)) {
+        throw Ended{*refusal};
+    }
+}
+
 Bytes Setting::requestForOther() {
     Bytes request;
     tryOthers([&] {

@@ -27,6 +27,9 @@ public:
     /** Gives it another value that the service takes. @throws Ended when it takes none */
     void setOther();
 
+    /** Gives it these values. @throws Ended when there is no such call, or the service does not take it */
+    void set(const Json& values);
+
     /**
      * The only request that would give it another value. What was sent since is taken for it, so that the value is put
      * back at the end.

@@ -16,6 +16,8 @@ struct Terms {
     /** What half of the answers under load may take, and 99 of a hundred; nothing without a limit. */
     std::optional<std::chrono::nanoseconds> p50 = {};
     std::optional<std::chrono::nanoseconds> p99 = {};
+    /** Somebody is there to look at the television and to do something with it. */
+    bool isInteractive = false;
     /** A command line of the shell that restarts the service; empty when none is known. */
     std::string restart = {};
 };
