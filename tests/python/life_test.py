@@ -2,6 +2,9 @@
 
 from __future__ import annotations
 
+import os
+import select
+import tempfile
 import unittest
 
 from package import LONG, PATIENCE, QUIET, SPEAKER, WithTelevision, kelutv, run_python
@@ -106,13 +109,14 @@ class LifeTest(WithTelevision):
             "        s.event('0x84000', b'x')\n"
             "        next(events)\n"
             "    print(tv.audio.get_volume(0))\n"
-            "forgotten = kelutv.Television(s.runtime_dir, messages=-3)\n"
+            "forgotten = kelutv.Television(sys.argv[1], messages=-3)\n"
             "try:\n"
             "    forgotten.audio.get_volume(0)\n"
             "except kelutv.NoService:\n"
             "    print('none')\n"
         )
-        done = run_python(code, options=("-X", "dev", "-W", "error"))
+        with tempfile.TemporaryDirectory() as folder:
+            done = run_python(code, folder, options=("-X", "dev", "-W", "error"))
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "3\nnone\n", ""))
 
     def test_a_worker_ends_with_its_television(self) -> None:
@@ -154,6 +158,24 @@ class LifeTest(WithTelevision):
         done = run_python(code, runtime_dir=self.simulator.runtime_dir)
         self.assertEqual(done.stdout, "[0, 1, 2, 3, 4, 5]\n", done.stderr)
 
+    def test_a_call_of_numbers_costs_little(self) -> None:
+        code = (
+            "import kelutv, time\n"
+            "from kelutv._library import library\n"
+            "def cost(call):\n"
+            "    def once():\n"
+            "        begin = time.thread_time()\n"
+            "        for _ in range(500): call(0)\n"
+            "        return (time.thread_time() - begin) / 500\n"
+            "    return min(once() for _ in range(8))\n"
+            "tv = kelutv.Television(in_process=True)\n"
+            "tv.connect()\n"
+            "print((cost(tv.audio.get_volume) - cost(library().linux_tv_Audio_getVolume)) * 1e6)\n"
+        )
+        done = run_python(code, runtime_dir=self.simulator.runtime_dir)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertLess(float(done.stdout), 3)
+
     def test_calls_release_the_interpreter(self) -> None:
         code = (
             "import kelutv, threading, time\n"
@@ -176,9 +198,6 @@ class LifeTest(WithTelevision):
 
 def ends(pid: int) -> bool:
     """Whether a process ends within the patience of the tests."""
-    import os
-    import select
-
     try:
         descriptor = os.pidfd_open(pid)
     except ProcessLookupError:
