@@ -10,7 +10,7 @@ thread_local std::string kept;
 
 void keep(const std::string& text) {
     // A text ends where a C string would.
-    kept += text.c_str();
+    kept.append(text, 0, text.find('\0'));
     kept += '\0';
 }
 
