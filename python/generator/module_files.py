@@ -2,6 +2,8 @@
 
 from __future__ import annotations
 
+import re
+
 from docs import Doc
 from model import Catalogue, ValueSet
 from parameters import ParameterInfo
@@ -11,6 +13,10 @@ from texts_of import doc_lines
 from vocabulary_files import DEVICES, HEAD
 
 _NUMBERS = {"?": "bool", "d": "float"}
+# What a result says of a failure in C is an exception here.
+_OF_FAILURE = re.compile(
+    r"[;,] (?:-1|also|all 0|both parts 0)(?: in the same type)? ?(?:when|for|if)[^;.]*fail[^;.]*|, a failure included"
+)
 _REASONS = (
     "Raises ServiceRefused, MalformedReply, LinkLost or NoService, and Timeout beyond a limit; see TelevisionError."
 )
@@ -68,11 +74,13 @@ class ModuleFiles:
             return f"tuple[{', '.join(parts)}]"
         return parts[0] if parts else "None"
 
-    def _values_text(self, type_name: str, values: ValueSet | None) -> str:
+    def _with_values(self, words: str, type_name: str, values: ValueSet | None) -> str:
+        """The words, and behind them what they do not say of the values."""
         named = self._named(type_name, values)
         if named:
-            return f" One of enums.{named}."
-        return f" {range_text(values)}." if values and not values.enumeration else ""
+            said = words.replace(f"`{named}`", f"enums.{named}")
+            return said if said != words else f"{words} One of enums.{named}.".strip()
+        return f"{words} {range_text(values)}.".strip() if values and not values.enumeration else words
 
     def _paragraphs(self, plan: Plan) -> list[str]:
         operation, doc = plan.operation, self.docs.get(plan.operation.name, Doc())
@@ -82,11 +90,11 @@ class ModuleFiles:
             words = doc.parameters.get(each.name, "")
             element = each.element if each.kind == "array" else base_type(each)
             given = "" if each in plan.inputs else "Comes back. "
-            text = f"{given}{words}{self._values_text(element, each.values)}".strip()
-            said += [f"{safe(each.name)}: {text}"] if text else []
+            text = given + self._with_values(words, element, each.values)
+            said += [f"{safe(each.name)}: {text.strip()}"] if text.strip() else []
         if plan.gives_result:
-            text = f"{doc.returns}{self._values_text(operation.signature.result, plan.result_values)}"
-            said += [f"Returns: {text}"]
+            words = _OF_FAILURE.sub("", doc.returns)
+            said += [f"Returns: {self._with_values(words, operation.signature.result, plan.result_values)}"]
         said += [operation.irregular] if operation.irregular else []
         sent = operation.method.command if operation.method and operation.method.command else ""
         calls = f"C: {operation.name}" if not operation.owner else f"C++: {operation.name}"
