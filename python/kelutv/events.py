@@ -2,20 +2,22 @@
 
 from __future__ import annotations
 
-import asyncio
 import os
 import struct
 import time
 from collections.abc import AsyncIterator, Iterator
 from dataclasses import dataclass
 from types import TracebackType
-from typing import Any, Generic, TypeVar
+from typing import TYPE_CHECKING, Any, Generic, TypeVar
 
 from ._event_table import EVENTS
 from ._memory import decoded, to_named
 from ._notices import EVENT, Hub, Listener, Notice
 from .enums import KELU_EM_MODE_E
 from .errors import LinkLost
+
+if TYPE_CHECKING:
+    import asyncio
 
 __all__ = [
     "AsyncStream",
@@ -151,6 +153,8 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
     """The same for `async for`, in the loop that it is made in."""
 
     def __init__(self, hub: Hub, kind: int, most: int, timeout: float | None):
+        import asyncio  # It takes as long as the rest of the package, and who needs no loop has no use for it.
+
         self._loop = asyncio.get_running_loop()
         self._something = asyncio.Event()
         self._hub = hub
@@ -174,6 +178,8 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
         return self
 
     async def __anext__(self) -> Said:
+        import asyncio
+
         while not self._listener.waiting and not self._is_closed:
             if not self._hub.is_open:
                 self.close()
