@@ -1,4 +1,4 @@
-"""What type checkers find in the package: nothing, and that what they are told is what there is."""
+"""What type checkers find in the packages: nothing, and that what they are told is what there is."""
 
 from __future__ import annotations
 
@@ -12,6 +12,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 SOURCES = ROOT / "python"
+PACKAGES = ("kelutv", "kelutv_station", "pytest_kelutv")
 
 USE = """
 from kelutv import Event, Simulator, Television, enums, records
@@ -48,7 +49,8 @@ class TypingTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.folder = Path(folder.name)
-        shutil.copytree(SOURCES / "kelutv", cls.folder / "kelutv", ignore=shutil.ignore_patterns("__pycache__"))
+        for package in PACKAGES:
+            shutil.copytree(SOURCES / package, cls.folder / package, ignore=shutil.ignore_patterns("__pycache__"))
         subprocess.run([sys.executable, "-B", str(SOURCES / "generator" / "generate.py"), str(cls.folder)], check=True)
 
     def run_checker(self, *command: str) -> subprocess.CompletedProcess[str]:
@@ -62,7 +64,7 @@ class TypingTest(unittest.TestCase):
 
     def test_the_package_and_what_uses_it(self) -> None:
         (self.folder / "use.py").write_text(USE, encoding="utf-8")
-        done = self.check_types("kelutv", "use.py")
+        done = self.check_types(*PACKAGES, "use.py")
         self.assertEqual(done.returncode, 0, done.stdout)
         (self.folder / "wrong.py").write_text(WRONG, encoding="utf-8")
         done = self.check_types("wrong.py")
