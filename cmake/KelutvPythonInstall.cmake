@@ -25,3 +25,7 @@ foreach(distribution IN ITEMS kelutv pytest_kelutv)
         OPTIONAL)
 endforeach()
 install(PROGRAMS "${PROJECT_SOURCE_DIR}/python/distribution/kelutv-station" TYPE BIN COMPONENT python)
+install(
+    FILES "${PROJECT_SOURCE_DIR}/python/distribution/kelutv-station.1"
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
+    COMPONENT python)

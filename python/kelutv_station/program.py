@@ -7,6 +7,7 @@ import signal
 import sys
 from collections.abc import Sequence
 from dataclasses import replace
+from importlib.metadata import version
 from pathlib import Path
 
 from kelutv_station.connecting import connect
@@ -40,6 +41,7 @@ def parser() -> argparse.ArgumentParser:
     result = argparse.ArgumentParser(
         "kelutv-station", description="Tests televisions side by side, by a plan.", epilog=EPILOGUE,
         formatter_class=argparse.RawDescriptionHelpFormatter, allow_abbrev=False)
+    result.add_argument("--version", action="version", version=version("kelutv"))
     result.add_argument("plan", type=Path, metavar="PLAN", help="what is done with each unit: PLAN.toml, or PLAN.py with PLAN")
     result.add_argument(
         "--unit", action="append", default=[], metavar="SERIAL=DIRECTORY",

@@ -114,6 +114,7 @@ PACKAGES["python3-kelutv"] = (
     [*C_PLUS_PLUS, "python3", "python3-cffi-backend"],
     [
         "bin/kelutv-station",
+        "share/man/man1/kelutv-station.1.gz",
         f"{PYTHON}/kelutv/_shim.so",
         f"{PYTHON}/kelutv-{VERSION.split('-')[0]}.dist-info/METADATA",
         f"{PYTHON}/kelutv-{VERSION.split('-')[0]}.dist-info/entry_points.txt",

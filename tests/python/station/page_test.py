@@ -5,16 +5,21 @@ from __future__ import annotations
 import difflib
 import os
 import re
+import subprocess
 import sys
 import tempfile
 import unittest
 from pathlib import Path
+
+
+from kelutv_station.program import parser
 
 from televisions import ROOT, TracedTelevision
 
 from docs.console import Shell, steps_of  # noqa: E402
 
 FILE = re.compile("^```(?:toml|python)\n(.*?)^```$", re.M | re.S)
+MANUAL = ROOT / "python" / "distribution" / "kelutv-station.1"
 PROGRAMS = ("KELUTV_TOOL", "KELUTV_SIMULATOR")
 
 
@@ -48,6 +53,20 @@ class Pages(unittest.TestCase):
 
     def test_of_the_plugin_show_what_it_does(self) -> None:
         self.assert_shows("pytest.md", "test_volume.py")
+
+
+class Manuals(unittest.TestCase):
+    """The manual page names every option, and can be read."""
+
+    def test_say_what_the_help_says(self) -> None:
+        text = MANUAL.read_text(encoding="utf-8")
+        options = {name for action in parser()._actions for name in action.option_strings}
+        named = set(re.findall(r"Fl (-?[a-z-]+)", "\n".join(re.findall("^[.]It Fl .*$", text, re.M))))
+        self.assertEqual({f"-{name}" for name in named}, options)
+
+    def test_can_be_read(self) -> None:
+        found = subprocess.run(["mandoc", "-T", "lint", "-W", "warning", str(MANUAL)], capture_output=True, text=True)
+        self.assertEqual((found.returncode, found.stdout), (0, ""))
 
 
 if __name__ == "__main__":
