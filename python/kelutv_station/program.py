@@ -3,12 +3,14 @@
 from __future__ import annotations
 
 import argparse
+import os
 import signal
 import sys
 from collections.abc import Sequence
 from dataclasses import replace
 from importlib.metadata import version
 from pathlib import Path
+from typing import TextIO
 
 from kelutv_station.connecting import connect
 from kelutv_station.plan.checking import ReadyPlan, ready_plan
@@ -70,8 +72,16 @@ def main(arguments: Sequence[str] | None = None) -> int:
 
 
 def _complain(error: object, code: int) -> int:
-    print(f"kelutv-station: {error}", file=sys.stderr)
+    _say(f"kelutv-station: {error}", sys.stderr)
     return code
+
+
+def _say(text: str, stream: TextIO) -> None:
+    """Prints, unless nobody is there to read it any longer; the files have it all."""
+    try:
+        print(text, file=stream, flush=True)
+    except OSError:
+        os.dup2(os.open(os.devnull, os.O_WRONLY), stream.fileno())
 
 
 def _run(options: argparse.Namespace) -> int:
@@ -124,12 +134,12 @@ def _report(plan: Plan, journal: Journal, output: Path, html: Path | None) -> in
     replace_file(output / "junit.xml", junit(outline))
     if html:
         replace_file(html, page(outline))
-    print(summary(outline))
+    _say(summary(outline), sys.stdout)
     return _exit_code(outline, output)
 
 
 def _exit_code(outline: Outline, output: Path) -> int:
     if not all(unit.is_complete for unit in outline.units):
-        print(f"kelutv-station: stopped; --resume goes on with {output}", file=sys.stderr)
+        _say(f"kelutv-station: stopped; --resume goes on with {output}", sys.stderr)
         return UNFINISHED
     return PASSED if outline.passed == len(outline.units) else NOT_PASSED

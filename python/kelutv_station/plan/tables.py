@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import difflib
+import math
 from collections.abc import Iterable, Mapping
 from typing import Any, TypeVar
 
@@ -51,7 +52,7 @@ class Table:
     def take_number(self, name: str) -> float | None:
         """A number, or None."""
         value = self.take_any(name)
-        if value is not None and (isinstance(value, bool) or not isinstance(value, (int, float))):
+        if value is not None and (isinstance(value, bool) or not isinstance(value, (int, float)) or math.isnan(value)):
             raise PlanError(f"{self.place}: {name} must be a number, not {shown(value)}")
         return value
 

@@ -6,6 +6,7 @@ must not be repeated begins only when its line is on the disk.
 
 from __future__ import annotations
 
+import errno
 import fcntl
 import hashlib
 import json
@@ -134,12 +135,18 @@ class Journal:
         data = f"{json.dumps(line)}\n".encode()
         try:
             with self._lock:
-                if os.write(self._descriptor, data) != len(data):
-                    raise JournalError(f"{self._path}: the disk is full")
+                self._write(data)
             if durable:
                 os.fsync(self._descriptor)
         except OSError as error:
             raise JournalError(f"{self._path}: {error.strerror}") from error
+
+    def _write(self, data: bytes) -> None:
+        """Writes all of it or nothing."""
+        size = os.fstat(self._descriptor).st_size
+        if os.write(self._descriptor, data) != len(data):
+            os.ftruncate(self._descriptor, size)
+            raise OSError(errno.ENOSPC, os.strerror(errno.ENOSPC))
 
 
 def _open(path: Path) -> int:

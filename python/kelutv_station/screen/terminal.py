@@ -7,6 +7,7 @@ import select
 import sys
 import termios
 import tty
+from contextlib import suppress
 from types import TracebackType
 
 ENTER = "\x1b[?1049h\x1b[?25l\x1b[?7l"
@@ -32,14 +33,17 @@ class Terminal:
 
     def __exit__(self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None) -> None:
         self._write(LEAVE)
-        termios.tcsetattr(self._input, termios.TCSANOW, self._before)
+        with suppress(termios.error):
+            termios.tcsetattr(self._input, termios.TCSANOW, self._before)
         os.close(self._wake_read)
         os.close(self._wake_write)
 
     @property
     def size(self) -> tuple[int, int]:
         """Columns and rows."""
-        return os.get_terminal_size(self._output)
+        with suppress(OSError):
+            return os.get_terminal_size(self._output)
+        return 80, 24
 
     def draw(self, lines: list[str]) -> None:
         """Puts lines onto the screen, from its top."""
@@ -51,19 +55,25 @@ class Terminal:
         ready, _, _ = select.select([self._input, self._wake_read], [], [], seconds)
         if self._wake_read in ready:
             os.read(self._wake_read, 4096)
-        return keys_of(os.read(self._input, 4096)) if self._input in ready else []
+        return keys_of(self._read()) if self._input in ready else []
+
+    def _read(self) -> bytes:
+        try:
+            return os.read(self._input, 4096)
+        except OSError:
+            return b""
 
     def wake(self) -> None:
         """Lets keys() return; from any thread."""
-        try:
+        with suppress(BlockingIOError):
             os.write(self._wake_write, b".")
-        except (BlockingIOError, OSError):
-            pass
 
     def _write(self, text: str) -> None:
+        """Nothing is shown on a terminal that is gone; keys() tells of it."""
         data = text.encode()
-        while data:
-            data = data[os.write(self._output, data) :]
+        with suppress(OSError):
+            while data:
+                data = data[os.write(self._output, data) :]
 
 
 def keys_of(data: bytes) -> list[str]:

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import json
+import resource
 import tempfile
 import unittest
 from pathlib import Path
@@ -105,6 +106,18 @@ class Journals(unittest.TestCase):
         journal = self.reopened()
         self.assertEqual(journal.begin("A1", "read", durable=False), 2)
         self.assertEqual(self.path.read_bytes(), whole + b'{"unit": "A1", "begun": "read"}\n')
+
+    def test_hold_whole_lines_when_the_disk_is_full(self) -> None:
+        self.write()
+        journal, whole = self.reopened(), self.path.read_bytes()
+        before = resource.getrlimit(resource.RLIMIT_FSIZE)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (len(whole) + 10, before[1]))
+        try:
+            self.assertRaisesRegex(JournalError, "No space left", journal.begin, "A1", "read", durable=True)
+        finally:
+            resource.setrlimit(resource.RLIMIT_FSIZE, before)
+        self.assertEqual(self.path.read_bytes(), whole)
+        self.assertEqual(journal.begin("A1", "read", durable=True), 2)
 
     def test_belong_to_one_run(self) -> None:
         self.write()

@@ -53,14 +53,19 @@ class Operator:
         self.process = subprocess.Popen(
             [*STATION, "line.py", *run.units, *options], cwd=run.folder, stdin=other, stdout=other, stderr=other,
             start_new_session=True)
-        self._other = other
+        os.close(other)
         self.shown = ""
 
     def close(self) -> None:
         self.process.kill()
         self.process.wait()
+        if self._terminal >= 0:
+            self.hang_up()
+
+    def hang_up(self) -> None:
+        """Closes the terminal."""
         os.close(self._terminal)
-        os.close(self._other)
+        self._terminal = -1
 
     def press(self, key: str) -> None:
         os.write(self._terminal, key.encode())
@@ -82,7 +87,7 @@ class Operator:
         return self.process.wait(PATIENCE)
 
     def modes(self) -> list[object]:
-        return termios.tcgetattr(self._other)
+        return termios.tcgetattr(self._terminal)
 
 
 class Screens(unittest.TestCase):
@@ -132,6 +137,14 @@ class Screens(unittest.TestCase):
         while unit not in operator.see("> A[12]") or step not in operator.see("A[12]: [a-z]+"):
             operator.press("\t")
         operator.press("y")
+
+    def test_keep_the_run_of_a_terminal_that_is_closed(self) -> None:
+        with TracedTelevision() as television:
+            operator = self.operator({"A1": television})
+            operator.see("Plug the disc player")
+            operator.hang_up()
+            self.assertEqual(operator.process.wait(PATIENCE), 5)
+        self.assertEqual(self.run_of_plan.results(), [])
 
     def test_leave_the_terminal_as_it_was_when_ended(self) -> None:
         with TracedTelevision() as television:
