@@ -8,6 +8,7 @@
 #include "tools/kelutv/parser/Amounts.h"
 #include "tools/kelutv/snapshot/RestoreReport.h"
 #include "tools/kelutv/text/Lists.h"
+#include "wire/text/Shown.h"
 
 #include <unistd.h>
 
@@ -60,10 +61,14 @@ Exit rehearse(const Checks& checks, const Output& output) {
 }
 
 Exit putBack(const ComplianceOptions& options, const Output& output) {
-    const auto all = restore({snapshotIn(options.putBack).held, false, options.judging.order.limit},
-                             [&output](const Restored& each) { tellRestored(each, false, output); });
-    const Exit exit = finishRestoring(all, 0, false, output);
-    if (exit == Exit::Success && options.putBack != "-") {
+    if (!options.judging.words.empty()) {
+        throw UsageError("--put-back makes no checks, so that it takes no '" +
+                         wire::shown(options.judging.words.front()) + '\'');
+    }
+    const auto all = restore({snapshotIn(options.putBack).held, options.dryRun, options.judging.order.limit},
+                             [&](const Restored& each) { tellRestored(each, options.dryRun, output); });
+    const Exit exit = finishRestoring(all, 0, options.dryRun, output);
+    if (exit == Exit::Success && !options.dryRun && options.putBack != "-") {
         ::unlink(options.putBack.c_str());
     }
     return exit;
@@ -90,7 +95,8 @@ Exit judge(const ComplianceOptions& options, const Output& output) {
 void addOptions(const Subcommand& command, const Options& options) {
     command.words("MODULE|PATTERN", options->judging.words,
                   "Modules, families, functions, patterns of identifiers; else everything");
-    command.flag("--dry-run", options->dryRun, "Ask nothing, and print which checks would be made");
+    command.flag("--dry-run", options->dryRun,
+                 "Print which checks would be made, or what would be put back, and set nothing");
     command.option("--allow", options->judging.order.terms.allowed, "FUNCTION",
                    "A dangerous function that may be called; may be given again");
     command.flag("--all", options->judging.tellsAll, "A line for each check, not only for those that failed");
