@@ -15,7 +15,10 @@ TEST(ForeignCompliance, judgesAServiceOfAnotherPlatform) {
     const ForeignService service;
     const TestFolder folder;
     const std::string journal = folder.pathOf("put-back.json");
-    const ToolRun run = service.run({"compliance", "audio", "hotel", "--keep", journal});
+    // It tells of a few changes only.
+    const ToolRun run = service.run({"compliance", "form.audio.*", "state.audio.*", "refusal.audio.*", "form.hotel.*",
+                                     "state.hotel.*", "refusal.hotel.*", "events.audio.setVolume*",
+                                     "load.threads.8.answers", "life.service.killedCallers", "--keep", journal});
     EXPECT_EQ(run.exit, 0) << run.output << run.error;
     EXPECT_NE(run.output.find(" passed, "), std::string::npos) << run.output;
     EXPECT_FALSE(std::filesystem::exists(journal));

@@ -21,6 +21,9 @@ namespace {
 constexpr char kEventFamily[] = "events";
 /** An event that has not come by then does not come. */
 constexpr std::chrono::milliseconds kTimeOfEvent{500};
+/** Of a television on which so many did not come, others are waited for so long: there may be none at all. */
+constexpr std::size_t kManyMissed = 10;
+constexpr std::chrono::milliseconds kTimeAfterMany{100};
 
 /** What is set, and the event that tells of it. */
 struct EventPlan {
@@ -39,7 +42,8 @@ std::set<std::string>& missedEvents() {
 /** @throws Ended when the event does not come */
 Bytes require(const EventPlan& plan, const std::string& when) {
     const std::string name = plan.event->name;
-    if (const auto payload = Hearing::instance().next(*plan.event, kTimeOfEvent)) {
+    const auto time = missedEvents().size() < kManyMissed ? kTimeOfEvent : kTimeAfterMany;
+    if (const auto payload = Hearing::instance().next(*plan.event, time)) {
         return *payload;
     }
     missedEvents().insert(name);
