@@ -68,6 +68,7 @@ TEST_F(Families, theSimulatorTellsOfEachChangeOnce) {
     const Judged results = judgedBy({}, {"events"});
     EXPECT_EQ(notPassed(results), Names());
     EXPECT_GT(results.size(), 600U);
+    EXPECT_EQ(identifiers(results, Verdict::passed).count("events.service.severalListeners"), 1U);
     EXPECT_EQ(identifiers(results, Verdict::passed).count("events.audio.setVolume[channel=speaker].once"), 1U);
 }
 

@@ -3,6 +3,7 @@
 #include "tools/kelutv/compliance/events/EventChecks.h"
 #include "tools/kelutv/compliance/form/FormChecks.h"
 #include "tools/kelutv/compliance/life/LifeChecks.h"
+#include "tools/kelutv/compliance/life/SeveralListeners.h"
 #include "tools/kelutv/compliance/load/LoadChecks.h"
 #include "tools/kelutv/compliance/person/PersonChecks.h"
 #include "tools/kelutv/compliance/refusal/RefusalChecks.h"
@@ -22,8 +23,9 @@ namespace {
 using AddChecks = void (*)(Checks& checks, const Terms& terms);
 
 /** In the order in which they are made. */
-constexpr AddChecks kFamilies[] = {addFormChecks, addStateChecks, addRefusalChecks, addEventChecks,
-                                   addLoadChecks, addLifeChecks,  addPersonChecks};
+constexpr AddChecks kFamilies[] = {addFormChecks,  addStateChecks,           addRefusalChecks,
+                                   addEventChecks, addSeveralListenersCheck, addLoadChecks,
+                                   addLifeChecks,  addPersonChecks};
 
 using Meaning = std::function<bool(const Subject& subject)>;
 

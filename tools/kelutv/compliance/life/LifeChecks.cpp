@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/compliance/clients/KnownAnswers.h"
 #include "tools/kelutv/compliance/events/EventChecks.h"
+#include "tools/kelutv/compliance/life/Listening.h"
 #include "tools/kelutv/compliance/life/Witness.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/process/Worker.h"
@@ -16,7 +17,6 @@ namespace {
 
 constexpr int kClients = 20;
 constexpr int kCallsBeside = 50;
-constexpr process::Seconds kTimeOfListener{10};
 constexpr std::chrono::seconds kTimeOfRestart{30};
 
 /** Lets something happen to clients; the service must go on. */
@@ -59,14 +59,6 @@ void stopCallers() {
     }
 }
 
-/** @throws ToolError when the client does not say that it listens */
-void requireListening(Client& client) {
-    if (const auto message = client.hear(process::deadlineIn(kTimeOfListener));
-        !message || message->find("ready") == nullptr) {
-        throw ToolError(Exit::Service, "a client cannot listen to events");
-    }
-}
-
 /** Listeners that nothing happens to until they are killed. */
 class Listeners {
 public:
@@ -93,24 +85,6 @@ public:
 private:
     std::deque<Client> mClients;
 };
-
-/** What a client comes to that changes something and listens. */
-Outcome changeAndListen(const Terms& terms) {
-    Client client([&terms](const ClientLine& line) {
-        Television television;
-        const Outcome outcome = checkOfOneEvent(terms)->run(television);
-        line.say({{"verdict", nameOf(outcome.verdict)}, {"reason", outcome.reason}});
-    });
-    const std::optional<Json> message = client.hear(process::deadlineIn(kTimeOfListener));
-    if (!message) {
-        return {Verdict::failed, "a client that changes something was not answered in time, or ended", std::nullopt};
-    }
-    if (const Json* const error = message->find("error")) {
-        return {Verdict::failed, error->asText(), std::nullopt};
-    }
-    return {verdictNamed(message->at("verdict").asText()).value_or(Verdict::inconclusive),
-            message->at("reason").asText(), std::nullopt};
-}
 
 /** Listeners are killed or stopped; changes must be made and told all the same. */
 class ListenersCheck : public Check {

@@ -1,0 +1,93 @@
+#include "tools/kelutv/compliance/life/SeveralListeners.h"
+
+#include "tools/kelutv/compliance/events/EventChecks.h"
+#include "tools/kelutv/compliance/life/Listening.h"
+
+#include <deque>
+#include <memory>
+
+namespace kelutv::tool::compliance {
+
+namespace {
+
+constexpr int kSeveral = 5;
+/** One for the change, one for putting it back, and one that must not come. */
+constexpr std::size_t kMostOfChange = 3;
+constexpr process::Seconds kTimeToTell{10};
+
+/** Listens from now on, and says what has come when it is asked. */
+void listenAndTell(const ClientLine& line, const std::string& event) {
+    listenToEvents();
+    line.say({{"ready", true}});
+    line.hear();
+    Json payloads = Json::array();
+    for (const Bytes& payload : payloadsHeard(event, kMostOfChange)) {
+        payloads.add(hexOf(payload));
+    }
+    line.say({{"payloads", payloads}});
+}
+
+/** What is wrong with what a listener was told; empty when it is two events, those that the first one was told of. */
+std::string complaintAbout(Client& listener, Json& first) {
+    const std::optional<Json> message = listener.hear(process::deadlineIn(kTimeToTell));
+    if (!message || message->find("payloads") == nullptr) {
+        return "a listener does not say what it was told";
+    }
+    const Json& payloads = message->at("payloads");
+    if (payloads.entries().size() != 2) {
+        return "of " + std::to_string(kSeveral) + " listeners one was told " +
+               std::to_string(payloads.entries().size()) + " times of a change and of putting it back";
+    }
+    if (first.isNull()) {
+        first = payloads;
+    }
+    return payloads == first ? "" : "listeners are told different things";
+}
+
+class SeveralListenersCheck : public Check {
+public:
+    explicit SeveralListenersCheck(Terms terms)
+        : Check({"events.service.severalListeners", "events", "service", "",
+                 "All who listen are told of a change, each once and all the same."}),
+          mTerms(std::move(terms)) {}
+
+    bool changesState() const override { return true; }
+    bool startsProcesses() const override { return true; }
+
+    Outcome run(Television& /*television*/) const override {
+        const std::string event = checkOfOneEvent(mTerms)->event();
+        std::deque<Client> listeners;
+        for (int i = 0; i < kSeveral; ++i) {
+            listeners.emplace_back([&event](const ClientLine& line) { listenAndTell(line, event); });
+        }
+        for (Client& listener : listeners) {
+            requireListening(listener);
+        }
+        Outcome changed = changeAndListen(mTerms);
+        return changed.verdict == Verdict::passed ? judge(listeners) : changed;
+    }
+
+private:
+    static Outcome judge(std::deque<Client>& listeners) {
+        for (const Client& listener : listeners) {
+            listener.say({{"tell", true}});
+        }
+        Json first;
+        for (Client& listener : listeners) {
+            if (const std::string complaint = complaintAbout(listener, first); !complaint.empty()) {
+                return {Verdict::failed, complaint, std::nullopt};
+            }
+        }
+        return {};
+    }
+
+    Terms mTerms;
+};
+
+} // namespace
+
+void addSeveralListenersCheck(Checks& checks, const Terms& terms) {
+    checks.push_back(std::make_unique<SeveralListenersCheck>(terms));
+}
+
+} // namespace kelutv::tool::compliance
