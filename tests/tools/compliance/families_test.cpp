@@ -23,7 +23,7 @@ using tool::compliance::Verdict;
 
 /** What came of the checks that the words choose, under these terms. */
 Judged judgedBy(const Terms& terms, const std::vector<std::string>& words) {
-    return judged(tool::compliance::chosenChecks(words, terms));
+    return resultsOf(tool::compliance::chosenChecks(words, terms));
 }
 
 /** Each check that did not pass, `ID verdict`. */
@@ -164,7 +164,7 @@ TEST_F(Families, whatATelevisionLacksIsDiscoveredAndLeftOut) {
     ASSERT_EQ(runTool({"sim", "fault CMD_AUDIO_GETSOUNDMODE error -5"}).exit, 0);
     const auto checks = tool::compliance::chosenChecks(
         {"form.audio.getSoundMode.*", "form.video.getSignalStatusSync*", "events.audio.setInputVolume.*"}, {});
-    const auto capabilities = tool::compliance::capabilitiesFrom(checks, judged(checks));
+    const auto capabilities = tool::compliance::capabilitiesFrom(checks, resultsOf(checks));
     EXPECT_EQ(capabilities.modules, (std::map<std::string, bool>{{"audio", false}, {"video", true}}));
     EXPECT_FALSE(capabilities.commands.at("CMD_AUDIO_GETSOUNDMODE"));
     EXPECT_FALSE(capabilities.keys.at("video.getSignalStatusSync[source=cvbs3]"));
@@ -175,7 +175,7 @@ TEST_F(Families, whatATelevisionLacksIsDiscoveredAndLeftOut) {
     const auto without = [&](const std::string& module) {
         auto partial = again;
         partial.modules.erase(module);
-        return notPassed(judged(withoutLacking(
+        return notPassed(resultsOf(withoutLacking(
             partial, tool::compliance::chosenChecks({"form.audio.getSoundMode.status", "state.audio.setSoundMode.kept",
                                                      "events.audio.setInputVolume.once",
                                                      "form.video.getSignalStatusSync[source=cvbs3].end",
