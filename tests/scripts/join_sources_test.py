@@ -42,13 +42,34 @@ class JoinSources(unittest.TestCase):
             files.append(included or {str(Path(command["file"]).relative_to(self.root))})
         return files
 
-    def test_sourcesOfOneFolderAreReadTogether(self) -> None:
+    def test_sourcesOfOnePartAreReadTogether(self) -> None:
         self.source("room/a.cpp", "")
-        self.source("room/b.cpp", "")
+        self.source("room/inner/b.cpp", "")
         self.source("other/c.cpp", "")
-        self.assertEqual(self.joined(), [{"room/a.cpp", "room/b.cpp"}, {"other/c.cpp"}])
+        self.assertEqual(self.joined(), [{"room/a.cpp", "room/inner/b.cpp"}, {"other/c.cpp"}])
         self.assertIn("-analyzer-opt-analyze-headers", self.commands[0]["arguments"])
         self.assertEqual(self.commands[1]["arguments"], ["/usr/bin/c++", "-I/one", "-c", str(self.root / "other/c.cpp")])
+
+    def test_testsAndWhatTakesNamesFromElsewhereStayWithTheirFolder(self) -> None:
+        for folder in ("tests/one", "tests/two", "room", "room/inner"):
+            self.source(f"{folder}/a.cpp", "using namespace another;\n")
+            self.source(f"{folder}/b.cpp", "using std::string;\n")
+        self.assertEqual(
+            self.joined(),
+            [
+                {"tests/one/a.cpp", "tests/one/b.cpp"},
+                {"tests/two/a.cpp", "tests/two/b.cpp"},
+                {"room/a.cpp", "room/b.cpp"},
+                {"room/inner/a.cpp", "room/inner/b.cpp"},
+            ],
+        )
+
+    def test_fuzzTargetsAreReadTogether(self) -> None:
+        for name in ("a", "b"):
+            self.source(f"fuzz/{name}.cpp", 'extern "C" int LLVMFuzzerTestOneInput() {\n}\n')
+        self.assertEqual(self.joined(), [{"fuzz/a.cpp", "fuzz/b.cpp"}])
+        text = Path(self.commands[0]["file"]).read_text()
+        self.assertIn("#define LLVMFuzzerTestOneInput LLVMFuzzerTestOneInput1\n", text)
 
     def test_whatGivesANameOfItsOwnToTwoThingsStaysApart(self) -> None:
         for number, definition in enumerate(
@@ -87,9 +108,8 @@ class JoinSources(unittest.TestCase):
     def test_twoProgramsStayApart(self) -> None:
         self.source("room/a.cpp", "int main() {\n}\n")
         self.source("room/b.cpp", "int main(int, char**) {\n}\n")
-        self.source("room/c.cpp", 'extern "C" int LLVMFuzzerTestOneInput() {\n}\n')
-        self.source("room/d.cpp", 'extern "C" int LLVMFuzzerTestOneInput() {\n}\n')
-        self.assertEqual(self.joined(), [{"room/a.cpp", "room/c.cpp"}, {"room/b.cpp", "room/d.cpp"}])
+        self.source("room/c.cpp", "int other() {\n}\n")
+        self.assertEqual(self.joined(), [{"room/a.cpp", "room/c.cpp"}, {"room/b.cpp"}])
 
     def test_theSameMacroStaysApart(self) -> None:
         self.source("room/a.cpp", "#define THING 1\n")
