@@ -23,6 +23,18 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 # Directory positions and inode numbers outgrow 32 bits.
 add_compile_definitions(_FILE_OFFSET_BITS=64)
 
+# Sets the variable to options for a linker that takes half the time, if the compiler has it.
+function(kelutv_fast_linker_options variable)
+    include(CheckLinkerFlag)
+    check_linker_flag(CXX -fuse-ld=lld KELUTV_HAS_LLD)
+    set(${variable} $<$<BOOL:${KELUTV_HAS_LLD}>:-fuse-ld=lld> PARENT_SCOPE)
+endfunction()
+
+if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=[a-z,]*(address|thread)" AND NOT CMAKE_CXX_FLAGS MATCHES "fuzzer")
+    kelutv_fast_linker_options(fast_linker)
+    add_link_options(${fast_linker})
+endif()
+
 if(KELUTV_PACKAGES)
     # The same bytes wherever they are built. Precompiled headers would bring each source the static objects of headers
     # that it does not include.
