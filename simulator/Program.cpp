@@ -194,13 +194,8 @@ void Program::begin() {
         mPlayer->start([this](const std::string& line) { return obey(line); },
                        [this](int failedSteps) { endScenario(failedSteps); });
     }
-    mService->startReplay([this] { endReplay(); });
-}
-
-void Program::endReplay() {
-    if (mOptions.exitAtEnd) {
-        ::kill(::getpid(), SIGTERM);
-    }
+    // Called by a thread that this object may not outlive.
+    mService->startReplay(mOptions.exitAtEnd ? [] { ::kill(::getpid(), SIGTERM); } : std::function<void()>());
 }
 
 void Program::endScenario(int failedSteps) {

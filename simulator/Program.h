@@ -53,7 +53,6 @@ private:
     bool isAnswering();
     void begin();
     void endScenario(int failedSteps);
-    void endReplay();
     void print(const std::string& text);
     void waitForTheEnd();
     bool isForScreen(int signal);

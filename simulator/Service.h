@@ -41,7 +41,8 @@ public:
     /** @name A recording that is played; each does nothing without one. @{ */
     /** To be called before anything is served; what comes before all requests has its time from then on. */
     void setReplay(ReplayScript script, const ReplayOptions& options);
-    /** @param ended called, in another thread, when all has been asked for and published, and answered */
+    /** @param ended called when all has been asked for and published, and answered; in another thread, which nobody
+     * waits for. May be empty */
     void startReplay(std::function<void()> ended);
     /** Publishes what is left, and says what has come of it. */
     ReplayReport endReplay();

@@ -116,11 +116,11 @@ std::optional<Replay::Clock::time_point> Service::playDue(const std::function<vo
     settle();
     if (due.death) {
         mExiting = true;
-        whenAnswered(mThread, [this, death = *due.death] {
-            const std::lock_guard<std::mutex> itself(mMutex);
-            die(death);
+        whenAnswered(mThread, [service = android::sp<Service>(this), death = *due.death] {
+            const std::lock_guard<std::mutex> itself(service->mMutex);
+            service->die(death);
         });
-    } else if (due.isOver) {
+    } else if (due.isOver && ended) {
         whenAnswered(mThread, ended);
     }
     return due.next;
