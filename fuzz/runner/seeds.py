@@ -82,18 +82,49 @@ def scenarios() -> Iterator[str]:
     yield from (f"on {word}\n" for word in literals("tests/wire/pattern_test.cpp", "tests/wire/request_pattern_test.cpp"))
 
 
+def recordings() -> Iterator[str]:
+    """Each line of a recording behind its header, and the lines of tests, right and wrong."""
+    header = ""
+    reply = re.compile('"status":0(.*)"reply":"[0-9a-f]*"')
+    for text in files("tests/recordings/*.jsonl"):
+        header, *lines = text.splitlines(keepends=True)
+        yield from (header + line for line in lines)
+        yield from (header + reply.sub(r'"status":-32\1"reply":null', line) for line in lines)
+    yield from (f"{header}{text}\n" for text in literals(*tests("recording")) if text.startswith("{"))
+
+
+def snapshots() -> Iterator[str]:
+    """Snapshots of a few states, held and missing."""
+    volume = {"state": "audio.volume[speaker]", "values": [35], "function": "linux_tv_Audio_getVolume",
+              "arguments": {"channel": "KELU_TV_AUDIO_CHANNEL_SPEAKER"}, "result": 0, "seconds": 0.012}
+    address = {"state": "factory.macAddress", "values": [{"hex": "ff00"}], "function": "linux_tv_Factory_getMacAddress",
+               "arguments": {}, "result": None, "seconds": 1.0}
+    loud = {"state": "audio.equalLound[?]", "function": "Audio::getEqualLoundValue", "reason": "no keys", "result": -5}
+    for held, missing in (([volume, address], [loud]), ([volume], []), ([], [loud]), ([], [])):
+        yield json.dumps({"format": "kelutv snapshot 1", "library": "1.0.0", "taken": "2026-11-22T14:00:00Z",
+                          "readable": len(held) + len(missing), "held": len(held), "states": held, "missing": missing})
+
+
 TEXTS = {
     "configuration": configurations,
     "control": control_lines,
     "events_file": events_files,
+    "recording": recordings,
     "scenario": scenarios,
+    "snapshot": snapshots,
     "state": lambda: (text for text in literals(*tests("simulator/television")) if text.startswith("{")),
     "decode": lambda: literals("tests/tools/commands/decode_test.cpp"),
 }
 
 
-def json_names() -> list[str]:
-    """Keys and words of the files in JSON."""
+DICTIONARIES = {
+    "json": ("simulator/configuration/defaults.json", "simulator/configuration/config.schema.json"),
+    "documents": ("tools/schema/recording.schema.json",),
+}
+
+
+def json_names(*schemas: str) -> list[str]:
+    """Keys and words of files in JSON."""
     names: set[str] = set()
 
     def collect(value: object) -> None:
@@ -107,8 +138,8 @@ def json_names() -> list[str]:
         elif isinstance(value, str) and len(value) < 40:
             names.add(value)
 
-    for name in ("defaults.json", "config.schema.json"):
-        collect(json.loads((ROOT / "simulator/configuration" / name).read_text(encoding="utf-8")))
+    for name in schemas:
+        collect(json.loads((ROOT / name).read_text(encoding="utf-8")))
     return sorted(names)
 
 
@@ -139,7 +170,8 @@ def write_all() -> None:
         raise FuzzError(done.stderr)
     for name, texts in TEXTS.items():
         write_texts(SEEDS / name, texts())
-    (SEEDS / "json.dict").write_text("".join(map(entry, json_names())), encoding="ascii")
+    for name, schemas in DICTIONARIES.items():
+        (SEEDS / f"{name}.dict").write_text("".join(map(entry, json_names(*schemas))), encoding="ascii")
 
 
 def seeds_of(target: Target) -> Path:

@@ -83,6 +83,8 @@ TEST(Json, isReadFromItsText) {
     EXPECT_EQ(Json::parsed("18446744073709551615"), Json(18446744073709551615.0));
     EXPECT_NE(complaintAbout("{\"a\": 1,\n x}").find("line 2, column 2"), std::string::npos);
     EXPECT_NE(complaintAbout(""), "");
+    // No number is that large.
+    EXPECT_EQ(complaintAbout("[1e61555]").substr(0, 9), "no JSON: ");
 }
 
 TEST(Json, isReadAsDeepAsDocumentsAre) {

@@ -118,7 +118,7 @@ Json Json::parsed(const std::string& text) {
     }
     try {
         return valueOf(Document::parse(text));
-    } catch (const Document::parse_error& error) {
+    } catch (const Document::exception& error) {
         const std::string message = error.what();
         // Its own number and kind stand in brackets before what people read.
         const std::size_t end = message.find("] ");
