@@ -156,6 +156,21 @@ TEST(Record, isWholeForEveryThread) {
     }
 }
 
+/** Its threads have other numbers in each run, and come in another order. */
+TEST(Record, twoRunsOfAProgramDoNotDiffer) {
+    for (const char* const action : {"threads", "fork"}) {
+        const RecordingFolders first;
+        const RecordingFolders second;
+        for (const RecordingFolders* const folders : {&first, &second}) {
+            EXPECT_EQ(record(*folders, {}, {KELUTV_TRACED_CLIENT, action}).run.exit, 0);
+        }
+        const ToolRun diff = runTool({"recording", "diff", first.file(), second.file()});
+        EXPECT_EQ(diff.exit, 0) << diff.output;
+        const auto calls = all<Transaction>(recording::linesOfFile(first.file()));
+        EXPECT_EQ(diff.error, "kelutv: 0 differences in " + std::to_string(calls.size()) + " calls and events\n");
+    }
+}
+
 TEST(Record, goesAcrossForkAndExec) {
     EXPECT_EQ(lastWordsOf(all<Transaction>(recordClient("fork").lines)), (std::vector<int>{1, 5, 2}));
     EXPECT_EQ(lastWordsOf(all<Transaction>(recordClient("exec").lines)), (std::vector<int>{4, 5}));
