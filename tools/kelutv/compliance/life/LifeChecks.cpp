@@ -128,7 +128,7 @@ void awaitService() {
     const process::Deadline deadline = process::deadlineIn(kTimeOfRestart);
     for (;;) {
         try {
-            Witness();
+            const Witness found;
             return;
         } catch (const ToolError&) {
             if (std::chrono::steady_clock::now() > *deadline) {
