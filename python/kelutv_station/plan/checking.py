@@ -7,7 +7,9 @@ from dataclasses import dataclass, replace
 from typing import Any
 
 from kelutv_station.plan.interface import Event, Function, Interface
-from kelutv_station.plan.plan import Operation, Plan, PlanError, Step, Unit, Wait, operations_of
+from kelutv_station.plan.limits import Limit
+from kelutv_station.plan.outputs import RESULT, result_names
+from kelutv_station.plan.plan import Call, Operation, Plan, PlanError, Step, Unit, Wait, operations_of
 from kelutv_station.plan.reading import PLACEHOLDER, require_units
 from kelutv_station.tool import ToolError
 
@@ -49,6 +51,8 @@ def ready_plan(plan: Plan, interface: Interface) -> ReadyPlan:
     plan = replace(plan, steps=tuple(_with_repeat(step, bool(dangerous[step.name])) for step in plan.steps))
     calls, waits = {}, {}
     for step in plan.steps:
+        if isinstance(step, Call):
+            _require_limits(plan, step, _function(plan, step, step.operation, interface))
         for operation in operations_of(step):
             for unit in plan.units:
                 calls[unit.serial, step.name] = _ready_call(plan, step, operation, unit, interface)
@@ -88,6 +92,26 @@ def _require_allowed(plan: Plan, dangerous: Mapping[str, list[Function]], interf
     for function_name, name in allowed.items():
         if function_name not in called:
             raise PlanError(f"{plan.place}: allow: no step calls {name}, or it is not dangerous; allow names nothing else")
+
+
+def _require_limits(plan: Plan, step: Call, function: Function) -> None:
+    """Each limit is of something that the function gives, and texts are names of its enumeration."""
+    names = result_names(function.module, function.name, function.outputs) if step.limits else ()
+    for name, limit in step.limits.items():
+        if name not in names:
+            raise PlanError(
+                f"{plan.place_of(step)}: {function.short} gives no {name} to be limited; it gives: "
+                f"{', '.join(names) or 'nothing'}")
+        if name == RESULT and function.result.values:
+            _require_names(plan.place_of(step), limit, function)
+
+
+def _require_names(place: str, limit: Limit, function: Function) -> None:
+    try:
+        for text in (limit.equals, *(limit.one_of or ())):
+            function.result.value_of(text)
+    except ValueError as error:
+        raise PlanError(f"{place}: {error}") from error
 
 
 def _with_repeat(step: Step, is_dangerous: bool) -> Step:

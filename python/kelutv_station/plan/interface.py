@@ -49,6 +49,7 @@ class Function:
 
     name: str
     short: str
+    module: str
     dangerous: bool
     inputs: tuple[Field, ...]
     outputs: tuple[str, ...]
@@ -91,7 +92,7 @@ class Interface:
         outputs = tuple(each["name"] for each in document["parameters"] if each["direction"].endswith("out"))
         result = {"name": "result", "type": "int", "enumeration": document.get("resultEnumeration")}
         return Function(
-            document["function"], document["short"], bool(document["effect"].get("dangerous")),
+            document["function"], document["short"], document["module"], bool(document["effect"].get("dangerous")),
             tuple(self._field(each) for each in inputs), outputs, self._field(result))
 
     def _event(self, name: str) -> Event:

@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-import dataclasses
 import time
 from collections.abc import Callable, Mapping
 from dataclasses import dataclass
@@ -14,6 +13,7 @@ from kelutv import LinkLost, NoService, TelevisionError
 
 from kelutv_station.plan.checking import ReadyCall, ReadyPlan, needs_events
 from kelutv_station.plan.limits import Limit, is_named
+from kelutv_station.plan.outputs import named
 from kelutv_station.plan.plan import Call, Picture, Prompt, Snapshot, Step, Unit, Wait
 from kelutv_station.run.questions import Question, Questions, Stopped
 from kelutv_station.run.results import Measurement, Verdict
@@ -148,9 +148,9 @@ def outcome_of(error: Exception) -> Outcome:
 
 def measured(call: ReadyCall, result: Any, limits: Mapping[str, Limit]) -> tuple[Measurement, ...]:
     """The values of a result by name, each with its limit."""
-    values = values_of(named(result, call.function.outputs))
+    values = {name: plain(value) for name, value in named(result, call.function.outputs).items()}
     return tuple(
-        Measurement(name, value, limits.get(name, Limit()), enumerator or (call.function.result.name_of(value)))
+        Measurement(name, value, limits.get(name, Limit()), enumerator or call.function.result.name_of(value))
         for name, (value, enumerator) in values.items()
     )
 
@@ -161,25 +161,6 @@ def judged(measurements: tuple[Measurement, ...], limits: Mapping[str, Limit]) -
     beyond = [f"{each.name} is {each.text()}, not {each.limit.text()}" for each in measurements if not each.is_within]
     reasons = missing + beyond
     return Outcome(Verdict.FAIL if reasons else Verdict.PASS, "; ".join(reasons), measurements)
-
-
-def named(result: Any, outputs: tuple[str, ...]) -> Any:
-    """Several values by their names: what the function gives itself, where it gives something, and its outputs."""
-    if type(result) is not tuple:
-        return result
-    return dict(zip(("result", *outputs)[-len(result):], result, strict=True))
-
-
-def values_of(result: Any, name: str = "") -> dict[str, tuple[Any, str | None]]:
-    """The plain values of a result by name, those of a record as `name.field`, each with the name of an enumeration's value."""
-    if dataclasses.is_dataclass(result) and not isinstance(result, type):
-        result = {field.name: getattr(result, field.name) for field in dataclasses.fields(result)}
-    if hasattr(result, "_asdict"):
-        result = result._asdict()
-    if isinstance(result, dict):
-        prefix = f"{name}." if name else ""
-        return {key: value for field, each in result.items() for key, value in values_of(each, f"{prefix}{field}").items()}
-    return {} if result is None else {name or "result": plain(result)}
 
 
 def plain(value: Any) -> tuple[Any, str | None]:
@@ -203,6 +184,6 @@ def fits(event: Event, fields: Mapping[str, Any]) -> bool:
 
 
 def _fields_of(event: Event, seconds: float) -> tuple[Measurement, ...]:
-    fields = values_of(dict(event.fields))
+    fields = {name: plain(value) for name, value in event.fields.items()}
     values = [Measurement(name, value, enumerator=enumerator) for name, (value, enumerator) in fields.items()]
     return (*values, Measurement("waited", round(seconds, 6), Limit(unit="s")))

@@ -7,7 +7,9 @@ import unittest
 from pathlib import Path
 from typing import Any
 
+from kelutv import records
 from kelutv_station.plan.limits import Limit, limit_of
+from kelutv_station.plan.outputs import named
 from kelutv_station.plan.plan import Call, PlanError, Prompt, Wait
 from kelutv_station.plan.reading import plan_of, read_plan
 from kelutv_station.program import with_units
@@ -48,6 +50,28 @@ class Plans(unittest.TestCase):
             "'changed': volumeChanged has no field vol; it has: channel, volume", VOLUME, {**CHANGED, "fields": {"vol": 3}})
         self.assert_refused("'changed': channel: 'speker' is not one of", VOLUME, {**CHANGED, "fields": {"channel": "speker"}})
         self.assert_refused("'look': there is no snapshot golden.json", {"name": "look", "snapshot": "golden.json"})
+
+    def test_limit_what_a_function_gives(self) -> None:
+        timing = {"name": "timing", "call": "sourcemanager.getTimingInfo"}
+        language = {"name": "language", "call": "systemsetting.getLanguage"}
+        self.assert_refused(
+            "step 1 'timing': sourcemanager.getTimingInfo gives no widht to be limited; it gives: width, height, frameRate",
+            {**timing, "limits": {"widht": {"equals": 720}}})
+        self.assert_refused("audio.setVolume gives no result to be limited; it gives: nothing", {**VOLUME, "low": 0})
+        self.assert_refused("'language': result: 'englis' is not one of KQ_LANG_", {**language, "equals": "englis"})
+        self.assert_refused("'language': result: 'x' is not one of", {**language, "one_of": ["english", "x"]})
+        ready_with(language | {"equals": "english"}, {**timing, "limits": {"width": {"equals": 720}}})
+
+    def test_name_results_by_what_they_are_of(self) -> None:
+        channel = {"name": "channel", "call": "GetHotelBootChannel", "limits": {"pChannel": {"low": 1}}}
+        self.assertEqual(list(ready_with(channel).plan.steps[0].limits), ["pChannel"])
+        self.assertEqual(named((1, 7), ("pTvmode", "pChannel")), {"pTvmode": 1, "pChannel": 7})
+        self.assertEqual(named((0, 1, 7), ("pTvmode", "pChannel")), {"result": 0, "pTvmode": 1, "pChannel": 7})
+        self.assertEqual(named([1, 7], ("list",)), {"result": [1, 7]})
+        self.assertEqual(named(None, ()), {})
+        record = records.KeluRect(1, 2, 3, 4)
+        self.assertEqual(list(named(record, ("pRect",)).values()), [1, 2, 3, 4])
+        self.assertEqual([name.partition(".")[0] for name in named((record, 5), ("a", "b"))], ["a"] * 4 + ["b"])
 
     def test_name_what_is_dangerous(self) -> None:
         self.assert_refused('step 1 \'burn\': factory.setMacAddress is dangerous', BURN)
