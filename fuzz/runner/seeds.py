@@ -100,7 +100,8 @@ def snapshots() -> Iterator[str]:
     address = {"state": "factory.macAddress", "values": [{"hex": "ff00"}], "function": "linux_tv_Factory_getMacAddress",
                "arguments": {}, "result": None, "seconds": 1.0}
     loud = {"state": "audio.equalLound[?]", "function": "Audio::getEqualLoundValue", "reason": "no keys", "result": -5}
-    for held, missing in (([volume, address], [loud]), ([volume], []), ([], [loud]), ([], [])):
+    kinds: list[tuple[list[dict], list[dict]]] = [([volume, address], [loud]), ([volume], []), ([], [loud]), ([], [])]
+    for held, missing in kinds:
         yield json.dumps({"format": "kelutv snapshot 1", "library": "1.0.0", "taken": "2026-11-22T14:00:00Z",
                           "readable": len(held) + len(missing), "held": len(held), "states": held, "missing": missing})
 
