@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -218,6 +219,9 @@ TEST_F(RecordingReplay, putsBackWhenASignalEndsIt) {
         ASSERT_TRUE(status);
         EXPECT_TRUE(WIFSIGNALED(*status) && WTERMSIG(*status) == signal) << *status;
         EXPECT_EQ(tool->output().text(), "audio.volume[speaker]: 35 -> 20\n");
+        EXPECT_EQ(tool->error().text(),
+                  std::string("kelutv: not all was sent: ") + ::strsignal(signal) +
+                      "\nkelutv: 1 state set, 0 did not take, 0 as wanted, 0 dangerous left alone\n");
         EXPECT_EQ(volume(), "20\n");
     }
 }

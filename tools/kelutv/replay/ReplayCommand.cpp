@@ -7,6 +7,7 @@
 #include "tools/kelutv/text/Lists.h"
 
 #include <csignal>
+#include <cstring>
 #include <memory>
 #include <set>
 
@@ -78,8 +79,14 @@ Exit sendAndPutBack(const ReplayPlan& plan, const Ignored& ignored, const Output
     const StatesToSet states = statesSetBy(plan.calls, kLimit);
     tellLost(states, output);
     Exit exit = Exit::Success;
-    const GuardedEnd end = doGuarded([&] { return sendAndComplain(plan, ignored, output); },
-                                     [&](const GuardedEnd& /*end*/) { exit = putBack(states, output); });
+    const GuardedEnd end =
+        doGuarded([&] { return sendAndComplain(plan, ignored, output); },
+                  [&](const GuardedEnd& broken) {
+                      if (broken.signal != 0) {
+                          output.message(std::string("kelutv: not all was sent: ") + ::strsignal(broken.signal));
+                      }
+                      exit = putBack(states, output);
+                  });
     if (end.signal != 0) {
         std::signal(end.signal, SIG_DFL);
         std::raise(end.signal);
