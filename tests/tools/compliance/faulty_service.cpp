@@ -4,16 +4,20 @@
 #include "wire/codec/Reply.h"
 #include "wire/codec/Request.h"
 #include "wire/codec/Token.h"
+#include "wire/events/EventTable.h"
+#include "wire/events/Payload.h"
 
 #include <binder/Binder.h>
 #include <binder/IPCThreadState.h>
 #include <binder/IServiceManager.h>
 #include <binder/Parcel.h>
 #include <binder/ProcessState.h>
+#include <keluem/publisher.h>
 
 #include <sys/prctl.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <map>
@@ -36,15 +40,24 @@ protected:
         if (code != FIRST_CALL_TRANSACTION) {
             return has("takes any code") ? reply->writeInt32(0) : BBinder::onTransact(code, data, reply, flags);
         }
-        const std::lock_guard<std::mutex> lock(mMutex);
-        wire::ByteReader bytes(data.data(), data.dataSize());
-        const wire::Request request =
-            wire::readToken(bytes) ? wire::readRequestBehindToken(bytes) : wire::requestWithWrongToken(bytes);
-        return wire::writeReply(request.refusal ? refuse(request) : perform(request), *reply);
+        const bool isAlone = mCalls.fetch_add(1) == 0;
+        const android::status_t status = answer(data, *reply, isAlone);
+        mCalls.fetch_sub(1);
+        return status;
     }
 
 private:
     bool has(const char* fault) const { return mFault == fault; }
+
+    android::status_t answer(const android::Parcel& data, android::Parcel& reply, bool isAlone) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        wire::ByteReader bytes(data.data(), data.dataSize());
+        const wire::Request request =
+            wire::readToken(bytes) ? wire::readRequestBehindToken(bytes) : wire::requestWithWrongToken(bytes);
+        const wire::Reply before = mLast;
+        mLast = request.refusal ? refuse(request) : perform(request);
+        return wire::writeReply(has("mixes answers up") && !isAlone ? before : mLast, reply);
+    }
 
     wire::Reply refuse(const wire::Request& request) {
         static const std::map<std::string, Result> overlooked{{"takes any token", Result::WrongToken},
@@ -78,7 +91,27 @@ private:
         if (rule.access == wire::StateRule::Access::Get) {
             return wire::replyWith(operation, request.arguments, kept[indexes]);
         }
-        return set(kept, indexes, wire::valuesOf(rule.values, request.arguments));
+        const wire::Values before = kept[indexes];
+        const wire::Values values = wire::valuesOf(rule.values, request.arguments);
+        wire::Reply reply = set(kept, indexes, values);
+        if (std::string("audio.volume") == rule.key->name && kept[indexes] == values) {
+            tell(indexes, values, values != before);
+        }
+        return reply;
+    }
+
+    void tell(const wire::Values& indexes, wire::Values values, bool isChange) {
+        static const wire::EventTable table(wire::simulatedEvents());
+        if (has("tells of another value")) {
+            ++std::get<std::int32_t>(values.front());
+        }
+        const std::string payload = wire::payloadOf(indexes) + wire::payloadOf(values);
+        const int times = has("tells nothing") || !(isChange || has("tells of no change")) ? 0
+                          : has("tells twice")                                             ? 2
+                                                                                           : 1;
+        for (int i = 0; i < times; ++i) {
+            mPublisher.publish(table.named("volumeChanged")->first, payload.data(), payload.size());
+        }
     }
 
     wire::Reply set(std::map<wire::Values, wire::Values>& kept, const wire::Values& indexes,
@@ -97,7 +130,11 @@ private:
     }
 
     std::string mFault;
+    /** Under way. */
+    std::atomic<int> mCalls{0};
     std::mutex mMutex;
+    wire::Reply mLast;
+    keluem::Publisher mPublisher;
     std::map<const wire::StateKey*, std::map<wire::Values, wire::Values>> mStates;
 };
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 namespace kelutv::test {
 namespace {
@@ -62,6 +63,33 @@ TEST_F(FaultyServices, failWhatConcernsTheirFaultAndNothingElse) {
         }
         EXPECT_EQ(failed, test.failed) << test.fault;
     }
+}
+
+TEST_F(FaultyServices, areFoundByWhatTheyTell) {
+    const std::pair<const char*, Names> cases[] = {
+        {"none", {}},
+        {"tells nothing", {"events.once", "events.severalListeners"}},
+        {"tells twice", {"events.once", "events.same", "events.payload", "events.severalListeners"}},
+        {"tells of no change", {"events.same"}},
+        {"tells of another value", {"events.payload"}},
+    };
+    const tool::compliance::Checks checks =
+        tool::compliance::chosenChecks({"events.audio.setVolume[[]channel=speaker*", "events.service.*"}, {});
+    for (const auto& [fault, expected] : cases) {
+        turnOn(fault);
+        Names failed;
+        for (const auto& [aspect, count] : failuresByAspect(resultsOf(checks))) {
+            failed.insert(aspect);
+        }
+        EXPECT_EQ(failed, expected) << fault;
+    }
+}
+
+TEST_F(FaultyServices, areFoundWhenTheyMixAnswersUp) {
+    turnOn("none");
+    EXPECT_EQ(aspectsNotPassed(judged({"load.threads.8.answers"})), Names());
+    turnOn("mixes answers up");
+    EXPECT_EQ(aspectsNotPassed(judged({"load.threads.16.answers"})), Names{"load.answers failed"});
 }
 
 TEST_F(FaultyServices, areLeftOpenWhereTheyDoNotLookBehindARequest) {
