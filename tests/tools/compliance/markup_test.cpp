@@ -61,6 +61,17 @@ TEST(Page, hasEachFailureWithWhatWasExchanged) {
     EXPECT_EQ(page.find("id=\"form.audio.getVolume[channel=speaker].form\""), std::string::npos);
 }
 
+TEST(Page, saysHowLongAnswersTookInUnitsThatFit) {
+    auto run = sampleRun();
+    using std::chrono::nanoseconds;
+    run.results[0].latencies = {nanoseconds(999), nanoseconds(12800), nanoseconds(2000000000)};
+    run.results[1].latencies.clear();
+    const std::string page = htmlOf(run);
+    EXPECT_NE(page.find("<td class=\"number\">12.8 \u00B5s</td><td class=\"number\">2 s</td>"), std::string::npos);
+    EXPECT_NE(page.find("<span>100 ns</span><span>1 \u00B5s</span>"), std::string::npos);
+    EXPECT_NE(page.find("3 answers, half within 12.8 \u00B5s"), std::string::npos);
+}
+
 TEST(Page, saysThatNothingFailed) {
     auto run = sampleRun();
     run.results.erase(run.results.begin() + 1);

@@ -29,6 +29,7 @@ ul.counts li { padding: .5rem .8rem; background: var(--panel); border-left: .3re
 ul.counts b { display: block; font-size: 1.5rem; line-height: 1.2; font-variant-numeric: tabular-nums; }
 table { width: 100%; border-collapse: collapse; font-size: .9rem; }
 th, td { padding: .35rem .5rem; border-bottom: 1px solid var(--line); text-align: left; vertical-align: middle; }
+table + table { margin-top: 1.2rem; }
 th { color: var(--dim); font-weight: normal; }
 th, td { overflow-wrap: normal; }
 td.number, th.number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
@@ -50,10 +51,10 @@ line { stroke: var(--ink); stroke-width: 2; vector-effect: non-scaling-stroke; }
 line.p99 { stroke-dasharray: 3 3; }
 @media (max-width: 40rem) {
   th.wide, td.wide { display: none; }
-  tr { display: grid; grid-template-columns: 1fr repeat(3, 5rem); border-bottom: 1px solid var(--line); }
+  tr { display: grid; grid-template-columns: 1fr repeat(3, 4.6rem); border-bottom: 1px solid var(--line); }
   th, td { border: 0; }
   td.picture, th.picture { width: auto; grid-column: 1 / -1; } }
-@media print { details > *, details::details-content { display: block; content-visibility: visible; } }
+@media print { details::details-content { display: block; content-visibility: visible; } }
 )";
 
 } // namespace kelutv::tool::compliance

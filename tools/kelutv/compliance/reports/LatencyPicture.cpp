@@ -1,6 +1,5 @@
 #include "tools/kelutv/compliance/reports/LatencyPicture.h"
 
-#include "tools/kelutv/checks/Asking.h"
 #include "tools/kelutv/compliance/reports/Markup.h"
 #include "tools/kelutv/compliance/results/Latencies.h"
 #include "tools/kelutv/text/Lists.h"
@@ -21,6 +20,20 @@ constexpr double kHeight = 30;
 /** An answer that is rare shows all the same. */
 constexpr double kLeastHeight = 1.5;
 
+/** `12.8 µs`: short enough for a narrow column. */
+std::string briefText(std::chrono::nanoseconds time) {
+    static constexpr std::array<const char*, 4> kUnits{"ns", "\u00B5s", "ms", "s"};
+    auto value = static_cast<double>(time.count());
+    std::size_t unit = 0;
+    while (value >= 999.5 && unit + 1 < kUnits.size()) {
+        value /= 1000;
+        ++unit;
+    }
+    char text[32];
+    std::snprintf(text, sizeof(text), "%.3g %s", value, kUnits[unit]);
+    return text;
+}
+
 /** Powers of ten, in nanoseconds, that enclose all times. */
 class TimeScale {
 public:
@@ -37,7 +50,7 @@ public:
         std::string markup;
         for (int power = mFirst; power <= mLast; ++power) {
             const std::chrono::nanoseconds time(std::llround(std::pow(10, power)));
-            markup += textElement("span", {}, millisecondsText(time));
+            markup += textElement("span", {}, briefText(time));
         }
         return element("div", {{"class", "scale"}}, markup);
     }
@@ -87,8 +100,8 @@ std::string barsOf(const Latencies& latencies, const TimeScale& scale) {
 }
 
 std::string pictureOf(const Latencies& latencies, const LatencySummary& summary, const TimeScale& scale) {
-    const std::string words = counted(summary.count, "answer") + ", half within " + millisecondsText(summary.p50) +
-                              ", 99 of a hundred within " + millisecondsText(summary.p99);
+    const std::string words = counted(summary.count, "answer") + ", half within " + briefText(summary.p50) +
+                              ", 99 of a hundred within " + briefText(summary.p99);
     return element("svg",
                    {{"class", "times"},
                     {"viewBox", "0 0 " + std::to_string(kBins) + ' ' + coordinate(kHeight)},
@@ -100,7 +113,7 @@ std::string pictureOf(const Latencies& latencies, const LatencySummary& summary,
 }
 
 std::string timeCell(std::chrono::nanoseconds time) {
-    return textElement("td", {{"class", "number"}}, millisecondsText(time));
+    return textElement("td", {{"class", "number"}}, briefText(time));
 }
 
 std::string latencyRow(const std::string& name, const Latencies& latencies, const TimeScale& scale) {
