@@ -4,9 +4,11 @@ from __future__ import annotations
 
 import json
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
+import threading
 import unittest
 from pathlib import Path
 
@@ -17,6 +19,8 @@ from samples import arguments, functions  # noqa: E402
 from support.television import PATIENCE, own_environment  # noqa: E402
 
 TOOL = os.environ["KELUTV_TOOL"]
+# Enough for every answer.
+MOST_NUMBERS = 4096
 
 
 def quoted(word: str) -> str:
@@ -46,24 +50,49 @@ class BytesTest(unittest.TestCase):
         self.assertEqual([each["function"] for each in documents], [row[0] for row in functions()])
         return [(each["function"], request) for each in documents for request in each["requests"]]
 
+    def call_everything(self, *before: str) -> None:
+        """Runs a Python program that calls all functions, behind a command that looks at it."""
+        done = subprocess.run(
+            [*before, sys.executable, "-B", str(HERE / "call_everything.py")], env=self.environment, capture_output=True,
+            text=True, timeout=PATIENCE, check=False,
+        )
+        self.assertEqual((done.returncode, done.stdout), (0, ""), done.stderr[-3000:])
+
     def sent(self) -> list[str]:
-        """Every request that a Python program sends that calls them all."""
+        """Every request of that program, as the tool records it."""
         recording = self.folder / "recording.jsonl"
         service = subprocess.Popen([os.environ["KELUTV_SERVICE"]], env=self.environment)
         try:
-            done = subprocess.run(
-                [TOOL, "record", "-o", str(recording), "--", sys.executable, "-B", str(HERE / "call_everything.py")],
-                env=self.environment, capture_output=True, text=True, timeout=PATIENCE, check=False,
-            )
+            self.call_everything(TOOL, "record", "-o", str(recording), "--")
         finally:
             service.kill()
             service.wait()
-        self.assertEqual((done.returncode, done.stdout), (0, ""), done.stderr[-3000:])
         lines = [json.loads(line) for line in recording.read_text(encoding="utf-8").splitlines()]
         return [line["request"] for line in lines if "request" in line]
 
+    def sent_elsewhere(self, program: str) -> list[str]:
+        """The same as a service prints it that is found in a folder and gives the same answer to everything."""
+        self.environment["FOREIGN_FOLDER"] = str(self.folder)
+        command = [program, "--answers", "00" * MOST_NUMBERS]
+        with (self.folder / "requests").open("w+", encoding="utf-8") as printed:
+            service = subprocess.Popen(command, env=self.environment, stdout=subprocess.PIPE, text=True)
+            assert service.stdout is not None
+            with service.stdout:
+                self.assertEqual(service.stdout.readline(), "ready\n")
+                reader = threading.Thread(target=shutil.copyfileobj, args=(service.stdout, printed))
+                reader.start()
+                try:
+                    self.call_everything()
+                finally:
+                    service.kill()
+                    service.wait()
+                    reader.join()
+            printed.seek(0)
+            return [line.split()[1] for line in printed if line.startswith("request ")]
+
     def test_every_function_sends_what_the_tool_says(self) -> None:
-        expected, sent = self.expected(), self.sent()
+        foreign = os.environ.get("KELUTV_FOREIGN_SERVICE")
+        expected, sent = self.expected(), self.sent_elsewhere(foreign) if foreign else self.sent()
         self.assertGreater(len(expected), 700)
         for index, (function, request) in enumerate(expected):
             self.assertEqual(sent[index : index + 1], [request], f"request {index}, by {function}")
