@@ -13,9 +13,10 @@ ROOT = Path(__file__).resolve().parents[2]
 # Built by tests of the installed library, in trees of their own.
 ELSEWHERE = ROOT / "tests" / "cmake" / "consumer"
 BUILD, CTEST = Path(sys.argv.pop(1)), sys.argv.pop(1)
-
-
+# Of what is built with benchmarks alone, as the optimised build is.
+OPTIMISED = [ROOT / "tests" / place for place in ("bench/bench_runs_test.py", "python/station", "python/plugin")]
 INCLUDED = re.compile(r'^#include "(.+)"$', re.M)
+NAMED = re.compile(r'"(\w+_test)"')
 
 
 def sources_of(path: Path) -> set[Path]:
@@ -23,6 +24,12 @@ def sources_of(path: Path) -> set[Path]:
     if path.parent.name not in ("Unity", "joined"):
         return {path}
     return {Path(each).resolve() for each in INCLUDED.findall(path.read_text(encoding="utf-8"))}
+
+
+def run_by(path: Path) -> set[Path]:
+    """The program itself, and those that it runs in one process."""
+    names = NAMED.findall(path.read_text(encoding="utf-8")) if path.name == "all_tests.py" else []
+    return {path, *(path.parent / f"{name}.py" for name in names)}
 
 
 def unmentioned(paths: list[Path], known: set[Path]) -> list[str]:
@@ -41,11 +48,11 @@ class Registered(unittest.TestCase):
             [CTEST, "--test-dir", BUILD, "-C", "torture", "--show-only=json-v1"], check=True, capture_output=True, text=True
         )
         words = (word for test in json.loads(listing.stdout)["tests"] for word in test.get("command", []))
-        registered = {Path(word).resolve() for word in words if word.endswith(".py")}
-        # Of what is built with benchmarks alone, as the optimised build is.
+        registered = set().union(*(run_by(Path(word).resolve()) for word in words if word.endswith(".py")))
         has_benchmarks = "KELUTV_BUILD_BENCH:BOOL=ON" in (BUILD / "CMakeCache.txt").read_text(encoding="utf-8")
-        without = set() if has_benchmarks else {ROOT / "tests" / "bench" / "bench_runs_test.py"}
-        self.assertEqual(unmentioned(list((ROOT / "tests").rglob("*_test.py")), registered | without), [])
+        without = [] if has_benchmarks else OPTIMISED
+        programs = [path for path in (ROOT / "tests").rglob("*_test.py") if not {path, *path.parents} & set(without)]
+        self.assertEqual(unmentioned(programs, registered), [])
 
 
 if __name__ == "__main__":
