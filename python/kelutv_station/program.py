@@ -3,14 +3,12 @@
 from __future__ import annotations
 
 import argparse
-import os
 import signal
 import sys
 from collections.abc import Sequence
 from dataclasses import replace
 from importlib.metadata import version
 from pathlib import Path
-from typing import TextIO
 
 from kelutv_station.connecting import connect
 from kelutv_station.plan.checking import ReadyPlan, ready_plan
@@ -26,6 +24,7 @@ from kelutv_station.run.journal import Journal, JournalError
 from kelutv_station.run.performing import Equipment
 from kelutv_station.run.questions import Questions
 from kelutv_station.run.station import Station
+from kelutv_station.saying import say
 from kelutv_station.screen.attending import Lines, Screen, has_terminal
 from kelutv_station.tool import Tool
 
@@ -72,16 +71,8 @@ def main(arguments: Sequence[str] | None = None) -> int:
 
 
 def _complain(error: object, code: int) -> int:
-    _say(f"kelutv-station: {error}", sys.stderr)
+    say(f"kelutv-station: {error}", sys.stderr)
     return code
-
-
-def _say(text: str, stream: TextIO) -> None:
-    """Prints, unless nobody is there to read it any longer; the files have it all."""
-    try:
-        print(text, file=stream, flush=True)
-    except OSError:
-        os.dup2(os.open(os.devnull, os.O_WRONLY), stream.fileno())
 
 
 def _run(options: argparse.Namespace) -> int:
@@ -89,7 +80,8 @@ def _run(options: argparse.Namespace) -> int:
     tool = Tool()
     ready = ready_plan(plan, Interface(tool))
     if options.check:
-        print(f"{plan.place}: {counted(len(plan.steps), 'step')}, {counted(len(plan.units), 'unit')}; nothing is wrong")
+        contents = f"{counted(len(plan.steps), 'step')}, {counted(len(plan.units), 'unit')}"
+        say(f"{plan.place}: {contents}; nothing is wrong", sys.stdout)
         return PASSED
     with_screen = has_terminal() and not options.lines
     _require_operator(ready.plan, with_screen)
@@ -134,12 +126,12 @@ def _report(plan: Plan, journal: Journal, output: Path, html: Path | None) -> in
     replace_file(output / "junit.xml", junit(outline))
     if html:
         replace_file(html, page(outline))
-    _say(summary(outline), sys.stdout)
+    say(summary(outline), sys.stdout)
     return _exit_code(outline, output)
 
 
 def _exit_code(outline: Outline, output: Path) -> int:
     if not all(unit.is_complete for unit in outline.units):
-        _say(f"kelutv-station: stopped; --resume goes on with {output}", sys.stderr)
+        say(f"kelutv-station: stopped; --resume goes on with {output}", sys.stderr)
         return UNFINISHED
     return PASSED if outline.passed == len(outline.units) else NOT_PASSED

@@ -9,7 +9,7 @@ from enum import Enum
 from pathlib import Path
 from typing import Any
 
-from kelutv import LinkLost, NoService, TelevisionError
+from kelutv import LinkLost, NoService, TelevisionError, Timeout
 
 from kelutv_station.plan.checking import ReadyCall, ReadyPlan, needs_events
 from kelutv_station.plan.limits import Limit, is_named
@@ -70,6 +70,8 @@ class Performer:
         except Stopped:
             raise
         except Exception as error:
+            if isinstance(error, Timeout):
+                self._events = None  # The connection that they came by is gone, another one is made.
             return outcome_of(error)
 
     def _connection(self) -> Television:

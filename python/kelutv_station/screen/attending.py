@@ -10,6 +10,7 @@ from kelutv_station.report.lines import result_line
 from kelutv_station.run.questions import Question, Questions
 from kelutv_station.run.results import Result
 from kelutv_station.run.station import Station
+from kelutv_station.saying import say
 from kelutv_station.screen.drawing import View, drawing
 from kelutv_station.screen.terminal import Terminal
 
@@ -25,7 +26,7 @@ class Lines:
     def report(self, result: Result) -> None:
         """Prints a result; from any thread."""
         with self._lock:
-            print(result_line(result), flush=True)
+            say(result_line(result), sys.stdout)
 
     def questions_changed(self) -> None:
         """Nobody is asked where nobody can answer."""

@@ -112,15 +112,25 @@ class Lines(Fixture):
         steps = [
             {"name": "slow", "call": "audio.getVolume", "arguments": ["speaker"], "timeout": 0.2},
             {"name": "quick", "call": "audio.getVolume", "arguments": ["headphone"]},
+            {"name": "volume", "call": "audio.setVolume", "arguments": ["speaker", 35]},
+            {"name": "changed", "wait": "volumeChanged"},
         ]
         slow = self.television("--fault", "CMD_AUDIO_GETVOLUME delay 3600s once")
         run = self.run_of(f"PLAN = {{'step': {steps!r}}}\n", {"A1": slow})
         code, output = run.go()
-        self.assertEqual((code, [each["verdict"] for each in run.results()]), (1, ["fail", "pass"]), output)
+        self.assertEqual((code, [each["verdict"] for each in run.results()]), (1, ["fail", "pass", "pass", "pass"]), output)
         units = [{"serial": "A1", "runtime_dir": slow.runtime_dir, "limit": 0.000001}]
         run = self.run_of(f"PLAN = {{'step': {steps!r}, 'unit': {units!r}}}\n", {}, "limited")
         run.go()
-        self.assertEqual([each["reason"] for each in run.results()], ["", "the 1e-06 s of the unit are over"])
+        self.assertEqual(
+            [each["reason"] for each in run.results()],
+            ["", "the 1e-06 s of the unit are over", "behind 'quick': fail", "behind 'quick': fail"])
+
+    def test_go_on_when_nobody_reads(self) -> None:
+        process = self.run_of(LINE, {"A1": self.television()}).start()
+        process.stdout.close()
+        self.assertEqual(process.wait(PATIENCE), 0)
+        self.assertIn("A1", (self.folder / "line" / "line.run" / "results.jsonl").read_text(encoding="utf-8"))
 
     def test_compare_with_a_golden_unit(self) -> None:
         """A third unit has no television."""
