@@ -134,8 +134,9 @@ function(kelutv_group_sources result name)
     foreach(group IN LISTS groups)
         list(LENGTH files number)
         set(file "${CMAKE_CURRENT_BINARY_DIR}/joined/${name}_${number}.cpp")
-        # A name of one source may be that of a local of another.
-        file(CONFIGURE OUTPUT "${file}" CONTENT "#pragma GCC diagnostic ignored \"-Wshadow\"\n#include \"${group}\"\n" @ONLY)
+        # A name of one source may be that of a local of another, and a name of one file is no mistake where none includes it.
+        file(CONFIGURE OUTPUT "${file}" CONTENT "#pragma GCC diagnostic ignored \"-Wshadow\"
+#pragma GCC diagnostic ignored \"-Wsubobject-linkage\"\n#include \"${group}\"\n" @ONLY)
         list(APPEND files "${file}")
     endforeach()
     set(${result} ${files} ${apart} PARENT_SCOPE)
