@@ -21,7 +21,7 @@ int interruptions() {
     if (size != nullptr && std::string(size) == "long") {
         return 200;
     }
-    return std::getenv("KELUTV_EMULATOR") == nullptr ? 4 : 2;
+    return std::getenv("KELUTV_EMULATOR") == nullptr ? 4 : 1;
 }
 
 class InterruptedRuns : public ::testing::Test {
