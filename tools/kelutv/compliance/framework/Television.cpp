@@ -19,7 +19,10 @@ Exchange Television::ask(const Bytes& request, std::uint32_t code) {
     }
     android::Parcel reply;
     Exchange exchange{code, request, 0, {}};
-    mLatencies.push_back(timeOf([&] { exchange.status = service->transact(code, data, &reply, 0); }));
+    const auto time = timeOf([&] { exchange.status = service->transact(code, data, &reply, 0); });
+    if (exchange.status == android::NO_ERROR) {
+        mLatencies.push_back(time);
+    }
     exchange.reply.assign(reply.data(), reply.data() + reply.dataSize());
     mHasLost = mHasLost || exchange.status != android::NO_ERROR;
     mHasDied = mHasDied || exchange.status == android::DEAD_OBJECT;
