@@ -137,12 +137,14 @@ void addComplianceCommand(const Command& program, Context& context) {
     const Subcommand command(
         program, "compliance",
         "Judge the service that answers by all that the catalogue says\n"
-        "Makes thousands of checks of what is read, set and refused. Calls no dangerous function unless\n"
-        "told, and puts back what it sets. Ends with 0 when nothing failed, 1 when something did.\n\n"
+        "Makes thousands of checks of what is read, set, refused and told, of calls at once, and of what its\n"
+        "clients may do to it. Calls no dangerous function unless told, and puts back what it sets.\n"
+        "Ends with 0 when nothing failed, 1 when something did.\n\n"
         "Examples:\n"
         "kelutv compliance\n"
         "kelutv compliance audio --dry-run\n"
         "kelutv compliance form 'state.picture.*'\n"
+        "kelutv compliance -o today.json --html today.html\n"
         "kelutv compliance --put-back kelutv-put-back.json");
     addOptions(command, options);
     compliance::addReportCommands(command, context, [options] { options->isDone = true; });
