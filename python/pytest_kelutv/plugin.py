@@ -98,9 +98,11 @@ def television(request: pytest.FixtureRequest) -> Iterator[kelutv.Television]:
         directory = None if place == DEFAULT else place
     if "recording" in request.fixturenames:
         request.getfixturevalue("recording")
-    with kelutv.Television(runtime_dir=directory, timeout=CONNECTING) as connected:
+    limit = request.config.getoption("--television-timeout")
+    with kelutv.Television(runtime_dir=directory, timeout=limit) as connected:
+        connected.timeout = max(limit, CONNECTING)  # A worker that begins is no call.
         connected.connect()
-        connected.timeout = request.config.getoption("--television-timeout")
+        connected.timeout = limit
         yield connected
 
 

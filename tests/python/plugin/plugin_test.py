@@ -44,10 +44,10 @@ def test_lets_televisions_go_wrong(pytester: pytest.Pytester) -> None:
 
         @pytest.mark.fault("CMD_AUDIO_GETVOLUME delay 60s")
         def test_given_up(television):
-            with pytest.raises(kelutv.Timeout):
+            with pytest.raises(kelutv.Timeout, match="within 1.5 s"):
                 television.audio.get_volume(0)
     """)
-    run(pytester, "--television-timeout", "2", "--strict-markers").assert_outcomes(passed=2)
+    run(pytester, "--television-timeout", "1.5", "--strict-markers").assert_outcomes(passed=2)
 
 
 def test_plays_scenarios(pytester: pytest.Pytester) -> None:
