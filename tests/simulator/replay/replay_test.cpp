@@ -186,6 +186,28 @@ TEST_F(Replayed, LeavesWhatWasNotRecordedWithoutAnAnswer) {
     EXPECT_EQ(client.answers(), "-1\n");
 }
 
+TEST_F(Replayed, KnowsRequestsThatTheCatalogueDoesNotHaveByTheirBytes) {
+    const Bytes unknown = requestOf(0x7FFFFF, {1, 2});
+    const Bytes tooShort = requestOf(0x2009);
+    mFile.call(unknown, replyOf({0, 5})).call(tooShort, replyOf({0, 6})).call({}, replyOf({7}));
+    play({"--unrecorded", "error"});
+    EXPECT_EQ(ask(unknown), replyOf({0, 5}));
+    EXPECT_EQ(ask(tooShort), replyOf({0, 6}));
+    EXPECT_EQ(ask({}), replyOf({7}));
+    EXPECT_EQ(complaints().find("was not recorded"), std::string::npos);
+    EXPECT_EQ(ask(requestOf(0x7FFFFF, {1, 3})), replyOf({-114}));
+    EXPECT_EQ(ask({1, 2, 3, 4}), replyOf({-114}));
+    EXPECT_EQ(ask(kGetVolume), replyOf({-114}));
+    // The platform complains of requests without a token, too.
+    for (const std::string& complaint :
+         {own("command 0x7FFFFF was not recorded"), own("request of 4 bytes was not recorded"),
+          own(std::string(kVolume) + " was not recorded; nearest: CMD_AUDIO_GETVOLUME() of line 3, which differs in "
+                                     "channel")}) {
+        EXPECT_NE(complaints().find(complaint), std::string::npos) << complaint;
+    }
+    EXPECT_EQ(end(), 1);
+}
+
 TEST_F(Replayed, IsEachRecordedThreadsOwnOrder) {
     mFile.in(7, 7).call(setVolume(1), replyOf({0})).in(7, 8).call(kGetMute, replyOf({0, 0}));
     mFile.in(7, 7).call(setVolume(2), replyOf({0})).in(7, 8).call(kGetMute, replyOf({0, 1}));
