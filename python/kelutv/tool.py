@@ -42,17 +42,19 @@ class Tool:
 
     def run(self, *words: str, allowed: Sequence[int] = (0,)) -> str:
         """What a command prints; raises ToolError for an exit code that is not allowed."""
-        command = [program("kelutv"), *words]
+        done = self._run(words)
+        if done.returncode not in allowed:
+            raise _error_of(words, done)
+        return done.stdout
+
+    def _run(self, words: tuple[str, ...]) -> subprocess.CompletedProcess[str]:
         environment = dict(os.environ)
         if self.runtime_dir is not None:
             environment["KQDROID_RUNTIME_DIR"] = str(self.runtime_dir)
-        done = subprocess.run(
-            command, stdin=subprocess.DEVNULL, capture_output=True, text=True, env=environment, timeout=self.timeout,
-            check=False,
+        return subprocess.run(
+            [program("kelutv"), *words], stdin=subprocess.DEVNULL, capture_output=True, text=True, env=environment,
+            timeout=self.timeout, check=False,
         )
-        if done.returncode not in allowed:
-            raise ToolError(words, done.returncode, done.stderr.strip() or done.stdout.strip())
-        return done.stdout
 
     def documents(self, *words: str, allowed: Sequence[int] = (0,)) -> list[Any]:
         """The documents that a command prints with --json."""
@@ -66,9 +68,24 @@ class Tool:
         """What differs between two snapshots, as `kelutv snapshot diff --json` has it."""
         return self.documents("snapshot", "diff", os.fspath(before), os.fspath(after), allowed=(0, 1))
 
+    def compliance(self, report: str | os.PathLike[str], *words: str) -> bool:
+        """Judges the service by the checks that the words choose, all without any; whether nothing failed.
+
+        report: The file that says what became of each check.
+        """
+        command = ("compliance", "-o", os.fspath(report), *words)
+        done = self._run(command)
+        if done.returncode not in (0, 1):
+            raise _error_of(command, done)
+        return done.returncode == 0
+
     def record(self, path: str | os.PathLike[str], *command: str) -> str:
         """Runs a program and records what it sends; what it printed."""
         return self.run("record", "-o", os.fspath(path), "--", *command)
 
     def __repr__(self) -> str:
         return f"<Tool{f' for {self.runtime_dir}' if self.runtime_dir else ''}>"
+
+
+def _error_of(words: tuple[str, ...], done: subprocess.CompletedProcess[str]) -> ToolError:
+    return ToolError(words, done.returncode, done.stderr.strip() or done.stdout.strip())

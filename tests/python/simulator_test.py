@@ -94,6 +94,17 @@ class ToolTest(WithTelevision):
             tool.record(path, tool_path(), "get", "volume")
             self.assertIn("CMD_AUDIO_GETVOLUME", tool.run("recording", "show", str(path)))
 
+    def test_compliance(self) -> None:
+        tool = kelutv.Tool(self.simulator.runtime_dir, timeout=PATIENCE * 3)
+        with tempfile.TemporaryDirectory() as folder:
+            report = Path(folder) / "report.json"
+            self.assertTrue(tool.compliance(report, "form.audio.getVolume*"))
+            self.assertIn("form.audio.getVolume", report.read_text(encoding="utf-8"))
+            self.simulator.fault("CMD_AUDIO_GETVOLUME short 4")
+            self.assertFalse(tool.compliance(report, "form.audio.getVolume*"))
+            with self.assertRaisesRegex(kelutv.ToolError, "exit code 2"):
+                tool.compliance(report, "--nonsense")
+
     def test_a_command_that_fails(self) -> None:
         with self.assertRaises(kelutv.ToolError) as caught:
             kelutv.Tool(self.simulator.runtime_dir).run("call", "audio.setVolume", "speaker", "4711")
