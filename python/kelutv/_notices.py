@@ -5,6 +5,7 @@ from __future__ import annotations
 import select
 import threading
 import time
+import weakref
 from collections import deque
 from collections.abc import Callable
 from typing import NamedTuple, Protocol
@@ -64,20 +65,20 @@ class Hub:
         self._source = source
         self._reading = threading.Lock()
         self._changing = threading.Lock()
-        self._listeners: list[Listener] = []
+        # Who forgets to leave is not held.
+        self._listeners: weakref.WeakSet[Listener] = weakref.WeakSet()
         self.dropped = 0
         self.is_open = True
 
     def listen(self, kind: int, most: int, wake: Callable[[], None] | None = None) -> Listener:
         with self._changing:
             listener = Listener(self, kind, most, wake)
-            self._listeners.append(listener)
+            self._listeners.add(listener)
         return listener
 
     def leave(self, listener: Listener) -> None:
         with self._changing:
-            if listener in self._listeners:
-                self._listeners.remove(listener)
+            self._listeners.discard(listener)
 
     def fileno(self) -> int:
         return self._source.fileno()

@@ -5,6 +5,7 @@ from __future__ import annotations
 import os
 import struct
 import time
+import weakref
 from collections.abc import AsyncIterator, Iterator
 from dataclasses import dataclass
 from types import TracebackType
@@ -152,20 +153,24 @@ class Stream(Generic[Said], Iterator[Said]):
 class AsyncStream(Generic[Said], AsyncIterator[Said]):
     """The same for `async for`, in the loop that it is made in."""
 
+    _is_closed = True
+
     def __init__(self, hub: Hub, kind: int, most: int, timeout: float | None):
         import asyncio  # It takes as long as the rest of the package, and who needs no loop has no use for it.
 
         self._loop = asyncio.get_running_loop()
         self._something = asyncio.Event()
         self._hub = hub
-        self._listener: Listener = hub.listen(kind, most, self._wake)
+        this = weakref.ref(self)
+        self._listener: Listener = hub.listen(kind, most, lambda: _wake(this()))
         self._end = None if timeout is None else self._loop.time() + timeout
-        self._is_closed = False
         # Of its own, so that the loop may know it under this number until the end.
         self._descriptor = os.dup(hub.fileno())
         self._loop.add_reader(self._descriptor, hub.read)
+        self._is_closed = False
 
-    def _wake(self) -> None:
+    def something_came(self) -> None:
+        """Wakes who waits; from any thread."""
         if not self._loop.is_closed():
             self._loop.call_soon_threadsafe(self._something.set)
 
@@ -205,6 +210,10 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
             os.close(self._descriptor)
             self._something.set()
 
+    def __del__(self) -> None:
+        if not self._is_closed:
+            self.close()
+
     async def __aenter__(self) -> AsyncStream[Said]:
         return self
 
@@ -212,3 +221,8 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
         self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
     ) -> None:
         self.close()
+
+
+def _wake(stream: AsyncStream[Any] | None) -> None:
+    if stream is not None:
+        stream.something_came()

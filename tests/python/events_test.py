@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import asyncio
+import os
 import threading
 import time
 import unittest
@@ -119,6 +120,23 @@ class AsyncEventsTest(WithTelevision):
             return await asyncio.gather(*tasks)
 
         self.assertEqual(asyncio.run(both()), [1, 1])
+
+    def test_a_forgotten_stream_leaves_nothing(self) -> None:
+        async def forget() -> None:
+            async for _ in self.tv.events_async(timeout=0.05):
+                pass
+            stream = self.tv.events_async(timeout=PATIENCE)
+            self.simulator.event(OWN)
+            async for _ in stream:
+                break
+
+        self.simulator.clear_faults()
+        with self.tv.events(timeout=0.05) as first:
+            before = len(os.listdir("/proc/self/fd"))
+            asyncio.run(forget())
+            self.tv.events(timeout=PATIENCE)
+            self.assertEqual(len(os.listdir("/proc/self/fd")), before)
+            self.assertEqual(list(first._hub._listeners), [first._listener])
 
 
 IN_PROCESS = """
