@@ -17,6 +17,10 @@ class OpenEnum(IntEnum):
         member._value_ = value
         return member
 
+    def __reduce_ex__(self, protocol: object) -> tuple[type[OpenEnum], tuple[int]]:
+        # By its number: by its name, as some versions do, one without a name is not found again.
+        return type(self), (self._value_,)
+
     @property
     def is_known(self) -> bool:
         """Whether the interface has a name for the number."""
