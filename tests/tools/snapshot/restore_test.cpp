@@ -161,6 +161,19 @@ TEST_F(Snapshots, sayWhatDidNotTake) {
         << brokenOff.output;
 }
 
+TEST_F(Snapshots, areRestoredInFullWhenNothingCanBeWritten) {
+    writeSome("golden.json", {{"audio.soundMode", Json::array({1})},
+                              {"audio.volume[speaker]", Json::array({35})},
+                              {"picture.brightness", Json::array({71})}});
+    const std::string line = toolProgram() + " snapshot restore " + file("golden.json") + " > /dev/full";
+    ChildProcess::Options options;
+    options.captureError = true;
+    ChildProcess shell({"/bin/sh", "-c", line}, options);
+    EXPECT_EQ(shell.exitCode(), 1);
+    EXPECT_NE(shell.error().text().find("No space left on device"), std::string::npos) << shell.error().text();
+    EXPECT_EQ(restore("golden.json", {"--dry-run"}).output, "");
+}
+
 /** Each time it hangs in another call when it is killed, and what was done before stays. */
 TEST_F(Snapshots, areRestoredByTheNextRunWhenOneIsKilled) {
     const std::vector<std::pair<std::string, Json>> golden{{"systemsetting.menuLanguage", Json::array({2})},

@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <set>
 
@@ -35,9 +36,10 @@ Exit sendAll(const ReplayPlan& plan, const Ignored& ignored, const Output& outpu
     return finishReplay(plan, sum, output);
 }
 
-Exit sendAndComplain(const ReplayPlan& plan, const Ignored& ignored, const Output& output) {
+/** What the work ends with, or what ended it, having said so. */
+Exit complaining(const Output& output, const std::function<Exit()>& work) {
     try {
-        return sendAll(plan, ignored, output);
+        return work();
     } catch (const ToolError& error) {
         output.complain(error.what(), error.exit());
         return error.exit();
@@ -54,21 +56,31 @@ std::string notPutBackText(const StatesToSet& states, const std::set<std::string
     return joined(names);
 }
 
+/** Tells of what it did only when all is done, so that nobody who stops reading breaks it off. */
 Exit putBack(const StatesToSet& states, const Output& output) {
     std::set<std::string> done;
+    std::vector<Restored> news;
+    const auto tellNews = [&] {
+        for (const Restored& each : news) {
+            tellRestored(each, false, output);
+        }
+    };
+    std::vector<Restored> all;
     try {
-        const std::vector<Restored> all = restore({states.held, false, kLimit}, [&](const Restored& each) {
+        all = restore({states.held, false, kLimit}, [&](const Restored& each) {
             if (each.isAsWanted()) {
                 done.insert(each.state);
             }
-            tellRestored(each, false, output);
+            news.push_back(each);
         });
-        return finishRestoring(all, 0, false, output);
     } catch (const ToolError& error) {
         output.complain(std::string(error.what()) + "; not known to be as before: " + notPutBackText(states, done),
                         error.exit());
+        tellNews();
         return error.exit();
     }
+    tellNews();
+    return finishRestoring(all, 0, false, output);
 }
 
 Exit worse(Exit one, Exit other) {
@@ -80,12 +92,12 @@ Exit sendAndPutBack(const ReplayPlan& plan, const Ignored& ignored, const Output
     tellLost(states, output);
     Exit exit = Exit::Success;
     const GuardedEnd end =
-        doGuarded([&] { return sendAndComplain(plan, ignored, output); },
+        doGuarded([&] { return complaining(output, [&] { return sendAll(plan, ignored, output); }); },
                   [&](const GuardedEnd& broken) {
                       if (broken.signal != 0) {
                           output.message(std::string("kelutv: not all was sent: ") + ::strsignal(broken.signal));
                       }
-                      exit = putBack(states, output);
+                      exit = complaining(output, [&] { return putBack(states, output); });
                   });
     if (end.signal != 0) {
         std::signal(end.signal, SIG_DFL);

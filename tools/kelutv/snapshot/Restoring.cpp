@@ -9,6 +9,8 @@
 #include "tools/kelutv/snapshot/StateReader.h"
 
 #include <algorithm>
+#include <exception>
+#include <utility>
 
 namespace kelutv::tool {
 
@@ -71,6 +73,33 @@ Restored restoredIn(const HeldState& held, const Finding& finding) {
 }
 
 using Tell = std::function<void(const Restored& restored)>;
+
+/** Tells until that fails, which must not keep what follows from being set. */
+class Teller {
+public:
+    explicit Teller(Tell tell) : mTell(std::move(tell)) {}
+
+    void tell(const Restored& restored) {
+        if (mFailure) {
+            return;
+        }
+        try {
+            mTell(restored);
+        } catch (const ToolError&) {
+            mFailure = std::current_exception();
+        }
+    }
+
+    void throwFailure() const {
+        if (mFailure) {
+            std::rethrow_exception(mFailure);
+        }
+    }
+
+private:
+    const Tell mTell;
+    std::exception_ptr mFailure;
+};
 
 bool isSet(const Restored& restored) { return restored.isAsWanted() && !restored.call.empty(); }
 
@@ -161,8 +190,10 @@ void readAgain(RestoreOrder order, std::vector<Restored>& all, const Tell& tell)
 
 } // namespace
 
-std::vector<Restored> restore(const RestoreOrder& order, const Tell& tell) {
+std::vector<Restored> restore(const RestoreOrder& order, const Tell& hear) {
     constexpr int kMostRounds = 4;
+    Teller teller(hear);
+    const Tell tell = [&teller](const Restored& restored) { teller.tell(restored); };
     RestoreOrder sorted = order;
     std::stable_sort(sorted.states.begin(), sorted.states.end(),
                      [](const HeldState& left, const HeldState& right) { return turnOf(left) < turnOf(right); });
@@ -174,6 +205,7 @@ std::vector<Restored> restore(const RestoreOrder& order, const Tell& tell) {
     if (isUnsettled) {
         readAgain(sorted, all, tell);
     }
+    teller.throwFailure();
     return all;
 }
 

@@ -38,7 +38,8 @@ struct RestoreOrder {
  * since setting one state may change another. Reads everything itself, so that it can be broken off anywhere and made
  * again. This process must not have used the library yet.
  *
- * @param tell hears of each state that is set, or would be, at once, and before an error of each that is not as wanted
+ * @param tell hears of each state that is set, or would be, at once, and before an error of each that is not as wanted;
+ * when it fails it hears no more, and what it threw is thrown once all is set
  * @return what became of each state, in the order in which they were set
  * @throws LinkError when there is no service or it is gone, ToolError when nothing is answered any longer
  */
