@@ -60,6 +60,10 @@ protected:
 
     static std::string volume() { return runTool({"get", "volume"}).output; }
 
+    static std::string states() {
+        return volume() + runTool({"get", "mute"}).output + runTool({"get", "brightness"}).output;
+    }
+
     ChildProcess& television() { return *mTelevision; }
 
 private:
@@ -86,10 +90,12 @@ TEST_F(RecordingReplay, agreesWithTheRecordingsThatAreKept) {
         turnOn();
         const ToolRun run = runTool({"recording", "replay", entry.path()});
         EXPECT_EQ(run.exit, 0) << entry.path() << '\n' << run.output << run.error;
+        const std::size_t calls = all<recording::Transaction>(recording::linesOfFile(entry.path())).size();
+        EXPECT_EQ(run.error, "kelutv: 0 differences in " + std::to_string(calls) + " calls\n") << entry.path();
         EXPECT_EQ(runTool({"recording", "diff", entry.path(), entry.path()}).exit, 0) << entry.path();
         ++count;
     }
-    EXPECT_GT(count, 0U);
+    EXPECT_EQ(count, 4U);
 }
 
 TEST_F(RecordingReplay, namesWhatIsAnsweredOtherwise) {
@@ -199,6 +205,25 @@ TEST_F(RecordingReplay, putsBackWhatItSet) {
     EXPECT_EQ(volume(), "12\n");
 }
 
+/** What cannot be told does not keep a state from being put back. */
+TEST_F(RecordingReplay, putsAllBackWhenNothingCanBeWritten) {
+    // The volume, the mute and the brightness.
+    const std::string text = headerLine() + setLine(1, 35) +
+                             lineOf({2, wordDigits(0x200A) + wordDigits(0) + wordDigits(1) + wordDigits(0)}) +
+                             lineOf({3, wordDigits(0x1004) + wordDigits(71)});
+    const std::string before = states();
+    const std::string line = toolProgram() + " recording replay " + written(text) + " --restore > /dev/full";
+    ChildProcess::Options options;
+    options.captureError = true;
+    ChildProcess shell({"/bin/sh", "-c", line}, options);
+    EXPECT_EQ(shell.exitCode(), 1);
+    EXPECT_NE(shell.error().text().find("kelutv: 0 differences in 3 calls\n"), std::string::npos)
+        << shell.error().text();
+    EXPECT_NE(shell.error().text().find("No space left on device"), std::string::npos) << shell.error().text();
+    EXPECT_EQ(shell.error().text().find("not known"), std::string::npos) << shell.error().text();
+    EXPECT_EQ(states(), before);
+}
+
 TEST_F(RecordingReplay, saysWhatCannotBePutBack) {
     // CMD_AUDIO_RESTORESOUNDSETS sets back much that the catalogue does not name.
     const ToolRun run = replay(headerLine() + lineOf({1, wordDigits(0x204A)}),
@@ -206,6 +231,11 @@ TEST_F(RecordingReplay, saysWhatCannotBePutBack) {
     EXPECT_EQ(run.exit, 0) << run.output;
     EXPECT_EQ(run.error.substr(0, run.error.find('\n')),
               "kelutv: cannot be put back: CMD_AUDIO_RESTORESOUNDSETS (the catalogue has no state that it sets)");
+    const ToolRun unknown = replay(headerLine() + lineOf({1, wordDigits(0x7fffffff), "9affffff"}),
+                                   {"--restore", "--allow-dangerous", "any"});
+    EXPECT_EQ(unknown.exit, 0) << unknown.output;
+    EXPECT_EQ(unknown.error.substr(0, unknown.error.find('\n')),
+              "kelutv: cannot be put back: command 0x7FFFFFFF (the catalogue does not know what it does)");
 }
 
 TEST_F(RecordingReplay, putsBackWhenASignalEndsIt) {

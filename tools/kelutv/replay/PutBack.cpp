@@ -4,7 +4,6 @@
 #include "tools/kelutv/snapshot/StateRules.h"
 #include "tools/kelutv/snapshot/StateText.h"
 #include "tools/kelutv/snapshot/Taking.h"
-#include "wire/text/Describe.h"
 
 #include <algorithm>
 #include <set>
@@ -16,8 +15,7 @@ namespace {
 /** The states that are set, each with its keys. */
 using States = std::map<std::string, const wire::StateKey*>;
 
-bool changes(const wire::Request& request) {
-    const std::vector<wire::Effect> effects = effectsOf(request);
+bool anyChanges(const std::vector<wire::Effect>& effects) {
     return std::any_of(effects.begin(), effects.end(), [](const wire::Effect& effect) {
         return effect.kind == wire::EffectKind::Set || effect.kind == wire::EffectKind::Action;
     });
@@ -25,16 +23,20 @@ bool changes(const wire::Request& request) {
 
 /** Puts the state that the request sets to the states, or else what it changes to what is lost. */
 void add(const wire::Request& request, States& states, std::map<std::string, std::string>& lost) {
-    const wire::StateRule& rule = operationFor(request).rule;
-    if (request.refusal || !changes(request)) {
+    const std::vector<wire::Effect> effects = effectsOf(request);
+    if (effects.empty()) {
+        lost.emplace(requestNameOf(request), "the catalogue does not know what it does");
         return;
     }
+    if (request.refusal || !anyChanges(effects)) {
+        return;
+    }
+    const wire::StateRule& rule = operationFor(request).rule;
     if (rule.access == wire::StateRule::Access::Set) {
         states.emplace(stateText(*rule.key, wire::valuesOf(rule.indexes, request.arguments)), rule.key);
         return;
     }
-    const std::string item = wire::itemNameOf(request);
-    lost.emplace(item.empty() ? request.command->name : item, "the catalogue has no state that it sets");
+    lost.emplace(requestNameOf(request), "the catalogue has no state that it sets");
 }
 
 /** Everything that reads one of the states, under all keys. */

@@ -19,11 +19,6 @@ bool mayDoHarm(const wire::Request& request) {
            std::any_of(effects.begin(), effects.end(), [](const wire::Effect& effect) { return effect.isDangerous; });
 }
 
-std::string nameOf(const wire::Request& request) {
-    const std::string item = wire::itemNameOf(request);
-    return !item.empty() ? item : request.command != nullptr ? request.command->name : wire::describe(request);
-}
-
 class Planner {
 public:
     explicit Planner(const ReplayChoice& choice)
@@ -36,7 +31,7 @@ public:
         } else if (call.happening.number != 0) {
             ++plan.unanswered;
         } else if (mayDoHarm(request) && !matchesAny(mDangerous, request)) {
-            ++plan.dangerous[nameOf(request)];
+            ++plan.dangerous[requestNameOf(request)];
         } else {
             plan.calls.push_back(std::move(call));
         }
@@ -50,6 +45,11 @@ private:
 };
 
 } // namespace
+
+std::string requestNameOf(const wire::Request& request) {
+    const std::string item = wire::itemNameOf(request);
+    return !item.empty() ? item : request.command != nullptr ? request.command->name : wire::describe(request);
+}
 
 std::vector<wire::Effect> effectsOf(const wire::Request& request) {
     std::vector<wire::Effect> effects;

@@ -22,6 +22,9 @@ struct RecordedCall {
 /** What the functions that send such a request do, but for those that hand on any item; empty when there is none. */
 std::vector<wire::Effect> effectsOf(const wire::Request& request);
 
+/** Of the item, else of the command; what stands in the request where the catalogue has neither. */
+std::string requestNameOf(const wire::Request& request);
+
 /** What is to be sent of a recording. */
 struct ReplayChoice {
     /** Patterns of requests; all without one. */
