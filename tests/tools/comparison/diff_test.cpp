@@ -174,6 +174,27 @@ TEST(RecordingDiff, leavesOutWhatIsIgnored) {
               4U);
 }
 
+/** What is ignored does not say which call stands for which, either. */
+TEST(RecordingDiff, alignsWithoutTheValuesThatAreIgnored) {
+    std::string first = headerLine();
+    std::string second = headerLine();
+    for (int i = 1; i <= 3; ++i) {
+        const auto volume = static_cast<std::uint32_t>(i);
+        first += setLine(3 * i, volume) + volumeEventLine(3 * i + 1, volume) + getLine(3 * i + 2, volume);
+        second += setLine(3 * i, volume + 1) + volumeEventLine(3 * i + 1, volume + 1) + getLine(3 * i + 2, volume + 1);
+    }
+    const Words shifted{"--ignore", "any:v*", "--ignore", "volumeChanged:volume"};
+    EXPECT_EQ(differences(first, second, shifted), Words());
+    // What is not ignored is found all the same.
+    EXPECT_EQ(
+        differences(first,
+                    replaced(second, setVolumeWords(3), setVolumeWords(3).substr(0, 8) + wordDigits(1) + wordDigits(3)),
+                    shifted),
+        Words{"A:5 B:5 changed " + setText("2") +
+              " -> 0: channel 0 KELU_TV_AUDIO_CHANNEL_SPEAKER -> 1 KELU_TV_AUDIO_CHANNEL_HEADPHONE"});
+    EXPECT_EQ(differences(first, second + getLine(20, 9), shifted), Words{"B:11 added " + getText() + " -> 0: 9"});
+}
+
 TEST(RecordingDiff, tellsOfDurationsBeyondAFactor) {
     const auto text = [](int microseconds) {
         return headerLine() + lineOf({1, setVolumeWords(35), "00000000", microseconds});

@@ -79,14 +79,21 @@ bool Ignored::has(const Happening& happening) const {
                        [&happening](const Rule& rule) { return !rule.value && rule.means(happening); });
 }
 
-void Ignored::takeFrom(std::vector<ValueDifference>& differences, const Happening& happening) const {
+std::vector<wire::Pattern> Ignored::valuesOf(const Happening& happening) const {
+    std::vector<wire::Pattern> values;
     for (const Rule& rule : mRules) {
         if (rule.value && rule.means(happening)) {
-            differences.erase(
-                std::remove_if(differences.begin(), differences.end(),
-                               [&rule](const ValueDifference& each) { return rule.value->matches(each.name); }),
-                differences.end());
+            values.push_back(*rule.value);
         }
+    }
+    return values;
+}
+
+void Ignored::takeFrom(std::vector<ValueDifference>& differences, const Happening& happening) const {
+    for (const wire::Pattern& value : valuesOf(happening)) {
+        differences.erase(std::remove_if(differences.begin(), differences.end(),
+                                         [&value](const ValueDifference& each) { return value.matches(each.name); }),
+                          differences.end());
     }
 }
 

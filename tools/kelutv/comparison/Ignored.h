@@ -24,6 +24,9 @@ public:
     /** Whether it is passed over as a whole. */
     bool has(const Happening& happening) const;
 
+    /** The names of its values that are passed over. */
+    std::vector<wire::Pattern> valuesOf(const Happening& happening) const;
+
     /** Takes away the differences that are passed over. @param happening that has them */
     void takeFrom(std::vector<ValueDifference>& differences, const Happening& happening) const;
 

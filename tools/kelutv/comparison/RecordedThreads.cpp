@@ -29,7 +29,7 @@ public:
 
 private:
     bool isIgnored(const Token& token) {
-        const auto [place, isNew] = mIsIgnored.emplace(token.whole, false);
+        const auto [place, isNew] = mIsIgnored.emplace(token.happening, false);
         if (isNew) {
             place->second = mIgnored.has(mVocabulary.happeningOf(token));
         }

@@ -96,7 +96,7 @@ private:
         std::vector<ValueDifference> differences;
         const Token& token = mPair.first->tokens[first];
         const Token& other = mPair.second->tokens[second];
-        if (token.whole != other.whole) {
+        if (token.happening != other.happening) {
             differences = differencesOf(mVocabulary.happeningOf(token), mVocabulary.happeningOf(other));
         }
         addDuration(mPair.first->steps[first].duration, mPair.second->steps[second].duration, differences);
@@ -125,7 +125,7 @@ private:
 
 ComparisonSum compareRecordings(const ComparisonOrder& order, const Tell& tell) {
     const Ignored ignored("--ignore", order.ignored);
-    Vocabulary vocabulary;
+    Vocabulary vocabulary(ignored);
     const RecordedThreads first = threadsOf(order.first, ignored, vocabulary);
     const RecordedThreads second = threadsOf(order.second, ignored, vocabulary);
     ComparisonSum sum;

@@ -20,43 +20,7 @@ using Differences = std::vector<ValueDifference>;
 /** More values of a block are told of as the whole block. */
 constexpr std::size_t kMostOfBlock = 8;
 
-/** A value with a name that no other one of its place has. */
-struct Part {
-    std::string name;
-    NamedValue value;
-};
-
-std::vector<Part> partsOf(const std::vector<NamedValue>& values) {
-    std::map<std::string, std::size_t> counts;
-    std::vector<Part> parts;
-    for (const NamedValue& value : values) {
-        const std::string name = value.name != nullptr ? value.name : "value";
-        const std::size_t count = ++counts[name];
-        parts.push_back({count == 1 ? name : name + ' ' + std::to_string(count), value});
-    }
-    return parts;
-}
-
-std::vector<NamedValue> eventFieldsOf(const Happening& event) {
-    const ReceivedEvent received{{}, identifierOf(event), event.bytes};
-    std::vector<NamedValue> values;
-    for (const wire::PayloadValue& field : KnownEvent(received, recordedEvents()).fields) {
-        values.push_back({field.name, field.encoding, field.names, {field.value}});
-    }
-    return values;
-}
-
 Json valueIn(const NamedValue& value) { return documentOf(value).at("value"); }
-
-std::string textIn(const NamedValue& value) { return wire::describe(value.values, value.encoding, value.names); }
-
-NamedValue elementOf(const NamedValue& block, std::size_t index) {
-    // A block of one is in brackets, an element is not.
-    const auto encoding = std::holds_alternative<double>(block.values[index])         ? wire::Encoding::Double
-                          : std::holds_alternative<std::int32_t>(block.values[index]) ? wire::Encoding::Int32
-                                                                                      : block.encoding;
-    return {block.name, encoding, block.names, {block.values[index]}};
-}
 
 /** The elements that differ of two blocks of one length; none when these are too many or the whole block differs. */
 std::vector<std::size_t> differingElements(const NamedValue& first, const NamedValue& second) {
@@ -92,7 +56,7 @@ public:
         }
         const std::vector<std::size_t> elements = differingElements(first, second);
         for (const std::size_t index : elements) {
-            addValue(name + '[' + std::to_string(index) + ']', elementOf(first, index), elementOf(second, index));
+            addValue(elementName(name, index), elementOf(first, index), elementOf(second, index));
         }
         if (elements.empty()) {
             addValue(name, first, second);
@@ -209,6 +173,40 @@ void compareEvents(const Happening& first, const Happening& second, Differences&
 }
 
 } // namespace
+
+std::vector<Part> partsOf(const std::vector<NamedValue>& values) {
+    std::map<std::string, std::size_t> counts;
+    std::vector<Part> parts;
+    for (const NamedValue& value : values) {
+        const std::string name = value.name != nullptr ? value.name : "value";
+        const std::size_t count = ++counts[name];
+        parts.push_back({count == 1 ? name : name + ' ' + std::to_string(count), value});
+    }
+    return parts;
+}
+
+std::vector<NamedValue> eventFieldsOf(const Happening& event) {
+    const ReceivedEvent received{{}, identifierOf(event), event.bytes};
+    std::vector<NamedValue> values;
+    for (const wire::PayloadValue& field : KnownEvent(received, recordedEvents()).fields) {
+        values.push_back({field.name, field.encoding, field.names, {field.value}});
+    }
+    return values;
+}
+
+NamedValue elementOf(const NamedValue& block, std::size_t index) {
+    // A block of one is in brackets, an element is not.
+    const auto encoding = std::holds_alternative<double>(block.values[index])         ? wire::Encoding::Double
+                          : std::holds_alternative<std::int32_t>(block.values[index]) ? wire::Encoding::Int32
+                                                                                      : block.encoding;
+    return {block.name, encoding, block.names, {block.values[index]}};
+}
+
+std::string elementName(const std::string& block, std::size_t index) {
+    return block + '[' + std::to_string(index) + ']';
+}
+
+std::string textIn(const NamedValue& value) { return wire::describe(value.values, value.encoding, value.names); }
 
 Differences differencesOf(const Happening& first, const Happening& second) {
     Differences found;

@@ -3,10 +3,29 @@
 #include "tools/kelutv/comparison/Happening.h"
 #include "tools/kelutv/output/Json.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace kelutv::tool {
+
+/** A value with a name that no other one of its place has. */
+struct Part {
+    std::string name;
+    NamedValue value;
+};
+
+/** The values of one place; `vol 2` is the second one of a name. */
+std::vector<Part> partsOf(const std::vector<NamedValue>& values);
+
+std::vector<NamedValue> eventFieldsOf(const Happening& event);
+
+/** A value of a block, and what it is called. @{ */
+NamedValue elementOf(const NamedValue& block, std::size_t index);
+std::string elementName(const std::string& block, std::size_t index);
+/** @} */
+
+std::string textIn(const NamedValue& value);
 
 /** A value that two happenings of one kind do not have alike. */
 struct ValueDifference {

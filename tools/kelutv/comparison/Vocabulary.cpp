@@ -6,28 +6,6 @@ namespace {
 
 using Kind = Happening::Kind;
 
-void append(std::string& text, const recording::Bytes& bytes) {
-    text += std::to_string(bytes.size()) + ':';
-    text.append(bytes.begin(), bytes.end());
-}
-
-std::string requestKey(const Happening& happening) {
-    std::string key(1, static_cast<char>('0' + static_cast<int>(happening.kind)));
-    if (happening.kind == Kind::Event) {
-        key += std::to_string(happening.number) + ';';
-    }
-    key += happening.hasToken ? 't' : '-';
-    append(key, happening.token);
-    append(key, happening.bytes);
-    return key;
-}
-
-std::string wholeKey(const Happening& happening, std::string key) {
-    key += std::to_string(happening.number) + ';';
-    append(key, happening.reply);
-    return key;
-}
-
 std::string subjectKey(const Happening& happening) {
     if (happening.kind != Kind::Call) {
         return (happening.kind == Kind::Event ? "event " : "loss ") + std::to_string(happening.number);
@@ -49,21 +27,31 @@ std::uint32_t numberOf(std::unordered_map<std::string, std::uint32_t>& numbers, 
 } // namespace
 
 Token Vocabulary::tokenOf(const Happening& happening) {
-    const std::string request = requestKey(happening);
-    const std::uint32_t whole = numberOf(mWholes, wholeKey(happening, request));
-    if (whole == mTokens.size()) {
-        mTokens.push_back(newTokenOf(happening, request));
+    const ComparedKeys exact = keysOf(happening);
+    const std::uint32_t number = numberOf(mExact, exact.whole);
+    if (number == mTokens.size()) {
+        mTokens.push_back(newTokenOf(happening, exact));
         mHappenings.push_back(happening);
     }
-    return mTokens[whole];
+    return mTokens[number];
 }
 
-Token Vocabulary::newTokenOf(const Happening& happening, const std::string& request) {
-    const std::uint32_t number = numberOf(mRequests, request);
-    if (number == mSubjectsOfRequests.size()) {
+Token Vocabulary::newTokenOf(const Happening& happening, const ComparedKeys& exact) {
+    const auto number = static_cast<std::uint32_t>(mTokens.size());
+    const std::vector<wire::Pattern> ignored = mIgnored.valuesOf(happening);
+    std::uint32_t whole = number;
+    std::uint32_t request = 0;
+    if (ignored.empty()) {
+        request = numberOf(mRequests, exact.request);
+    } else {
+        const ComparedKeys keys = keysOf(happening, subjectKey(happening), ignored);
+        whole = mWholes.emplace(keys.whole, number).first->second;
+        request = numberOf(mRequests, keys.request);
+    }
+    if (request == mSubjectsOfRequests.size()) {
         mSubjectsOfRequests.push_back(numberOf(mSubjects, subjectKey(happening)));
     }
-    return {static_cast<std::uint32_t>(mTokens.size()), number, mSubjectsOfRequests[number]};
+    return {whole, request, mSubjectsOfRequests[request], number};
 }
 
 } // namespace kelutv::tool
