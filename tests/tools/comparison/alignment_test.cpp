@@ -1,4 +1,5 @@
 #include "tools/kelutv/comparison/Alignment.h"
+#include "tools/kelutv/comparison/ThreadPairs.h"
 
 #include <gtest/gtest.h>
 
@@ -109,6 +110,29 @@ TEST(Alignment, findsALargeBlockThatIsMissing) {
         const std::vector<Aligned> aligned = tool::align(all, part);
         expectWhole(aligned, all.size(), part.size());
         EXPECT_EQ(pairsIn(aligned), part.size() - 2) << different;
+    }
+}
+
+/** Threads that have done nothing in full alike, each of a subject of its own. */
+tool::RecordedThreads threadsOf(std::uint32_t count, bool isReversed) {
+    tool::RecordedThreads threads;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::uint32_t request = i + (isReversed ? count : 0);
+        threads.threads.push_back({1, 1, {{request, request, isReversed ? count - 1 - i : i}}, {}});
+    }
+    return threads;
+}
+
+TEST(ThreadPairs, areFoundByWhatWasDoneUpToABoundOfMemory) {
+    for (const std::uint32_t count : {100U, 2001U}) {
+        const tool::RecordedThreads first = threadsOf(count, false);
+        const tool::RecordedThreads second = threadsOf(count, true);
+        const std::vector<tool::ThreadPair> pairs = tool::pairsOf(first, second);
+        ASSERT_EQ(pairs.size(), count);
+        for (std::uint32_t i = 0; i < count; ++i) {
+            ASSERT_EQ(pairs[i].first, &first.threads[i]);
+            ASSERT_EQ(pairs[i].second, &second.threads[count == 100 ? count - 1 - i : i]) << count;
+        }
     }
 }
 

@@ -9,8 +9,11 @@ namespace kelutv::tool {
 
 namespace {
 
-/** Of more looks at what two threads have in common the threads are taken in their order. */
-constexpr std::size_t kMostLooks = 100'000'000;
+/** Of more looks at what two threads have in common, or more pairs of threads, the threads are taken in their order. @{
+ */
+constexpr std::uint64_t kMostLooks = 100'000'000;
+constexpr std::uint64_t kMostPairs = 4'000'000;
+/** @} */
 
 using Indexes = std::vector<std::size_t>;
 using Numbers = std::vector<std::uint32_t>;
@@ -123,8 +126,8 @@ private:
         return doings;
     }
 
-    static std::size_t sizeOf(const std::vector<Doings>& all) {
-        std::size_t size = 0;
+    static std::uint64_t sizeOf(const std::vector<Doings>& all) {
+        std::uint64_t size = 0;
         for (const Doings& each : all) {
             size += each.requests.size();
         }
@@ -137,7 +140,8 @@ private:
         const Indexes second = restOfSecond();
         const std::vector<Doings> left = doingsOf(mFirst, first);
         const std::vector<Doings> right = doingsOf(mSecond, second);
-        if (sizeOf(left) * right.size() + sizeOf(right) * left.size() > kMostLooks) {
+        if (std::uint64_t{left.size()} * right.size() > kMostPairs ||
+            sizeOf(left) * right.size() + sizeOf(right) * left.size() > kMostLooks) {
             matchByOrder(first, second);
             return;
         }
