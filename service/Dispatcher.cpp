@@ -3,6 +3,8 @@
 #include "service/ReplyForm.h"
 #include "wire/text/Shown.h"
 
+#include <cxxabi.h>
+
 #include <algorithm>
 #include <new>
 #include <stdexcept>
@@ -39,11 +41,14 @@ void Dispatcher::handle(const std::string& module, Handler handler) {
     mHandlers.insert_or_assign(module, std::move(handler));
 }
 
-wire::Reply Dispatcher::answer(const wire::Request& request) {
+std::optional<wire::Reply> Dispatcher::answer(const wire::Request& request) {
     if (request.refusal) {
-        return wire::replyTo(*request.refusal);
+        return mHasEnded ? std::nullopt : std::optional(wire::replyTo(*request.refusal));
     }
     const std::lock_guard<std::mutex> lock(mMutex);
+    if (mHasEnded) {
+        return std::nullopt;
+    }
     try {
         wire::Reply reply = carryOut(request);
         const std::string flaw = flawOf(request, reply);
@@ -52,6 +57,11 @@ wire::Reply Dispatcher::answer(const wire::Request& request) {
         throw;
     } catch (const std::exception& error) {
         return failure(request, error.what());
+    } catch (const abi::__forced_unwind&) {
+        // The thread ends.
+        throw;
+    } catch (...) {
+        return failure(request, "the handler threw what is no std::exception");
     }
 }
 
@@ -63,11 +73,11 @@ void Dispatcher::end() {
 
 android::status_t Dispatcher::serve(const wire::Request& request, const android::Parcel& /*data*/,
                                     android::Parcel* reply) {
-    const wire::Reply answered = answer(request);
-    if (mHasEnded) {
+    const std::optional<wire::Reply> answered = answer(request);
+    if (!answered) {
         return android::DEAD_OBJECT;
     }
-    return reply != nullptr ? wire::writeReply(answered, *reply) : android::NO_ERROR;
+    return reply != nullptr ? wire::writeReply(*answered, *reply) : android::NO_ERROR;
 }
 
 wire::Reply Dispatcher::carryOut(const wire::Request& request) {

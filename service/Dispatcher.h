@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -25,8 +26,8 @@ public:
     /** @throws std::invalid_argument for a module without commands */
     void handle(const std::string& module, Handler handler);
 
-    /** The answer to a request as it goes over the wire. */
-    wire::Reply answer(const wire::Request& request);
+    /** The answer to a request as it goes over the wire; nothing from `end` on. */
+    std::optional<wire::Reply> answer(const wire::Request& request);
 
     /** Waits for the handler that runs, and calls none from now on: requests find a service that is gone. */
     void end();

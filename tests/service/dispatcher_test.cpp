@@ -8,9 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include <pthread.h>
+
+#include <atomic>
+#include <future>
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <thread>
 
 namespace kelutv::service {
 
@@ -26,7 +31,7 @@ constexpr std::int32_t kFailed = -113;
 
 class DispatcherTest : public ::testing::Test {
 protected:
-    wire::Reply ask(const test::Bytes& bytes) { return mDispatcher->answer(read(bytes)); }
+    wire::Reply ask(const test::Bytes& bytes) { return mDispatcher->answer(read(bytes)).value(); }
 
     /** Lets a handler of the sound carry out one request, and gives what is answered. */
     wire::Reply askAudio(const test::Bytes& bytes, const Handler& handler) {
@@ -120,7 +125,47 @@ TEST_F(DispatcherTest, outlivesAHandlerThatThrows) {
     EXPECT_EQ(askAudio(request, [](const Request&, Events&) -> Reply { throw std::runtime_error("no mixer"); }).result,
               kFailed);
     EXPECT_EQ(mComplaints, std::vector<std::string>{"CMD_AUDIO_GETVOLUME was not answered: no mixer"});
+    EXPECT_EQ(askAudio(request, [](const Request&, Events&) -> Reply { throw 5; }).result, kFailed);
+    EXPECT_EQ(mComplaints.back(), "CMD_AUDIO_GETVOLUME was not answered: the handler threw what is no std::exception");
     EXPECT_EQ(askAudio(request, [](const Request&, Events&) { return Reply::of({20}); }).result, 0);
+}
+
+TEST_F(DispatcherTest, letsAThreadEndInAHandler) {
+    const auto request = requestOf(CMD_AUDIO_GETVOLUME, {0});
+    std::thread([&] { askAudio(request, [](const Request&, Events&) -> Reply { ::pthread_exit(nullptr); }); }).join();
+    EXPECT_TRUE(mComplaints.empty());
+    EXPECT_EQ(askAudio(request, [](const Request&, Events&) { return Reply::of({20}); }).result, 0);
+}
+
+/** Whoever is told that the service is gone may ask the next one again, so that must not have been done. */
+TEST(DispatcherEnd, answersWhatWasCarriedOutAndNothingElse) {
+    const android::String16 interface("android.ITVBaseService");
+    const auto ask = [&interface](const android::sp<Dispatcher>& dispatcher) {
+        android::Parcel data;
+        android::Parcel reply;
+        data.writeInterfaceToken(interface);
+        data.writeInt32(CMD_AUDIO_SETVOLUME);
+        data.writeInt32(0);
+        data.writeInt32(35);
+        return dispatcher->transact(android::IBinder::FIRST_CALL_TRANSACTION, data, &reply);
+    };
+    for (int round = 0; round < 50; ++round) {
+        const android::sp<Dispatcher> dispatcher =
+            new Dispatcher(std::make_shared<KeptEvents>(), [](const std::string&) {});
+        std::atomic<int> carriedOut{0};
+        std::promise<void> begun;
+        dispatcher->handle("audio", [&](const Request&, Events&) {
+            ++carriedOut;
+            begun.set_value();
+            return Reply::done();
+        });
+        std::future<android::status_t> status = std::async(std::launch::async, [&] { return ask(dispatcher); });
+        begun.get_future().wait();
+        dispatcher->end();
+        EXPECT_EQ(status.get(), android::NO_ERROR);
+        EXPECT_EQ(ask(dispatcher), android::DEAD_OBJECT);
+        EXPECT_EQ(carriedOut, 1);
+    }
 }
 
 TEST_F(DispatcherTest, leavesLackOfMemoryToTheRuntime) {
