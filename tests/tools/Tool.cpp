@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
 #include <cstdlib>
 
 namespace kelutv::test {
@@ -41,6 +45,21 @@ ToolRun runTool(std::vector<std::string> arguments, const std::vector<std::strin
     const auto exit = process->exitCode(3 * kPatience);
     EXPECT_TRUE(exit.has_value()) << "the tool was ended by a signal or did not end";
     return {exit.value_or(-1), process->output().text(), process->error().text()};
+}
+
+ToolRun runToolOnFullDevice(std::vector<std::string> arguments) {
+    ChildProcess::Options options;
+    options.captureError = true;
+    arguments.insert(arguments.begin(), toolProgram());
+    std::fflush(stdout);
+    const int own = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
+    const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+    EXPECT_EQ(::dup2(full, STDOUT_FILENO), STDOUT_FILENO);
+    ChildProcess process(std::move(arguments), options);
+    EXPECT_EQ(::dup2(own, STDOUT_FILENO), STDOUT_FILENO);
+    ::close(full);
+    ::close(own);
+    return {process.exitCode(3 * kPatience).value_or(-1), "", process.error().text()};
 }
 
 std::string usageError(const std::string& command, const std::string& message) {

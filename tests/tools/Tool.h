@@ -32,6 +32,9 @@ std::string tokenDigits();
  */
 ToolRun runTool(std::vector<std::string> arguments, const std::vector<std::string>& environment = {});
 
+/** Runs `kelutv` with a standard output to which nothing can be written. */
+ToolRun runToolOnFullDevice(std::vector<std::string> arguments);
+
 /** Starts `kelutv` with its output and its messages caught; the test waits for its end. */
 std::unique_ptr<ChildProcess> startTool(std::vector<std::string> arguments,
                                         const std::vector<std::string>& environment = {});

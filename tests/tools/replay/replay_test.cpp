@@ -212,15 +212,11 @@ TEST_F(RecordingReplay, putsAllBackWhenNothingCanBeWritten) {
                              lineOf({2, wordDigits(0x200A) + wordDigits(0) + wordDigits(1) + wordDigits(0)}) +
                              lineOf({3, wordDigits(0x1004) + wordDigits(71)});
     const std::string before = states();
-    const std::string line = toolProgram() + " recording replay " + written(text) + " --restore > /dev/full";
-    ChildProcess::Options options;
-    options.captureError = true;
-    ChildProcess shell({"/bin/sh", "-c", line}, options);
-    EXPECT_EQ(shell.exitCode(), 1);
-    EXPECT_NE(shell.error().text().find("kelutv: 0 differences in 3 calls\n"), std::string::npos)
-        << shell.error().text();
-    EXPECT_NE(shell.error().text().find("No space left on device"), std::string::npos) << shell.error().text();
-    EXPECT_EQ(shell.error().text().find("not known"), std::string::npos) << shell.error().text();
+    const ToolRun run = runToolOnFullDevice(words(text, {"--restore"}));
+    EXPECT_EQ(run.exit, 1);
+    EXPECT_NE(run.error.find("kelutv: 0 differences in 3 calls\n"), std::string::npos) << run.error;
+    EXPECT_NE(run.error.find("No space left on device"), std::string::npos) << run.error;
+    EXPECT_EQ(run.error.find("not known"), std::string::npos) << run.error;
     EXPECT_EQ(states(), before);
 }
 

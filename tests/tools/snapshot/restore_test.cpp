@@ -165,12 +165,9 @@ TEST_F(Snapshots, areRestoredInFullWhenNothingCanBeWritten) {
     writeSome("golden.json", {{"audio.soundMode", Json::array({1})},
                               {"audio.volume[speaker]", Json::array({35})},
                               {"picture.brightness", Json::array({71})}});
-    const std::string line = toolProgram() + " snapshot restore " + file("golden.json") + " > /dev/full";
-    ChildProcess::Options options;
-    options.captureError = true;
-    ChildProcess shell({"/bin/sh", "-c", line}, options);
-    EXPECT_EQ(shell.exitCode(), 1);
-    EXPECT_NE(shell.error().text().find("No space left on device"), std::string::npos) << shell.error().text();
+    const ToolRun run = runToolOnFullDevice({"snapshot", "restore", file("golden.json")});
+    EXPECT_EQ(run.exit, 1);
+    EXPECT_NE(run.error.find("No space left on device"), std::string::npos) << run.error;
     EXPECT_EQ(restore("golden.json", {"--dry-run"}).output, "");
 }
 
