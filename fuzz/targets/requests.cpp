@@ -20,7 +20,7 @@ namespace {
 using android::Parcel;
 
 /** Has the lines of a trace made. */
-class Reader : public simulator::Watcher {
+class TraceMaker : public simulator::Watcher {
 public:
     void served(const simulator::Served& served) override {
         simulator::describe(served.caller, served.request, served.reply);
@@ -63,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace kelutv;
     fuzz::Input input(data, size);
     const android::sp<simulator::Service> service = new simulator::Service(
-        {std::make_shared<fuzz::Reader>()}, fuzz::standardConfiguration(), simulator::EepStore(), "");
+        {std::make_shared<fuzz::TraceMaker>()}, fuzz::standardConfiguration(), simulator::EepStore(), "");
     while (!input.isEmpty()) {
         android::Parcel request;
         fuzz::readRequest(input, request);
