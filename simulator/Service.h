@@ -5,6 +5,7 @@
 #include "simulator/control/Answer.h"
 #include "simulator/replay/Replay.h"
 #include "simulator/replay/ReplayClock.h"
+#include "simulator/replay/UnderWay.h"
 #include "simulator/television/Television.h"
 #include "simulator/trace/Watcher.h"
 
@@ -27,7 +28,8 @@ public:
 
     /** @param watchers are notified in this order; see `Television` for the others */
     Service(Watchers watchers, Configuration configuration, EepStore eep, const std::string& stateFile)
-        : mWatchers(std::move(watchers)), mTelevision(std::move(configuration), std::move(eep), stateFile) {}
+        : mWatchers(std::move(watchers)), mTelevision(std::move(configuration), std::move(eep), stateFile),
+          mHasStateFile(!stateFile.empty()) {}
 
     /** Carries out a line of the control channel. */
     Answer control(const std::string& line);
@@ -41,8 +43,7 @@ public:
     /** @name A recording that is played; each does nothing without one. @{ */
     /** To be called before anything is served; what comes before all requests has its time from then on. */
     void setReplay(ReplayScript script, const ReplayOptions& options);
-    /** @param ended called when all has been asked for and published, and answered; in another thread, which nobody
-     * waits for. May be empty */
+    /** @param ended called when all has been asked for and published, and answered; in another thread. May be empty */
     void startReplay(std::function<void()> ended);
     /** Publishes what is left, and says what has come of it. */
     ReplayReport endReplay();
@@ -61,6 +62,8 @@ private:
         /** The answer comes so much later. */
         Replay::Clock::duration delay = {};
         bool isSilent = false;
+        /** Where a recording is played: the request counts as under way as long as this lives. */
+        std::shared_ptr<void> underWay = {};
     };
 
     Outcome answer(const wire::Request& request, const android::Parcel& data, FaultRules& faults);
@@ -73,7 +76,9 @@ private:
     /** Lets the television have done what the recording says it did, and nobody hear of it. */
     void follow(const RecordedCall& call);
     std::optional<Replay::Clock::time_point> playDue(const std::function<void()>& ended);
-    [[noreturn]] void die(std::size_t death);
+    Replay::Due publishDue();
+    /** Returns only when the replay ends meanwhile. */
+    void die(std::size_t death);
     /** Publishes what is new, then notifies the watchers. */
     void settle();
     void publish(const PublishedEvent& event);
@@ -83,12 +88,13 @@ private:
     /** Held while a request is carried out, so that state, events and notifications of the watchers have one order. */
     std::mutex mMutex;
     Television mTelevision;
+    const bool mHasStateFile;
     service::EventPublisher mEvents;
     std::atomic<bool> mExiting{false};
     std::unique_ptr<Replay> mReplay;
     ReplayClock mReplayClock;
-    /** Which has taken the last request. */
-    pid_t mThread = 0;
+    UnderWay mUnderWay;
+    std::atomic<bool> mIsReplayEnding{false};
 };
 
 } // namespace kelutv::simulator

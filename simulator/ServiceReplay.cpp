@@ -1,7 +1,6 @@
 // What the service does where a recording is played.
 #include "simulator/Service.h"
 
-#include "simulator/faults/ProcessExit.h"
 #include "simulator/output/Complaints.h"
 #include "simulator/replay/ObservedStates.h"
 #include "simulator/replay/Restart.h"
@@ -28,21 +27,36 @@ wire::Reply replyIn(const RecordedCall& call) {
     return wire::readReply(call.request.operation != nullptr ? *call.request.operation : kUnknown, bytes).reply;
 }
 
+/** Whether the television did what it was asked for. */
+bool isCarriedOut(const RecordedCall& call) {
+    if (call.status != 0 || call.request.refusal || call.request.operation == nullptr) {
+        return false;
+    }
+    const wire::Operation& operation = *call.request.operation;
+    const std::int32_t result = replyIn(call).result;
+    const bool mayBeValue =
+        operation.shape == wire::Shape::Status && operation.rule.access != wire::StateRule::Access::Set;
+    return result == 0 || (result > 0 && mayBeValue);
+}
+
 } // namespace
 
 void Service::setReplay(ReplayScript script, const ReplayOptions& options) {
     mReplay = std::make_unique<Replay>(std::move(script), options);
-    if (const std::optional<std::string> progress = takeHandedOver()) {
+    const std::optional<std::string> progress = takeHandedOver();
+    if (progress) {
         mReplay->resume(*progress);
     } else {
         for (const std::string& remark : mReplay->script().remarks) {
             complain(remark);
         }
     }
-    mTelevision.operate([this](Equipment& equipment) {
-        beginAsRecorded(equipment, mReplay->script());
-        return 0;
-    });
+    if (!progress || !mHasStateFile) {
+        mTelevision.operate([this](Equipment& equipment) {
+            beginAsRecorded(equipment, mReplay->script());
+            return 0;
+        });
+    }
     mTelevision.takeChanges();
     mTelevision.takeEvents();
     mReplay->start();
@@ -58,6 +72,7 @@ ReplayReport Service::endReplay() {
     if (mReplay == nullptr) {
         return {};
     }
+    mIsReplayEnding = true;
     mReplayClock.stop();
     const std::lock_guard<std::mutex> lock(mMutex);
     for (const PublishedEvent& event : mReplay->takeRest()) {
@@ -68,7 +83,6 @@ ReplayReport Service::endReplay() {
 
 Service::Outcome Service::replayed(const wire::Request& request, const android::Parcel& data) {
     const pid_t caller = android::IPCThreadState::self()->getCallingPid();
-    mThread = ::gettid();
     Replay::Step step = mReplay->take(caller, requestKeyOf(data.data(), data.dataSize()), request);
     if (!step.complaint.empty()) {
         complain(step.complaint);
@@ -79,12 +93,16 @@ Service::Outcome Service::replayed(const wire::Request& request, const android::
     mReplayClock.set();
     if (step.death) {
         die(*step.death);
+        return {{}, nullptr, {}, true};
     }
-    if (step.call == nullptr) {
-        return unrecorded(request);
+    Outcome outcome = step.call == nullptr ? unrecorded(request) : Outcome{replyIn(*step.call), step.call, step.delay};
+    if (step.call != nullptr) {
+        follow(*step.call);
     }
-    follow(*step.call);
-    return {replyIn(*step.call), step.call, step.delay};
+    if (!outcome.isSilent) {
+        outcome.underWay = mUnderWay.begin(outcome.delay);
+    }
+    return outcome;
 }
 
 Service::Outcome Service::unrecorded(const wire::Request& request) {
@@ -100,7 +118,7 @@ Service::Outcome Service::unrecorded(const wire::Request& request) {
 }
 
 void Service::follow(const RecordedCall& call) {
-    if (call.status == 0 && !call.request.refusal) {
+    if (isCarriedOut(call)) {
         mTelevision.perform(call.request);
         mTelevision.takeChanges();
         mTelevision.takeEvents();
@@ -108,6 +126,15 @@ void Service::follow(const RecordedCall& call) {
 }
 
 std::optional<Replay::Clock::time_point> Service::playDue(const std::function<void()>& ended) {
+    const Replay::Due due = publishDue();
+    if (due.isOver && ended) {
+        mUnderWay.waitUntilAnswered();
+        ended();
+    }
+    return due.next;
+}
+
+Replay::Due Service::publishDue() {
     const std::lock_guard<std::mutex> lock(mMutex);
     const Replay::Due due = mReplay->takeDue();
     for (const PublishedEvent& event : due.events) {
@@ -116,21 +143,20 @@ std::optional<Replay::Clock::time_point> Service::playDue(const std::function<vo
     settle();
     if (due.death) {
         mExiting = true;
-        whenAnswered(mThread, [service = android::sp<Service>(this), death = *due.death] {
-            const std::lock_guard<std::mutex> itself(service->mMutex);
-            service->die(death);
-        });
-    } else if (due.isOver && ended) {
-        whenAnswered(mThread, ended);
+        die(*due.death);
     }
-    return due.next;
+    return due;
 }
 
 void Service::die(std::size_t death) {
     notify([](Watcher& watcher) { watcher.exiting(); });
     complain("the service dies, as recorded, and comes back");
     flushComplaints();
-    restart(mReplay->die(death));
+    const std::string progress = mReplay->die(death);
+    mUnderWay.waitUntilAnswered();
+    if (!mIsReplayEnding) {
+        restart(progress);
+    }
 }
 
 } // namespace kelutv::simulator

@@ -2,12 +2,14 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace kelutv::simulator {
 
@@ -25,30 +27,32 @@ std::string statusOf(pid_t thread) {
 /** Asleep, or gone with its caller. */
 bool isIdle(const std::string& status) { return status.empty() || status.find("State:\tS") != std::string::npos; }
 
-/** Nothing reports that a reply is out; that the thread has not run since the last look shows it. */
-void waitUntilIdle(pid_t thread) {
-    std::string before;
-    for (int look = 0; look < kMostLooks; ++look) {
-        const std::string now = statusOf(thread);
-        if (now == before && isIdle(now)) {
-            break;
-        }
-        before = now;
-        std::this_thread::sleep_for(kBetweenLooks);
-    }
+std::vector<std::string> statusesOf(const std::set<pid_t>& threads) {
+    std::vector<std::string> statuses;
+    std::transform(threads.begin(), threads.end(), std::back_inserter(statuses), statusOf);
+    return statuses;
 }
 
 } // namespace
 
-void whenAnswered(pid_t thread, std::function<void()> act) {
-    std::thread([thread, act = std::move(act)] {
-        waitUntilIdle(thread);
-        act();
-    }).detach();
+/** Nothing reports that a reply is out; that the thread has not run since the last look shows it. */
+void waitUntilIdle(const std::set<pid_t>& threads) {
+    std::vector<std::string> before;
+    for (int look = 0; look < kMostLooks && !threads.empty(); ++look) {
+        std::vector<std::string> now = statusesOf(threads);
+        if (now == before && std::all_of(now.begin(), now.end(), isIdle)) {
+            break;
+        }
+        before = std::move(now);
+        std::this_thread::sleep_for(kBetweenLooks);
+    }
 }
 
 void exitWhenAnswered() {
-    whenAnswered(::gettid(), [] { ::_exit(kFaultExitCode); });
+    std::thread([thread = ::gettid()] {
+        waitUntilIdle({thread});
+        ::_exit(kFaultExitCode);
+    }).detach();
 }
 
 } // namespace kelutv::simulator

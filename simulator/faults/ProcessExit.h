@@ -2,16 +2,16 @@
 
 #include <sys/types.h>
 
-#include <functional>
+#include <set>
 
 namespace kelutv::simulator {
 
 /** The exit code after a fault that makes the process exit. */
 constexpr int kFaultExitCode = 3;
 
-/** Acts, in a thread of its own, as soon as this thread waits for its next request, so that the one before is answered.
- */
-void whenAnswered(pid_t thread, std::function<void()> act);
+/** Waits until these threads of the process wait for their next request, so that those before are answered; two seconds
+ * at most. */
+void waitUntilIdle(const std::set<pid_t>& threads);
 
 /** Makes the process exit as soon as the calling thread waits for its next request. */
 void exitWhenAnswered();

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kelutv::simulator {
 
@@ -19,6 +20,9 @@ struct Match {
     std::optional<std::size_t> before = std::nullopt;
     /** All such requests have been asked for; this is the last one again. */
     bool isAgain = false;
+    /** What counts as asked for, and no more as asked for, since a process is taken for another recorded one now. */
+    std::vector<std::size_t> exchanged = {};
+    std::vector<std::size_t> takenBack = {};
 };
 
 /** How requests are found in a recording. */

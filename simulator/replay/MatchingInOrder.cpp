@@ -42,8 +42,8 @@ private:
             if (const auto call = nextIn(progress, client, key)) {
                 return Match{*call};
             }
-            if (const auto call = asAnother(progress, caller, key)) {
-                return Match{*call};
+            if (const auto match = asAnother(progress, caller, key)) {
+                return match;
             }
             return aheadIn(progress, client, key);
         }
@@ -139,7 +139,7 @@ private:
      * Takes the process for another recorded one that begins with all it has asked for, and goes on with this request;
      * whoever was taken for that one must have begun like the recorded one that becomes free.
      */
-    std::optional<std::size_t> asAnother(Progress& progress, pid_t caller, const std::string& key) const {
+    std::optional<Match> asAnother(Progress& progress, pid_t caller, const std::string& key) const {
         const std::size_t present = progress.clients.at(caller);
         const Calls asked = askedOf(progress, present);
         for (std::size_t other = 0; other < mClients.size(); ++other) {
@@ -154,11 +154,24 @@ private:
                 for (auto& [process, client] : exchanged.clients) {
                     client = client == present ? other : client == other ? present : client;
                 }
+                Match match{*call};
+                match.exchanged = waitingOnlyIn(progress, exchanged);
+                match.takenBack = waitingOnlyIn(exchanged, progress);
                 progress = std::move(exchanged);
-                return call;
+                return match;
             }
         }
         return std::nullopt;
+    }
+
+    static Calls waitingOnlyIn(const Progress& one, const Progress& other) {
+        Calls calls;
+        for (std::size_t call = 0; call < one.calls.size(); ++call) {
+            if (one.calls[call] == Progress::Call::Waiting && other.calls[call] != Progress::Call::Waiting) {
+                calls.push_back(call);
+            }
+        }
+        return calls;
     }
 
     /** The requests of a recorded process that have been asked for, in the order of the recording. */

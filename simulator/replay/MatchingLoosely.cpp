@@ -1,6 +1,5 @@
 #include "simulator/replay/Matching.h"
 
-#include <algorithm>
 #include <unordered_map>
 #include <vector>
 
@@ -12,7 +11,7 @@ class MatchingLoosely : public Matching {
 public:
     explicit MatchingLoosely(const ReplayScript& script) {
         for (std::size_t call = 0; call < script.calls.size(); ++call) {
-            mCalls[script.calls[call].key].push_back(call);
+            mCalls[script.calls[call].key].calls.push_back(call);
         }
     }
 
@@ -21,22 +20,31 @@ public:
         if (known == mCalls.end()) {
             return std::nullopt;
         }
-        const std::vector<std::size_t>& calls = known->second;
-        const auto next = std::find_if(calls.begin(), calls.end(), [&progress](std::size_t call) {
-            return progress.calls[call] == Progress::Call::Waiting;
-        });
-        if (next != calls.end()) {
-            progress.calls[*next] = Progress::Call::Asked;
-            return Match{*next};
+        Alike& alike = known->second;
+        for (; alike.next < alike.calls.size(); ++alike.next) {
+            const std::size_t call = alike.calls[alike.next];
+            if (progress.calls[call] == Progress::Call::Waiting) {
+                progress.calls[call] = Progress::Call::Asked;
+                return Match{call};
+            }
+            if (progress.calls[call] == Progress::Call::Asked) {
+                alike.last = call;
+            }
         }
-        const auto last = std::find_if(calls.rbegin(), calls.rend(), [&progress](std::size_t call) {
-            return progress.calls[call] == Progress::Call::Asked;
-        });
-        return last != calls.rend() ? std::optional(Match{*last, std::nullopt, true}) : std::nullopt;
+        return alike.last ? std::optional(Match{*alike.last, std::nullopt, true}) : std::nullopt;
     }
 
 private:
-    std::unordered_map<std::string, std::vector<std::size_t>> mCalls;
+    /** The requests of the same bytes. */
+    struct Alike {
+        std::vector<std::size_t> calls;
+        /** Those before this index are asked for or gone. */
+        std::size_t next = 0;
+        /** Of those before: the last one that was asked for. */
+        std::optional<std::size_t> last;
+    };
+
+    std::unordered_map<std::string, Alike> mCalls;
 };
 
 } // namespace

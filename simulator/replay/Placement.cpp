@@ -30,6 +30,9 @@ public:
         }
         std::stable_sort(mCalls.begin(), mCalls.end(),
                          [&script](auto a, auto b) { return script.calls[a].begin < script.calls[b].begin; });
+        if (script.calls.size() > mCalls.size()) {
+            mBefore = script.calls.size() - mCalls.size() - 1;
+        }
     }
 
     void place(const News& news) {
@@ -109,7 +112,7 @@ private:
         const auto behind =
             std::upper_bound(mCalls.begin(), mCalls.end(), news.time,
                              [this](nanoseconds time, std::size_t call) { return time < mScript.calls[call].begin; });
-        Happening happening{news.line, std::nullopt, false,
+        Happening happening{news.line, mBefore,      false,
                             news.time, std::nullopt, {news.event, news.payload, countOf(news.payload)}};
         if (behind != mCalls.begin()) {
             const RecordedCall& call = mScript.calls[*(behind - 1)];
@@ -123,6 +126,8 @@ private:
     ReplayScript& mScript;
     /** The requests of the section by the time at which they were sent. */
     std::vector<std::size_t> mCalls;
+    /** The last request of the sections before. */
+    std::optional<std::size_t> mBefore;
     std::vector<Publication> mPublications;
     /** When the death was told of that no answer has followed yet. */
     std::optional<nanoseconds> mDeath;

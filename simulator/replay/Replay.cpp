@@ -14,6 +14,9 @@ using std::chrono::nanoseconds;
 /** So long after an answer comes what followed it in the recording, for a client to get ready for it. */
 constexpr std::chrono::milliseconds kPause{100};
 
+/** Nobody waits longer for anything. */
+constexpr std::chrono::hours kLongest{24};
+
 [[noreturn]] void refuse(const char* option, const std::string& allowed, const std::string& given) {
     throw ReplayError(std::string(option) + " takes " + allowed + ", not '" + given + "'");
 }
@@ -46,7 +49,7 @@ Unrecorded unrecordedOf(const std::string& name) {
 Replay::Replay(ReplayScript script, const ReplayOptions& options)
     : mScript(std::move(script)), mSpeed(options.speed), mUnrecorded(unrecordedOf(options.unrecorded)),
       mMatching(matchingOf(mScript, options.match)), mHappenings(mScript.calls.size()), mProgress(mScript),
-      mLastRequest(Clock::now()) {
+      mLastRequest(Clock::now()), mLastAnswer(mLastRequest) {
     for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
         if (const auto call = mScript.happenings[index].call) {
             mHappenings[*call].push_back(index);
@@ -67,13 +70,15 @@ void Replay::countWaiting() {
 
 void Replay::start() {
     mLastRequest = Clock::now();
+    mLastAnswer = mLastRequest;
     for (const std::size_t happening : mProgress.pending) {
         mPending.push_back({mLastRequest + kPause, happening});
     }
+    const Clock::time_point first = mScript.calls.empty() ? mLastRequest + kPause : Clock::time_point::max();
     for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
         const Happening& happening = mScript.happenings[index];
         if (!happening.call && !mProgress.published[index]) {
-            mPending.push_back({mSpeed ? mLastRequest + played(happening.delay) : Clock::time_point::max(), index});
+            mPending.push_back({mSpeed ? mLastRequest + played(happening.delay) : first, index});
         }
     }
 }
@@ -103,17 +108,28 @@ Replay::Step Replay::stepFor(const Match& match) {
         return step;
     }
     --mWaiting;
+    const Clock::time_point answer = mLastRequest + step.delay;
+    mLastAnswer = std::max(mLastAnswer, answer);
+    releaseFirst(answer);
+    takeBack(match.takenBack);
+    for (const std::size_t call : match.exchanged) {
+        schedule(call, answer, step);
+    }
     if (!mSpeed) {
-        step.events = takePendingBefore(step.call->line);
+        const PublishedEvents before = takePendingBefore(step.call->line);
+        step.events.insert(step.events.end(), before.begin(), before.end());
     }
     step.death = step.call->death;
-    schedule(match.call, mLastRequest + step.delay, step);
+    schedule(match.call, answer, step);
     return step;
 }
 
 void Replay::schedule(std::size_t call, Clock::time_point answer, Step& step) {
     for (const std::size_t index : mHappenings[call]) {
         const Happening& happening = mScript.happenings[index];
+        if (mProgress.published[index]) {
+            continue;
+        }
         if (mSpeed) {
             mPending.push_back({(happening.isDuring ? mLastRequest : answer) + played(happening.delay), index});
         } else if (happening.isDuring && !happening.death) {
@@ -124,8 +140,25 @@ void Replay::schedule(std::size_t call, Clock::time_point answer, Step& step) {
     }
 }
 
+void Replay::takeBack(const std::vector<std::size_t>& calls) {
+    const auto isTakenBack = [&](const Pending& each) {
+        const std::optional<std::size_t> call = mScript.happenings[each.happening].call;
+        return call && std::find(calls.begin(), calls.end(), *call) != calls.end();
+    };
+    mPending.erase(std::remove_if(mPending.begin(), mPending.end(), isTakenBack), mPending.end());
+}
+
+void Replay::releaseFirst(Clock::time_point answer) {
+    for (Pending& each : mPending) {
+        if (each.due == Clock::time_point::max()) {
+            each.due = answer + kPause;
+        }
+    }
+}
+
 Replay::Clock::duration Replay::played(nanoseconds time) const {
-    return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double, std::nano>(time) / *mSpeed);
+    const std::chrono::duration<double, std::nano> exact = std::chrono::duration<double, std::nano>(time) / *mSpeed;
+    return exact < kLongest ? std::chrono::duration_cast<Clock::duration>(exact) : kLongest;
 }
 
 /** Deaths have their time: whoever asks now is to have its answer. */
@@ -167,9 +200,9 @@ Replay::Due Replay::takeDue() {
         }
     }
     mPending = std::move(left);
-    due.isOver = isDone() && now >= mLastRequest + kPause;
+    due.isOver = isDone() && now >= mLastAnswer + kPause;
     if (isDone() && !due.isOver) {
-        due.next = mLastRequest + kPause;
+        due.next = mLastAnswer + kPause;
     }
     for (const Pending& each : mPending) {
         due.next = due.next ? std::min(*due.next, each.due) : each.due;
@@ -184,9 +217,14 @@ std::string Replay::die(std::size_t death) {
         }
     }
     countWaiting();
+    for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
+        if (mScript.happenings[index].death == death) {
+            mProgress.published[index] = true;
+        }
+    }
     mProgress.pending.clear();
     for (const Pending& each : mPending) {
-        if (mScript.happenings[each.happening].call) {
+        if (mScript.happenings[each.happening].call && !mProgress.published[each.happening]) {
             mProgress.pending.push_back(each.happening);
         }
     }

@@ -97,6 +97,10 @@ private:
 
     Step stepFor(const Match& match);
     void schedule(std::size_t call, Clock::time_point answer, Step& step);
+    /** Lets what belongs to these requests not come. */
+    void takeBack(const std::vector<std::size_t>& calls);
+    /** Lets what came before all requests come behind the first one. */
+    void releaseFirst(Clock::time_point answer);
     Clock::duration played(std::chrono::nanoseconds time) const;
     PublishedEvents takePendingBefore(std::size_t line);
     void publish(std::size_t happening, PublishedEvents& events);
@@ -115,6 +119,8 @@ private:
     std::size_t mWaiting = 0;
     std::vector<Pending> mPending;
     Clock::time_point mLastRequest;
+    /** When the last answer is to come. */
+    Clock::time_point mLastAnswer;
 };
 
 } // namespace kelutv::simulator

@@ -79,6 +79,10 @@ private:
     void remark(const std::string& text) { mScript.remarks.push_back(mScript.name + ": " + text); }
 
     void see(const recording::Header& header) {
+        if (mHasHeader && !mHasEnded) {
+            remark("the end of the part before line " + std::to_string(mLine) + " is missing");
+        }
+        mHasHeader = true;
         endSection();
         if (header.isLittleEndian != isLittleEndian()) {
             throw ReplayError(mScript.name + ':' + std::to_string(mLine) +
@@ -147,6 +151,7 @@ private:
     std::size_t mLine = 0;
     std::size_t mLeftOut = 0;
     std::int64_t mMissing = 0;
+    bool mHasHeader = false;
     bool mHasEnded = false;
 };
 
@@ -170,12 +175,12 @@ bool readNext(recording::Reader& reader, ScriptReader& script) {
 std::ifstream opened(const std::string& path) {
     const std::string shown = wire::shown(path, wire::kMostOfPath);
     std::error_code ignored;
+    if (std::filesystem::exists(path, ignored) && !std::filesystem::is_regular_file(path, ignored)) {
+        throw ReplayError("cannot read " + shown + ": it is not a regular file");
+    }
     std::ifstream file(path, std::ios::binary);
     if (!file.is_open()) {
         throw ReplayError("cannot read " + shown + ": " + std::strerror(errno));
-    }
-    if (!std::filesystem::is_regular_file(path, ignored)) {
-        throw ReplayError("cannot read " + shown + ": it is not a regular file");
     }
     return file;
 }

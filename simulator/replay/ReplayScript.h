@@ -44,12 +44,13 @@ struct RecordedCall {
 struct Happening {
     /** The first line that tells of it. */
     std::size_t line;
-    /** The request that had been asked for last, as an index of calls; nothing for what came before all requests. */
+    /** The request that had been asked for last, in this section or one before, as an index of calls; nothing for what
+     * came before all requests. */
     std::optional<std::size_t> call;
     /** It came before that request had its answer. */
     bool isDuring;
-    /** Since that request was asked for, when it came during it, else since its answer; without a request since time 0.
-     */
+    /** Since that request was asked for, when it came during it, else since its answer; without a request of its
+     * section since time 0 of that. */
     std::chrono::nanoseconds delay;
     /** The index of the death; nothing for an event. */
     std::optional<std::size_t> death;

@@ -1,8 +1,11 @@
 #include "simulator/replay/Matching.h"
+#include "simulator/replay/Replay.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kelutv::simulator {
@@ -120,6 +123,19 @@ TEST(Matching, KnowsNothingOfAProcessThatAsksForNothingRecorded) {
     EXPECT_EQ(played.ask(60, "Q"), kMissing);
     EXPECT_EQ(played.ask(50, "A"), 0);
     EXPECT_EQ(played.ask(50, "B"), 1);
+}
+
+TEST(Replay, WaitsForNothingLongerThanADay) {
+    ReplayScript script;
+    RecordedCall call{};
+    call.duration = std::chrono::nanoseconds::max();
+    script.calls.push_back(call);
+    script.clients = script.threads = 1;
+    ReplayOptions options;
+    options.speed = 0.01;
+    Replay replay(std::move(script), options);
+    replay.start();
+    EXPECT_EQ(replay.take(50, "", {}).delay, std::chrono::hours(24));
 }
 
 TEST(Progress, IsTheSameOnceHandedOver) {

@@ -31,6 +31,8 @@ const Bytes kGetVolume = requestOf(0x2009, {0});
 const Bytes kGetMute = requestOf(0x200B, {0});
 constexpr char kVolume[] = "CMD_AUDIO_GETVOLUME(channel=0 KELU_TV_AUDIO_CHANNEL_SPEAKER)";
 
+constexpr char kDeath[] = "kelutv-simulator: the service dies, as recorded, and comes back\n";
+
 Bytes setVolume(std::int32_t volume) { return requestOf(0x2008, {0, volume}); }
 
 std::string own(const std::string& text) {
@@ -334,6 +336,94 @@ TEST_F(Replayed, TakesTheTimeThatWasRecordedWhenToldTo) {
     EXPECT_EQ(ask(kGetVolume), replyOf({0, 1}));
     EXPECT_GE(std::chrono::steady_clock::now() - begin, milliseconds(50));
     EXPECT_EQ(end(), 0);
+}
+
+TEST_F(Replayed, EndsBehindAnswersThatTakeTheirTime) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7}), milliseconds(600)).in(2).call(kGetMute, replyOf({0, 1}));
+    play({"--speed", "1", "--exit-at-end"});
+    VolumeClient client(1);
+    ASSERT_TRUE(mSimulator->process().output().waitFor("CMD_AUDIO_GETVOLUME"));
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_EQ(client.answers(), "7\n");
+    EXPECT_EQ(mSimulator->process().exitCode(), 0) << complaints();
+}
+
+TEST_F(Replayed, DiesBehindTheAnswersOfOthers) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7}), milliseconds(400)).in(2).failed(kGetMute);
+    play({"--speed", "1"});
+    VolumeClient client(1);
+    ASSERT_TRUE(mSimulator->process().output().waitFor("CMD_AUDIO_GETVOLUME"));
+    EXPECT_THROW(ask(kGetMute), std::runtime_error);
+    EXPECT_EQ(client.answers(), "7\n");
+    ASSERT_TRUE(comesBack());
+    EXPECT_EQ(end(), 0) << complaints();
+}
+
+TEST_F(Replayed, DiesOnceOfOneDeath) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).pause(std::chrono::seconds(2)).loss().failed(kGetVolume);
+    mFile.in(2).call(kGetVolume, replyOf({0, 8})).pause(milliseconds(300)).event(0x60001, {});
+    play({"--speed", "1", "--exit-at-end"});
+    VolumeClient first(2);
+    EXPECT_EQ(first.answers(), "7\n-1\n");
+    ASSERT_TRUE(comesBack());
+    VolumeClient second(1);
+    EXPECT_EQ(second.answers(), "8\n");
+    EXPECT_EQ(mSimulator->process().exitCode(), 0);
+    EXPECT_EQ(complaints(), kDeath);
+}
+
+TEST_F(Replayed, PublishesEventsThatNoRequestPrecedes) {
+    mFile.event(0x60001, {});
+    play({"--exit-at-end"});
+    EXPECT_EQ(mSimulator->process().exitCode(), 0);
+    EXPECT_TRUE(says("; 1 of 1 events published; no difference\n")) << output();
+}
+
+TEST_F(Replayed, PublishesEventsOfAPartWithoutRequests) {
+    mFile.call(kGetVolume, replyOf({0, 1})).add(mFile.lines().front()).event(0x60001, {});
+    play({"--exit-at-end"});
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 1}));
+    EXPECT_EQ(mSimulator->process().exitCode(), 0);
+    EXPECT_TRUE(says("; 1 of 1 events published; no difference\n")) << output();
+}
+
+TEST_F(Replayed, DiesBehindTheFirstAnswerWhereItDiedBefore) {
+    mFile.in(1).loss().in(2).call(kGetVolume, replyOf({0, 1}));
+    play({"--exit-at-end"});
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 1}));
+    EXPECT_EQ(mSimulator->process().exitCode(), 0);
+    EXPECT_EQ(complaints(), kDeath);
+}
+
+/** The process that asks first is the second one of the recording, which shows only when it goes on. */
+TEST_F(Replayed, PublishesTheEventsOfTheProcessThatItIs) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 1})).event(0x60001, {1}).call(kGetVolume, replyOf({0, 2}));
+    mFile.in(2).call(kGetVolume, replyOf({0, 3})).event(0x60001, {2}).call(setVolume(22), replyOf({0}));
+    play({"--exit-at-end"});
+    ask(kGetVolume);
+    EXPECT_EQ(ask(setVolume(22)), replyOf({0}));
+    EXPECT_EQ(VolumeClient(2).answers(), "1\n2\n");
+    EXPECT_EQ(mSimulator->process().exitCode(), 0) << complaints();
+    EXPECT_TRUE(says("; 2 of 2 events published; no difference\n")) << output();
+}
+
+TEST_F(Replayed, DoesNotDoWhatWasRefused) {
+    mFile.call(setVolume(77), replyOf({-107}));
+    play();
+    EXPECT_EQ(ask(setVolume(77)), replyOf({-107}));
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 20}));
+    EXPECT_EQ(end(), 1);
+}
+
+TEST_F(Replayed, GoesOnWithTheStateThatWasKept) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 44})).call(setVolume(35), replyOf({0})).failed(kGetMute);
+    play({"--state", runtimeDir().path() + "/state.json"});
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 44}));
+    EXPECT_EQ(ask(setVolume(35)), replyOf({0}));
+    EXPECT_THROW(ask(kGetMute), std::runtime_error);
+    ASSERT_TRUE(comesBack());
+    EXPECT_EQ(VolumeClient(1).answers(), "35\n");
+    EXPECT_EQ(end(), 1);
 }
 
 TEST_F(Replayed, ComparesRequestsBehindATokenOfAnyForm) {

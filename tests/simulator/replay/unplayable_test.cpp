@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <csignal>
 #include <fstream>
 #include <string>
@@ -68,6 +70,10 @@ TEST_F(Unplayable, IsNoFileOrNoneThatCanBeReadTwice) {
     const auto folder = startSimulator({"--replay", mRuntimeDir.path()});
     EXPECT_EQ(folder->exitCode(), 2);
     EXPECT_NE(folder->error().text().find("it is not a regular file"), std::string::npos) << folder->error().text();
+    ASSERT_EQ(::mkfifo(mPath.c_str(), 0600), 0);
+    const auto pipe = startSimulator({"--replay", mPath});
+    EXPECT_EQ(pipe->exitCode(), 2);
+    EXPECT_NE(pipe->error().text().find("it is not a regular file"), std::string::npos) << pipe->error().text();
 }
 
 TEST_F(Unplayable, IsPlayedAsFarAsItCanBeRead) {
@@ -85,6 +91,16 @@ TEST_F(Unplayable, IsPlayedAsFarAsItCanBeRead) {
     EXPECT_EQ(simulator.process().error().text(), own + ":3: \"duration\" is missing; the line is left out\n" + own +
                                                       ": the recorder left out 5 calls and events\n" + own +
                                                       ": its end is missing; what stands before is replayed\n");
+}
+
+TEST_F(Unplayable, IsPlayedWhereTheEndOfAPartIsMissing) {
+    mFile.call(kGetVolume, replyOf({0, 1})).add(mFile.lines().front()).call(kGetVolume, replyOf({0, 2}));
+    std::ofstream(mPath) << mFile.text();
+    Simulator simulator({"--replay", mPath});
+    simulator.process().kill(SIGTERM);
+    EXPECT_EQ(simulator.process().exitCode(), 1);
+    EXPECT_EQ(simulator.process().error().text(),
+              "kelutv-simulator: " + mPath + ": the end of the part before line 3 is missing\n");
 }
 
 TEST_F(Unplayable, HasNoOtherOptions) {
