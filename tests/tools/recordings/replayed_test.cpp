@@ -9,16 +9,48 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
+#include <cstdint>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <regex>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace kelutv::test {
 namespace {
 
 using Words = std::vector<std::string>;
+
+/** How many events a report says were published; -1 when not all were. */
+int publishedIn(const std::string& report) {
+    std::smatch found;
+    return std::regex_search(report, found, std::regex("; ([0-9]+) of \\1 events published")) ? std::stoi(found[1])
+                                                                                              : -1;
+}
+
+/** How often a text stands in another. */
+std::size_t countOf(const std::string& text, const std::string& whole) {
+    std::size_t count = 0;
+    for (std::size_t at = whole.find(text); at != std::string::npos; at = whole.find(text, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+/** How many events each process was given. */
+std::map<std::int32_t, int> eventsOf(const std::vector<recording::Line>& lines) {
+    std::map<std::int32_t, int> events;
+    for (const recording::Line& line : lines) {
+        if (const auto* const event = std::get_if<recording::Event>(&line.content)) {
+            ++events[event->moment.process];
+        }
+    }
+    return events;
+}
 
 class RoundTrip : public ::testing::Test {
 protected:
@@ -38,13 +70,16 @@ protected:
     /** That a program meets its recording without a difference, and is told the same again. */
     void expectTheSame(const Words& program, const Words& television = {}) {
         const std::string file = mFolders.file();
-        const auto before = conversationsOf(record(file, television, program));
+        const auto recorded = record(file, television, program);
+        const auto before = conversationsOf(recorded);
         const ToolRun first = mRun;
         ASSERT_FALSE(before.empty());
         for (const char* const match : {"strictly", "loosely"}) {
             const auto after = record(mFolders.pathOf(match), {"--replay", file, "--match", match}, program);
             EXPECT_EQ(mExit, 0) << match << '\n' << mOutput << mComplaints;
             EXPECT_EQ(conversationsOf(after), before) << match;
+            expectEvents(eventsOf(recorded));
+            EXPECT_EQ(countOf("the service dies, as recorded", mComplaints), television.empty() ? 0 : 1) << mComplaints;
             // The last event may come too late for a program, and so may the news of a death.
             const ToolRun diff =
                 runTool({"recording", "diff", file, mFolders.pathOf(match), "--ignore", "volumeChanged"});
@@ -52,6 +87,18 @@ protected:
             EXPECT_EQ(mRun.exit, first.exit);
             EXPECT_EQ(mRun.output, first.output);
         }
+    }
+
+    /** That as many were published: one that several processes were given is one. */
+    void expectEvents(const std::map<std::int32_t, int>& given) {
+        int most = 0;
+        int all = 0;
+        for (const auto& [process, count] : given) {
+            most = std::max(most, count);
+            all += count;
+        }
+        EXPECT_GE(publishedIn(mOutput), most) << mOutput;
+        EXPECT_LE(publishedIn(mOutput), all) << mOutput;
     }
 
     const RuntimeDir mRuntimeDir;
