@@ -196,6 +196,32 @@ TEST_F(SimulatedServices, goOnBehindAFunctionThatIsNotAnswered) {
     EXPECT_EQ(identifiers(results, Verdict::failed), Names{"form.audio.getInputVolume.status"});
 }
 
+/** The limit is that of each answer, however many a check needs. */
+TEST_F(SimulatedServices, passWhenEachOfTheirAnswersIsInTime) {
+    sim("fault any delay 200ms");
+    const auto checks = tool::compliance::chosenChecks({"state.audio.setInputVolume.kept"}, {});
+    const Judged results = tool::compliance::runChecks(checks, 0.45, [](const CheckResult&) {});
+    EXPECT_EQ(results.front().verdict, Verdict::passed) << results.front().reason;
+}
+
+/** Only a check that was given up may leave behind what it had set. */
+TEST_F(SimulatedServices, failWhenAnotherStateWasChangedBesideAFailedCheck) {
+    const TestFolder folder;
+    tool::compliance::RunOrder order;
+    order.journal = folder.pathOf("put-back.json");
+    const Judged results =
+        tool::compliance::makeRun(tool::compliance::chosenChecks({"state.audio.setSoundMode.kept"}, {}), order,
+                                  {[](std::size_t) { sim("fault CMD_AUDIO_GETSOUNDMODE short 0"); },
+                                   [](const CheckResult& result) {
+                                       if (result.id == "state.audio.setSoundMode.kept") {
+                                           sim("fault clear");
+                                           sim("set audio.inputVolume = 7");
+                                       }
+                                   }});
+    EXPECT_EQ(identifiers(results, Verdict::failed),
+              (Names{"state.audio.setSoundMode.kept", "state.television.unchanged"}));
+}
+
 TEST_F(SimulatedServices, endTheRunWhenTheyEnd) {
     sim("fault CMD_AUDIO_GETINPUTVOLUME die after once");
     const Judged results = judged({"form.audio.getInputVolume.*"});
@@ -220,6 +246,15 @@ TEST_F(SimulatedServices, failWhenASetIsAnsweredWrongly) {
                   (Names{std::string("state.kept ") + test.verdict, std::string("state.twice ") + test.verdict}))
             << test.fault;
     }
+}
+
+/** A malformed answer is no refusal, also where a call makes several requests. */
+TEST_F(SimulatedServices, failWhenASetOfSeveralRequestsIsAnsweredWrongly) {
+    sim("fault CMD_PICTURE_SETPICTUREMODE short 0");
+    EXPECT_EQ(aspectsNotPassed(judged({"state.picture.setPictureMode.kept"})), Names{"state.kept failed"});
+    sim("fault clear");
+    sim("fault CMD_PICTURE_SETPICTUREMODE error -5");
+    EXPECT_EQ(aspectsNotPassed(judged({"state.picture.setPictureMode.kept"})), Names{"state.kept refused"});
 }
 
 TEST(Choice, saysWhatIsWrong) {

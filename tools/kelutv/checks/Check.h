@@ -13,7 +13,7 @@ struct Check {
     std::string name;
     /** What the checks that are told together have in common: `platform`, `service`, `audio`. */
     std::string topic;
-    /** How long it may take. */
+    /** How many seconds each answer may take; the check itself, where it asks nothing. */
     double limit;
     /** Looks; runs in a process of its own, after all that stand before it and need no repetition. */
     std::function<Finding()> look;

@@ -1,5 +1,6 @@
 #include "tools/kelutv/checks/Visit.h"
 
+#include "tools/kelutv/service/Answering.h"
 #include "tools/process/Deadline.h"
 #include "tools/process/MessagePipe.h"
 #include "tools/process/Worker.h"
@@ -19,7 +20,14 @@ namespace kelutv::tool {
 
 namespace {
 
-/** What stands before the text of a finding; a message without a finding says that a check begins. */
+/** A check begins. */
+constexpr char kBegins[] = "begins";
+/** An answer has come, and the check goes on. */
+constexpr char kAnswered[] = "answered";
+/** Answers that come in quicker succession are not told one by one. */
+constexpr std::chrono::milliseconds kTimeBetweenTold{10};
+
+/** What stands before the text of a finding; the messages without a finding are shorter. */
 struct Head {
     std::int64_t nanoseconds;
     Verdict verdict;
@@ -42,6 +50,18 @@ Finding findingIn(const std::string& message) {
 
 bool isFinding(const std::string& message) { return message.size() >= sizeof(Head); }
 
+/** Where this process tells of answers. */
+const process::MessagePipe* told = nullptr;
+
+void tellAnswer() {
+    static std::chrono::steady_clock::time_point last;
+    const auto now = std::chrono::steady_clock::now();
+    if (now - last >= kTimeBetweenTold) {
+        last = now;
+        told->send(kAnswered);
+    }
+}
+
 /** The process that makes the checks from one on, until one finds no service. */
 class Maker {
 public:
@@ -53,7 +73,7 @@ public:
 
     /** The next message; nothing when the time is over, or when there is none any more. */
     std::optional<std::string> next(double seconds) {
-        const process::Deadline deadline = process::deadlineIn(process::Seconds(seconds));
+        const process::Deadline deadline = process::deadlineIn(process::Seconds(seconds) + kTimeBetweenTold);
         for (;;) {
             if (std::optional<std::string> message = mMessages.take(); message || mMessages.isAtEnd()) {
                 return message;
@@ -72,8 +92,10 @@ public:
 private:
     int make(const Check* first, const Check* end) {
         mMessages.keepSending();
+        told = &mMessages;
+        tellOfAnswers(tellAnswer);
         for (const Check* check = first; check != end; ++check) {
-            const bool isHeard = !mTellsBeginnings || mMessages.send("begins");
+            const bool isHeard = !mTellsBeginnings || mMessages.send(kBegins);
             const Finding finding = check->look();
             if (!isHeard || !mMessages.send(messageOf(finding)) || finding.verdict == Verdict::Unlinked) {
                 break;
@@ -106,13 +128,13 @@ struct Followed {
 };
 
 Followed follow(Maker& maker, const Check& check, const Listener& listener) {
-    std::optional<std::string> message = maker.next(check.limit);
-    if (message && !isFinding(*message)) {
-        listener.begins(check);
-        message = maker.next(check.limit);
-    }
-    if (message) {
-        return {findingIn(*message), true};
+    while (const std::optional<std::string> message = maker.next(check.limit)) {
+        if (isFinding(*message)) {
+            return {findingIn(*message), true};
+        }
+        if (*message == kBegins) {
+            listener.begins(check);
+        }
     }
     if (maker.hasEnded()) {
         return {brokenOff(maker.wait())};

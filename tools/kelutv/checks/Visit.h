@@ -16,8 +16,9 @@ struct Listener {
 };
 
 /**
- * Makes the checks one after the other, in a process of their own that is given up, and another started, when one takes
- * longer than it may. Ends early when there is no service any more, or when nothing is answered any longer.
+ * Makes the checks one after the other, in a process of their own that is given up, and another started, when an
+ * answer takes longer than it may. Ends early when there is no service any more, or when nothing is answered any
+ * longer.
  *
  * This process must not have used the library yet.
  *

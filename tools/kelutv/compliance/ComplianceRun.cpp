@@ -43,11 +43,8 @@ std::string textOf(const std::vector<Restored>& all) {
     return all.size() > kMostTold ? text + "; and " + std::to_string(all.size() - kMostTold) + " others" : text;
 }
 
-/** Whether a check was broken off, which leaves behind what it had set. */
 bool hasBrokenOff(const std::vector<CheckResult>& results) {
-    return std::any_of(results.begin(), results.end(), [](const CheckResult& result) {
-        return result.verdict == Verdict::failed && result.latencies.empty();
-    });
+    return std::any_of(results.begin(), results.end(), [](const CheckResult& result) { return result.isGivenUp; });
 }
 
 CheckResult putBack(const Journal& journal, const RunOrder& order, bool mayDiffer) {

@@ -19,6 +19,8 @@ namespace {
 
 using tool::Finding;
 
+constexpr char kEndedEarly[] = "not made: the service is gone or answers nothing any longer";
+
 CheckResult resultOf(const Check& check) {
     const Subject& subject = check.subject();
     CheckResult result;
@@ -112,6 +114,7 @@ CheckResult resultOf(const Check& check, const Finding& finding) {
     if (finding.verdict == tool::Verdict::Bad || finding.verdict == tool::Verdict::TimeOver) {
         result.verdict = Verdict::failed;
         result.reason = finding.text;
+        result.isGivenUp = true;
     } else {
         read(finding.text, result);
     }
@@ -129,7 +132,7 @@ Visit visitOf(const Checks& checks, double limit, const Silent& silent) {
     for (const auto& check : checks) {
         if (check->whyLeftOut().empty() && !check->startsProcesses()) {
             visit.made.push_back(check.get());
-            visit.looks.push_back({check->subject().id, check->subject().module, limit * check->patience(),
+            visit.looks.push_back({check->subject().id, check->subject().module, limit + check->pause().count(),
                                    [made = check.get(), &silent] { return make(*made, silent); }});
         }
     }
@@ -183,7 +186,7 @@ std::vector<CheckResult> putTogether(const Checks& checks, std::vector<CheckResu
         }
         results.push_back(resultOf(*check));
         results.back().verdict = reason.empty() ? Verdict::inconclusive : Verdict::leftOut;
-        results.back().reason = reason.empty() ? "not made: the service is gone or answers nothing any longer" : reason;
+        results.back().reason = reason.empty() ? kEndedEarly : reason;
         tell(results.back());
     }
     return results;
@@ -207,6 +210,11 @@ std::vector<CheckResult> runChecks(const Checks& checks, double limit, const Tel
         makeHere(checks, made, tell);
     }
     return putTogether(checks, std::move(made), tell);
+}
+
+bool hasEndedEarly(const std::vector<CheckResult>& results) {
+    return std::any_of(results.begin(), results.end(),
+                       [](const CheckResult& result) { return result.reason == kEndedEarly; });
 }
 
 } // namespace kelutv::tool::compliance

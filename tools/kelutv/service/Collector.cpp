@@ -1,5 +1,7 @@
 #include "tools/kelutv/service/Collector.h"
 
+#include "tools/kelutv/service/Answering.h"
+
 namespace kelutv::tool {
 
 namespace {
@@ -9,6 +11,7 @@ thread_local std::vector<interposition::Transaction>* collected = nullptr;
 void collect(const interposition::TransactionView& transaction) {
     if (collected != nullptr) {
         collected->push_back(interposition::copyOf(transaction));
+        noteAnswer();
     }
 }
 

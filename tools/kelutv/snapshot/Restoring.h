@@ -29,7 +29,7 @@ struct RestoreOrder {
     std::vector<HeldState> states;
     /** Sets nothing, and says what would be set. */
     bool isRehearsal = false;
-    /** How many seconds reading, setting and reading back one state may take. */
+    /** How many seconds an answer may take. */
     double limit = 5;
 };
 

@@ -24,6 +24,8 @@ constexpr std::chrono::milliseconds kTimeOfEvent{500};
 /** Of a television on which so many did not come, others are waited for so long: there may be none at all. */
 constexpr std::size_t kManyMissed = 10;
 constexpr std::chrono::milliseconds kTimeAfterMany{100};
+/** What is told twice follows closely. */
+constexpr std::chrono::milliseconds kTimeOfSecond{25};
 
 /** What is set, and the event that tells of it. */
 struct EventPlan {
@@ -47,12 +49,12 @@ Bytes require(const EventPlan& plan, const std::string& when) {
         return *payload;
     }
     missedEvents().insert(name);
-    endWith(Verdict::failed, "no " + name + " came when it was " + when);
+    endWith(Verdict::failed, missedText(name) + " when it was " + when);
 }
 
 void requireHeard(const EventPlan& plan) {
     if (missedEvents().count(plan.event->name) != 0) {
-        endWith(Verdict::inconclusive, std::string("not waited for: no ") + plan.event->name + " came another time");
+        endWith(Verdict::inconclusive, "not waited for: " + missedText(plan.event->name) + " another time");
     }
     Hearing::instance().clear();
 }
@@ -75,13 +77,24 @@ Bytes payloadNow(Television& television, const EventPlan& plan) {
     return {payload.begin(), payload.end()};
 }
 
-/** Events come in their order, so that what comes before the last one is all that there was. */
+bool comesAgain(const EventPlan& plan, std::chrono::milliseconds time) {
+    return Hearing::instance().next(*plan.event, time).has_value();
+}
+
+/**
+ * Whether putting back is told by one event behind the one of the change. Events come in their order, so that another
+ * payload is the last one's; an event that has the same for both must not come a third time.
+ */
+bool isNextOfPutBack(const EventPlan& plan, const Bytes& changed) {
+    return require(plan, "put back") != changed || !comesAgain(plan, kTimeOfEvent);
+}
+
 void tellOnce(Television& television, const EventPlan& plan) {
     Setting setting(television, *plan.set.setter, plan.set.reading);
     setting.setOther();
     const Bytes changed = require(plan, "changed");
     setting.putBack();
-    if (require(plan, "put back") == changed) {
+    if (!isNextOfPutBack(plan, changed) || comesAgain(plan, kTimeOfSecond)) {
         endWith(Verdict::failed, std::string(plan.event->name) + " came twice for one change");
     }
 }
@@ -92,7 +105,7 @@ void tellNothing(Television& television, const EventPlan& plan) {
     const Bytes changed = require(plan, "changed");
     setting.setAgain();
     setting.putBack();
-    if (require(plan, "put back") == changed) {
+    if (!isNextOfPutBack(plan, changed)) {
         endWith(Verdict::failed, std::string(plan.event->name) + " came although the same value was set");
     }
 }
@@ -134,7 +147,7 @@ public:
 
     bool changesState() const override { return true; }
     std::string event() const override { return mPlan.event->name; }
-    double patience() const override { return 2; }
+    std::chrono::duration<double> pause() const override { return kTimeOfEvent; }
 
     Outcome run(Television& television) const override {
         try {
@@ -179,7 +192,14 @@ std::unique_ptr<const Check> checkOfOneEvent(const Terms& terms) {
     const auto ofVolume = std::find_if(checks.begin(), checks.end(), [](const auto& check) {
         return check->subject().id.rfind("events.audio.setVolume[", 0) == 0;
     });
+    if (checks.empty()) {
+        return nullptr;
+    }
     return std::move(ofVolume != checks.end() ? *ofVolume : checks.front());
+}
+
+std::string whyNoEvent(const Terms& terms) {
+    return checkOfOneEvent(terms) == nullptr ? "no event of the table tells of anything that is set" : "";
 }
 
 void listenToEvents() { Hearing::instance(); }

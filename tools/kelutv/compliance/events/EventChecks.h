@@ -8,8 +8,11 @@ namespace kelutv::tool::compliance {
 /** Adds the checks of what is told when something is set: of each state that has an event, under each key. */
 void addEventChecks(Checks& checks, const Terms& terms);
 
-/** The check of one change that is told once: of the volume where there is one. */
+/** The check of one change that is told once: of the volume where there is one; null where no change is told. */
 std::unique_ptr<const Check> checkOfOneEvent(const Terms& terms);
+
+/** Why nothing that waits for such a check is made; empty when there is one. */
+std::string whyNoEvent(const Terms& terms);
 
 /** Events come to this process from now on. @throws ToolError, LinkError when they cannot */
 void listenToEvents();

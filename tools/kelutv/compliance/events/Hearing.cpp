@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/events/EventNames.h"
 #include "tools/kelutv/events/EventSubscription.h"
+#include "tools/kelutv/service/Answering.h"
 #include "tools/process/Deadline.h"
 
 #include <iterator>
@@ -25,6 +26,7 @@ void Hearing::clear() {
 }
 
 std::optional<Bytes> Hearing::next(const wire::Event& event, std::chrono::milliseconds time) {
+    noteAnswer();
     const process::Deadline deadline = process::deadlineIn(time);
     do {
         std::deque<ReceivedEvent> came = EventQueue::instance().take();

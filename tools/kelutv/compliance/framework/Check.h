@@ -3,6 +3,7 @@
 #include "tools/kelutv/compliance/framework/Television.h"
 #include "tools/kelutv/compliance/results/CheckResult.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -53,11 +54,11 @@ public:
     /** The event that it waits for; empty for one that waits for none. */
     virtual std::string event() const { return ""; }
 
-    /** How many times the limit of one answer it may take. */
-    virtual double patience() const { return 1; }
+    /** How long it may wait for something else than an answer. */
+    virtual std::chrono::duration<double> pause() const { return {}; }
 
     /**
-     * Runs in a process that is given up when it takes too long; the library may be used there.
+     * Runs in a process that is given up when an answer takes too long; the library may be used there.
      *
      * @throws ToolError what makes it fail
      */
@@ -66,6 +67,9 @@ public:
 private:
     Subject mSubject;
 };
+
+/** How a check says that its event did not come, at the time or another time. */
+inline std::string missedText(const std::string& event) { return "no " + event + " came"; }
 
 using Checks = std::vector<std::unique_ptr<const Check>>;
 

@@ -151,7 +151,9 @@ std::optional<Outcome> Setting::send(const SetCall& call) const {
         // What a later request says may depend on the answer to an earlier one.
         const CallResult result = tryFunction(*call.function, call.arguments);
         const auto failure = failureIn(result.transactions, false);
-        return failure ? std::optional(Outcome{Verdict::refused, failure->text, std::nullopt}) : std::nullopt;
+        return failure ? std::optional(
+                             Outcome{failure->result ? Verdict::refused : Verdict::failed, failure->text, std::nullopt})
+                       : std::nullopt;
     }
     for (const Bytes& request : requestsOf(*call.function, call.arguments)) {
         if (auto objection = objectionIn(answerTo(mTelevision, request))) {

@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/checks/Asking.h"
 #include "tools/kelutv/output/Errors.h"
+#include "tools/kelutv/service/Answering.h"
 #include "tools/kelutv/service/ServiceLink.h"
 
 #include <binder/IBinder.h>
@@ -20,6 +21,7 @@ Exchange Television::ask(const Bytes& request, std::uint32_t code) {
     android::Parcel reply;
     Exchange exchange{code, request, 0, {}};
     const auto time = timeOf([&] { exchange.status = service->transact(code, data, &reply, 0); });
+    noteAnswer();
     if (exchange.status == android::NO_ERROR) {
         mLatencies.push_back(time);
     }

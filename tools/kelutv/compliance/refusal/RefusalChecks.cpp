@@ -25,7 +25,6 @@ struct Way {
     std::string sentence;
     /** What a service that answers all the same is judged as. */
     Verdict whenTaken;
-    double patience;
     Make make;
 };
 
@@ -41,7 +40,6 @@ public:
           mWay(std::move(way)) {}
 
     bool changesState() const override { return mFunction.effect.kind != wire::EffectKind::Read; }
-    double patience() const override { return mWay.patience; }
 
     Outcome run(Television& television) const override {
         try {
@@ -90,19 +88,19 @@ private:
 const std::vector<Way>& commonWays() {
     static const std::vector<Way> ways{
         {"token", "A request with the token of another interface, or without one, is refused: it is meant for another.",
-         Verdict::failed, 1, withWrongTokens},
+         Verdict::failed, withWrongTokens},
         {"truncated",
          "A request that is cut off at any byte behind its token is refused: what is missing must be neither guessed "
          "nor read beyond the end.",
-         Verdict::failed, 4, truncated},
+         Verdict::failed, truncated},
         {"trailing",
          "A request with more behind it than it has is refused, since it was meant to be another one; a service that "
          "does not look there leaves the check open.",
-         Verdict::inconclusive, 1, withMore},
+         Verdict::inconclusive, withMore},
         {"huge",
          "A request of 1 MiB is refused by the service or on its way, and the service goes on; one that does not look "
          "behind what it needs leaves the check open.",
-         Verdict::inconclusive, 1, madeHuge},
+         Verdict::inconclusive, madeHuge},
     };
     return ways;
 }
@@ -117,7 +115,7 @@ Way outsideOf(const wire::Parameter& parameter, const wire::Function& function) 
             isKnown ? "A number outside its range is refused: it would be kept as what it cannot be."
                     : "A value that the catalogue does not know is refused; a service that takes it may know it, and "
                       "leaves the check open.",
-            isKnown ? Verdict::failed : Verdict::inconclusive, 1,
+            isKnown ? Verdict::failed : Verdict::inconclusive,
             [&parameter](const Bytes& request) { return outOfRange(parameter, request); }};
 }
 
@@ -150,7 +148,7 @@ std::vector<Way> waysFor(const wire::Function& function) {
     }
     if (hasText) {
         ways.push_back({"nullText", "A request without its text, which is what a null one leaves, is refused.",
-                        Verdict::failed, 1, withoutTexts});
+                        Verdict::failed, withoutTexts});
     }
     return ways;
 }
@@ -163,7 +161,7 @@ void add(Checks& checks, const wire::Function& function) {
 
 Way unknownItems() {
     return {"unknownItem", "An item that the module does not have is refused: there is nothing to answer.",
-            Verdict::failed, 1, withUnknownItems};
+            Verdict::failed, withUnknownItems};
 }
 
 /** Why the function gets no requests that might do what they must not; empty when it does. */

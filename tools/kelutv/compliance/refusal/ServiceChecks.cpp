@@ -27,8 +27,6 @@ public:
 
     ServiceCheck(Subject subject, Make make) : Check(std::move(subject)), mMake(make) {}
 
-    double patience() const override { return 2; }
-
     Outcome run(Television& television) const override {
         for (const Malformed& malformed : mMake(anyRequest())) {
             const Exchange exchange = television.ask(malformed.request, malformed.code);

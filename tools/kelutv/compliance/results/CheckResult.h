@@ -39,6 +39,8 @@ struct CheckResult {
     std::optional<Exchange> exchange;
     /** How long each answer took. */
     std::vector<std::chrono::nanoseconds> latencies;
+    /** Whether it was broken off, which may leave behind what it had set. */
+    bool isGivenUp = false;
 };
 
 } // namespace kelutv::tool::compliance

@@ -78,11 +78,9 @@ constexpr Aspect kAspects[] = {
 class StateCheck : public Check {
 public:
     StateCheck(Subject subject, SetPlan plan, const Aspect& aspect)
-        : Check(std::move(subject)), mPlan(std::move(plan)), mMake(aspect.make),
-          mPatience(aspect.needsOthers ? 2 + static_cast<double>(mPlan.all->size()) / 10 : 2) {}
+        : Check(std::move(subject)), mPlan(std::move(plan)), mMake(aspect.make) {}
 
     bool changesState() const override { return true; }
-    double patience() const override { return mPatience; }
 
     Outcome run(Television& television) const override {
         try {
@@ -96,7 +94,6 @@ public:
 private:
     SetPlan mPlan;
     void (*mMake)(Television& television, const SetPlan& plan);
-    double mPatience;
 };
 
 void add(Checks& checks, const SettableFunction& function) {
