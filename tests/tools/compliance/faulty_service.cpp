@@ -105,13 +105,19 @@ private:
         if (has("tells of another value")) {
             ++std::get<std::int32_t>(values.front());
         }
-        const std::string payload = wire::payloadOf(indexes) + wire::payloadOf(values);
-        const int times = has("tells nothing") || !(isChange || has("tells of no change")) ? 0
-                          : has("tells twice")                                             ? 2
-                                                                                           : 1;
-        for (int i = 0; i < times; ++i) {
+        const std::string payload =
+            wire::payloadOf(indexes) + (has("tells no value") ? std::string() : wire::payloadOf(values));
+        for (int i = timesToTell(isChange); i > 0; --i) {
             mPublisher.publish(table.named("volumeChanged")->first, payload.data(), payload.size());
         }
+    }
+
+    int timesToTell(bool isChange) {
+        mChanges += isChange ? 1 : 0;
+        if (has("tells nothing") || !(isChange || has("tells of no change"))) {
+            return 0;
+        }
+        return has("tells twice") || (has("tells twice of putting back") && mChanges % 2 == 0) ? 2 : 1;
     }
 
     wire::Reply set(std::map<wire::Values, wire::Values>& kept, const wire::Values& indexes,
@@ -134,6 +140,8 @@ private:
     std::atomic<int> mCalls{0};
     std::mutex mMutex;
     wire::Reply mLast;
+    /** Each check changes something and puts it back. */
+    int mChanges = 0;
     keluem::Publisher mPublisher;
     std::map<const wire::StateKey*, std::map<wire::Values, wire::Values>> mStates;
 };

@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <deque>
+#include <thread>
 
 namespace kelutv::tool::compliance {
 
@@ -18,6 +19,9 @@ namespace {
 constexpr int kClients = 20;
 constexpr int kCallsBeside = 50;
 constexpr std::chrono::seconds kTimeOfRestart{30};
+/** A service that has just begun may have more to load before its answers are the right ones. */
+constexpr std::chrono::seconds kTimeToSettle{5};
+constexpr std::chrono::milliseconds kTimeBetweenTries{100};
 
 /** Lets something happen to clients; the service must go on. */
 class LifeCheck : public Check {
@@ -90,11 +94,12 @@ private:
 class ListenersCheck : public Check {
 public:
     ListenersCheck(const std::string& aspect, const std::string& sentence, int signal, Terms terms)
-        : Check({"life.service." + aspect, "life", "service", "", sentence}), mSignal(signal),
-          mTerms(std::move(terms)) {}
+        : Check({"life.service." + aspect, "life", "service", "", sentence}), mSignal(signal), mTerms(std::move(terms)),
+          mWhyLeftOut(whyNoEvent(mTerms)) {}
 
     bool changesState() const override { return true; }
     bool startsProcesses() const override { return true; }
+    std::string whyLeftOut() const override { return mWhyLeftOut; }
 
     Outcome run(Television& /*television*/) const override {
         Witness witness;
@@ -110,6 +115,7 @@ public:
 private:
     int mSignal;
     Terms mTerms;
+    std::string mWhyLeftOut;
 };
 
 /** The command is a line of the shell, so that it may be anything. @throws ToolError unless it ends well in time */
@@ -123,17 +129,30 @@ void runShell(const std::string& line) {
     }
 }
 
-/** Whether a new client is answered; the service may still be on its way. */
+bool isOver(const process::Deadline& deadline) { return std::chrono::steady_clock::now() > *deadline; }
+
+/** Waits for a new client to be answered; the service may still be on its way. @throws ToolError when none is */
 void awaitService() {
     const process::Deadline deadline = process::deadlineIn(kTimeOfRestart);
-    for (;;) {
+    for (;; std::this_thread::sleep_for(kTimeBetweenTries)) {
         try {
             const Witness found;
             return;
         } catch (const ToolError&) {
-            if (std::chrono::steady_clock::now() > *deadline) {
+            if (isOver(deadline)) {
                 throw;
             }
+        }
+    }
+}
+
+/** What a new client has against the answers; empty as soon as they are those of before the restart. */
+std::string complaintOfNewClient() {
+    const process::Deadline deadline = process::deadlineIn(kTimeToSettle);
+    for (;; std::this_thread::sleep_for(kTimeBetweenTries)) {
+        const std::string complaint = Witness().complaint();
+        if (complaint.empty() || isOver(deadline)) {
+            return complaint;
         }
     }
 }
@@ -154,6 +173,7 @@ public:
     }
 
     Outcome run(Television& /*television*/) const override {
+        requireKnownAnswers();
         Client client([](const ClientLine& line) {
             listenToEvents();
             line.say({{"ready", true}});
@@ -166,6 +186,9 @@ public:
             return {Verdict::inconclusive, "clients are not told that the service has ended", std::nullopt};
         }
         awaitService();
+        if (const std::string complaint = complaintOfNewClient(); !complaint.empty()) {
+            return {Verdict::failed, "after the restart " + complaint, std::nullopt};
+        }
         return {};
     }
 

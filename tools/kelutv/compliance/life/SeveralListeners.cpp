@@ -49,10 +49,11 @@ public:
     explicit SeveralListenersCheck(Terms terms)
         : Check({"events.service.severalListeners", "events", "service", "",
                  "All who listen are told of a change, each once and all the same."}),
-          mTerms(std::move(terms)) {}
+          mTerms(std::move(terms)), mWhyLeftOut(whyNoEvent(mTerms)) {}
 
     bool changesState() const override { return true; }
     bool startsProcesses() const override { return true; }
+    std::string whyLeftOut() const override { return mWhyLeftOut; }
 
     Outcome run(Television& /*television*/) const override {
         const std::string event = checkOfOneEvent(mTerms)->event();
@@ -82,6 +83,7 @@ private:
     }
 
     Terms mTerms;
+    std::string mWhyLeftOut;
 };
 
 } // namespace

@@ -6,6 +6,9 @@
 
 namespace kelutv::tool::compliance {
 
+/** Learns what witnesses ask for, where that is not known yet. @throws ToolError when there is nothing, LinkError */
+void requireKnownAnswers();
+
 /** A client that is connected before something happens, and says afterwards whether its service is still there. */
 class Witness {
 public:
