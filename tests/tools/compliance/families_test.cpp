@@ -2,6 +2,7 @@
 
 #include "tools/compliance/Judged.h"
 #include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/Runner.h"
 #include "tools/kelutv/compliance/knowledge/Capabilities.h"
 
 #include "simulator/Simulator.h"
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 namespace kelutv::test {
@@ -82,6 +84,29 @@ TEST_F(Families, anEventThatDoesNotComeFailsOnceAndIsNotWaitedForAgain) {
                      "events.audio.setInputVolume.payload inconclusive"}));
 }
 
+/** An event is waited for longer than an answer may take. */
+TEST_F(Families, anEventThatDoesNotComeIsNoAnswerThatDoesNot) {
+    turnOnWith(R"({"audio": {"inputVolume": {"event": null}}})");
+    const auto checks = tool::compliance::chosenChecks({"events.audio.setInputVolume.once"}, {});
+    const Judged results = tool::compliance::runChecks(checks, 0.2, [](const CheckResult&) {});
+    EXPECT_EQ(results.front().reason, "no inputVolumeChanged came when it was changed");
+}
+
+TEST_F(Families, aTableWithoutTheEventsOfStatesLeavesOutWhatNeedsOne) {
+    turnOn();
+    const std::string table = folder().pathOf("events.md");
+    std::ofstream(table) << "# Another\n\n## Events\n\n| identifier | event | payload | when |\n|---|---|---|---|\n"
+                         << "| KELU_EM_MODE_VOLUME+7 | loudnessChanged | level:int16 | Another loudness. |\n";
+    const ToolRun run = runTool({"compliance", "events.service.severalListeners", "life.service.*Listeners", "--all"},
+                                {"KELUTV_EVENTS=" + table});
+    EXPECT_EQ(run.exit, 0) << run.error;
+    for (const char* const check :
+         {"events.service.severalListeners", "life.service.vanishedListeners", "life.service.stoppedListeners"}) {
+        EXPECT_NE(run.output.find(check), std::string::npos) << run.output;
+    }
+    EXPECT_NE(run.output.find("no event of the table tells of anything that is set"), std::string::npos) << run.output;
+}
+
 TEST_F(Families, anotherEventInItsPlaceIsNone) {
     turnOnWith(R"({"audio": {"inputVolume": {"event": "subwooferVolumeChanged"}}})");
     const Judged results = judgedBy({}, {"events.audio.setInputVolume.once"});
@@ -144,6 +169,13 @@ public:
 
     std::string restart() const { return "kill $(cat " + mFile + ')'; }
 
+    /** Restarts it, and gives the new one this line before anybody asks it. */
+    std::string restartWith(const std::string& line) const {
+        return "old=$(cat " + mFile + "); kill $old; while test \"$(cat " + mFile +
+               ")\" = $old; do sleep 0.05; done; until '" + toolProgram() + "' --quiet sim '" + line +
+               "'; do sleep 0.05; done";
+    }
+
 private:
     std::string mFile;
     ChildProcess mKeeper;
@@ -160,6 +192,19 @@ TEST_F(Families, aRestartedServiceIsFoundAgain) {
     terms.restart = "false";
     const Judged results = judgedBy(terms, {"life.service.restarted"});
     EXPECT_EQ(results.front().reason, "the command that restarts the service failed");
+    terms.restart = television.restartWith("fault any error -5");
+    const Judged broken = judgedBy(terms, {"life.service.restarted"});
+    EXPECT_EQ(broken.front().verdict, Verdict::failed);
+    EXPECT_EQ(broken.front().reason, "after the restart a client that was there before gets another answer");
+}
+
+TEST_F(Families, whatATelevisionHasIsNotToldWhenItEndsMeanwhile) {
+    turnOn();
+    ASSERT_EQ(runTool({"sim", "fault CMD_AUDIO_GETINPUTVOLUME nth 4 die before"}).exit, 0);
+    const std::string file = folder().pathOf("has.json");
+    const ToolRun run = runTool({"compliance", "--discover", file, "--keep", folder().pathOf("put-back.json")});
+    EXPECT_EQ(run.exit, 1) << run.error;
+    EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST_F(Families, whatATelevisionLacksIsDiscoveredAndLeftOut) {

@@ -1,5 +1,6 @@
 #include "tools/compliance/Judged.h"
 #include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/knowledge/Capabilities.h"
 
 #include "support/ChildProcess.h"
 #include "support/RuntimeDir.h"
@@ -70,7 +71,9 @@ TEST_F(FaultyServices, areFoundByWhatTheyTell) {
         {"none", {}},
         {"tells nothing", {"events.once", "events.severalListeners"}},
         {"tells twice", {"events.once", "events.same", "events.payload", "events.severalListeners"}},
+        {"tells twice of putting back", {"events.once", "events.severalListeners"}},
         {"tells of no change", {"events.same"}},
+        {"tells no value", {"events.payload"}},
         {"tells of another value", {"events.payload"}},
     };
     const tool::compliance::Checks checks =
@@ -83,6 +86,12 @@ TEST_F(FaultyServices, areFoundByWhatTheyTell) {
         }
         EXPECT_EQ(failed, expected) << fault;
     }
+}
+
+TEST_F(FaultyServices, haveTheEventsThatTheyTellWrongly) {
+    turnOn("tells twice");
+    const auto checks = tool::compliance::chosenChecks({"events.audio.setVolume[[]channel=speaker*"}, {});
+    EXPECT_EQ(tool::compliance::capabilitiesFrom(checks, resultsOf(checks)).events.count("volumeChanged"), 0U);
 }
 
 TEST_F(FaultyServices, areFoundWhenTheyMixAnswersUp) {

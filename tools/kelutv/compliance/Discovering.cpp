@@ -22,8 +22,13 @@ std::string partText(const Capabilities::Names& names, const std::string& word) 
 Exit discover(const std::string& path, const JudgingOrder& order, const Output& output) {
     DataOutput data(path == "-" ? "" : path);
     const Checks checks = chosenChecks({"form", "events"}, order.order.terms);
-    const Capabilities capabilities =
-        capabilitiesFrom(checks, makeRun(checks, order.order, {[](std::size_t) {}, [](const CheckResult&) {}}));
+    const std::vector<CheckResult> results =
+        makeRun(checks, order.order, {[](std::size_t) {}, [](const CheckResult&) {}});
+    if (hasEndedEarly(results)) {
+        throw ToolError(Exit::Failure, "the service is gone or answers nothing any longer, so that it is not known "
+                                       "what the television has");
+    }
+    const Capabilities capabilities = capabilitiesFrom(checks, results);
     data.write(textOf(capabilities));
     data.finish();
     output.message("kelutv: the television has " + partText(capabilities.modules, "module") + ", " +

@@ -96,6 +96,16 @@ void note(FoundReadings& readings, const Check& check, Verdict verdict) {
     }
 }
 
+/** An event that failed its check otherwise may be there, and is to be checked again. */
+void noteEvent(Names& events, const std::string& event, const CheckResult& result) {
+    const bool isMissed = result.reason.find(missedText(event)) != std::string::npos;
+    if (isMissed || result.verdict == Verdict::passed) {
+        note(events, event, !isMissed);
+    }
+}
+
+bool isJudged(Verdict verdict) { return verdict != Verdict::leftOut && verdict != Verdict::inconclusive; }
+
 /** Keys are named where a function has some of them only. */
 void note(Capabilities& capabilities, const FoundKeys& found) {
     note(capabilities.modules, found.function->module, found.isThere());
@@ -136,21 +146,22 @@ Checks withoutLacking(const Capabilities& capabilities, Checks checks) {
 }
 
 Capabilities capabilitiesFrom(const Checks& checks, const std::vector<CheckResult>& results) {
-    std::map<std::string, Verdict> verdicts;
+    std::map<std::string, const CheckResult*> byId;
     for (const CheckResult& result : results) {
-        verdicts.emplace(result.id, result.verdict);
+        byId.emplace(result.id, &result);
     }
     Capabilities capabilities;
     FoundReadings readings;
     for (const auto& check : checks) {
-        const auto found = verdicts.find(check->subject().id);
-        if (found == verdicts.end() || found->second == Verdict::leftOut) {
+        const auto found = byId.find(check->subject().id);
+        if (found == byId.end()) {
             continue;
         }
-        if (check->event().empty()) {
-            note(readings, *check, found->second);
-        } else {
-            note(capabilities.events, check->event(), found->second == Verdict::passed);
+        const CheckResult& result = *found->second;
+        if (!check->event().empty()) {
+            noteEvent(capabilities.events, check->event(), result);
+        } else if (isJudged(result.verdict)) {
+            note(readings, *check, result.verdict);
         }
     }
     for (const auto& [name, keys] : readings) {

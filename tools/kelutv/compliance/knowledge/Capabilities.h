@@ -29,7 +29,7 @@ Checks withoutLacking(const Capabilities& capabilities, Checks checks);
 
 /**
  * What these checks of replies and events say that a television has: it lacks what it refuses to read, and events that
- * did not come.
+ * did not come. What no check came to an end of is not named.
  */
 Capabilities capabilitiesFrom(const Checks& checks, const std::vector<CheckResult>& results);
 
