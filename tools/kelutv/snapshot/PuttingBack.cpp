@@ -7,6 +7,7 @@
 #include "tools/kelutv/snapshot/Setters.h"
 #include "tools/kelutv/snapshot/StateRules.h"
 #include "tools/kelutv/snapshot/StateText.h"
+#include "tools/kelutv/text/ShellWord.h"
 
 #include <algorithm>
 
@@ -37,19 +38,6 @@ std::string complaintAbout(const SetCall& call, const HeldState& held) {
     }
     const Json stored = documentOf(wire::valuesOf(rule.values, request.arguments));
     return readsAs(stored, held.values) ? "" : nameOf(*call.function) + " would store " + stored.dump();
-}
-
-std::string shellWord(const std::string& word) {
-    const bool isPlain = !word.empty() && word.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
-                                                                 "0123456789_-+=.,:/@") == std::string::npos;
-    if (isPlain) {
-        return word;
-    }
-    std::string quoted = "'";
-    for (const char each : word) {
-        quoted += each == '\'' ? "'\\''" : std::string(1, each);
-    }
-    return quoted + '\'';
 }
 
 } // namespace
