@@ -36,6 +36,9 @@ KnownFailures::KnownFailures(std::vector<KnownFailure> known) : mKnown(std::move
 }
 
 CheckResult KnownFailures::judged(CheckResult result) {
+    if (result.id == kPutBackCheck) {
+        return result;
+    }
     for (std::size_t i = 0; i < mKnown.size(); ++i) {
         if (!mPatterns[i].matches(result.id)) {
             continue;

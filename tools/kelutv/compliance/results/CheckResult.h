@@ -21,6 +21,9 @@ struct Exchange {
     std::vector<std::uint8_t> reply;
 };
 
+/** The identifier of what says at the end of a run whether all that could be put back is as it was. */
+constexpr char kPutBackCheck[] = "state.television.unchanged";
+
 /** What came of one check. */
 struct CheckResult {
     /** Stable from run to run: `form.audio.getVolume[channel=speaker].terminated`. */
