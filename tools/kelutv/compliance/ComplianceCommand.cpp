@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/compliance/Discovering.h"
 #include "tools/kelutv/compliance/Families.h"
+#include "tools/kelutv/compliance/Journal.h"
 #include "tools/kelutv/compliance/Judging.h"
 #include "tools/kelutv/compliance/knowledge/Capabilities.h"
 #include "tools/kelutv/compliance/reports/ReportCommands.h"
@@ -12,7 +13,11 @@
 
 #include <unistd.h>
 
+#include <filesystem>
+#include <iterator>
 #include <memory>
+#include <system_error>
+#include <utility>
 
 namespace kelutv::tool {
 
@@ -65,13 +70,54 @@ Exit putBack(const ComplianceOptions& options, const Output& output) {
         throw UsageError("--put-back makes no checks, so that it takes no '" +
                          wire::shown(options.judging.words.front()) + '\'');
     }
-    const auto all = restore({snapshotIn(options.putBack).held, options.dryRun, options.judging.order.limit},
+    const auto all = restore({compliance::journalIn(options.putBack).held, options.dryRun, options.judging.order.limit},
                              [&](const Restored& each) { tellRestored(each, options.dryRun, output); });
     const Exit exit = finishRestoring(all, 0, options.dryRun, output);
     if (exit == Exit::Success && !options.dryRun && options.putBack != "-") {
         ::unlink(options.putBack.c_str());
     }
     return exit;
+}
+
+/** Whether the path is that of a file, or of nothing; what is written to a pipe or a device replaces nothing. */
+bool canBeReplaced(const std::string& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    return !path.empty() && (!std::filesystem::exists(status) || std::filesystem::is_regular_file(status));
+}
+
+bool isSameFile(const std::string& left, const std::string& right) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    return fs::equivalent(left, right, error) ||
+           fs::weakly_canonical(fs::absolute(left), error) == fs::weakly_canonical(fs::absolute(right), error);
+}
+
+/** @throws UsageError when two things would be written into one file */
+void requireFilesApart(const ComplianceOptions& options) {
+    const compliance::ReportPaths& reports = options.judging.reports;
+    const std::pair<const char*, std::string> files[] = {{"--keep", options.judging.order.journal},
+                                                         {"-o", reports.json},
+                                                         {"--junit", reports.junit},
+                                                         {"--html", reports.html},
+                                                         {"--discover", options.discovered}};
+    for (const auto* left = std::begin(files); left != std::end(files); ++left) {
+        for (const auto* right = left + 1; right != std::end(files); ++right) {
+            if (canBeReplaced(left->second) && canBeReplaced(right->second) &&
+                isSameFile(left->second, right->second)) {
+                throw UsageError(std::string(left->first) + " and " + right->first + " name the same file, " +
+                                 wire::shown(right->second, wire::kMostOfPath) + "; each needs one of its own");
+            }
+        }
+    }
+}
+
+Exit discover(const ComplianceOptions& options, const Output& output) {
+    if (!options.judging.words.empty()) {
+        throw UsageError("--discover chooses its checks itself, so that it takes no '" +
+                         wire::shown(options.judging.words.front()) + '\'');
+    }
+    return compliance::discover(options.discovered, options.judging, output);
 }
 
 /** @throws UsageError where nobody could answer */
@@ -128,6 +174,10 @@ void addOptions(const Subcommand& command, const Options& options) {
     command.option("--keep", options->judging.order.journal, "FILE",
                    "Where the values to put back are until the end; else kelutv-put-back.json");
     command.option("--put-back", options->putBack, "FILE", "Put back what such a file has, after an interruption");
+    for (const char* const other : {"--dry-run", "--all", "--output", "--junit", "--html", "--median", "--tail",
+                                    "--restart", "--interactive", "--capabilities", "--expect", "--put-back"}) {
+        command.excludes("--discover", other);
+    }
 }
 
 } // namespace
@@ -152,8 +202,9 @@ void addComplianceCommand(const Command& program, Context& context) {
         if (options->isDone) {
             return;
         }
+        requireFilesApart(*options);
         context.exit = !options->putBack.empty()      ? putBack(*options, context.output)
-                       : !options->discovered.empty() ? discover(options->discovered, options->judging, context.output)
+                       : !options->discovered.empty() ? discover(*options, context.output)
                                                       : judge(*options, context.output);
     });
 }

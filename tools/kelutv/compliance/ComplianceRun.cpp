@@ -1,10 +1,11 @@
 #include "tools/kelutv/compliance/ComplianceRun.h"
 
 #include "tools/kelutv/compliance/Journal.h"
+#include "tools/kelutv/compliance/framework/SetPlans.h"
+#include "tools/kelutv/compliance/framework/Setting.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/snapshot/StateText.h"
 #include "tools/kelutv/snapshot/Taking.h"
-#include "wire/text/Shown.h"
 
 #include <algorithm>
 
@@ -19,7 +20,7 @@ bool changesAny(const Checks& checks) {
 
 CheckResult unjudged() {
     CheckResult result;
-    result.id = "state.television.unchanged";
+    result.id = kPutBackCheck;
     result.family = "state";
     result.module = "television";
     result.sentence = "When every check has put back what it set, all that can be put back is as it was before: no "
@@ -43,29 +44,68 @@ std::string textOf(const std::vector<Restored>& all) {
     return all.size() > kMostTold ? text + "; and " + std::to_string(all.size() - kMostTold) + " others" : text;
 }
 
-bool hasBrokenOff(const std::vector<CheckResult>& results) {
-    return std::any_of(results.begin(), results.end(), [](const CheckResult& result) { return result.isGivenUp; });
+/** Whether a check was given up whose set the service may carry out yet. */
+bool mayStillSet(const Checks& checks, const std::vector<CheckResult>& results) {
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        if (results[i].isGivenUp && checks[i]->changesState()) {
+            return true;
+        }
+    }
+    return false;
 }
 
-CheckResult putBack(const Journal& journal, const RunOrder& order, bool mayDiffer) {
+/** What of putting back keeps the file; empty when all is as before. */
+std::string complaintAbout(const std::vector<Restored>& differing, bool mayChange) {
+    const bool isDone =
+        std::all_of(differing.begin(), differing.end(), [](const Restored& each) { return each.isAsWanted(); });
+    if (!isDone) {
+        return textOf(differing);
+    }
+    return mayChange ? "a check that sets something was given up, and the service may set it yet" +
+                           (differing.empty() ? "" : "; " + textOf(differing))
+                     : "";
+}
+
+/** @param mayChange whether something may be set after this */
+CheckResult putBack(const Journal& journal, const RunOrder& order, const Progress& progress, bool mayChange) {
     CheckResult result = unjudged();
-    const std::string finish = "; 'kelutv compliance --put-back " + wire::shown(order.journal) + "' goes on";
+    std::string staying;
     try {
         const std::vector<Restored> differing = journal.putBack(order.limit);
-        const bool isDone =
-            std::all_of(differing.begin(), differing.end(), [](const Restored& each) { return each.isAsWanted(); });
-        if (isDone) {
+        staying = complaintAbout(differing, mayChange);
+        if (staying.empty()) {
             journal.remove();
         }
-        if (!differing.empty()) {
-            result.verdict = isDone && mayDiffer ? Verdict::inconclusive : Verdict::failed;
-            result.reason = textOf(differing) + (isDone ? "; all of it was put back" : finish);
+        if (staying.empty() && !differing.empty()) {
+            result.verdict = Verdict::failed;
+            result.reason = textOf(differing) + "; all of it was put back";
         }
-    } catch (const ToolError& error) {
+    } catch (const std::exception& error) {
+        staying = error.what();
+    }
+    if (!staying.empty()) {
         result.verdict = Verdict::failed;
-        result.reason = error.what() + finish;
+        result.reason = staying + "; '" + commandPuttingBack(order.journal) + "' goes on";
+        if (progress.stays) {
+            progress.stays(result.reason);
+        }
     }
     return result;
+}
+
+/** Makes the checks; what ends that early is thrown on when all was put back. */
+std::vector<CheckResult> makeAndPutBack(const Checks& checks, const Journal& journal, const RunOrder& order,
+                                        const Progress& progress) {
+    std::vector<CheckResult> results;
+    try {
+        progress.keeps(journal.states().size());
+        results = runChecks(checks, order.limit, progress.tell);
+    } catch (...) {
+        putBack(journal, order, progress, false);
+        throw;
+    }
+    results.push_back(putBack(journal, order, progress, mayStillSet(checks, results)));
+    return results;
 }
 
 } // namespace
@@ -74,13 +114,10 @@ std::vector<CheckResult> makeRun(const Checks& checks, const RunOrder& order, co
     if (!changesAny(checks)) {
         return runChecks(checks, order.limit, progress.tell);
     }
-    requireNoJournal(order.journal);
-    Snapshot before = changeable(takeSnapshot(order.limit), order.terms);
-    const std::size_t values = before.held.size();
-    const Journal journal(order.journal, std::move(before));
-    progress.keeps(values);
-    std::vector<CheckResult> results = runChecks(checks, order.limit, progress.tell);
-    results.push_back(putBack(journal, order, hasBrokenOff(results)));
+    Journal journal(order.journal);
+    journal.keep(changeable(takeSnapshot(readingsOfPlans(), order.limit), order.terms));
+    setOnly(journal.states());
+    std::vector<CheckResult> results = makeAndPutBack(checks, journal, order, progress);
     progress.tell(results.back());
     return results;
 }

@@ -6,6 +6,7 @@
 #include "tools/kelutv/text/Lists.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace kelutv::tool::compliance {
 
@@ -23,7 +24,7 @@ Exit discover(const std::string& path, const JudgingOrder& order, const Output& 
     DataOutput data(path == "-" ? "" : path);
     const Checks checks = chosenChecks({"form", "events"}, order.order.terms);
     const std::vector<CheckResult> results =
-        makeRun(checks, order.order, {[](std::size_t) {}, [](const CheckResult&) {}});
+        makeRun(checks, order.order, progressOn(output, order.order.journal, [](const CheckResult&) {}));
     if (hasEndedEarly(results)) {
         throw ToolError(Exit::Failure, "the service is gone or answers nothing any longer, so that it is not known "
                                        "what the television has");
@@ -34,6 +35,12 @@ Exit discover(const std::string& path, const JudgingOrder& order, const Output& 
     output.message("kelutv: the television has " + partText(capabilities.modules, "module") + ", " +
                    partText(capabilities.commands, "command") + ", " + partText(capabilities.keys, "key") + ", " +
                    partText(capabilities.events, "event"));
+    if (results.back().id == kPutBackCheck && results.back().verdict == Verdict::failed) {
+        if (!std::filesystem::exists(order.order.journal)) {
+            output.complain("not all was as before: " + results.back().reason, Exit::Failure);
+        }
+        return Exit::Failure;
+    }
     return Exit::Success;
 }
 

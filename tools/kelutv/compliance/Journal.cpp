@@ -3,6 +3,8 @@
 #include "tools/kelutv/compliance/framework/Terms.h"
 #include "tools/kelutv/output/Errors.h"
 #include "tools/kelutv/snapshot/Setters.h"
+#include "tools/kelutv/text/Clock.h"
+#include "tools/kelutv/text/ShellWord.h"
 #include "wire/text/Shown.h"
 
 #include <fcntl.h>
@@ -18,6 +20,8 @@
 namespace kelutv::tool::compliance {
 
 namespace {
+
+constexpr char kPurpose[] = "put back";
 
 [[noreturn]] void fail(const std::string& path) {
     throw ToolError(Exit::Failure,
@@ -46,16 +50,29 @@ void syncFolderOf(const std::string& path) {
     }
 }
 
-/** Puts the text into the file as a whole, for good. @throws ToolError */
-void writeForGood(const std::string& path, const std::string& text) {
-    const std::string unfinished = path + ".new";
-    const int file = ::open(unfinished.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+/** Puts the text into a file that was not there, for good. @return whether it could; errno says why not */
+bool isMade(const std::string& path, const std::string& text) {
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file < 0) {
-        fail(path);
+        return false;
     }
     const bool isSafe = isWritten(file, text) && ::fsync(file) == 0;
+    const int reason = errno;
     ::close(file);
-    if (!isSafe || ::rename(unfinished.c_str(), path.c_str()) != 0) {
+    if (!isSafe) {
+        ::unlink(path.c_str());
+        errno = reason;
+    }
+    return isSafe;
+}
+
+/** Puts the text in place of what the file has, as a whole and for good. @throws ToolError */
+void replace(const std::string& path, const std::string& text) {
+    const std::string unfinished = path + '.' + std::to_string(::getpid());
+    if (!isMade(unfinished, text)) {
+        fail(path);
+    }
+    if (::rename(unfinished.c_str(), path.c_str()) != 0) {
         const int reason = errno;
         ::unlink(unfinished.c_str());
         errno = reason;
@@ -81,18 +98,54 @@ Snapshot changeable(Snapshot snapshot, const Terms& terms) {
     return snapshot;
 }
 
-void requireNoJournal(const std::string& path) {
-    if (::access(path.c_str(), F_OK) == 0) {
+Snapshot journalIn(const std::string& path) {
+    Snapshot snapshot = snapshotIn(path);
+    if (snapshot.purpose != kPurpose) {
         const std::string name = wire::shown(path, wire::kMostOfPath);
-        throw UsageError(name +
-                         " is there, so that an earlier run has not put everything back; 'kelutv compliance "
-                         "--put-back " +
-                         name + "' does, and takes the file away");
+        throw UsageError(name + " is no file that a run of 'kelutv compliance' has left; 'kelutv snapshot restore " +
+                         shellWord(name) + "' sets what a snapshot has");
+    }
+    return snapshot;
+}
+
+std::string commandPuttingBack(const std::string& path) {
+    return "kelutv compliance --put-back " + shellWord(wire::shown(path, wire::kMostOfPath));
+}
+
+Journal::Journal(std::string path) : mPath(std::move(path)) {
+    mSnapshot.taken = textOfNow();
+    mSnapshot.purpose = kPurpose;
+    if (isMade(mPath, textOf(mSnapshot))) {
+        return;
+    }
+    if (errno != EEXIST) {
+        fail(mPath);
+    }
+    throw UsageError(wire::shown(mPath, wire::kMostOfPath) +
+                     " is there, so that an earlier run has not put everything back, or another one is at work; when "
+                     "none is, '" +
+                     commandPuttingBack(mPath) + "' puts it back, and takes the file away");
+}
+
+Journal::~Journal() {
+    if (!mHasValues) {
+        remove();
     }
 }
 
-Journal::Journal(std::string path, Snapshot snapshot) : mPath(std::move(path)), mSnapshot(std::move(snapshot)) {
-    writeForGood(mPath, textOf(mSnapshot));
+void Journal::keep(Snapshot snapshot) {
+    mSnapshot = std::move(snapshot);
+    mSnapshot.purpose = kPurpose;
+    replace(mPath, textOf(mSnapshot));
+    mHasValues = true;
+}
+
+std::set<std::string> Journal::states() const {
+    std::set<std::string> names;
+    for (const HeldState& held : mSnapshot.held) {
+        names.insert(held.state);
+    }
+    return names;
 }
 
 std::vector<Restored> Journal::putBack(double limit) const {

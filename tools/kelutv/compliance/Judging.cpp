@@ -7,6 +7,7 @@
 #include "wire/text/Shown.h"
 
 #include <chrono>
+#include <utility>
 
 namespace kelutv::tool::compliance {
 
@@ -29,6 +30,17 @@ void tellUnused(const KnownFailures& known, const Output& output) {
 
 } // namespace
 
+Progress progressOn(const Output& output, const std::string& journal, Tell tell) {
+    return {[&output, journal](std::size_t values) {
+                output.message("kelutv: " + counted(values, "value") + " to put back in " +
+                               wire::shown(journal, wire::kMostOfPath) + " until the end");
+            },
+            std::move(tell),
+            [&output, journal](const std::string& reason) {
+                output.complain(wire::shown(journal, wire::kMostOfPath) + " stays: " + reason, Exit::Failure);
+            }};
+}
+
 Exit judge(const Checks& checks, const JudgingOrder& order, const Output& output) {
     KnownFailures known(knownFailuresIn(order.known));
     ReportFiles files(order.reports);
@@ -36,11 +48,8 @@ Exit judge(const Checks& checks, const JudgingOrder& order, const Output& output
     run.circumstances = circumstancesNow(choiceIn(order), order.order.limit);
     const auto start = std::chrono::steady_clock::now();
     TextReport report(output, checks.size(), order.tellsAll);
-    const Progress progress{[&](std::size_t values) {
-                                output.message("kelutv: " + counted(values, "value") + " to put back in " +
-                                               wire::shown(order.order.journal, wire::kMostOfPath) + " until the end");
-                            },
-                            [&](const CheckResult& result) { report.add(known.judged(result)); }};
+    const Progress progress =
+        progressOn(output, order.order.journal, [&](const CheckResult& result) { report.add(known.judged(result)); });
     for (CheckResult& result : makeRun(checks, order.order, progress)) {
         run.results.push_back(known.judged(std::move(result)));
     }

@@ -24,6 +24,9 @@ struct JudgingOrder {
     bool tellsAll = false;
 };
 
+/** Tells where values to put back are kept, and, also where nothing else is told, why the file stays. */
+Progress progressOn(const Output& output, const std::string& journal, Tell tell);
+
 /**
  * Makes the checks, tells of them and writes the reports. This process must not have used the library yet.
  *

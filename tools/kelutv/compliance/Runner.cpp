@@ -151,6 +151,7 @@ void makeHere(const Checks& checks, std::vector<CheckResult>& made, const Tell& 
             result.verdict = outcome.verdict;
             result.reason = std::move(outcome.reason);
             result.exchange = std::move(outcome.exchange);
+            result.isGivenUp = outcome.isGivenUp;
             result.latencies = television.takeLatencies();
             tell(result);
         }

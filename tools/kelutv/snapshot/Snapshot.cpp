@@ -101,8 +101,9 @@ std::vector<State> statesOf(const JsonMembers& document, const char* list, const
 } // namespace
 
 std::string textOf(const Snapshot& snapshot) {
-    return std::string("{\n  \"format\": \"") + kFormat +
-           "\",\n  \"library\": \"" KELUTV_VERSION "\",\n  \"taken\": " + Json(snapshot.taken).dump() +
+    return std::string("{\n  \"format\": \"") + kFormat + "\",\n" +
+           (snapshot.purpose.empty() ? "" : "  \"purpose\": " + Json(snapshot.purpose).dump() + ",\n") +
+           "  \"library\": \"" KELUTV_VERSION "\",\n  \"taken\": " + Json(snapshot.taken).dump() +
            ",\n  \"readable\": " + std::to_string(snapshot.readable()) +
            ",\n  \"held\": " + std::to_string(snapshot.held.size()) + ",\n  \"states\": " + listOf(snapshot.held) +
            ",\n  \"missing\": " + listOf(snapshot.missing) + "\n}\n";
@@ -115,6 +116,9 @@ Snapshot snapshotOf(const std::string& text, const std::string& file) {
     members.require(format == kFormat, "the format is '" + wire::shown(format) + "', not '" + kFormat + "'");
     Snapshot snapshot{members.text("taken"), statesOf(members, "states", file, heldStateOf),
                       statesOf(members, "missing", file, missingStateOf)};
+    if (members.optional("purpose") != nullptr) {
+        snapshot.purpose = members.text("purpose");
+    }
     members.require(members.number("readable") == static_cast<double>(snapshot.readable()),
                     "'readable' is not the number of states, held and missing: the file is not whole");
     return snapshot;

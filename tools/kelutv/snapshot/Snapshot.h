@@ -36,6 +36,8 @@ struct Snapshot {
     std::string taken;
     std::vector<HeldState> held;
     std::vector<MissingState> missing;
+    /** What the file is for, where it is no snapshot of its own; else empty. */
+    std::string purpose = {};
 
     std::size_t readable() const { return held.size() + missing.size(); }
 };

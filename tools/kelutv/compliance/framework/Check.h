@@ -27,6 +27,8 @@ struct Outcome {
     std::string reason;
     /** The exchange that decided. */
     std::optional<Exchange> exchange;
+    /** Whether a process of it was given up, so that a request may still be carried out. */
+    bool isGivenUp = false;
 };
 
 /** One thing that is demanded of a service. */

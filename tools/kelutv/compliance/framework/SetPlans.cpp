@@ -4,6 +4,7 @@
 #include "tools/kelutv/compliance/framework/Samples.h"
 
 #include <map>
+#include <set>
 
 namespace kelutv::tool::compliance {
 
@@ -14,14 +15,9 @@ using ReadingsByName = std::map<std::string, std::vector<Reading>>;
 
 ReadingsByName readingsByName() {
     ReadingsByName byName;
-    const Readings readings = allReadings();
+    const Readings readings = readingsOfPlans();
     for (const Reading& reading : readings.asked) {
         byName[reading.function->name].push_back(reading);
-    }
-    for (const Unasked& unasked : readings.unasked) {
-        if (unasked.function->requests.size() > 0) {
-            byName[unasked.function->name].push_back(sampleOf(*unasked.function));
-        }
     }
     return byName;
 }
@@ -59,6 +55,20 @@ std::vector<SettableFunction> settableFunctions(const Terms& terms) {
         }
     }
     return functions;
+}
+
+Readings readingsOfPlans() {
+    std::set<std::string> readBack;
+    for (const wire::Function& function : wire::allFunctions()) {
+        readBack.insert(function.effect.back != nullptr ? function.effect.back : "");
+    }
+    Readings readings = allReadings();
+    for (const Unasked& unasked : readings.unasked) {
+        if (unasked.function->requests.size() > 0 && readBack.count(unasked.function->name) != 0) {
+            readings.asked.push_back(sampleOf(*unasked.function));
+        }
+    }
+    return readings;
 }
 
 Subject subjectOf(const std::string& family, const SetPlan& plan, const std::string& aspect,

@@ -31,6 +31,9 @@ struct SettableFunction {
 /** Every function that sets something, in the order of the catalogue. */
 std::vector<SettableFunction> settableFunctions(const Terms& terms);
 
+/** Everything that can be read, with what sets of the plans are read back by. */
+Readings readingsOfPlans();
+
 /** The identifier has the name of the function that sets, with the keys of the one that reads. */
 Subject subjectOf(const std::string& family, const SetPlan& plan, const std::string& aspect,
                   const std::string& sentence);

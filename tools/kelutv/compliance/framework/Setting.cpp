@@ -10,11 +10,26 @@
 #include "tools/kelutv/snapshot/StateText.h"
 #include "wire/text/ResultNames.h"
 
+#include <utility>
+
 namespace kelutv::tool::compliance {
 
 namespace {
 
 [[noreturn]] void end(Verdict verdict, const std::string& reason) { throw Ended{{verdict, reason, std::nullopt}}; }
+
+/** Nothing while everything may be set. */
+std::optional<std::set<std::string>>& statesToSet() {
+    static std::optional<std::set<std::string>> states;
+    return states;
+}
+
+void requireMaySet(const std::string& state) {
+    const auto& states = statesToSet();
+    if (states && states->count(state) == 0) {
+        end(Verdict::leftOut, "it could not be read before the run, so that the file to put back lacks " + state);
+    }
+}
 
 HeldState heldBy(const Reading& reading) {
     const StateRead read = readState(reading);
@@ -41,8 +56,11 @@ std::optional<Outcome> objectionIn(const Answer& answer) {
 
 } // namespace
 
+void setOnly(std::set<std::string> states) { statesToSet() = std::move(states); }
+
 Setting::Setting(Television& television, const wire::Function& setter, const Reading& reading)
     : mTelevision(television), mSetter(setter), mBefore(heldBy(reading)) {
+    requireMaySet(mBefore.state);
     const FoundCall back = callOf(setter, mBefore);
     if (back.call.function == nullptr) {
         end(Verdict::inconclusive, "what it holds cannot be put back: " + back.complaint);

@@ -5,6 +5,7 @@
 #include "tools/kelutv/snapshot/Snapshot.h"
 
 #include <optional>
+#include <set>
 #include <string>
 
 namespace kelutv::tool::compliance {
@@ -14,10 +15,16 @@ struct Ended {
     Outcome outcome;
 };
 
+/**
+ * From now on checks set no other states than these, in this process and those that it starts; what they hold is in the
+ * file of what is to be put back.
+ */
+void setOnly(std::set<std::string> states);
+
 /** A state as a check holds it while it sets it: what it was is put back by `putBack`, or at the end. */
 class Setting {
 public:
-    /** Reads what it is. @throws Ended when it cannot be read */
+    /** Reads what it is. @throws Ended when it cannot be read, or is not to be set */
     Setting(Television& television, const wire::Function& setter, const Reading& reading);
     /** Puts it back where nobody has, as far as that goes. */
     ~Setting();

@@ -26,7 +26,8 @@ Outcome changeAndListen(const Terms& terms) {
     });
     const std::optional<Json> message = client.hear(process::deadlineIn(kTimeOfListener));
     if (!message) {
-        return {Verdict::failed, "a client that changes something was not answered in time, or ended", std::nullopt};
+        return {Verdict::failed, "a client that changes something was not answered in time, or ended", std::nullopt,
+                true};
     }
     if (const Json* const error = message->find("error")) {
         return {Verdict::failed, error->asText(), std::nullopt};

@@ -22,7 +22,8 @@ Json documentOf(const Outcome& outcome) { return {{"verdict", nameOf(outcome.ver
 Outcome outcomeIn(Client& client) {
     const std::optional<Json> message = client.hear(process::deadlineIn(kTimeOfClient));
     if (!message) {
-        return {Verdict::failed, "the service did not answer in time, or ended the process that asked", std::nullopt};
+        return {Verdict::failed, "the service did not answer in time, or ended the process that asked", std::nullopt,
+                true};
     }
     if (const Json* const error = message->find("error")) {
         return {Verdict::failed, error->asText(), std::nullopt};

@@ -42,7 +42,7 @@ struct CheckResult {
     std::optional<Exchange> exchange;
     /** How long each answer took. */
     std::vector<std::chrono::nanoseconds> latencies;
-    /** Whether it was broken off, which may leave behind what it had set. */
+    /** Whether it was broken off, so that a request of it may still be carried out. */
     bool isGivenUp = false;
 };
 
