@@ -99,10 +99,10 @@ class Station:
             if self._stopping.is_set():
                 return
             hindrance = hindrance_of(unit, steps[index], history)
-            if hindrance:
-                self._end(steps[index], hindrance)
-            else:
+            if not hindrance:
                 self._carry_out(unit, index, performer)
+            elif steps[index].name not in history.results:
+                self._end(steps[index], hindrance)
 
     def _carry_out(self, unit: Unit, index: int, performer: Performer) -> None:
         step = self._ready.plan.steps[index]

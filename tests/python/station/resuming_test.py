@@ -6,6 +6,7 @@ import json
 import resource
 import tempfile
 import unittest
+from dataclasses import replace
 from pathlib import Path
 from typing import Any
 
@@ -21,12 +22,13 @@ AGAIN = {**CHANGED, "name": "again"}
 
 
 def history_of(steps: tuple[str, ...], *lines: str) -> History:
-    """A unit that has begun steps, `volume`, and ended them, `volume.`, in this order."""
+    """A unit that has begun steps, `volume`, and ended them, `volume.`, in this order; `volume!` failed, `volume#` ended it."""
     history = History()
     for line in lines:
-        name = line.rstrip(".")
-        if line.endswith("."):
-            history.end(ended(name))
+        name = line.rstrip(".!#")
+        if name != line:
+            verdict = Verdict.PASS if line.endswith(".") else Verdict.FAIL
+            history.end(replace(ended(name, verdict), ends_unit=line.endswith("#")))
         else:
             history.begin(name, list(steps[steps.index(name) + 1 :]))
     return history
@@ -69,6 +71,22 @@ class Resumptions(unittest.TestCase):
         self.assert_goes_on(steps, "burn burn.", Resumption(3, nobody_knows))
         self.assert_goes_on(steps, "burn burn. changed", Resumption(3, nobody_knows))
         self.assert_goes_on(steps, "burn burn. changed changed.", Resumption(3, {"again": NO_EVENTS}))
+
+    def test_begin_nothing_again_in_a_unit_that_was_ended(self) -> None:
+        steps = [VOLUME, CHANGED, BURN]
+        self.assert_goes_on(steps, "volume volume#", Resumption(1, {}))
+        self.assert_goes_on(steps, "volume volume. changed changed#", Resumption(2, {}))
+
+    def test_begin_nothing_again_that_failed(self) -> None:
+        steps = [VOLUME, CHANGED, AGAIN, READ]
+        self.assert_goes_on(steps, "volume volume! changed", Resumption(1, {}))
+        self.assert_goes_on(steps, "volume volume. changed changed! again", Resumption(2, {}))
+
+    def test_wait_once_where_that_must_not_be_repeated(self) -> None:
+        steps = [VOLUME, {**CHANGED, "repeat": False}, AGAIN, READ]
+        self.assert_goes_on(steps, "volume volume.", Resumption(0, {}))
+        self.assert_goes_on(steps, "volume volume. changed", Resumption(3, {"changed": CRASHED, "again": NO_EVENTS}))
+        self.assert_goes_on(steps, "volume volume. changed changed. again", Resumption(3, {"again": NO_EVENTS}))
 
     def test_wait_again_for_what_nothing_brings(self) -> None:
         self.assert_goes_on([CHANGED, READ], "changed", Resumption(0, {}))

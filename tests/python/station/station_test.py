@@ -148,6 +148,26 @@ class Lines(Fixture):
         self.assertIn("no television service", run.results()[2]["reason"])
 
 
+class Resumed(Fixture):
+    def test_leave_a_unit_that_was_ended_alone(self) -> None:
+        """The station is gone before the steps behind are left out, by a crash or by the operator's `q`."""
+        steps = [
+            {"name": "volume", "call": "audio.setVolume", "arguments": ["speaker", 35], "stop": True},
+            {"name": "changed", "wait": "volumeChanged"},
+            {"name": "burn", "call": "factory.setMacAddress", "arguments": [[2, 0, 0, 1, 2, 3]]},
+        ]
+        television = self.television("--fault", "CMD_AUDIO_SETVOLUME error -5")
+        run = self.run_of(f"PLAN = {{'allow': ['factory.setMacAddress'], 'step': {steps!r}}}\n", {"A1": television})
+        run.go()
+        before = run.results()
+        run.journal.write_bytes(b"".join(run.journal.read_bytes().splitlines(keepends=True)[:3]))
+        code, output = run.go("--resume")
+        self.assertEqual((code, run.results()), (1, before), output)
+        self.assertEqual([each["verdict"] for each in before], ["fail", "left out", "left out"])
+        television.end()
+        self.assertEqual((television.count("CMD_AUDIO_SETVOLUME"), television.count("CMD_FACTORY_SETMACADDRESS")), (1, 0))
+
+
 class Crashes(Fixture):
     """Each request takes 20 ms to be answered, so that a kill meets steps under way."""
 
