@@ -20,7 +20,7 @@ std::string ControlPipe::say(Simulator& simulator, const std::string& line) {
     const std::string mark = "mark" + std::to_string(++mLines);
     std::ofstream(mPath) << line << '\n' << mark << '\n';
     OutputFile& error = simulator.process().error();
-    if (!error.waitFor('\'' + mark + '\'')) {
+    if (!error.waitForLine('\'' + mark + '\'')) {
         throw std::runtime_error("the simulator does not read its control pipe: " + error.text());
     }
     const std::string text = error.take();

@@ -30,6 +30,16 @@ bool OutputFile::waitFor(const std::string& part, std::chrono::milliseconds pati
     return eventually([&] { return text().find(part) != std::string::npos; }, patience);
 }
 
+bool OutputFile::waitForLine(const std::string& part, std::chrono::milliseconds patience) const {
+    return eventually(
+        [&] {
+            const std::string written = text();
+            const std::size_t place = written.find(part);
+            return place != std::string::npos && written.find('\n', place) != std::string::npos;
+        },
+        patience);
+}
+
 std::string OutputFile::readFrom(long offset) const {
     std::string text;
     char block[4096];

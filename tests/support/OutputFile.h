@@ -25,6 +25,9 @@ public:
     /** Waits until the text written contains the part. */
     bool waitFor(const std::string& part, std::chrono::milliseconds patience = kPatience) const;
 
+    /** The same, and for the end of the line that contains it. */
+    bool waitForLine(const std::string& part, std::chrono::milliseconds patience = kPatience) const;
+
 private:
     std::string readFrom(long offset) const;
 
