@@ -56,7 +56,7 @@ protected:
 
     /** The command line that makes the checks of all families that set something. */
     std::vector<std::string> judging() const {
-        return {"--quiet", "compliance", "state", "refusal", "events", "--keep", journal()};
+        return {"--quiet", "compliance", "state", "*.range.*", "events.audio.*", "--keep", journal()};
     }
 
     /** What the television keeps, line by line; the source that was selected before cannot be set. */
