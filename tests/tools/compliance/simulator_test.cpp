@@ -73,7 +73,11 @@ TEST_F(SimulatedServices, passWhole) {
                                                               << "before anything is set";
                                                       },
                                                       [](const CheckResult&) {}});
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
+    if (!isEmulated()) {
+        // What a crowd was answered is kept as long as the process, which other tests have used.
+        EXPECT_EQ(runTool({"--quiet", "compliance", "load"}).exit, 0);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)) << "all of them";
     EXPECT_GT(results.size(), isEmulated() ? 1000U : 10000U);
     EXPECT_GT(countOfFamily(results, "events"), isEmulated() ? 0U : 600U);
     EXPECT_EQ(countOfFamily(results, "life"), isEmulated() ? 0U : 5U);
