@@ -6,6 +6,7 @@ from collections.abc import Mapping
 from dataclasses import dataclass, replace
 from typing import Any
 
+from kelutv_station.plan.arguments import taken
 from kelutv_station.plan.interface import Event, Function, Interface
 from kelutv_station.plan.limits import Limit
 from kelutv_station.plan.outputs import RESULT, result_names
@@ -126,7 +127,7 @@ def _ready_call(plan: Plan, step: Step, operation: Operation, unit: Unit, interf
     try:
         interface.require_arguments(function, arguments)
         fields = function.inputs if len(arguments) == len(function.inputs) else _without_counts(function)
-        return ReadyCall(function, tuple(field.value_of(each) for field, each in zip(fields, arguments, strict=True)))
+        return ReadyCall(function, taken(function, fields, arguments))
     except (ToolError, ValueError) as error:
         raise PlanError(f"{place}: {error}") from error
 

@@ -128,5 +128,10 @@ def written(value: Any) -> str:
 def _flat(record: dict[str, Any], prefix: str = "") -> list[tuple[str, str]]:
     fields = []
     for name, value in record.items():
-        fields += _flat(value, f"{prefix}{name}.") if isinstance(value, dict) else [(prefix + name, written(value))]
+        if isinstance(value, dict):
+            fields += _flat(value, f"{prefix}{name}.")
+        elif isinstance(value, (list, tuple)):
+            fields += _flat({f"{name}[{index}]": each for index, each in enumerate(value)}, prefix)
+        else:
+            fields.append((prefix + name, written(value)))
     return fields

@@ -21,11 +21,15 @@ def named(values: Any, outputs: Sequence[str]) -> dict[str, Any]:
     return _flat(_fields_of(values) or {RESULT: values})
 
 
+def method_of(module: str, function: str) -> Any:
+    """The method of the package kelutv that calls a function."""
+    (owner,) = importlib.import_module(f"kelutv.modules.{module}").__all__
+    return getattr(getattr(importlib.import_module(f"kelutv.modules.{module}"), owner), function.rpartition("::")[2])
+
+
 def result_names(module: str, function: str, outputs: Sequence[str]) -> tuple[str, ...]:
     """The names that named() gives what a function gives."""
-    (owner,) = importlib.import_module(f"kelutv.modules.{module}").__all__
-    method = getattr(getattr(importlib.import_module(f"kelutv.modules.{module}"), owner), function.rpartition("::")[2])
-    given = typing.get_type_hints(method)["return"]
+    given = typing.get_type_hints(method_of(module, function))["return"]
     if given is type(None):
         return ()
     if typing.get_origin(given) is tuple:

@@ -7,7 +7,7 @@ import unittest
 from pathlib import Path
 from typing import Any
 
-from kelutv import records
+from kelutv import enums, records
 from kelutv_station.plan.limits import Limit, limit_of
 from kelutv_station.plan.outputs import named
 from kelutv_station.plan.plan import Call, PlanError, Prompt, Wait
@@ -96,6 +96,24 @@ class Plans(unittest.TestCase):
         self.assert_refused(
             "step 1 'burn': unit A1 has no value 'mac' for {mac}; it has: serial", mac, allow=["factory.setMacAddress"])
         self.assertEqual(ready_with(VOLUME).calls["A1", "volume"].arguments, (0, 35))
+
+    def arguments_of(self, call: str, *arguments: Any, **members: Any) -> tuple[Any, ...]:
+        return ready_with({"name": "x", "call": call, "arguments": list(arguments)}, **members).calls["A1", "x"].arguments
+
+    def test_give_arguments_of_the_declared_types(self) -> None:
+        self.assertEqual(self.arguments_of("audio.setVolume", "0", "0x23"), (0, 35))
+        self.assertEqual(self.arguments_of("audio.enableSubWoofer", "on"), (True,))
+        self.assertEqual(self.arguments_of("audio.setNRAttr", {"onOff": True, "value": "2"}), (records.NRAttrData(True, 2),))
+        self.assertEqual(self.arguments_of("factory.setOverscan", {"x": 1, "height": 4}), (records.KeluRect(1, 0, 0, 4),))
+        window = {"window": "KELU_TV_WINDOW_SUB", "cropRect": {"topOffset": 7}}
+        attributes = records.KELU_TV_WINDOW_ATTR_S(enums.KELU_TV_WINDOW_E.SUB, records.KELU_TV_CROP_RECT_S(topOffset=7))
+        self.assertEqual(self.arguments_of("video.setWindowAttr", "KELU_TV_SRC_HDMI1", window), (9, attributes))
+        self.assertEqual(self.arguments_of("factory.setMacAddress", ["1", 2], allow=["factory.setMacAddress"]), ([1, 2],))
+        (equalizer,) = self.arguments_of("audio.setPEQAttr", {"intBandNum": 1, "stEqParam": [{"intfreq": 5}]})
+        bands = (records.KELU_TV_SND_PEQ_BAND_ATTR_S(intfreq=5), *[records.KELU_TV_SND_PEQ_BAND_ATTR_S()] * 9)
+        self.assertEqual(equalizer, records.KELU_TV_SND_PEQ_ATTR_S(1, bands))
+        for value, message in (("onOff=true", "'x': unit A1: stNRInfo must be a table, not 'onOff=true'"), ({"value": 1.5}, "1.5")):
+            self.assert_refused(message, {"name": "x", "call": "audio.setNRAttr", "arguments": [value]})
 
     def test_need_units_that_differ(self) -> None:
         self.assert_refused("names no units; give each as [[unit]] or by --unit", READ, unit=[])

@@ -126,6 +126,16 @@ class Lines(Fixture):
             [each["reason"] for each in run.results()],
             ["", "the 1e-06 s of the unit are over", "behind 'quick': fail", "behind 'quick': fail"])
 
+    def test_call_with_records_and_texts(self) -> None:
+        steps = [
+            {"name": "noise", "call": "audio.setNRAttr", "arguments": [{"onOff": True, "value": 2}]},
+            {"name": "noise read", "call": "audio.getNRAttr", "limits": {"onOff": {"equals": True}, "value": {"equals": 2}}},
+            {"name": "volume", "call": "audio.setVolume", "arguments": ["speaker", "35"]},
+        ]
+        run = self.run_of(f"PLAN = {{'step': {steps!r}}}\n", {"A1": self.television()})
+        code, output = run.go()
+        self.assertEqual(code, 0, output)
+
     def test_go_on_when_nobody_reads(self) -> None:
         process = self.run_of(LINE, {"A1": self.television()}).start()
         process.stdout.close()
