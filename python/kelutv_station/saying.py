@@ -7,9 +7,13 @@ from typing import TextIO
 
 
 def say(text: str, stream: TextIO) -> None:
-    """Prints a line, unless the reader is gone; then, and from then on, nothing is printed there."""
+    """Prints a line, unless the reader is gone; then, and from then on, nothing is printed there.
+
+    Characters that the stream cannot hold are printed by their numbers.
+    """
+    encoding = stream.encoding or "utf-8"
     try:
-        print(text, file=stream, flush=True)
+        print(text.encode(encoding, "backslashreplace").decode(encoding), file=stream, flush=True)
     except OSError:
         nowhere = os.open(os.devnull, os.O_WRONLY)
         os.dup2(nowhere, stream.fileno())

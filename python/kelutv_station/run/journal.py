@@ -62,6 +62,8 @@ class Journal:
         self._names = [step.name for step in plan.steps]
         self._lock = threading.Lock()
         self.histories = {unit.serial: History() for unit in plan.units}
+        if resume and not path.exists():
+            raise JournalError(f"{path}: there is no run to go on with; without --resume one begins")
         self._descriptor = _open(path)
         try:
             self._prepare(resume)
@@ -151,7 +153,7 @@ class Journal:
 
 def _open(path: Path) -> int:
     try:
-        path.parent.mkdir(parents=True, exist_ok=True)
+        _make_folder(path.parent)
         descriptor = os.open(path, os.O_RDWR | os.O_CREAT | os.O_APPEND | os.O_CLOEXEC, 0o644)
     except OSError as error:
         raise JournalError(f"{path}: {error.strerror}") from error
@@ -161,6 +163,14 @@ def _open(path: Path) -> int:
         os.close(descriptor)
         raise JournalError(f"{path}: another station is at work on this run") from error
     return descriptor
+
+
+def _make_folder(folder: Path) -> None:
+    """Makes a folder, and those above it, on the disk."""
+    if not folder.is_dir():
+        _make_folder(folder.parent)
+        folder.mkdir(exist_ok=True)
+        _bring_to_disk(folder.parent)
 
 
 def _bring_to_disk(folder: Path) -> None:

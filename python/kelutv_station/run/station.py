@@ -5,6 +5,7 @@ from __future__ import annotations
 import threading
 import time
 from collections.abc import Callable
+from contextlib import suppress
 from dataclasses import dataclass, field, replace
 
 from kelutv_station.plan.checking import ReadyPlan
@@ -121,7 +122,8 @@ class Station:
 
     def _end(self, step: Step, result: Result) -> None:
         self._journal.end(result, durable=not step.repeat)
-        self._report(result)
+        with suppress(Exception):  # The journal has it; the unit goes on whether or not it can be shown.
+            self._report(result)
 
 
 def _result(unit: Unit, step: Step, outcome: Outcome, seconds: float, attempt: int) -> Result:

@@ -70,7 +70,7 @@ class Terminal:
 
     def _write(self, text: str) -> None:
         """Nothing is shown on a terminal that is gone; keys() tells of it."""
-        data = text.encode()
+        data = text.encode(errors="backslashreplace")
         with suppress(OSError):
             while data:
                 data = data[os.write(self._output, data) :]

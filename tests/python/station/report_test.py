@@ -3,17 +3,22 @@
 from __future__ import annotations
 
 import json
+import tempfile
 import unittest
 from html.parser import HTMLParser
+from io import BytesIO, TextIOWrapper
+from pathlib import Path
 from xml.etree import ElementTree
 
 from kelutv_station.plan.limits import Limit
+from kelutv_station.report.files import replace_file
 from kelutv_station.report.junit import junit
 from kelutv_station.report.lines import json_lines, result_line, summary
 from kelutv_station.report.outline import Distribution, Outline, outline_of
 from kelutv_station.report.page import page
 from kelutv_station.report.svg import counts_of, picture, span_of
 from kelutv_station.run.results import Measurement, Verdict
+from kelutv_station.saying import say
 
 from plans import READ, UNIT, VOLUME, ended, plan_with
 
@@ -75,6 +80,20 @@ class Reports(unittest.TestCase):
         self.assertEqual(
             case.find("properties/property").attrib, {"name": "result", "value": "50 % (>= 30 and <= 40): fail"})
         self.assertEqual(suites[2][0].find("error").get("message"), "no <service>\ufffd")
+
+    def test_hold_texts_that_are_no_utf_8(self) -> None:
+        outline = outline_of(PLAN, [ended("volume", Verdict.FAIL, Measurement("result", "a\udc80b"), reason="is a\udc80b")])
+        with tempfile.TemporaryDirectory() as folder:
+            for write in (json_lines, junit, page):
+                path = Path(folder) / write.__name__
+                replace_file(path, write(outline))
+                self.assertIn("b", path.read_text(encoding="utf-8"))
+            self.assertEqual(json.loads((Path(folder) / "json_lines").read_text().splitlines()[0])["reason"], "is a\udc80b")
+            ElementTree.parse(Path(folder) / "junit")
+        for encoding, shown in (("utf-8", "é a\\udc80b"), ("ascii", "\\xe9 a\\udc80b")):
+            stream = TextIOWrapper(BytesIO(), encoding)
+            say("é a\udc80b", stream)
+            self.assertEqual(stream.buffer.getvalue().decode(), f"{shown}\n")
 
     def test_sum_up_by_unit(self) -> None:
         self.assertEqual(summary(RUN).splitlines(), [

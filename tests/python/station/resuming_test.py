@@ -3,12 +3,14 @@
 from __future__ import annotations
 
 import json
+import os
 import resource
 import tempfile
 import unittest
 from dataclasses import replace
 from pathlib import Path
 from typing import Any
+from unittest import mock
 
 from kelutv_station.run.journal import History, Journal, JournalError
 from kelutv_station.run.results import Measurement, Result, Verdict, result_of, worst
@@ -146,6 +148,20 @@ class Journals(unittest.TestCase):
         self.assertRaisesRegex(JournalError, "is no journal of this station", self.reopened)
         self.path.write_text("nothing\n")
         self.assertRaisesRegex(JournalError, "journal.jsonl:1: is no line of a journal", self.reopened)
+
+    def test_go_on_only_with_what_there_is(self) -> None:
+        self.assertRaisesRegex(JournalError, "there is no run to go on with; without --resume one begins", self.reopened)
+        self.assertFalse(self.path.parent.exists())
+        self.write()
+        self.path.write_bytes(self.path.read_bytes()[:9])
+        self.assertEqual(self.reopened().histories["A1"], History())
+
+    def test_are_on_the_disk_with_their_folders(self) -> None:
+        folder, synced = self.path.parents[1].resolve(), []
+        self.path = folder / "one" / "two" / "journal.jsonl"
+        with mock.patch("os.fsync", lambda descriptor: synced.append(os.readlink(f"/proc/self/fd/{descriptor}"))):
+            self.write()
+        self.assertLessEqual({str(folder), str(folder / "one"), str(folder / "one" / "two")}, set(synced))
 
     def test_belong_to_one_station(self) -> None:
         self.write()
