@@ -30,13 +30,20 @@ class Tool:
     def __init__(self, program: str | None = None) -> None:
         self._program = program or os.environ.get("KELUTV_TOOL") or "kelutv"
 
-    def run(self, *words: str, environment: Mapping[str, str] | None = None, patience: float = PATIENCE) -> Answer:
-        """Runs a command with --json. Raises ToolError when there is no tool, it complains, or it does not end in time."""
+    def run(
+        self, *words: str, environment: Mapping[str, str] | None = None, patience: float = PATIENCE,
+        allowed: Sequence[int] = (0,)
+    ) -> Answer:
+        """Runs a command with --json, out of reach of the terminal's Ctrl-C.
+
+        Raises ToolError when there is no tool, it complains, ends with an exit code that is not allowed, or not in time.
+        """
         command = [self._program, "--json", *words]
         try:
             ended = subprocess.run(
                 command, env={**os.environ, **(environment or {})}, stdin=subprocess.DEVNULL, capture_output=True,
-                text=True, errors="replace", timeout=patience, check=False)
+                text=True, errors="replace", timeout=patience, check=False,
+                start_new_session=True)
         except OSError as error:
             raise ToolError(f"cannot run {self._program}: {error.strerror}") from error
         except subprocess.TimeoutExpired as error:
@@ -46,6 +53,8 @@ class Tool:
             raise ToolError(complaint)
         if ended.returncode < 0:
             raise ToolError(f"{self._program} {words[0]} was ended by signal {-ended.returncode}")
+        if ended.returncode not in allowed:
+            raise ToolError(f"{self._program} {words[0]}: exit code {ended.returncode}: {ended.stderr.strip()[-500:]}")
         return Answer(_documents(ended.stdout.splitlines()), ended.returncode)
 
 

@@ -3,9 +3,9 @@
 from __future__ import annotations
 
 import os
-import re
 from pathlib import Path
 from typing import Any
+from urllib.parse import quote
 
 from kelutv_station.plan.plan import Snapshot, Unit
 from kelutv_station.tool import Tool, ToolError
@@ -30,12 +30,16 @@ def compare_with_golden(tool: Tool, unit: Unit, step: Snapshot, folder: Path, li
         raise ToolError(f"no snapshot of {unit.serial} could be taken")
     ignore = [word for state in step.ignore for word in ("--ignore", state)]
     settings = ["--settings"] if step.settings else []
-    answer = tool.run("snapshot", "diff", *settings, *ignore, str(step.golden), str(taken))
-    return [_text(document) for document in answer.documents if "state" in document]
+    answer = tool.run("snapshot", "diff", *settings, *ignore, str(step.golden), str(taken), allowed=(0, 1))
+    differences = [_text(document) for document in answer.documents if "state" in document]
+    if answer.code != bool(differences):
+        raise ToolError(f"the tool's exit code is {answer.code}, with {len(differences)} differences")
+    return differences
 
 
 def _file_name(text: str) -> str:
-    return re.sub(r"[^A-Za-z0-9_-]", "_", text)
+    """The text as part of a file's name, another one for each text."""
+    return quote(text, safe="").replace(".", "%2E")
 
 
 def _text(difference: dict[str, Any]) -> str:

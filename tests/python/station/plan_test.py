@@ -13,6 +13,7 @@ from kelutv_station.plan.outputs import named
 from kelutv_station.plan.plan import Call, PlanError, Prompt, Wait
 from kelutv_station.plan.reading import plan_of, read_plan
 from kelutv_station.program import with_units
+from kelutv_station.tool import Tool, ToolError
 
 from plans import BURN, CHANGED, READ, UNIT, VOLUME, plan_with, ready_with
 
@@ -150,6 +151,17 @@ class Plans(unittest.TestCase):
         plan = plan_of({"step": [READ, CHANGED, {"name": "plug", "prompt": "Plug it in.", "stop": True}]}, "line.toml", Path())
         self.assertEqual([type(step) for step in plan.steps], [Call, Wait, Prompt])
         self.assertEqual([step.stop for step in plan.steps], [False, False, True])
+
+
+class Tools(unittest.TestCase):
+    def test_must_end_well(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            program = Path(folder) / "kelutv"
+            program.write_text("#!/bin/sh\necho out of order >&2\nexit 7\n")
+            program.chmod(0o755)
+            tool = Tool(str(program))
+            self.assertRaisesRegex(ToolError, "kelutv describe: exit code 7: out of order", tool.run, "describe")
+            self.assertEqual(tool.run("describe", allowed=(0, 7)).code, 7)
 
 
 class Limits(unittest.TestCase):

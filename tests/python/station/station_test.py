@@ -136,6 +136,33 @@ class Lines(Fixture):
         code, output = run.go()
         self.assertEqual(code, 0, output)
 
+    def test_keep_snapshots_of_units_apart(self) -> None:
+        """Serial numbers that differ only in a character that no file name can have."""
+        golden = self.television()
+        take = [os.environ["KELUTV_TOOL"], "snapshot", "--quiet", "-o", str(self.folder / "golden.json")]
+        subprocess.run(take, env=golden.environment, check=True)
+        serials = ("TV/1", "TV_1")
+        steps = [{"name": "golden", "snapshot": "../golden.json"}]
+        run = self.run_of(f"PLAN = {{'step': {steps!r}}}\n", {serial: self.television() for serial in serials})
+        run.go()
+        self.assertEqual(len(list((run.folder / "line.run" / "snapshots").iterdir())), len(serials))
+
+    def test_end_the_step_under_way_when_interrupted(self) -> None:
+        """Ctrl-C reaches all processes of the terminal."""
+        television = self.television("--fault", "CMD_AUDIO_GETVOLUME delay 300ms once")
+        take = [os.environ["KELUTV_TOOL"], "snapshot", "--quiet", "-o", str(self.folder / "golden.json")]
+        subprocess.run(take, env=self.television().environment, check=True)
+        steps = [
+            {"name": "golden", "snapshot": "../golden.json", "settings": True},
+            {"name": "volume", "call": "audio.setVolume", "arguments": ["speaker", 35]},
+        ]
+        run = self.run_of(f"PLAN = {{'step': {steps!r}}}\n", {"A1": television})
+        process = run.start()
+        television.meet("CMD_")
+        os.killpg(process.pid, signal.SIGINT)
+        output, _ = process.communicate(timeout=PATIENCE)
+        self.assertEqual((process.returncode, [each["verdict"] for each in run.results()]), (5, ["pass"]), output)
+
     def test_go_on_when_nobody_reads(self) -> None:
         process = self.run_of(LINE, {"A1": self.television()}).start()
         process.stdout.close()

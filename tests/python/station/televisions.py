@@ -24,6 +24,7 @@ class TracedTelevision(Television):
     def __init__(self, *options: str) -> None:
         super().__init__(os.environ["KELUTV_SIMULATOR"], "--trace", *options)
         self._lines: list[str] = []
+        self._changed = threading.Condition()
 
     def __enter__(self) -> TracedTelevision:
         super().__enter__()
@@ -32,7 +33,10 @@ class TracedTelevision(Television):
         return self
 
     def _read(self) -> None:
-        self._lines.extend(self._process.stdout)
+        for line in self._process.stdout:
+            with self._changed:
+                self._lines.append(line)
+                self._changed.notify_all()
 
     def end(self) -> None:
         self._process.terminate()
@@ -46,8 +50,14 @@ class TracedTelevision(Television):
         """Where its service is found."""
         return self.environment["KQDROID_RUNTIME_DIR"]
 
+    def meet(self, request: str) -> None:
+        """Waits until it is sent such a request."""
+        with self._changed:
+            if not self._changed.wait_for(lambda: self.count(request), PATIENCE):
+                raise AssertionError(f"no {request} came")
+
     def count(self, request: str) -> int:
-        """How often it was sent a request with this in its line; once it has ended."""
+        """How often it was sent a request with this in its line; up to now, or in all once it has ended."""
         return sum(request in line and " meets fault " not in line for line in self._lines)
 
 
@@ -63,7 +73,8 @@ class Run:
         """The program, under way."""
         return subprocess.Popen(
             [*STATION, "line.py", *self.units, *options], cwd=self.folder, stdin=subprocess.DEVNULL,
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+            start_new_session=True)
 
     def go(self, *options: str) -> tuple[int, str]:
         """Runs the program to its end; its exit code and what it printed."""
