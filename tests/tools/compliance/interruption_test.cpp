@@ -77,7 +77,8 @@ protected:
     std::unique_ptr<ChildProcess> begin(std::uintmax_t bytes) {
         const std::uintmax_t until = bytesTraced() + bytes;
         auto tool = startTool(judging());
-        EXPECT_TRUE(eventually([&] { return bytesTraced() >= until || tool->exitCode(std::chrono::milliseconds(0)); }));
+        EXPECT_TRUE(eventually([&] { return bytesTraced() >= until || tool->exitCode(std::chrono::milliseconds(0)); },
+                               std::chrono::seconds(60)));
         return tool;
     }
 
