@@ -1,5 +1,7 @@
 // A television that keeps what it is told, but for the one fault that its argument names.
 
+#include "support/Deadline.h"
+
 #include "wire/codec/Refusal.h"
 #include "wire/codec/Reply.h"
 #include "wire/codec/Request.h"
@@ -40,23 +42,29 @@ protected:
         if (code != FIRST_CALL_TRANSACTION) {
             return has("takes any code") ? reply->writeInt32(0) : BBinder::onTransact(code, data, reply, flags);
         }
-        const bool isAlone = mCalls.fetch_add(1) == 0;
-        const android::status_t status = answer(data, *reply, isAlone);
-        mCalls.fetch_sub(1);
+        ++mCalls;
+        const android::status_t status = answer(data, *reply);
+        --mCalls;
         return status;
     }
 
 private:
     bool has(const char* fault) const { return mFault == fault; }
 
-    android::status_t answer(const android::Parcel& data, android::Parcel& reply, bool isAlone) {
+    /** Whether another call is under way; one that is about to come is waited for. */
+    bool hasCompany() const {
+        return eventually([this] { return mCalls > 1; }, std::chrono::milliseconds(2));
+    }
+
+    android::status_t answer(const android::Parcel& data, android::Parcel& reply) {
+        const bool isMixed = has("mixes answers up") && hasCompany();
         const std::lock_guard<std::mutex> lock(mMutex);
         wire::ByteReader bytes(data.data(), data.dataSize());
         const wire::Request request =
             wire::readToken(bytes) ? wire::readRequestBehindToken(bytes) : wire::requestWithWrongToken(bytes);
         const wire::Reply before = mLast;
         mLast = request.refusal ? refuse(request) : perform(request);
-        return wire::writeReply(has("mixes answers up") && !isAlone ? before : mLast, reply);
+        return wire::writeReply(isMixed ? before : mLast, reply);
     }
 
     wire::Reply refuse(const wire::Request& request) {
