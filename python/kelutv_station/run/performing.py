@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import math
 import time
 from collections.abc import Callable, Mapping
 from dataclasses import dataclass
@@ -22,6 +23,7 @@ from kelutv_station.run.television import Connect, Event, EventLog, Television
 from kelutv_station.tool import Tool, ToolError
 
 YES, NO = "y", "n"
+SHORTEST = 0.001
 
 
 @dataclass(frozen=True)
@@ -52,6 +54,7 @@ class Performer:
         self._ready, self._unit, self._equipment = ready, unit, equipment
         self._television: Television | None = None
         self._events: EventLog | None = None
+        self._deadline = math.inf
 
     def close(self) -> None:
         """Ends the connection."""
@@ -59,8 +62,12 @@ class Performer:
             self._television.close()
         self._television = None
 
-    def perform(self, step: Step) -> Outcome:
-        """Carries out a step. Raises Stopped when the station stops before the operator has answered."""
+    def perform(self, step: Step, seconds: float = math.inf) -> Outcome:
+        """Carries out a step, without the operator in at most so many seconds.
+
+        Raises Stopped when the station stops before the operator has answered.
+        """
+        self._deadline = time.monotonic() + seconds
         kinds: dict[type[Step], Callable[[Any], Outcome]] = {
             Call: self._call, Wait: self._wait, Prompt: self._prompt, Picture: self._picture, Snapshot: self._snapshot}
         try:
@@ -88,7 +95,10 @@ class Performer:
         return self._events
 
     def _timeout(self, step: Step) -> float:
-        return step.timeout or self._unit.timeout or self._ready.plan.timeout
+        return min(step.timeout or self._unit.timeout or self._ready.plan.timeout, self._left())
+
+    def _left(self) -> float:
+        return max(self._deadline - time.monotonic(), SHORTEST)
 
     def _make(self, call: ReadyCall, step: Step) -> Any:
         return self._connection().call(call.function.name, *call.arguments, timeout=self._timeout(step))
@@ -132,7 +142,7 @@ class Performer:
 
     def _snapshot(self, step: Snapshot) -> Outcome:
         differences = compare_with_golden(
-            self._equipment.tool, self._unit, step, self._equipment.folder, self._timeout(step))
+            self._equipment.tool, self._unit, step, self._equipment.folder, self._timeout(step), self._left())
         count = Measurement("differences", len(differences), Limit(equals=0))
         if count.is_within:
             return Outcome(Verdict.PASS, measurements=(count,))

@@ -13,10 +13,10 @@ from kelutv_station.tool import Tool, ToolError
 MANY_ANSWERS = 60
 
 
-def compare_with_golden(tool: Tool, unit: Unit, step: Snapshot, folder: Path, limit: float) -> list[str]:
+def compare_with_golden(tool: Tool, unit: Unit, step: Snapshot, folder: Path, limit: float, most: float) -> list[str]:
     """Takes a snapshot into the folder and says in what it differs from the golden one, a text a state.
 
-    `limit` is how long one answer may take, in seconds. Raises ToolError.
+    `limit` is how long one answer may take, `most` how long the snapshot, in seconds. Raises ToolError.
     """
     folder.mkdir(exist_ok=True)
     taken = folder / f"{_file_name(unit.serial)}.{_file_name(step.name)}.json"
@@ -25,7 +25,8 @@ def compare_with_golden(tool: Tool, unit: Unit, step: Snapshot, folder: Path, li
     if unit.level is not None:
         environment["KQDROID_BINDER_LEVEL"] = str(unit.level)
     tool.run(
-        "snapshot", "-o", str(taken), "--limit", f"{limit:g}", environment=environment, patience=limit * MANY_ANSWERS)
+        "snapshot", "-o", str(taken), "--limit", f"{limit:g}", environment=environment,
+        patience=min(limit * MANY_ANSWERS, most))
     if not taken.exists():
         raise ToolError(f"no snapshot of {unit.serial} could be taken")
     ignore = [word for state in step.ignore for word in ("--ignore", state)]

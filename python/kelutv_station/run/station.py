@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import math
 import threading
 import time
 from collections.abc import Callable
@@ -109,7 +110,7 @@ class Station:
         step = self._ready.plan.steps[index]
         attempt = self._journal.begin(unit.serial, step.name, durable=not step.repeat)
         begun = time.monotonic()
-        outcome = performer.perform(step)
+        outcome = performer.perform(step, seconds_left(unit, self._journal.histories[unit.serial]))
         if isinstance(step, Wait) and outcome.verdict is Verdict.FAIL and self._was_interrupted(unit, index):
             outcome = replace(outcome, verdict=Verdict.UNKNOWN, reason=f"{outcome.reason}; {AGAIN}")
         self._end(step, _result(unit, step, outcome, time.monotonic() - begun, attempt))
@@ -133,12 +134,18 @@ def _result(unit: Unit, step: Step, outcome: Outcome, seconds: float, attempt: i
         outcome.operator_seconds, ends_unit)
 
 
+def seconds_left(unit: Unit, history: History) -> float:
+    """How much of a unit's limit its steps have left."""
+    if unit.limit is None:
+        return math.inf
+    return unit.limit - sum(result.seconds - result.operator_seconds for result in history.results.values())
+
+
 def hindrance_of(unit: Unit, step: Step, history: History) -> Result | None:
     """What becomes of a step that is not begun, after what has happened before it; None when it can be."""
     for result in history.results.values():
         if result.ends_unit:
             return Result(unit.serial, step.name, Verdict.LEFT_OUT, f"behind '{result.step}': {result.verdict.value}")
-    used = sum(result.seconds - result.operator_seconds for result in history.results.values())
-    if unit.limit is not None and used >= unit.limit:
+    if seconds_left(unit, history) <= 0:
         return Result(unit.serial, step.name, Verdict.FAIL, f"the {unit.limit:g} s of the unit are over", ends_unit=True)
     return None

@@ -8,6 +8,8 @@ from collections import deque
 from collections.abc import Callable, Iterator, Mapping
 from typing import Any, Protocol
 
+from kelutv import LinkLost
+
 from kelutv_station.plan.plan import Unit
 
 MOST_EVENTS = 4096
@@ -52,6 +54,7 @@ class EventLog:
         self._condition = threading.Condition()
         self._waiting: deque[Event] = deque(maxlen=MOST_EVENTS)
         self._is_listening = False
+        self._end: Exception | None = None
 
     def mark(self) -> None:
         """Forgets what has come so far. Listens anew where the connection was lost."""
@@ -63,23 +66,31 @@ class EventLog:
             self._waiting.clear()
 
     def until(self, deadline: float) -> Iterator[Event]:
-        """Events as they come, until the deadline of time.monotonic() or the end of the connection."""
+        """Events as they come, until the deadline of time.monotonic().
+
+        Raises what has ended the connection once no event waits any longer.
+        """
         while (event := self._next(deadline)) is not None:
             yield event
 
     def _next(self, deadline: float) -> Event | None:
         with self._condition:
             self._condition.wait_for(lambda: self._waiting or not self._is_listening, deadline - time.monotonic())
-            return self._waiting.popleft() if self._waiting else None
+            if self._waiting:
+                return self._waiting.popleft()
+            if not self._is_listening:
+                raise self._end or LinkLost("events", "the connection has ended")
+            return None
 
     def _collect(self, events: Iterator[Event]) -> None:
+        end = None
         try:
             for event in events:
                 with self._condition:
                     self._waiting.append(event)
                     self._condition.notify()
-        except Exception:  # The connection has ended; the next call says how.
-            pass
+        except Exception as error:
+            end = error
         with self._condition:
-            self._is_listening = False
+            self._is_listening, self._end = False, end
             self._condition.notify()

@@ -45,6 +45,7 @@ class Screen:
         self._terminal = Terminal()
         self._latest: Result | None = None
         self._selected: Question | None = None
+        self._drawn: Question | None = None
         self._stopping = False
 
     def report(self, result: Result) -> None:
@@ -61,9 +62,21 @@ class Screen:
         with self._terminal, station:
             while not station.wait(0):
                 self._select(questions.waiting)
+                if self._selected != self._drawn:
+                    self._drop_keys(station)
                 self._terminal.draw(drawing(self._view(station, plan, questions), *self._terminal.size))
+                self._drawn = self._selected
                 for key in self._terminal.keys(TICK):
                     self._press(key, station, questions)
+
+    def _drop_keys(self, station: Station) -> None:
+        """What was pressed before a question is there answers none; it can only stop the station."""
+        if "q" in self._terminal.keys(0):
+            self._stop(station)
+
+    def _stop(self, station: Station) -> None:
+        self._stopping = True
+        station.stop()
 
     def _select(self, waiting: list[Question]) -> None:
         if self._selected not in waiting:
@@ -75,13 +88,12 @@ class Screen:
 
     def _press(self, key: str, station: Station, questions: Questions) -> None:
         if key == "q":
-            self._stopping = True
-            station.stop()
+            self._stop(station)
         elif key == "\t":
             waiting = questions.waiting
             if self._selected in waiting:
                 self._selected = waiting[(waiting.index(self._selected) + 1) % len(waiting)]
-        elif self._selected and key in dict(self._selected.answers):
+        elif self._selected and self._selected == self._drawn and key in dict(self._selected.answers):
             questions.answer(self._selected, key)
             self._select(questions.waiting)
 

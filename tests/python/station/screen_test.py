@@ -113,6 +113,19 @@ class Screens(unittest.TestCase):
         self.assertEqual([(each["verdict"], each["reason"]) for each in self.run_of_plan.results()], [
             ("pass", ""), ("fail", "judged: lines"), ("pass", "")])
 
+    def test_take_no_answer_to_a_question_that_nobody_has_seen(self) -> None:
+        with TracedTelevision() as first, TracedTelevision() as second:
+            operator = self.operator({"A1": first, "A2": second})
+            operator.see("> A1.*next of 2")
+            operator.press("\tn")
+            operator.see("> A2.*A2: plug.*q .*stop")
+            operator.press("yn")
+            operator.see("> A1.*A1: plug.*q .*stop")
+            operator.press("q")
+            self.assertEqual(operator.end(), 5)
+        self.assertEqual([(each["unit"], each["step"], each["verdict"]) for each in self.run_of_plan.results()], [
+            ("A2", "plug", "pass")])
+
     def test_stop_and_go_on(self) -> None:
         with TracedTelevision() as first, TracedTelevision() as second:
             units = {"A1": first, "A2": second}

@@ -9,11 +9,19 @@ import subprocess
 import tempfile
 import time
 import unittest
+from collections.abc import Iterator
 from contextlib import ExitStack
 from pathlib import Path
 from typing import Any
 from xml.etree import ElementTree
 
+import kelutv
+from kelutv_station.run.performing import Equipment, Outcome, Performer
+from kelutv_station.run.questions import Questions
+from kelutv_station.run.results import Verdict
+from kelutv_station.tool import Tool
+
+from plans import CHANGED, VOLUME, ready_with
 from televisions import PATIENCE, Run, TracedTelevision
 
 KILLS = 50 if os.environ.get("KELUTV_TORTURE") == "long" else 3
@@ -126,6 +134,19 @@ class Lines(Fixture):
             [each["reason"] for each in run.results()],
             ["", "the 1e-06 s of the unit are over", "behind 'quick': fail", "behind 'quick': fail"])
 
+    def test_bound_each_step_by_what_is_left_of_the_unit(self) -> None:
+        slow = self.television("--fault", "CMD_AUDIO_GETVOLUME delay 3600s once")
+        steps = [
+            {"name": "slow", "call": "audio.getVolume", "arguments": ["speaker"], "timeout": PATIENCE / 2},
+            {"name": "quick", "call": "audio.getVolume", "arguments": ["headphone"]},
+        ]
+        units = [{"serial": "A1", "runtime_dir": slow.runtime_dir, "limit": 1}]
+        run = self.run_of(f"PLAN = {{'step': {steps!r}, 'unit': {units!r}}}\n", {})
+        code, output = run.go()
+        self.assertEqual((code, [each["verdict"] for each in run.results()]), (1, ["fail", "fail"]), output)
+        self.assertLess(run.results()[0]["seconds"], PATIENCE / 4)
+        self.assertEqual(run.results()[1]["reason"], "the 1 s of the unit are over", output)
+
     def test_call_with_records_and_texts(self) -> None:
         steps = [
             {"name": "noise", "call": "audio.setNRAttr", "arguments": [{"onOff": True, "value": 2}]},
@@ -183,6 +204,34 @@ class Lines(Fixture):
         self.assertEqual((code, [each["verdict"] for each in run.results()]), (1, ["pass", "fail", "error"]), output)
         self.assertIn("audio.volume", run.results()[1]["reason"])
         self.assertIn("no television service", run.results()[2]["reason"])
+
+
+class Gone:
+    """A television that goes away once it has said something."""
+
+    def connect(self) -> None:
+        """It is connected."""
+
+    def call(self, function: str, *arguments: Any, timeout: float | None = None) -> Any:
+        """Does nothing."""
+
+    def events(self) -> Iterator[kelutv.Event]:
+        yield kelutv.Event(0, b"")
+        raise kelutv.LinkLost("events", "the link is gone")
+
+    def close(self) -> None:
+        """It has gone."""
+
+
+class Connections(unittest.TestCase):
+    def test_say_what_ended_a_wait(self) -> None:
+        ready = ready_with(VOLUME, {**CHANGED, "timeout": PATIENCE})
+        equipment = Equipment(lambda unit: Gone(), Questions(lambda: None), Tool(), Path())
+        performer = Performer(ready, ready.plan.units[0], equipment)
+        self.addCleanup(performer.close)
+        performer.perform(ready.plan.steps[0])
+        self.assertEqual(
+            performer.perform(ready.plan.steps[1]), Outcome(Verdict.FAIL, "events: the link is gone", ends_unit=True))
 
 
 class Resumed(Fixture):
