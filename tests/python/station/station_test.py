@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import json
 import os
 import random
 import signal
@@ -10,7 +11,7 @@ import tempfile
 import time
 import unittest
 from collections.abc import Iterator
-from contextlib import ExitStack
+from contextlib import ExitStack, suppress
 from pathlib import Path
 from typing import Any
 from xml.etree import ElementTree
@@ -24,6 +25,8 @@ from kelutv_station.tool import Tool
 from plans import CHANGED, VOLUME, ready_with
 from televisions import PATIENCE, Run, TracedTelevision
 
+# More kills follow where none of them met a step under way.
+MOST_KILLS = 90
 KILLS = 50 if os.environ.get("KELUTV_TORTURE") == "long" else 3
 LINE = """
 PLAN = {
@@ -261,12 +264,15 @@ class Crashes(Fixture):
         units = {serial: self.television("--fault", "any delay 20ms") for serial in ("A1", "A2")}
         begun, ended = self.measure(self.run_of(ROUND.format(number=99), units, "whole"))
         seed = random.randrange(2**32)
-        chance, runs = random.Random(seed), {}
-        for number in range(1, KILLS + 1):
+        chance, runs, met = random.Random(seed), {}, 0
+        while len(runs) < KILLS or (not met and len(runs) < MOST_KILLS):
+            number = len(runs) + 1
             runs[number] = self.run_of(ROUND.format(number=number), units, f"round{number}")
             self.kill(runs[number], chance.uniform(begun * 0.8, ended))
+            met += self.has_step_under_way(runs[number])
             code, output = runs[number].go(*["--resume"] * runs[number].journal.exists())
             self.assertIn(code, (0, 1), f"seed {seed}, round {number}: {output}")
+        self.assertGreater(met, 0, f"seed {seed}: no kill met a step under way")
         for television in units.values():
             television.end()
         for number, run in runs.items():
@@ -289,6 +295,15 @@ class Crashes(Fixture):
         except subprocess.TimeoutExpired:
             process.send_signal(signal.SIGKILL)
         process.communicate(timeout=PATIENCE)
+
+    def has_step_under_way(self, run: Run) -> bool:
+        """Whether a unit has begun a step that has not ended."""
+        last: dict[str, bool] = {}
+        for line in run.journal.read_text(encoding="utf-8").splitlines()[1:] if run.journal.exists() else []:
+            with suppress(ValueError):
+                document = json.loads(line)
+                last[document.get("unit") or document["result"]["unit"]] = "begun" in document
+        return any(last.values())
 
     def assert_whole(self, run: Run, number: int, units: dict[str, TracedTelevision]) -> None:
         results = run.results()
