@@ -40,6 +40,8 @@ class Worker:
                 stderr=messages,
                 env=os.environ | environment,
                 pass_fds=ends,
+                # What a terminal sends is for the program, which may want to finish its calls.
+                start_new_session=True,
             )
         self.calls = Channel(calls)
         self.notices = Channel(notices)
