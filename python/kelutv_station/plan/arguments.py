@@ -8,7 +8,7 @@ from collections.abc import Sequence
 from enum import Enum
 from typing import Any
 
-from kelutv_station.plan.interface import Field, Function
+from kelutv_station.plan.interface import Field, Function, bytes_of
 from kelutv_station.plan.outputs import method_of
 from kelutv_station.plan.tables import join, shown
 
@@ -30,8 +30,12 @@ def _named(field: Field, value: Any) -> Any:
 def _taken(name: str, kind: Any, value: Any) -> Any:
     if typing.get_origin(kind) in (Sequence, tuple):
         return _entries(name, typing.get_args(kind)[0], value)
+    if value is None and type(None) in typing.get_args(kind):
+        return None
     if not isinstance(kind, type):
         return _taken(name, typing.get_args(kind)[0], value)
+    if kind is bytes:
+        return bytes(bytes_of(name, value) if isinstance(value, str) else _entries(name, int, value))
     if dataclasses.is_dataclass(kind):
         return _record(name, kind, value)
     if issubclass(kind, Enum):
@@ -64,12 +68,10 @@ def _plain(name: str, kind: type, value: Any) -> Any:
     text = str(value)
     if kind is bool and text.lower() in TRUTHS:
         return TRUTHS[text.lower()]
-    if kind is str and not isinstance(value, (list, dict)):
+    if kind is str and isinstance(value, (str, int, float)):
         return text
     if kind is float and isinstance(value, (int, float, str)) and not isinstance(value, bool):
         return float(value)
-    if kind is bytes and isinstance(value, (list, tuple)):
-        return bytes(value)
     if (kind is int or issubclass(kind, Enum)) and _is_whole(text):
         return int(text, 0)
     raise ValueError(f"{name}: {shown(value)} is no {'true or false' if kind is bool else kind.__name__}")

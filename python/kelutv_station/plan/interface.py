@@ -28,7 +28,7 @@ class Field:
     def value_of(self, value: Any) -> Any:
         """The number of a name of the enumeration, the list that a text of bytes is; any other value as it is."""
         if isinstance(value, str) and self.type.removeprefix("const ") in LISTS:
-            return _bytes_of(self.name, value)
+            return bytes_of(self.name, value)
         if not isinstance(value, str) or not self.values:
             return value
         numbers = {number for name, number in self.values if value.lower() == name.lower()}
@@ -108,7 +108,8 @@ class Interface:
         return tuple((each["enumerator"], each["value"]) for each in self._describe(name, "enumeration")["values"])
 
 
-def _bytes_of(name: str, text: str) -> list[int]:
+def bytes_of(name: str, text: str) -> list[int]:
+    """The bytes of a text as hex:0a0b, or of an address."""
     if not HEXADECIMAL.fullmatch(text):
         raise ValueError(f"{name}: '{text}' is not a list of numbers, hex:0a0b or an address as 02:00:00:12:34:56")
     return list(bytes.fromhex(text.lower().removeprefix("hex:").replace(":", "")))
@@ -116,6 +117,8 @@ def _bytes_of(name: str, text: str) -> list[int]:
 
 def written(value: Any) -> str:
     """An argument as the tool has it on its command line."""
+    if value is None:
+        return "null"
     if isinstance(value, bool):
         return "true" if value else "false"
     if isinstance(value, dict):

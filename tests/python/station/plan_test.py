@@ -113,6 +113,10 @@ class Plans(unittest.TestCase):
         (equalizer,) = self.arguments_of("audio.setPEQAttr", {"intBandNum": 1, "stEqParam": [{"intfreq": 5}]})
         bands = (records.KELU_TV_SND_PEQ_BAND_ATTR_S(intfreq=5), *[records.KELU_TV_SND_PEQ_BAND_ATTR_S()] * 9)
         self.assertEqual(equalizer, records.KELU_TV_SND_PEQ_ATTR_S(1, bands))
+        command = "systemsetting.sendCmdToTVServer"
+        for value in ("hex:0102", [1, "2"]):
+            self.assertEqual(self.arguments_of(command, 1, value, 8, allow=[command]), (1, b"\1\2", 8))
+        self.assertEqual(self.arguments_of("audio.setPEQAttr", None), (None,))
         for value, message in (("onOff=true", "'x': unit A1: stNRInfo must be a table, not 'onOff=true'"), ({"value": 1.5}, "1.5")):
             self.assert_refused(message, {"name": "x", "call": "audio.setNRAttr", "arguments": [value]})
 

@@ -14,12 +14,15 @@ from collections.abc import Iterator
 from contextlib import ExitStack, suppress
 from pathlib import Path
 from typing import Any
+from unittest.mock import Mock
 from xml.etree import ElementTree
 
 import kelutv
+from kelutv_station.run.journal import Journal
 from kelutv_station.run.performing import Equipment, Outcome, Performer
 from kelutv_station.run.questions import Questions
 from kelutv_station.run.results import Verdict
+from kelutv_station.run.station import Station
 from kelutv_station.tool import Tool
 
 from plans import CHANGED, VOLUME, ready_with
@@ -236,6 +239,16 @@ class Connections(unittest.TestCase):
         performer.perform(ready.plan.steps[0])
         self.assertEqual(
             performer.perform(ready.plan.steps[1]), Outcome(Verdict.FAIL, "events: the link is gone", ends_unit=True))
+
+
+    def test_go_on_when_a_result_cannot_be_shown(self) -> None:
+        ready, folder = ready_with(VOLUME, {**VOLUME, "name": "again"}), Path(self.enterContext(tempfile.TemporaryDirectory()))
+        journal = Journal(folder / "journal.jsonl", ready.plan, resume=False)
+        self.addCleanup(journal.close)
+        equipment = Equipment(lambda unit: Gone(), Questions(lambda: None), Tool(), folder)
+        with Station(ready, journal, equipment, Mock(side_effect=UnicodeEncodeError("utf-8", "x", 0, 1, "no"))) as station:
+            self.assertTrue(station.wait(PATIENCE))
+        self.assertEqual(list(journal.histories["A1"].results), ["volume", "again"])
 
 
 class Resumed(Fixture):
