@@ -23,6 +23,7 @@ from kelutv_station.run.television import Connect, Event, EventLog, Television
 from kelutv_station.tool import Tool, ToolError
 
 YES, NO = "y", "n"
+# In fewer seconds nothing can be done.
 SHORTEST = 0.001
 
 

@@ -12,7 +12,7 @@ from dataclasses import dataclass, field, replace
 from kelutv_station.plan.checking import ReadyPlan
 from kelutv_station.plan.plan import Step, Unit, Wait
 from kelutv_station.run.journal import History, Journal
-from kelutv_station.run.performing import Equipment, Outcome, Performer
+from kelutv_station.run.performing import SHORTEST, Equipment, Outcome, Performer
 from kelutv_station.run.questions import Stopped
 from kelutv_station.run.results import Result, Verdict, worst
 from kelutv_station.run.resuming import AGAIN, resumption_of, trigger_of
@@ -146,6 +146,6 @@ def hindrance_of(unit: Unit, step: Step, history: History) -> Result | None:
     for result in history.results.values():
         if result.ends_unit:
             return Result(unit.serial, step.name, Verdict.LEFT_OUT, f"behind '{result.step}': {result.verdict.value}")
-    if seconds_left(unit, history) <= 0:
+    if seconds_left(unit, history) < SHORTEST:
         return Result(unit.serial, step.name, Verdict.FAIL, f"the {unit.limit:g} s of the unit are over", ends_unit=True)
     return None
