@@ -10,7 +10,7 @@ from typing import Any
 from . import records
 from ._foreign import ffi
 from ._library import MOST_BYTES, failure, here, library, listed
-from ._memory import decoded, encoded, pack, size, to_named, unpack
+from ._memory import decoded, encoded, of_kind, pack, size, to_named, unpack
 from ._table import FUNCTIONS, Parameter, Row
 from .errors import LibraryRefused, LinkLost, MalformedReply, ServiceRefused
 
@@ -84,7 +84,7 @@ def _plain(row: Row) -> Call:
                 _check_bounds(parameter, arguments[index])
             result = function(*arguments)
         except (TypeError, OverflowError, ValueError) as error:
-            raise type(error)(f"{name}: {error}") from None
+            raise of_kind(error, f"{name}: {error}") from None
         if summary[0] != reply_size or not reply_size or (minus_one_fails and result == -1):
             check(row, result)
         return convert(result) if convert else None
@@ -248,8 +248,7 @@ def _general(row: Row) -> Call:
             thread.summary[0] = 0
             result = function(*frame.foreign)
         except (TypeError, OverflowError, ValueError, struct.error) as error:
-            kind = ValueError if isinstance(error, struct.error) else type(error)
-            raise kind(f"{name}: {error}") from None
+            raise of_kind(error, f"{name}: {error}") from None
         if thread.summary[0] != reply_size or not reply_size or result == -1:
             check(row, result)
         values = [_take(frame, parameter) for parameter in outputs]

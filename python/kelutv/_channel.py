@@ -10,6 +10,20 @@ import time
 from typing import Any
 
 _HEAD = struct.Struct("=I")
+# The system counts in milliseconds and not beyond some weeks.
+_MOST_SECONDS = 86_400.0
+
+
+def is_readable(what: int | socket.socket, end: float | None) -> bool:
+    """Waits until something can be read; whether it can before the time is over, which None never is."""
+    poll = select.poll()
+    poll.register(what, select.POLLIN)
+    while True:
+        left = None if end is None else max(0.0, end - time.monotonic())
+        if poll.poll(None if left is None else min(left, _MOST_SECONDS) * 1000):
+            return True
+        if left is not None and left <= _MOST_SECONDS:
+            return False
 
 
 class Channel:
@@ -31,7 +45,8 @@ class Channel:
     def _bytes(self, count: int, end: float | None) -> bytes:
         data = bytearray()
         while len(data) < count:
-            self._wait(end)
+            if end is not None and not is_readable(self._end, end):
+                raise TimeoutError("no answer in time")
             try:
                 part = self._end.recv(count - len(data))
             except ConnectionError:
@@ -40,14 +55,6 @@ class Channel:
                 raise EOFError("the other end is gone")
             data += part
         return bytes(data)
-
-    def _wait(self, end: float | None) -> None:
-        if end is None:
-            return
-        poll = select.poll()
-        poll.register(self._end, select.POLLIN)
-        if not poll.poll(max(0.0, (end - time.monotonic()) * 1000)):
-            raise TimeoutError("no answer in time")
 
     def fileno(self) -> int:
         return self._end.fileno()

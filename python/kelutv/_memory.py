@@ -12,6 +12,11 @@ from ._library import places
 from ._table import RECORDS
 
 
+def of_kind(error: Exception, text: str) -> Exception:
+    """An error of the same family, TypeError, OverflowError or ValueError, that says this."""
+    return next((kind for kind in (TypeError, OverflowError) if isinstance(error, kind)), ValueError)(text)
+
+
 def encoded(text: str) -> bytes:
     """A text as C has it, without the zero; bytes that are no UTF-8 come as lone surrogates and go back as they were."""
     data = text.encode("utf-8", "surrogateescape")
@@ -119,7 +124,7 @@ def pack_into(record: str, data: bytearray, at: int, value: Any) -> None:
         try:
             put(data, at + offset, getattr(value, name))
         except (struct.error, TypeError, ValueError) as error:
-            raise type(error)(f"records.{record}.{name}: {error}") from None
+            raise of_kind(error, f"records.{record}.{name}: {error}") from None
 
 
 def pack(record: str, value: Any) -> bytearray:

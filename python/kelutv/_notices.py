@@ -2,13 +2,14 @@
 
 from __future__ import annotations
 
-import select
 import threading
 import time
 import weakref
 from collections import deque
 from collections.abc import Callable
 from typing import NamedTuple, Protocol
+
+from ._channel import is_readable
 
 EVENT, VBI_DATA = 0, 1
 
@@ -63,21 +64,21 @@ class Hub:
 
     def __init__(self, source: Source):
         self._source = source
-        self._reading = threading.Lock()
-        self._changing = threading.Lock()
+        self._state = threading.Condition()
+        self._is_read = False
         # Who forgets to leave is not held.
         self._listeners: weakref.WeakSet[Listener] = weakref.WeakSet()
         self.dropped = 0
         self.is_open = True
 
     def listen(self, kind: int, most: int, wake: Callable[[], None] | None = None) -> Listener:
-        with self._changing:
+        with self._state:
             listener = Listener(self, kind, most, wake)
             self._listeners.add(listener)
         return listener
 
     def leave(self, listener: Listener) -> None:
-        with self._changing:
+        with self._state:
             self._listeners.discard(listener)
 
     def fileno(self) -> int:
@@ -85,20 +86,25 @@ class Hub:
 
     def is_free(self) -> bool:
         """Whether nobody waits."""
-        return not self._reading.locked()
+        return not self._is_read
 
     def close(self) -> None:
         """Hands on what is left of a source that has ended."""
-        with self._reading:
+        with self._state:
+            self._state.wait_for(self.is_free)
+            self._is_read = True
+        try:
             if self.is_open:
                 self._hand_on()
             self._end()
             self._source.close()
+        finally:
+            self._end_reading()
 
     def _end(self) -> None:
         """Nothing comes any more."""
         self.is_open = False
-        with self._changing:
+        with self._state:
             listeners = list(self._listeners)
         for listener in listeners:
             if listener.wake:
@@ -107,35 +113,50 @@ class Hub:
     def next(self, listener: Listener, end: float | None) -> Notice | None:
         """The next notice, or nothing when the time is over or nothing comes any more."""
         while not listener.waiting:
-            left = None if end is None else end - time.monotonic()
-            if not self.is_open or left is not None and left <= 0:
-                return None
-            if not self._reading.acquire(timeout=-1 if left is None else left):
-                return None
-            try:
-                if not listener.waiting and self.is_open:
-                    self._wait(left)
-            finally:
-                self._reading.release()
-        return listener.waiting.popleft()
+            if not self.is_open or end is not None and end <= time.monotonic():
+                break
+            if self._begin_reading(listener, end):
+                try:
+                    if is_readable(self._source.fileno(), end):
+                        self._hand_on()
+                finally:
+                    self._end_reading()
+        # What another thread read may have come at the very end.
+        return listener.waiting.popleft() if listener.waiting else None
 
     def read(self) -> None:
         """Hands on what is there, without waiting."""
-        if self._reading.acquire(blocking=False):
-            try:
-                self._hand_on()
-            finally:
-                self._reading.release()
-
-    def _wait(self, left: float | None) -> None:
-        poll = select.poll()
-        poll.register(self._source.fileno(), select.POLLIN)
-        if poll.poll(None if left is None else max(1, int(left * 1000))):
+        with self._state:
+            if self._is_read or not self.is_open:
+                return
+            self._is_read = True
+        try:
             self._hand_on()
+        finally:
+            self._end_reading()
+
+    def _begin_reading(self, listener: Listener, end: float | None) -> bool:
+        """Waits while another thread reads and has nothing for this listener; whether it is now this thread's turn."""
+
+        def goes_on() -> bool:
+            return not self._is_read or bool(listener.waiting) or not self.is_open
+
+        with self._state:
+            left = None if end is None else min(end - time.monotonic(), threading.TIMEOUT_MAX)
+            self._state.wait_for(goes_on, left)
+            if self._is_read or listener.waiting or not self.is_open:
+                return False
+            self._is_read = True
+            return True
+
+    def _end_reading(self) -> None:
+        with self._state:
+            self._is_read = False
+            self._state.notify_all()
 
     def _hand_on(self) -> None:
         notices, self.dropped, goes_on = self._source.take()
-        with self._changing:
+        with self._state:
             listeners = list(self._listeners)
         for listener in listeners:
             for notice in notices:

@@ -11,6 +11,8 @@ import sys
 import threading
 import time
 import weakref
+from collections.abc import Iterator
+from contextlib import contextmanager
 from pathlib import Path
 from typing import IO, Any
 
@@ -21,8 +23,11 @@ from .errors import LinkLost, NoService, Timeout
 
 _START = "import sys; sys.path.insert(0, sys.argv.pop(1)); from kelutv._worker import main; main()"
 _PACKAGES = str(Path(__file__).resolve().parents[1])
+_NEEDS_SERVICE = 9
+_BEGIN_SECONDS = 20.0
 
 Messages = int | IO[Any] | None
+Message = tuple[str, int, tuple[Any, ...]]
 
 
 class Worker:
@@ -46,6 +51,8 @@ class Worker:
         self.calls = Channel(calls)
         self.notices = Channel(notices)
         self.hub: Hub | None = None
+        self.is_loaded = False
+        self.is_connected = False
 
     def forget(self, lock: threading.Lock) -> None:
         """Ends the process unless a thread uses it, which then stays in its call to the end of this one.
@@ -108,26 +115,32 @@ class RemoteLink:
 
     def call(self, limit: float | None, index: int, *arguments: Any) -> Any:
         """Makes the call of a row; raises TelevisionError."""
-        return self._ask(FUNCTIONS[index][1], limit, ("call", index, arguments))
+        row = FUNCTIONS[index]
+        with self._turn(row[1], limit) as left:
+            return self._ask(row[1], left, ("call", index, arguments), bool(row[_NEEDS_SERVICE]))
 
     def connect(self, limit: float | None) -> None:
         """Connects; raises NoService."""
-        self._ask("connect", limit, ("connect", 0, ()))
+        with self._turn("connect", limit) as left:
+            self._ask("connect", left, ("connect", 0, ("connect",)))
 
     def hub(self, limit: float | None) -> Hub:
         """What hands out the events; raises NoService."""
-        self._ask("events", limit, ("notices", self._most_notices, ()))
-        worker = self._worker
-        if worker is None:
-            raise LinkLost("events", "the link is gone")
-        if worker.hub is None:
-            worker.hub = Hub(WorkerNotices(worker.notices))
-        return worker.hub
+        with self._turn("events", limit) as left:
+            self._ask("events", left, ("notices", self._most_notices, ()))
+            worker = self._living()
+            if worker.hub is None:
+                worker.hub = Hub(WorkerNotices(worker.notices))
+            return worker.hub
 
     def drop(self) -> None:
-        """Ends the worker; the next call makes one."""
+        """Ends the worker, also in a call, which fails; the next call makes one."""
+        worker = self._worker
+        if worker is not None:
+            worker.process.kill()
         with self._lock:
-            self._drop()
+            if self._worker is worker or self._is_closed:
+                self._drop()
 
     def close(self) -> None:
         self._is_closed = True
@@ -137,23 +150,36 @@ class RemoteLink:
     def is_closed(self) -> bool:
         return self._is_closed
 
-    def _ask(self, name: str, limit: float | None, message: tuple[str, int, tuple[Any, ...]]) -> Any:
-        end = None if limit is None else time.monotonic() + limit
-        if not self._lock.acquire(timeout=-1 if limit is None else limit):
+    @contextmanager
+    def _turn(self, name: str, limit: float | None) -> Iterator[float | None]:
+        """Waits for other calls; what is left of the limit."""
+        begin = time.monotonic()
+        if not self._lock.acquire(timeout=-1 if limit is None else min(limit, threading.TIMEOUT_MAX)):
             raise Timeout(name, f"not begun within {limit:g} s, another call did not return")
         try:
-            return self._exchange(name, limit, end, message)
+            yield None if limit is None else limit - (time.monotonic() - begin)
         finally:
             self._lock.release()
 
-    def _exchange(self, name: str, limit: float | None, end: float | None, message: tuple[str, int, tuple[Any, ...]]) -> Any:
-        worker = self._living()
+    def _ask(self, name: str, limit: float | None, message: Message, needs_service: bool = True) -> Any:
+        """The outcome of a message; what the worker needs for it has a limit of its own."""
+        worker, begin_limit = self._living(), None if limit is None else max(limit, _BEGIN_SECONDS)
+        if needs_service and not worker.is_connected:
+            self._exchange(worker, name, begin_limit, ("connect", 0, (name,)))
+            worker.is_connected = worker.is_loaded = True
+        elif not worker.is_loaded:
+            self._exchange(worker, name, begin_limit, ("load", 0, ()))
+            worker.is_loaded = True
+        return self._exchange(worker, name, limit, message)
+
+    def _exchange(self, worker: Worker, name: str, limit: float | None, message: Message) -> Any:
+        end = None if limit is None else time.monotonic() + limit
         try:
             worker.calls.send(message)
             went_well, outcome = worker.calls.receive(end)
         except TimeoutError:
             self._drop()
-            raise Timeout(name, f"no answer within {limit:g} s") from None
+            raise Timeout(name, f"no answer within {round(limit or 0, 3):g} s") from None
         except (EOFError, OSError):
             raise LinkLost(name, f"the process that held the link ended ({_ending(self._drop())})") from None
         except BaseException:
@@ -167,12 +193,14 @@ class RemoteLink:
         raise outcome
 
     def _living(self) -> Worker:
-        if self._is_closed:
+        worker = self._worker
+        if worker is None and not self._is_closed:
+            self._worker = worker = Worker(self._environment, self._messages)
+            self._finalizer = weakref.finalize(self, worker.forget, self._lock)
+        # Looked at last, since who closes looks at the worker after having said so.
+        if worker is None or self._is_closed:
             raise ValueError("the television is closed")
-        if self._worker is None:
-            self._worker = Worker(self._environment, self._messages)
-            self._finalizer = weakref.finalize(self, self._worker.forget, self._lock)
-        return self._worker
+        return worker
 
     def _drop(self) -> int:
         """Its exit code."""

@@ -10,6 +10,7 @@ import threading
 from typing import Any
 
 from ._channel import Channel
+from ._library import library
 from ._local import LocalLink, dropped_notices, take_notice
 from ._notices import Notice
 
@@ -45,7 +46,10 @@ class Worker:
         if what == "call":
             return self._link.call(index, *arguments)
         if what == "connect":
-            return self._link.connect("connect")
+            return self._link.connect(*arguments)
+        if what == "load":
+            library()
+            return None
         self._queue = self._link.begin_notices(index)
         os.write(self._adding, b"\0")
         return None

@@ -172,7 +172,13 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
     def something_came(self) -> None:
         """Wakes who waits; from any thread."""
         if not self._loop.is_closed():
-            self._loop.call_soon_threadsafe(self._something.set)
+            self._loop.call_soon_threadsafe(self._look)
+
+    def _look(self) -> None:
+        if not self._hub.is_open and not self._is_closed:
+            # An ended link can always be read.
+            self._loop.remove_reader(self._descriptor)
+        self._something.set()
 
     @property
     def dropped(self) -> int:

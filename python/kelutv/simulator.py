@@ -8,9 +8,11 @@ import select
 import shutil
 import subprocess
 import tempfile
+import threading
 import time
 import weakref
 from collections.abc import Sequence
+from contextlib import suppress
 from pathlib import Path
 from types import TracebackType
 from typing import IO, Any
@@ -185,6 +187,7 @@ class _Running:
         self._folder = folder
         self._process: subprocess.Popen[bytes] | None = None
         self._control: subprocess.Popen[bytes] | None = None
+        self._asking = threading.Lock()
 
     def process(self) -> subprocess.Popen[bytes]:
         assert self._process is not None
@@ -198,26 +201,33 @@ class _Running:
             raise SimulatorError(f"the simulator did not start, exit code {_end(self._process, _END_SECONDS)}")
 
     def ask(self, line: str, environment: dict[str, str]) -> dict[str, Any]:
-        if self._control is None:
-            self._control = subprocess.Popen(
-                [program("kelutv"), "sim", "--json", "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                stderr=subprocess.DEVNULL, env=environment,
-            )
-        assert self._control.stdin is not None
-        try:
-            self._control.stdin.write(f"{line}\n".encode())
-            self._control.stdin.flush()
-            answer = _line_of(self._control, _ANSWER_SECONDS)
-        except BrokenPipeError:
-            answer = b""
+        with self._asking:
+            answer = self._answer_to(line, environment)
         if not answer:
-            _end(self._control)
-            self._control = None
             raise SimulatorError(f"{line}: no simulator answers")
         document: dict[str, Any] = json.loads(answer)
         if "ok" not in document:
             raise SimulatorError(f"{line}: {document['error']['message']}")
         return document
+
+    def _answer_to(self, line: str, environment: dict[str, str]) -> bytes:
+        """Nothing when there is none."""
+        control = self._control or subprocess.Popen(
+            [program("kelutv"), "sim", "--json", "-"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+            stderr=subprocess.DEVNULL, env=environment,
+        )
+        self._control = control
+        assert control.stdin is not None
+        try:
+            control.stdin.write(f"{line}\n".encode())
+            control.stdin.flush()
+            answer = _line_of(control, _ANSWER_SECONDS)
+        except BrokenPipeError:
+            answer = b""
+        if not answer:
+            self._control = None
+            _end(control)
+        return answer
 
     def end(self) -> None:
         for process in (self._control, self._process):
@@ -256,5 +266,7 @@ def _end(process: subprocess.Popen[bytes], patience: float = 0.0) -> int:
     code = process.wait()
     for stream in (process.stdin, process.stdout):
         if stream is not None:
-            stream.close()
+            # What was still to be written to it is lost with it.
+            with suppress(OSError):
+                stream.close()
     return code

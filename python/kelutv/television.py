@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import os
+import threading
 from collections.abc import Callable
 from functools import partial
 from pathlib import Path
@@ -46,14 +47,16 @@ class _LocalNotices:
 
 
 _local_hub: Hub | None = None
+_local_hub_lock = threading.Lock()
 
 
 def _hub_of(link: LocalLink, most: int) -> Hub:
     global _local_hub
-    descriptor = link.begin_notices(most)
-    if _local_hub is None:
-        _local_hub = Hub(_LocalNotices(descriptor))
-    return _local_hub
+    with _local_hub_lock:
+        descriptor = link.begin_notices(most)
+        if _local_hub is None:
+            _local_hub = Hub(_LocalNotices(descriptor))
+        return _local_hub
 
 
 class Limited(Modules):
@@ -95,7 +98,7 @@ class Television(Modules):
     ):
         if level is not None and level not in LEVELS:
             raise ValueError(f"level is {level}, one of {', '.join(map(str, LEVELS))} is allowed")
-        if timeout is not None and timeout <= 0:
+        if timeout is not None and not timeout > 0:
             raise ValueError(f"timeout is {timeout}, more than 0 is allowed")
         if in_process and (timeout is not None or messages is not None):
             raise ValueError("in_process goes without timeout and messages: a call of this process cannot be given up")
@@ -125,7 +128,7 @@ class Television(Modules):
         """The same functions with another time limit: `tv.within(2).audio.set_volume(...)`."""
         if self._remote is None:
             raise ValueError("a call of this process cannot be given up: leave in_process out")
-        if seconds <= 0:
+        if not seconds > 0:
             raise ValueError(f"seconds is {seconds}, more than 0 is allowed")
         return Limited(repr(self), seconds, partial(self._remote.call, seconds))
 
