@@ -108,6 +108,47 @@ class TimeTest(WithTelevision):
         other.join(PATIENCE)
         self.assertEqual([type(error) for error in failures], [kelutv.Timeout])
 
+    def test_closing_and_connecting_anew_end_a_call(self) -> None:
+        self.simulator.fault("CMD_AUDIO_GETVOLUME delay 60s")
+        for end in (kelutv.Television.reconnect, kelutv.Television.close):
+            with self.subTest(end.__name__), self.simulator.television(messages=QUIET) as tv:
+                tv.connect()
+                failures: list[Exception] = []
+
+                def wait(tv: kelutv.Television = tv, failures: list[Exception] = failures) -> None:
+                    try:
+                        tv.audio.get_volume(SPEAKER)
+                    except kelutv.TelevisionError as error:
+                        failures.append(error)
+
+                other = threading.Thread(target=wait)
+                other.start()
+                while not tv._remote._lock.locked():  # type: ignore[union-attr]
+                    time.sleep(0.001)
+                begin = time.monotonic()
+                end(tv)
+                self.assertLess(time.monotonic() - begin, PATIENCE)
+                other.join(PATIENCE)
+                self.assertEqual([type(error) for error in failures], [kelutv.LinkLost])
+
+    def test_a_short_limit_is_not_for_the_start_of_a_worker(self) -> None:
+        with self.simulator.television(messages=QUIET) as tv:
+            # No interpreter starts so fast, and a worker that stands answers in less than a tenth of it.
+            for _ in range(10):
+                try:
+                    tv.within(0.03).audio.get_sound_mode()
+                    break
+                except kelutv.Timeout:
+                    continue
+            else:
+                self.fail("no call was made in time")
+
+    def test_limits_without_an_end(self) -> None:
+        for seconds in (1e7, 1e300, float("inf")):
+            self.assertGreaterEqual(self.tv.within(seconds).audio.get_volume(SPEAKER), 0)
+        with self.assertRaisesRegex(ValueError, "seconds is nan"):
+            self.tv.within(float("nan"))
+
 
 class LossTest(unittest.TestCase):
     def test_no_service(self) -> None:

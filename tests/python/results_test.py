@@ -57,6 +57,10 @@ class MemoryTest(WithTelevision):
         self.simulator.set("factory.panelID", '"Küche 43"')
         self.assertEqual(self.tv.factory.get_panel_id(), "Küche 43")
 
+    def test_a_text_that_has_no_bytes(self) -> None:
+        with self.assertRaisesRegex(ValueError, "factory.set_uart_data: .*surrogates"):
+            self.tv.factory.set_uart_data("\ud800")
+
     def test_a_record_that_was_set_is_read(self) -> None:
         level = records.NRAttrData(True, 3)
         self.tv.audio.set_nr_attr(level)

@@ -56,6 +56,14 @@ class LifeOfASimulatorTest(unittest.TestCase):
         with kelutv.Simulator(messages=QUIET) as first, self.assertRaisesRegex(kelutv.SimulatorError, "exit code 1"):
             kelutv.Simulator(runtime_dir=first.runtime_dir, messages=QUIET)
 
+    def test_what_is_asked_when_it_has_gone(self) -> None:
+        with kelutv.Simulator(messages=QUIET) as simulator:
+            simulator.do("faults")
+            simulator.kill()
+            for _ in range(3):
+                with self.assertRaisesRegex(kelutv.SimulatorError, "faults: no simulator answers|no simulator"):
+                    simulator.do("faults")
+
     def test_a_scenario_to_its_end(self) -> None:
         with tempfile.TemporaryDirectory() as folder:
             scenario = Path(folder) / "short.scenario"
