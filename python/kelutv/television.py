@@ -81,7 +81,7 @@ class Television(Modules):
 
     runtime_dir: Where its service is found, as `KQDROID_RUNTIME_DIR` says; where nothing is said, as for any program.
     level: The form of requests, 28, 29 or 30, as `KQDROID_BINDER_LEVEL` says.
-    timeout: Seconds after which a call is given up; None waits for as long as it takes.
+    timeout: Seconds after which a call is given up, beside those of making a worker; None waits for as long as it takes.
     in_process: Whether this process holds the link.
     messages: Where the library's messages on standard error go, as for `subprocess`: None with those of this process.
     most_events: How many events are kept while nobody takes them.
@@ -140,7 +140,7 @@ class Television(Modules):
             self._remote.connect(self.timeout)
 
     def reconnect(self) -> None:
-        """Connects anew, by a new worker; streams of events of the old one end with LinkLost."""
+        """Connects anew, by a new worker; calls and streams of events of the old one end with LinkLost."""
         if self._remote is None:
             raise ValueError("the link of a process is made once: leave in_process out")
         self._remote.drop()
@@ -165,7 +165,7 @@ class Television(Modules):
         return Stream(self._hub(), VBI_DATA, self._most_events, timeout)
 
     def close(self) -> None:
-        """Ends the worker; a link of this process stays. Calls raise ValueError afterwards."""
+        """Ends the worker and the call that it makes; a link of this process stays. Calls raise ValueError afterwards."""
         if self._remote is not None:
             self._remote.close()
 
