@@ -59,6 +59,7 @@ TEST_F(Control, ReadsAFileToItsEnd) {
     Simulator simulator({"--control", file("# what happens\n\nunplug 5\nexplode\nplug 5")});
     EXPECT_TRUE(simulator.process().output().waitFor(kPluggedIn)) << simulator.process().output().text();
     EXPECT_NE(simulator.process().output().text().find(kUnplugged), std::string::npos);
+    EXPECT_TRUE(simulator.process().error().waitFor(kBadLine));
     EXPECT_EQ(simulator.process().error().text(), kBadLine);
     end(simulator);
 }
