@@ -17,8 +17,6 @@ sys.path.insert(0, str(ROOT / "tests"))
 from support.television import PATIENCE, Television, own_environment  # noqa: E402
 
 TOOL, EXAMPLE = os.environ["KELUTV_TOOL"], os.environ["KELUTV_EXAMPLE_SERVICE"]
-# The build that is installed for a project, where one is to be built.
-BUILD, PACKAGE = os.environ.get("KELUTV_BUILD"), os.environ.get("KELUTV_CMAKE_PACKAGE", "")
 COMPONENTS = ("runtime", "development", "platform", "platform_development")
 REFUSED = 4
 BUILD_PATIENCE = 120
@@ -115,9 +113,15 @@ class Example(OwnService):
         self.assertEqual(self.output(self.television, "get", "volume"), "20\n")
 
 
-@unittest.skipUnless(BUILD, "another build tries it")
 class Project(OwnService):
-    """A project is built with what is installed, and refuses everything."""
+    """A project is built with what is installed, and refuses everything; where a build to be installed is named."""
+
+    build = ""
+    package = ""
+
+    @classmethod
+    def setUpClass(cls) -> None:
+        cls.build, cls.package = os.environ["KELUTV_BUILD"], os.environ["KELUTV_CMAKE_PACKAGE"]
 
     def run_step(self, *command: str) -> None:
         run = subprocess.run(
@@ -128,10 +132,10 @@ class Project(OwnService):
     def test_refuses_everything(self) -> None:
         folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
         for component in COMPONENTS:
-            self.run_step("cmake", "--install", str(BUILD), "--prefix", str(folder / "prefix"), "--component", component)
+            self.run_step("cmake", "--install", self.build, "--prefix", str(folder / "prefix"), "--component", component)
         project = folder / "my-tv"
         self.run_step(TOOL, "new-service", str(project), "--module", "audio")
-        package = f"-Dkelutvbaseclient_DIR={folder / 'prefix' / PACKAGE}"
+        package = f"-Dkelutvbaseclient_DIR={folder / 'prefix' / self.package}"
         self.run_step("cmake", "-G", "Ninja", "-S", str(project), "-B", str(project / "build"), package)
         self.run_step("cmake", "--build", str(project / "build"))
         self.run_step("cmake", "--install", str(project / "build"), "--prefix", str(folder / "installed"))

@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -64,9 +63,6 @@ private:
     RuntimeDir mRuntimeDir;
     std::unique_ptr<ChildProcess> mTelevision;
 };
-
-/** An emulator makes a call take ten times as long. */
-bool isEmulated() { return std::getenv("KELUTV_EMULATOR") != nullptr; }
 
 TEST_F(Families, theSimulatorTellsOfEachChangeOnce) {
     turnOn();
@@ -182,9 +178,6 @@ private:
 };
 
 TEST_F(Families, aRestartedServiceIsFoundAgain) {
-    if (isEmulated()) {
-        GTEST_SKIP() << "a shell starts the simulator";
-    }
     const KeptTelevision television(folder().pathOf("simulator"));
     Terms terms;
     terms.restart = television.restart();
