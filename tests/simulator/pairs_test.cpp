@@ -12,7 +12,7 @@ namespace kelutv::test {
 
 namespace {
 
-const auto& environment = SimulatorEnvironment::install();
+const auto& environmentOfPairs = SimulatorEnvironment::install();
 
 std::string pairName(const ::testing::TestParamInfo<const Pair*>& info) { return info.param->name; }
 

@@ -10,7 +10,7 @@ namespace kelutv::test {
 
 namespace {
 
-const auto& environment = SimulatorEnvironment::install();
+const auto& environmentOfRandomRequests = SimulatorEnvironment::install();
 
 constexpr int kRequestsPerThread = 500;
 

@@ -17,7 +17,7 @@ namespace kelutv::test {
 
 namespace {
 
-auto& environment = SimulatorEnvironment::install();
+auto& environmentOfRefusals = SimulatorEnvironment::install();
 
 constexpr int kSetVolume = 0x2008;
 constexpr int kGetVolume = 0x2009;
@@ -28,13 +28,13 @@ constexpr int kUnknown = 0x4321;
 
 class Refusals : public ::testing::Test {
 protected:
-    void SetUp() override { environment.simulator().takeTrace(); }
+    void SetUp() override { environmentOfRefusals.simulator().takeTrace(); }
 
     /** The request gives this result and nothing behind it, and this line in the trace. */
     static void expect(const Bytes& request, int result, const std::string& line) {
         EXPECT_EQ(SimulatorEnvironment::transact(request), replyOf({result}));
         const std::string caller = "[" + std::to_string(::getpid()) + "] ";
-        EXPECT_EQ(environment.simulator().takeTrace(), std::vector<std::string>{caller + line});
+        EXPECT_EQ(environmentOfRefusals.simulator().takeTrace(), std::vector<std::string>{caller + line});
     }
 };
 
@@ -105,7 +105,7 @@ TEST_F(Refusals, LeaveOtherTransactionsToTheRuntime) {
     android::Parcel data;
     android::Parcel reply;
     EXPECT_EQ(service->transact(2, data, &reply), android::UNKNOWN_TRANSACTION);
-    EXPECT_TRUE(environment.simulator().takeTrace().empty());
+    EXPECT_TRUE(environmentOfRefusals.simulator().takeTrace().empty());
 }
 
 TEST_F(Refusals, TakeOneWayRequestsWithoutAnAnswer) {

@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/linux_kelutv_audio.h>
 
@@ -9,17 +10,15 @@
 namespace kelutv::test {
 namespace {
 
-constexpr int kUntouched = 0x5A5A5A5A;
-
-struct ListReader {
+struct AudioListReader {
     const char* name;
     int item;
     int (*function)(int* list, int* size);
 };
 
-void PrintTo(const ListReader& reader, std::ostream* out) { *out << reader.name; }
+void PrintTo(const AudioListReader& reader, std::ostream* out) { *out << reader.name; }
 
-class AudioList : public ClientTest, public ::testing::WithParamInterface<ListReader> {
+class AudioList : public ClientTest, public ::testing::WithParamInterface<AudioListReader> {
 protected:
     AudioList() { list.fill(kUntouched); }
 
@@ -96,14 +95,14 @@ TEST_P(AudioList, needsBothPlaces) {
     EXPECT_EQ(size, kUntouched);
 }
 
-const ListReader kListReaders[] = {
+const AudioListReader kAudioListReaders[] = {
     // irregular: linux_tv_Audio_getNewOutputList
     {"newOutputs", 8194, linux_tv_Audio_getNewOutputList},
     // irregular: linux_tv_Audio_GetDefaultSndOutputList
     {"defaultOutputs", 8222, linux_tv_Audio_GetDefaultSndOutputList},
 };
 
-INSTANTIATE_TEST_SUITE_P(Audio, AudioList, ::testing::ValuesIn(kListReaders),
+INSTANTIATE_TEST_SUITE_P(Audio, AudioList, ::testing::ValuesIn(kAudioListReaders),
                          [](const auto& each) { return std::string(each.param.name); });
 
 } // namespace

@@ -1,12 +1,10 @@
 #include "client/ClientTest.h"
+#include "client/audio/TheAudio.h"
 
-#include <kelutv/Audio.h>
 #include <kelutv/linux_kelutv_audio.h>
 
 namespace kelutv::test {
 namespace {
-
-Audio& audio() { return *Audio::instance(); }
 
 TEST_F(ClientTest, muteSendsChannelFlagAndOwner) {
     answer({9});

@@ -1,12 +1,10 @@
 #include "client/ClientTest.h"
+#include "client/audio/TheAudio.h"
 
-#include <kelutv/Audio.h>
 #include <kelutv/linux_kelutv_audio.h>
 
 namespace kelutv::test {
 namespace {
-
-Audio& audio() { return *Audio::instance(); }
 
 /** Runs with a link that is absent, with one that is dead, and with a living one whose transactions fail. */
 class AudioFailure : public ClientTest {

@@ -1,6 +1,7 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
+#include "client/audio/TheAudio.h"
 
-#include <kelutv/Audio.h>
 #include <kelutv/linux_kelutv_audio.h>
 
 #include <array>
@@ -10,10 +11,7 @@
 namespace kelutv::test {
 namespace {
 
-constexpr int kUntouched = 0x5A5A5A5A;
 constexpr std::size_t kItemValues = 255;
-
-Audio& audio() { return *Audio::instance(); }
 
 class AudioItem : public ClientTest {
 protected:

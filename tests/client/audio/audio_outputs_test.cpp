@@ -1,6 +1,5 @@
 #include "client/ClientTest.h"
-
-#include <kelutv/Audio.h>
+#include "client/audio/TheAudio.h"
 
 #include <list>
 #include <string>
@@ -9,8 +8,6 @@ namespace kelutv::test {
 namespace {
 
 using Names = std::list<std::string>;
-
-Audio& audio() { return *Audio::instance(); }
 
 using AudioOutputs = ClientTest;
 

@@ -1,12 +1,10 @@
 #include "client/ClientTest.h"
+#include "client/audio/TheAudio.h"
 
-#include <kelutv/Audio.h>
 #include <kelutv/linux_kelutv_audio.h>
 
 namespace kelutv::test {
 namespace {
-
-Audio& audio() { return *Audio::instance(); }
 
 /** Bands with a different value in every field: 0, 101, 201, 301; 1, 102, 202, 302; and so on. */
 KELU_TV_SND_PEQ_ATTR_S equalizer(int bandNum) {

@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/linux_kelutv_factory.h>
 
@@ -10,8 +11,6 @@
 
 namespace kelutv::test {
 namespace {
-
-constexpr int kUntouched = 0x5A5A5A5A;
 
 using FactoryFunction = ClientTest;
 

@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/linux_kelutv_factory.h>
 
@@ -11,8 +12,6 @@
 
 namespace kelutv::test {
 namespace {
-
-constexpr int kUntouched = 0x5A5A5A5A;
 
 Bytes itemSet(int item, std::int32_t param1 = 0, std::int32_t param2 = 0) {
     return requestOf(0x90C1, {item, param1, param2, 0, 0});

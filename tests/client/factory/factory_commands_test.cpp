@@ -1,6 +1,5 @@
 #include "client/ClientTest.h"
-
-#include <kelutv/Factory.h>
+#include "client/factory/TheFactory.h"
 
 #include <list>
 #include <string>
@@ -9,8 +8,6 @@
 
 namespace kelutv::test {
 namespace {
-
-Factory& factory() { return *Factory::instance(); }
 
 using FactoryCommand = ClientTest;
 

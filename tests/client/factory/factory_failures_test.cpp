@@ -1,13 +1,10 @@
 #include "client/ClientTest.h"
-
-#include <kelutv/Factory.h>
+#include "client/factory/TheFactory.h"
 
 #include <unistd.h>
 
 namespace kelutv::test {
 namespace {
-
-Factory& factory() { return *Factory::instance(); }
 
 /** Runs with a link that is absent, with one that is dead, and with a living one whose transactions fail. */
 class FactoryFailure : public ClientTest {

@@ -1,6 +1,5 @@
 #include "client/ClientTest.h"
-
-#include <kelutv/Factory.h>
+#include "client/factory/TheFactory.h"
 
 #include <limits>
 #include <list>
@@ -11,8 +10,6 @@ namespace {
 
 constexpr char kOtpError[] = "setStbOtpBurn,getBurnKeyStatus timeData  error";
 constexpr char kOtpNull[] = "setStbOtpBurn input buf is null";
-
-Factory& factory() { return *Factory::instance(); }
 
 /** An error without a tag. */
 LogEntry error(const std::string& text) { return untaggedError(text).front(); }

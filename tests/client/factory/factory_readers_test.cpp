@@ -1,6 +1,5 @@
 #include "client/ClientTest.h"
-
-#include <kelutv/Factory.h>
+#include "client/factory/TheFactory.h"
 
 #include <array>
 #include <cstring>
@@ -9,8 +8,6 @@
 
 namespace kelutv::test {
 namespace {
-
-Factory& factory() { return *Factory::instance(); }
 
 Bytes textReply(const char* text) { return Wire::reply().i32(0).cstr(text).bytes(); }
 

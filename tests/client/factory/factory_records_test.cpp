@@ -1,6 +1,6 @@
 #include "client/ClientTest.h"
-
-#include <kelutv/Factory.h>
+#include "client/Untouched.h"
+#include "client/factory/TheFactory.h"
 
 #include <algorithm>
 #include <array>
@@ -9,10 +9,6 @@
 
 namespace kelutv::test {
 namespace {
-
-constexpr int kUntouched = 0x5A5A5A5A;
-
-Factory& factory() { return *Factory::instance(); }
 
 using Bands = std::array<int, 12>;
 

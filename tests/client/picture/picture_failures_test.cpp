@@ -1,14 +1,12 @@
 #include "client/ClientTest.h"
+#include "client/picture/ThePicture.h"
 
-#include <kelutv/Picture.h>
 #include <kelutv/linux_kelutv_picture.h>
 
 #include <unistd.h>
 
 namespace kelutv::test {
 namespace {
-
-Picture& picture() { return *Picture::instance(); }
 
 /** Runs with a link that is absent, with one that is dead, and with a living one whose transactions fail. */
 class PictureFailure : public ClientTest {

@@ -1,6 +1,7 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
+#include "client/picture/ThePicture.h"
 
-#include <kelutv/Picture.h>
 #include <kelutv/linux_kelutv_picture.h>
 
 #include <array>
@@ -9,10 +10,6 @@
 
 namespace kelutv::test {
 namespace {
-
-constexpr int kUntouched = 0x5A5A5A5A;
-
-Picture& picture() { return *Picture::instance(); }
 
 /** An operation that fills a buffer of 255 ints, in the class and in C. */
 struct ItemReader {

@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/Picture.h>
 #include <kelutv/linux_kelutv_picture.h>
@@ -10,19 +11,17 @@
 namespace kelutv::test {
 namespace {
 
-constexpr int kUntouched = 0x5A5A5A5A;
-
 /** A list operation of the class, and its C function, which does not look at the places it is given. */
-struct ListReader {
+struct PictureListReader {
     const char* name;
     Bytes request;
     std::list<int> (*method)();
     int (*function)(int* list, int* size);
 };
 
-void PrintTo(const ListReader& reader, std::ostream* out) { *out << reader.name; }
+void PrintTo(const PictureListReader& reader, std::ostream* out) { *out << reader.name; }
 
-class PictureList : public ClientTest, public ::testing::WithParamInterface<ListReader> {
+class PictureList : public ClientTest, public ::testing::WithParamInterface<PictureListReader> {
 protected:
     PictureList() { list.fill(kUntouched); }
 
@@ -109,7 +108,7 @@ std::list<int> modes() { return Picture::instance()->getPicModeEnable(6); }
 
 int copyModes(int* list, int* size) { return linux_tv_Picture_getPicModeEnable(6, list, size); }
 
-const ListReader kListReaders[] = {
+const PictureListReader kPictureListReaders[] = {
     // irregular: Picture::getAvailAspectList
     // irregular: linux_tv_Picture_getAvailAspectList
     {"aspects", requestOf(0x1032), aspects, linux_tv_Picture_getAvailAspectList},
@@ -118,7 +117,7 @@ const ListReader kListReaders[] = {
     {"modes", requestOf(0x107F, {6}), modes, copyModes},
 };
 
-INSTANTIATE_TEST_SUITE_P(Picture, PictureList, ::testing::ValuesIn(kListReaders),
+INSTANTIATE_TEST_SUITE_P(Picture, PictureList, ::testing::ValuesIn(kPictureListReaders),
                          [](const auto& each) { return std::string(each.param.name); });
 
 using BrightnessHistogram = ClientTest;

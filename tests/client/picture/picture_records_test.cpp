@@ -1,14 +1,12 @@
 #include "client/ClientTest.h"
+#include "client/picture/ThePicture.h"
 
-#include <kelutv/Picture.h>
 #include <kelutv/linux_kelutv_picture.h>
 
 #include <array>
 
 namespace kelutv::test {
 namespace {
-
-Picture& picture() { return *Picture::instance(); }
 
 using WhiteBalance = std::array<int, 6>;
 using Corrections = std::array<int, 7>;

@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/SystemSetting.h>
 #include <kelutv/linux_kelutv_systemsetting.h>
@@ -8,8 +9,6 @@
 
 namespace kelutv::test {
 namespace {
-
-constexpr int kUntouched = 0x5A5A5A5A;
 
 SystemSetting& settings() { return *SystemSetting::instance(); }
 

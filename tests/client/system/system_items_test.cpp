@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/linux_kelutv_systemsetting.h>
 
@@ -9,8 +10,6 @@
 
 namespace kelutv::test {
 namespace {
-
-constexpr int kUntouched = 0x5A5A5A5A;
 
 Bytes itemGet(int item, std::int32_t param1 = 0) { return requestOf(0x8047, {item, param1, 0}); }
 

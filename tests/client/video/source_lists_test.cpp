@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/SourceManager.h>
 #include <kelutv/linux_kelutv_sourcemanager.h>
@@ -12,9 +13,7 @@
 namespace kelutv::test {
 namespace {
 
-constexpr int kUntouched = 0x5A5A5A5A;
-
-struct ListReader {
+struct SourceListReader {
     const char* name;
     int command;
     int (*function)(int* list, int* count);
@@ -23,9 +22,9 @@ struct ListReader {
     std::vector<int> twoAlone;
 };
 
-void PrintTo(const ListReader& reader, std::ostream* out) { *out << reader.name; }
+void PrintTo(const SourceListReader& reader, std::ostream* out) { *out << reader.name; }
 
-class SourceList : public ClientTest, public ::testing::WithParamInterface<ListReader> {
+class SourceList : public ClientTest, public ::testing::WithParamInterface<SourceListReader> {
 protected:
     SourceList() { list.fill(kUntouched); }
 
@@ -109,17 +108,20 @@ TEST_P(SourceList, ofTheClassHoldsEverySource) {
     EXPECT_TRUE((SourceManager::instance()->*GetParam().method)().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Readers, SourceList,
-    ::testing::Values(
-        ListReader{"all", 0x7008, linux_tv_SourceManager_getSourceList, &SourceManager::getSourceList, {1, 9}, {}},
-        ListReader{"available",
-                   0x7009,
-                   linux_tv_SourceManager_getAvailSourceList,
-                   &SourceManager::getAvailSourceList,
-                   {1, 2, 9},
-                   {2, 2}}),
-    [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(Readers, SourceList,
+                         ::testing::Values(SourceListReader{"all",
+                                                            0x7008,
+                                                            linux_tv_SourceManager_getSourceList,
+                                                            &SourceManager::getSourceList,
+                                                            {1, 9},
+                                                            {}},
+                                           SourceListReader{"available",
+                                                            0x7009,
+                                                            linux_tv_SourceManager_getAvailSourceList,
+                                                            &SourceManager::getAvailSourceList,
+                                                            {1, 2, 9},
+                                                            {2, 2}}),
+                         [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace
 } // namespace kelutv::test

@@ -1,4 +1,5 @@
 #include "client/ClientTest.h"
+#include "client/Untouched.h"
 
 #include <kelutv/Video3D.h>
 #include <kelutv/linux_kelutv_video.h>
@@ -9,8 +10,6 @@
 
 namespace kelutv::test {
 namespace {
-
-constexpr int kUntouched = 0x5A5A5A5A;
 
 Bytes itemSet(int item, std::int32_t param1, std::int32_t param2 = 0, std::int32_t param3 = 0) {
     return requestOf(0x300D, {item, param1, param2, param3, 0});

@@ -24,7 +24,7 @@ namespace {
 using kelutv::test::EventRecorder;
 using kelutv::test::eventually;
 
-constexpr unsigned int kModule = 0x110000;
+constexpr unsigned int kDeliveredModule = 0x110000;
 constexpr unsigned int kOtherModule = 0x120000;
 
 std::mutex mutex;
@@ -76,7 +76,7 @@ private:
         auto publisher = std::make_unique<keluem::Publisher>();
         while (!mStop && !mFailed) {
             const std::uint64_t number = ++mBegun;
-            mFailed = publisher->publish(kModule, &number, sizeof(number)) != 0;
+            mFailed = publisher->publish(kDeliveredModule, &number, sizeof(number)) != 0;
             if (number % kAhead == 0) {
                 awaitBeat(*publisher);
             }
@@ -104,11 +104,11 @@ private:
 
 /** Subscribes, sees that everything from the subscription on comes, once and without a gap, and unsubscribes. */
 void expectEverythingFromHereOn(const NumberedEvents& events) {
-    ASSERT_EQ(EMAL_AddListener(kModule, recordNumber), 0);
+    ASSERT_EQ(EMAL_AddListener(kDeliveredModule, recordNumber), 0);
     const std::uint64_t first = events.next();
     const std::uint64_t last = first + 20;
     const bool came = eventually([=] { return received(last); });
-    ASSERT_EQ(EMAL_RemoveListener(kModule), 0);
+    ASSERT_EQ(EMAL_RemoveListener(kDeliveredModule), 0);
     std::vector<std::uint64_t> got = takeNumbers();
     ASSERT_TRUE(came) << "from " << first;
     std::sort(got.begin(), got.end());
@@ -139,17 +139,17 @@ TEST(Delivery, neverBringsWhatWasPublishedBefore) {
     EventRecorder other(kOtherModule);
     for (int round = 0; round < 100; ++round) {
         keluem::Publisher publisher;
-        ASSERT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
-        ASSERT_EQ(publisher.publish(kModule + 2, nullptr, 0), 0);
-        EventRecorder recorder(kModule);
-        ASSERT_EQ(publisher.publish(kModule + 3, nullptr, 0), 0);
-        ASSERT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 3});
+        ASSERT_EQ(publisher.publish(kDeliveredModule + 1, nullptr, 0), 0);
+        ASSERT_EQ(publisher.publish(kDeliveredModule + 2, nullptr, 0), 0);
+        EventRecorder recorder(kDeliveredModule);
+        ASSERT_EQ(publisher.publish(kDeliveredModule + 3, nullptr, 0), 0);
+        ASSERT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kDeliveredModule + 3});
     }
 }
 
 TEST(Delivery, doesNotNeedThePublisherToStay) {
-    EventRecorder recorder(kModule);
-    for (unsigned int id = kModule; id < kModule + 100; ++id) {
+    EventRecorder recorder(kDeliveredModule);
+    for (unsigned int id = kDeliveredModule; id < kDeliveredModule + 100; ++id) {
         ASSERT_EQ(keluem::Publisher().publish(id, "x", 1), 0);
         ASSERT_EQ(recorder.takeIds(1), std::vector<unsigned int>{id});
     }
@@ -170,14 +170,14 @@ TEST(Delivery, waitsForNoPublisherWhileAListenerIsStuck) {
     ASSERT_TRUE(eventually([] { return entered.load(); }));
     {
         keluem::Publisher second; // whose connection nobody accepts for now
-        ASSERT_EQ(second.publish(kModule, nullptr, 0), 0);
-        EventRecorder recorder(kModule);
-        ASSERT_EQ(second.publish(kModule + 1, nullptr, 0), 0);
-        ASSERT_EQ(first.publish(kModule + 2, nullptr, 0), 0);
+        ASSERT_EQ(second.publish(kDeliveredModule, nullptr, 0), 0);
+        EventRecorder recorder(kDeliveredModule);
+        ASSERT_EQ(second.publish(kDeliveredModule + 1, nullptr, 0), 0);
+        ASSERT_EQ(first.publish(kDeliveredModule + 2, nullptr, 0), 0);
         released = true;
         std::vector<unsigned int> ids = recorder.takeIds(2);
         std::sort(ids.begin(), ids.end());
-        EXPECT_EQ(ids, (std::vector<unsigned int>{kModule + 1, kModule + 2}));
+        EXPECT_EQ(ids, (std::vector<unsigned int>{kDeliveredModule + 1, kDeliveredModule + 2}));
     }
     EXPECT_EQ(EMAL_RemoveListener(kOtherModule), 0);
 }

@@ -18,7 +18,7 @@ namespace {
 
 using kelutv::test::SubscriberProcess;
 
-constexpr unsigned int kModule = 0xD0000;
+constexpr unsigned int kExitModule = 0xD0000;
 
 /** Publishes events without end for as long as the object lives. */
 class EndlessEvents {
@@ -27,7 +27,7 @@ public:
         kelutv::test::runtimeDir();
         mThread = std::thread([this] {
             while (!mStop) {
-                mPublisher.publish(kModule, "payload", 7);
+                mPublisher.publish(kExitModule, "payload", 7);
                 std::this_thread::yield();
             }
         });
@@ -49,7 +49,7 @@ private:
 void expectCleanExits(const char* subscriberCase, std::size_t processes) {
     std::vector<std::unique_ptr<SubscriberProcess>> started;
     for (std::size_t i = 0; i < processes; ++i) {
-        started.push_back(std::make_unique<SubscriberProcess>(subscriberCase, kModule));
+        started.push_back(std::make_unique<SubscriberProcess>(subscriberCase, kExitModule));
         ASSERT_TRUE(started.back()->ready());
     }
     for (const auto& process : started) {
@@ -79,35 +79,35 @@ TEST(ExitOfASubscriber, mayBeCalledByItsListener) {
 }
 
 TEST(ExitOfASubscriber, isNotToldTheFirstEventWhileItExits) {
-    SubscriberProcess process("exit-first", kModule);
+    SubscriberProcess process("exit-first", kExitModule);
     ASSERT_TRUE(process.ready());
     ASSERT_TRUE(process.waitFor("exiting\n"));
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kExitModule, nullptr, 0);
     EXPECT_EQ(process.process().exitCode(), 0);
 }
 
 TEST(ExitOfASubscriber, isNotTheEndOfItsMainThreadAlone) {
-    SubscriberProcess process("end-main-thread", kModule);
+    SubscriberProcess process("end-main-thread", kExitModule);
     ASSERT_TRUE(process.ready());
     ASSERT_TRUE(mainThreadEnds(process.process().pid()));
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kExitModule, nullptr, 0);
     EXPECT_EQ(process.process().exitCode(), 0);
 }
 
 TEST(ExitOfASubscriber, doesNotWaitForEverForAStuckListener) {
-    SubscriberProcess process("exit-stuck", kModule);
+    SubscriberProcess process("exit-stuck", kExitModule);
     ASSERT_TRUE(process.ready());
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kExitModule, nullptr, 0);
     EXPECT_EQ(process.process().exitCode(), 0);
 }
 
 TEST(ExitOfASubscriber, leavesNoEntry) {
-    SubscriberProcess process("exit-listener", kModule);
+    SubscriberProcess process("exit-listener", kExitModule);
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kExitModule, nullptr, 0);
     EXPECT_EQ(process.process().exitCode(), 0);
     EXPECT_EQ(kelutv::test::entriesOf(process.process().pid()), 0U);
 }

@@ -18,7 +18,7 @@ using kelutv::test::ChildProcess;
 using kelutv::test::EventRecorder;
 using kelutv::test::LogCapture;
 
-constexpr unsigned int kModule = 0x100000;
+constexpr unsigned int kForeignUsersModule = 0x100000;
 constexpr const char* kSameUser = "0"; // as the peer program understands it
 constexpr const char* kNobody = "65534";
 
@@ -60,38 +60,40 @@ bool logged(LogCapture& log, const std::string& text) {
 }
 
 TEST(ForeignPublisher, ofThisUserIsHeard) {
-    EventRecorder recorder(kModule);
-    ChildProcess peer({KELUTV_EVENT_PEER, "publish", kSameUser, kelutv::test::ownEntry(), std::to_string(kModule)},
-                      capturing());
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule});
+    EventRecorder recorder(kForeignUsersModule);
+    ChildProcess peer(
+        {KELUTV_EVENT_PEER, "publish", kSameUser, kelutv::test::ownEntry(), std::to_string(kForeignUsersModule)},
+        capturing());
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kForeignUsersModule});
 }
 
 TEST(ForeignPublisher, ofAnotherUserIsShutOut) {
     if (!canBecomeNobody()) {
         return;
     }
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kForeignUsersModule);
     LogCapture log;
     {
         const OpenedDirectory opened;
-        ChildProcess peer({KELUTV_EVENT_PEER, "publish", kNobody, kelutv::test::ownEntry(), std::to_string(kModule)},
-                          capturing());
+        ChildProcess peer(
+            {KELUTV_EVENT_PEER, "publish", kNobody, kelutv::test::ownEntry(), std::to_string(kForeignUsersModule)},
+            capturing());
         EXPECT_EQ(peer.exitCode(), 0);
         EXPECT_EQ(peer.output().text(), "sent\nclosed\n");
     }
     EXPECT_TRUE(logged(log, "publisher of uid 65534 refused"));
     keluem::Publisher publisher;
-    publisher.publish(kModule + 1, nullptr, 0);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+    publisher.publish(kForeignUsersModule + 1, nullptr, 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kForeignUsersModule + 1});
 }
 
 TEST(ForeignSubscriber, ofThisUserIsServed) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kForeignUsersModule);
     const std::string path = kelutv::test::eventRoom() + "/1-peer";
     ChildProcess peer({KELUTV_EVENT_PEER, "subscribe", kSameUser, path}, capturing());
     ASSERT_TRUE(peer.output().waitFor("ready\n"));
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kForeignUsersModule, nullptr, 0);
     EXPECT_EQ(peer.exitCode(), 0);
     EXPECT_EQ(peer.output().text(), "ready\nevent\n");
     ::unlink(path.c_str());
@@ -101,21 +103,21 @@ TEST(ForeignSubscriber, ofAnotherUserIsSentNothing) {
     if (!canBecomeNobody()) {
         return;
     }
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kForeignUsersModule);
     LogCapture log;
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kForeignUsersModule, nullptr, 0);
     const std::string path = kelutv::test::eventRoom() + "/1-peer";
     {
         const OpenedDirectory opened;
         ChildProcess peer({KELUTV_EVENT_PEER, "subscribe", kNobody, path}, capturing());
         ASSERT_TRUE(peer.output().waitFor("ready\n"));
-        EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
+        EXPECT_EQ(publisher.publish(kForeignUsersModule + 1, nullptr, 0), 0);
         EXPECT_EQ(peer.exitCode(), 0);
         EXPECT_EQ(peer.output().text(), "ready\nclosed\n");
     }
     EXPECT_TRUE(logged(log, "subscriber of uid 65534 refused"));
-    EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kModule, kModule + 1}));
+    EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kForeignUsersModule, kForeignUsersModule + 1}));
     ::unlink(path.c_str());
 }
 

@@ -22,7 +22,7 @@ using kelutv::test::EventRecorder;
 using kelutv::test::FakeSubscriber;
 using kelutv::test::SubscriberProcess;
 
-constexpr unsigned int kModule = 0xE0000;
+constexpr unsigned int kForkModule = 0xE0000;
 
 /** Runs `work` in a forked child; its exit code is the first 8 bits of what `work` gives. */
 template <typename Work> int inForkedChild(Work work) {
@@ -39,12 +39,12 @@ template <typename Work> int inForkedChild(Work work) {
 void ignore(unsigned int /*id*/, void* /*payload*/, unsigned int /*length*/, void* /*previous*/) {}
 
 TEST(ForkedChild, isRefusedByEveryCall) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kForkModule);
     auto publisher = std::make_unique<keluem::Publisher>();
-    publisher->publish(kModule, nullptr, 0);
+    publisher->publish(kForkModule, nullptr, 0);
     EXPECT_EQ(inForkedChild([] { return -EMAL_AddListener(0xF0000, ignore); }), EPERM);
-    EXPECT_EQ(inForkedChild([] { return -EMAL_RemoveListener(kModule); }), EPERM);
-    EXPECT_EQ(inForkedChild([&] { return -publisher->publish(kModule, nullptr, 0); }), EPERM);
+    EXPECT_EQ(inForkedChild([] { return -EMAL_RemoveListener(kForkModule); }), EPERM);
+    EXPECT_EQ(inForkedChild([&] { return -publisher->publish(kForkModule, nullptr, 0); }), EPERM);
     EXPECT_EQ(inForkedChild([&] {
                   publisher.reset();
                   return 7;
@@ -53,21 +53,21 @@ TEST(ForkedChild, isRefusedByEveryCall) {
 }
 
 TEST(ForkedChild, leavesItsParentAsItWas) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kForkModule);
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kForkModule, nullptr, 0);
     EXPECT_EQ(recorder.takeIds(1).size(), 1U);
     EXPECT_EQ(inForkedChild([] { return 0; }), 0);
-    publisher.publish(kModule + 1, nullptr, 0);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+    publisher.publish(kForkModule + 1, nullptr, 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kForkModule + 1});
 }
 
 TEST(ForkedChild, getsNoEventsAndItsParentGetsThemAll) {
-    SubscriberProcess process("fork", kModule);
+    SubscriberProcess process("fork", kForkModule);
     ASSERT_TRUE(process.ready());
     keluem::Publisher publisher;
-    publisher.publish(kModule, "x", 1);
-    publisher.publish(kModule + 0xFFFF, "y", 1);
+    publisher.publish(kForkModule, "x", 1);
+    publisher.publish(kForkModule + 0xFFFF, "y", 1);
     EXPECT_EQ(process.process().exitCode(), 0);
     EXPECT_EQ(process.printed(), "e0000 x\neffff y\n");
 }
@@ -79,10 +79,10 @@ pid_t childNamedBy(SubscriberProcess& process) {
 
 TEST(ForkedChild, doesNotKeepItsDeadParentSubscribed) {
     kelutv::test::LogCapture log;
-    SubscriberProcess process("fork", kModule);
+    SubscriberProcess process("fork", kForkModule);
     ASSERT_TRUE(process.ready());
     keluem::Publisher publisher;
-    publisher.publish(kModule, "x", 1);
+    publisher.publish(kForkModule, "x", 1);
     process.process().kill(SIGKILL);
     process.process().wait();
     EXPECT_TRUE(kelutv::test::eventually([&] { return kelutv::test::entriesOf(process.process().pid()) == 0; }));
@@ -90,17 +90,17 @@ TEST(ForkedChild, doesNotKeepItsDeadParentSubscribed) {
 }
 
 TEST(ForkedChild, ofAListenerEndsWhenItReturns) {
-    SubscriberProcess process("fork-listener", kModule);
+    SubscriberProcess process("fork-listener", kForkModule);
     ASSERT_TRUE(process.ready());
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kForkModule, nullptr, 0);
     EXPECT_EQ(process.process().exitCode(), 0);
     EXPECT_EQ(process.printed(), "child exit 0\n");
 }
 
 TEST(ForkedChild, doesNotKeepItsDeadParentPublishing) {
     FakeSubscriber subscriber("1-listening");
-    SubscriberProcess process("publish-fork", kModule);
+    SubscriberProcess process("publish-fork", kForkModule);
     ASSERT_TRUE(process.ready());
     subscriber.accept();
     process.process().kill(SIGKILL);
@@ -110,10 +110,10 @@ TEST(ForkedChild, doesNotKeepItsDeadParentPublishing) {
 }
 
 TEST(ForkedChild, maySubscribeWhenItsParentNeverDid) {
-    SubscriberProcess process("fork-first", kModule);
+    SubscriberProcess process("fork-first", kForkModule);
     ASSERT_TRUE(process.ready());
     keluem::Publisher publisher;
-    publisher.publish(kModule + 0xFFFF, "x", 1);
+    publisher.publish(kForkModule + 0xFFFF, "x", 1);
     EXPECT_EQ(process.process().exitCode(), 0);
 }
 

@@ -33,7 +33,7 @@ using kelutv::test::FakeSubscriber;
 using kelutv::test::LogCapture;
 using kelutv::test::Words;
 
-constexpr unsigned int kModule = 0x140000;
+constexpr unsigned int kHostilePeersModule = 0x140000;
 constexpr unsigned int kVersion = 1;
 constexpr unsigned int kEverything = 0xFFFFFFFF;
 constexpr std::size_t kMostModules = 1024;
@@ -46,7 +46,7 @@ std::size_t linesWith(LogCapture& log, const std::string& part) {
 
 TEST(Subscriber, shutsOutWhatSendsNoEvents) {
     LogCapture log;
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kHostilePeersModule);
     for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{3}, 4 + keluem::kMaxPayload + 1}) {
         const FakePublisher publisher;
         EXPECT_FALSE(publisher.next().empty());
@@ -55,15 +55,15 @@ TEST(Subscriber, shutsOutWhatSendsNoEvents) {
     }
     EXPECT_GE(linesWith(log, "which is no event: closed"), 1U);
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule});
+    publisher.publish(kHostilePeersModule, nullptr, 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kHostilePeersModule});
 }
 
 TEST(Subscriber, takesFewConnectionsOfOneProcess) {
     LogCapture log;
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kHostilePeersModule);
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kHostilePeersModule, nullptr, 0);
     ASSERT_EQ(recorder.takeIds(1).size(), 1U);
     const std::size_t descriptors = countIn("/proc/self/fd");
     ChildProcess::Options options;
@@ -73,8 +73,8 @@ TEST(Subscriber, takesFewConnectionsOfOneProcess) {
     EXPECT_LE(countIn("/proc/self/fd"), descriptors + 4 + 1); // and what the child has printed
     EXPECT_GE(linesWith(log, "has too many connections: closed"), 1U);
     keluem::Publisher other;
-    other.publish(kModule + 1, nullptr, 0);
-    publisher.publish(kModule + 2, nullptr, 0);
+    other.publish(kHostilePeersModule + 1, nullptr, 0);
+    publisher.publish(kHostilePeersModule + 2, nullptr, 0);
     EXPECT_EQ(recorder.take(2).size(), 2U);
     const std::size_t crowded = countIn("/proc/self/fd");
     crowd.kill(SIGKILL);
@@ -83,15 +83,15 @@ TEST(Subscriber, takesFewConnectionsOfOneProcess) {
 
 TEST(Publisher, shutsOutASubscriberThatSendsNoList) {
     LogCapture log;
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kHostilePeersModule);
     const Words noLists[] = {
-        {kVersion},                       // no number
-        {kVersion + 1, 1, kModule},       // another version
-        {kVersion, 2, kModule},           // fewer than it says
-        {kVersion, 0, kModule},           // more than it says
-        {kVersion, kEverything, kModule}, // everything and more
-        Words(2 + kMostModules + 1),      // too long
-        Words(30000, 0x10000),            // far too long
+        {kVersion},                                   // no number
+        {kVersion + 1, 1, kHostilePeersModule},       // another version
+        {kVersion, 2, kHostilePeersModule},           // fewer than it says
+        {kVersion, 0, kHostilePeersModule},           // more than it says
+        {kVersion, kEverything, kHostilePeersModule}, // everything and more
+        Words(2 + kMostModules + 1),                  // too long
+        Words(30000, 0x10000),                        // far too long
     };
     Words tooMany(2 + kMostModules + 1, 0x10000);
     tooMany[0] = kVersion;
@@ -99,12 +99,12 @@ TEST(Publisher, shutsOutASubscriberThatSendsNoList) {
     const auto expectShutOut = [&](const Words& words) {
         FakeSubscriber subscriber("1-hostile");
         keluem::Publisher publisher;
-        publisher.publish(kModule, nullptr, 0);
+        publisher.publish(kHostilePeersModule, nullptr, 0);
         subscriber.accept();
         EXPECT_TRUE(subscriber.send(words));
         EXPECT_TRUE(subscriber.isClosed()) << words.size() << " words";
-        publisher.publish(kModule + 1, nullptr, 0);
-        EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kModule, kModule + 1}));
+        publisher.publish(kHostilePeersModule + 1, nullptr, 0);
+        EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kHostilePeersModule, kHostilePeersModule + 1}));
     };
     for (const Words& words : noLists) {
         expectShutOut(words);
@@ -116,7 +116,7 @@ TEST(Publisher, shutsOutASubscriberThatSendsNoList) {
 TEST(Publisher, isNotKeptBusyByASubscriberThatShutsItOut) {
     FakeSubscriber hostile("1-hostile");
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kHostilePeersModule, nullptr, 0);
     int connections = 0;
     const auto start = std::chrono::steady_clock::now();
     // Pauses of 0, 50, 100, 200 and 400 ms lie between six connections.
@@ -152,10 +152,10 @@ private:
 };
 
 TEST(Publisher, publishesWhileItsLogIsNotRead) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kHostilePeersModule);
     FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kHostilePeersModule, nullptr, 0);
     slow.accept({0x10000});
     ASSERT_EQ(recorder.takeIds(1).size(), 1U);
     StuckLog log;
@@ -165,8 +165,8 @@ TEST(Publisher, publishesWhileItsLogIsNotRead) {
         }
     });
     EXPECT_TRUE(eventually([&] { return log.stuck(); }));
-    EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+    EXPECT_EQ(publisher.publish(kHostilePeersModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kHostilePeersModule + 1});
     log.read();
     overflowing.join();
 }

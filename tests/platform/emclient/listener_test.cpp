@@ -19,7 +19,7 @@ using kelutv::test::EventRecorder;
 using kelutv::test::eventually;
 using kelutv::test::RecordedEvent;
 
-constexpr unsigned int kModule = 0x60000;
+constexpr unsigned int kListenersModule = 0x60000;
 constexpr unsigned int kOtherModule = 0x70000;
 
 int publish(keluem::Publisher& publisher, unsigned int id, const std::string& payload = "") {
@@ -33,23 +33,23 @@ std::vector<unsigned int> idsFrom(unsigned int first, std::size_t count) {
 }
 
 TEST(Listener, getsTheEventAsPublished) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kListenersModule);
     ASSERT_EQ(recorder.status(), 0);
     keluem::Publisher publisher;
-    EXPECT_EQ(publish(publisher, kModule + 5, std::string("a\0b\xff", 4)), 0);
+    EXPECT_EQ(publish(publisher, kListenersModule + 5, std::string("a\0b\xff", 4)), 0);
     const std::vector<RecordedEvent> events = recorder.take(1);
     ASSERT_EQ(events.size(), 1U);
-    EXPECT_EQ(events[0].id, kModule + 5);
+    EXPECT_EQ(events[0].id, kListenersModule + 5);
     EXPECT_EQ(events[0].payload, std::string("a\0b\xff", 4));
     EXPECT_TRUE(events[0].nullPrevious);
     EXPECT_TRUE(events[0].aligned);
 }
 
 TEST(Listener, getsNullForAnEmptyPayload) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kListenersModule);
     keluem::Publisher publisher;
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
-    EXPECT_EQ(publisher.publish(kModule, "x", 0), 0);
+    EXPECT_EQ(publisher.publish(kListenersModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kListenersModule, "x", 0), 0);
     const std::vector<RecordedEvent> events = recorder.take(2);
     ASSERT_EQ(events.size(), 2U);
     EXPECT_TRUE(events[0].nullPayload);
@@ -57,71 +57,71 @@ TEST(Listener, getsNullForAnEmptyPayload) {
 }
 
 TEST(Listener, getsTheLargestPayloadIntact) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kListenersModule);
     keluem::Publisher publisher;
     std::string payload(keluem::kMaxPayload, 'x');
     for (std::size_t i = 0; i < payload.size(); ++i) {
         payload[i] = static_cast<char>(i * 7 + i / 256);
     }
-    EXPECT_EQ(publish(publisher, kModule, payload), 0);
+    EXPECT_EQ(publish(publisher, kListenersModule, payload), 0);
     const std::vector<RecordedEvent> events = recorder.take(1);
     ASSERT_EQ(events.size(), 1U);
     EXPECT_EQ(events[0].payload, payload);
 }
 
 TEST(Listener, getsEveryEventOnceAndInOrder) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kListenersModule);
     keluem::Publisher publisher;
     for (unsigned int i = 0; i < 1000; ++i) {
-        publish(publisher, kModule + i, "payload");
+        publish(publisher, kListenersModule + i, "payload");
     }
-    publish(publisher, kModule + 0xFFFF);
-    std::vector<unsigned int> expected = idsFrom(kModule, 1000);
-    expected.push_back(kModule + 0xFFFF);
+    publish(publisher, kListenersModule + 0xFFFF);
+    std::vector<unsigned int> expected = idsFrom(kListenersModule, 1000);
+    expected.push_back(kListenersModule + 0xFFFF);
     EXPECT_EQ(recorder.takeIds(1001), expected);
 }
 
 TEST(Listener, getsOnlyTheEventsOfItsModule) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kListenersModule);
     keluem::Publisher publisher;
     publish(publisher, kOtherModule);
-    publish(publisher, kModule - 1);
-    publish(publisher, kModule + 0xFFFF);
-    publish(publisher, kModule + 0x10000);
+    publish(publisher, kListenersModule - 1);
+    publish(publisher, kListenersModule + 0xFFFF);
+    publish(publisher, kListenersModule + 0x10000);
     publish(publisher, 0);
-    publish(publisher, kModule);
-    EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kModule + 0xFFFF, kModule}));
+    publish(publisher, kListenersModule);
+    EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kListenersModule + 0xFFFF, kListenersModule}));
 }
 
 TEST(Listener, getsTheEventsOfEveryPublisher) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kListenersModule);
     keluem::Publisher one;
     keluem::Publisher two;
-    publish(one, kModule + 1);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
-    publish(two, kModule + 2);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 2});
+    publish(one, kListenersModule + 1);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kListenersModule + 1});
+    publish(two, kListenersModule + 2);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kListenersModule + 2});
 }
 
 TEST(Listener, getsNothingFromBeforeItsTime) {
     kelutv::test::runtimeDir();
     keluem::Publisher publisher;
     EventRecorder other(kOtherModule);
-    EXPECT_EQ(publish(publisher, kModule), 0);
-    EventRecorder recorder(kModule);
-    publish(publisher, kModule + 1);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+    EXPECT_EQ(publish(publisher, kListenersModule), 0);
+    EventRecorder recorder(kListenersModule);
+    publish(publisher, kListenersModule + 1);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kListenersModule + 1});
 }
 
 TEST(Listener, getsNothingOnceRemoved) {
     keluem::Publisher publisher;
     EventRecorder other(kOtherModule);
     {
-        EventRecorder recorder(kModule);
-        publish(publisher, kModule);
+        EventRecorder recorder(kListenersModule);
+        publish(publisher, kListenersModule);
         recorder.take(1);
     }
-    publish(publisher, kModule);
+    publish(publisher, kListenersModule);
     publish(publisher, kOtherModule);
     EXPECT_EQ(other.takeIds(1), std::vector<unsigned int>{kOtherModule});
 }
@@ -132,12 +132,12 @@ std::atomic<int> secondCalls{0};
 TEST(Listener, replacesTheOneBefore) {
     kelutv::test::runtimeDir();
     keluem::Publisher publisher;
-    EXPECT_EQ(EMAL_AddListener(kModule, [](unsigned int, void*, unsigned int, void*) { ++firstCalls; }), 0);
-    EXPECT_EQ(EMAL_AddListener(kModule, [](unsigned int, void*, unsigned int, void*) { ++secondCalls; }), 0);
-    publish(publisher, kModule);
+    EXPECT_EQ(EMAL_AddListener(kListenersModule, [](unsigned int, void*, unsigned int, void*) { ++firstCalls; }), 0);
+    EXPECT_EQ(EMAL_AddListener(kListenersModule, [](unsigned int, void*, unsigned int, void*) { ++secondCalls; }), 0);
+    publish(publisher, kListenersModule);
     EXPECT_TRUE(eventually([] { return secondCalls == 1; }));
-    EXPECT_EQ(EMAL_RemoveListener(kModule), 0);
-    EXPECT_EQ(EMAL_RemoveListener(kModule), -ENOENT);
+    EXPECT_EQ(EMAL_RemoveListener(kListenersModule), 0);
+    EXPECT_EQ(EMAL_RemoveListener(kListenersModule), -ENOENT);
     EXPECT_EQ(firstCalls, 0);
 }
 
@@ -155,14 +155,14 @@ TEST(Listener, inACallIsWaitedForByItsRemoval) {
     kelutv::test::runtimeDir();
     entered = released = left = false;
     keluem::Publisher publisher;
-    ASSERT_EQ(EMAL_AddListener(kModule, lingeringListener), 0);
-    publish(publisher, kModule);
+    ASSERT_EQ(EMAL_AddListener(kListenersModule, lingeringListener), 0);
+    publish(publisher, kListenersModule);
     ASSERT_TRUE(eventually([] { return entered.load(); }));
     std::atomic<bool> removing{false};
     std::atomic<bool> leftBeforeReturn{false};
     std::thread remover([&] {
         removing = true;
-        EMAL_RemoveListener(kModule);
+        EMAL_RemoveListener(kListenersModule);
         leftBeforeReturn = left.load();
     });
     eventually([&] { return removing.load(); });
@@ -175,32 +175,32 @@ TEST(Listener, inACallDoesNotHoldUpTheRemovalOfOthers) {
     entered = released = left = false;
     keluem::Publisher publisher;
     EventRecorder other(kOtherModule);
-    ASSERT_EQ(EMAL_AddListener(kModule, lingeringListener), 0);
-    publish(publisher, kModule);
+    ASSERT_EQ(EMAL_AddListener(kListenersModule, lingeringListener), 0);
+    publish(publisher, kListenersModule);
     ASSERT_TRUE(eventually([] { return entered.load(); }));
     EXPECT_EQ(EMAL_RemoveListener(kOtherModule), 0);
     EXPECT_FALSE(left);
     released = true;
-    EXPECT_EQ(EMAL_RemoveListener(kModule), 0);
+    EXPECT_EQ(EMAL_RemoveListener(kListenersModule), 0);
     EXPECT_TRUE(left);
 }
 
 std::atomic<int> selfRemoval{1};
 
 void selfRemovingListener(unsigned int /*id*/, void* /*payload*/, unsigned int /*length*/, void* /*previous*/) {
-    selfRemoval = EMAL_RemoveListener(kModule);
+    selfRemoval = EMAL_RemoveListener(kListenersModule);
 }
 
 TEST(Listener, mayRemoveItself) {
     keluem::Publisher publisher;
     EventRecorder other(kOtherModule);
-    ASSERT_EQ(EMAL_AddListener(kModule, selfRemovingListener), 0);
-    publish(publisher, kModule);
-    publish(publisher, kModule);
+    ASSERT_EQ(EMAL_AddListener(kListenersModule, selfRemovingListener), 0);
+    publish(publisher, kListenersModule);
+    publish(publisher, kListenersModule);
     publish(publisher, kOtherModule);
     EXPECT_EQ(other.takeIds(1).size(), 1U);
     EXPECT_EQ(selfRemoval, 0);
-    EXPECT_EQ(EMAL_RemoveListener(kModule), -ENOENT);
+    EXPECT_EQ(EMAL_RemoveListener(kListenersModule), -ENOENT);
 }
 
 keluem::Publisher* echoPublisher = nullptr;
@@ -216,29 +216,29 @@ TEST(Listener, maySubscribeAndPublish) {
     keluem::Publisher publisher;
     echoPublisher = &publisher;
     EventRecorder other(kOtherModule);
-    ASSERT_EQ(EMAL_AddListener(kModule, echoingListener), 0);
-    publish(publisher, kModule + 3);
+    ASSERT_EQ(EMAL_AddListener(kListenersModule, echoingListener), 0);
+    publish(publisher, kListenersModule + 3);
     EXPECT_EQ(other.takeIds(1), std::vector<unsigned int>{kOtherModule + 3});
     EXPECT_TRUE(eventually([] { return lateCalls == 1; }));
-    EXPECT_EQ(EMAL_RemoveListener(kModule), 0);
+    EXPECT_EQ(EMAL_RemoveListener(kListenersModule), 0);
     EXPECT_EQ(EMAL_RemoveListener(0x90000), 0);
 }
 
 TEST(Listener, isRefusedWhenItOrItsModuleIsNone) {
     kelutv::test::runtimeDir();
-    EXPECT_EQ(EMAL_AddListener(kModule, nullptr), -EINVAL);
-    EXPECT_EQ(EMAL_AddListener(kModule + 1, lingeringListener), -EINVAL);
-    EXPECT_EQ(EMAL_RemoveListener(kModule + 1), -EINVAL);
-    EXPECT_EQ(EMAL_RemoveListener(kModule), -ENOENT);
+    EXPECT_EQ(EMAL_AddListener(kListenersModule, nullptr), -EINVAL);
+    EXPECT_EQ(EMAL_AddListener(kListenersModule + 1, lingeringListener), -EINVAL);
+    EXPECT_EQ(EMAL_RemoveListener(kListenersModule + 1), -EINVAL);
+    EXPECT_EQ(EMAL_RemoveListener(kListenersModule), -ENOENT);
 }
 
 TEST(Listener, comesAndGoesWhileEventsArrive) {
     keluem::Publisher publisher;
     std::atomic<bool> stop{false};
-    EventRecorder first(kModule);
+    EventRecorder first(kListenersModule);
     std::thread publishing([&] {
         while (!stop) {
-            publish(publisher, kModule);
+            publish(publisher, kListenersModule);
         }
     });
     for (int i = 0; i < 200; ++i) {
@@ -255,9 +255,9 @@ bool closedOnExec(const std::string& fd) {
 }
 
 TEST(Listener, leavesNoDescriptorOpenAcrossExec) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kListenersModule);
     keluem::Publisher publisher;
-    publish(publisher, kModule);
+    publish(publisher, kListenersModule);
     recorder.take(1);
     int sockets = 0;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {

@@ -45,7 +45,7 @@ using kelutv::test::eventually;
 using kelutv::test::FakePublisher;
 using kelutv::test::Words;
 
-constexpr unsigned int kModule = 0x150000;
+constexpr unsigned int kMemoryShortageModule = 0x150000;
 constexpr unsigned int kOtherModule = 0x160000;
 
 std::atomic<int> delivered{0};
@@ -67,20 +67,20 @@ TEST(SubscriberWithoutMemory, deliversAndTellsItsPublishersLater) {
     kelutv::test::runtimeDir();
     delivered = refusals = 0;
     connected = false;
-    ASSERT_EQ(EMAL_AddListener(kModule, starvingListener), 0);
+    ASSERT_EQ(EMAL_AddListener(kMemoryShortageModule, starvingListener), 0);
     const FakePublisher first;
-    ASSERT_TRUE(first.sendEvent(kModule));
+    ASSERT_TRUE(first.sendEvent(kMemoryShortageModule));
     ASSERT_TRUE(eventually([] { return delivered == 1; }));
     const FakePublisher second;
-    EXPECT_TRUE(second.sendEvent(kModule));
+    EXPECT_TRUE(second.sendEvent(kMemoryShortageModule));
     connected = true;
     EXPECT_TRUE(eventually([] { return delivered == 2; })) << "an event that came needs no memory";
     EXPECT_TRUE(eventually([] { return refusals >= 2; })) << "the list is tried again";
     EXPECT_EQ(second.received(), Words{});
     shortage = false;
-    EXPECT_EQ(second.next(), (Words{1, 2, kModule, kOtherModule}));
+    EXPECT_EQ(second.next(), (Words{1, 2, kMemoryShortageModule, kOtherModule}));
     EXPECT_EQ(EMAL_RemoveListener(kOtherModule), 0);
-    EXPECT_EQ(EMAL_RemoveListener(kModule), 0);
+    EXPECT_EQ(EMAL_RemoveListener(kMemoryShortageModule), 0);
 }
 
 } // namespace

@@ -31,7 +31,7 @@ using kelutv::test::FakeSubscriber;
 using kelutv::test::LogCapture;
 using kelutv::test::SubscriberProcess;
 
-constexpr unsigned int kModule = 0x80000;
+constexpr unsigned int kPublishersModule = 0x80000;
 
 bool hasEntry(const std::string& name) {
     const std::vector<std::string> entries = kelutv::test::eventEntries();
@@ -42,43 +42,43 @@ TEST(Publisher, refusesABadPayload) {
     kelutv::test::runtimeDir();
     keluem::Publisher publisher;
     const std::vector<char> large(keluem::kMaxPayload + 1);
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 1), -EINVAL);
-    EXPECT_EQ(publisher.publish(kModule, large.data(), large.size()), -EMSGSIZE);
-    EXPECT_EQ(publisher.publish(kModule, large.data(), large.size() - 1), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 1), -EINVAL);
+    EXPECT_EQ(publisher.publish(kPublishersModule, large.data(), large.size()), -EMSGSIZE);
+    EXPECT_EQ(publisher.publish(kPublishersModule, large.data(), large.size() - 1), 0);
 }
 
 TEST(Publisher, needsNoSubscriber) {
     kelutv::test::runtimeDir();
     keluem::Publisher publisher;
-    EXPECT_EQ(publisher.publish(kModule, "x", 1), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, "x", 1), 0);
     EXPECT_EQ(publisher.droppedEvents(), 0U);
 }
 
 TEST(Publisher, sendsEverythingUntilToldWhatIsWanted) {
     FakeSubscriber subscriber("1-silent");
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
-    publisher.publish(kModule + 0x10000, nullptr, 0);
+    publisher.publish(kPublishersModule, nullptr, 0);
+    publisher.publish(kPublishersModule + 0x10000, nullptr, 0);
     subscriber.accept();
-    EXPECT_EQ(subscriber.nextId(), kModule);
-    EXPECT_EQ(subscriber.nextId(), kModule + 0x10000);
+    EXPECT_EQ(subscriber.nextId(), kPublishersModule);
+    EXPECT_EQ(subscriber.nextId(), kPublishersModule + 0x10000);
 }
 
 TEST(Publisher, sendsOnlyWhatIsWanted) {
     FakeSubscriber subscriber("1-choosy");
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
-    subscriber.accept({0x10000, kModule});
-    publisher.publish(kModule + 0x10000, nullptr, 0);
-    publisher.publish(kModule + 1, nullptr, 0);
-    subscriber.tell({kModule + 0x10000});
-    publisher.publish(kModule + 2, nullptr, 0);
-    publisher.publish(kModule + 0x10003, nullptr, 0);
+    publisher.publish(kPublishersModule, nullptr, 0);
+    subscriber.accept({0x10000, kPublishersModule});
+    publisher.publish(kPublishersModule + 0x10000, nullptr, 0);
+    publisher.publish(kPublishersModule + 1, nullptr, 0);
+    subscriber.tell({kPublishersModule + 0x10000});
+    publisher.publish(kPublishersModule + 2, nullptr, 0);
+    publisher.publish(kPublishersModule + 0x10003, nullptr, 0);
     subscriber.tell({});
-    publisher.publish(kModule + 0x10004, nullptr, 0);
-    EXPECT_EQ(subscriber.nextId(), kModule);
-    EXPECT_EQ(subscriber.nextId(), kModule + 1);
-    EXPECT_EQ(subscriber.nextId(), kModule + 0x10003);
+    publisher.publish(kPublishersModule + 0x10004, nullptr, 0);
+    EXPECT_EQ(subscriber.nextId(), kPublishersModule);
+    EXPECT_EQ(subscriber.nextId(), kPublishersModule + 1);
+    EXPECT_EQ(subscriber.nextId(), kPublishersModule + 0x10003);
     EXPECT_FALSE(subscriber.hasEvent());
 }
 
@@ -86,53 +86,54 @@ TEST(Publisher, removesWhatADeadSubscriberLeft) {
     FakeSubscriber stale("1-stale");
     stale.die();
     keluem::Publisher publisher;
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     EXPECT_FALSE(hasEntry("1-stale"));
 }
 
 TEST(Publisher, noticesTheDeathOfASubscriber) {
     FakeSubscriber mortal("1-mortal");
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kPublishersModule);
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kPublishersModule, nullptr, 0);
     mortal.accept();
-    EXPECT_EQ(mortal.nextId(), kModule);
+    EXPECT_EQ(mortal.nextId(), kPublishersModule);
     mortal.die();
-    EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule + 1, nullptr, 0), 0);
     EXPECT_FALSE(hasEntry("1-mortal"));
-    EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kModule, kModule + 1}));
+    EXPECT_EQ(recorder.takeIds(2), (std::vector<unsigned int>{kPublishersModule, kPublishersModule + 1}));
 }
 
 TEST(Publisher, noticesTheDeathOfASubscriberItWasConnectingTo) {
     FakeSubscriber mortal("1-mortal");
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kPublishersModule, nullptr, 0);
     mortal.die();
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     EXPECT_FALSE(hasEntry("1-mortal"));
 }
 
 TEST(Publisher, reconnectsToASubscriberThatDroppedIt) {
     FakeSubscriber fickle("1-fickle");
     keluem::Publisher publisher;
-    publisher.publish(kModule, nullptr, 0);
+    publisher.publish(kPublishersModule, nullptr, 0);
     fickle.accept();
     { FakeSubscriber other("1-other"); } // a change in the room alone makes no second connection
-    publisher.publish(kModule + 1, nullptr, 0);
-    EXPECT_EQ(fickle.idsUntil(kModule + 1), (std::vector<unsigned int>{kModule, kModule + 1}));
+    publisher.publish(kPublishersModule + 1, nullptr, 0);
+    EXPECT_EQ(fickle.idsUntil(kPublishersModule + 1),
+              (std::vector<unsigned int>{kPublishersModule, kPublishersModule + 1}));
     fickle.dropConnection();
-    publisher.publish(kModule + 2, nullptr, 0);
+    publisher.publish(kPublishersModule + 2, nullptr, 0);
     fickle.accept();
-    EXPECT_EQ(fickle.nextId(), kModule + 2);
+    EXPECT_EQ(fickle.nextId(), kPublishersModule + 2);
 }
 
 TEST(Publisher, passesOverWhatIsNoSubscriber) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kPublishersModule);
     std::ofstream(kelutv::test::eventRoom() + "/1-file") << "not a socket";
     FakeSubscriber unfinished(".1-unfinished");
     keluem::Publisher publisher;
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule});
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kPublishersModule});
     EXPECT_FALSE(unfinished.hasConnection());
     std::filesystem::remove(kelutv::test::eventRoom() + "/1-file");
 }
@@ -158,10 +159,10 @@ TEST(Publisher, saysWhenTheDirectoryCannotBeUsed) {
     keluem::Publisher publisher;
     {
         const OtherDirectory absent(kelutv::test::runtimeDir().path() + "/nowhere/at/all");
-        EXPECT_EQ(publisher.publish(kModule, nullptr, 0), -EACCES);
+        EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), -EACCES);
         EXPECT_FALSE(log.take().empty());
     }
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
 }
 
 TEST(Publisher, refusesADirectoryOpenToOthers) {
@@ -172,7 +173,7 @@ TEST(Publisher, refusesADirectoryOpenToOthers) {
     {
         const OtherDirectory open(path);
         keluem::Publisher publisher;
-        EXPECT_EQ(publisher.publish(kModule, nullptr, 0), -EACCES);
+        EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), -EACCES);
     }
     ::rmdir(path.c_str());
 }
@@ -181,9 +182,9 @@ TEST(Publisher, goesOnWhenItsDirectoryWasDeleted) {
     const std::string path = kelutv::test::runtimeDir().path() + "/other";
     const OtherDirectory other(path);
     keluem::Publisher publisher;
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     std::filesystem::remove_all(path);
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     EXPECT_TRUE(std::filesystem::is_directory(path + "/events"));
     std::filesystem::remove_all(path);
 }
@@ -194,7 +195,7 @@ TEST(Publisher, leavesNoDescriptorAndNoThread) {
     const std::size_t threads = countIn("/proc/self/task");
     {
         keluem::Publisher publisher;
-        EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+        EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
         EXPECT_GT(countIn("/proc/self/fd"), descriptors);
     }
     EXPECT_TRUE(eventually([descriptors] { return countIn("/proc/self/fd") <= descriptors; }));
@@ -202,14 +203,15 @@ TEST(Publisher, leavesNoDescriptorAndNoThread) {
 }
 
 TEST(Publisher, holdsNothingOfShortSubscribers) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kPublishersModule);
     keluem::Publisher publisher;
-    ASSERT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    ASSERT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     ASSERT_EQ(recorder.takeIds(1).size(), 1U);
     const std::size_t descriptors = countIn("/proc/self/fd");
     for (int batch = 0; batch < 5; ++batch) {
         std::vector<std::unique_ptr<SubscriberProcess>> brief(20);
-        std::generate(brief.begin(), brief.end(), [] { return std::make_unique<SubscriberProcess>("brief", kModule); });
+        std::generate(brief.begin(), brief.end(),
+                      [] { return std::make_unique<SubscriberProcess>("brief", kPublishersModule); });
         for (const auto& process : brief) {
             ASSERT_EQ(process->process().exitCode(), 0);
         }
@@ -219,13 +221,13 @@ TEST(Publisher, holdsNothingOfShortSubscribers) {
 }
 
 TEST(Publisher, holdsNothingOfKilledSubscribers) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kPublishersModule);
     keluem::Publisher publisher;
-    ASSERT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    ASSERT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     ASSERT_EQ(recorder.takeIds(1).size(), 1U);
     const std::size_t descriptors = countIn("/proc/self/fd");
     for (int i = 0; i < 30; ++i) {
-        SubscriberProcess process("print", kModule);
+        SubscriberProcess process("print", kPublishersModule);
         ASSERT_TRUE(process.ready());
         process.process().kill(SIGKILL);
         process.process().wait();
@@ -242,7 +244,7 @@ TEST(Publisher, removesWhatWasNeverFinished) {
     FakeSubscriber young(".1-young");
     young.die();
     keluem::Publisher publisher;
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     EXPECT_FALSE(hasEntry(".1-old"));
     EXPECT_TRUE(hasEntry(".1-young"));
 }
@@ -255,15 +257,15 @@ TEST(Publisher, countsWhatSubscribersBeyondItsLimitLose) {
     for (std::size_t i = present; i <= keluem::kMaxSubscribers; ++i) {
         subscribers.push_back(std::make_unique<FakeSubscriber>("z-" + std::to_string(1000 + i)));
     }
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule, nullptr, 0), 0);
     EXPECT_EQ(publisher.droppedEvents(), 1U);
     FakeSubscriber& unserved = *subscribers.back(); // the last by name
     EXPECT_FALSE(unserved.hasConnection());
     subscribers.erase(subscribers.begin());
-    EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kPublishersModule + 1, nullptr, 0), 0);
     EXPECT_EQ(publisher.droppedEvents(), 1U);
     unserved.accept();
-    EXPECT_EQ(unserved.nextId(), kModule + 1);
+    EXPECT_EQ(unserved.nextId(), kPublishersModule + 1);
 }
 
 } // namespace

@@ -21,15 +21,15 @@ using kelutv::test::FakeSubscriber;
 using kelutv::test::LogCapture;
 using kelutv::test::SubscriberProcess;
 
-constexpr unsigned int kModule = 0x130000;
+constexpr unsigned int kShortageModule = 0x130000;
 
 TEST(PublisherWithoutDescriptors, keepsTheSubscribersThatItHas) {
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kShortageModule);
     keluem::Publisher publisher;
-    ASSERT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    ASSERT_EQ(publisher.publish(kShortageModule, nullptr, 0), 0);
     ASSERT_EQ(recorder.takeIds(1).size(), 1U);
     const DescriptorShortage shortage;
-    for (unsigned int id = kModule + 1; id < kModule + 100; ++id) {
+    for (unsigned int id = kShortageModule + 1; id < kShortageModule + 100; ++id) {
         ASSERT_EQ(publisher.publish(id, nullptr, 0), 0);
     }
     EXPECT_EQ(recorder.take(99).size(), 99U);
@@ -39,18 +39,18 @@ TEST(PublisherWithoutDescriptors, keepsTheSubscribersThatItHas) {
 TEST(PublisherWithoutDescriptors, reachesANewSubscriberLater) {
     FakeSubscriber late(".1-late");
     keluem::Publisher publisher;
-    ASSERT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    ASSERT_EQ(publisher.publish(kShortageModule, nullptr, 0), 0);
     {
         const DescriptorShortage shortage;
         late.rename("1-late");
-        EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
-        EXPECT_EQ(publisher.publish(kModule + 2, nullptr, 0), 0);
+        EXPECT_EQ(publisher.publish(kShortageModule + 1, nullptr, 0), 0);
+        EXPECT_EQ(publisher.publish(kShortageModule + 2, nullptr, 0), 0);
     }
     late.accept();
-    EXPECT_EQ(late.nextId(), kModule + 1);
-    EXPECT_EQ(late.nextId(), kModule + 2);
-    EXPECT_EQ(publisher.publish(kModule + 3, nullptr, 0), 0);
-    EXPECT_EQ(late.nextId(), kModule + 3);
+    EXPECT_EQ(late.nextId(), kShortageModule + 1);
+    EXPECT_EQ(late.nextId(), kShortageModule + 2);
+    EXPECT_EQ(publisher.publish(kShortageModule + 3, nullptr, 0), 0);
+    EXPECT_EQ(late.nextId(), kShortageModule + 3);
     EXPECT_EQ(publisher.droppedEvents(), 0U);
 }
 
@@ -59,16 +59,16 @@ TEST(PublisherWithoutDescriptors, countsWhatANewSubscriberLoses) {
     LogCapture log;
     FakeSubscriber late(".1-late");
     keluem::Publisher publisher;
-    ASSERT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    ASSERT_EQ(publisher.publish(kShortageModule, nullptr, 0), 0);
     {
         const DescriptorShortage shortage;
         late.rename("1-late");
-        for (unsigned int id = kModule; id < kModule + kCount; ++id) {
+        for (unsigned int id = kShortageModule; id < kShortageModule + kCount; ++id) {
             ASSERT_EQ(publisher.publish(id, nullptr, 0), 0);
         }
     }
-    late.accept({kModule});
-    const std::size_t received = late.idsUntil(kModule + kCount - 1).size();
+    late.accept({kShortageModule});
+    const std::size_t received = late.idsUntil(kShortageModule + kCount - 1).size();
     EXPECT_EQ(received, keluem::kMaxQueuedEvents);
     // What it has lost is known once it has told what it wants, which the publisher has read by its next publication.
     EXPECT_EQ(publisher.publish(0, nullptr, 0), 0);
@@ -77,29 +77,29 @@ TEST(PublisherWithoutDescriptors, countsWhatANewSubscriberLoses) {
 
 TEST(PublisherWithoutDescriptors, saysWhenItCannotBegin) {
     LogCapture log;
-    EventRecorder recorder(kModule);
+    EventRecorder recorder(kShortageModule);
     keluem::Publisher publisher;
     {
         const DescriptorShortage shortage;
-        EXPECT_EQ(publisher.publish(kModule, nullptr, 0), -EMFILE);
+        EXPECT_EQ(publisher.publish(kShortageModule, nullptr, 0), -EMFILE);
     }
-    EXPECT_EQ(publisher.publish(kModule + 1, nullptr, 0), 0);
-    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kModule + 1});
+    EXPECT_EQ(publisher.publish(kShortageModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(recorder.takeIds(1), std::vector<unsigned int>{kShortageModule + 1});
 }
 
 TEST(SubscriberWithoutDescriptors, hearsThePublishersThatItHasAndOthersLater) {
-    SubscriberProcess process("starved", kModule);
+    SubscriberProcess process("starved", kShortageModule);
     ASSERT_TRUE(process.ready());
     keluem::Publisher first;
-    ASSERT_EQ(first.publish(kModule, "starve", 6), 0);
+    ASSERT_EQ(first.publish(kShortageModule, "starve", 6), 0);
     ASSERT_TRUE(process.waitFor("starve\n"));
     keluem::Publisher second;
-    ASSERT_EQ(second.publish(kModule, "second", 6), 0);
-    ASSERT_EQ(first.publish(kModule, "first", 5), 0);
+    ASSERT_EQ(second.publish(kShortageModule, "second", 6), 0);
+    ASSERT_EQ(first.publish(kShortageModule, "first", 5), 0);
     EXPECT_TRUE(process.waitFor("first\n"));
-    ASSERT_EQ(first.publish(kModule, "feed", 4), 0);
+    ASSERT_EQ(first.publish(kShortageModule, "feed", 4), 0);
     EXPECT_TRUE(process.waitFor("second\n"));
-    ASSERT_EQ(first.publish(kModule + 0xFFFF, nullptr, 0), 0);
+    ASSERT_EQ(first.publish(kShortageModule + 0xFFFF, nullptr, 0), 0);
     EXPECT_EQ(process.process().exitCode(), 0);
 }
 

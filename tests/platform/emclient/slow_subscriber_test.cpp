@@ -18,7 +18,7 @@ using kelutv::test::FakeSubscriber;
 using kelutv::test::LogCapture;
 using kelutv::test::LogEntry;
 
-constexpr unsigned int kModule = 0xA0000;
+constexpr unsigned int kSlowSubscribersModule = 0xA0000;
 
 void publishRange(keluem::Publisher& publisher, unsigned int first, unsigned int count, const std::string& payload) {
     for (unsigned int id = first; id < first + count; ++id) {
@@ -61,11 +61,11 @@ TEST(SlowSubscriber, losesTheOldestBeyondTheBoundOfEvents) {
     LogCapture log;
     FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
-    link(publisher, slow, kModule);
-    publishRange(publisher, kModule, kCount, "sixteen bytes ..");
+    link(publisher, slow, kSlowSubscribersModule);
+    publishRange(publisher, kSlowSubscribersModule, kCount, "sixteen bytes ..");
     const std::uint64_t dropped = publisher.droppedEvents();
-    const std::vector<unsigned int> ids = slow.idsUntil(kModule + kCount - 1);
-    expectHeadAndTail(ids, kModule, kCount, keluem::kMaxQueuedEvents);
+    const std::vector<unsigned int> ids = slow.idsUntil(kSlowSubscribersModule + kCount - 1);
+    expectHeadAndTail(ids, kSlowSubscribersModule, kCount, keluem::kMaxQueuedEvents);
     EXPECT_EQ(ids.size() + dropped, kCount);
     EXPECT_EQ(publisher.droppedEvents(), dropped);
     EXPECT_EQ(overflowLines(log), 1U);
@@ -76,11 +76,11 @@ TEST(SlowSubscriber, losesTheOldestBeyondTheBoundOfPayload) {
     FakeSubscriber slow("1-slow");
     LogCapture log;
     keluem::Publisher publisher;
-    link(publisher, slow, kModule);
-    publishRange(publisher, kModule, kCount, std::string(keluem::kMaxPayload, 'x'));
+    link(publisher, slow, kSlowSubscribersModule);
+    publishRange(publisher, kSlowSubscribersModule, kCount, std::string(keluem::kMaxPayload, 'x'));
     const std::uint64_t dropped = publisher.droppedEvents();
-    const std::vector<unsigned int> ids = slow.idsUntil(kModule + kCount - 1);
-    expectHeadAndTail(ids, kModule, kCount, keluem::kMaxQueuedPayload / keluem::kMaxPayload);
+    const std::vector<unsigned int> ids = slow.idsUntil(kSlowSubscribersModule + kCount - 1);
+    expectHeadAndTail(ids, kSlowSubscribersModule, kCount, keluem::kMaxQueuedPayload / keluem::kMaxPayload);
     EXPECT_EQ(ids.size() + dropped, kCount);
 }
 
@@ -88,13 +88,13 @@ TEST(SlowSubscriber, losesNothingThatItDoesNotWant) {
     LogCapture log;
     FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
-    publishRange(publisher, kModule, 4000, "sixteen bytes ..");
-    publishRange(publisher, kModule + 0x10000, 4000, "sixteen bytes ..");
+    publishRange(publisher, kSlowSubscribersModule, 4000, "sixteen bytes ..");
+    publishRange(publisher, kSlowSubscribersModule + 0x10000, 4000, "sixteen bytes ..");
     EXPECT_EQ(publisher.droppedEvents(), 0U); // it may want neither
     EXPECT_EQ(overflowLines(log), 0U);
-    slow.accept({kModule + 0x10000});
-    std::vector<unsigned int> ids = slow.idsUntil(kModule + 0x10000 + 3999);
-    const auto isWanted = [](unsigned int id) { return id >= kModule + 0x10000; };
+    slow.accept({kSlowSubscribersModule + 0x10000});
+    std::vector<unsigned int> ids = slow.idsUntil(kSlowSubscribersModule + 0x10000 + 3999);
+    const auto isWanted = [](unsigned int id) { return id >= kSlowSubscribersModule + 0x10000; };
     const auto wanted = std::count_if(ids.begin(), ids.end(), isWanted);
     EXPECT_EQ(static_cast<std::uint64_t>(wanted) + publisher.droppedEvents(), 4000U);
     EXPECT_EQ(overflowLines(log), 1U);
@@ -104,23 +104,23 @@ TEST(SlowSubscriber, isNamedOncePerOverflow) {
     LogCapture log;
     FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
-    link(publisher, slow, kModule);
-    publishRange(publisher, kModule, 4000, "x");
-    slow.idsUntil(kModule + 3999);
+    link(publisher, slow, kSlowSubscribersModule);
+    publishRange(publisher, kSlowSubscribersModule, 4000, "x");
+    slow.idsUntil(kSlowSubscribersModule + 3999);
     EXPECT_EQ(overflowLines(log), 1U);
-    publishRange(publisher, kModule + 5000, 4000, "x");
+    publishRange(publisher, kSlowSubscribersModule + 5000, 4000, "x");
     EXPECT_EQ(overflowLines(log), 1U);
 }
 
 TEST(SlowSubscriber, holdsUpNobodyElse) {
     LogCapture log;
     FakeSubscriber slow("1-slow");
-    EventRecorder prompt(kModule);
+    EventRecorder prompt(kSlowSubscribersModule);
     keluem::Publisher publisher;
-    link(publisher, slow, kModule);
+    link(publisher, slow, kSlowSubscribersModule);
     for (unsigned int first = 0; first < 5000; first += 500) {
-        publishRange(publisher, kModule + first, 500, "x");
-        EXPECT_EQ(prompt.takeIds(500), idsFrom(kModule + first, 500));
+        publishRange(publisher, kSlowSubscribersModule + first, 500, "x");
+        EXPECT_EQ(prompt.takeIds(500), idsFrom(kSlowSubscribersModule + first, 500));
     }
     EXPECT_GT(publisher.droppedEvents(), 0U);
 }
@@ -128,11 +128,11 @@ TEST(SlowSubscriber, holdsUpNobodyElse) {
 TEST(SlowSubscriber, thatCatchesUpGetsEventsInOrder) {
     FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
-    link(publisher, slow, kModule);
-    publishRange(publisher, kModule, 800, std::string(1000, 'x'));
-    EXPECT_EQ(slow.idsUntil(kModule + 799), idsFrom(kModule, 800));
-    publishRange(publisher, kModule + 800, 10, "x");
-    EXPECT_EQ(slow.idsUntil(kModule + 809), idsFrom(kModule + 800, 10));
+    link(publisher, slow, kSlowSubscribersModule);
+    publishRange(publisher, kSlowSubscribersModule, 800, std::string(1000, 'x'));
+    EXPECT_EQ(slow.idsUntil(kSlowSubscribersModule + 799), idsFrom(kSlowSubscribersModule, 800));
+    publishRange(publisher, kSlowSubscribersModule + 800, 10, "x");
+    EXPECT_EQ(slow.idsUntil(kSlowSubscribersModule + 809), idsFrom(kSlowSubscribersModule + 800, 10));
     EXPECT_EQ(publisher.droppedEvents(), 0U);
 }
 
@@ -141,25 +141,26 @@ TEST(SlowSubscriber, withAFullBacklogIsReachedLater) {
     slow.limitBacklog(1);
     keluem::Publisher first;
     keluem::Publisher second;
-    EXPECT_EQ(first.publish(kModule + 1, nullptr, 0), 0);
-    EXPECT_EQ(second.publish(kModule + 2, nullptr, 0), 0);
-    EXPECT_EQ(second.publish(kModule + 3, nullptr, 0), 0);
+    EXPECT_EQ(first.publish(kSlowSubscribersModule + 1, nullptr, 0), 0);
+    EXPECT_EQ(second.publish(kSlowSubscribersModule + 2, nullptr, 0), 0);
+    EXPECT_EQ(second.publish(kSlowSubscribersModule + 3, nullptr, 0), 0);
     slow.accept();
-    EXPECT_EQ(slow.nextId(), kModule + 1);
+    EXPECT_EQ(slow.nextId(), kSlowSubscribersModule + 1);
     slow.accept();
-    EXPECT_EQ(slow.idsUntil(kModule + 3), (std::vector<unsigned int>{kModule + 2, kModule + 3}));
+    EXPECT_EQ(slow.idsUntil(kSlowSubscribersModule + 3),
+              (std::vector<unsigned int>{kSlowSubscribersModule + 2, kSlowSubscribersModule + 3}));
 }
 
 TEST(SlowSubscriber, isForgottenWhenItDies) {
     LogCapture log;
     FakeSubscriber slow("1-slow");
     keluem::Publisher publisher;
-    link(publisher, slow, kModule);
-    publishRange(publisher, kModule, 3000, "x");
+    link(publisher, slow, kSlowSubscribersModule);
+    publishRange(publisher, kSlowSubscribersModule, 3000, "x");
     slow.die();
-    EXPECT_EQ(publisher.publish(kModule, nullptr, 0), 0);
+    EXPECT_EQ(publisher.publish(kSlowSubscribersModule, nullptr, 0), 0);
     const std::uint64_t dropped = publisher.droppedEvents();
-    publishRange(publisher, kModule, 3000, "x");
+    publishRange(publisher, kSlowSubscribersModule, 3000, "x");
     EXPECT_EQ(publisher.droppedEvents(), dropped);
 }
 

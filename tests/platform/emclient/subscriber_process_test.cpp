@@ -17,8 +17,8 @@ namespace {
 using kelutv::test::eventually;
 using kelutv::test::SubscriberProcess;
 
-constexpr unsigned int kModule = 0xB0000;
-constexpr unsigned int kLast = kModule + 0xFFFF;
+constexpr unsigned int kSubscribersModule = 0xB0000;
+constexpr unsigned int kLast = kSubscribersModule + 0xFFFF;
 
 std::string lineOf(unsigned int id, const std::string& payload) {
     std::ostringstream line;
@@ -27,13 +27,13 @@ std::string lineOf(unsigned int id, const std::string& payload) {
 }
 
 TEST(SubscriberProcess, getsEveryEventOnceAndInOrder) {
-    SubscriberProcess first("print", kModule);
-    SubscriberProcess second("print", kModule);
+    SubscriberProcess first("print", kSubscribersModule);
+    SubscriberProcess second("print", kSubscribersModule);
     SubscriberProcess other("print", 0xC0000);
     ASSERT_TRUE(first.ready() && second.ready() && other.ready());
     keluem::Publisher publisher;
     std::string expected;
-    for (unsigned int id = kModule; id < kModule + 500; ++id) {
+    for (unsigned int id = kSubscribersModule; id < kSubscribersModule + 500; ++id) {
         const std::string payload = "event " + std::to_string(id);
         ASSERT_EQ(publisher.publish(id, payload.data(), payload.size()), 0);
         expected += lineOf(id, payload);
@@ -53,9 +53,9 @@ TEST(SubscriberProcess, getsEveryEventOnceAndInOrder) {
 TEST(SubscriberProcess, isReachedByAPublisherThatIsAtWork) {
     kelutv::test::runtimeDir();
     keluem::Publisher publisher;
-    ASSERT_EQ(publisher.publish(kModule, "early", 5), 0);
+    ASSERT_EQ(publisher.publish(kSubscribersModule, "early", 5), 0);
     for (int i = 0; i < 5; ++i) {
-        SubscriberProcess process("print", kModule);
+        SubscriberProcess process("print", kSubscribersModule);
         ASSERT_TRUE(process.ready());
         ASSERT_EQ(publisher.publish(kLast, "x", 1), 0);
         EXPECT_EQ(process.process().exitCode(), 0);
@@ -64,7 +64,7 @@ TEST(SubscriberProcess, isReachedByAPublisherThatIsAtWork) {
 }
 
 TEST(SubscriberProcess, thatEndsLeavesNoEntry) {
-    SubscriberProcess process("print", kModule);
+    SubscriberProcess process("print", kSubscribersModule);
     EXPECT_EQ(kelutv::test::entriesOf(process.process().pid()), 1U);
     keluem::Publisher publisher;
     publisher.publish(kLast, nullptr, 0);
@@ -73,16 +73,16 @@ TEST(SubscriberProcess, thatEndsLeavesNoEntry) {
 }
 
 TEST(SubscriberProcess, thatIsKilledIsForgottenByPublishers) {
-    SubscriberProcess process("print", kModule);
-    SubscriberProcess survivor("print", kModule);
+    SubscriberProcess process("print", kSubscribersModule);
+    SubscriberProcess survivor("print", kSubscribersModule);
     keluem::Publisher publisher;
-    publisher.publish(kModule, "x", 1);
+    publisher.publish(kSubscribersModule, "x", 1);
     process.process().kill(SIGKILL);
     process.process().wait();
     EXPECT_TRUE(eventually([&] { return kelutv::test::entriesOf(process.process().pid()) == 0; }));
     EXPECT_EQ(publisher.publish(kLast, "y", 1), 0);
     EXPECT_EQ(survivor.process().exitCode(), 0);
-    EXPECT_EQ(survivor.printed(), lineOf(kModule, "x") + lineOf(kLast, "y"));
+    EXPECT_EQ(survivor.printed(), lineOf(kSubscribersModule, "x") + lineOf(kLast, "y"));
 }
 
 TEST(SubscriberProcess, isRefusedWithoutADirectory) {
@@ -91,7 +91,7 @@ TEST(SubscriberProcess, isRefusedWithoutADirectory) {
     options.environment = {"KQDROID_RUNTIME_DIR=" + path};
     options.captureOutput = true;
     options.captureError = true;
-    kelutv::test::ChildProcess process({KELUTV_EVENT_SUBSCRIBER, "print", std::to_string(kModule)}, options);
+    kelutv::test::ChildProcess process({KELUTV_EVENT_SUBSCRIBER, "print", std::to_string(kSubscribersModule)}, options);
     EXPECT_EQ(process.exitCode(), 1);
     EXPECT_EQ(process.output().text(), "refused\n");
     EXPECT_NE(process.error().text().find(path), std::string::npos);
@@ -99,13 +99,13 @@ TEST(SubscriberProcess, isRefusedWithoutADirectory) {
 
 TEST(SubscriberProcess, withAStuckListenerLosesOnlyItsOwnEvents) {
     kelutv::test::LogCapture log;
-    SubscriberProcess slow("slow", kModule);
+    SubscriberProcess slow("slow", kSubscribersModule);
     keluem::Publisher publisher;
-    publisher.publish(kModule, "x", 1);
+    publisher.publish(kSubscribersModule, "x", 1);
     ASSERT_TRUE(slow.waitFor("stuck\n"));
     kelutv::test::EventRecorder prompt(0xC0000);
     for (int i = 0; i < 4000; ++i) {
-        ASSERT_EQ(publisher.publish(kModule + 1, "x", 1), 0);
+        ASSERT_EQ(publisher.publish(kSubscribersModule + 1, "x", 1), 0);
     }
     publisher.publish(0xC0000, nullptr, 0);
     EXPECT_EQ(prompt.takeIds(1), std::vector<unsigned int>{0xC0000});

@@ -26,7 +26,7 @@ namespace {
 using simulator::Answer;
 using simulator::ControlClient;
 
-const auto& environment = SimulatorEnvironment::install();
+const auto& environmentOfControlVerbs = SimulatorEnvironment::install();
 
 ControlClient& client() {
     static auto* const client = new ControlClient;

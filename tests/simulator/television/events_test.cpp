@@ -11,7 +11,7 @@ namespace kelutv::test {
 
 namespace {
 
-const auto& environment = SimulatorEnvironment::install();
+const auto& environmentOfEvents = SimulatorEnvironment::install();
 
 constexpr int kVolumeChanged = 0x60001;
 constexpr int kMuteChanged = 0x60002;

@@ -23,7 +23,7 @@ namespace kelutv::test {
 
 namespace {
 
-auto& environment = SimulatorEnvironment::install();
+auto& environmentOfFactory = SimulatorEnvironment::install();
 
 constexpr int kOutOfRange = -107;
 constexpr int kNotStored = -110;
@@ -178,11 +178,11 @@ TEST_F(FactoryLine, RestoringBringsSettingsBackAndLeavesIdentityAndKeys) {
 }
 
 TEST_F(FactoryLine, WhiteBalancePatternsAreSeenInTheTrace) {
-    environment.simulator().takeTrace();
+    environmentOfFactory.simulator().takeTrace();
     EXPECT_EQ(linux_tv_Factory_setWhiteBalanceColor(true, 255, 128, 0), 0);
     EXPECT_EQ(linux_tv_Factory_setWhiteBalanceColor(false, 0, 0, 0), 0);
     const std::string caller = "[" + std::to_string(::getpid()) + "] CMD_FACTORY_SETWHITEBALANCECOLOR";
-    EXPECT_EQ(environment.simulator().takeTrace(),
+    EXPECT_EQ(environmentOfFactory.simulator().takeTrace(),
               (std::vector<std::string>{caller + "(onoff=1, red=255, green=128, blue=0) -> 0",
                                         caller + "(onoff=0, red=0, green=0, blue=0) -> 0"}));
 }

@@ -17,7 +17,7 @@ namespace kelutv::test {
 
 namespace {
 
-const auto& environment = SimulatorEnvironment::install();
+const auto& environmentOfSettingEvents = SimulatorEnvironment::install();
 
 /** With its zero one word of a payload. */
 char kText[] = "hel";

@@ -13,7 +13,7 @@ namespace kelutv::test {
 
 namespace {
 
-const auto& environment = SimulatorEnvironment::install();
+const auto& environmentOfSources = SimulatorEnvironment::install();
 
 constexpr int kMain = KELU_TV_WINDOW_MAIN;
 constexpr int kUnknownSource = -108;

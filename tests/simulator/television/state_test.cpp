@@ -13,7 +13,7 @@ namespace kelutv::test {
 
 namespace {
 
-const auto& environment = SimulatorEnvironment::install();
+const auto& environmentOfState = SimulatorEnvironment::install();
 
 class State : public ::testing::Test {
 protected:

@@ -16,17 +16,17 @@ namespace kelutv::test {
 
 namespace {
 
-auto& environment = SimulatorEnvironment::install();
+auto& environmentOfTrace = SimulatorEnvironment::install();
 
 class Trace : public ::testing::Test {
 protected:
     void SetUp() override {
         linux_tv_Audio_restoreSoundSets();
         linux_tv_PCMPlayer_stopPlay();
-        environment.simulator().takeTrace();
+        environmentOfTrace.simulator().takeTrace();
     }
 
-    static std::vector<std::string> lines() { return environment.simulator().takeTrace(); }
+    static std::vector<std::string> lines() { return environmentOfTrace.simulator().takeTrace(); }
 
     /** A line as it is printed for a request of this process. */
     static std::string own(const std::string& text) { return "[" + std::to_string(::getpid()) + "] " + text; }

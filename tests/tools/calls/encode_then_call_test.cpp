@@ -16,7 +16,7 @@
 namespace kelutv::test {
 namespace {
 
-[[maybe_unused]] const auto& environment = SimulatorEnvironment::install();
+[[maybe_unused]] const auto& environmentOfEncodeThenCall = SimulatorEnvironment::install();
 
 constexpr int kVolumeChanged = 0x60001;
 std::atomic<int> lastEvent{0};

@@ -20,7 +20,7 @@
 namespace kelutv::test {
 namespace {
 
-SimulatorEnvironment& environment = SimulatorEnvironment::install();
+SimulatorEnvironment& environmentOfFunctions = SimulatorEnvironment::install();
 
 /** The exported symbols that match, by what the parentheses of the pattern hold. */
 std::set<std::string> exportedSymbols(const std::string& pattern) {
@@ -119,7 +119,7 @@ const std::set<std::string> kNothingWritten{
 
 /** Some have the television write to the path that they are given. */
 TEST(Functions, writeNothingWhereTheTestsAre) {
-    const std::string process = std::to_string(environment.simulator().process().pid());
+    const std::string process = std::to_string(environmentOfFunctions.simulator().process().pid());
     EXPECT_TRUE(std::filesystem::equivalent("/proc/" + process + "/cwd", std::getenv("KQDROID_RUNTIME_DIR")));
 }
 

@@ -10,7 +10,7 @@
 namespace kelutv::test {
 namespace {
 
-SimulatorEnvironment& environment = SimulatorEnvironment::install();
+SimulatorEnvironment& environmentOfCall = SimulatorEnvironment::install();
 
 std::string directory() { return std::getenv("KQDROID_RUNTIME_DIR"); }
 
@@ -265,7 +265,7 @@ TEST(Call, tellsThatThereIsNoService) {
 }
 
 void expectRefused(const std::vector<std::string>& arguments, const std::string& message) {
-    environment.simulator().takeTrace();
+    environmentOfCall.simulator().takeTrace();
     for (const char* command : {"call", "encode"}) {
         std::vector<std::string> words = arguments;
         words.insert(words.begin(), command);
@@ -274,7 +274,7 @@ void expectRefused(const std::vector<std::string>& arguments, const std::string&
         EXPECT_EQ(run.output, "");
         EXPECT_EQ(run.error, usageError(command, message));
     }
-    EXPECT_TRUE(environment.simulator().takeTrace().empty());
+    EXPECT_TRUE(environmentOfCall.simulator().takeTrace().empty());
 }
 
 TEST_P(WrongCall, saysWhatIsWrongAndSendsNothing) { expectRefused(GetParam().arguments, GetParam().message); }

@@ -11,7 +11,7 @@
 namespace kelutv::test {
 namespace {
 
-SimulatorEnvironment& environment = SimulatorEnvironment::install();
+SimulatorEnvironment& environmentOfEquipment = SimulatorEnvironment::install();
 
 /** What a command prints that does all that it is to do. */
 std::string printed(const std::vector<std::string>& arguments) {
@@ -24,7 +24,7 @@ std::string printed(const std::vector<std::string>& arguments) {
 /** What the simulator has got since the last time, in its own words. */
 std::string traced() {
     std::string text;
-    for (const std::string& line : environment.simulator().takeTrace()) {
+    for (const std::string& line : environmentOfEquipment.simulator().takeTrace()) {
         text += line + '\n';
     }
     return text;
@@ -90,7 +90,7 @@ TEST_F(Equipment, cecListsDevicesAndTheReturnChannel) {
 }
 
 TEST_F(Equipment, cecPressesAndReleasesAKey) {
-    environment.simulator().takeTrace();
+    environmentOfEquipment.simulator().takeTrace();
     printed({"cec", "key", "volume_up"});
     const std::string both = traced();
     const std::size_t pressed = both.find(
@@ -117,7 +117,7 @@ TEST_F(Equipment, powerShowsWhatIsKnownAndChangesOnlyWhenTold) {
                                   "wakeup              0\n"
                                   "power-on-mode       0\n"
                                   "suspend-mode        0\n");
-    environment.simulator().takeTrace();
+    environmentOfEquipment.simulator().takeTrace();
     printed({"power", "suspend"});
     EXPECT_NE(traced().find("] CMD_SYSTEM_SUSPEND() -> 0\n"), std::string::npos);
     printed({"power", "resume", "3"});
@@ -142,7 +142,7 @@ TEST_F(Equipment, refusesWhatItCannotDoAndSendsNothing) {
         {{"power", "suspend", "now"}, "power suspend takes nothing more"},
         {{"power", "resume", "x"}, "power resume takes a wake-up mode, a whole number, or nothing for 0"},
     };
-    environment.simulator().takeTrace();
+    environmentOfEquipment.simulator().takeTrace();
     for (const Mistake& mistake : mistakes) {
         const ToolRun run = runTool(mistake.arguments);
         EXPECT_EQ(run.exit, 2);

@@ -13,7 +13,7 @@
 namespace kelutv::test {
 namespace {
 
-SimulatorEnvironment& environment = SimulatorEnvironment::install();
+SimulatorEnvironment& environmentOfGetSet = SimulatorEnvironment::install();
 
 struct Setting {
     std::string name;
@@ -71,7 +71,7 @@ const std::vector<Setting> kSettings{
 // clang-format on
 
 bool wasTraced(const std::string& request) {
-    const std::vector<std::string> lines = environment.simulator().takeTrace();
+    const std::vector<std::string> lines = environmentOfGetSet.simulator().takeTrace();
     return std::any_of(lines.begin(), lines.end(), [&request](const std::string& line) {
         return line.size() > request.size() && line.substr(line.size() - request.size() - 2) == "] " + request;
     });
@@ -89,7 +89,7 @@ std::vector<tool::Json> documentsOf(const std::string& output) {
 TEST(GetSet, setsWithTheFunctionOfTheSettingAndGetsItBack) {
     for (const Setting& setting : kSettings) {
         SCOPED_TRACE(setting.name);
-        environment.simulator().takeTrace();
+        environmentOfGetSet.simulator().takeTrace();
         const ToolRun set = runTool({"set", setting.name, setting.written});
         EXPECT_EQ(set.exit, 0);
         EXPECT_EQ(set.output, setting.shown + "\n");
@@ -197,14 +197,14 @@ TEST(GetSet, refusesWhatIsNotAllowedAndSendsNothing) {
          "kelutv: there is no 'mtue' to get or set; nearest: mute\nTry 'kelutv help get'.\n"},
         {{"get", "--all", "volume"}, "kelutv: --all takes no SETTING\nTry 'kelutv help get'.\n"},
     };
-    environment.simulator().takeTrace();
+    environmentOfGetSet.simulator().takeTrace();
     for (const Mistake& mistake : mistakes) {
         const ToolRun run = runTool(mistake.arguments);
         EXPECT_EQ(run.exit, 2);
         EXPECT_EQ(run.output, "");
         EXPECT_EQ(run.error, mistake.complaint);
     }
-    EXPECT_EQ(environment.simulator().takeTrace(), std::vector<std::string>());
+    EXPECT_EQ(environmentOfGetSet.simulator().takeTrace(), std::vector<std::string>());
 }
 
 TEST(GetSet, keepsWhatTheLibraryLogsAndPrintsOnlyWhenItIsAskedFor) {

@@ -7,7 +7,7 @@
 namespace kelutv::test {
 namespace {
 
-SimulatorEnvironment& environment = SimulatorEnvironment::install();
+SimulatorEnvironment& environmentOfRepl = SimulatorEnvironment::install();
 
 struct ReplRun {
     int exit;
@@ -27,13 +27,13 @@ ReplRun runLines(const std::string& lines, const std::string& options = "") {
 }
 
 TEST(Repl, carriesOutLinesOverOneConnection) {
-    environment.simulator().takeTrace();
+    environmentOfRepl.simulator().takeTrace();
     const ReplRun run = runLines("set volume 12\n\n# nothing\nget volume # and more\nkelutv get 'volume'\n"
                                  "call audio.getVolume speaker");
     EXPECT_EQ(run.exit, 0);
     EXPECT_EQ(run.output, "12\n12\n12\nresult: 12\n");
     std::set<std::string> processes;
-    for (const std::string& line : environment.simulator().takeTrace()) {
+    for (const std::string& line : environmentOfRepl.simulator().takeTrace()) {
         if (line.front() == '[') {
             processes.insert(line.substr(0, line.find(']')));
         }

@@ -21,7 +21,7 @@
 namespace kelutv::test {
 namespace {
 
-SimulatorEnvironment& environment = SimulatorEnvironment::install();
+SimulatorEnvironment& environmentOfTraced = SimulatorEnvironment::install();
 
 std::string quoted(const std::string& word) {
     std::string text = "'";
