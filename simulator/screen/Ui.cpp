@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kMostLines = 200;
 /** Longer than any terminal is wide. */
-constexpr std::size_t kLongestLine = 1000;
+constexpr std::size_t kLongestKeptLine = 1000;
 constexpr std::chrono::milliseconds kLeastPause{50};
 
 } // namespace
@@ -139,7 +139,7 @@ void Ui::markChanged() {
 void Ui::addLine(std::vector<std::string> UiView::*lines, const std::string& line) {
     const std::lock_guard<std::mutex> lock(mMutex);
     std::vector<std::string>& kept = mView.*lines;
-    kept.push_back(line.substr(0, kLongestLine));
+    kept.push_back(line.substr(0, kLongestKeptLine));
     if (kept.size() > kMostLines) {
         kept.erase(kept.begin());
     }

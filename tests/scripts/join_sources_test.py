@@ -50,6 +50,12 @@ class JoinSources(unittest.TestCase):
         self.assertIn("-analyzer-opt-analyze-headers", self.commands[0]["arguments"])
         self.assertEqual(self.commands[1]["arguments"], ["/usr/bin/c++", "-I/one", "-c", str(self.root / "other/c.cpp")])
 
+    def test_whatMayBeSaidTwiceKeepsNoSourcesApart(self) -> None:
+        for name, meaning in (("a", "int"), ("b", "int"), ("c", "long")):
+            own = f"using Number = {meaning};\nvoid PrintTo(Number, int*) {{}}\nNumber of{name}() {{ return Number(1); }}\n"
+            self.source(f"room/{name}.cpp", f"namespace {{\n{own}}} // namespace\n")
+        self.assertEqual(self.joined(), [{"room/a.cpp", "room/b.cpp"}, {"room/c.cpp"}])
+
     def test_testsAndWhatTakesNamesFromElsewhereStayWithTheirFolder(self) -> None:
         for folder in ("tests/one", "tests/two", "room", "room/inner"):
             self.source(f"{folder}/a.cpp", "using namespace another;\n")

@@ -30,7 +30,7 @@ Exit discover(const std::string& path, const JudgingOrder& order, const Output& 
                                        "what the television has");
     }
     const Capabilities capabilities = capabilitiesFrom(checks, results);
-    data.write(textOf(capabilities));
+    data.write(capabilitiesText(capabilities));
     data.finish();
     output.message("kelutv: the television has " + partText(capabilities.modules, "module") + ", " +
                    partText(capabilities.commands, "command") + ", " + partText(capabilities.keys, "key") + ", " +

@@ -34,7 +34,7 @@ Checks withoutLacking(const Capabilities& capabilities, Checks checks);
 Capabilities capabilitiesFrom(const Checks& checks, const std::vector<CheckResult>& results);
 
 /** The text of the file. */
-std::string textOf(const Capabilities& capabilities);
+std::string capabilitiesText(const Capabilities& capabilities);
 
 /**
  * Reads such a text.

@@ -37,7 +37,7 @@ Capabilities::Names namesIn(const JsonMembers& document, const std::string& list
 
 } // namespace
 
-std::string textOf(const Capabilities& capabilities) {
+std::string capabilitiesText(const Capabilities& capabilities) {
     return "{\n  \"format\": " + Json(kCapabilitiesFormat).dump() +
            ",\n  \"modules\": " + listText(capabilities.modules) +
            ",\n  \"commands\": " + listText(capabilities.commands) + ",\n  \"keys\": " + listText(capabilities.keys) +
