@@ -10,7 +10,7 @@
 #
 # Builds one GoogleTest program, perhaps joined with others, and registers it with ctest; where KELUTV_ONLY_TESTS_OF_THREADS is on, only with THREADS or
 # in a room that sets KELUTV_TESTS_OF_THREADS, since all of its tests are such. Builds for another machine leave out what
-# KELUTV_TESTS_OF_ANY_MACHINE lists.
+# KELUTV_TESTS_OF_ANY_MACHINE lists, those with sanitizers what KELUTV_TESTS_OF_TEXTS does.
 
 include_guard(GLOBAL)
 
@@ -114,6 +114,8 @@ function(kelutv_add_test name)
         ${name} PRIVATE ${ARG_LIBRARIES} $<TARGET_NAME_IF_EXISTS:kelutv_test_support> GTest::gtest GTest::gtest_main
                         kelutv_warnings)
     if(KELUTV_ONLY_TESTS_OF_THREADS AND NOT ARG_THREADS AND NOT KELUTV_TESTS_OF_THREADS)
+        set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+    elseif(CMAKE_CXX_FLAGS MATCHES "-fsanitize" AND name IN_LIST KELUTV_TESTS_OF_TEXTS)
         set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
     elseif(CMAKE_CROSSCOMPILING AND name IN_LIST KELUTV_TESTS_OF_ANY_MACHINE)
         set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
