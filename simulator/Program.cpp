@@ -95,6 +95,9 @@ int Program::run() {
     }
     // First, so that without threads nothing is served.
     android::ProcessState::self()->startThreadPool();
+    if (!isAwaited()) {
+        return end() ? EXIT_SUCCESS : kDifference;
+    }
     if (!serve()) {
         return exitCodeWithoutService();
     }
@@ -113,6 +116,21 @@ int Program::run() {
         return kScenarioFailed;
     }
     return isAsRecorded ? EXIT_SUCCESS : kDifference;
+}
+
+/** Waits until the service is to be there again; false when a signal ends the program before. */
+bool Program::isAwaited() {
+    const auto returns = mService->returnTime();
+    for (auto now = Replay::Clock::now(); now < returns; now = Replay::Clock::now()) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(returns - now);
+        const auto seconds = std::chrono::floor<std::chrono::seconds>(left);
+        const timespec time{seconds.count(), static_cast<long>(std::chrono::nanoseconds(left - seconds).count())};
+        const int received = ::sigtimedwait(&mSignals, nullptr, &time);
+        if (received >= 0 && !isForScreen(received)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 /** Where a recording is played, 1 is a difference. */

@@ -45,6 +45,7 @@ public:
 private:
     Service::Watchers watchers();
     bool addFaults();
+    bool isAwaited();
     bool serve();
     /** Carries out a line and prints its data. @return what is wrong with it, if anything */
     std::optional<std::string> obey(const std::string& line);

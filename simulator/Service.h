@@ -43,6 +43,8 @@ public:
     /** @name A recording that is played; each does nothing without one. @{ */
     /** To be called before anything is served; what comes before all requests has its time from then on. */
     void setReplay(ReplayScript script, const ReplayOptions& options);
+    /** Before this time it is not to be served, since the service of the recording was gone so long. */
+    Replay::Clock::time_point returnTime() const;
     /** @param ended called when all has been asked for and published, and answered; in another thread. May be empty */
     void startReplay(std::function<void()> ended);
     /** Publishes what is left, and says what has come of it. */

@@ -62,6 +62,10 @@ void Service::setReplay(ReplayScript script, const ReplayOptions& options) {
     mReplay->start();
 }
 
+Replay::Clock::time_point Service::returnTime() const {
+    return mReplay == nullptr ? Replay::Clock::time_point() : mReplay->returnTime();
+}
+
 void Service::startReplay(std::function<void()> ended) {
     if (mReplay != nullptr) {
         mReplayClock.start([this, ended = std::move(ended)] { return playDue(ended); });
@@ -152,8 +156,8 @@ void Service::die(std::size_t death) {
     notify([](Watcher& watcher) { watcher.exiting(); });
     complain("the service dies, as recorded, and comes back");
     flushComplaints();
-    const std::string progress = mReplay->die(death);
     mUnderWay.waitUntilAnswered();
+    const std::string progress = mReplay->die(death);
     if (!mIsReplayEnding) {
         restart(progress);
     }

@@ -26,9 +26,13 @@ public:
     }
 
     std::optional<Match> find(Progress& progress, pid_t caller, const std::string& key) override {
-        const std::optional<Match> match = matchOf(progress, caller, key);
+        std::optional<Match> match = matchOf(progress, caller, key);
         if (match) {
-            progress.calls[match->call] = match->before ? Progress::Call::Early : Progress::Call::Asked;
+            Progress::Call& call = progress.calls[match->call];
+            if (call == Progress::Call::Failing) {
+                match->before.reset();
+            }
+            call = match->before ? Progress::Call::Early : askedFor(call);
             progress.last[mScript.calls[match->call].thread] = match->call;
         }
         return match;
@@ -70,9 +74,8 @@ private:
         const Calls& calls = mThreads[thread];
         const auto begin = progress.last[thread] ? std::upper_bound(calls.begin(), calls.end(), *progress.last[thread])
                                                  : calls.begin();
-        const auto next = std::find_if(begin, calls.end(), [&progress](std::size_t call) {
-            return progress.calls[call] == Progress::Call::Waiting;
-        });
+        const auto next =
+            std::find_if(begin, calls.end(), [&progress](std::size_t call) { return isLeft(progress.calls[call]); });
         return next != calls.end() ? std::optional(*next) : std::nullopt;
     }
 
@@ -84,7 +87,7 @@ private:
             std::size_t passed = 0;
             const auto next = nextOf(progress, thread);
             for (const std::size_t call : mThreads[thread]) {
-                if (progress.calls[call] != Progress::Call::Waiting) {
+                if (!isLeft(progress.calls[call])) {
                     continue;
                 }
                 const bool isPassedOver = !next || call < *next;
@@ -180,8 +183,7 @@ private:
         for (const std::size_t thread : mClients[client]) {
             std::copy_if(mThreads[thread].begin(), mThreads[thread].end(), std::back_inserter(asked),
                          [&progress](std::size_t call) {
-                             return progress.calls[call] == Progress::Call::Asked ||
-                                    progress.calls[call] == Progress::Call::Early;
+                             return !isLeft(progress.calls[call]) && progress.calls[call] != Progress::Call::Gone;
                          });
         }
         std::sort(asked.begin(), asked.end());
@@ -216,7 +218,7 @@ private:
     Calls takeBack(Progress& progress, std::size_t client) const {
         const Calls asked = askedOf(progress, client);
         for (const std::size_t call : asked) {
-            progress.calls[call] = Progress::Call::Waiting;
+            progress.calls[call] = takenBack(progress.calls[call]);
             progress.last[mScript.calls[call].thread].reset();
         }
         return asked;
@@ -226,7 +228,7 @@ private:
         return std::all_of(calls.begin(), calls.end(), [&](std::size_t call) {
             const auto next = nextIn(progress, client, mScript.calls[call].key);
             if (next) {
-                progress.calls[*next] = Progress::Call::Asked;
+                progress.calls[*next] = askedFor(progress.calls[*next]);
                 progress.last[mScript.calls[*next].thread] = *next;
             }
             return next.has_value();

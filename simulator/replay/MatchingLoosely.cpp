@@ -23,11 +23,11 @@ public:
         Alike& alike = known->second;
         for (; alike.next < alike.calls.size(); ++alike.next) {
             const std::size_t call = alike.calls[alike.next];
-            if (progress.calls[call] == Progress::Call::Waiting) {
-                progress.calls[call] = Progress::Call::Asked;
+            if (isLeft(progress.calls[call])) {
+                progress.calls[call] = askedFor(progress.calls[call]);
                 return Match{call};
             }
-            if (progress.calls[call] == Progress::Call::Asked) {
+            if (progress.calls[call] != Progress::Call::Gone) {
                 alike.last = call;
             }
         }

@@ -3,6 +3,7 @@
 #include <utils/Errors.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace kelutv::simulator {
@@ -23,10 +24,18 @@ std::string countOf(const std::string& payload) {
 class Placement {
 public:
     Placement(const std::vector<News>& section, ReplayScript& script) : mScript(script) {
+        std::set<std::size_t> connected;
         for (const News& news : section) {
             if (news.kind == News::Kind::Call) {
                 mCalls.push_back(news.call);
             }
+            if (news.kind == News::Kind::Loss ||
+                (news.kind == News::Kind::Call && !isOfDeath(script.calls[news.call]))) {
+                connected.insert(news.client);
+            }
+        }
+        for (const std::size_t call : mCalls) {
+            script.calls[call].isWithoutService = connected.count(script.calls[call].client) == 0;
         }
         std::stable_sort(mCalls.begin(), mCalls.end(),
                          [&script](auto a, auto b) { return script.calls[a].begin < script.calls[b].begin; });
@@ -49,6 +58,13 @@ public:
         }
     }
 
+    /** The service is away, if it still is, until the end of the section. */
+    void finish(nanoseconds end) {
+        if (mDeath) {
+            mScript.absences.back() = end - *mDeath;
+        }
+    }
+
 private:
     struct Publication {
         std::size_t happening;
@@ -56,39 +72,58 @@ private:
         std::set<std::size_t> clients;
     };
 
-    /** Calls that failed at the link belong to the death that is told of until the service answers again. */
     void placeCall(std::size_t index) {
         RecordedCall& call = mScript.calls[index];
         if (isOfDeath(call)) {
-            if (!mDeath) {
-                beginDeath(call.begin + call.duration);
-            }
-            call.death = mScript.deaths - 1;
-            mBereft.insert(call.client);
-        } else if (call.status == 0) {
+            call.death = deathOf(call);
+            return;
+        }
+        mIsKnown = true;
+        if (call.status == 0) {
             mBereft.erase(call.client);
             if (mDeath && call.begin > *mDeath) {
+                mScript.absences.back() = call.begin - *mDeath;
                 mDeath.reset();
             }
         }
     }
 
+    /** Nothing as long as there was no service yet. A process that has lost it does not see it again, whoever else
+     * does. */
+    std::optional<std::size_t> deathOf(const RecordedCall& call) {
+        const auto bereft = mBereft.find(call.client);
+        if (bereft != mBereft.end()) {
+            return bereft->second;
+        }
+        if (!mDeath && (mIsKnown || !call.isWithoutService)) {
+            beginDeath(call.begin + call.duration);
+        }
+        return mBereft[call.client] = mDeath ? std::optional(mScript.absences.size() - 1) : std::nullopt;
+    }
+
     void placeLoss(const News& news) {
-        if (mDeath || mBereft.count(news.client) > 0) {
+        if (mBereft.count(news.client) > 0) {
             return;
         }
-        beginDeath(news.time);
+        const bool isNew = !mDeath;
+        if (isNew) {
+            beginDeath(news.time);
+        }
+        mBereft[news.client] = mScript.absences.size() - 1;
+        if (!isNew) {
+            return;
+        }
         Happening happening = happeningAt(news);
         // A death that a request meets comes with that request.
         if (!happening.isDuring || !isOfDeath(mScript.calls[*happening.call])) {
-            happening.death = mScript.deaths - 1;
+            happening.death = mScript.absences.size() - 1;
             mScript.happenings.push_back(happening);
         }
     }
 
     void beginDeath(nanoseconds time) {
         mDeath = time;
-        ++mScript.deaths;
+        mScript.absences.emplace_back();
     }
 
     void placeEvent(const News& news) {
@@ -131,8 +166,10 @@ private:
     std::vector<Publication> mPublications;
     /** When the death was told of that no answer has followed yet. */
     std::optional<nanoseconds> mDeath;
-    /** The processes whose requests have failed since, and that may be told of it later. */
-    std::set<std::size_t> mBereft;
+    /** A request has been answered. */
+    bool mIsKnown = false;
+    /** The processes that are told of a death, or that a request failed of, and of which one. */
+    std::map<std::size_t, std::optional<std::size_t>> mBereft;
 };
 
 } // namespace
@@ -141,6 +178,9 @@ void placeNews(const std::vector<News>& section, ReplayScript& script) {
     Placement placement(section, script);
     for (const News& news : section) {
         placement.place(news);
+    }
+    if (!section.empty()) {
+        placement.finish(section.back().time);
     }
 }
 

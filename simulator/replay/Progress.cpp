@@ -17,6 +17,8 @@ void writeCounts(std::ostream& out, const std::map<std::string, std::size_t>& co
     }
 }
 
+Progress::Clock::rep countOf(Progress::Clock::time_point time) { return time.time_since_epoch().count(); }
+
 class ProgressReader {
 public:
     ProgressReader(const ReplayScript& script, const std::string& text) : mName(script.name), mText(text) {}
@@ -31,6 +33,13 @@ public:
         const std::size_t value = number();
         require(value < count);
         return value;
+    }
+
+    /** By the clock of the machine, which goes on. */
+    Progress::Clock::time_point time() {
+        Progress::Clock::rep count = 0;
+        require(static_cast<bool>(mText >> count));
+        return Progress::Clock::time_point(Progress::Clock::duration(count));
     }
 
     /** A line of its own, of this length. */
@@ -70,6 +79,14 @@ private:
 
 } // namespace
 
+Progress::Call askedFor(Progress::Call call) {
+    return call == Progress::Call::Failing ? Progress::Call::Failed : Progress::Call::Asked;
+}
+
+Progress::Call takenBack(Progress::Call call) {
+    return call == Progress::Call::Failed ? Progress::Call::Failing : Progress::Call::Waiting;
+}
+
 std::string textOf(const Progress& progress) {
     std::ostringstream out;
     for (const Progress::Call call : progress.calls) {
@@ -84,9 +101,10 @@ std::string textOf(const Progress& progress) {
         out << (last ? *last + 1 : 0) << '\n';
     }
     out << progress.pending.size() << '\n';
-    for (const std::size_t happening : progress.pending) {
-        out << happening << '\n';
+    for (const Progress::Pending& pending : progress.pending) {
+        out << countOf(pending.due) << ' ' << pending.happening << '\n';
     }
+    out << countOf(progress.returnTime) << '\n';
     out << progress.clients.size() << '\n';
     for (const auto& [process, client] : progress.clients) {
         out << process << ' ' << client << '\n';
@@ -112,8 +130,10 @@ Progress progressOf(const ReplayScript& script, const std::string& text) {
         }
     }
     for (std::size_t left = reader.number(); left > 0; --left) {
-        progress.pending.push_back(reader.index(script.happenings.size()));
+        const Progress::Clock::time_point due = reader.time();
+        progress.pending.push_back({due, reader.index(script.happenings.size())});
     }
+    progress.returnTime = reader.time();
     for (std::size_t left = reader.number(); left > 0; --left) {
         const auto process = static_cast<pid_t>(reader.number());
         progress.clients[process] = reader.index(script.clients);

@@ -4,6 +4,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -22,6 +23,15 @@ struct Progress {
         Early = '^',
         /** Failed in the recording since the service was gone, and is gone here, too. */
         Gone = 'x',
+        /** The same of a process that had found no service: it may come, to fail again, and has come and failed. */
+        Failing = '-',
+        Failed = '!',
+    };
+    using Clock = std::chrono::steady_clock;
+    struct Pending {
+        Clock::time_point due;
+        /** An index of happenings. */
+        std::size_t happening;
     };
 
     explicit Progress(const ReplayScript& script)
@@ -33,13 +43,22 @@ struct Progress {
     /** Of the happenings. */
     std::vector<bool> published;
     /** Those that are still to come, since the requests before them have been asked for. */
-    std::vector<std::size_t> pending;
+    std::vector<Pending> pending;
+    /** Before this time there is no service. */
+    Clock::time_point returnTime;
     /** The recorded process that a live one is taken for. */
     std::map<pid_t, std::size_t> clients;
     /** How often commands were asked for whose recorded requests had all been asked for, and those not recorded. */
     std::map<std::string, std::size_t> again;
     std::map<std::string, std::size_t> unrecorded;
 };
+
+/** Whether a request can still be asked for. */
+inline bool isLeft(Progress::Call call) { return call == Progress::Call::Waiting || call == Progress::Call::Failing; }
+
+/** A request that is left, asked for in its turn, and taken back. */
+Progress::Call askedFor(Progress::Call call);
+Progress::Call takenBack(Progress::Call call);
 
 /** The progress as text, and back. @throws ReplayError when the text is none of this script */
 std::string textOf(const Progress& progress);

@@ -60,6 +60,7 @@ Replay::Replay(ReplayScript script, const ReplayOptions& options)
 
 void Replay::resume(const std::string& progress) {
     mProgress = progressOf(mScript, progress);
+    mIsResumed = true;
     countWaiting();
 }
 
@@ -71,15 +72,23 @@ void Replay::countWaiting() {
 void Replay::start() {
     mLastRequest = Clock::now();
     mLastAnswer = mLastRequest;
-    for (const std::size_t happening : mProgress.pending) {
-        mPending.push_back({mLastRequest + kPause, happening});
+    if (mIsResumed) {
+        resumePending();
+        return;
     }
     const Clock::time_point first = mScript.calls.empty() ? mLastRequest + kPause : Clock::time_point::max();
     for (std::size_t index = 0; index < mScript.happenings.size(); ++index) {
         const Happening& happening = mScript.happenings[index];
-        if (!happening.call && !mProgress.published[index]) {
+        if (!happening.call) {
             mPending.push_back({mSpeed ? mLastRequest + played(happening.delay) : first, index});
         }
+    }
+}
+
+void Replay::resumePending() {
+    for (const Pending& each : mProgress.pending) {
+        const bool hasTime = mSpeed || each.due == Clock::time_point::max();
+        mPending.push_back({hasTime ? each.due : mLastRequest + kPause, each.happening});
     }
 }
 
@@ -107,7 +116,12 @@ Replay::Step Replay::stepFor(const Match& match) {
         ++mProgress.again[commandNameOf(step.call->request)];
         return step;
     }
-    --mWaiting;
+    const bool failsAgain = mProgress.calls[match.call] == Progress::Call::Failed;
+    if (match.exchanged.empty() && match.takenBack.empty()) {
+        mWaiting -= failsAgain ? 0 : 1;
+    } else {
+        countWaiting();
+    }
     const Clock::time_point answer = mLastRequest + step.delay;
     mLastAnswer = std::max(mLastAnswer, answer);
     releaseFirst(answer);
@@ -119,7 +133,7 @@ Replay::Step Replay::stepFor(const Match& match) {
         const PublishedEvents before = takePendingBefore(step.call->line);
         step.events.insert(step.events.end(), before.begin(), before.end());
     }
-    step.death = step.call->death;
+    step.death = failsAgain ? std::nullopt : step.call->death;
     schedule(match.call, answer, step);
     return step;
 }
@@ -213,7 +227,8 @@ Replay::Due Replay::takeDue() {
 std::string Replay::die(std::size_t death) {
     for (std::size_t call = 0; call < mScript.calls.size(); ++call) {
         if (mScript.calls[call].death == death && mProgress.calls[call] == Progress::Call::Waiting) {
-            mProgress.calls[call] = Progress::Call::Gone;
+            const bool mayCome = mScript.calls[call].isWithoutService && !mSpeed;
+            mProgress.calls[call] = mayCome ? Progress::Call::Failing : Progress::Call::Gone;
         }
     }
     countWaiting();
@@ -224,9 +239,12 @@ std::string Replay::die(std::size_t death) {
     }
     mProgress.pending.clear();
     for (const Pending& each : mPending) {
-        if (mScript.happenings[each.happening].call && !mProgress.published[each.happening]) {
-            mProgress.pending.push_back(each.happening);
+        if (!mProgress.published[each.happening]) {
+            mProgress.pending.push_back(each);
         }
+    }
+    if (mSpeed) {
+        mProgress.returnTime = Clock::now() + played(mScript.absences[death]);
     }
     return textOf(mProgress);
 }

@@ -38,7 +38,7 @@ struct ReplayReport {
 /** Plays a recording as the service. Not synchronised. */
 class Replay {
 public:
-    using Clock = std::chrono::steady_clock;
+    using Clock = Progress::Clock;
 
     /** What is to be done with a request. */
     struct Step {
@@ -77,6 +77,9 @@ public:
     /** Time 0 for what comes before all requests. */
     void start();
 
+    /** When the service that died is back: the recorded time after its death; without `speed` at once. */
+    Clock::time_point returnTime() const { return mProgress.returnTime; }
+
     Step take(pid_t caller, const std::string& key, const wire::Request& request);
     Due takeDue();
 
@@ -90,11 +93,9 @@ public:
     ReplayReport report() const;
 
 private:
-    struct Pending {
-        Clock::time_point due;
-        std::size_t happening;
-    };
+    using Pending = Progress::Pending;
 
+    void resumePending();
     Step stepFor(const Match& match);
     void schedule(std::size_t call, Clock::time_point answer, Step& step);
     /** Lets what belongs to these requests not come. */
@@ -115,6 +116,7 @@ private:
     /** The happenings of each request. */
     std::vector<std::vector<std::size_t>> mHappenings;
     Progress mProgress;
+    bool mIsResumed = false;
     /** How many requests have not been asked for. */
     std::size_t mWaiting = 0;
     std::vector<Pending> mPending;

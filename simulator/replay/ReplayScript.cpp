@@ -109,7 +109,8 @@ private:
                                  {reply.begin(), reply.end()},
                                  nanoseconds(transaction.moment.time),
                                  nanoseconds(transaction.duration),
-                                 std::nullopt});
+                                 std::nullopt,
+                                 false});
         mNews.push_back(
             {mLine, client, News::Kind::Call, nanoseconds(transaction.moment.time), mScript.calls.size() - 1, 0, ""});
     }

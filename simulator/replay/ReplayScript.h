@@ -36,8 +36,10 @@ struct RecordedCall {
     /** Since time 0 of its section, and how long it took. */
     std::chrono::nanoseconds begin;
     std::chrono::nanoseconds duration;
-    /** The death of the service that it met, as an index of deaths. */
+    /** The death of the service that it met, or that it failed behind, as an index of absences. */
     std::optional<std::size_t> death;
+    /** It failed since its process had found no service, and fails again when it comes. */
+    bool isWithoutService = false;
 };
 
 /** An event that was given to processes, or a death of the service that no request met. */
@@ -52,7 +54,7 @@ struct Happening {
     /** Since that request was asked for, when it came during it, else since its answer; without a request of its
      * section since time 0 of that. */
     std::chrono::nanoseconds delay;
-    /** The index of the death; nothing for an event. */
+    /** The index of the absence that begins; nothing for an event. */
     std::optional<std::size_t> death;
     PublishedEvent event;
 };
@@ -65,7 +67,9 @@ struct ReplayScript {
     std::vector<Happening> happenings;
     std::size_t clients = 0;
     std::size_t threads = 0;
-    std::size_t deaths = 0;
+    /** Of each death: how long there was no service, as far as the recording knows, which is until the first request
+     * that was answered again was sent, else until its section ends. */
+    std::vector<std::chrono::nanoseconds> absences;
     /** What whoever replays it should know of it: what was left out, and what is not as it is here. */
     std::vector<std::string> remarks;
 };

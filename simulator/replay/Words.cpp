@@ -92,7 +92,7 @@ std::map<std::string, Counts> countsOf(const ReplayScript& script, const Progres
     std::map<std::string, Counts> all;
     for (std::size_t index = 0; index < script.calls.size(); ++index) {
         const Progress::Call call = progress.calls[index];
-        if (call != Progress::Call::Gone) {
+        if (call != Progress::Call::Gone && call != Progress::Call::Failing) {
             Counts& counts = all[commandNameOf(script.calls[index].request)];
             ++counts.recorded;
             counts.asked += call != Progress::Call::Waiting ? 1 : 0;

@@ -67,8 +67,11 @@ protected:
     std::string output() { return mSimulator->process().output().text(); }
     /** Whether it is there again after its death. */
     bool comesBack() {
+        return eventually([this] { return isBack(); });
+    }
+    bool isBack() {
         const std::string ready = "kelutv-simulator: ready (TVBaseService)\n";
-        return eventually([&] { return output().find(ready, output().find(ready) + 1) != std::string::npos; });
+        return output().find(ready, output().find(ready) + 1) != std::string::npos;
     }
 
     bool says(const std::string& text) { return output().find(text) != std::string::npos; }
@@ -265,6 +268,69 @@ TEST_F(Replayed, DiesBehindAnAnswerAsRecorded) {
     VolumeClient second(1);
     EXPECT_EQ(second.answers(), "8\n");
     EXPECT_EQ(end(), 0) << complaints();
+}
+
+TEST_F(Replayed, FailsAgainForThoseWhoFoundNoService) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).failed(kGetVolume).loss();
+    mFile.in(2).failed(kGetVolume).failed(kGetVolume).in(3).call(kGetVolume, replyOf({0, 8}));
+    mFile.in(2).failed(kGetVolume);
+    for (const char* const match : {"strictly", "loosely"}) {
+        play({"--match", match});
+        EXPECT_EQ(VolumeClient(3).answers(), "7\n-1\n-1\n");
+        ASSERT_TRUE(comesBack());
+        EXPECT_EQ(VolumeClient(2).answers(), "-1\n-1\n");
+        EXPECT_EQ(VolumeClient(match == std::string("loosely") ? 2 : 1).answers().substr(0, 2), "8\n");
+        EXPECT_EQ(end(), 0);
+        EXPECT_EQ(complaints(), kDeath);
+        EXPECT_TRUE(says("; no difference\n")) << output();
+    }
+}
+
+TEST_F(Replayed, FailsWithoutDyingWhereThereWasNoServiceYet) {
+    mFile.in(1).failed(kGetVolume).failed(kGetVolume).in(2).call(kGetVolume, replyOf({0, 8}));
+    mFile.in(1).failed(kGetVolume);
+    play();
+    EXPECT_EQ(VolumeClient(3).answers(), "-1\n-1\n-1\n");
+    EXPECT_EQ(VolumeClient(1).answers(), "8\n");
+    EXPECT_EQ(end(), 0);
+    EXPECT_EQ(complaints(), "");
+    EXPECT_TRUE(says(": 4 of 4 recorded requests asked for")) << output();
+}
+
+TEST_F(Replayed, DoesNotDieAgainForOneWhoLostIt) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).loss().in(2).call(kGetVolume, replyOf({0, 8}));
+    mFile.in(1).failed(kGetVolume).failed(kGetMute);
+    play();
+    const auto service = android::defaultServiceManager()->getService(android::String16("TVBaseService"));
+    EXPECT_EQ(SimulatorEnvironment::transact(service, kGetVolume), replyOf({0, 7}));
+    ASSERT_TRUE(comesBack());
+    EXPECT_EQ(VolumeClient(1).answers(), "8\n");
+    EXPECT_THROW(SimulatorEnvironment::transact(service, kGetVolume), std::runtime_error);
+    EXPECT_EQ(end(), 0) << output();
+    EXPECT_EQ(complaints(), kDeath);
+}
+
+TEST_F(Replayed, IsAwayAsLongAsRecorded) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).failed(kGetVolume).loss();
+    mFile.in(2).failed(kGetVolume).pause(milliseconds(2400)).in(3).call(kGetVolume, replyOf({0, 8}));
+    play({"--speed", "2"});
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(VolumeClient(2).answers(), "7\n-1\n");
+    ASSERT_TRUE(comesBack());
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, milliseconds(1200));
+    EXPECT_EQ(VolumeClient(1).answers(), "8\n");
+    EXPECT_EQ(end(), 0) << output();
+}
+
+TEST_F(Replayed, EndsWhileItIsAway) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).failed(kGetMute).pause(std::chrono::minutes(5)).event(0x60001, {});
+    mFile.in(2).call(kGetVolume, replyOf({0, 8}));
+    play({"--speed", "1"});
+    EXPECT_EQ(ask(kGetVolume), replyOf({0, 7}));
+    EXPECT_THROW(ask(kGetMute), std::runtime_error);
+    EXPECT_EQ(end(), 1);
+    EXPECT_FALSE(isBack());
+    EXPECT_TRUE(says(": 2 of 3 recorded requests asked for")) << output();
 }
 
 /** The events that this process was given, in text form, with the requests that it made. */
