@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,36 @@ TEST(RecordingOverTheDriver, isMadeCheckedComparedAndSent) {
     const ToolRun replayed = runTool({"recording", "replay", forked, "--restore"});
     EXPECT_EQ(replayed.exit, 0) << replayed.output << replayed.error;
     EXPECT_EQ(replayed.output, "audio.volume[speaker]: 2 -> 36\n");
+}
+
+/** What a simulator says at the end, whose exit code must be 0. */
+std::string reportOf(Simulator& simulator) {
+    simulator.process().kill(SIGTERM);
+    EXPECT_EQ(simulator.process().exitCode(), 0) << simulator.process().error().text();
+    return simulator.process().output().text();
+}
+
+TEST(RecordingOverTheDriver, isPlayedAsTheService) {
+    const RuntimeDir directory;
+    const TestFolder folder;
+    const std::string first = folder.pathOf("first");
+    const std::string again = folder.pathOf("again");
+    {
+        Simulator television;
+        messagesOf({"record", "-o", first, "--", KELUTV_TRACED_CLIENT, "fork"});
+        reportOf(television);
+    }
+    {
+        Simulator recording({"--replay", first});
+        messagesOf({"record", "-o", again, "--", KELUTV_TRACED_CLIENT, "fork"});
+        const std::string report = reportOf(recording);
+        EXPECT_NE(report.find(": 3 of 3 recorded requests asked for, 0 early, 0 that were not recorded; 0 of 0 events "
+                              "published; no difference\n"),
+                  std::string::npos)
+            << report;
+    }
+    const ToolRun diff = runTool({"recording", "diff", first, again});
+    EXPECT_EQ(diff.exit, 0) << diff.output << diff.error;
 }
 
 } // namespace
