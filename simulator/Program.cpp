@@ -16,6 +16,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <optional>
 
 namespace kelutv::simulator {
@@ -124,7 +125,8 @@ bool Program::isAwaited() {
     for (auto now = Replay::Clock::now(); now < returns; now = Replay::Clock::now()) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(returns - now);
         const auto seconds = std::chrono::floor<std::chrono::seconds>(left);
-        const timespec time{seconds.count(), static_cast<long>(std::chrono::nanoseconds(left - seconds).count())};
+        const timespec time{static_cast<std::time_t>(seconds.count()),
+                            static_cast<long>(std::chrono::nanoseconds(left - seconds).count())};
         const int received = ::sigtimedwait(&mSignals, nullptr, &time);
         if (received >= 0 && !isForScreen(received)) {
             return false;

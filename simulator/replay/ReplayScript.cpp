@@ -2,12 +2,11 @@
 
 #include "simulator/replay/Placement.h"
 
+#include "recording/Origin.h"
 #include "recording/Reader.h"
 #include "wire/Fingerprint.h"
 #include "wire/codec/Token.h"
 #include "wire/text/Shown.h"
-
-#include <binder/Parcel.h>
 
 #include <cerrno>
 #include <cstring>
@@ -25,18 +24,6 @@ namespace {
 using std::chrono::nanoseconds;
 
 constexpr std::size_t kMostRemarksOnLines = 10;
-
-/** Requests as this platform would begin them. */
-recording::Bytes tokenOfPlatform() {
-    android::Parcel parcel;
-    parcel.writeInterfaceToken(android::String16("android.ITVBaseService"));
-    return {parcel.data(), parcel.data() + parcel.dataSize()};
-}
-
-bool isLittleEndian() {
-    const std::uint16_t one = 1;
-    return *reinterpret_cast<const std::uint8_t*>(&one) == 1;
-}
 
 wire::Request requestOf(const recording::Bytes& bytes) {
     wire::ByteReader reader(bytes.data(), bytes.size());
@@ -84,14 +71,14 @@ private:
         }
         mHasHeader = true;
         endSection();
-        if (header.isLittleEndian != isLittleEndian()) {
+        if (!recording::isInOwnOrder(header)) {
             throw ReplayError(mScript.name + ':' + std::to_string(mLine) +
                               ": the bytes are in another order than those of this machine");
         }
         if (header.catalogue != wire::interfaceFingerprint()) {
             remark("it was recorded by a version with other commands; requests are compared byte by byte all the same");
         }
-        if (header.token != tokenOfPlatform()) {
+        if (header.token != recording::tokenOfPlatform()) {
             remark("its interface token has another form than here; requests are compared from behind it");
         }
         mHasEnded = false;

@@ -1,10 +1,8 @@
 #include "tools/kelutv/recordings/LiveLine.h"
 
+#include "recording/Origin.h"
 #include "tools/kelutv/recordings/DecodedForm.h"
 #include "wire/Fingerprint.h"
-
-#include <binder/Parcel.h>
-#include <utils/String16.h>
 
 #include <sys/utsname.h>
 
@@ -26,18 +24,6 @@ std::string textOfNow() {
     return text;
 }
 
-/** As the platform of this process writes it. */
-recording::Bytes tokenOfPlatform() {
-    android::Parcel parcel;
-    parcel.writeInterfaceToken(android::String16("android.ITVBaseService"));
-    return {parcel.data(), parcel.data() + parcel.dataSize()};
-}
-
-bool isLittleEndian() {
-    const std::uint16_t one = 1;
-    return *reinterpret_cast<const std::uint8_t*>(&one) == 1;
-}
-
 } // namespace
 
 recording::Header headerOfNow() {
@@ -46,15 +32,13 @@ recording::Header headerOfNow() {
     recording::Header header;
     header.library = KELUTV_VERSION;
     header.catalogue = wire::interfaceFingerprint();
-    header.token = tokenOfPlatform();
+    header.token = recording::tokenOfPlatform();
     header.machine = names.machine;
     header.system = std::string(names.sysname) + ' ' + names.release;
-    header.isLittleEndian = isLittleEndian();
+    header.isLittleEndian = recording::isLittleEndian();
     header.start = textOfNow();
     return header;
 }
-
-bool isInOwnOrder(const recording::Header& header) { return header.isLittleEndian == isLittleEndian(); }
 
 recording::Line lineOf(const TracedTransaction& traced, std::int64_t sequence, std::chrono::nanoseconds begin) {
     const recording::Moment moment{sequence, (traced.begin - begin).count(), traced.process, traced.thread};

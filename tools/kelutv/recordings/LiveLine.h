@@ -11,9 +11,6 @@ namespace kelutv::tool {
 /** The header of a section that begins now, as this machine and its platform have it. */
 recording::Header headerOfNow();
 
-/** Whether the bytes of a section are in the order of this machine, so that it can read them. */
-bool isInOwnOrder(const recording::Header& header);
-
 /** @param sequence of the line @param begin time 0 of the section, by the clock that nobody sets */
 recording::Line lineOf(const TracedTransaction& traced, std::int64_t sequence, std::chrono::nanoseconds begin);
 

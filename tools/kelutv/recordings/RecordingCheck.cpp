@@ -1,7 +1,7 @@
 #include "tools/kelutv/recordings/RecordingCheck.h"
 
+#include "recording/Origin.h"
 #include "tools/kelutv/recordings/DecodedForm.h"
-#include "tools/kelutv/recordings/LiveLine.h"
 #include "tools/kelutv/recordings/RecordingInput.h"
 #include "tools/kelutv/text/Lists.h"
 #include "wire/Fingerprint.h"
@@ -80,7 +80,7 @@ private:
         ++mSections;
         mSequence = 0;
         mHasEnded = false;
-        mIsOurs = header.catalogue == wire::interfaceFingerprint() && isInOwnOrder(header);
+        mIsOurs = header.catalogue == wire::interfaceFingerprint() && recording::isInOwnOrder(header);
         mAreEventsOurs = header.library == KELUTV_VERSION;
     }
 

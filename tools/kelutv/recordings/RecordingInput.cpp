@@ -1,7 +1,7 @@
 #include "tools/kelutv/recordings/RecordingInput.h"
 
+#include "recording/Origin.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/recordings/LiveLine.h"
 #include "wire/text/Shown.h"
 
 #include <cerrno>
@@ -38,7 +38,7 @@ std::optional<recording::Line> RecordingInput::next() {
     try {
         auto line = mReader.next();
         const auto* const header = line ? std::get_if<recording::Header>(&line->content) : nullptr;
-        if (header != nullptr && !isInOwnOrder(*header)) {
+        if (header != nullptr && !recording::isInOwnOrder(*header)) {
             throw ToolError(Exit::Failure, mReader.name() + ':' + std::to_string(mReader.number()) +
                                                ": the bytes are in another order than those of this machine");
         }
