@@ -4,8 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <optional>
 #include <sstream>
+#include <streambuf>
+#include <string>
 #include <system_error>
+#include <vector>
 
 namespace kelutv::recording {
 
@@ -49,6 +53,45 @@ TEST(Reader, namesTheLineThatIsWrongAndGoesOn) {
 TEST(Reader, beginsWithAHeader) {
     std::istringstream input(kSecondLine);
     EXPECT_THROW(Reader(input, "headless").next(), LineError);
+}
+
+/** Zeros without an end. */
+class Endless : public std::streambuf {
+protected:
+    int_type underflow() override {
+        setg(mZeros.data(), mZeros.data(), mZeros.data() + mZeros.size());
+        return 0;
+    }
+
+private:
+    std::vector<char> mZeros = std::vector<char>(65536, 0);
+};
+
+TEST(Reader, readsNoEndlessLine) {
+    Endless zeros;
+    std::istream input(&zeros);
+    Reader reader(input, "zeros");
+    try {
+        reader.next();
+        ADD_FAILURE();
+    } catch (const LineError& error) {
+        EXPECT_STREQ(error.what(), "zeros:1: it is longer than 64 MiB, and nothing behind it is read");
+    }
+    EXPECT_FALSE(reader.next());
+    EXPECT_TRUE(reader.isCutOff());
+}
+
+TEST(Reader, readsLongLines) {
+    const std::string unknown = R"({"kind":"later","text":")" + std::string(1000000, 'x') + "\"}";
+    std::istringstream input(kFirstLine + unknown + '\n' + unknown);
+    Reader reader(input, "long");
+    ASSERT_TRUE(reader.next());
+    const std::optional<Line> line = reader.next();
+    ASSERT_TRUE(line);
+    EXPECT_EQ(textOf(*line), unknown);
+    EXPECT_FALSE(reader.next());
+    EXPECT_TRUE(reader.isCutOff());
+    EXPECT_EQ(reader.number(), 2U);
 }
 
 TEST(Reader, readsWholeFiles) {

@@ -295,6 +295,12 @@ TEST(RecordingCommands, refuseBadInput) {
     EXPECT_EQ(runTool({"recording", "show", file.pathOf("nothing")}).error,
               "kelutv: cannot read " + file.pathOf("nothing") + ": No such file or directory\n");
     EXPECT_EQ(runTool({"recording", "show", file.pathOf("")}).exit, 1);
+    const Sample empty("");
+    for (const char* const command : {"show", "cut", "anonymise", "report"}) {
+        const ToolRun run = empty.run(command);
+        EXPECT_EQ(run.exit, 1) << command;
+        EXPECT_EQ(run.error, "kelutv: " + empty.path() + " has no line, and a recording begins with a header\n");
+    }
     const ToolRun other = Sample("{}\n").run("show");
     EXPECT_EQ(other.exit, 1);
     EXPECT_NE(other.error.find("sample.jsonl:1: \"kind\" is missing"), std::string::npos) << other.error;

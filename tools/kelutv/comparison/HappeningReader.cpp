@@ -45,9 +45,6 @@ std::int64_t readHappenings(const std::string& path, const std::function<void(co
         while (const auto line = input.next()) {
             reader.read(*line, input.reader().number());
         }
-        if (input.reader().number() == 0) {
-            throw UsageError(input.reader().name() + " has no line, and a recording begins with a header");
-        }
         return reader.leftOut();
     } catch (const ToolError& error) {
         throw UsageError(error.what());

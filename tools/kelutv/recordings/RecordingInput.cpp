@@ -42,6 +42,9 @@ std::optional<recording::Line> RecordingInput::next() {
             throw ToolError(Exit::Failure, mReader.name() + ':' + std::to_string(mReader.number()) +
                                                ": the bytes are in another order than those of this machine");
         }
+        if (mReader.number() == 0) {
+            throw ToolError(Exit::Failure, mReader.name() + " has no line, and a recording begins with a header");
+        }
         return line;
     } catch (const recording::LineError& error) {
         throw ToolError(Exit::Failure, error.what());

@@ -14,8 +14,8 @@ public:
     /** @throws ToolError when it cannot be read */
     explicit RecordingInput(const std::string& path);
 
-    /** As `recording::Reader::next`. @throws ToolError in place of LineError, and for a section whose bytes are in
-     * another order than those of this machine */
+    /** As `recording::Reader::next`. @throws ToolError in place of LineError, for a file without any line, and for a
+     * section whose bytes are in another order than those of this machine */
     std::optional<recording::Line> next();
 
     recording::Reader& reader() { return mReader; }
