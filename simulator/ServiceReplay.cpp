@@ -99,6 +99,9 @@ Service::Outcome Service::replayed(const wire::Request& request, const android::
         die(*step.death);
         return {{}, nullptr, {}, true};
     }
+    if (step.isSilent) {
+        return {{}, nullptr, {}, true};
+    }
     Outcome outcome = step.call == nullptr ? unrecorded(request) : Outcome{replyIn(*step.call), step.call, step.delay};
     if (step.call != nullptr) {
         follow(*step.call);

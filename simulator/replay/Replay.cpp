@@ -133,9 +133,21 @@ Replay::Step Replay::stepFor(const Match& match) {
         const PublishedEvents before = takePendingBefore(step.call->line);
         step.events.insert(step.events.end(), before.begin(), before.end());
     }
-    step.death = failsAgain ? std::nullopt : step.call->death;
+    if (!failsAgain) {
+        meetDeath(answer, step);
+    }
     schedule(match.call, answer, step);
     return step;
+}
+
+/** Others are answered meanwhile. */
+void Replay::meetDeath(Clock::time_point time, Step& step) {
+    if (!mSpeed) {
+        step.death = step.call->death;
+    } else if (const std::optional<std::size_t> death = step.call->death) {
+        step.isSilent = true;
+        mDeath = std::min(mDeath.value_or(std::pair(time, *death)), std::pair(time, *death));
+    }
 }
 
 void Replay::schedule(std::size_t call, Clock::time_point answer, Step& step) {
@@ -214,9 +226,15 @@ Replay::Due Replay::takeDue() {
         }
     }
     mPending = std::move(left);
+    if (mDeath && mDeath->first <= now && !due.death) {
+        due.death = mDeath->second;
+    }
     due.isOver = isDone() && now >= mLastAnswer + kPause;
     if (isDone() && !due.isOver) {
         due.next = mLastAnswer + kPause;
+    }
+    if (mDeath) {
+        due.next = mDeath->first;
     }
     for (const Pending& each : mPending) {
         due.next = due.next ? std::min(*due.next, each.due) : each.due;

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kelutv::simulator {
@@ -50,6 +51,8 @@ public:
         std::string complaint;
         /** The service dies instead of answering. */
         std::optional<std::size_t> death;
+        /** It dies later, and does not answer until then. */
+        bool isSilent = false;
         /** The answer comes so much later. */
         Clock::duration delay{};
     };
@@ -97,6 +100,7 @@ private:
 
     void resumePending();
     Step stepFor(const Match& match);
+    void meetDeath(Clock::time_point time, Step& step);
     void schedule(std::size_t call, Clock::time_point answer, Step& step);
     /** Lets what belongs to these requests not come. */
     void takeBack(const std::vector<std::size_t>& calls);
@@ -107,7 +111,7 @@ private:
     void publish(std::size_t happening, PublishedEvents& events);
     bool hasDifference() const;
     void countWaiting();
-    bool isDone() const { return mWaiting == 0 && mPending.empty(); }
+    bool isDone() const { return mWaiting == 0 && mPending.empty() && !mDeath; }
 
     const ReplayScript mScript;
     const std::optional<double> mSpeed;
@@ -123,6 +127,8 @@ private:
     Clock::time_point mLastRequest;
     /** When the last answer is to come. */
     Clock::time_point mLastAnswer;
+    /** When the service dies of a request that it has taken, and which death that is. */
+    std::optional<std::pair<Clock::time_point, std::size_t>> mDeath;
 };
 
 } // namespace kelutv::simulator

@@ -29,8 +29,10 @@ RecordingFile& RecordingFile::call(const Bytes& request, const Bytes& reply, std
     return add({recording::Transaction{moment, duration.count(), 0, request, reply, ""}});
 }
 
-RecordingFile& RecordingFile::failed(const Bytes& request, std::int32_t status) {
-    return add({recording::Transaction{next(), 1000, status, request, std::nullopt, ""}});
+RecordingFile& RecordingFile::failed(const Bytes& request, std::int32_t status, std::chrono::nanoseconds duration) {
+    const recording::Moment moment = next();
+    mTime += duration.count();
+    return add({recording::Transaction{moment, duration.count(), status, request, std::nullopt, ""}});
 }
 
 RecordingFile& RecordingFile::event(std::uint32_t identifier, const Bytes& payload) {

@@ -24,7 +24,8 @@ public:
     RecordingFile& call(const Bytes& request, const Bytes& reply,
                         std::chrono::nanoseconds duration = std::chrono::microseconds(100));
     /** That it failed at the link, by default since the service was gone. */
-    RecordingFile& failed(const Bytes& request, std::int32_t status = -32);
+    RecordingFile& failed(const Bytes& request, std::int32_t status = -32,
+                          std::chrono::nanoseconds duration = std::chrono::microseconds(1));
     RecordingFile& event(std::uint32_t identifier, const Bytes& payload);
     RecordingFile& loss();
     /** What follows happened so much later. */

@@ -322,6 +322,21 @@ TEST_F(Replayed, IsAwayAsLongAsRecorded) {
     EXPECT_EQ(end(), 0) << output();
 }
 
+TEST_F(Replayed, DiesAsLateInACallAsRecorded) {
+    mFile.in(1).call(kGetVolume, replyOf({0, 7})).in(2).call(kGetMute, replyOf({0, 1}));
+    mFile.in(1).failed(kGetVolume, -32, milliseconds(1600)).in(3).call(kGetVolume, replyOf({0, 8}));
+    play({"--speed", "2"});
+    const auto begin = std::chrono::steady_clock::now();
+    VolumeClient first(2);
+    ASSERT_TRUE(mSimulator->process().output().waitFor("CMD_AUDIO_GETVOLUME"));
+    EXPECT_EQ(ask(kGetMute), replyOf({0, 1}));
+    EXPECT_EQ(first.answers(), "7\n-1\n");
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, milliseconds(800));
+    ASSERT_TRUE(comesBack());
+    EXPECT_EQ(VolumeClient(1).answers(), "8\n");
+    EXPECT_EQ(end(), 0) << output();
+}
+
 TEST_F(Replayed, EndsWhileItIsAway) {
     mFile.in(1).call(kGetVolume, replyOf({0, 7})).failed(kGetMute).pause(std::chrono::minutes(5)).event(0x60001, {});
     mFile.in(2).call(kGetVolume, replyOf({0, 8}));
