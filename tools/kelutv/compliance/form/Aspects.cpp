@@ -66,7 +66,11 @@ Outcome judgePayload(const wire::Function& function, const Answer& answer) {
 }
 
 Outcome judgeEnd(const wire::Function& function, const Answer& answer) {
-    return withoutFlaw(function, answer, Flaw::TooMuch);
+    const auto& flaw = answer.reading.flaw;
+    if (answer.exchange.status == 0 && answer.reading.hasResult && flaw && flaw->kind == Flaw::TooMuch) {
+        return {Verdict::failed, textOf(*flaw), std::nullopt};
+    }
+    return withoutPayload(function, answer).value_or(Outcome{});
 }
 
 Outcome judgeTexts(const wire::Function& function, const Answer& answer) {

@@ -4,6 +4,7 @@
 #include "tools/kelutv/compliance/framework/Samples.h"
 #include "tools/kelutv/compliance/refusal/Malformed.h"
 #include "tools/kelutv/text/FunctionNamed.h"
+#include "tools/kelutv/text/Lists.h"
 #include "wire/codec/ByteReader.h"
 
 #include <utility>
@@ -59,6 +60,10 @@ Outcome outcomeOf(const Exchange& exchange, bool isValue, Verdict whenTaken) {
     }
     if (!reply.read(result)) {
         return {Verdict::failed, "gets a reply without a result word, which clients read as success", std::nullopt};
+    }
+    if (result != 0 && reply.available() != 0) {
+        return {Verdict::failed, "is refused with " + counted(reply.available(), "byte") + " behind the result word",
+                std::nullopt};
     }
     if (isValue) {
         return result < 0 ? Outcome{}
