@@ -20,17 +20,23 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <map>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <utility>
 
 namespace kelutv::test {
 namespace {
 
 using wire::Result;
+
+/** Those of a machine that has too much to do. */
+constexpr std::chrono::milliseconds kTimeOfSlowAnswer{60};
+constexpr std::chrono::milliseconds kTimeOfLateEvent{700};
 
 class FaultyBinder : public android::BBinder {
 public:
@@ -43,6 +49,9 @@ protected:
             return has("takes any code") ? reply->writeInt32(0) : BBinder::onTransact(code, data, reply, flags);
         }
         ++mCalls;
+        if (has("is slow")) {
+            std::this_thread::sleep_for(kTimeOfSlowAnswer);
+        }
         const android::status_t status = answer(data, *reply);
         --mCalls;
         return status;
@@ -115,8 +124,19 @@ private:
         }
         const std::string payload =
             wire::payloadOf(indexes) + (has("tells no value") ? std::string() : wire::payloadOf(values));
-        for (int i = timesToTell(isChange); i > 0; --i) {
-            mPublisher.publish(table.named("volumeChanged")->first, payload.data(), payload.size());
+        const int times = timesToTell(isChange);
+        const auto publish = [this, payload, times] {
+            for (int i = times; i > 0; --i) {
+                mPublisher.publish(table.named("volumeChanged")->first, payload.data(), payload.size());
+            }
+        };
+        if (has("is slow") || has("tells late")) {
+            std::thread([publish] {
+                std::this_thread::sleep_for(kTimeOfLateEvent);
+                publish();
+            }).detach();
+        } else {
+            publish();
         }
     }
 

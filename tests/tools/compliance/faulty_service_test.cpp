@@ -88,6 +88,15 @@ TEST_F(FaultyServices, areFoundByWhatTheyTell) {
     }
 }
 
+/** Where each answer takes long an event may, too. */
+TEST_F(FaultyServices, haveMoreTimeToTellWhereAllIsSlow) {
+    const std::vector<std::string> words{"events.audio.setVolume[[]channel=speaker].payload"};
+    turnOn("tells late");
+    EXPECT_EQ(aspectsNotPassed(judged(words)), Names{"events.payload failed"});
+    turnOn("is slow");
+    EXPECT_EQ(aspectsNotPassed(judged(words)), Names());
+}
+
 TEST_F(FaultyServices, haveTheEventsThatTheyTellWrongly) {
     turnOn("tells twice");
     const auto checks = tool::compliance::chosenChecks({"events.audio.setVolume[[]channel=speaker*"}, {});

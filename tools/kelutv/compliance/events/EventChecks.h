@@ -23,8 +23,8 @@ void listenToEvents();
  */
 bool hasHeard(const std::string& event, const std::vector<std::int32_t>& words);
 
-/** The payloads of so many events of this name, as far as they come. */
-std::vector<Bytes> payloadsHeard(const std::string& event, std::size_t count);
+/** The payloads of so many events of this name, as far as each comes within the time. */
+std::vector<Bytes> payloadsHeard(const std::string& event, std::size_t count, std::chrono::milliseconds time);
 
 /** Whether a process that listens is told of the end of the service within this time. */
 bool hearsOfTheEnd(std::chrono::seconds time);

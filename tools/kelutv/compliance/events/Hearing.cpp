@@ -10,6 +10,13 @@
 
 namespace kelutv::tool::compliance {
 
+namespace {
+
+/** Who waits for an answer is told that often that this process only waits for an event. */
+constexpr std::chrono::milliseconds kTimeBetweenNotes{100};
+
+} // namespace
+
 Hearing& Hearing::instance() {
     const std::vector<std::uint32_t> modules = allModules();
     // Events may come to the very end of the process.
@@ -26,9 +33,9 @@ void Hearing::clear() {
 }
 
 std::optional<Bytes> Hearing::next(const wire::Event& event, std::chrono::milliseconds time) {
-    noteAnswer();
     const process::Deadline deadline = process::deadlineIn(time);
-    do {
+    for (;;) {
+        noteAnswer();
         std::deque<ReceivedEvent> came = EventQueue::instance().take();
         std::move(came.begin(), came.end(), std::back_inserter(mCame));
         while (!mCame.empty()) {
@@ -38,8 +45,12 @@ std::optional<Bytes> Hearing::next(const wire::Event& event, std::chrono::millis
                 return first.payload;
             }
         }
-    } while (process::waitToRead({EventQueue::instance().fd()}, deadline));
-    return std::nullopt;
+        const process::Deadline soon = process::deadlineIn(kTimeBetweenNotes);
+        const bool isLast = *deadline <= *soon;
+        if (!process::waitToRead({EventQueue::instance().fd()}, isLast ? deadline : soon) && isLast) {
+            return std::nullopt;
+        }
+    }
 }
 
 } // namespace kelutv::tool::compliance

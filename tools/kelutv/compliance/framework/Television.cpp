@@ -8,6 +8,7 @@
 #include <binder/IBinder.h>
 #include <binder/Parcel.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace kelutv::tool::compliance {
@@ -42,6 +43,11 @@ bool Television::isAlive() const {
 
 void Television::add(const std::vector<std::chrono::nanoseconds>& latencies) {
     mLatencies.insert(mLatencies.end(), latencies.begin(), latencies.end());
+}
+
+std::chrono::nanoseconds Television::slowestAnswer() const {
+    const auto slowest = std::max_element(mLatencies.begin(), mLatencies.end());
+    return slowest != mLatencies.end() ? *slowest : std::chrono::nanoseconds(0);
 }
 
 std::vector<std::chrono::nanoseconds> Television::takeLatencies() { return std::exchange(mLatencies, {}); }

@@ -28,6 +28,9 @@ public:
     /** Adds what answers to other processes took. */
     void add(const std::vector<std::chrono::nanoseconds>& latencies);
 
+    /** What the slowest answer took since `takeLatencies`; 0 without one. */
+    std::chrono::nanoseconds slowestAnswer() const;
+
     /** How long the answers took since this was asked last. */
     std::vector<std::chrono::nanoseconds> takeLatencies();
 

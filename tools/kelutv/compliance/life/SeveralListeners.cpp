@@ -11,8 +11,10 @@ namespace kelutv::tool::compliance {
 namespace {
 
 constexpr int kSeveral = 5;
-/** One for the change, one for putting it back, and one that must not come. */
-constexpr std::size_t kMostOfChange = 3;
+/** The check of one event makes two changes and puts both back. */
+constexpr std::size_t kEventsOfChanges = 4;
+constexpr std::chrono::milliseconds kTimeOfEvent{2000};
+constexpr std::chrono::milliseconds kTimeOfOneMore{500};
 constexpr process::Seconds kTimeToTell{10};
 
 /** Listens from now on, and says what has come when it is asked. */
@@ -21,22 +23,25 @@ void listenAndTell(const ClientLine& line, const std::string& event) {
     line.say({{"ready", true}});
     line.hear();
     Json payloads = Json::array();
-    for (const Bytes& payload : payloadsHeard(event, kMostOfChange)) {
+    for (const Bytes& payload : payloadsHeard(event, kEventsOfChanges, kTimeOfEvent)) {
+        payloads.add(hexOf(payload));
+    }
+    for (const Bytes& payload : payloadsHeard(event, 1, kTimeOfOneMore)) {
         payloads.add(hexOf(payload));
     }
     line.say({{"payloads", payloads}});
 }
 
-/** What is wrong with what a listener was told; empty when it is two events, those that the first one was told of. */
+/** What is wrong with what a listener was told; empty when it is what the first one was told, once each. */
 std::string complaintAbout(Client& listener, Json& first) {
     const std::optional<Json> message = listener.hear(process::deadlineIn(kTimeToTell));
     if (!message || message->find("payloads") == nullptr) {
         return "a listener does not say what it was told";
     }
     const Json& payloads = message->at("payloads");
-    if (payloads.entries().size() != 2) {
+    if (payloads.entries().size() != kEventsOfChanges) {
         return "of " + std::to_string(kSeveral) + " listeners one was told " +
-               std::to_string(payloads.entries().size()) + " times of a change and of putting it back";
+               std::to_string(payloads.entries().size()) + " times of two changes and of putting them back";
     }
     if (first.isNull()) {
         first = payloads;
