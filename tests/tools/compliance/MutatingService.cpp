@@ -22,9 +22,15 @@ void MutatingService::mutate(const Asked& asked, Mutation mutation) {
     mHasChanged = false;
 }
 
+void MutatingService::mutateRefusals(Mutation mutation) {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    mMutationOfRefusals = std::move(mutation);
+}
+
 void MutatingService::mend() {
     const std::lock_guard<std::mutex> lock(mMutex);
     mMutation = nullptr;
+    mMutationOfRefusals = nullptr;
 }
 
 std::map<Asked, Bytes> MutatingService::takeReplies() {
@@ -44,18 +50,23 @@ android::status_t MutatingService::serve(const wire::Request& request, const and
     if (const android::status_t status = wire::writeReply(answered, *reply); status != android::NO_ERROR) {
         return status;
     }
+    const Bytes right(reply->data(), reply->data() + reply->dataSize());
     if (request.refusal) {
-        return android::NO_ERROR;
+        return answer(mMutationOfRefusals, right, *reply);
     }
     const Asked asked = askedBy(request);
-    const Bytes right(reply->data(), reply->data() + reply->dataSize());
     mReplies[asked] = right;
-    if (!mMutation || asked != mAsked) {
+    return answer(asked == mAsked ? mMutation : nullptr, right, *reply);
+}
+
+/** Answers with what the change makes of the right reply. */
+android::status_t MutatingService::answer(const Mutation& mutation, const Bytes& right, android::Parcel& reply) {
+    if (!mutation) {
         return android::NO_ERROR;
     }
-    const Bytes changed = mMutation(right);
+    const Bytes changed = mutation(right);
     mHasChanged = mHasChanged || changed != right;
-    return reply->setData(changed.data(), changed.size());
+    return reply.setData(changed.data(), changed.size());
 }
 
 } // namespace kelutv::test

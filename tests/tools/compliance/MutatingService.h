@@ -27,6 +27,9 @@ public:
     /** From now on replies to these requests are changed; those to others are as they should be. */
     void mutate(const Asked& asked, Mutation mutation);
 
+    /** From now on replies to requests that cannot be read are changed, and no others. */
+    void mutateRefusals(Mutation mutation);
+
     /** From now on no reply is changed. */
     void mend();
 
@@ -40,10 +43,13 @@ protected:
     android::status_t serve(const wire::Request& request, const android::Parcel& data, android::Parcel* reply) override;
 
 private:
+    android::status_t answer(const Mutation& mutation, const Bytes& right, android::Parcel& reply);
+
     std::mutex mMutex;
     simulator::Television mTelevision;
     Asked mAsked{};
     Mutation mMutation;
+    Mutation mMutationOfRefusals;
     bool mHasChanged = false;
     std::map<Asked, Bytes> mReplies;
 };

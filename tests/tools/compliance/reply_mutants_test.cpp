@@ -1,11 +1,13 @@
 // The replies of a television are changed on their way, one kind of request and one change at a time. The checks of the
-// form of replies and of states that are set must notice, but for another value of what nothing sets.
+// form of replies and of states that are set must notice, but for another value of what nothing sets; those of
+// refusals, but for another refusal.
 
 #include "support/RuntimeDir.h"
 #include "tools/compliance/MutatingService.h"
 
 #include "service/Registration.h"
 #include "tools/kelutv/compliance/form/FormChecks.h"
+#include "tools/kelutv/compliance/refusal/RefusalChecks.h"
 #include "tools/kelutv/compliance/state/StateChecks.h"
 #include "tools/kelutv/output/Errors.h"
 #include "wire/codec/ReplyReader.h"
@@ -164,11 +166,22 @@ struct Score {
     std::vector<std::string> missed;
 };
 
+/** The one that this process has looked up for good. */
+const android::sp<MutatingService>& theService() {
+    static const RuntimeDir directory;
+    static const android::sp<MutatingService> service = [] {
+        android::ProcessState::self()->startThreadPool();
+        android::sp<MutatingService> made = new MutatingService;
+        EXPECT_EQ(service::registerService(made), "");
+        return made;
+    }();
+    return service;
+}
+
 class ReplyMutants : public ::testing::Test {
 protected:
-    void SetUp() override {
-        android::ProcessState::self()->startThreadPool();
-        ASSERT_EQ(service::registerService(mService), "");
+    /** Makes the checks that only ask as they should be asked, and remembers what each of them asks. */
+    void learn() {
         compliance::addFormChecks(mChecks, {});
         compliance::addStateChecks(mChecks, {});
         for (const Group& group : groupsOf(mChecks)) {
@@ -225,8 +238,7 @@ protected:
         });
     }
 
-    const RuntimeDir mRuntimeDir;
-    const android::sp<MutatingService> mService = new MutatingService;
+    MutatingService* const mService = theService().get();
     compliance::Checks mChecks;
     std::vector<Group> mGroups;
     std::map<Asked, std::vector<std::size_t>> mConcerned;
@@ -235,6 +247,7 @@ protected:
 };
 
 TEST_F(ReplyMutants, areNoticedUnlessNothingSaysWhatIsRight) {
+    learn();
     ASSERT_GT(mReplies.size(), 200U);
     for (const auto& [asked, reply] : mReplies) {
         for (const NamedMutation& mutation : mutationsOf(reply)) {
@@ -249,6 +262,42 @@ TEST_F(ReplyMutants, areNoticedUnlessNothingSaysWhatIsRight) {
                     kind.c_str(), score.all, score.failed, score.told, score.same, score.unknowable);
         EXPECT_EQ(score.missed, std::vector<std::string>{}) << kind;
     }
+}
+
+/** Of one function with each number of parameters, and of no function. */
+const std::vector<std::string> kRefused{"audio.getInputVolume", "audio.setInputVolume", "audio.setVolume",
+                                        "audio.getOutputStatus", "service"};
+
+TEST_F(ReplyMutants, ofRefusalsAreNoticedUnlessTheyRefuse) {
+    compliance::addRefusalChecks(mChecks, {});
+    std::vector<Group> groups;
+    for (const auto& check : mChecks) {
+        const std::string place = placeOf(check->subject().id);
+        const bool isMeant = std::any_of(kRefused.begin(), kRefused.end(),
+                                         [&](const std::string& name) { return place == "refusal." + name; });
+        if (isMeant && check->whyLeftOut().empty() && judged(Group{{check.get()}}) == Verdict::passed) {
+            groups.push_back({{check.get()}});
+        }
+    }
+    const Bytes refusal(kWord, 0xFF);
+    auto mutations = mutationsOf(refusal);
+    mutations.push_back({"word", "word at 0 is 0", [](const Bytes&) { return Bytes(kWord); }});
+    ASSERT_GT(groups.size(), 15U);
+    std::size_t failed = 0;
+    for (const NamedMutation& mutation : mutations) {
+        const Bytes changed = mutation.mutation(refusal);
+        const bool stillRefuses = changed.size() == kWord && changed != Bytes(kWord);
+        for (const Group& group : groups) {
+            mService->mutateRefusals(mutation.mutation);
+            const Verdict verdict = judged(group);
+            const bool isConcerned = mService->takeChange();
+            mService->mend();
+            failed += verdict == Verdict::failed ? 1 : 0;
+            const std::string id = group.checks.front()->subject().id + ": " + mutation.change;
+            EXPECT_EQ(verdict == Verdict::passed, stillRefuses || !isConcerned) << id;
+        }
+    }
+    EXPECT_GT(failed, 100U);
 }
 
 } // namespace
