@@ -113,14 +113,6 @@ TEST_F(PutBackRuns, putBackWhenTheyCannotTell) {
     EXPECT_FALSE(isKept());
 }
 
-TEST_F(PutBackRuns, tellOfWhatADiscoveryLeaves) {
-    run({"sim", "fault CMD_AUDIO_SETINPUTVOLUME delay 3600s"});
-    const ToolRun judged = judge({"--discover", file("board.json"), "--limit", "0.3"});
-    EXPECT_EQ(judged.exit, 1);
-    hasTold(judged.error, "put-back.json stays: ");
-    EXPECT_TRUE(isKept());
-}
-
 TEST_F(PutBackRuns, setAndTakeAwayNoFileOfAnother) {
     run({"--quiet", "snapshot", "-o", file("snapshot.json")});
     const ToolRun put = runTool({"compliance", "--put-back", file("snapshot.json")});

@@ -7,6 +7,7 @@
 #include "tools/kelutv/output/Errors.h"
 #include "tools/process/Worker.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <deque>
@@ -21,7 +22,9 @@ constexpr int kCallsBeside = 50;
 constexpr std::chrono::seconds kTimeOfRestart{30};
 /** A service that has just begun may have more to load before its answers are the right ones. */
 constexpr std::chrono::seconds kTimeToSettle{5};
-constexpr std::chrono::milliseconds kTimeBetweenTries{100};
+/** Between tries, of which each starts a process; twice as long each time up to the second one. */
+constexpr std::chrono::milliseconds kFirstPause{100};
+constexpr std::chrono::milliseconds kLongestPause{1000};
 
 /** Lets something happen to clients; the service must go on. */
 class LifeCheck : public Check {
@@ -129,12 +132,23 @@ void runShell(const std::string& line) {
     }
 }
 
+class Pauses {
+public:
+    void wait() {
+        std::this_thread::sleep_for(mNext);
+        mNext = std::min(2 * mNext, kLongestPause);
+    }
+
+private:
+    std::chrono::milliseconds mNext = kFirstPause;
+};
+
 bool isOver(const process::Deadline& deadline) { return std::chrono::steady_clock::now() > *deadline; }
 
 /** Waits for a new client to be answered; the service may still be on its way. @throws ToolError when none is */
 void awaitService() {
     const process::Deadline deadline = process::deadlineIn(kTimeOfRestart);
-    for (;; std::this_thread::sleep_for(kTimeBetweenTries)) {
+    for (Pauses pauses;; pauses.wait()) {
         try {
             const Witness found;
             return;
@@ -149,7 +163,7 @@ void awaitService() {
 /** What a new client has against the answers; empty as soon as they are those of before the restart. */
 std::string complaintOfNewClient() {
     const process::Deadline deadline = process::deadlineIn(kTimeToSettle);
-    for (;; std::this_thread::sleep_for(kTimeBetweenTries)) {
+    for (Pauses pauses;; pauses.wait()) {
         const std::string complaint = Witness().complaint();
         if (complaint.empty() || isOver(deadline)) {
             return complaint;
