@@ -69,7 +69,7 @@ TEST_F(FaultyServices, failWhatConcernsTheirFaultAndNothingElse) {
 TEST_F(FaultyServices, areFoundByWhatTheyTell) {
     const std::pair<const char*, Names> cases[] = {
         {"none", {}},
-        {"tells nothing", {"events.once", "events.severalListeners"}},
+        {"tells nothing", {"events.once", "events.same", "events.payload", "events.severalListeners"}},
         {"tells twice", {"events.once", "events.same", "events.payload", "events.severalListeners"}},
         {"tells twice of putting back", {"events.once", "events.severalListeners"}},
         {"tells of no change", {"events.same"}},
@@ -93,16 +93,13 @@ TEST_F(FaultyServices, areFoundByWhatTheyTell) {
 
 /** Where each answer takes long an event may, too. */
 TEST_F(FaultyServices, haveMoreTimeToTellWhereAllIsSlow) {
-    const std::vector<std::string> words{"events.audio.setVolume[[]channel=speaker].payload"};
-    turnOn("tells late");
-    EXPECT_EQ(aspectsNotPassed(judged(words)), Names{"events.payload failed"});
     turnOn("is slow");
-    EXPECT_EQ(aspectsNotPassed(judged(words)), Names());
+    EXPECT_EQ(aspectsNotPassed(judged({"events.audio.setVolume[[]channel=speaker].payload"})), Names());
 }
 
 TEST_F(FaultyServices, haveTheEventsThatTheyTellWrongly) {
     turnOn("tells twice");
-    const auto checks = tool::compliance::chosenChecks({"events.audio.setVolume[[]channel=speaker*"}, {});
+    const auto checks = tool::compliance::chosenChecks({"events.audio.setVolume[[]channel=speaker].once"}, {});
     EXPECT_EQ(tool::compliance::capabilitiesFrom(checks, resultsOf(checks)).events.count("volumeChanged"), 0U);
 }
 
