@@ -345,6 +345,17 @@ TEST_F(SimulatedServices, failWhenASetOfSeveralRequestsIsAnsweredWrongly) {
     sim("fault clear");
     sim("fault CMD_PICTURE_SETPICTUREMODE error -5");
     EXPECT_EQ(aspectsNotPassed(judged({"state.picture.setPictureMode.kept"})), Names{"state.kept refused"});
+    sim("fault CMD_PICTURE_SETPICTUREMODE long 2");
+    EXPECT_EQ(aspectsNotPassed(judged({"state.picture.setPictureMode.kept"})), Names{"state.kept failed"});
+}
+
+/** No client reads on behind a result word that says no. */
+TEST_F(SimulatedServices, failWhereSomethingStandsBehindARefusal) {
+    for (const char* const effect : {"error -5", "long 2"}) {
+        sim(std::string("fault CMD_AUDIO_GETINPUTVOLUME ") + effect);
+    }
+    EXPECT_EQ(aspectsNotPassed(judged({"form.audio.getInputVolume.*", "refusal.audio.getInputVolume.*"})),
+              (Names{"form.payload refused", "form.end failed", "refusal.trailing failed"}));
 }
 
 TEST(Choice, saysWhatIsWrong) {

@@ -21,6 +21,9 @@ struct Answer {
     bool isSuccess() const { return exchange.status == 0 && reading.hasResult && reading.reply.result == 0; }
 };
 
+/** Reads the reply by what was asked for. */
+Answer answerIn(Exchange exchange);
+
 /** Sends the bytes and reads the reply by what they ask for. */
 Answer answerTo(Television& television, const Bytes& request);
 

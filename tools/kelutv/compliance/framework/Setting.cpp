@@ -5,7 +5,6 @@
 #include "tools/kelutv/compliance/framework/OtherValues.h"
 #include "tools/kelutv/decoding/Decoding.h"
 #include "tools/kelutv/output/Errors.h"
-#include "tools/kelutv/service/ReplyCheck.h"
 #include "tools/kelutv/snapshot/StateReader.h"
 #include "tools/kelutv/snapshot/StateText.h"
 #include "wire/text/ResultNames.h"
@@ -168,10 +167,12 @@ std::optional<Outcome> Setting::send(const SetCall& call) const {
     if (call.function->requests.size() != 1) {
         // What a later request says may depend on the answer to an earlier one.
         const CallResult result = tryFunction(*call.function, call.arguments);
-        const auto failure = failureIn(result.transactions, false);
-        return failure ? std::optional(
-                             Outcome{failure->result ? Verdict::refused : Verdict::failed, failure->text, std::nullopt})
-                       : std::nullopt;
+        for (const interposition::Transaction& each : result.transactions) {
+            if (auto objection = objectionIn(answerIn({kRequestCode, each.request, each.status, each.reply}))) {
+                return objection;
+            }
+        }
+        return std::nullopt;
     }
     for (const Bytes& request : requestsOf(*call.function, call.arguments)) {
         if (auto objection = objectionIn(answerTo(mTelevision, request))) {
