@@ -8,9 +8,9 @@ import time
 import weakref
 from collections.abc import AsyncIterator, Iterator
 from dataclasses import dataclass
-from types import TracebackType
-from typing import TYPE_CHECKING, Any, Generic, TypeVar
+from typing import TYPE_CHECKING, Any, Generic, Self, TypeVar
 
+from ._closing import Closing
 from ._event_table import EVENTS
 from ._memory import decoded, to_named
 from ._notices import EVENT, Hub, Listener, Notice
@@ -103,7 +103,7 @@ def said_by(notice: Notice) -> Any:
     return Event(notice.id, notice.payload) if notice.kind == EVENT else VbiData(notice.id, notice.payload)
 
 
-class Stream(Generic[Said], Iterator[Said]):
+class Stream(Closing, Generic[Said], Iterator[Said]):
     """What comes from now on, one after the other, until the time is over.
 
     The newest are kept while nobody takes them, as many as the television was made to keep. To be closed, or used in
@@ -120,7 +120,7 @@ class Stream(Generic[Said], Iterator[Said]):
         """How many were lost since this began, because they were not taken fast enough."""
         return self._listener.dropped
 
-    def __iter__(self) -> Stream[Said]:
+    def __iter__(self) -> Self:
         return self
 
     def __next__(self) -> Said:
@@ -137,14 +137,6 @@ class Stream(Generic[Said], Iterator[Said]):
         """Takes nothing more."""
         self._hub.leave(self._listener)
         self._end = 0.0
-
-    def __enter__(self) -> Stream[Said]:
-        return self
-
-    def __exit__(
-        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
-    ) -> None:
-        self.close()
 
     def __repr__(self) -> str:
         return f"<stream, {len(self._listener.waiting)} waiting, {self.dropped} dropped>"
@@ -185,7 +177,7 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
         """How many were lost since this began, because they were not taken fast enough."""
         return self._listener.dropped
 
-    def __aiter__(self) -> AsyncStream[Said]:
+    def __aiter__(self) -> Self:
         return self
 
     async def __anext__(self) -> Said:
@@ -220,12 +212,10 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
         if not self._is_closed:
             self.close()
 
-    async def __aenter__(self) -> AsyncStream[Said]:
+    async def __aenter__(self) -> Self:
         return self
 
-    async def __aexit__(
-        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
-    ) -> None:
+    async def __aexit__(self, *_: object) -> None:
         self.close()
 
 

@@ -14,9 +14,9 @@ import weakref
 from collections.abc import Sequence
 from contextlib import suppress
 from pathlib import Path
-from types import TracebackType
 from typing import IO, Any
 
+from ._closing import Closing
 from .errors import SimulatorError
 from .television import Television
 from .tool import program
@@ -31,7 +31,7 @@ _ANSWER_SECONDS = 15.0
 _END_SECONDS = 5.0
 
 
-class Simulator:
+class Simulator(Closing):
     """A simulated television that runs until it is closed.
 
     runtime_dir: Where it is found; a folder of its own that goes with it where nothing is said.
@@ -154,14 +154,6 @@ class Simulator:
         """Ends it, and takes its folder away if it is its own."""
         self._finalizer.detach()
         self._running.end()
-
-    def __enter__(self) -> Simulator:
-        return self
-
-    def __exit__(
-        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
-    ) -> None:
-        self.close()
 
     def __repr__(self) -> str:
         return f"<Simulator in {self.runtime_dir}{'' if self.is_running else ', ended'}>"

@@ -7,10 +7,10 @@ import threading
 from collections.abc import Callable
 from functools import partial
 from pathlib import Path
-from types import TracebackType
 from typing import Any
 
 from ._calls import index_of
+from ._closing import Closing
 from ._local import LocalLink, dropped_notices, local_link, take_notice
 from ._modules import Modules
 from ._notices import EVENT, VBI_DATA, Hub, Notice
@@ -71,7 +71,7 @@ class Limited(Modules):
         return f"<{self._name} within {self._seconds:g} s>"
 
 
-class Television(Modules):
+class Television(Modules, Closing):
     """A television, with its functions as `tv.audio.set_volume(...)` and so on.
 
     A worker process holds the link and makes the calls, one after the other, so that a call can be given up; it is made
@@ -168,14 +168,6 @@ class Television(Modules):
         """Ends the worker and the call that it makes; a link of this process stays. Calls raise ValueError afterwards."""
         if self._remote is not None:
             self._remote.close()
-
-    def __enter__(self) -> Television:
-        return self
-
-    def __exit__(
-        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
-    ) -> None:
-        self.close()
 
     def __repr__(self) -> str:
         place = f" in {self.runtime_dir}" if self.runtime_dir else ""
