@@ -69,13 +69,13 @@ def take_notice() -> Notice | None:
         if taken == 0:
             return None
         if taken > 0:
-            return Notice(head.kind, head.id, bytes(payload[: head.length]))
+            return Notice(head.number, head.kind, head.id, bytes(payload[: head.length]))
         room = head.length
 
 
-def dropped_notices() -> int:
-    """How many there was no place for since the queue began."""
-    return int(library().kelutv_python_notices_dropped())
+def notice_count() -> int:
+    """How many have come since the queue began."""
+    return int(library().kelutv_python_notice_count())
 
 
 _made: LocalLink | None = None

@@ -15,8 +15,9 @@ EVENT, VBI_DATA = 0, 1
 
 
 class Notice(NamedTuple):
-    """What waits in the queue: an event or a block of data."""
+    """What waits in the queue: an event or a block of data. They are numbered from 1 as they come in."""
 
+    number: int
     kind: int
     id: int
     payload: bytes
@@ -28,8 +29,8 @@ class Source(Protocol):
     def fileno(self) -> int:
         """A descriptor that can be read while something waits."""
 
-    def take(self) -> tuple[list[Notice], int, bool]:
-        """What waits, how many were dropped so far, and whether there may be more one day."""
+    def take(self) -> tuple[list[Notice], bool]:
+        """What waits, and whether there may be more one day."""
 
     def close(self) -> None:
         """Nothing is asked of it any more."""
@@ -38,25 +39,33 @@ class Source(Protocol):
 class Listener:
     """The notices of one kind for one who listens, the newest `most` of them."""
 
-    def __init__(self, hub: Hub, kind: int, most: int, wake: Callable[[], None] | None = None):
-        self.hub = hub
+    def __init__(self, kind: int, most: int, wake: Callable[[], None] | None = None):
         self.kind = kind
         self.wake = wake
         self.most = most
         self.waiting: deque[Notice] = deque()
-        self.overflowed = 0
-        self.dropped_before = hub.dropped
-
-    @property
-    def dropped(self) -> int:
-        """How many are lost: those here, and those before they came here."""
-        return self.overflowed + self.hub.dropped - self.dropped_before
+        # How many are lost: those here, and those of any kind before they came here.
+        self.dropped = 0
+        self._last: int | None = None
 
     def add(self, notice: Notice) -> None:
+        last = notice.number - 1 if self._last is None else self._last
+        if notice.number <= last:
+            return
+        self.dropped += notice.number - last - 1
+        self._last = notice.number
+        if notice.kind != self.kind:
+            return
         if len(self.waiting) >= self.most:
             self.waiting.popleft()
-            self.overflowed += 1
+            self.dropped += 1
         self.waiting.append(notice)
+
+    def begin_behind(self, number: int) -> None:
+        """Forgets those up to this one."""
+        while self.waiting and self.waiting[0].number <= number:
+            self.waiting.popleft()
+        self._last = max(number, self._last or 0)
 
 
 class Hub:
@@ -68,14 +77,15 @@ class Hub:
         self._is_read = False
         # Who forgets to leave is not held.
         self._listeners: weakref.WeakSet[Listener] = weakref.WeakSet()
-        self.dropped = 0
         self.is_open = True
 
-    def listen(self, kind: int, most: int, wake: Callable[[], None] | None = None) -> Listener:
+    def listen(self, listener: Listener, count: Callable[[], int]) -> None:
+        """Hands what comes from now on to a listener; `count` says how many have come, of which some are on their way yet."""
         with self._state:
-            listener = Listener(self, kind, most, wake)
             self._listeners.add(listener)
-        return listener
+        number = count()
+        with self._state:
+            listener.begin_behind(number)
 
     def leave(self, listener: Listener) -> None:
         with self._state:
@@ -112,15 +122,15 @@ class Hub:
 
     def next(self, listener: Listener, end: float | None) -> Notice | None:
         """The next notice, or nothing when the time is over or nothing comes any more."""
-        while not listener.waiting:
-            if not self.is_open or end is not None and end <= time.monotonic():
-                break
+        while not listener.waiting and self.is_open:
             if self._begin_reading(listener, end):
                 try:
                     if is_readable(self._source.fileno(), end):
                         self._hand_on()
                 finally:
                     self._end_reading()
+            if end is not None and end <= time.monotonic():
+                break
         # What another thread read may have come at the very end.
         return listener.waiting.popleft() if listener.waiting else None
 
@@ -155,13 +165,13 @@ class Hub:
             self._state.notify_all()
 
     def _hand_on(self) -> None:
-        notices, self.dropped, goes_on = self._source.take()
+        notices, goes_on = self._source.take()
         with self._state:
             listeners = list(self._listeners)
-        for listener in listeners:
-            for notice in notices:
-                if notice.kind == listener.kind:
+            for listener in listeners:
+                for notice in notices:
                     listener.add(notice)
+        for listener in listeners:
             if listener.wake and notices:
                 listener.wake()
         if not goes_on:

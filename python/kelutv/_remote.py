@@ -80,22 +80,20 @@ class WorkerNotices:
 
     def __init__(self, channel: Channel):
         self._channel = channel
-        self._dropped = 0
 
     def fileno(self) -> int:
         return self._channel.fileno()
 
-    def take(self) -> tuple[list[Notice], int, bool]:
+    def take(self) -> tuple[list[Notice], bool]:
         found: list[Notice] = []
         poll = select.poll()
         poll.register(self._channel, select.POLLIN)
         try:
             while poll.poll(0):
-                notices, self._dropped = self._channel.receive()
-                found += notices
+                found += self._channel.receive()
         except (EOFError, OSError):
-            return found, self._dropped, False
-        return found, self._dropped, True
+            return found, False
+        return found, True
 
     def close(self) -> None:
         self._channel.close()
@@ -120,9 +118,9 @@ class RemoteLink:
             return self._ask(row[1], left, ("call", index, arguments), bool(row[_NEEDS_SERVICE]))
 
     def connect(self, limit: float | None) -> None:
-        """Connects; raises NoService."""
+        """Connects, making a worker included; raises NoService."""
         with self._turn("connect", limit) as left:
-            self._ask("connect", left, ("connect", 0, ("connect",)))
+            self._begin(self._living(), "connect", left, needs_service=True)
 
     def hub(self, limit: float | None) -> Hub:
         """What hands out the events; raises NoService."""
@@ -132,6 +130,11 @@ class RemoteLink:
             if worker.hub is None:
                 worker.hub = Hub(WorkerNotices(worker.notices))
             return worker.hub
+
+    def notice_count(self, limit: float | None) -> int:
+        """How many events and blocks of data have come to the worker; raises TelevisionError."""
+        with self._turn("events", limit) as left:
+            return int(self._ask("events", left, ("count", 0, ())))
 
     def drop(self) -> None:
         """Ends the worker, also in a call, which fails; the next call makes one."""
@@ -163,14 +166,17 @@ class RemoteLink:
 
     def _ask(self, name: str, limit: float | None, message: Message, needs_service: bool = True) -> Any:
         """The outcome of a message; what the worker needs for it has a limit of its own."""
-        worker, begin_limit = self._living(), None if limit is None else max(limit, _BEGIN_SECONDS)
+        worker = self._living()
+        self._begin(worker, name, limit_of_beginning(limit), needs_service)
+        return self._exchange(worker, name, limit, message)
+
+    def _begin(self, worker: Worker, name: str, limit: float | None, needs_service: bool) -> None:
         if needs_service and not worker.is_connected:
-            self._exchange(worker, name, begin_limit, ("connect", 0, (name,)))
+            self._exchange(worker, name, limit, ("connect", 0, (name,)))
             worker.is_connected = worker.is_loaded = True
         elif not worker.is_loaded:
-            self._exchange(worker, name, begin_limit, ("load", 0, ()))
+            self._exchange(worker, name, limit, ("load", 0, ()))
             worker.is_loaded = True
-        return self._exchange(worker, name, limit, message)
 
     def _exchange(self, worker: Worker, name: str, limit: float | None, message: Message) -> Any:
         end = None if limit is None else time.monotonic() + limit
@@ -209,6 +215,11 @@ class RemoteLink:
             return 0
         self._finalizer.detach()
         return worker.end()
+
+
+def limit_of_beginning(limit: float | None) -> float | None:
+    """How long making a worker and connecting it may take, where a call may take so long."""
+    return None if limit is None else max(limit, _BEGIN_SECONDS)
 
 
 def _ending(code: int) -> str:

@@ -11,7 +11,7 @@ from typing import Any
 
 from ._channel import Channel
 from ._library import library
-from ._local import LocalLink, dropped_notices, take_notice
+from ._local import LocalLink, notice_count, take_notice
 from ._notices import Notice
 
 _MOST_AT_ONCE = 64
@@ -50,6 +50,8 @@ class Worker:
         if what == "load":
             library()
             return None
+        if what == "count":
+            return notice_count()
         self._queue = self._link.begin_notices(index)
         os.write(self._adding, b"\0")
         return None
@@ -74,7 +76,7 @@ class Worker:
         while len(notices) < _MOST_AT_ONCE and (notice := take_notice()) is not None:
             notices.append(notice)
         try:
-            self._notices.send((notices, dropped_notices()))
+            self._notices.send(notices)
         except OSError:
             os._exit(0)
 

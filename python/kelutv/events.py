@@ -6,7 +6,7 @@ import os
 import struct
 import time
 import weakref
-from collections.abc import AsyncIterator, Iterator
+from collections.abc import AsyncIterator, Callable, Iterator
 from dataclasses import dataclass
 from typing import TYPE_CHECKING, Any, Generic, Self, TypeVar
 
@@ -110,9 +110,10 @@ class Stream(Closing, Generic[Said], Iterator[Said]):
     a `with`, when no more is wanted; the end of the time closes it, too.
     """
 
-    def __init__(self, hub: Hub, kind: int, most: int, timeout: float | None):
+    def __init__(self, hub: Hub, count: Callable[[], int], kind: int, most: int, timeout: float | None):
         self._hub = hub
-        self._listener = hub.listen(kind, most)
+        self._listener = Listener(kind, most)
+        hub.listen(self._listener, count)
         self._end = None if timeout is None else time.monotonic() + timeout
 
     @property
@@ -124,14 +125,28 @@ class Stream(Closing, Generic[Said], Iterator[Said]):
         return self
 
     def __next__(self) -> Said:
-        notice = self._hub.next(self._listener, self._end)
-        if notice is not None:
-            said: Said = said_by(notice)
+        said = self._next(self._end)
+        if said is not None:
             return said
         self.close()
         if not self._hub.is_open:
             raise LinkLost("events", "the link is gone")
         raise StopIteration
+
+    def take(self, seconds: float) -> Said | None:
+        """The next one, or None when none comes within so many seconds; the time of the whole ends nothing here.
+
+        Raises LinkLost when none can come any more.
+        """
+        said = self._next(time.monotonic() + seconds)
+        if said is None and not self._hub.is_open:
+            raise LinkLost("events", "the link is gone")
+        return said
+
+    def _next(self, end: float | None) -> Said | None:
+        notice = self._hub.next(self._listener, end)
+        said: Said | None = None if notice is None else said_by(notice)
+        return said
 
     def close(self) -> None:
         """Takes nothing more."""
@@ -147,14 +162,15 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
 
     _is_closed = True
 
-    def __init__(self, hub: Hub, kind: int, most: int, timeout: float | None):
+    def __init__(self, hub: Hub, count: Callable[[], int], kind: int, most: int, timeout: float | None):
         import asyncio  # It takes as long as the rest of the package, and who needs no loop has no use for it.
 
         self._loop = asyncio.get_running_loop()
         self._something = asyncio.Event()
         self._hub = hub
         this = weakref.ref(self)
-        self._listener: Listener = hub.listen(kind, most, lambda: _wake(this()))
+        self._listener = Listener(kind, most, lambda: _wake(this()))
+        hub.listen(self._listener, count)
         self._end = None if timeout is None else self._loop.time() + timeout
         # Of its own, so that the loop may know it under this number until the end.
         self._descriptor = os.dup(hub.fileno())

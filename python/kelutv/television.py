@@ -11,10 +11,10 @@ from typing import Any
 
 from ._calls import index_of
 from ._closing import Closing
-from ._local import LocalLink, dropped_notices, local_link, take_notice
+from ._local import LocalLink, local_link, notice_count, take_notice
 from ._modules import Modules
 from ._notices import EVENT, VBI_DATA, Hub, Notice
-from ._remote import Messages, RemoteLink
+from ._remote import Messages, RemoteLink, limit_of_beginning
 from .events import AsyncStream, Event, Stream, VbiData
 
 __all__ = [
@@ -36,11 +36,11 @@ class _LocalNotices:
     def fileno(self) -> int:
         return self._descriptor
 
-    def take(self) -> tuple[list[Notice], int, bool]:
+    def take(self) -> tuple[list[Notice], bool]:
         found: list[Notice] = []
         while (notice := take_notice()) is not None:
             found.append(notice)
-        return found, dropped_notices(), True
+        return found, True
 
     def close(self) -> None:
         """The queue lives as long as the process."""
@@ -98,8 +98,8 @@ class Television(Modules, Closing):
     ):
         if level is not None and level not in LEVELS:
             raise ValueError(f"level is {level}, one of {', '.join(map(str, LEVELS))} is allowed")
-        if timeout is not None and not timeout > 0:
-            raise ValueError(f"timeout is {timeout}, more than 0 is allowed")
+        if timeout is not None:
+            _require_above_0("timeout", timeout)
         if in_process and (timeout is not None or messages is not None):
             raise ValueError("in_process goes without timeout and messages: a call of this process cannot be given up")
         if most_events < 1:
@@ -128,23 +128,29 @@ class Television(Modules, Closing):
         """The same functions with another time limit: `tv.within(2).audio.set_volume(...)`."""
         if self._remote is None:
             raise ValueError("a call of this process cannot be given up: leave in_process out")
-        if not seconds > 0:
-            raise ValueError(f"seconds is {seconds}, more than 0 is allowed")
+        _require_above_0("seconds", seconds)
         return Limited(repr(self), seconds, partial(self._remote.call, seconds))
 
-    def connect(self) -> None:
-        """Connects now instead of with the first call; raises NoService."""
-        if self._local is not None:
+    def connect(self, timeout: float | None = None) -> None:
+        """Connects now instead of with the first call; raises NoService.
+
+        timeout: Seconds for it, making a worker included; 20, or the television's if that is longer, where nothing is said.
+        """
+        if timeout is not None:
+            _require_above_0("timeout", timeout)
+        if self._remote is not None:
+            self._remote.connect(limit_of_beginning(self.timeout) if timeout is None else timeout)
+        elif timeout is not None:
+            raise ValueError("a link of this process cannot be given up: leave timeout out")
+        elif self._local is not None:
             self._local.connect("connect")
-        elif self._remote is not None:
-            self._remote.connect(self.timeout)
 
     def reconnect(self) -> None:
         """Connects anew, by a new worker; calls and streams of events of the old one end with LinkLost."""
         if self._remote is None:
             raise ValueError("the link of a process is made once: leave in_process out")
         self._remote.drop()
-        self._remote.connect(self.timeout)
+        self.connect()
 
     def _hub(self) -> Hub:
         if self._local is not None:
@@ -152,17 +158,20 @@ class Television(Modules, Closing):
         assert self._remote is not None
         return self._remote.hub(self.timeout)
 
+    def _notice_count(self) -> int:
+        return notice_count() if self._remote is None else self._remote.notice_count(self.timeout)
+
     def events(self, timeout: float | None = None) -> Stream[Event]:
         """The events that come from now on, for so many seconds altogether, or for ever."""
-        return Stream(self._hub(), EVENT, self._most_events, timeout)
+        return Stream(self._hub(), self._notice_count, EVENT, self._most_events, timeout)
 
     def events_async(self, timeout: float | None = None) -> AsyncStream[Event]:
         """The same for `async for`."""
-        return AsyncStream(self._hub(), EVENT, self._most_events, timeout)
+        return AsyncStream(self._hub(), self._notice_count, EVENT, self._most_events, timeout)
 
     def vbi_data(self, timeout: float | None = None) -> Stream[VbiData]:
         """The blocks that are handed to the data callback from now on, for so many seconds altogether, or for ever."""
-        return Stream(self._hub(), VBI_DATA, self._most_events, timeout)
+        return Stream(self._hub(), self._notice_count, VBI_DATA, self._most_events, timeout)
 
     def close(self) -> None:
         """Ends the worker and the call that it makes; a link of this process stays. Calls raise ValueError afterwards."""
@@ -173,6 +182,11 @@ class Television(Modules, Closing):
         place = f" in {self.runtime_dir}" if self.runtime_dir else ""
         held = "in this process" if self._local is not None else "by a worker"
         return f"<Television{place} {held}>"
+
+
+def _require_above_0(name: str, seconds: float) -> None:
+    if not seconds > 0:
+        raise ValueError(f"{name} is {seconds}, more than 0 is allowed")
 
 
 def _environment(runtime_dir: Path | None, level: int | None) -> dict[str, str]:

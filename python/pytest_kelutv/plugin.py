@@ -15,7 +15,6 @@ if TYPE_CHECKING:
     import kelutv
 
 OPTION, DEFAULT = "--television", "default"
-CONNECTING = 20.0
 MARKERS = (
     "fault(line, ...): lets the simulated television go wrong from the start, as `CMD_AUDIO_GETVOLUME error -5`",
     "scenario(name, speed=None): plays a scenario, by name or by a file beside the test, so many times faster",
@@ -100,9 +99,7 @@ def television(request: pytest.FixtureRequest) -> Iterator[kelutv.Television]:
         request.getfixturevalue("recording")
     limit = request.config.getoption("--television-timeout")
     with kelutv.Television(runtime_dir=directory, timeout=limit) as connected:
-        connected.timeout = max(limit, CONNECTING)  # A worker that begins is no call.
         connected.connect()
-        connected.timeout = limit
         yield connected
 
 

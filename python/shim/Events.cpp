@@ -29,7 +29,7 @@ struct Queue {
     std::mutex mutex;
     std::deque<Notice> notices;
     std::size_t most = 0;
-    unsigned long long dropped = 0;
+    unsigned long long count = 0;
     int readable = -1;
 };
 
@@ -40,7 +40,9 @@ Queue& queue() {
 
 void put(unsigned int kind, unsigned int id, const void* payload, unsigned int length) {
     const auto* const bytes = static_cast<const char*>(payload);
-    const unsigned int count = bytes == nullptr ? 0 : length;
+    if (bytes == nullptr) {
+        length = 0;
+    }
     Queue& all = queue();
     const std::lock_guard<std::mutex> lock(all.mutex);
     if (all.readable < 0) {
@@ -48,10 +50,9 @@ void put(unsigned int kind, unsigned int id, const void* payload, unsigned int l
     }
     if (all.notices.size() >= all.most) {
         all.notices.pop_front();
-        ++all.dropped;
     }
     all.notices.push_back(
-        {{kind, id, count}, count == 0 ? std::vector<char>() : std::vector<char>(bytes, bytes + count)});
+        {{++all.count, kind, id, length}, length == 0 ? std::vector<char>() : std::vector<char>(bytes, bytes + length)});
     if (all.notices.size() == 1) {
         ::eventfd_write(all.readable, 1);
     }
@@ -113,9 +114,9 @@ int kelutv_python_notice_take(kelutv_python_notice* head, void* payload, unsigne
     return 1;
 }
 
-unsigned long long kelutv_python_notices_dropped(void) {
+unsigned long long kelutv_python_notice_count(void) {
     auto& all = queue();
     const std::lock_guard<std::mutex> lock(all.mutex);
-    return all.dropped;
+    return all.count;
 }
 }

@@ -46,6 +46,8 @@ KELUTV_API const char* kelutv_python_list(unsigned int* size);
 
 /** The head of what waits in the queue, without what follows it. */
 typedef struct kelutv_python_notice {
+    /** How many had come with it since the queue began. */
+    unsigned long long number;
     /** 0 an event, 1 a block of data. */
     unsigned int kind;
     unsigned int id;
@@ -69,8 +71,8 @@ KELUTV_API void kelutv_python_events_begin(void);
  */
 KELUTV_API int kelutv_python_notice_take(kelutv_python_notice* head, void* payload, unsigned int room);
 
-/** How many there was no place for, since the queue began. */
-KELUTV_API unsigned long long kelutv_python_notices_dropped(void);
+/** How many have come since the queue began, taken or not; of these the oldest are lost while there is no place for more. */
+KELUTV_API unsigned long long kelutv_python_notice_count(void);
 
 /* end of what Python reads */
 }

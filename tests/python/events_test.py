@@ -10,7 +10,8 @@ import unittest
 
 from package import PATIENCE, QUIET, SPEAKER, WithTelevision, kelutv, run_python
 from kelutv import enums
-from kelutv._notices import EVENT, VBI_DATA, Hub, Notice
+from kelutv._channel import is_readable
+from kelutv._notices import EVENT, VBI_DATA, Hub, Listener, Notice
 
 # The first event of KELU_EM_MODE_COMMON that the simulated television does not publish by itself.
 OWN = 0x80000 + 0x4000
@@ -31,9 +32,9 @@ class OneNotice:
     def fileno(self) -> int:
         return self._end
 
-    def take(self) -> tuple[list[Notice], int, bool]:
+    def take(self) -> tuple[list[Notice], bool]:
         given = os.read(self._end, 1)
-        return [Notice(EVENT, OWN, given)] if given == b"x" else [], 0, given != b"e"
+        return [Notice(1, EVENT, OWN, given)] if given == b"x" else [], given != b"e"
 
     def close(self) -> None:
         os.close(self._end)
@@ -120,7 +121,9 @@ class EventsTest(WithTelevision):
         source = OneNotice()
         self.addCleanup(source.close)
         hub = Hub(source)
-        one, other = hub.listen(EVENT, 4), hub.listen(VBI_DATA, 4)
+        one, other = Listener(EVENT, 4), Listener(VBI_DATA, 4)
+        for listener in (one, other):
+            hub.listen(listener, lambda: 0)
         reader = threading.Thread(target=hub.next, args=(other, time.monotonic() + PATIENCE), daemon=True)
         reader.start()
         while hub.is_free():
@@ -131,11 +134,41 @@ class EventsTest(WithTelevision):
         begin = time.monotonic()
         source.give()
         waiter.join(PATIENCE / 2)
-        self.assertEqual(found, [Notice(EVENT, OWN, b"x")])
+        self.assertEqual(found, [Notice(1, EVENT, OWN, b"x")])
         self.assertLess(time.monotonic() - begin, PATIENCE / 2)
         source.end()
         reader.join(PATIENCE)
         self.assertFalse(hub.is_open)
+
+    def test_a_stream_begins_when_it_is_made(self) -> None:
+        """What the worker has and nobody has taken came before."""
+        with self.simulator.television(PATIENCE, QUIET) as tv, tv.events(timeout=PATIENCE) as before:
+            self.simulator.event(OWN, b"early")
+            self.assertTrue(is_readable(before._hub.fileno(), time.monotonic() + PATIENCE))
+            with tv.events(timeout=PATIENCE) as events:
+                self.simulator.event(OWN, b"late")
+                self.assertEqual((next(events).payload, events.dropped), (b"late", 0))
+            self.assertEqual([next(before).payload, next(before).payload], [b"early", b"late"])
+
+    def test_a_listener_hears_what_comes_while_it_begins(self) -> None:
+        listener = Listener(EVENT, 4)
+        notices = [Notice(number, EVENT, OWN, bytes([number])) for number in range(4, 8)]
+        for notice in notices:
+            listener.add(notice)
+        listener.begin_behind(5)
+        for notice in (*notices, Notice(8, VBI_DATA, OWN, b""), Notice(11, EVENT, OWN, b"")):
+            listener.add(notice)
+        self.assertEqual([notice.number for notice in listener.waiting], [6, 7, 11])
+        self.assertEqual(listener.dropped, 2)
+
+    def test_one_is_taken_within_a_time(self) -> None:
+        with self.tv.events() as events:
+            self.assertIsNone(events.take(0))
+            self.simulator.event(OWN, b"x")
+            self.assertEqual(events.take(PATIENCE), kelutv.Event(OWN, b"x"))
+        with self.simulator.television(PATIENCE, QUIET) as tv, tv.events() as events:
+            tv._remote._worker.process.kill()  # type: ignore[union-attr]
+            self.assertRaises(kelutv.LinkLost, events.take, PATIENCE)
 
     def test_a_loss_ends_the_stream(self) -> None:
         with self.simulator.television(PATIENCE, QUIET) as tv:

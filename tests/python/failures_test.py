@@ -143,6 +143,16 @@ class TimeTest(WithTelevision):
             else:
                 self.fail("no call was made in time")
 
+    def test_a_limit_of_connecting_is_for_the_start_of_a_worker_too(self) -> None:
+        with self.simulator.television(messages=QUIET) as tv:
+            # No interpreter starts so fast.
+            with self.assertRaisesRegex(kelutv.Timeout, "connect: no answer within 0.002 s"):
+                tv.connect(timeout=0.002)
+            tv.connect(timeout=PATIENCE)
+            self.assertGreaterEqual(tv.audio.get_volume(SPEAKER), 0)
+            with self.assertRaisesRegex(ValueError, "timeout is 0, more than 0 is allowed"):
+                tv.connect(timeout=0)
+
     def test_limits_without_an_end(self) -> None:
         for seconds in (1e7, 1e300, float("inf")):
             self.assertGreaterEqual(self.tv.within(seconds).audio.get_volume(SPEAKER), 0)

@@ -19,12 +19,14 @@ from kelutv_station.plan.plan import Call, Picture, Prompt, Snapshot, Step, Unit
 from kelutv_station.run.questions import Question, Questions, Stopped
 from kelutv_station.run.results import Measurement, Verdict
 from kelutv_station.run.snapshots import compare_with_golden
-from kelutv_station.run.television import Connect, Event, EventLog, Television
+from kelutv_station.run.television import Connect, Event, Events, Television
 from kelutv_station.tool import Tool, ToolError
 
 YES, NO = "y", "n"
 # In fewer seconds nothing can be done.
 SHORTEST = 0.001
+# Seconds in which a connection is made, however little a call may take.
+CONNECTING = 20.0
 
 
 @dataclass(frozen=True)
@@ -54,7 +56,7 @@ class Performer:
     def __init__(self, ready: ReadyPlan, unit: Unit, equipment: Equipment) -> None:
         self._ready, self._unit, self._equipment = ready, unit, equipment
         self._television: Television | None = None
-        self._events: EventLog | None = None
+        self._events: Events | None = None
         self._deadline = math.inf
 
     def close(self) -> None:
@@ -73,7 +75,7 @@ class Performer:
             Call: self._call, Wait: self._wait, Prompt: self._prompt, Picture: self._picture, Snapshot: self._snapshot}
         try:
             if needs_events(self._ready.plan) and not isinstance(step, Wait):
-                self._event_log().mark()
+                self._listen()
             return kinds[type(step)](step)
         except Stopped:
             raise
@@ -85,14 +87,15 @@ class Performer:
     def _connection(self) -> Television:
         if self._television is None:
             self._television = self._equipment.connect(self._unit)
-        self._television.connect()
+        self._television.connect(timeout=min(CONNECTING, self._left()))
         return self._television
 
-    def _event_log(self) -> EventLog:
+    def _listen(self) -> Events:
+        """Takes the events that come from now on."""
         connection = self._connection()
-        if self._events is None:
-            self._events = EventLog(connection)
-            self._events.mark()
+        if self._events is not None:
+            self._events.close()
+        self._events = connection.events()
         return self._events
 
     def _timeout(self, step: Step) -> float:
@@ -111,8 +114,10 @@ class Performer:
 
     def _wait(self, step: Wait) -> Outcome:
         wanted, timeout, seen = self._ready.waits[step.name], self._timeout(step), 0
-        begun = time.monotonic()
-        for event in self._event_log().until(begun + timeout):
+        events, begun = self._events or self._listen(), time.monotonic()
+        left = timeout
+        while left > 0 and (event := events.take(left)) is not None:
+            left = begun + timeout - time.monotonic()
             if wanted.event.first <= event.id <= wanted.event.last:
                 if fits(event, wanted.fields):
                     return Outcome(Verdict.PASS, measurements=_fields_of(event, time.monotonic() - begun))

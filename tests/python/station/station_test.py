@@ -10,7 +10,6 @@ import subprocess
 import tempfile
 import time
 import unittest
-from collections.abc import Iterator
 from contextlib import ExitStack, suppress
 from pathlib import Path
 from typing import Any
@@ -18,6 +17,7 @@ from unittest.mock import Mock
 from xml.etree import ElementTree
 
 import kelutv
+from kelutv._channel import is_readable
 from kelutv_station.run.journal import Journal
 from kelutv_station.run.performing import Equipment, Outcome, Performer
 from kelutv_station.run.questions import Questions
@@ -25,7 +25,7 @@ from kelutv_station.run.results import Verdict
 from kelutv_station.run.station import Station
 from kelutv_station.tool import Tool
 
-from plans import CHANGED, VOLUME, ready_with
+from plans import CHANGED, READ, VOLUME, ready_with
 from televisions import PATIENCE, Run, TracedTelevision
 
 # More kills follow where none of them met a step under way.
@@ -216,14 +216,21 @@ class Lines(Fixture):
 class Gone:
     """A television that goes away once it has said something."""
 
-    def connect(self) -> None:
-        """It is connected."""
+    connecting = 0.0
+
+    def connect(self, timeout: float) -> None:
+        self.connecting = timeout
 
     def call(self, function: str, *arguments: Any, timeout: float | None = None) -> Any:
         """Does nothing."""
 
-    def events(self) -> Iterator[kelutv.Event]:
-        yield kelutv.Event(0, b"")
+    def events(self) -> Gone:
+        self._left = [kelutv.Event(0, b"")]
+        return self
+
+    def take(self, seconds: float) -> kelutv.Event | None:
+        if self._left:
+            return self._left.pop()
         raise kelutv.LinkLost("events", "the link is gone")
 
     def close(self) -> None:
@@ -240,6 +247,28 @@ class Connections(unittest.TestCase):
         self.assertEqual(
             performer.perform(ready.plan.steps[1]), Outcome(Verdict.FAIL, "events: the link is gone", ends_unit=True))
 
+    def test_are_made_within_the_time_of_the_unit(self) -> None:
+        ready, television = ready_with(VOLUME), Gone()
+        equipment = Equipment(lambda unit: television, Questions(lambda: None), Tool(), Path())
+        performer = Performer(ready, ready.plan.units[0], equipment)
+        performer.perform(ready.plan.steps[0])
+        self.assertEqual(television.connecting, 20)
+        performer.perform(ready.plan.steps[0], 7)
+        self.assertTrue(0 < television.connecting <= 7)
+
+    def test_count_no_event_of_an_earlier_step(self) -> None:
+        """It has come to the connection and waits there while the next step begins."""
+        simulator = self.enterContext(kelutv.Simulator(messages=subprocess.DEVNULL))
+        television = self.enterContext(simulator.television(PATIENCE, subprocess.DEVNULL))
+        any_change = {"name": "changed", "wait": "volumeChanged", "timeout": 0.2}
+        ready = ready_with(VOLUME, {**READ, "low": 0}, any_change)
+        equipment = Equipment(lambda unit: television, Questions(lambda: None), Tool(), Path())
+        performer = Performer(ready, ready.plan.units[0], equipment)
+        performer.perform(ready.plan.steps[0])
+        worker = television._remote._worker
+        self.assertTrue(is_readable(worker.notices.fileno(), time.monotonic() + PATIENCE))
+        outcomes = [performer.perform(step) for step in ready.plan.steps[1:]]
+        self.assertEqual([outcome.verdict for outcome in outcomes], [Verdict.PASS, Verdict.FAIL], outcomes)
 
     def test_go_on_when_a_result_cannot_be_shown(self) -> None:
         ready, folder = ready_with(VOLUME, {**VOLUME, "name": "again"}), Path(self.enterContext(tempfile.TemporaryDirectory()))
