@@ -73,6 +73,14 @@ if(TARGET kqservicemanager)
         DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
         COMPONENT tools)
 endif()
+set(bash_completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+set(fish_completions "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
+# Debian's zsh has a folder for what comes in packages.
+if(KELUTV_PACKAGES)
+    set(zsh_completions "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")
+else()
+    set(zsh_completions "${CMAKE_INSTALL_DATADIR}/zsh/site-functions")
+endif()
 if(TARGET kelutv)
     file(GLOB pages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tools/man/*.1")
     if(NOT TARGET kelutv-simulator)
@@ -84,31 +92,24 @@ if(TARGET kelutv)
               "${PROJECT_SOURCE_DIR}/tools/schema/recording.schema.json"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"
         COMPONENT tools)
-    set(completions "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
     foreach(program IN ITEMS kelutv kelutv-simulator)
         if(NOT TARGET ${program})
             continue()
         endif()
         install(
             FILES "${PROJECT_SOURCE_DIR}/tools/completion/kelutv"
-            DESTINATION "${completions}"
+            DESTINATION "${bash_completions}"
             RENAME ${program}
             COMPONENT tools)
         install(
             FILES "${PROJECT_SOURCE_DIR}/tools/completion/kelutv.fish"
-            DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d"
+            DESTINATION "${fish_completions}"
             RENAME ${program}.fish
             COMPONENT tools)
     endforeach()
-    # Debian's zsh has a folder for what comes in packages.
-    if(KELUTV_PACKAGES)
-        set(zsh_folder vendor-completions)
-    else()
-        set(zsh_folder site-functions)
-    endif()
     install(
         FILES "${PROJECT_SOURCE_DIR}/tools/completion/_kelutv"
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder}"
+        DESTINATION "${zsh_completions}"
         COMPONENT tools)
 endif()
 if(TARGET kelutv_service_archive)

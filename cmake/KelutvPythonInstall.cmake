@@ -29,3 +29,11 @@ install(
     FILES "${PROJECT_SOURCE_DIR}/python/distribution/kelutv-station.1"
     DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
     COMPONENT python)
+install(
+    FILES "${PROJECT_SOURCE_DIR}/python/distribution/kelutv-station.schema.json"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/kelutv"
+    COMPONENT python)
+set(completion "${PROJECT_SOURCE_DIR}/python/distribution/completion")
+install(FILES "${completion}/kelutv-station" DESTINATION "${bash_completions}" COMPONENT python)
+install(FILES "${completion}/kelutv-station.fish" DESTINATION "${fish_completions}" COMPONENT python)
+install(FILES "${completion}/_kelutv-station" DESTINATION "${zsh_completions}" COMPONENT python)

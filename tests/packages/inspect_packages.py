@@ -114,7 +114,11 @@ PACKAGES["python3-kelutv"] = (
     [*C_PLUS_PLUS, "python3", "python3-cffi-backend"],
     [
         "bin/kelutv-station",
+        "share/bash-completion/completions/kelutv-station",
+        "share/fish/vendor_completions.d/kelutv-station.fish",
+        "share/kelutv/kelutv-station.schema.json",
         "share/man/man1/kelutv-station.1.gz",
+        "share/zsh/vendor-completions/_kelutv-station",
         f"{PYTHON}/kelutv/_shim.so",
         f"{PYTHON}/kelutv-{VERSION.split('-')[0]}.dist-info/METADATA",
         f"{PYTHON}/kelutv-{VERSION.split('-')[0]}.dist-info/entry_points.txt",

@@ -187,6 +187,8 @@ def plain(value: Any) -> tuple[Any, str | None]:
         return value.value, value.name
     if isinstance(value, (bytes, bytearray)):
         return value.hex(), None
+    if isinstance(value, float) and not math.isfinite(value):
+        return str(value), None
     if isinstance(value, (list, tuple)):
         return [plain(entry)[0] for entry in value], None
     return value, None

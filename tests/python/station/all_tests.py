@@ -8,7 +8,7 @@ from pathlib import Path
 
 sys.path[:0] = [str(Path(__file__).resolve().parent)]
 
-TESTS = ("page_test", "plan_test", "report_test", "resuming_test", "screen_test", "station_test")
+TESTS = ("completion_test", "page_test", "plan_test", "report_test", "resuming_test", "screen_test", "station_test")
 
 if __name__ == "__main__":
     suite = unittest.defaultTestLoader.loadTestsFromNames(TESTS)

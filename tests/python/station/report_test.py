@@ -17,10 +17,12 @@ from kelutv_station.report.lines import json_lines, result_line, summary
 from kelutv_station.report.outline import Distribution, Outline, outline_of
 from kelutv_station.report.page import page
 from kelutv_station.report.svg import counts_of, picture, span_of
+from kelutv_station.run.performing import plain
 from kelutv_station.run.results import Measurement, Verdict
 from kelutv_station.saying import say
 
 from plans import READ, UNIT, VOLUME, ended, plan_with
+from televisions import SCHEMA
 
 BOUNDS = Limit(low=30, high=40, unit="%")
 UNITS = [UNIT, {"serial": "B&2", "runtime_dir": "two"}, {"serial": "C", "runtime_dir": "three"}]
@@ -61,6 +63,8 @@ class Checker(HTMLParser):
 class Reports(unittest.TestCase):
     def test_have_every_value_with_its_limit_and_verdict(self) -> None:
         documents = [json.loads(line) for line in json_lines(RUN).splitlines()]
+        for document in documents:
+            SCHEMA.validate(document)
         verdicts = [(each["unit"], each.get("step"), each["verdict"]) for each in documents]
         self.assertEqual(verdicts, [
             ("A1", "volume", "pass"), ("A1", "read", "pass"), ("B&2", "volume", "pass"), ("B&2", "read", "fail"),
@@ -69,6 +73,22 @@ class Reports(unittest.TestCase):
             {"name": "result", "value": 50, "enumerator": None, "limit": {"low": 30, "high": 40, "unit": "%"},
              "verdict": "fail"}])
         self.assertEqual(documents[7]["failed"], ["read"])
+
+    def test_are_as_the_schema_says(self) -> None:
+        SCHEMA.check_schema(SCHEMA.schema)
+        good = json.loads(json_lines(RUN).splitlines()[3])
+        for wrong in (
+            {"verdict": "good"}, {"attempt": 0}, {"seconds": -1}, {"unit": ""}, {"more": 1}, {"measurements": [{}]},
+            {"measurements": [{**good["measurements"][0], "limit": {"lowest": 3}}]},
+        ):
+            self.assertTrue(SCHEMA.is_valid(good))
+            self.assertFalse(SCHEMA.is_valid({**good, **wrong}), wrong)
+
+    def test_hold_numbers_that_json_has_not(self) -> None:
+        for number, text in ((float("nan"), "nan"), (float("-inf"), "-inf")):
+            value, enumerator = plain(number)
+            self.assertEqual((value, enumerator, plain([1.5, number])[0]), (text, None, [1.5, text]))
+            self.assertFalse(Measurement("gain", value, Limit(low=0)).is_within)
 
     def test_are_read_by_readers_of_junit(self) -> None:
         suites = ElementTree.fromstring(junit(RUN))

@@ -13,7 +13,11 @@ from typing import Any
 ROOT = Path(__file__).resolve().parents[3]
 sys.path.insert(0, str(ROOT / "tests"))
 
+from jsonschema import Draft202012Validator  # noqa: E402
 from support.television import PATIENCE, Television  # noqa: E402
+
+SCHEMA = Draft202012Validator(
+    json.loads((ROOT / "python" / "distribution" / "kelutv-station.schema.json").read_text(encoding="utf-8")))
 
 STATION = [sys.executable, "-m", "kelutv_station"]
 
@@ -88,6 +92,14 @@ class Run:
         return self.folder / "line.run" / "journal.jsonl"
 
     def results(self) -> list[dict[str, Any]]:
-        """What results.jsonl has of steps."""
+        """What results.jsonl has of steps; all of it is as the schema says."""
         lines = (self.folder / "line.run" / "results.jsonl").read_text(encoding="utf-8").splitlines()
-        return [document for line in lines if "step" in (document := json.loads(line))]
+        documents = [json.loads(line, parse_constant=not_json) for line in lines]
+        for document in documents:
+            SCHEMA.validate(document)
+        return [document for document in documents if "step" in document]
+
+
+def not_json(constant: str) -> None:
+    """What Python reads, and others do not."""
+    raise AssertionError(f"{constant} is no JSON")
