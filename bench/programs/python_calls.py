@@ -13,6 +13,7 @@ import time
 from collections.abc import Callable
 
 import kelutv
+from kelutv._foreign import ffi
 from kelutv._library import library
 
 CALLS = 500
@@ -28,9 +29,11 @@ def cost(call: Callable[[], object]) -> float:
 
 def ways(television: kelutv.Television, worker: kelutv.Television) -> dict[str, Callable[[], object]]:
     function, get_volume = library().linux_tv_Audio_getVolume, television.audio.get_volume
+    with_record, memory = library().linux_tv_Audio_getNRAttr, ffi.from_buffer(bytearray(64))
     return {
         "the C function, numbers": lambda: function(0),
         "in the process, numbers": lambda: get_volume(0),
+        "the C function, a record": lambda: with_record(memory),
         "in the process, a record": television.audio.get_nr_attr,
         "by a worker, numbers": lambda: worker.audio.get_volume(0),
     }
@@ -48,9 +51,9 @@ def main() -> None:
                 for name, call in calls.items():
                     samples[name].append(cost(call))
     medians = {name: statistics.median(figures) for name, figures in samples.items()}
-    least = next(iter(medians.values()))
     for name, median in medians.items():
-        print(f"{name:26} {median:8.2f} us {median / least:6.2f} of the C function")
+        own = medians[f"the C function, {name.partition(', ')[2]}"]
+        print(f"{name:26} {median:8.2f} us {median - own:+8.2f} us beyond the C function")
 
 
 if __name__ == "__main__":

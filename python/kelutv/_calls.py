@@ -3,14 +3,16 @@
 from __future__ import annotations
 
 import math
+import operator
 import struct
 from collections.abc import Callable
+from functools import partial
 from typing import Any
 
 from . import records
 from ._foreign import ffi
 from ._library import MOST_BYTES, failure, here, library, listed
-from ._memory import decoded, encoded, of_kind, pack, size, to_named, unpack
+from ._memory import decoded, encoded, of_kind, pack, reader, size, to_named
 from ._table import FUNCTIONS, Parameter, Row
 from .errors import LibraryRefused, LinkLost, MalformedReply, ServiceRefused
 
@@ -21,8 +23,6 @@ _NOT_THROUGH, _REFUSED = 1, 2
 _GIVEN = ("number", "pointed", "text", "array", "block", "record", "inout")
 
 Call = Callable[..., Any]
-# Adds what goes to C for one parameter, given all arguments by name and a list of what keeps memory.
-Giver = Callable[[dict[str, Any]], Any]
 
 
 class Frame:
@@ -46,6 +46,11 @@ class Frame:
         self.memory[name] = data
         self.foreign.append(address)
         return data
+
+
+# Adds what goes to C for one parameter; takes what came back by it.
+Giver = Callable[[Frame], None]
+Taker = Callable[[Frame], Any]
 
 
 def check(row: Row, result: Any) -> None:
@@ -97,7 +102,10 @@ def _result_of(code: str, named: str) -> Callable[[Any], Any] | None:
         return None
     if code == "?":
         return bool
-    return to_named(named)
+    if code == "r":
+        read = reader(named)
+        return lambda memory: read(memory, 0)
+    return (lambda _: listed()) if code == "l" else to_named(named)
 
 
 def _room(text: str, given: dict[str, Any]) -> int:
@@ -105,64 +113,70 @@ def _room(text: str, given: dict[str, Any]) -> int:
     return math.prod(int(factor) if factor.isdigit() else int(given[factor]) for factor in text.split("*"))
 
 
-def _array(parameter: Parameter, value: Any) -> bytearray:
-    code = parameter[2]
-    return bytearray(value) if code == "B" else bytearray(struct.pack(f"{len(value)}{code}", *value))
+def _memory_of(role: str, code: str, named: str) -> Callable[[Any], bytearray]:
+    """What puts a value into memory."""
+    if role == "text":
+        return lambda text: bytearray(encoded(text) + b"\0")
+    if role == "block":
+        return lambda block: bytearray(struct.pack("I", len(block)) + bytes(block))
+    if role == "record":
+        return partial(pack, named)
+    if role == "array" and code == "B":
+        return lambda entries: bytearray(entries) or bytearray(1)
+    if role == "array":
+        return lambda entries: bytearray(struct.pack(f"{len(entries)}{code}", *entries)) or bytearray(1)
+    return lambda number: bytearray(struct.pack(code, number))
 
 
-def _give(frame: Frame, parameter: Parameter) -> None:
+def _giver(parameter: Parameter) -> Giver:
+    """For what the caller gives."""
     name, role, code, named, _, may_be_none, _, _ = parameter
-    value = frame.given[name]
-    if value is None and role != "number":
-        if not may_be_none:
+    if role == "number":
+        return lambda frame: frame.foreign.append(frame.given[name])
+    memory_of = _memory_of(role, code, named)
+
+    def give(frame: Frame) -> None:
+        value = frame.given[name]
+        if value is not None:
+            frame.add_memory(name, memory_of(value))
+        elif may_be_none:
+            frame.foreign.append(ffi.NULL)
+        else:
             raise TypeError(f"{name} must not be None")
-        frame.foreign.append(ffi.NULL)
-    elif role == "number":
-        frame.foreign.append(value)
-    elif role == "text":
-        frame.add_memory(name, bytearray(encoded(value) + b"\0"))
-    elif role == "block":
-        frame.add_memory(name, bytearray(struct.pack("I", len(value)) + bytes(value)))
-    elif role == "record":
-        frame.add_memory(name, pack(named, value))
-    elif role == "array":
-        frame.add_memory(name, _array(parameter, value) or bytearray(1))
-    else:
-        frame.add_memory(name, bytearray(struct.pack(code, value)))
+
+    return give
 
 
-def _make_room(frame: Frame, parameter: Parameter) -> None:
+def _room_giver(parameter: Parameter) -> Giver:
+    """For what C writes."""
     name, role, code, named, room, _, _, _ = parameter
     entries = room.split(" by ")[0]
-    if role == "out number":
-        frame.add_memory(name, bytearray(struct.calcsize(code)))
-    elif role == "out text" or not entries and role == "out array":
-        frame.add_buffer(name)[0] = 0
-    elif role == "out record":
-        frame.add_memory(name, bytearray(size(named)))
-    else:
-        _make_array(frame, name, code, named, _room(entries, frame.given))
+    if role == "out text" or not entries and role == "out array":
+        return lambda frame: operator.setitem(frame.add_buffer(name), 0, 0)
+    if role == "out array":
+        step = size(named) if code == "r" else struct.calcsize(code)
+        fill = (b"\0" if code in ("r", "B") else bytes([_UNTOUCHED])) * step
+        return lambda frame: frame.add_memory(name, _array_room(name, fill, _room(entries, frame.given)))
+    length = size(named) if role == "out record" else struct.calcsize(code)
+    return lambda frame: frame.add_memory(name, bytearray(length))
 
 
-def _make_array(frame: Frame, name: str, code: str, record: str, entries: int) -> None:
-    step = size(record) if code == "r" else struct.calcsize(code)
-    if not 0 <= entries * step <= 16 * MOST_BYTES:
-        raise ValueError(f"{name}: {entries} entries, 0 to {16 * MOST_BYTES // step} are allowed")
-    fill = b"\0" if code in ("r", "B") else bytes([_UNTOUCHED])
-    frame.add_memory(name, bytearray(fill * max(entries * step, 1)))
+def _array_room(name: str, fill: bytes, entries: int) -> bytearray:
+    if not 0 <= entries * len(fill) <= 16 * MOST_BYTES:
+        raise ValueError(f"{name}: {entries} entries, 0 to {16 * MOST_BYTES // len(fill)} are allowed")
+    return bytearray(fill * entries or fill[:1])
 
 
-def _prepare(frame: Frame, parameter: Parameter, lengths: dict[str, str]) -> None:
-    name, role, code = parameter[:3]
+def _giver_of(parameter: Parameter, lengths: dict[str, str]) -> Giver | None:
+    name, role = parameter[:2]
     if role in _GIVEN:
-        _give(frame, parameter)
-    elif role == "length":
-        array = frame.given[lengths[name]]
-        frame.foreign.append(0 if array is None else len(array))
-    elif role == "null":
-        frame.foreign.append(ffi.NULL)
-    elif role.startswith("out "):
-        _make_room(frame, parameter)
+        return _giver(parameter)
+    if role == "length":
+        array = lengths[name]
+        return lambda frame: frame.foreign.append(len(frame.given[array] or ()))
+    if role == "null":
+        return lambda frame: frame.foreign.append(ffi.NULL)
+    return _room_giver(parameter) if role.startswith("out ") else None
 
 
 def _number(frame: Frame, name: str) -> int:
@@ -189,9 +203,9 @@ def _take_array(frame: Frame, parameter: Parameter) -> Any:
     name, _, code, named, room, _, _, _ = parameter
     data = frame.memory[name]
     if code == "r":
-        step = size(named)
+        step, read = size(named), reader(named)
         blocks = [data[at : at + step] for at in range(0, len(data) - step + 1, step)]
-        return [unpack(named, bytes(block)) for block in blocks[: next((i for i, b in enumerate(blocks) if not any(b)), None)]]
+        return [read(block, 0) for block in blocks[: next((i for i, b in enumerate(blocks) if not any(b)), None)]]
     if code == "B":
         count = room.partition(" by ")[2]
         return bytes(data[: max(0, _number(frame, count))]) if count else bytes(data)
@@ -200,23 +214,30 @@ def _take_array(frame: Frame, parameter: Parameter) -> Any:
     return [named_value(value) for value in values] if named_value else list(values)
 
 
-def _take(frame: Frame, parameter: Parameter) -> Any:
+def _devices(_: Frame) -> list[records.KELU_TV_CEC_DEVICE_INFO_SORTED_S]:
+    texts = listed()
+    return [
+        records.KELU_TV_CEC_DEVICE_INFO_SORTED_S(int(texts[i]), int(texts[i + 1]), *texts[i + 2 : i + 5])
+        for i in range(0, len(texts), 5)
+    ]
+
+
+def _taker_of(parameter: Parameter) -> Taker:
     name, role, code, named = parameter[:4]
     if role == "list":
-        texts = listed()
-        return [
-            records.KELU_TV_CEC_DEVICE_INFO_SORTED_S(int(texts[i]), int(texts[i + 1]), *texts[i + 2 : i + 5])
-            for i in range(0, len(texts), 5)
-        ]
-    data = frame.memory[name]
+        return _devices
     if role == "out text":
-        return decoded(bytes(data[: data.find(b"\0")]))
+        return lambda frame: decoded(frame.memory[name])
     if role == "out record":
-        return unpack(named, bytes(data))
+        read = reader(named)
+        return lambda frame: read(frame.memory[name], 0)
     if role == "out array":
-        return _take_array(frame, parameter)
-    (value,) = struct.unpack_from(code, data)
-    return to_named(named)(value) if named else value
+        return lambda frame: _take_array(frame, parameter)
+    unpack = struct.Struct(code).unpack
+    if not named:
+        return lambda frame: unpack(frame.memory[name])[0]
+    enumerator = to_named(named)
+    return lambda frame: enumerator(unpack(frame.memory[name])[0])
 
 
 def _general(row: Row) -> Call:
@@ -224,48 +245,40 @@ def _general(row: Row) -> Call:
     _, name, symbol, parameters, code, named, reply_size, _, _, _ = row
     function, thread = getattr(library(), symbol), here()
     given = [each for each in parameters if each[1] in _GIVEN]
+    names, bounded = [each[0] for each in given], [each for each in given if each[6] is not None]
     lengths = {each[0]: each[4] for each in parameters if each[1] == "length"}
+    givers = [giver for each in parameters if (giver := _giver_of(each, lengths))]
     counts = {each[4].partition(" by ")[2] for each in parameters}
-    outputs = [
-        each
+    takers = [
+        _taker_of(each)
         for each in parameters
         if (each[1].startswith("out ") or each[1] in ("list", "inout")) and each[0] not in counts
     ]
+    convert, record_size = _result_of(code, named), size(named) if code == "r" else 0
 
     def call(*arguments: Any) -> Any:
-        if len(arguments) != len(given):
-            raise TypeError(f"{name} takes {len(given)} arguments, there are {len(arguments)}")
-        frame = Frame(dict(zip((each[0] for each in given), arguments)))
-        record = bytearray(size(named)) if code == "r" else None
-        if record is not None:
-            frame.foreign.append(ffi.from_buffer(record))
+        if len(arguments) != len(names):
+            raise TypeError(f"{name} takes {len(names)} arguments, there are {len(arguments)}")
+        frame = Frame(dict(zip(names, arguments)))
+        if record_size:
+            frame.add_memory("", bytearray(record_size))
         try:
-            for parameter in given:
-                if parameter[6] is not None:
-                    _check_bounds(parameter, frame.given[parameter[0]])
-            for parameter in parameters:
-                _prepare(frame, parameter, lengths)
+            for parameter in bounded:
+                _check_bounds(parameter, frame.given[parameter[0]])
+            for giver in givers:
+                giver(frame)
             thread.summary[0] = 0
             result = function(*frame.foreign)
         except (TypeError, OverflowError, ValueError, struct.error) as error:
             raise of_kind(error, f"{name}: {error}") from None
         if thread.summary[0] != reply_size or not reply_size or result == -1:
             check(row, result)
-        values = [_take(frame, parameter) for parameter in outputs]
-        if code:
-            values.insert(0, _given_result(code, named, result, record))
+        values = [taker(frame) for taker in takers]
+        if convert:
+            values.insert(0, convert(frame.memory[""] if record_size else result))
         return tuple(values) if len(values) > 1 else values[0] if values else None
 
     return call
-
-
-def _given_result(code: str, named: str, result: Any, record: bytearray | None) -> Any:
-    if record is not None:
-        return unpack(named, bytes(record))
-    if code == "l":
-        return listed()
-    convert = _result_of(code, named)
-    return convert(result) if convert else None
 
 
 def make_call(index: int) -> Call:

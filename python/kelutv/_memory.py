@@ -25,9 +25,10 @@ def encoded(text: str) -> bytes:
     return data
 
 
-def decoded(data: bytes) -> str:
+def decoded(data: bytes | bytearray) -> str:
     """A text up to its zero."""
-    return data.split(b"\0", 1)[0].decode("utf-8", "surrogateescape")
+    end = data.find(b"\0")
+    return (data if end < 0 else data[:end]).decode("utf-8", "surrogateescape")
 
 
 @cache
@@ -44,13 +45,13 @@ def to_named(enumeration: str) -> Callable[[int], Any]:
     return named
 
 
-Getter = Callable[[bytes, int], Any]
+Getter = Callable[[bytearray, int], Any]
 Putter = Callable[[bytearray, int, Any], None]
 
 
 def _text_field(room: int) -> tuple[Getter, Putter, int]:
-    def get(data: bytes, at: int) -> str:
-        return decoded(bytes(data[at : at + room]))
+    def get(data: bytearray, at: int) -> str:
+        return decoded(data[at : at + room])
 
     def put(data: bytearray, at: int, value: str) -> None:
         text = encoded(value)
@@ -62,13 +63,13 @@ def _text_field(room: int) -> tuple[Getter, Putter, int]:
 
 
 def _record_field(name: str) -> tuple[Getter, Putter, int]:
-    return lambda data, at: unpack(name, data, at), lambda data, at, value: pack_into(name, data, at, value), size(name)
+    return reader(name), lambda data, at, value: pack_into(name, data, at, value), size(name)
 
 
 def _number_field(code: str, enumeration: str) -> tuple[Getter, Putter, int]:
     form, named = struct.Struct(code), to_named(enumeration) if enumeration else None
 
-    def get(data: bytes, at: int) -> Any:
+    def get(data: bytearray, at: int) -> Any:
         (value,) = form.unpack_from(data, at)
         return named(value) if named else value
 
@@ -79,7 +80,7 @@ def _number_field(code: str, enumeration: str) -> tuple[Getter, Putter, int]:
 
 
 def _repeated(get: Getter, put: Putter, count: int, step: int) -> tuple[Getter, Putter]:
-    def get_all(data: bytes, at: int) -> tuple[Any, ...]:
+    def get_all(data: bytearray, at: int) -> tuple[Any, ...]:
         return tuple(get(data, at + i * step) for i in range(count))
 
     def put_all(data: bytearray, at: int, values: Any) -> None:
@@ -111,9 +112,26 @@ def size(record: str) -> int:
     return places()[record]
 
 
-def unpack(record: str, data: bytes, at: int = 0) -> Any:
-    """A record from memory."""
-    return getattr(records, record)(*(get(data, at + offset) for _, offset, get, _ in _fields(record)))
+@cache
+def reader(record: str) -> Getter:
+    """What makes a record of memory."""
+    kind, numbers, fields = getattr(records, record), _numbers_of(record), _fields(record)
+    if numbers is not None:
+        unpack_from = numbers.unpack_from
+        return lambda data, at: kind(*unpack_from(data, at))
+    return lambda data, at: kind(*[get(data, at + offset) for _, offset, get, _ in fields])
+
+
+def _numbers_of(record: str) -> struct.Struct | None:
+    """All fields of a record at once where they are numbers without names."""
+    form, end = "=", 0
+    for c_name, _, code, count, named, _ in RECORDS[record]:
+        if code in ("s", "r") or count or named:
+            return None
+        offset = places()[f"{record}.{c_name}"]
+        form += f"{offset - end}x{code}"
+        end = offset + struct.calcsize(f"={code}")
+    return struct.Struct(form)
 
 
 def pack_into(record: str, data: bytearray, at: int, value: Any) -> None:

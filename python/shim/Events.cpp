@@ -51,8 +51,8 @@ void put(unsigned int kind, unsigned int id, const void* payload, unsigned int l
     if (all.notices.size() >= all.most) {
         all.notices.pop_front();
     }
-    all.notices.push_back(
-        {{++all.count, kind, id, length}, length == 0 ? std::vector<char>() : std::vector<char>(bytes, bytes + length)});
+    all.notices.push_back({{++all.count, kind, id, length},
+                           length == 0 ? std::vector<char>() : std::vector<char>(bytes, bytes + length)});
     if (all.notices.size() == 1) {
         ::eventfd_write(all.readable, 1);
     }

@@ -71,7 +71,7 @@ KELUTV_API void kelutv_python_events_begin(void);
  */
 KELUTV_API int kelutv_python_notice_take(kelutv_python_notice* head, void* payload, unsigned int room);
 
-/** How many have come since the queue began, taken or not; of these the oldest are lost while there is no place for more. */
+/** How many have come since the queue began, those that were lost included. */
 KELUTV_API unsigned long long kelutv_python_notice_count(void);
 
 /* end of what Python reads */

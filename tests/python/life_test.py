@@ -171,7 +171,8 @@ class LifeTest(WithTelevision):
         done = run_python(f"import runpy, sys; sys.argv[1:] = ['2']; runpy.run_path({str(COSTS)!r}, run_name='__main__')")
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual([line.split(" us ")[0].rsplit(maxsplit=1)[0] for line in done.stdout.splitlines()], [
-            "the C function, numbers", "in the process, numbers", "in the process, a record", "by a worker, numbers",
+            "the C function, numbers", "in the process, numbers", "the C function, a record", "in the process, a record",
+            "by a worker, numbers",
         ])
 
     def test_calls_release_the_interpreter(self) -> None:
