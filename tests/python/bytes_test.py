@@ -58,37 +58,38 @@ class BytesTest(unittest.TestCase):
         )
         self.assertEqual((done.returncode, done.stdout), (0, ""), done.stderr[-3000:])
 
+    def told_by(self, service: list[str], *before: str) -> list[str]:
+        """The lines that a service prints while that program calls all functions."""
+        with (self.folder / "printed").open("w+", encoding="utf-8") as printed:
+            process = subprocess.Popen(service, env=self.environment, stdout=subprocess.PIPE, text=True)
+            assert process.stdout is not None
+            with process.stdout:
+                self.assertIn("ready", process.stdout.readline())
+                reader = threading.Thread(target=shutil.copyfileobj, args=(process.stdout, printed))
+                reader.start()
+                try:
+                    self.call_everything(*before)
+                finally:
+                    process.terminate()
+                    process.wait(PATIENCE)
+                    reader.join(PATIENCE)
+            printed.seek(0)
+            return printed.read().splitlines()
+
     def sent(self) -> list[str]:
-        """Every request of that program, as the tool records it."""
+        """Every request to the simulated television, as the tool records it; the simulator tells of as many."""
         recording = self.folder / "recording.jsonl"
-        service = subprocess.Popen([os.environ["KELUTV_SERVICE"]], env=self.environment)
-        try:
-            self.call_everything(TOOL, "record", "-o", str(recording), "--")
-        finally:
-            service.kill()
-            service.wait()
+        printed = self.told_by([os.environ["KELUTV_SIMULATOR"], "--trace"], TOOL, "record", "-o", str(recording), "--")
         lines = [json.loads(line) for line in recording.read_text(encoding="utf-8").splitlines()]
-        return [line["request"] for line in lines if "request" in line]
+        sent = [line["request"] for line in lines if "request" in line]
+        self.assertEqual(sum(line.startswith("[") for line in printed), len(sent))
+        return sent
 
     def sent_elsewhere(self, program: str) -> list[str]:
         """The same as a service prints it that is found in a folder and gives the same answer to everything."""
         self.environment["FOREIGN_FOLDER"] = str(self.folder)
-        command = [program, "--answers", "00" * MOST_NUMBERS]
-        with (self.folder / "requests").open("w+", encoding="utf-8") as printed:
-            service = subprocess.Popen(command, env=self.environment, stdout=subprocess.PIPE, text=True)
-            assert service.stdout is not None
-            with service.stdout:
-                self.assertEqual(service.stdout.readline(), "ready\n")
-                reader = threading.Thread(target=shutil.copyfileobj, args=(service.stdout, printed))
-                reader.start()
-                try:
-                    self.call_everything()
-                finally:
-                    service.kill()
-                    service.wait()
-                    reader.join()
-            printed.seek(0)
-            return [line.split()[1] for line in printed if line.startswith("request ")]
+        printed = self.told_by([program, "--answers", "00" * MOST_NUMBERS])
+        return [line.split()[1] for line in printed if line.startswith("request ")]
 
     def test_every_function_sends_what_the_tool_says(self) -> None:
         foreign = os.environ.get("KELUTV_FOREIGN_SERVICE")

@@ -1,4 +1,4 @@
-"""Calls every function of the package once; a service that says nothing but yes answers."""
+"""Calls every function of the package once."""
 
 from __future__ import annotations
 
