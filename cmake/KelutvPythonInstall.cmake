@@ -15,7 +15,8 @@ foreach(part IN ITEMS kelutv kelutv_station pytest_kelutv)
         DESTINATION "${python_dir}"
         COMPONENT python
         FILES_MATCHING
-        REGEX "\\.pyi?$|/py\\.typed$")
+        REGEX "\\.pyi?$|/py\\.typed$"
+        PATTERN "__pycache__" EXCLUDE)
 endforeach()
 foreach(distribution IN ITEMS kelutv pytest_kelutv)
     install(

@@ -123,12 +123,12 @@ def reader(record: str) -> Getter:
 
 
 def _numbers_of(record: str) -> struct.Struct | None:
-    """All fields of a record at once where they are numbers without names."""
+    """All fields of a record at once where they are numbers without names, one behind the other."""
     form, end = "=", 0
     for c_name, _, code, count, named, _ in RECORDS[record]:
-        if code in ("s", "r") or count or named:
-            return None
         offset = places()[f"{record}.{c_name}"]
+        if code in ("s", "r") or count or named or offset < end:
+            return None
         form += f"{offset - end}x{code}"
         end = offset + struct.calcsize(f"={code}")
     return struct.Struct(form)
