@@ -7,7 +7,6 @@ import signal
 import sys
 from collections.abc import Sequence
 from dataclasses import replace
-from importlib.metadata import version
 from pathlib import Path
 
 from kelutv_station.connecting import connect
@@ -37,12 +36,22 @@ EPILOGUE = """exit codes:
 """
 
 
+class PrintVersion(argparse.Action):
+    """Prints the version, and ends."""
+
+    def __call__(self, parser: argparse.ArgumentParser, *_: object) -> None:
+        from importlib.metadata import version  # It takes a quarter of the time in which the program starts.
+
+        say(version("kelutv"), sys.stdout)
+        parser.exit()
+
+
 def parser() -> argparse.ArgumentParser:
     """The command line."""
     result = argparse.ArgumentParser(
         "kelutv-station", description="Tests televisions side by side, by a plan.", epilog=EPILOGUE,
         formatter_class=argparse.RawDescriptionHelpFormatter, allow_abbrev=False)
-    result.add_argument("--version", action="version", version=version("kelutv"))
+    result.add_argument("--version", action=PrintVersion, nargs=0, help="print the version")
     result.add_argument("plan", type=Path, metavar="PLAN", help="what is done with each unit: PLAN.toml, or PLAN.py with PLAN")
     result.add_argument(
         "--unit", action="append", default=[], metavar="SERIAL=DIRECTORY",
