@@ -5,7 +5,7 @@ from __future__ import annotations
 import math
 import operator
 import struct
-from collections.abc import Callable
+from collections.abc import Callable, Iterable
 from functools import partial
 from typing import Any
 
@@ -75,6 +75,16 @@ def _check_bounds(parameter: Parameter, value: Any) -> None:
         raise ValueError(f"{label} is {value}, {low} to {high} are allowed")
 
 
+def _refusal(row: Row, error: Exception, given: Iterable[tuple[Parameter, Any]]) -> Exception:
+    """What says of a call why it was not made: the first that is no number where one must be, else what was wrong."""
+    wrong = (
+        f"{parameter[0]}: {value!r} is no {'number' if parameter[2] == 'd' else 'whole number'}"
+        for parameter, value in given
+        if parameter[1] == "number" and not hasattr(value, "__float__" if parameter[2] == "d" else "__index__")
+    )
+    return of_kind(error, f"{row[1]}: {next(wrong, error)}")
+
+
 def _plain(row: Row) -> Call:
     """A call of numbers alone."""
     _, name, symbol, parameters, code, named, reply_size, minus_one_fails, _, _ = row
@@ -89,7 +99,7 @@ def _plain(row: Row) -> Call:
                 _check_bounds(parameter, arguments[index])
             result = function(*arguments)
         except (TypeError, OverflowError, ValueError) as error:
-            raise of_kind(error, f"{name}: {error}") from None
+            raise _refusal(row, error, zip(parameters, arguments)) from None
         if summary[0] != reply_size or not reply_size or (minus_one_fails and result == -1):
             check(row, result)
         return convert(result) if convert else None
@@ -137,12 +147,15 @@ def _giver(parameter: Parameter) -> Giver:
 
     def give(frame: Frame) -> None:
         value = frame.given[name]
-        if value is not None:
-            frame.add_memory(name, memory_of(value))
-        elif may_be_none:
+        if value is None and may_be_none:
             frame.foreign.append(ffi.NULL)
-        else:
-            raise TypeError(f"{name} must not be None")
+            return
+        try:
+            if value is None:
+                raise TypeError("must not be None")
+            frame.add_memory(name, memory_of(value))
+        except (TypeError, OverflowError, ValueError, AttributeError, struct.error) as error:
+            raise of_kind(error, f"{name}: {error}") from None
 
     return give
 
@@ -269,8 +282,8 @@ def _general(row: Row) -> Call:
                 giver(frame)
             thread.summary[0] = 0
             result = function(*frame.foreign)
-        except (TypeError, OverflowError, ValueError, struct.error) as error:
-            raise of_kind(error, f"{name}: {error}") from None
+        except (TypeError, OverflowError, ValueError) as error:
+            raise _refusal(row, error, zip(given, arguments)) from None
         if thread.summary[0] != reply_size or not reply_size or result == -1:
             check(row, result)
         values = [taker(frame) for taker in takers]

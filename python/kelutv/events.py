@@ -154,7 +154,7 @@ class Stream(Closing, Generic[Said], Iterator[Said]):
         self._end = 0.0
 
     def __repr__(self) -> str:
-        return f"<stream, {len(self._listener.waiting)} waiting, {self.dropped} dropped>"
+        return _described(self._listener)
 
 
 class AsyncStream(Generic[Said], AsyncIterator[Said]):
@@ -233,6 +233,13 @@ class AsyncStream(Generic[Said], AsyncIterator[Said]):
 
     async def __aexit__(self, *_: object) -> None:
         self.close()
+
+    def __repr__(self) -> str:
+        return _described(self._listener)
+
+
+def _described(listener: Listener) -> str:
+    return f"<stream, {len(listener.waiting)} waiting, {listener.dropped} dropped>"
 
 
 def _wake(stream: AsyncStream[Any] | None) -> None:

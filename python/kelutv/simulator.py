@@ -189,7 +189,7 @@ class _Running:
         self._process = subprocess.Popen(
             command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=messages, env=environment
         )
-        if _line_of(self._process, _START_SECONDS) != _READY:
+        if not _lines_of(self._process, _START_SECONDS).startswith(_READY):
             raise SimulatorError(f"the simulator did not start, exit code {_end(self._process, _END_SECONDS)}")
 
     def ask(self, line: str, environment: dict[str, str]) -> dict[str, Any]:
@@ -213,7 +213,7 @@ class _Running:
         try:
             control.stdin.write(f"{line}\n".encode())
             control.stdin.flush()
-            answer = _line_of(control, _ANSWER_SECONDS)
+            answer = _lines_of(control, _ANSWER_SECONDS)
         except BrokenPipeError:
             answer = b""
         if not answer:
@@ -231,8 +231,8 @@ class _Running:
             self._folder = None
 
 
-def _line_of(process: subprocess.Popen[bytes], seconds: float) -> bytes:
-    """The next line that a process prints; nothing when there is none in time or it has ended."""
+def _lines_of(process: subprocess.Popen[bytes], seconds: float) -> bytes:
+    """The next line that a process prints, and what it printed with it; nothing when there is none in time or it has ended."""
     assert process.stdout is not None
     poll = select.poll()
     poll.register(process.stdout, select.POLLIN)

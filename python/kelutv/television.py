@@ -181,7 +181,8 @@ class Television(Modules, Closing):
     def __repr__(self) -> str:
         place = f" in {self.runtime_dir}" if self.runtime_dir else ""
         held = "in this process" if self._local is not None else "by a worker"
-        return f"<Television{place} {held}>"
+        closed = ", closed" if self._remote is not None and self._remote.is_closed else ""
+        return f"<Television{place} {held}{closed}>"
 
 
 def _require_above_0(name: str, seconds: float) -> None:

@@ -183,6 +183,7 @@ class AsyncEventsTest(WithTelevision):
         async def take() -> list[int]:
             found = []
             stream = self.tv.events_async(timeout=PATIENCE)
+            self.assertEqual(repr(stream), "<stream, 0 waiting, 0 dropped>")
             self.simulator.event(OWN, b"\x01")
             self.simulator.event(OWN, b"\x02")
             async for event in stream:

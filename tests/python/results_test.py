@@ -11,6 +11,19 @@ from kelutv import enums, records
 
 
 class NumbersTest(WithTelevision):
+    def test_errors_name_the_argument(self) -> None:
+        for call, message in (
+            (lambda: self.tv.audio.set_volume(SPEAKER, "loud"), "audio.set_volume: vol: 'loud' is no whole number"),
+            (lambda: self.tv.audio.set_volume(SPEAKER, 1.5), "audio.set_volume: vol: 1.5 is no whole number"),
+            (lambda: self.tv.audio.set_nr_attr(None), "audio.set_nr_attr: stNRInfo: must not be None"),
+            (lambda: self.tv.audio.set_nr_attr(3), "audio.set_nr_attr: stNRInfo: 3 is no records.NRAttrData"),
+            (lambda: self.tv.factory.set_mac_address("02"), "factory.set_mac_address: pMacAddr: "),
+            (lambda: self.tv.eep.get_tv_flash_eep_multi(0x8A00, "x"), "eep.get_tv_flash_eep_multi: u32Len: 'x' is no"),
+        ):
+            with self.assertRaises((TypeError, ValueError)) as raised:
+                call()
+            self.assertTrue(str(raised.exception).startswith(message), str(raised.exception))
+
     def test_a_value_that_was_set_is_read(self) -> None:
         self.assertIsNone(self.tv.audio.set_volume(SPEAKER, 35))
         self.assertEqual(self.tv.audio.get_volume(SPEAKER), 35)
@@ -165,6 +178,8 @@ class HelpTest(unittest.TestCase):
         self.assertEqual(repr(tv), "<Television in /somewhere by a worker>")
         self.assertEqual(repr(tv.audio), "<functions of the module audio>")
         self.assertEqual(repr(tv.within(2)), "<<Television in /somewhere by a worker> within 2 s>")
+        tv.close()
+        self.assertEqual(repr(tv), "<Television in /somewhere by a worker, closed>")
 
 
 if __name__ == "__main__":

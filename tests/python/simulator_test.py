@@ -3,8 +3,10 @@
 from __future__ import annotations
 
 import json
+import os
 import tempfile
 import unittest
+import unittest.mock
 from pathlib import Path
 
 from package import PATIENCE, QUIET, SPEAKER, WithTelevision, kelutv
@@ -63,6 +65,15 @@ class LifeOfASimulatorTest(unittest.TestCase):
             for _ in range(3):
                 with self.assertRaisesRegex(kelutv.SimulatorError, "faults: no simulator answers|no simulator"):
                     simulator.do("faults")
+
+    def test_a_simulator_that_says_more_at_once(self) -> None:
+        with tempfile.TemporaryDirectory() as folder:
+            program = Path(folder) / "kelutv-simulator"
+            program.write_text("#!/bin/sh\nprintf 'kelutv-simulator: ready (TVBaseService)\\nscenario: ended\\n'\n")
+            program.chmod(0o755)
+            with unittest.mock.patch.dict(os.environ, KELUTV_SIMULATOR=str(program)):
+                with kelutv.Simulator(messages=QUIET) as simulator:
+                    self.assertEqual(simulator.wait(PATIENCE), 0)
 
     def test_a_scenario_to_its_end(self) -> None:
         with tempfile.TemporaryDirectory() as folder:
