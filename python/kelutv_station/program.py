@@ -92,6 +92,8 @@ def _run(options: argparse.Namespace) -> int:
         contents = f"{counted(len(plan.steps), 'step')}, {counted(len(plan.units), 'unit')}"
         say(f"{plan.place}: {contents}; nothing is wrong", sys.stdout)
         return PASSED
+    if options.html and not options.html.absolute().parent.is_dir():
+        raise PlanError(f"--html {options.html}: there is no directory {options.html.parent}")
     with_screen = has_terminal() and not options.lines
     _require_operator(ready.plan, with_screen)
     output = options.output or Path(f"{options.plan.stem}.run")

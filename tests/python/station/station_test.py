@@ -119,6 +119,10 @@ class Lines(Fixture):
         code, output = run.go()
         self.assertEqual((code, run.journal.exists()), (2, False))
         self.assertIn("line.py: step 6 'burn': factory.setMacAddress is dangerous", output)
+        run = self.run_of(LINE, {"A1": television}, "page")
+        code, output = run.go("--html", "nowhere/page.html")
+        self.assertEqual((code, run.journal.exists()), (2, False))
+        self.assertIn("--html nowhere/page.html: there is no directory nowhere", output)
         television.end()
         self.assertEqual(television.count("CMD_"), 0)
 
