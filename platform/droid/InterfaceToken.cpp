@@ -1,5 +1,6 @@
 #include "InterfaceToken.h"
 
+#include "ParcelRoom.h"
 #include "Utf.h"
 
 #include <android/log.h>
@@ -30,12 +31,15 @@ struct Name {
     size_t length = 0;
 };
 
-int headersOf(BinderLevel level) { return 1 + numberOf(level) - numberOf(BinderLevel::k28); }
+/** The size of the words that a token of the level begins with: one, and one more with each level. */
+constexpr size_t sizeOfHeaders(BinderLevel level) {
+    return sizeof(int32_t) * static_cast<size_t>(1 + numberOf(level) - numberOf(BinderLevel::k28));
+}
 
 /** The name in a token of the level at `start`; null when none of its form stands there. */
 Name nameIn(const Parcel& request, size_t start, BinderLevel level) {
     request.setDataPosition(start);
-    const size_t size = static_cast<size_t>(headersOf(level)) * sizeof(int32_t);
+    const size_t size = sizeOfHeaders(level);
     const auto* const headers = static_cast<const uint8_t*>(request.readInplace(size));
     if (headers == nullptr) {
         return {};
@@ -86,14 +90,22 @@ void refuse(const Name& name, BinderLevel level, const std::string& wanted) {
 } // namespace
 
 status_t writeInterfaceToken(Parcel* request, BinderLevel level, const String16& interface) {
-    status_t status = request->writeInt32(IPCThreadState::self()->getStrictModePolicy() | kStrictModePenaltyGather);
-    if (status == NO_ERROR && level != BinderLevel::k28) {
-        status = request->writeInt32(kNoWorkSource);
+    const int32_t policy = IPCThreadState::self()->getStrictModePolicy() | kStrictModePenaltyGather;
+    const size_t headers = sizeOfHeaders(level);
+    const size_t size = headers + stringSize(interface.size());
+    if (!request->makeRoom(size)) {
+        return NO_MEMORY;
     }
-    if (status == NO_ERROR && level == BinderLevel::k30) {
-        status = request->writeInt32(kSystemHeader);
+    uint8_t* const place = request->advance(size);
+    std::memcpy(place, &policy, sizeof(policy));
+    if (level != BinderLevel::k28) {
+        std::memcpy(place + sizeof(policy), &kNoWorkSource, sizeof(kNoWorkSource));
     }
-    return status == NO_ERROR ? request->writeString16(interface) : status;
+    if (level == BinderLevel::k30) {
+        std::memcpy(place + headers - sizeof(kSystemHeader), &kSystemHeader, sizeof(kSystemHeader));
+    }
+    putString(place + headers, interface.string(), interface.size());
+    return NO_ERROR;
 }
 
 InterfaceToken readInterfaceToken(const Parcel& request, const String16& wanted) {

@@ -2,6 +2,7 @@
 
 #include "InterfaceToken.h"
 #include "ParcelObjects.h"
+#include "ParcelRoom.h"
 
 #include <algorithm>
 #include <cstring>
@@ -12,10 +13,6 @@ namespace android {
 namespace {
 
 static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "words travel in little-endian order");
-
-constexpr size_t kLargest = INT32_MAX;
-
-constexpr size_t padded(size_t length) { return (length + 3) & ~size_t{3}; }
 
 /** Copies `length` bytes to where there is room for them in whole words, and zeros behind them. */
 void copyPadded(uint8_t* place, const void* bytes, size_t length) {
@@ -31,10 +28,10 @@ void copyPadded(uint8_t* place, const void* bytes, size_t length) {
 
 /** Room for `capacity` bytes in all, more than there is now; false when there is none to be had. */
 [[gnu::cold]] bool Parcel::reserve(size_t capacity) {
-    if (capacity > kLargest) {
+    if (capacity > kLargestParcel) {
         return false;
     }
-    const size_t larger = std::min(std::max({capacity, mSize, mCapacity + mCapacity / 2}), kLargest);
+    const size_t larger = std::min(std::max({capacity, mSize, mCapacity + mCapacity / 2}), kLargestParcel);
     auto* const moved = static_cast<uint8_t*>(::operator new(larger, std::nothrow));
     if (moved == nullptr) {
         return false;
@@ -59,9 +56,23 @@ void copyPadded(uint8_t* place, const void* bytes, size_t length) {
 Parcel::Parcel() noexcept {}
 
 Parcel::~Parcel() {
+    if (holdsMore()) {
+        dropAll();
+    }
+}
+
+/** Whether there is anything that is to be given back. */
+inline bool Parcel::holdsMore() const { return mData != mInline || mObjects != nullptr; }
+
+/** Gives back all that is not the parcel's own, which is empty then. */
+[[gnu::cold, gnu::noinline]] void Parcel::dropAll() {
+    mSize = 0;
+    mPosition = 0;
     if (mData != mInline) {
         dropStorage();
+        useInlineStorage();
     }
+    mObjects.reset();
 }
 
 void Parcel::useInlineStorage() {
@@ -82,31 +93,25 @@ void Parcel::dropStorage() {
 void Parcel::freeData() {
     mSize = 0;
     mPosition = 0;
-    if (mData != mInline) {
-        dropStorage();
-        useInlineStorage();
-    }
-    if (mObjects != nullptr) {
-        mObjects.reset();
+    if (holdsMore()) {
+        dropAll();
     }
 }
 
 void Parcel::setDataPosition(size_t position) const { mPosition = std::min(position, mSize); }
 
-/** Room for `length` more bytes at the position, in whole words; null when there is none to be had. */
-inline uint8_t* Parcel::grow(size_t length) {
-    const size_t end = mPosition + padded(length);
-    if (length > kLargest || (end > mCapacity && !reserve(end))) {
-        return nullptr;
+status_t Parcel::setData(const uint8_t* buffer, size_t length) {
+    if (length == 0 || length > mCapacity || mObjects != nullptr) {
+        return replaceData(buffer, length);
     }
-    uint8_t* const place = mData + mPosition;
-    mPosition = end;
-    mSize = std::max(mSize, end);
-    return place;
+    mSize = length;
+    mPosition = 0;
+    std::memmove(mData, buffer, length);
+    return NO_ERROR;
 }
 
-status_t Parcel::setData(const uint8_t* buffer, size_t length) {
-    if (length > kLargest) {
+[[gnu::noinline]] status_t Parcel::replaceData(const uint8_t* buffer, size_t length) {
+    if (length > kLargestParcel) {
         return BAD_VALUE;
     }
     // First, since what stands here stays when there is no memory for the new.
@@ -131,17 +136,12 @@ status_t Parcel::appendFrom(const Parcel* parcel, size_t start, size_t length) {
     if (start > parcel->mSize || length > parcel->mSize - start) {
         return BAD_VALUE;
     }
-    uint8_t* const place = grow(length);
-    if (place == nullptr) {
+    if (!makeRoom(length)) {
         return NO_MEMORY;
     }
     // Only now, since a parcel that is appended to itself has moved.
-    copyPadded(place, parcel->mData + start, length);
+    copyPadded(advance(length), parcel->mData + start, length);
     return NO_ERROR;
-}
-
-status_t Parcel::writeInterfaceToken(const String16& interface) {
-    return android::writeInterfaceToken(this, binderLevel(), interface);
 }
 
 bool Parcel::enforceInterface(const String16& interface, IPCThreadState*) const {
@@ -150,26 +150,30 @@ bool Parcel::enforceInterface(const String16& interface, IPCThreadState*) const 
 
 // Not put into those that write a word, which then save no registers for it.
 [[gnu::noinline]] status_t Parcel::write(const void* bytes, size_t length) {
-    if (length > kLargest) {
+    if (length == 0 || length > kLargestParcel || padded(length) != length || mPosition + length > mCapacity) {
+        return writePadded(bytes, length);
+    }
+    std::memmove(advance(length), bytes, length);
+    return NO_ERROR;
+}
+
+[[gnu::noinline]] status_t Parcel::writePadded(const void* bytes, size_t length) {
+    if (length > kLargestParcel) {
         return BAD_VALUE;
     }
-    uint8_t* const place = grow(length);
-    if (place == nullptr) {
+    if (!makeRoom(length)) {
         return NO_MEMORY;
     }
-    copyPadded(place, bytes, length);
+    copyPadded(advance(length), bytes, length);
     return NO_ERROR;
 }
 
 template <typename T> status_t Parcel::writeScalar(T value) {
-    const size_t end = mPosition + sizeof(value);
-    if (end > mCapacity) {
+    if (mPosition + sizeof(value) > mCapacity) {
         const T written = value;
         return write(&written, sizeof(written));
     }
-    std::memcpy(mData + mPosition, &value, sizeof(value));
-    mPosition = end;
-    mSize = std::max(mSize, end);
+    std::memcpy(advance(sizeof(value)), &value, sizeof(value));
     return NO_ERROR;
 }
 
@@ -188,21 +192,19 @@ status_t Parcel::writeString16(const char16_t* text, size_t length) {
     if (text == nullptr) {
         return writeInt32(-1);
     }
-    if (length >= kLargest / sizeof(char16_t)) {
+    if (length >= kLargestParcel / sizeof(char16_t)) {
         return BAD_VALUE;
     }
-    const auto units = static_cast<int32_t>(length);
-    const size_t bytes = padded((length + 1) * sizeof(char16_t));
-    uint8_t* const place = grow(sizeof(units) + bytes);
-    if (place == nullptr) {
+    const size_t size = stringSize(length);
+    if (!makeRoom(size)) {
         return NO_MEMORY;
     }
-    uint8_t* const units16 = place + sizeof(units);
-    // The terminator and the padding are in the last word, which the text may begin.
-    std::memset(units16 + bytes - sizeof(int32_t), 0, sizeof(int32_t));
-    std::memcpy(place, &units, sizeof(units));
-    std::memcpy(units16, text, length * sizeof(char16_t));
+    putString(advance(size), text, length);
     return NO_ERROR;
+}
+
+status_t Parcel::writeInterfaceToken(const String16& interface) {
+    return android::writeInterfaceToken(this, binderLevel(), interface);
 }
 
 const void* Parcel::readInplace(size_t length) const {

@@ -9,6 +9,7 @@
 
 namespace android {
 
+enum class BinderLevel;
 class IPCThreadState;
 class ParcelObjects;
 
@@ -76,6 +77,7 @@ public:
 private:
     friend class ParcelObjects;
     friend class ReceivedParcel;
+    friend status_t writeInterfaceToken(Parcel* request, BinderLevel level, const String16& interface);
 
     /** Gives back memory that is not the parcel's own. */
     using Release = void (*)(void* owner, const uint8_t* data);
@@ -83,10 +85,15 @@ private:
     // Holds any request of the int-shaped commands, so that those allocate nothing.
     static constexpr size_t kInlineCapacity = 256;
 
-    uint8_t* grow(size_t length);
+    bool makeRoom(size_t length);
+    uint8_t* advance(size_t length);
     bool reserve(size_t capacity);
+    bool holdsMore() const;
+    void dropAll();
     void dropStorage();
     void useInlineStorage();
+    status_t replaceData(const uint8_t* buffer, size_t length);
+    status_t writePadded(const void* bytes, size_t length);
     template <typename T> status_t writeScalar(T value);
     template <typename T> status_t readScalar(T* value) const;
 
