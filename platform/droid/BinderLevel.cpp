@@ -2,7 +2,6 @@
 
 #include <android/log.h>
 
-#include <atomic>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -19,7 +18,7 @@ std::string variable() {
 }
 
 /** What the environment says; empty when it names no level. */
-[[gnu::cold, gnu::noinline]] std::optional<BinderLevel> asked() {
+std::optional<BinderLevel> asked() {
     const std::string text = variable();
     if (text.empty()) {
         return kDefault;
@@ -32,21 +31,20 @@ std::string variable() {
     return std::nullopt;
 }
 
-/** Says so once: a line of the log may itself lead to a request. */
-[[gnu::cold, gnu::noinline]] BinderLevel defaultInPlaceOfWrong() {
-    static std::atomic<bool> told{false};
-    if (!told.exchange(true)) {
+} // namespace
+
+std::atomic<BinderLevel> gKnownBinderLevel{};
+
+[[gnu::cold, gnu::noinline]] BinderLevel findBinderLevel() {
+    const std::optional<BinderLevel> level = asked();
+    BinderLevel none{};
+    const bool first = gKnownBinderLevel.compare_exchange_strong(none, level.value_or(kDefault));
+    // Once, and only when it is known: a line of the log may itself lead to a request.
+    if (first && !level) {
         __android_log_print(ANDROID_LOG_WARN, "kqdroid", "KQDROID_BINDER_LEVEL is \"%s\", not 28, 29 or 30; taking %d",
                             variable().c_str(), numberOf(kDefault));
     }
-    return kDefault;
-}
-
-} // namespace
-
-BinderLevel binderLevel() {
-    static const std::optional<BinderLevel> level = asked();
-    return level ? *level : defaultInPlaceOfWrong();
+    return level.value_or(kDefault);
 }
 
 } // namespace android

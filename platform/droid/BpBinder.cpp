@@ -32,10 +32,14 @@ status_t BpBinder::pingBinder() {
     return transact(PING_TRANSACTION, request, &reply, 0);
 }
 
+[[gnu::noinline]] status_t BpBinder::transactUnanswered(uint32_t code, const Parcel& data, uint32_t flags) {
+    Parcel unwanted;
+    return transact(code, data, &unwanted, flags);
+}
+
 status_t BpBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
     if (reply == nullptr) {
-        Parcel unwanted;
-        return transact(code, data, &unwanted, flags);
+        return transactUnanswered(code, data, flags);
     }
     reply->freeData();
     if (kq::inForkedChild()) {

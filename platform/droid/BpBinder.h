@@ -36,6 +36,7 @@ private:
 
     ~BpBinder() override;
 
+    status_t transactUnanswered(uint32_t code, const Parcel& data, uint32_t flags);
     bool addLink(const DeathLink& link, status_t* status);
     status_t watchObject();
     void watchAsked(status_t status, const DeathLink& link);

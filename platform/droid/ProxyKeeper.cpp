@@ -4,7 +4,6 @@
 
 #include <binder/Binder.h>
 
-#include <atomic>
 #include <cstdlib>
 #include <mutex>
 #include <set>
@@ -39,8 +38,6 @@ void registerExitHandler() {
     static_cast<void>(registered);
 }
 
-std::atomic<bool> gArmed{false};
-
 } // namespace
 
 void ProxyKeeper::add(BpRefBase* proxy) {
@@ -59,14 +56,14 @@ void ProxyKeeper::remove(BpRefBase* proxy) {
     proxies().all.erase(proxy);
 }
 
-void ProxyKeeper::arm() {
+std::atomic<bool> ProxyKeeper::sArmed{false};
+
+[[gnu::cold]] void ProxyKeeper::armNow() {
     // Exit handlers run last in, first out: the first call comes after the static object that holds the proxy was made,
     // so the handlers run before that object is destroyed.
-    if (!gArmed.load(std::memory_order_relaxed)) {
-        registerExitHandler();
-        kq::DeliveryGate::instance().arm();
-        gArmed.store(true, std::memory_order_relaxed);
-    }
+    registerExitHandler();
+    kq::DeliveryGate::instance().arm();
+    sArmed.store(true, std::memory_order_relaxed);
 }
 
 } // namespace android

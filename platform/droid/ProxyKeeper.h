@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+
 namespace android {
 
 class BpRefBase;
@@ -16,7 +18,16 @@ public:
     static void remove(BpRefBase* proxy);
 
     /** Called with each call, also one that is refused; the first one registers what is done at exit. */
-    static void arm();
+    static void arm() {
+        if (!sArmed.load(std::memory_order_relaxed)) {
+            armNow();
+        }
+    }
+
+private:
+    static void armNow();
+
+    [[gnu::visibility("hidden")]] static std::atomic<bool> sArmed;
 };
 
 } // namespace android

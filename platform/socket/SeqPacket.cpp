@@ -107,6 +107,25 @@ Peer peerOf(int socket) {
     return {credentials.pid, credentials.uid};
 }
 
+[[gnu::cold]] bool sendPacketAgain(int socket, const void* bytes, size_t length, int flags) {
+    ssize_t sent = -1;
+    while (sent < 0 && errno == EINTR) {
+        sent = ::send(socket, bytes, length, MSG_NOSIGNAL | flags);
+    }
+    return sent >= 0;
+}
+
+[[gnu::cold]] ssize_t receivePacketAgain(int socket, void* buffer, size_t capacity, int flags) {
+    // A peer that closed with something unread is told first, and once, as a reset.
+    bool reset = false;
+    ssize_t received = -1;
+    while (received < 0 && (errno == EINTR || (errno == ECONNRESET && !reset))) {
+        reset = reset || errno == ECONNRESET;
+        received = ::recv(socket, buffer, capacity, MSG_TRUNC | flags);
+    }
+    return received;
+}
+
 bool sendPacket(int socket, const iovec* pieces, size_t count, int flags) {
     msghdr message{};
     message.msg_iov = const_cast<iovec*>(pieces);

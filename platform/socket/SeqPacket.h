@@ -6,7 +6,6 @@
 #include <sys/types.h>
 #include <sys/uio.h>
 
-#include <cerrno>
 #include <cstddef>
 #include <string>
 
@@ -46,14 +45,14 @@ bool isStale(const std::string& path);
 /** The peer of a connected socket. */
 Peer peerOf(int socket);
 
+/** What is left of sendPacket() and receivePacket() after a first attempt that failed, with the reason in errno. */
+bool sendPacketAgain(int socket, const void* bytes, size_t length, int flags);
+ssize_t receivePacketAgain(int socket, void* buffer, size_t capacity, int flags);
+
 /** Sends one packet, with `flags` of send(2); false, with the reason in errno, when the peer is gone or does not take
  * it. */
 inline bool sendPacket(int socket, const void* bytes, size_t length, int flags = 0) {
-    ssize_t sent = 0;
-    do {
-        sent = ::send(socket, bytes, length, MSG_NOSIGNAL | flags);
-    } while (sent < 0 && errno == EINTR);
-    return sent >= 0;
+    return ::send(socket, bytes, length, MSG_NOSIGNAL | flags) >= 0 || sendPacketAgain(socket, bytes, length, flags);
 }
 
 /** The same for one packet made of `count` pieces. */
@@ -64,16 +63,8 @@ bool sendPacket(int socket, const iovec* pieces, size_t count, int flags = 0);
  * fit. What the peer sent before it closed the connection comes before the word of that.
  */
 inline ssize_t receivePacket(int socket, void* buffer, size_t capacity, int flags) {
-    // A peer that closed with something unread is told first, and once, as a reset.
-    bool reset = false;
-    for (;;) {
-        const ssize_t received = ::recv(socket, buffer, capacity, MSG_TRUNC | flags);
-        const bool again = received < 0 && (errno == EINTR || (errno == ECONNRESET && !reset));
-        if (!again) {
-            return received;
-        }
-        reset = reset || errno == ECONNRESET;
-    }
+    const ssize_t received = ::recv(socket, buffer, capacity, MSG_TRUNC | flags);
+    return received >= 0 ? received : receivePacketAgain(socket, buffer, capacity, flags);
 }
 
 /** Receives one packet: its length, 0 when the peer is gone, `capacity` + 1 or more when it did not fit. */
