@@ -60,7 +60,7 @@ bool transact(MessageStream& stream, const MessageHead& request, const sp<BBinde
 
 bool answerLarge(MessageStream& stream, const MessageHead& request, const sp<BBinder>& object) {
     const LargeBytes memory(request.size);
-    const Received received = memory.free() ? stream.receiveRest(request) : Received::NoMemory;
+    const Received received = memory.free() ? stream.receiveRest(request.size) : Received::NoMemory;
     if (received == Received::Late || received == Received::NoMemory) {
         return refuse(stream, request, FAILED_TRANSACTION, false);
     }

@@ -34,7 +34,7 @@ bool ClientConnection::setPatience(std::chrono::milliseconds patience) {
            ::setsockopt(mSocket.get(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof(time)) == 0;
 }
 
-status_t ClientConnection::fail(status_t status) {
+[[gnu::cold]] status_t ClientConnection::fail(status_t status) {
     mUsable = false;
     return status;
 }
@@ -60,14 +60,6 @@ status_t ClientConnection::greet(bool wait) {
     return mGreeted ? NO_ERROR : fail(greeting.status);
 }
 
-status_t ClientConnection::call(uint32_t code, uint32_t flags, const Parcel& data, Parcel* reply) {
-    status_t status = send(code, flags, data);
-    if (status == NO_ERROR && !mGreeted) {
-        status = greet(true);
-    }
-    return status == NO_ERROR ? receive(reply) : status;
-}
-
 /** A service that refuses says so before it closes the connection. */
 status_t ClientConnection::whyNotTaken(int error) {
     if (error != EPIPE && error != ECONNRESET) {
@@ -82,25 +74,16 @@ status_t ClientConnection::whyNotTaken(int error) {
                                                                        : static_cast<status_t>(DEAD_OBJECT);
 }
 
-inline status_t ClientConnection::receive(Parcel* reply) {
-    MessageHead head{};
-    switch (mStream.receive(&head)) {
-    case Received::Message:
-        break;
+/** After something else than the answer. */
+status_t ClientConnection::whyNotAnswered(Received received) {
+    switch (received) {
     case Received::Gone:
-        return fail(DEAD_OBJECT);
+        return DEAD_OBJECT;
     case Received::NoMemory:
-        return fail(NO_MEMORY);
+        return NO_MEMORY;
     default:
-        return fail(FAILED_TRANSACTION);
+        return FAILED_TRANSACTION;
     }
-    if (head.number != mNumber) {
-        return fail(FAILED_TRANSACTION);
-    }
-    mUsable = (head.flags & kLastAnswer) == 0;
-    const status_t status = head.status == NO_ERROR ? reply->setData(mStream.body(), head.size) : head.status;
-    mStream.dropLarge();
-    return status;
 }
 
 } // namespace android

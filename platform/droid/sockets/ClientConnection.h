@@ -22,7 +22,13 @@ public:
     /** Takes the service's greeting unless it was taken: NO_ERROR, or why this connection cannot be used. */
     status_t greet(bool wait);
     /** One call and its answer; any status but the service's own leaves a connection that is of no more use. */
-    status_t call(uint32_t code, uint32_t flags, const Parcel& data, Parcel* reply);
+    status_t call(uint32_t code, uint32_t flags, const Parcel& data, Parcel* reply) {
+        status_t status = send(code, flags, data);
+        if (status == NO_ERROR && !mGreeted) {
+            status = greet(true);
+        }
+        return status == NO_ERROR ? receive(reply) : status;
+    }
     /** One one-way call. */
     status_t send(uint32_t code, uint32_t flags, const Parcel& data) {
         const MessageHead head{static_cast<uint32_t>(data.dataSize()), code, flags, NO_ERROR, ++mNumber};
@@ -34,7 +40,17 @@ public:
 private:
     ClientConnection(kq::UniqueFd socket, std::shared_ptr<LifeLine> line, std::unique_ptr<MessageBuffer> buffer);
 
-    status_t receive(Parcel* reply);
+    status_t receive(Parcel* reply) {
+        MessageHead head{};
+        if (const Received received = mStream.receive(&head); received != Received::Message || head.number != mNumber) {
+            return fail(whyNotAnswered(received));
+        }
+        mUsable = (head.flags & kLastAnswer) == 0;
+        const status_t status = head.status == NO_ERROR ? reply->setData(mStream.body(), head.size) : head.status;
+        mStream.dropLarge();
+        return status;
+    }
+    static status_t whyNotAnswered(Received received);
     status_t whyNotTaken(int error);
     status_t fail(status_t status);
 

@@ -93,9 +93,10 @@ status_t SocketObject::connect(std::chrono::milliseconds patience, std::unique_p
     return status;
 }
 
-inline std::unique_ptr<ClientConnection> SocketObject::takeIdle(size_t own) {
-    for (size_t i = 0; i < mIdle.size(); ++i) {
-        std::atomic<ClientConnection*>& place = mIdle[(own + i) % mIdle.size()];
+/** A connection that another thread used last; null for none. */
+std::unique_ptr<ClientConnection> SocketObject::takeOther(size_t own) {
+    for (size_t i = 1; i < mIdle.size(); ++i) {
+        std::atomic<ClientConnection*>& place = placeOf(own + i);
         if (place.load(std::memory_order_relaxed) == nullptr) {
             continue;
         }
@@ -106,14 +107,27 @@ inline std::unique_ptr<ClientConnection> SocketObject::takeIdle(size_t own) {
     return nullptr;
 }
 
-inline void SocketObject::giveBack(std::unique_ptr<ClientConnection> connection, size_t own) {
-    for (size_t i = 0; i < mIdle.size(); ++i) {
-        ClientConnection* none = nullptr;
-        if (mIdle[(own + i) % mIdle.size()].compare_exchange_strong(none, connection.get(), std::memory_order_release,
-                                                                    std::memory_order_relaxed)) {
-            static_cast<void>(connection.release());
-            return;
-        }
+/** A connection for a thread that has none; null, with the reason in `status`, when there is none to be had. */
+std::unique_ptr<ClientConnection> SocketObject::takeOrConnect(size_t own, status_t* status) {
+    std::unique_ptr<ClientConnection> connection = takeOther(own);
+    if (connection == nullptr) {
+        *status = connect(kNoBound, &connection);
+    }
+    return connection;
+}
+
+inline bool SocketObject::giveBackTo(size_t number, std::unique_ptr<ClientConnection>& connection) {
+    ClientConnection* none = nullptr;
+    const bool given = placeOf(number).compare_exchange_strong(none, connection.get(), std::memory_order_release,
+                                                               std::memory_order_relaxed);
+    if (given) {
+        static_cast<void>(connection.release());
+    }
+    return given;
+}
+
+void SocketObject::giveBackElsewhere(size_t own, std::unique_ptr<ClientConnection> connection) {
+    for (size_t i = 1; i < mIdle.size() && !giveBackTo(own + i, connection); ++i) {
     }
 }
 
@@ -122,15 +136,17 @@ status_t SocketObject::transact(uint32_t code, const Parcel& data, Parcel* reply
         return sendOneWay(code, flags, data);
     }
     const size_t own = threadNumber();
-    std::unique_ptr<ClientConnection> connection = takeIdle(own);
+    std::unique_ptr<ClientConnection> connection(placeOf(own).exchange(nullptr, std::memory_order_acquire));
     if (connection == nullptr) {
-        if (const status_t status = connect(kNoBound, &connection); status != NO_ERROR) {
-            return status;
+        status_t failure = NO_ERROR;
+        connection = takeOrConnect(own, &failure);
+        if (connection == nullptr) {
+            return failure;
         }
     }
     const status_t status = connection->call(code, flags, data, reply);
-    if (connection->usable()) {
-        giveBack(std::move(connection), own);
+    if (connection->usable() && !giveBackTo(own, connection)) {
+        giveBackElsewhere(own, std::move(connection));
     }
     return status;
 }

@@ -31,9 +31,12 @@ public:
     status_t watch(std::function<void()> onDeath) override;
 
 private:
+    std::atomic<ClientConnection*>& placeOf(size_t thread) { return mIdle[thread % mIdle.size()]; }
     // `own` is the calling thread's number.
-    std::unique_ptr<ClientConnection> takeIdle(size_t own);
-    void giveBack(std::unique_ptr<ClientConnection> connection, size_t own);
+    std::unique_ptr<ClientConnection> takeOther(size_t own);
+    std::unique_ptr<ClientConnection> takeOrConnect(size_t own, status_t* status);
+    bool giveBackTo(size_t number, std::unique_ptr<ClientConnection>& connection);
+    void giveBackElsewhere(size_t own, std::unique_ptr<ClientConnection> connection);
     status_t connect(std::chrono::milliseconds patience, std::unique_ptr<ClientConnection>* connection);
     status_t whyNotConnected(int error);
     bool beginOneWay();

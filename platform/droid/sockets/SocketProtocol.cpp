@@ -17,8 +17,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr size_t kHeadSize = sizeof(MessageHead);
-
 /** After an empty packet or the end of the connection, which look the same: whether more may come. */
 bool stands(int socket) {
     char byte = 0;
@@ -48,14 +46,15 @@ bool MessageStream::sendHead(const MessageHead& head) {
     return kq::sendPacket(mSocket, &head, sizeof(head), MSG_DONTWAIT);
 }
 
-bool MessageStream::sendInPieces(const MessageHead& head, const uint8_t* bytes) {
-    size_t sent = std::min<size_t>(head.size, MessageBuffer::kPacketBody);
-    const iovec first[] = {{const_cast<MessageHead*>(&head), kHeadSize}, {const_cast<uint8_t*>(bytes), sent}};
+/** The message that begins with the head that stands ready. */
+bool MessageStream::sendInPieces(const uint8_t* bytes, size_t size) {
+    size_t sent = std::min(size, MessageBuffer::kPacketBody);
+    const iovec first[] = {{&mSmall.head, sizeof(mSmall.head)}, {const_cast<uint8_t*>(bytes), sent}};
     if (!kq::sendPacket(mSocket, first, 2)) {
         return false;
     }
-    while (sent < head.size) {
-        const size_t next = std::min(head.size - sent, MessageBuffer::kPacketBody);
+    while (sent < size) {
+        const size_t next = std::min(size - sent, MessageBuffer::kPacketBody);
         if (!kq::sendPacket(mSocket, bytes + sent, next)) {
             return false;
         }
@@ -64,29 +63,21 @@ bool MessageStream::sendInPieces(const MessageHead& head, const uint8_t* bytes) 
     return true;
 }
 
-/** Looks at the packet that was received; `length` is what receivePacket() gave. */
-Received MessageStream::takeStart(ssize_t length, MessageHead* head) {
+/** What a packet is that has no head, or none at all; `length` is what receivePacket() gave. */
+[[gnu::cold]] Received MessageStream::whatElseCame(ssize_t length) const {
     if (length < 0) {
         return errno == EAGAIN ? Received::Nothing : Received::Gone;
     }
-    if (length == 0) {
-        return stands(mSocket) ? Received::Malformed : Received::Gone;
-    }
-    if (static_cast<size_t>(length) < kHeadSize || static_cast<size_t>(length) > mBuffer.mPacket.size()) {
-        return Received::Malformed;
-    }
-    std::memcpy(head, mBuffer.mPacket.data(), kHeadSize);
-    mReceived = static_cast<size_t>(length) - kHeadSize;
-    if (head->size > kMaxTransaction || mReceived > head->size) {
-        return Received::Malformed;
-    }
-    mBody = mBuffer.mPacket.data() + kHeadSize;
-    return mReceived == head->size ? Received::Message : Received::Start;
+    return length == 0 && !stands(mSocket) ? Received::Gone : Received::Malformed;
 }
 
-Received MessageStream::receiveRest(const MessageHead& head) {
+/** What a packet is with another number of bytes than its message. */
+Received MessageStream::incomplete(size_t size) const {
+    return size > kMaxTransaction || mReceived > size ? Received::Malformed : Received::Start;
+}
+
+Received MessageStream::receiveRest(size_t size) {
     const Clock::time_point deadline = Clock::now() + kMessagePatience;
-    const size_t size = head.size;
     mBuffer.mLarge.reset(new (std::nothrow) uint8_t[size]);
     if (mBuffer.mLarge == nullptr) {
         return Received::NoMemory;

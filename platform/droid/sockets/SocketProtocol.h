@@ -26,6 +26,12 @@ struct MessageHead {
     uint32_t number;
 };
 
+/** A message in one packet. */
+template <size_t capacity> struct Packet {
+    MessageHead head;
+    std::array<uint8_t, capacity> body;
+};
+
 /** In the flags of an answer: the server closes the connection after it. */
 constexpr uint32_t kLastAnswer = 0x8000'0000;
 
@@ -41,7 +47,7 @@ private:
     // Well below the send buffer that the kernel gives an ordinary user.
     static constexpr size_t kPacketBody = 64 * 1024;
 
-    std::array<uint8_t, sizeof(MessageHead) + kPacketBody> mPacket;
+    Packet<kPacketBody> mPacket;
     std::unique_ptr<uint8_t[]> mLarge;
 };
 
@@ -69,12 +75,12 @@ public:
         if (kq::inForkedChild()) {
             return refuseToSend();
         }
-        if (sizeof(head) + head.size > mSmall.size()) {
-            return sendInPieces(head, body.data());
+        mSmall.head = head;
+        if (head.size > mSmall.body.size()) {
+            return sendInPieces(body.data(), head.size);
         }
-        std::memcpy(mSmall.data(), &head, sizeof(head));
-        std::memcpy(mSmall.data() + sizeof(head), body.data(), head.size);
-        return kq::sendPacket(mSocket, mSmall.data(), sizeof(head) + head.size);
+        std::memcpy(mSmall.body.data(), body.data(), head.size);
+        return kq::sendPacket(mSocket, &mSmall, sizeof(head) + head.size);
     }
     /** A message without a body; does not wait. */
     bool sendHead(const MessageHead& head);
@@ -84,14 +90,14 @@ public:
         if (kq::inForkedChild()) {
             return Received::Gone;
         }
-        return takeStart(kq::receivePacket(mSocket, mBuffer.mPacket.data(), mBuffer.mPacket.size(), flags), head);
+        return takeStart(kq::receivePacket(mSocket, &mBuffer.mPacket, sizeof(mBuffer.mPacket), flags), head);
     }
-    /** The rest of a message that has started: Message, Gone, Malformed, Late or NoMemory. */
-    Received receiveRest(const MessageHead& head);
+    /** The rest of a message of `size` bytes that has started: Message, Gone, Malformed, Late or NoMemory. */
+    Received receiveRest(size_t size);
     /** A whole message. */
     Received receive(MessageHead* head) {
         const Received start = receiveStart(head, 0);
-        return start == Received::Start ? receiveRest(*head) : start;
+        return start == Received::Start ? receiveRest(head->size) : start;
     }
     /** Gives back the memory that a large message took. */
     void dropLarge() { mBuffer.mLarge.reset(); }
@@ -101,13 +107,25 @@ public:
 
 private:
     static bool refuseToSend();
-    Received takeStart(ssize_t length, MessageHead* head);
-    bool sendInPieces(const MessageHead& head, const uint8_t* bytes);
+    /** Looks at the packet that was received; `length` is what receivePacket() gave. */
+    Received takeStart(ssize_t length, MessageHead* head) {
+        mReceived = static_cast<size_t>(length) - sizeof(*head);
+        // Neither a failure nor too short or too long.
+        if (mReceived > mBuffer.mPacket.body.size()) {
+            return whatElseCame(length);
+        }
+        *head = mBuffer.mPacket.head;
+        mBody = mBuffer.mPacket.body.data();
+        return mReceived == head->size ? Received::Message : incomplete(head->size);
+    }
+    Received whatElseCame(ssize_t length) const;
+    Received incomplete(size_t size) const;
+    bool sendInPieces(const uint8_t* bytes, size_t size);
 
     const int mSocket;
     MessageBuffer& mBuffer;
     // Most messages are small; putting one together costs less than having the kernel gather it.
-    std::array<uint8_t, 1024> mSmall;
+    Packet<1024> mSmall;
     size_t mReceived = 0;
     const uint8_t* mBody = nullptr;
 };
