@@ -13,18 +13,28 @@ const String16& BBinder::getInterfaceDescriptor() const {
     return *none;
 }
 
-status_t BBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
+namespace {
+
+[[gnu::noinline]] status_t transactUnanswered(BBinder& binder, uint32_t code, const Parcel& data, uint32_t flags) {
     Parcel unwanted;
-    Parcel* const answer = reply != nullptr || (flags & FLAG_ONEWAY) != 0 ? reply : &unwanted;
-    data.setDataPosition(0);
-    if (answer != nullptr) {
-        answer->freeData();
+    return binder.transact(code, data, &unwanted, flags);
+}
+
+} // namespace
+
+status_t BBinder::transact(uint32_t code, const Parcel& data, Parcel* reply, uint32_t flags) {
+    if (reply == nullptr && (flags & FLAG_ONEWAY) == 0) {
+        return transactUnanswered(*this, code, data, flags);
     }
-    const status_t status = code == PING_TRANSACTION ? pingBinder() : onTransact(code, data, answer, flags);
-    if (answer != nullptr && status == NO_ERROR) {
-        answer->setDataPosition(0);
-    } else if (answer != nullptr) {
-        answer->freeData();
+    data.setDataPosition(0);
+    if (reply != nullptr) {
+        reply->freeData();
+    }
+    const status_t status = code == PING_TRANSACTION ? pingBinder() : onTransact(code, data, reply, flags);
+    if (reply != nullptr && status == NO_ERROR) {
+        reply->setDataPosition(0);
+    } else if (reply != nullptr) {
+        reply->freeData();
     }
     return status;
 }

@@ -6,7 +6,6 @@
 #include <android/log.h>
 #include <binder/IPCThreadState.h>
 
-#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdio>
@@ -36,6 +35,12 @@ constexpr size_t sizeOfHeaders(BinderLevel level) {
     return sizeof(int32_t) * static_cast<size_t>(1 + numberOf(level) - numberOf(BinderLevel::k28));
 }
 
+int32_t wordAt(const uint8_t* place) {
+    int32_t word = 0;
+    std::memcpy(&word, place, sizeof(word));
+    return word;
+}
+
 /** The name in a token of the level at `start`; null when none of its form stands there. */
 Name nameIn(const Parcel& request, size_t start, BinderLevel level) {
     request.setDataPosition(start);
@@ -44,9 +49,7 @@ Name nameIn(const Parcel& request, size_t start, BinderLevel level) {
     if (headers == nullptr) {
         return {};
     }
-    int32_t last = 0;
-    std::memcpy(&last, headers + size - sizeof(last), sizeof(last));
-    if (level == BinderLevel::k30 && last != kSystemHeader) {
+    if (level == BinderLevel::k30 && wordAt(headers + size - sizeof(int32_t)) != kSystemHeader) {
         return {};
     }
     Name name;
@@ -54,9 +57,22 @@ Name nameIn(const Parcel& request, size_t start, BinderLevel level) {
     return name;
 }
 
-bool isName(const Name& name, const String16& wanted) {
-    return name.text != nullptr && name.length == wanted.size() &&
-           std::equal(name.text, name.text + name.length, wanted.string());
+/** Whether a token of the level that names the interface stands at the position, which is behind it then. */
+bool takeToken(const Parcel& request, BinderLevel level, const String16& wanted) {
+    const size_t headers = sizeOfHeaders(level);
+    const size_t size = headers + stringSize(wanted.size());
+    if (request.dataAvail() < size) {
+        return false;
+    }
+    const uint8_t* const start = request.data() + request.dataPosition();
+    const uint8_t* const name = start + headers;
+    if (wordAt(name) != static_cast<int32_t>(wanted.size()) ||
+        (level == BinderLevel::k30 && wordAt(name - sizeof(int32_t)) != kSystemHeader) ||
+        std::memcmp(name + sizeof(int32_t), wanted.string(), wanted.size() * sizeof(char16_t)) != 0) {
+        return false;
+    }
+    request.setDataPosition(request.dataPosition() + size);
+    return true;
 }
 
 bool hasForm(const Name& name) { return name.text != nullptr && name.text[name.length] == 0; }
@@ -87,6 +103,29 @@ void refuse(const Name& name, BinderLevel level, const std::string& wanted) {
                         numberOf(level), printable(name.text, name.length).c_str(), wanted.c_str());
 }
 
+/** What stands at the position, of whatever level, where the token of this process's level does not. */
+[[gnu::cold, gnu::noinline]] InterfaceToken readOtherToken(const Parcel& request, const String16& wanted) {
+    const size_t start = request.dataPosition();
+    for (const BinderLevel level : kByParticularity) {
+        if (takeToken(request, level, wanted)) {
+            tellOfOther(level);
+            return {level, true};
+        }
+    }
+    const std::string shown = printable(wanted.string(), wanted.size());
+    for (const BinderLevel level : kByParticularity) {
+        if (const Name name = nameIn(request, start, level); hasForm(name)) {
+            refuse(name, level, shown);
+            return {level, false};
+        }
+    }
+    __android_log_print(
+        ANDROID_LOG_WARN, kTag,
+        "request begins with%s, which is no token of binder level 28, 29 or 30, and not with that of \"%s\"",
+        firstWords(request, start).c_str(), shown.c_str());
+    return {std::nullopt, false};
+}
+
 } // namespace
 
 status_t writeInterfaceToken(Parcel* request, BinderLevel level, const String16& interface) {
@@ -109,25 +148,8 @@ status_t writeInterfaceToken(Parcel* request, BinderLevel level, const String16&
 }
 
 InterfaceToken readInterfaceToken(const Parcel& request, const String16& wanted) {
-    const size_t start = request.dataPosition();
-    for (const BinderLevel level : kByParticularity) {
-        if (isName(nameIn(request, start, level), wanted)) {
-            tellOfOther(level);
-            return {level, true};
-        }
-    }
-    const std::string shown = printable(wanted.string(), wanted.size());
-    for (const BinderLevel level : kByParticularity) {
-        if (const Name name = nameIn(request, start, level); hasForm(name)) {
-            refuse(name, level, shown);
-            return {level, false};
-        }
-    }
-    __android_log_print(
-        ANDROID_LOG_WARN, kTag,
-        "request begins with%s, which is no token of binder level 28, 29 or 30, and not with that of \"%s\"",
-        firstWords(request, start).c_str(), shown.c_str());
-    return {std::nullopt, false};
+    const BinderLevel own = binderLevel();
+    return takeToken(request, own, wanted) ? InterfaceToken{own, true} : readOtherToken(request, wanted);
 }
 
 } // namespace android

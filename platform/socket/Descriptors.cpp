@@ -102,11 +102,7 @@ bool watchForks() {
     return seeForks();
 }
 
-void endForkedChild() {
-    if (inForkedChild()) {
-        ::_exit(EXIT_SUCCESS);
-    }
-}
+[[gnu::cold]] void endProcessQuietly() { ::_exit(EXIT_SUCCESS); }
 
 OpeningScope::OpeningScope() {
     gDescriptors.mutex.lock();

@@ -18,11 +18,17 @@ bool watchForks();
  */
 inline bool inForkedChild() { return gForkedChild.load(std::memory_order_relaxed); }
 
+[[noreturn]] void endProcessQuietly();
+
 /**
  * Ends the process, quietly and at once, when it is a forked child. To be called by threads of the runtime when they
  * come back from the program's code, which may have forked: what they would go on with belongs to the parent.
  */
-void endForkedChild();
+inline void endForkedChild() {
+    if (inForkedChild()) {
+        endProcessQuietly();
+    }
+}
 
 /**
  * While one is there, no other thread forks, so that no descriptor is between its opening and its registration when a

@@ -1,6 +1,5 @@
 #include "CallAnswer.h"
 
-#include "Limits.h"
 #include "droid/ReceivedParcel.h"
 #include "droid/Transport.h"
 #include "socket/Descriptors.h"
@@ -74,18 +73,7 @@ bool answerLarge(MessageStream& stream, const MessageHead& request, const sp<BBi
 
 } // namespace
 
-CallSlot::CallSlot(std::atomic<size_t>& all, std::atomic<size_t>& ofPeer)
-    : mAll(all), mOfPeer(ofPeer),
-      mFree(static_cast<int>(all.fetch_add(1, std::memory_order_relaxed) < kMostCalls) +
-                static_cast<int>(ofPeer.fetch_add(1, std::memory_order_relaxed) < kMostCallsOfAPeer) ==
-            2) {}
-
-CallSlot::~CallSlot() {
-    mAll.fetch_sub(1, std::memory_order_relaxed);
-    mOfPeer.fetch_sub(1, std::memory_order_relaxed);
-}
-
-bool answerCall(MessageStream& stream, Received received, MessageHead request, const CallSlot& slot,
+bool answerCall(MessageStream& stream, Received received, const MessageHead& request, const CallSlot& slot,
                 const sp<BBinder>& object) {
     if (received != Received::Message && received != Received::Start) {
         return false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Limits.h"
 #include "SocketProtocol.h"
 
 #include <binder/Binder.h>
@@ -12,8 +13,15 @@ namespace android {
 class CallSlot {
 public:
     /** Counts of all calls and of those of the caller's process. */
-    CallSlot(std::atomic<size_t>& all, std::atomic<size_t>& ofPeer);
-    ~CallSlot();
+    CallSlot(std::atomic<size_t>& all, std::atomic<size_t>& ofPeer)
+        : mAll(all), mOfPeer(ofPeer),
+          mFree(static_cast<int>(all.fetch_add(1, std::memory_order_relaxed) < kMostCalls) +
+                    static_cast<int>(ofPeer.fetch_add(1, std::memory_order_relaxed) < kMostCallsOfAPeer) ==
+                2) {}
+    ~CallSlot() {
+        mAll.fetch_sub(1, std::memory_order_relaxed);
+        mOfPeer.fetch_sub(1, std::memory_order_relaxed);
+    }
     CallSlot(const CallSlot&) = delete;
     CallSlot& operator=(const CallSlot&) = delete;
 
@@ -31,7 +39,7 @@ private:
  *
  * @return false when the connection is of no more use
  */
-bool answerCall(MessageStream& stream, Received received, MessageHead request, const CallSlot& slot,
+bool answerCall(MessageStream& stream, Received received, const MessageHead& request, const CallSlot& slot,
                 const sp<BBinder>& object);
 
 /** Refuses the call that has come in on a connection, without waiting. @return as answerCall */
