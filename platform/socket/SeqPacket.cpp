@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -105,6 +106,13 @@ Peer peerOf(int socket) {
         return {0, static_cast<uid_t>(-1)};
     }
     return {credentials.pid, credentials.uid};
+}
+
+bool limitReceiving(int socket, std::chrono::microseconds time) {
+    constexpr auto kMicroseconds = std::chrono::microseconds::period::den;
+    const timeval limit{static_cast<time_t>(time.count() / kMicroseconds),
+                        static_cast<suseconds_t>(time.count() % kMicroseconds)};
+    return ::setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof(limit)) == 0;
 }
 
 [[gnu::cold]] bool sendPacketAgain(int socket, const void* bytes, size_t length, int flags) {

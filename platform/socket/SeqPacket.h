@@ -6,6 +6,7 @@
 #include <sys/types.h>
 #include <sys/uio.h>
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 
@@ -41,6 +42,9 @@ UniqueFd acceptFrom(int listener, Peer* peer, Waiting waiting = Waiting::Allowed
 /** True when the entry at `path` has nobody listening any more. */
 bool isStale(const std::string& path);
 /** @} */
+
+/** How long a receive from a socket may wait; 0 is for as long as it takes. */
+bool limitReceiving(int socket, std::chrono::microseconds time);
 
 /** The peer of a connected socket. */
 Peer peerOf(int socket);

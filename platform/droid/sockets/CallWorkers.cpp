@@ -114,9 +114,10 @@ CallWorkers::Connection CallWorkers::takeUnserved() {
 CallWorkers::Connection CallWorkers::next() {
     std::unique_lock<std::mutex> lock(mMutex);
     while (mQueue.size() == 0) {
-        if (mThreads == 1) {
+        if (freeThreads() == 1) {
             mCame.wait(lock);
-        } else if (mCame.wait_for(lock, kIdleThread) == std::cv_status::timeout && mQueue.size() == 0 && mThreads > 1) {
+        } else if (mCame.wait_for(lock, kIdleThread) == std::cv_status::timeout && mQueue.size() == 0 &&
+                   freeThreads() > 1) {
             --mThreads;
             --mIdle;
             return nullptr;
@@ -136,25 +137,73 @@ void CallWorkers::run(MessageBuffer& buffer) {
     }
 }
 
-/** Answers what comes in on a connection until nothing does for a while. */
-void CallWorkers::attend(Connection connection, MessageBuffer& buffer) {
-    const CallerIdentity identity(connection->caller);
-    MessageStream stream(connection->socket.get(), buffer);
-    for (;;) {
+/** Counts the calling thread as one that stays; false when it may not, or no other would be there for other calls. */
+bool CallWorkers::keepThread() {
+    bool last = false;
+    {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        if (mKept >= kMostKeptThreads) {
+            return false;
+        }
+        ++mKept;
+        last = freeThreads() == 0;
+    }
+    if (last && (!claimThread() || add() != 0)) {
+        releaseThread();
+        return false;
+    }
+    return true;
+}
+
+void CallWorkers::releaseThread() {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    --mKept;
+}
+
+// What a wait with a limit costs the kernel is 3 per cent of a call.
+void CallWorkers::Stay::begin() {
+    mBegun = mWorkers.keepThread();
+    if (mBegun) {
+        kq::limitReceiving(mSocket, std::chrono::microseconds::zero());
+    }
+}
+
+CallWorkers::Stay::~Stay() {
+    if (mBegun) {
+        kq::limitReceiving(mSocket, kLinger);
+        mWorkers.releaseThread();
+    }
+}
+
+/** Answers what comes in on a connection until nothing does for a while; false when it is of no more use. */
+bool CallWorkers::answerCalls(const ServerConnection& connection, MessageBuffer& buffer) {
+    const CallerIdentity identity(connection.caller);
+    const int socket = connection.socket.get();
+    MessageStream stream(socket, buffer);
+    Stay stay(*this, socket);
+    for (size_t calls = 1;; ++calls) {
         MessageHead request{};
         const Received received = stream.receiveStart(&request, 0);
         if (received == Received::Nothing) {
-            break;
+            return true;
         }
-        CallSlot slot(mCalls, connection->place->peer().calls);
-        if (!answerCall(stream, received, request, slot, connection->object)) {
-            return;
+        CallSlot slot(mCalls, connection.place->peer().calls);
+        if (!answerCall(stream, received, request, slot, connection.object)) {
+            return false;
         }
         if (starved()) {
-            break;
+            return true;
+        }
+        if (calls == kCallsToKeepThread) {
+            stay.begin();
         }
     }
-    mPark(std::move(connection));
+}
+
+void CallWorkers::attend(Connection connection, MessageBuffer& buffer) {
+    if (answerCalls(*connection, buffer)) {
+        mPark(std::move(connection));
+    }
 }
 
 } // namespace android

@@ -42,6 +42,22 @@ private:
         size_t mSize = 0;
     };
 
+    /** A thread that waits on its connection for as long as it takes, once it was asked to and may. */
+    class Stay {
+    public:
+        Stay(CallWorkers& workers, int socket) : mWorkers(workers), mSocket(socket) {}
+        ~Stay();
+        Stay(const Stay&) = delete;
+        Stay& operator=(const Stay&) = delete;
+
+        void begin();
+
+    private:
+        CallWorkers& mWorkers;
+        const int mSocket;
+        bool mBegun = false;
+    };
+
     int add();
     bool claimThread();
     void lostThread();
@@ -49,13 +65,18 @@ private:
     void run(MessageBuffer& buffer);
     Connection next();
     void attend(Connection connection, MessageBuffer& buffer);
-    bool answer(MessageStream& stream, const MessageHead& request, ServerConnection& connection);
+    bool answerCalls(const ServerConnection& connection, MessageBuffer& buffer);
+    bool keepThread();
+    void releaseThread();
+    size_t freeThreads() const { return mThreads - mKept; }
 
     const std::function<void(Connection)> mPark;
     std::mutex mMutex;
     std::condition_variable mCame;
     Queue mQueue;
     size_t mThreads = 0;
+    // Of these, those that stay on their connections.
+    size_t mKept = 0;
     // Those that wait for a connection, and those that have still to begin.
     size_t mIdle = 0;
     std::atomic<bool> mStarved{false};

@@ -18,6 +18,11 @@ constexpr size_t kMostLargeBytes = 64 * 1024 * 1024;
 constexpr std::chrono::milliseconds kThreadPatience{100};
 /** How long a thread waits for the next call on the connection that it has just served. */
 constexpr std::chrono::milliseconds kLinger{20};
+/** With so many calls, one upon the other, a connection gets a thread that waits for the next one for as long as it
+ * takes. */
+constexpr size_t kCallsToKeepThread = 100;
+/** The most threads that wait so. */
+constexpr size_t kMostKeptThreads = 4;
 /** How long a thread without a connection stays; one always does. */
 constexpr std::chrono::milliseconds kIdleThread{200};
 /** How long the rest of a message may be on its way. */

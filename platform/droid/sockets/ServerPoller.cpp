@@ -12,7 +12,6 @@
 #include <sys/epoll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <sys/time.h>
 
 #include <array>
 #include <cerrno>
@@ -40,11 +39,6 @@ kq::UniqueFd newSpare() {
 bool greet(int socket, status_t status) {
     const Greeting greeting = greetingOfProcess(status);
     return kq::sendPacket(socket, &greeting, sizeof(greeting), MSG_DONTWAIT);
-}
-
-bool lingerOn(int socket) {
-    const timeval time{0, std::chrono::microseconds(kLinger).count()};
-    return ::setsockopt(socket, SOL_SOCKET, SO_RCVTIMEO, &time, sizeof(time)) == 0;
 }
 
 bool hasEnded(int socket) {
@@ -184,7 +178,7 @@ void ServerPoller::accept(const ServerListener& listener, kq::UniqueFd socket, c
     connection->caller = caller;
     connection->place = std::move(place);
     connection->object = mPublished(listener.entry);
-    if (greet(connection->socket.get(), NO_ERROR) && lingerOn(connection->socket.get())) {
+    if (greet(connection->socket.get(), NO_ERROR) && kq::limitReceiving(connection->socket.get(), kLinger)) {
         park(std::move(connection));
     }
 }

@@ -56,6 +56,17 @@ protected:
         return clients;
     }
 
+    /** As many calls as a thread is kept after; all are sent first, so that there is no pause. */
+    static void useConstantly(const kq::UniqueFd& client) {
+        constexpr int kCalls = 100;
+        for (int calls = 0; calls < kCalls; ++calls) {
+            ASSERT_TRUE(sendRaw(client, head(0, kEcho)));
+        }
+        for (int calls = 0; calls < kCalls; ++calls) {
+            ASSERT_EQ(receiveRaw(client), head(0, kEcho));
+        }
+    }
+
 private:
     rlimit mBefore{};
 };
@@ -108,6 +119,26 @@ TEST_F(IdleClients, takeLittleMemoryAndNoThreadOfTheService) {
     if (!kq::kSanitized) {
         EXPECT_LT(leastGrowth, kPageKiB * static_cast<long>(kClients));
     }
+}
+
+TEST_F(IdleClients, keepAThreadAfterConstantUseFourOfThem) {
+    const Peer peer;
+    const sp<IBinder> binder = peer.binder();
+    ASSERT_EQ(call(binder, kEcho).status, NO_ERROR);
+    const ProcessCounts before = settledCountsOf(peer.pid());
+    {
+        const std::vector<kq::UniqueFd> clients = answeredClients(6);
+        // A pause that a busy computer makes is one in the use, too.
+        EXPECT_TRUE(eventually([&] {
+            for (const kq::UniqueFd& client : clients) {
+                useConstantly(client);
+            }
+            return settledCountsOf(peer.pid()) == ProcessCounts{before.descriptors + 6, before.threads + 4};
+        })) << countsOf(peer.pid());
+        EXPECT_EQ(call(binder, kEcho, replyOf({7})).bytes, replyOf({7}));
+    }
+    EXPECT_TRUE(fallsTo(before, peer.pid())) << countsOf(peer.pid()) << ", not " << before;
+    EXPECT_EQ(call(binder, kEcho, replyOf({7})).bytes, replyOf({7}));
 }
 
 TEST_F(IdleClients, thatHaveGoneLeaveNothing) {

@@ -62,5 +62,18 @@ TEST_F(ThreadShortage, callWithoutAThreadIsRefusedAndNobodyDies) {
     EXPECT_TRUE(binder->isBinderAlive());
 }
 
+TEST_F(ThreadShortage, connectionInConstantUseKeepsNoThreadThatOthersNeed) {
+    ChildProcess starved({kPeerProgram, "serve", "starved"}, threads(2));
+    ASSERT_TRUE(starved.output().waitFor(kPeerReady));
+    const sp<IBinder> busy = service("starved");
+    const sp<IBinder> other = service("starved");
+    ASSERT_NE(busy, nullptr);
+    ASSERT_NE(other, nullptr);
+    for (int calls = 0; calls < 1000; ++calls) {
+        ASSERT_EQ(call(busy, kEcho, replyOf({calls})).bytes, replyOf({calls}));
+    }
+    EXPECT_EQ(call(other, kEcho, replyOf({7})).bytes, replyOf({7}));
+}
+
 } // namespace
 } // namespace kelutv::test
