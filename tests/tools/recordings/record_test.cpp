@@ -567,6 +567,8 @@ TEST(Record, aRunThatCannotBeginLeavesTheFileAlone) {
         EXPECT_NE(run.error.find(each.error), std::string::npos) << run.error;
         EXPECT_EQ(contentOf(folders.file()), "what was recorded before\n");
     }
+    EXPECT_EQ(runTool({"record", "-o", "/dev/full", "--", "true"}, folders.environment()).error,
+              "kelutv: cannot write the recording: No space left on device\n");
     EXPECT_TRUE(folders.areLeftEmpty());
 }
 

@@ -119,8 +119,10 @@ RecordingFile::Written RecordingFile::append(const std::string& text) {
     for (std::size_t written = 0; written < text.size();) {
         const ssize_t length = ::write(mFd, text.data() + written, text.size() - written);
         if (length < 0 && errno != EINTR) {
+            const int reason = errno;
             // What a pipe has taken stays with its reader.
             [[maybe_unused]] const int ignored = ::ftruncate(mFd, static_cast<off_t>(mSize));
+            errno = reason;
             return Written::Failed;
         }
         written += length > 0 ? static_cast<std::size_t>(length) : 0;
