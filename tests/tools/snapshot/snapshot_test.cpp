@@ -135,6 +135,22 @@ TEST_F(Snapshots, areRestoredWithPatternsThatMeanWhatCanBePutBackAlone) {
         << dangerous.error;
 }
 
+/** As an unset variable of a script gives it. */
+TEST_F(Snapshots, refuseAnEmptyPattern) {
+    writeSome("some.json", {{"audio.soundMode", Json::array({0})}});
+    const std::string some = file("some.json");
+    for (const std::vector<std::string>& words :
+         std::vector<std::vector<std::string>>{{"snapshot", "diff", some, some, "--ignore", ""},
+                                               {"snapshot", "restore", some, "--dry-run", "--only", ""},
+                                               {"snapshot", "restore", some, "--dry-run", "--allow-dangerous", ""}}) {
+        const ToolRun run = runTool(words);
+        EXPECT_EQ(run.exit, 2) << run.output;
+        EXPECT_NE(run.error.find(words[words.size() - 2] + " takes the name of a state or a pattern, not ''"),
+                  std::string::npos)
+            << run.error;
+    }
+}
+
 TEST_F(Snapshots, refuseOptionsOfTheCommandAboveThatWouldDoNothing) {
     writeSome("some.json", {{"audio.soundMode", Json::array({0})}});
     for (const std::vector<std::string>& words :

@@ -41,8 +41,16 @@ bool isMeant(const std::string& state, const std::vector<std::string>& patterns)
     });
 }
 
+void refuseEmpty(const std::string& option, const std::vector<std::string>& patterns) {
+    if (std::any_of(patterns.begin(), patterns.end(), [](const std::string& pattern) { return pattern.empty(); })) {
+        throw UsageError(option + " takes the name of a state or a pattern, not ''; '*' means all");
+    }
+}
+
 Chosen chosenFrom(const Snapshot& snapshot, const std::vector<std::string>& only,
                   const std::vector<std::string>& dangerous) {
+    refuseEmpty("--only", only);
+    refuseEmpty("--allow-dangerous", dangerous);
     const States settable = statesThat(snapshot.held, [](const HeldState& held) { return !settersOf(held).empty(); });
     requireMatches("--only: no state of the file that can be put back matches", only, settable);
     requireMatches("--allow-dangerous: no dangerous state of the file that can be put back matches", dangerous,

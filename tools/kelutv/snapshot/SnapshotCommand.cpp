@@ -70,6 +70,7 @@ Exit showDifference(const SnapshotOptions& options, const Output& output) {
     if (options.limit) {
         throw UsageError("--limit goes with 'kelutv snapshot' and its 'restore', not with 'diff', which asks nothing");
     }
+    refuseEmpty("--ignore", options.ignored);
     const Snapshot first = snapshotIn(options.first);
     const Snapshot second = snapshotIn(options.second);
     const SnapshotComparison comparison = compare(first, second, [&options](const HeldState& held) {
