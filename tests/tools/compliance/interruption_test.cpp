@@ -60,8 +60,8 @@ protected:
         std::vector<std::string> words{"--quiet", "compliance", "--keep", journal()};
         const std::vector<std::string> checks =
             isLong() ? std::vector<std::string>{"state", "*.range.*", "events.audio.*"}
-                     : std::vector<std::string>{"state.sourcemanager.*", "state.audio.setVolume*", "refusal.audio.*.range.*",
-                                                "events.audio.setInputVolume.*"};
+                     : std::vector<std::string>{"state.sourcemanager.*", "state.audio.setVolume*",
+                                                "refusal.audio.*.range.*", "events.audio.setInputVolume.*"};
         words.insert(words.end(), checks.begin(), checks.end());
         return words;
     }
