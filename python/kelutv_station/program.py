@@ -6,10 +6,12 @@ import argparse
 import signal
 import sys
 from collections.abc import Sequence
+from contextlib import closing
 from dataclasses import replace
 from pathlib import Path
 
 from kelutv_station.connecting import connect
+from kelutv_station.conversation import Conversation
 from kelutv_station.plan.checking import ReadyPlan, ready_plan
 from kelutv_station.plan.interface import Interface
 from kelutv_station.plan.plan import Plan, PlanError, Unit, asks_operator
@@ -87,7 +89,8 @@ def _complain(error: object, code: int) -> int:
 def _run(options: argparse.Namespace) -> int:
     plan = with_units(read_plan(options.plan), options.unit)
     tool = Tool()
-    ready = ready_plan(plan, Interface(tool))
+    with closing(Conversation(tool)) as conversation:
+        ready = ready_plan(plan, Interface(conversation))
     if options.check:
         contents = f"{counted(len(plan.steps), 'step')}, {counted(len(plan.units), 'unit')}"
         say(f"{plan.place}: {contents}; nothing is wrong", sys.stdout)

@@ -28,7 +28,7 @@ class Tool:
     """Runs `kelutv`, or the program that KELUTV_TOOL names."""
 
     def __init__(self, program: str | None = None) -> None:
-        self._program = program or os.environ.get("KELUTV_TOOL") or "kelutv"
+        self.program = program or os.environ.get("KELUTV_TOOL") or "kelutv"
 
     def run(
         self, *words: str, environment: Mapping[str, str] | None = None, patience: float = PATIENCE,
@@ -38,24 +38,29 @@ class Tool:
 
         Raises ToolError when there is no tool, it complains, ends with an exit code that is not allowed, or not in time.
         """
-        command = [self._program, "--json", *words]
+        command = [self.program, "--json", *words]
         try:
             ended = subprocess.run(
                 command, env={**os.environ, **(environment or {})}, stdin=subprocess.DEVNULL, capture_output=True,
                 text=True, errors="replace", timeout=patience, check=False,
                 start_new_session=True)
         except OSError as error:
-            raise ToolError(f"cannot run {self._program}: {error.strerror}") from error
+            raise cannot_run(self.program, error) from error
         except subprocess.TimeoutExpired as error:
-            raise ToolError(f"{self._program} {words[0]} has not ended after {patience:g} s") from error
+            raise ToolError(f"{self.program} {words[0]} has not ended after {patience:g} s") from error
         complaint = _complaint(ended.stderr)
         if complaint is not None:
             raise ToolError(complaint)
         if ended.returncode < 0:
-            raise ToolError(f"{self._program} {words[0]} was ended by signal {-ended.returncode}")
+            raise ToolError(f"{self.program} {words[0]} was ended by signal {-ended.returncode}")
         if ended.returncode not in allowed:
-            raise ToolError(f"{self._program} {words[0]}: exit code {ended.returncode}: {ended.stderr.strip()[-500:]}")
+            raise ToolError(f"{self.program} {words[0]}: exit code {ended.returncode}: {ended.stderr.strip()[-500:]}")
         return Answer(_documents(ended.stdout.splitlines()), ended.returncode)
+
+
+def cannot_run(program: str, error: OSError) -> ToolError:
+    """What is said when a program cannot be started."""
+    return ToolError(f"cannot run {program}: {error.strerror}")
 
 
 def _documents(lines: Sequence[str]) -> list[Any]:

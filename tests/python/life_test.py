@@ -8,7 +8,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from package import LONG, PATIENCE, QUIET, SPEAKER, WithTelevision, kelutv, run_python
+from package import LONG, PATIENCE, PATIENCE_WITH_PROGRAMS, QUIET, SPEAKER, WithTelevision, kelutv, run_python
 
 COSTS = Path(__file__).resolve().parents[2] / "bench/programs/python_calls.py"
 CALLS = 10_000 if LONG else 1_000
@@ -30,7 +30,7 @@ def rounds(count):
         tv.factory.get_panel_id()
         tv.hdmicec.get_device_list_info()
         if number % 50 == 0:
-            with tv.events(timeout=20) as more:
+            with tv.events(timeout=patience) as more:
                 tv.audio.set_volume(0, 2)
                 next(more)
     # A change more for each stream.
@@ -41,10 +41,10 @@ def rounds(count):
         next(events)
         taken += 1
 
-in_process, calls = sys.argv[1] == "in_process", int(sys.argv[2])
+in_process, calls, patience = sys.argv[1] == "in_process", int(sys.argv[2]), float(sys.argv[3])
 tv = kelutv.Television(in_process=in_process, messages=None if in_process else -3)
 tv.audio.set_volume(0, 50)
-events = tv.events(timeout=60)
+events = tv.events(timeout=patience)
 rounds(calls // 4)
 gc.collect()
 before = held()
@@ -87,7 +87,7 @@ print("done")
 
 class LifeTest(WithTelevision):
     def wear(self, kind: str) -> None:
-        done = run_python(WEAR, kind, str(CALLS), runtime_dir=self.simulator.runtime_dir)
+        done = run_python(WEAR, kind, str(CALLS), str(PATIENCE_WITH_PROGRAMS), runtime_dir=self.simulator.runtime_dir)
         self.assertEqual(done.returncode, 0, done.stderr)
         descriptors, threads, kilobytes = map(int, done.stdout.split())
         self.assertEqual((descriptors, threads), (0, 0))

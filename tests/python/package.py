@@ -18,6 +18,7 @@ from support.television import own_environment  # noqa: E402
 
 PATIENCE = 20.0
 LONG = os.environ.get("KELUTV_TORTURE") == "long"
+PATIENCE_WITH_PROGRAMS = PATIENCE * (30 if LONG else 3)
 QUIET = subprocess.DEVNULL
 SPEAKER = kelutv.enums.KELU_TV_AUDIO_CHANNEL_E.SPEAKER
 
@@ -32,8 +33,8 @@ def run_python(code: str, *arguments: str, runtime_dir: object = "", options: tu
     """Runs a program in Python against the service of a runtime directory."""
     return subprocess.run(
         [sys.executable, "-B", *options, "-c", code, *arguments],
-        env=child_environment(KQDROID_RUNTIME_DIR=str(runtime_dir)), capture_output=True, text=True, timeout=PATIENCE * 3,
-        check=False,
+        env=child_environment(KQDROID_RUNTIME_DIR=str(runtime_dir)), capture_output=True, text=True,
+        timeout=PATIENCE_WITH_PROGRAMS, check=False,
     )
 
 

@@ -8,9 +8,9 @@ from dataclasses import dataclass
 from functools import cache
 from typing import Any
 
+from kelutv_station.conversation import Conversation
 from kelutv_station.plan.limits import is_named
-from kelutv_station.tool import Tool, ToolError
-
+from kelutv_station.tool import ToolError
 
 LISTS = ("int*", "unsigned int*", "unsigned char*")
 HEXADECIMAL = re.compile(r"hex:(?:[0-9a-f]{2})*|[0-9a-f]{2}(?::[0-9a-f]{2})+", re.I)
@@ -69,19 +69,19 @@ class Event:
 class Interface:
     """Asks the tool for each name once. Its methods raise ToolError with the nearest names for one that is not there."""
 
-    def __init__(self, tool: Tool) -> None:
-        self._tool = tool
+    def __init__(self, conversation: Conversation) -> None:
+        self._conversation = conversation
         self.function = cache(self._function)
         self.event = cache(self._event)
         self._values = cache(self._read_values)
-        self._encode = cache(lambda *words: tool.run("encode", *words))
+        self._encode = cache(lambda *words: conversation.ask("encode", *words))
 
     def require_arguments(self, function: Function, arguments: Sequence[Any]) -> None:
         """Raises ToolError unless the function can be called with these; nothing is sent."""
         self._encode(function.name, "--", *map(written, arguments))
 
     def _describe(self, name: str, kind: str) -> dict[str, Any]:
-        document: dict[str, Any] = self._tool.run("describe", "--", name).documents[0]
+        document: dict[str, Any] = self._conversation.ask("describe", "--", name)
         if document.get("kind") != kind:
             raise ToolError(f"{name} is no {kind} but {document.get('kind')}")
         return document

@@ -8,6 +8,7 @@ from pathlib import Path
 from typing import Any
 
 from kelutv import enums, records
+from kelutv_station.conversation import Conversation
 from kelutv_station.plan.limits import Limit, limit_of
 from kelutv_station.plan.outputs import named
 from kelutv_station.plan.plan import Call, PlanError, Prompt, Wait
@@ -15,7 +16,7 @@ from kelutv_station.plan.reading import plan_of, read_plan
 from kelutv_station.program import with_units
 from kelutv_station.tool import Tool, ToolError
 
-from plans import BURN, CHANGED, READ, UNIT, VOLUME, plan_with, ready_with
+from plans import BURN, CHANGED, CONVERSATION, READ, UNIT, VOLUME, plan_with, ready_with
 
 
 class Plans(unittest.TestCase):
@@ -166,6 +167,21 @@ class Tools(unittest.TestCase):
             tool = Tool(str(program))
             self.assertRaisesRegex(ToolError, "kelutv describe: exit code 7: out of order", tool.run, "describe")
             self.assertEqual(tool.run("describe", allowed=(0, 7)).code, 7)
+            conversation = Conversation(tool)
+            self.assertRaisesRegex(ToolError, "kelutv repl cannot be asked: ", conversation.ask, "describe")
+            program.unlink()
+            self.assertRaisesRegex(ToolError, "cannot run .*/kelutv: No such file", conversation.ask, "describe")
+
+    def test_are_asked_in_their_own_words(self) -> None:
+        for text in ("it's #1", '"', "\\ \t $x", "é", "", "two\nlines", "--"):
+            words = ("encode", "factory.upgradeEP9169IC", "--", text)
+            self.assertEqual(CONVERSATION.ask(*words), Tool().run(*words).documents[0], text)
+        for words in (("describe", "audio.getVolum"), ("describe",), ("encode", "audio.setVolume", "speaker", "x")):
+            with self.assertRaises(ToolError) as by_itself:
+                Tool().run(*words)
+            with self.assertRaises(ToolError) as among_others:
+                CONVERSATION.ask(*words)
+            self.assertEqual(str(among_others.exception), str(by_itself.exception))
 
 
 class Limits(unittest.TestCase):

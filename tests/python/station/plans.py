@@ -2,9 +2,11 @@
 
 from __future__ import annotations
 
+import atexit
 from pathlib import Path
 from typing import Any
 
+from kelutv_station.conversation import Conversation
 from kelutv_station.plan.checking import ReadyPlan, ready_plan
 from kelutv_station.plan.interface import Interface
 from kelutv_station.plan.plan import Plan
@@ -18,7 +20,9 @@ READ = {"name": "read", "call": "audio.getVolume", "arguments": ["speaker"], "lo
 CHANGED = {"name": "changed", "wait": "volumeChanged", "fields": {"channel": "speaker", "volume": 35}, "timeout": 0.2}
 BURN = {"name": "burn", "call": "factory.setMacAddress", "arguments": [[2, 0, 0, 1, 2, 3]]}
 
-INTERFACE = Interface(Tool())
+CONVERSATION = Conversation(Tool())
+INTERFACE = Interface(CONVERSATION)
+atexit.register(CONVERSATION.close)
 
 
 def plan_with(*steps: dict[str, Any], **members: Any) -> Plan:
