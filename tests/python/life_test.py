@@ -23,6 +23,7 @@ def held():
         return len(os.listdir("/proc/self/fd")), len(os.listdir("/proc/self/task")), int(file.read().split()[1]) * 4
 
 def rounds(count):
+    before = events.dropped
     for number in range(count):
         tv.audio.set_volume(0, number % 2)
         tv.audio.get_nr_attr()
@@ -35,7 +36,6 @@ def rounds(count):
                 next(more)
     # A change more for each stream.
     sent = count + (count + 49) // 50
-    before = events.dropped
     taken = 0
     while taken + events.dropped - before < sent:
         next(events)
