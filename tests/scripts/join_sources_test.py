@@ -70,6 +70,13 @@ class JoinSources(unittest.TestCase):
             ],
         )
 
+    def test_testsOfTheFoldersOfOneBuildFileAreReadTogether(self) -> None:
+        for folder in ("tests/one", "tests/one/inner", "tests/two"):
+            self.source(f"{folder}/a.cpp", "")
+        for folder in ("one", "two"):
+            (self.root / "tests" / folder / "CMakeLists.txt").touch()
+        self.assertEqual(self.joined(), [{"tests/one/a.cpp", "tests/one/inner/a.cpp"}, {"tests/two/a.cpp"}])
+
     def test_fuzzTargetsAreReadTogether(self) -> None:
         for name in ("a", "b"):
             self.source(f"fuzz/{name}.cpp", 'extern "C" int LLVMFuzzerTestOneInput() {\n}\n')
