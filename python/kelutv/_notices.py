@@ -80,7 +80,10 @@ class Hub:
         self.is_open = True
 
     def listen(self, listener: Listener, count: Callable[[], int]) -> None:
-        """Hands what comes from now on to a listener; `count` says how many have come, of which some are on their way yet."""
+        """Hands what comes from now on to a listener.
+
+        count: Says how many have come, some of which are still on their way.
+        """
         with self._state:
             self._listeners.add(listener)
         number = count()

@@ -232,7 +232,7 @@ class _Running:
 
 
 def _lines_of(process: subprocess.Popen[bytes], seconds: float) -> bytes:
-    """The next line that a process prints, and what it printed with it; nothing when there is none in time or it has ended."""
+    """The next line that a process prints, and what comes with it; nothing when none comes in time or it has ended."""
     assert process.stdout is not None
     poll = select.poll()
     poll.register(process.stdout, select.POLLIN)
