@@ -10,6 +10,7 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <limits>
 #include <string>
@@ -23,6 +24,8 @@ using android::NO_ERROR;
 using android::sp;
 
 constexpr rlim_t kDescriptors = 4096;
+/** Than a thread of the service stays when it has nothing to do. */
+constexpr std::chrono::milliseconds kLongerThanIdle{400};
 
 /** How much a process has of some kind of memory, as the system calls it, in KiB. */
 long memoryOf(pid_t process, const std::string& kind) {
@@ -128,12 +131,14 @@ TEST_F(IdleClients, keepAThreadAfterConstantUseFourOfThem) {
     const ProcessCounts before = settledCountsOf(peer.pid());
     {
         const std::vector<kq::UniqueFd> clients = answeredClients(6);
-        // A pause that a busy computer makes is one in the use, too.
+        const ProcessCounts kept{before.descriptors + 6, before.threads + 4};
+        const auto someEnd = [&] { return countsOf(peer.pid()).threads < kept.threads; };
+        // Again, since a pause that a busy computer makes is one in the use, too.
         EXPECT_TRUE(eventually([&] {
             for (const kq::UniqueFd& client : clients) {
                 useConstantly(client);
             }
-            return settledCountsOf(peer.pid()) == ProcessCounts{before.descriptors + 6, before.threads + 4};
+            return fallsTo(kept, peer.pid()) && !eventually(someEnd, kLongerThanIdle);
         })) << countsOf(peer.pid());
         EXPECT_EQ(call(binder, kEcho, replyOf({7})).bytes, replyOf({7}));
     }
