@@ -37,16 +37,16 @@ struct Piece {
 /** The numbers of as many requests in a row. */
 using Gram = std::uint64_t;
 
-struct Place {
+struct GramPlace {
     Gram gram;
     std::size_t index;
 };
 
-bool isBelow(const Place& left, const Place& right) { return left.gram < right.gram; }
+bool isBelow(const GramPlace& left, const GramPlace& right) { return left.gram < right.gram; }
 
 /** The grams of a piece that are there once, in ascending order. */
-std::vector<Place> uniqueGrams(const std::vector<Token>& tokens, Piece piece, std::size_t length) {
-    std::vector<Place> places;
+std::vector<GramPlace> uniqueGrams(const std::vector<Token>& tokens, Piece piece, std::size_t length) {
+    std::vector<GramPlace> places;
     for (std::size_t i = piece.begin; i + length <= piece.end; ++i) {
         Gram gram = 14695981039346656037U;
         for (std::size_t k = 0; k < length; ++k) {
@@ -55,7 +55,7 @@ std::vector<Place> uniqueGrams(const std::vector<Token>& tokens, Piece piece, st
         places.push_back({gram, i});
     }
     std::sort(places.begin(), places.end(), isBelow);
-    std::vector<Place> unique;
+    std::vector<GramPlace> unique;
     for (std::size_t i = 0; i < places.size(); ++i) {
         const bool isFirst = i == 0 || places[i - 1].gram != places[i].gram;
         if (isFirst && (i + 1 == places.size() || places[i + 1].gram != places[i].gram)) {
@@ -153,11 +153,11 @@ private:
     }
 
     std::vector<Anchor> anchorsOf(Piece first, Piece second, std::size_t length) const {
-        const std::vector<Place> left = uniqueGrams(mFirst, first, length);
-        const std::vector<Place> right = uniqueGrams(mSecond, second, length);
+        const std::vector<GramPlace> left = uniqueGrams(mFirst, first, length);
+        const std::vector<GramPlace> right = uniqueGrams(mSecond, second, length);
         std::vector<Anchor> anchors;
         auto other = right.begin();
-        for (const Place& place : left) {
+        for (const GramPlace& place : left) {
             other = std::lower_bound(other, right.end(), place, isBelow);
             if (other != right.end() && other->gram == place.gram &&
                 mFirst[place.index].request == mSecond[other->index].request) {

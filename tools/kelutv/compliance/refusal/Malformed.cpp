@@ -20,15 +20,15 @@ constexpr std::size_t kWord = sizeof(std::int32_t);
 constexpr std::size_t kHuge = std::size_t{1} << 20;
 
 /** Where one item of a request stands. */
-struct Place {
+struct WordPlace {
     const wire::RequestItem* item;
     std::size_t begin;
     std::size_t end;
 };
 
-std::vector<Place> placesOf(const Bytes& bytes) {
+std::vector<WordPlace> placesOf(const Bytes& bytes) {
     const wire::Request request = decodeRequest(bytes).request;
-    std::vector<Place> places;
+    std::vector<WordPlace> places;
     if (request.operation == nullptr) {
         return places;
     }
@@ -73,7 +73,7 @@ Bytes longer(Bytes request, std::size_t size) {
 }
 
 /** Where what fills up the last item begins; the end where nothing does. */
-std::size_t endOfContent(const Bytes& request, const std::vector<Place>& places) {
+std::size_t endOfContent(const Bytes& request, const std::vector<WordPlace>& places) {
     const bool isFilled = !places.empty() && (places.back().item->encoding == wire::Encoding::CString ||
                                               places.back().item->encoding == wire::Encoding::String16 ||
                                               places.back().item->encoding == wire::Encoding::Bytes);
@@ -150,7 +150,7 @@ MalformedRequests madeHuge(const Bytes& request) { return {{"has 1 MiB", longer(
 
 MalformedRequests withoutTexts(const Bytes& request) {
     MalformedRequests requests;
-    for (const Place& place : placesOf(request)) {
+    for (const WordPlace& place : placesOf(request)) {
         if (place.item->encoding == wire::Encoding::CString || place.item->encoding == wire::Encoding::String16) {
             Bytes bytes = request;
             bytes.erase(bytes.begin() + static_cast<std::ptrdiff_t>(place.begin),
@@ -163,7 +163,7 @@ MalformedRequests withoutTexts(const Bytes& request) {
 
 MalformedRequests outOfRange(const wire::Parameter& parameter, const Bytes& request) {
     MalformedRequests requests;
-    for (const Place& place : placesOf(request)) {
+    for (const WordPlace& place : placesOf(request)) {
         if (place.item->encoding == wire::Encoding::Int32 && std::string(place.item->name) == parameter.name) {
             for (const std::int32_t number : numbersOutOf(parameter.values)) {
                 requests.push_back({std::string("has ") + std::to_string(number) + " as its " + parameter.name,
