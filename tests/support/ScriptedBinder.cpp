@@ -3,15 +3,12 @@
 #include "support/Deadline.h"
 #include "support/ScriptedProtocol.h"
 
-#include <binder/IPCThreadState.h>
+#include "droid/ReceivedParcel.h"
 
-#include <unistd.h>
+#include <binder/IPCThreadState.h>
 
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <string>
-#include <thread>
 
 namespace kelutv::test {
 
@@ -20,20 +17,10 @@ using android::status_t;
 
 namespace {
 
-char stateOf(pid_t thread) {
-    std::ifstream status("/proc/self/task/" + std::to_string(thread) + "/stat");
-    std::string text;
-    std::getline(status, text);
-    const std::size_t afterName = text.rfind(')');
-    return afterName + 2 < text.size() ? text[afterName + 2] : '?';
-}
-
-/** The runtime tells nobody that a reply is out; its thread going back to sleep shows it. */
-void exitWhenAsleep(pid_t thread) {
-    std::thread([thread] {
-        eventually([thread] { return stateOf(thread) == 'S'; });
-        std::_Exit(0);
-    }).detach();
+/** The runtime tells nobody that a reply is out; that it needs the reply's bytes no more shows it. */
+void exitWhenSent(const Bytes& bytes, Parcel* reply) {
+    android::ReceivedParcel::adopt(
+        reply, bytes.data(), bytes.size(), [](void*, const std::uint8_t*) { std::_Exit(0); }, nullptr);
 }
 
 Bytes bytesOf(const Parcel& data) {
@@ -67,13 +54,14 @@ status_t ScriptedBinder::answer(const Parcel& data, Parcel* reply) {
         std::_Exit(0);
     }
     hang(lock);
-    if (mExit == Exit::AfterReply) {
-        exitWhenAsleep(::gettid());
-    }
     if (mStatus != android::NO_ERROR) {
         return mStatus;
     }
     const Bytes& bytes = replyTo(data);
+    if (mExit == Exit::AfterReply) {
+        exitWhenSent(bytes, reply);
+        return android::NO_ERROR;
+    }
     return reply->setData(bytes.data(), bytes.size());
 }
 

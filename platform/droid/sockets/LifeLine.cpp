@@ -82,8 +82,10 @@ bool LifeLine::isOf(uint64_t instance) {
     if (!mEnded && mSocket && !mGreeted) {
         greeted();
     }
-    mInstance = mInstance == 0 ? instance : mInstance;
-    return !mEnded && mInstance == instance;
+    if (mInstance == 0 && !mEnded) {
+        mInstance = instance;
+    }
+    return mInstance == instance;
 }
 
 int LifeLine::socket() {

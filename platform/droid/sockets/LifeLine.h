@@ -28,7 +28,10 @@ public:
     State look();
     /** Connects again when refused; the new connection may be refused in its turn. */
     State renew();
-    /** Whether a process that calls itself so is the one at the other end; what is not known yet is learned from it. */
+    /**
+     * Whether a process that calls itself so is, or was until its end, the one at the other end; what is not known yet
+     * of a living one is learned from it.
+     */
     bool isOf(uint64_t instance);
     /** The connection, -1 without one; valid while the state is Stands. */
     int socket();

@@ -74,6 +74,31 @@ TEST_F(LifeLineTest, refusedCallFailsWithTheReason) {
     EXPECT_EQ(statusOfCall(greeting()), NO_ERROR);
 }
 
+TEST_F(LifeLineTest, answerThatCameBeforeTheEndIsTaken) {
+    ASSERT_EQ(binder->linkToDeath(note), NO_ERROR);
+    kq::UniqueFd line = raw().accept();
+    auto status = std::async(std::launch::async, [this] { return call(binder, kEcho).status; });
+    const kq::UniqueFd connection = raw().acceptSilently();
+    receiveRaw(connection);
+    line = kq::UniqueFd();
+    EXPECT_TRUE(note->waitFor(1));
+    EXPECT_TRUE(sendRaw(connection, greeting()));
+    EXPECT_TRUE(sendRaw(connection, head(0, kEcho)));
+    EXPECT_EQ(status.get(), NO_ERROR);
+}
+
+TEST_F(LifeLineTest, answerOfAnotherInstanceAfterTheEndIsNone) {
+    ASSERT_EQ(binder->linkToDeath(note), NO_ERROR);
+    kq::UniqueFd line = raw().accept(greeting(0, 1));
+    auto status = std::async(std::launch::async, [this] { return call(binder, kEcho).status; });
+    const kq::UniqueFd connection = raw().acceptSilently();
+    receiveRaw(connection);
+    line = kq::UniqueFd();
+    EXPECT_TRUE(note->waitFor(1));
+    EXPECT_TRUE(sendRaw(connection, greeting(0, 2)));
+    EXPECT_EQ(status.get(), DEAD_OBJECT);
+}
+
 TEST_F(LifeLineTest, callThatReachesAnotherInstanceIsDead) {
     const kq::UniqueFd line = raw().accept(greeting(0, 1));
     EXPECT_EQ(statusOfCall(greeting(0, 2)), DEAD_OBJECT);
