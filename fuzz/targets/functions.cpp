@@ -5,6 +5,8 @@
 
 #include "tools/kelutv/calls/Thunks.h"
 
+#include <kelutv/link/TVBaseClient.h>
+
 /** Any C function, and any method that has none, with any arguments, answered by anything. */
 namespace kelutv::fuzz {
 namespace {
@@ -37,6 +39,7 @@ void run(Input& input) {
 } // namespace kelutv::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    kelutv::fuzz::require(android::TVBaseClient::self()->getBpTvbaseService() != nullptr, "a service is found");
     kelutv::fuzz::Input input(data, size);
     while (!input.isEmpty()) {
         kelutv::fuzz::run(input);
