@@ -13,8 +13,8 @@ ROOT = Path(__file__).resolve().parents[2]
 # Built by tests of the installed library, in trees of their own.
 ELSEWHERE = ROOT / "tests" / "cmake" / "consumer"
 BUILD, CTEST = Path(sys.argv.pop(1)), sys.argv.pop(1)
-# Of what is built with benchmarks alone, as the optimised build is.
-OPTIMISED = [ROOT / "tests" / place for place in ("bench/bench_runs_test.py", "python/station", "python/plugin")]
+# Of the optimised build, which has benchmarks.
+OPTIMISED = [ROOT / "tests" / place for place in ("bench/bench_runs_test.py", "docs/tutorial_test.py", "python/station", "python/plugin")]
 INCLUDED = re.compile(r'^#include "(.+)"$', re.M)
 NAMED = re.compile(r'"(\w+_test)"')
 
