@@ -45,7 +45,7 @@ void Channel::send(RecordHeader header, const RecordBytes& bytes) {
     header.replySize = static_cast<std::uint32_t>(bytes.replySize);
     // Opened for each record, since programs close descriptors that are not theirs. A pipe that is open for reading
     // here is never broken: a program whose tool has gone gets no SIGPIPE.
-    const int fd = ::open(mPath, O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    const int fd = openPipe();
     bool isSent = false;
     if (fd >= 0) {
         isSent = write(fd, header, bytes);
@@ -56,6 +56,17 @@ void Channel::send(RecordHeader header, const RecordBytes& bytes) {
         ++mNotes->leftOut;
     }
     errno = before;
+}
+
+/** It may be out of the way for a moment, and come back for this program. */
+int Channel::openPipe() const {
+    constexpr int kFlags = O_RDWR | O_NONBLOCK | O_CLOEXEC;
+    const int fd = ::open(mPath, kFlags);
+    if (fd >= 0 || errno != ENOENT) {
+        return fd;
+    }
+    const int hidden = ::open((std::string(mPath) + kEndingSuffix).c_str(), kFlags);
+    return hidden >= 0 || errno != ENOENT ? hidden : ::open(mPath, kFlags);
 }
 
 /** Mapped for as long as the program runs, in its children, too. */

@@ -37,6 +37,7 @@ public:
 
 private:
     bool mapNotes();
+    int openPipe() const;
     bool write(int fd, const RecordHeader& header, const RecordBytes& bytes) const;
 
     /** Kept from the start: programs change their environment. */

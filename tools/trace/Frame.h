@@ -27,6 +27,9 @@ enum class RecordKind : std::uint32_t {
 /** What the file is called that lies beside the pipe, behind the name of that: it is mapped by all. */
 constexpr const char* kNotesSuffix = ".notes";
 
+/** What the pipe's name has behind it while who reads looks whether it may end. */
+constexpr const char* kEndingSuffix = ".ending";
+
 struct Notes {
     /** What was left out since the pipe was full and the tool did not read, or could not be opened. */
     std::atomic<std::uint32_t> leftOut;

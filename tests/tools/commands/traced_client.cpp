@@ -147,6 +147,18 @@ int sendWithoutDescriptor() {
     return result;
 }
 
+/** As a recorder does that looks whether it may end. */
+int sendWhileHidden() {
+    const std::string pipe = std::getenv("KELUTV_RECORD_PIPE");
+    const std::string hidden = pipe + ".ending";
+    linux_tv_Audio_setVolume(0, 1);
+    const int away = std::rename(pipe.c_str(), hidden.c_str());
+    linux_tv_Audio_setVolume(0, 2);
+    const int back = std::rename(hidden.c_str(), pipe.c_str());
+    linux_tv_Audio_setVolume(0, 3);
+    return away | back;
+}
+
 std::atomic<bool> hasEvent{false};
 
 void takeEvent(int /*event*/, void* /*payload*/, unsigned int /*length*/, void* /*more*/) { hasEvent = true; }
@@ -212,6 +224,8 @@ int run(const char* program, const std::string& action) {
         sendBehindFirstThread();
     } else if (action == "unopened") {
         return sendWithoutDescriptor();
+    } else if (action == "hidden") {
+        return sendWhileHidden();
     } else if (action == "exec") {
         linux_tv_Audio_setVolume(0, 4);
         ::execl(program, program, "print", nullptr);

@@ -259,6 +259,16 @@ TEST(Record, aCallThatCannotBeSentLeavesAGap) {
     EXPECT_TRUE(folders.areLeftEmpty());
 }
 
+TEST(Record, callsReachARecorderThatLooksWhetherItMayEnd) {
+    const RecordingFolders folders;
+    const ToolRun run =
+        runTool({"record", "-o", folders.file(), "--", KELUTV_TRACED_CLIENT, "hidden"}, folders.environment());
+    EXPECT_EQ(run.exit, 0) << run.error;
+    const auto lines = recording::linesOfFile(folders.file());
+    EXPECT_EQ(lastWordsOf(all<Transaction>(lines)), (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(leftOut(lines), 0);
+}
+
 TEST(Record, aDiskThatTakesNothingDelaysNoCall) {
     const RecordingFolders folders;
     const std::string pipe = folders.pathOf("pipe");

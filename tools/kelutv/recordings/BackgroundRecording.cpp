@@ -2,6 +2,7 @@
 
 #include "tools/kelutv/output/Errors.h"
 #include "tools/process/SignalWatch.h"
+#include "tools/trace/Frame.h"
 #include "tools/trace/MeetingPlace.h"
 #include "wire/text/Shown.h"
 
@@ -147,7 +148,7 @@ bool isDone(RecordingSession& session, Programs& programs, const std::string& pi
     if (programs.isAnyAtWork()) {
         return false;
     }
-    const std::string hidden = pipe + ".ending";
+    const std::string hidden = pipe + trace::kEndingSuffix;
     std::rename(pipe.c_str(), hidden.c_str());
     session.wait(-1, milliseconds::zero());
     programs.note(session.processes());
